@@ -1,0 +1,19 @@
+# One interface target carries the standard and the warnings of every target.
+add_library(packwright_options INTERFACE)
+target_compile_features(packwright_options INTERFACE cxx_std_20)
+target_include_directories(packwright_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(
+  packwright_options
+  INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+            -Woverloaded-virtual -Wold-style-cast -Wcast-align -Wunused -Wpedantic
+            -Wnull-dereference -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(packwright_options INTERFACE -Wduplicated-cond -Wlogical-op -Wuseless-cast)
+endif()
+if(PACKWRIGHT_WERROR)
+  target_compile_options(packwright_options INTERFACE -Werror)
+endif()
+if(WIN32)
+  target_compile_definitions(
+    packwright_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+endif()

@@ -1,0 +1,16 @@
+# Libraries of the layers below Qt, all from the system's packages.
+find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
+
+# Debian 12's libdeflate and utf8proc ship no CMake package: find header and library.
+function(packwright_find target header library)
+  find_path(${target}_INCLUDE ${header} REQUIRED)
+  find_library(${target}_LIBRARY ${library} REQUIRED)
+  mark_as_advanced(${target}_INCLUDE ${target}_LIBRARY)
+  add_library(${target} UNKNOWN IMPORTED GLOBAL)
+  set_target_properties(${target} PROPERTIES IMPORTED_LOCATION "${${target}_LIBRARY}"
+                                             INTERFACE_INCLUDE_DIRECTORIES "${${target}_INCLUDE}")
+endfunction()
+
+packwright_find(libdeflate libdeflate.h deflate)
+packwright_find(utf8proc utf8proc.h utf8proc)

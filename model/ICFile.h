@@ -1,0 +1,53 @@
+// A file entry of a component: which file is installed, from where, to where, and how.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace model {
+
+/// One file entry. Flags are numbers, not booleans: what the author typed is kept.
+struct ICFile {
+  static constexpr std::int16_t kSingleFile = 1;  ///< Type: SourcePath and SourceName name one file
+  static constexpr std::int16_t kFolderScan =
+      2;  ///< Type: SourceName is a pattern, scanned at build
+
+  std::string ID;                    ///< unique within its component: a GUID as text
+  std::int16_t Type = 0;             ///< kSingleFile, kFolderScan; other values install nothing
+  std::string SourcePath;            ///< folder of the source, without the file name
+  std::string SourceName;            ///< file name, or the pattern of a folder scan
+  std::int16_t IncludeChildren = 0;  ///< folder scan: not 0 searches subfolders too
+  std::int32_t TargetFolder = 0;     ///< destination folder number (FolderTable.h)
+  std::string TargetSubFolder;       ///< path below it; for kCustomFolder the whole path
+  std::string TargetName;            ///< name at the destination; empty keeps the source's
+  std::int16_t Exclude = 0;          ///< exactly 1 leaves the entry out of builds
+  std::int16_t Permanent = 0;
+  std::int16_t SelfRegisterDLL = 0;  ///< exactly 1 registers the installed file
+  std::int16_t Overwrite = 0;        ///< not 0 replaces an existing file
+  std::int16_t RegisterPath = 0;
+  std::int16_t Vital = 1;  ///< not 0: failing to install it ends the installation
+};
+
+/// Reads and writes settings of one component: section, key, default; section, key, value.
+using SettingReader =
+    std::function<std::string(std::string_view, std::string_view, std::string_view)>;
+using SettingWriter = std::function<void(std::string_view, std::string_view, std::string_view)>;
+
+/// What a stored entry without "Type" reads as: nothing in the editor, a single file in a build.
+inline constexpr std::string_view kEditorDefaultType = "";
+inline constexpr std::string_view kBuildDefaultType = "1";
+
+/// The number of entries: section "Files", key "Count". Raises Error on overflow.
+[[nodiscard]] std::int32_t ReadFileCount(const SettingReader& read);
+void WriteFileCount(const SettingWriter& write, std::int32_t count);
+
+/// Entry `number` (1-based): section "File" followed by the number. Raises Error when a number does
+/// not fit its field.
+[[nodiscard]] ICFile ReadFileEntry(const SettingReader& read, std::int32_t number,
+                                   std::string_view defaultType);
+/// Writes the fourteen keys of entry `number`.
+void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry);
+
+}  // namespace model

@@ -1,0 +1,85 @@
+// The open product: where its files lie, and the settings in them.
+//
+//   <folder>/<name>.product                          the product
+//   <folder>/Version <version>/product.version       a version
+//   <folder>/Version <version>/component<k>.component  a component of it
+//
+// Versions and components are known by 1-based slot numbers that are never renumbered; "Count" is
+// the highest slot ever used, and empty slots in between are free.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "tools/SettingsStore.h"
+
+namespace model {
+
+class ModProject {
+ public:
+  /// The file extension of products, without the dot, and the file format that this program reads.
+  static constexpr std::string_view kProductExtension = "product";
+  static constexpr std::string_view kFormatVersion = "1.0";
+
+  /// `settings` must outlive this object. No product is open.
+  explicit ModProject(tools::SettingsStore& settings);
+
+  /// The full path of the open product file; empty while none is open.
+  [[nodiscard]] const std::string& ProductPath() const { return productPath_; }
+  void SetProductPath(std::string path);
+  [[nodiscard]] bool IsOpen() const { return !productPath_.empty(); }
+  /// The folder that the product file lies in.
+  [[nodiscard]] std::string ProductFolder() const;
+
+  /// True when the file says that it has the format this program reads.
+  [[nodiscard]] bool HasKnownFormat(const std::string& productPath) const;
+
+  // Reads never fail: what is absent gives the default. Writes do nothing while no product is open
+  // and raise tools::Error when the store cannot write.
+  [[nodiscard]] std::string ReadProductSetting(std::string_view section, std::string_view key,
+                                               std::string_view defaultValue) const;
+  void WriteProductSetting(std::string_view section, std::string_view key, std::string_view value);
+  [[nodiscard]] std::string ReadVersionSetting(std::int32_t version, std::string_view section,
+                                               std::string_view key,
+                                               std::string_view defaultValue) const;
+  void WriteVersionSetting(std::int32_t version, std::string_view section, std::string_view key,
+                           std::string_view value);
+  [[nodiscard]] std::string ReadComponentSetting(std::int32_t version, std::int32_t component,
+                                                 std::string_view section, std::string_view key,
+                                                 std::string_view defaultValue) const;
+  void WriteComponentSetting(std::int32_t version, std::int32_t component, std::string_view section,
+                             std::string_view key, std::string_view value);
+
+  /// Paths of the files that hold the settings of a version and of a component. Raises tools::Error
+  /// when the stored version text could lead out of the product's folder (see IsSafeVersionText).
+  [[nodiscard]] std::string VersionFilePath(std::int32_t version) const;
+  [[nodiscard]] std::string ComponentFilePath(std::int32_t version, std::int32_t component) const;
+
+  [[nodiscard]] std::string ProductTitle() const;
+  void SetProductTitle(std::string_view title);
+  /// The highest version slot ever used; 0 when there is none or the number cannot be read.
+  [[nodiscard]] std::int32_t VersionCount() const;
+  /// The version's text, empty for a free slot.
+  [[nodiscard]] std::string VersionString(std::int32_t version) const;
+  /// The highest component slot ever used in a version.
+  [[nodiscard]] std::int32_t ComponentCount(std::int32_t version) const;
+  /// The component's title, empty for a free slot.
+  [[nodiscard]] std::string ComponentTitle(std::int32_t version, std::int32_t component) const;
+
+  /// The output folder proposed for a build configuration (1 debug, 2 release).
+  [[nodiscard]] std::string DefaultOutputFolder(std::int32_t configuration) const;
+
+  /// The store behind the settings, for batches and snapshots.
+  [[nodiscard]] tools::SettingsStore& Settings() const { return settings_; }
+
+ private:
+  tools::SettingsStore& settings_;
+  std::string productPath_;
+};
+
+/// False for a version text that holds path separators, "..", a colon or control characters: a
+/// folder named after it could lie outside the product's folder.
+[[nodiscard]] bool IsSafeVersionText(std::string_view version);
+
+}  // namespace model

@@ -1,0 +1,69 @@
+// The questions and notices that lower layers put to the user; the desktop, the console and the
+// tests each answer them in their own way.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tools {
+
+enum class MessageIcon { Exclamation, Question, Information, Critical };
+enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
+
+/// A message box. `defaultAnswer` names the button that Enter presses.
+struct Message {
+  std::string text;
+  std::string caption;
+  MessageIcon icon = MessageIcon::Exclamation;
+  MessageButtons buttons = MessageButtons::Ok;
+  MessageAnswer defaultAnswer = MessageAnswer::Ok;
+};
+
+/// How far a long operation has come; a total of 0 means that it is not known.
+struct Progress {
+  std::uint64_t filesDone = 0;
+  std::uint64_t filesTotal = 0;
+  std::uint64_t bytesDone = 0;
+  std::uint64_t bytesTotal = 0;
+};
+
+/// A file-open dialog. `filter` is "text|pattern", pairs separated by "|"; `filterIndex` is
+/// 1-based.
+struct OpenFileRequest {
+  std::string title;
+  std::string initialFolder;
+  std::string filter;
+  std::string defaultExtension;
+  int filterIndex = 1;
+};
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  Dialogs() = default;
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+
+  virtual MessageAnswer ShowMessage(const Message& message) = 0;
+
+  /// A line of text from the user; empty when cancelled.
+  virtual std::string InputBox(const std::string& prompt, const std::string& title,
+                               const std::string& defaultText) = 0;
+
+  /// The path of the chosen file; empty when cancelled.
+  virtual std::string OpenFile(const OpenFileRequest& request) = 0;
+
+  /// The path of the chosen folder; empty when cancelled. `flags` are those of the shell's folder
+  /// browser; 17 asks for file-system folders with an edit box.
+  virtual std::string BrowseFolder(const std::string& title, int flags) = 0;
+
+  /// Shows a notice that work is going on and lets it paint; returns the token that withdraws it.
+  virtual int ShowBusyNotice(const std::string& text) = 0;
+  /// Shows how far the work has come; handles no user event but repaints.
+  virtual void UpdateBusyNotice(int token, const Progress& progress) = 0;
+  /// Withdraws a notice; an unknown token does nothing.
+  virtual void WithdrawBusyNotice(int token) = 0;
+};
+
+}  // namespace tools

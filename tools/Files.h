@@ -1,0 +1,73 @@
+// Files and folders: the operations of the support layer on paths (UTF-8, absolute or relative to
+// the current folder).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+namespace tools {
+
+/// True for a regular file (or a link to one).
+[[nodiscard]] bool FileExists(std::string_view path);
+/// True for a folder (or a link to one).
+[[nodiscard]] bool FolderExists(std::string_view path);
+
+/// Creates the folder and its missing parents; a folder that exists is fine. Raises Error.
+void MakeFolder(std::string_view path);
+
+/// Deletes the folder with all files and subfolders; a link is removed itself, never followed.
+/// A folder that does not exist is fine. Raises Error naming the first path that stayed.
+void RemoveFolderTree(std::string_view path);
+
+/// Deletes one file; a file that does not exist is fine. Raises Error.
+void DeleteFile(std::string_view path);
+
+/// The outcome of a copy: success, or the text that says why it failed.
+struct CopyResult {
+  std::string errorText;    ///< empty on success
+  std::error_code cause;    ///< the system's reason, where there is one
+  std::uint64_t bytes = 0;  ///< bytes copied
+
+  [[nodiscard]] bool Succeeded() const { return errorText.empty(); }
+};
+
+/// Called between the chunks of a long copy; may raise an error to stop it.
+using CopyProgress = std::function<void(std::uint64_t bytesSoFar)>;
+
+/// Copies one regular file, overwriting the target, and gives the target the source's modification
+/// time. A copy that fails leaves no partial target behind.
+[[nodiscard]] CopyResult CopyFile(std::string_view source, std::string_view target,
+                                  const CopyProgress& progress = {});
+
+/// The files of `folder` whose names match `pattern`, as full paths ("folder" with a separator
+/// ensured, then the name), as Windows matches them on every machine: "*" and "?" stand for
+/// characters, "*.*" matches every file, case does not count. A folder's own files come in byte
+/// order of their names, then, with `includeSubfolders`, its subfolders in byte order, each in
+/// turn. Links to files count as files; links to folders are not followed. A folder that does not
+/// exist has no files; one that cannot be read raises Error.
+[[nodiscard]] std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
+                                                 bool includeSubfolders);
+
+/// True when `pattern` matches the file name by the rules of FindFiles.
+[[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+/// Size in bytes and modification time; what tells whether a file has changed since it was read.
+struct FileStamp {
+  bool exists = false;
+  std::uint64_t size = 0;                ///< bytes
+  std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
+  std::uint64_t device = 0;              ///< volume and
+  std::uint64_t identity = 0;            ///< file number on it: a replaced file has another one
+
+  bool operator==(const FileStamp&) const = default;
+};
+[[nodiscard]] FileStamp StampOf(std::string_view path);
+
+/// The whole content of a file. Raises Error.
+[[nodiscard]] std::string ReadWholeFile(std::string_view path);
+
+}  // namespace tools

@@ -1,0 +1,23 @@
+// Text turned into names that every supported file system accepts.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tools {
+
+/// `text` as a folder name: each character that Windows forbids in a name (< > : " / \ | ? * and
+/// control characters) becomes `substitute`, blanks and dots at the end are cut off, a device name
+/// (CON, NUL, COM1, ...; with or without an extension) gets the substitute behind its base name,
+/// and at most `maximumLength` bytes are kept, never half a character (0: no more than a file
+/// system takes, 255). Nothing left gives `emptyName`.
+[[nodiscard]] std::string CleanFolderName(std::string_view text, std::string_view emptyName,
+                                          std::size_t maximumLength, std::string_view substitute);
+
+/// `text` as a file name by the same rules, with "_" as substitute and as the name of nothing.
+[[nodiscard]] std::string CleanFileName(std::string_view text);
+
+/// True when `text` is a file name on every supported system: CleanFileName leaves it as it is.
+[[nodiscard]] bool IsPortableFileName(std::string_view text);
+
+}  // namespace tools

@@ -1,0 +1,69 @@
+// Settings addressed by file, section and key, over parsed files kept in memory.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "tools/Disk.h"
+#include "tools/Files.h"
+#include "tools/SettingsFile.h"
+
+namespace tools {
+
+/// Reads and writes settings. A parsed file is kept and used again as long as the file's time, size
+/// and identity are those it was read with; a write is visible to the next read at once.
+class SettingsStore {
+ public:
+  /// `disk` must outlive the store.
+  explicit SettingsStore(Disk& disk);
+  ~SettingsStore();
+  SettingsStore(const SettingsStore&) = delete;
+  SettingsStore& operator=(const SettingsStore&) = delete;
+
+  /// The stored value, or `defaultValue` when the file, section or key is absent or unreadable.
+  [[nodiscard]] std::string Read(const std::string& path, std::string_view section,
+                                 std::string_view key, std::string_view defaultValue);
+
+  /// Stores a value, creating file, section and key as needed (the folder must exist). Outside a
+  /// batch the file is replaced at once; inside, when the batch commits. Raises Error for a value
+  /// or name that a settings file cannot hold, and when the file cannot be replaced (outside a
+  /// batch); the file on disk is then unchanged.
+  void Write(const std::string& path, std::string_view section, std::string_view key,
+             std::string_view value);
+
+  /// The file as it is now (pending writes of a batch included), for many reads of one consistent
+  /// state. A missing or unreadable file reads as an empty one. Never null.
+  [[nodiscard]] std::shared_ptr<const SettingsFile> Load(const std::string& path);
+
+  /// Collects the writes of one operation; each file is read once and replaced once. A batch inside
+  /// a batch belongs to the outer one. Inside a batch a file is not checked for changes from
+  /// outside; when one has happened by the time of the commit, the writes are applied to the file
+  /// as it is then, so that other programs' settings of other keys stay.
+  class Batch {
+   public:
+    explicit Batch(SettingsStore& store);
+    /// Without a Commit the batch's writes are dropped.
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    /// Replaces the files written to. Raises Error at the first that fails; the rest is dropped.
+    void Commit();
+
+   private:
+    SettingsStore& store_;
+    bool outermost_;
+  };
+
+ private:
+  struct Entry;
+  Entry& Fetch(const std::string& path);
+  void CommitEntry(const std::string& path, Entry& entry);
+
+  Disk& disk_;
+  std::unordered_map<std::string, std::unique_ptr<Entry>> entries_;
+  bool inBatch_ = false;
+};
+
+}  // namespace tools
