@@ -7,8 +7,8 @@
 
 namespace tools {
 
-/// `text` with Unicode case folding applied (Ü and ü become one), for comparisons that ignore case.
-/// Bytes that are not UTF-8 are kept as they are.
+/// `text` with Unicode's simple case folding applied, for comparisons that ignore case: Ü and ü
+/// become one, ß and ss stay two, as in file names. Bytes that are not UTF-8 are kept as they are.
 [[nodiscard]] std::string FoldCase(std::string_view text);
 
 [[nodiscard]] bool EqualIgnoringCase(std::string_view a, std::string_view b);
@@ -24,7 +24,7 @@ namespace tools {
                                      std::string_view with);
 
 /// The items between the separators. A separator between two quote characters does not split; the
-/// quote characters stay in their item. Empty text has no items; a trailing separator is followed
+/// quote characters stay in their item, and one that is never closed protects nothing. Empty text has no items; a trailing separator is followed
 /// by an empty item.
 [[nodiscard]] std::vector<std::string> SplitList(std::string_view text, char separator, char quote);
 

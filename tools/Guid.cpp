@@ -1,0 +1,27 @@
+#include "tools/Guid.h"
+
+#include <array>
+#include <cstdint>
+#include <random>
+
+namespace tools {
+
+std::string NewGuidText() {
+  std::random_device random;
+  std::array<std::uint8_t, 16> bytes{};
+  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
+  // RFC 4122, 4.4: version 4 in the seventh byte, the variant in the ninth.
+  bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0F) | 0x40);
+  bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3F) | 0x80);
+
+  constexpr const char* kDigits = "0123456789ABCDEF";
+  std::string text = "{";
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (i == 4 || i == 6 || i == 8 || i == 10) text += '-';
+    text += kDigits[bytes[i] >> 4];
+    text += kDigits[bytes[i] & 0x0F];
+  }
+  return text + "}";
+}
+
+}  // namespace tools

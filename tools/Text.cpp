@@ -1,0 +1,121 @@
+#include "tools/Text.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <array>
+
+namespace tools {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+
+/// Reads the character at the beginning of `text`. Returns its length in bytes, or 0 when it is not
+/// UTF-8.
+std::size_t ReadCharacter(std::string_view text, utf8proc_int32_t& character) {
+  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+  const utf8proc_ssize_t length =
+      utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &character);
+  return length < 0 ? 0 : static_cast<std::size_t>(length);
+}
+
+void AppendCharacter(std::string& text, utf8proc_int32_t character) {
+  std::array<utf8proc_uint8_t, 4> bytes{};
+  const utf8proc_ssize_t length = utf8proc_encode_char(character, bytes.data());
+  text.append(bytes.begin(), bytes.begin() + length);
+}
+
+/// Simple case folding, one character for one, as file systems and registries compare names: "ß"
+/// and "ss" stay different.
+utf8proc_int32_t FoldCharacter(utf8proc_int32_t character) {
+  std::array<utf8proc_int32_t, 8> folded{};
+  int boundClass = 0;
+  const utf8proc_ssize_t count = utf8proc_decompose_char(character, folded.data(), folded.size(),
+                                                         UTF8PROC_CASEFOLD, &boundClass);
+  return count == 1 ? folded[0] : utf8proc_tolower(character);
+}
+
+template <typename Mapping>
+std::string MapCharacters(std::string_view text, Mapping mapping) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    utf8proc_int32_t character = 0;
+    std::size_t length = 0;
+    if (IsAscii(text[i])) {
+      result += LowerAscii(text[i++]);
+    } else if ((length = ReadCharacter(text.substr(i), character)) > 0) {
+      AppendCharacter(result, mapping(character));
+      i += length;
+    } else {
+      result += text[i++];
+    }
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string FoldCase(std::string_view text) { return MapCharacters(text, FoldCharacter); }
+
+std::string LowerCase(std::string_view text) { return MapCharacters(text, utf8proc_tolower); }
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+  std::size_t i = 0;
+  for (; i < a.size() && i < b.size() && IsAscii(a[i]) && IsAscii(b[i]); ++i) {
+    if (LowerAscii(a[i]) != LowerAscii(b[i])) return false;
+  }
+  if (i == a.size() || i == b.size()) return a.size() == b.size();
+  return FoldCase(a.substr(i)) == FoldCase(b.substr(i));
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  text.remove_suffix(text.size() - (text.find_last_not_of(kBlanks) + 1));
+  return text;
+}
+
+std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
+  std::string result;
+  for (;;) {
+    const std::size_t found = text.find(what);
+    result.append(text.substr(0, found));
+    if (found == std::string_view::npos) return result;
+    result.append(with);
+    text.remove_prefix(found + what.size());
+  }
+}
+
+std::vector<std::string> SplitList(std::string_view text, char separator, char quote) {
+  std::vector<std::string> items;
+  if (text.empty()) return items;
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == quote) {
+      const std::size_t closing = text.find(quote, i + 1);
+      if (closing != std::string_view::npos) i = closing;
+    } else if (text[i] == separator) {
+      items.emplace_back(text.substr(begin, i - begin));
+      begin = i + 1;
+    }
+  }
+  items.emplace_back(text.substr(begin));
+  return items;
+}
+
+bool IsValidUtf8(std::string_view text) {
+  while (!text.empty()) {
+    utf8proc_int32_t character = 0;
+    const std::size_t length = IsAscii(text[0]) ? 1 : ReadCharacter(text, character);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+}  // namespace tools
