@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tools/SettingsStore.h"
 
@@ -27,6 +28,7 @@ class ModProject {
 
   /// The full path of the open product file; empty while none is open.
   [[nodiscard]] const std::string& ProductPath() const { return productPath_; }
+  /// Takes a relative path from the current folder; an empty one closes the product.
   void SetProductPath(std::string path);
   [[nodiscard]] bool IsOpen() const { return !productPath_.empty(); }
   /// The folder that the product file lies in.
@@ -51,8 +53,9 @@ class ModProject {
   void WriteComponentSetting(std::int32_t version, std::int32_t component, std::string_view section,
                              std::string_view key, std::string_view value);
 
-  /// Paths of the files that hold the settings of a version and of a component. Raises tools::Error
-  /// when the stored version text could lead out of the product's folder (see IsSafeVersionText).
+  /// Paths of the files that hold the settings of a version and of a component; empty while no
+  /// product is open. Raises tools::Error when the stored version text could lead out of the
+  /// product's folder (see IsSafeVersionText).
   [[nodiscard]] std::string VersionFilePath(std::int32_t version) const;
   [[nodiscard]] std::string ComponentFilePath(std::int32_t version, std::int32_t component) const;
 
@@ -62,10 +65,15 @@ class ModProject {
   [[nodiscard]] std::int32_t VersionCount() const;
   /// The version's text, empty for a free slot.
   [[nodiscard]] std::string VersionString(std::int32_t version) const;
-  /// The highest component slot ever used in a version.
+  /// The slots of the versions there are, ascending. Quick whatever the count in the file says.
+  [[nodiscard]] std::vector<std::int32_t> VersionSlots() const;
+  /// The highest component slot ever used in a version; 0 as above.
   [[nodiscard]] std::int32_t ComponentCount(std::int32_t version) const;
   /// The component's title, empty for a free slot.
   [[nodiscard]] std::string ComponentTitle(std::int32_t version, std::int32_t component) const;
+  /// The slots of the components there are in a version, ascending; quick as above. Raises
+  /// tools::Error when the version's folder cannot be searched.
+  [[nodiscard]] std::vector<std::int32_t> ComponentSlots(std::int32_t version) const;
 
   /// The output folder proposed for a build configuration (1 debug, 2 release).
   [[nodiscard]] std::string DefaultOutputFolder(std::int32_t configuration) const;

@@ -1,0 +1,70 @@
+#include "model/ICFile.h"
+
+#include "tools/Numbers.h"
+
+namespace model {
+
+namespace {
+
+constexpr std::string_view kCountSection = "Files";
+constexpr std::string_view kCountKey = "Count";
+
+std::string EntrySection(std::int32_t number) { return "File" + std::to_string(number); }
+
+}  // namespace
+
+std::int32_t ReadFileCount(const SettingReader& read) {
+  return tools::ToInt32(read(kCountSection, kCountKey, "0"));
+}
+
+void WriteFileCount(const SettingWriter& write, std::int32_t count) {
+  write(kCountSection, kCountKey, std::to_string(count));
+}
+
+ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, std::string_view defaultType) {
+  const std::string section = EntrySection(number);
+  const auto text = [&](std::string_view key) { return read(section, key, ""); };
+  const auto flag = [&](std::string_view key) { return tools::ToInt16(text(key)); };
+  ICFile entry;
+  entry.Type = tools::ToInt16(read(section, "Type", defaultType));
+  entry.Exclude = flag("Exclude");
+  entry.ID = text("ID");
+  entry.IncludeChildren = flag("IncludeChildren");
+  entry.Overwrite = flag("Overwrite");
+  entry.Permanent = flag("Permanent");
+  entry.RegisterPath = flag("RegisterPath");
+  entry.SelfRegisterDLL = flag("SelfRegisterDLL");
+  entry.SourceName = text("SourceName");
+  entry.SourcePath = text("SourcePath");
+  entry.TargetFolder = tools::ToInt32(text("TargetFolder"));
+  entry.TargetName = text("TargetName");
+  entry.TargetSubFolder = text("TargetSubFolder");
+  entry.Vital = tools::ToInt16(read(section, "Vital", "1"));
+  return entry;
+}
+
+void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry) {
+  const std::string section = EntrySection(number);
+  const auto text = [&](std::string_view key, std::string_view value) {
+    write(section, key, value);
+  };
+  const auto integer = [&](std::string_view key, std::int32_t value) {
+    write(section, key, std::to_string(value));
+  };
+  integer("Type", entry.Type);
+  integer("Exclude", entry.Exclude);
+  text("ID", entry.ID);
+  integer("IncludeChildren", entry.IncludeChildren);
+  integer("Overwrite", entry.Overwrite);
+  integer("Permanent", entry.Permanent);
+  integer("RegisterPath", entry.RegisterPath);
+  integer("SelfRegisterDLL", entry.SelfRegisterDLL);
+  text("SourceName", entry.SourceName);
+  text("SourcePath", entry.SourcePath);
+  integer("TargetFolder", entry.TargetFolder);
+  text("TargetName", entry.TargetName);
+  text("TargetSubFolder", entry.TargetSubFolder);
+  integer("Vital", entry.Vital);
+}
+
+}  // namespace model

@@ -1,0 +1,177 @@
+#include "model/ModProject.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "model/SlotNumbers.h"
+#include "model/TextTable.h"
+#include "tools/Error.h"
+#include "tools/Files.h"
+#include "tools/Numbers.h"
+#include "tools/Path.h"
+
+namespace model {
+
+namespace {
+
+constexpr std::string_view kVersions = "Versions";
+constexpr std::string_view kVersionKey = "Ver";
+constexpr std::string_view kComponents = "Components";
+constexpr std::string_view kCount = "Count";
+constexpr std::string_view kComponentWord = "component";
+constexpr std::string_view kComponentEnding = ".component";
+
+std::int32_t SlotCount(const std::string& text) {
+  try {
+    return std::max(tools::ToInt32(text), 0);
+  } catch (const tools::Error&) {
+    return 0;
+  }
+}
+
+std::vector<std::int32_t> SlotsUpTo(std::int32_t count) {
+  std::vector<std::int32_t> slots;
+  for (std::int32_t slot = 1; slot <= count; ++slot) slots.push_back(slot);
+  return slots;
+}
+
+// The component slots that have a file in a version's folder.
+std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::int32_t count) {
+  std::vector<std::int32_t> slots;
+  for (const std::string& path : tools::FindFiles(versionFolder, "component*.component", false)) {
+    std::string name = tools::FileNamePart(path);
+    name.resize(name.size() - kComponentEnding.size());
+    slots.push_back(SlotNumberOf(name, kComponentWord));
+  }
+  return OrderedSlots(std::move(slots), count);
+}
+
+}  // namespace
+
+bool IsSafeVersionText(std::string_view version) {
+  if (version.find("..") != std::string_view::npos) return false;
+  return std::none_of(version.begin(), version.end(), [](char c) {
+    return c == '/' || c == '\\' || c == ':' || c == '\x7F' || (c >= 0 && c < ' ');
+  });
+}
+
+ModProject::ModProject(tools::SettingsStore& settings) : settings_(settings) {}
+
+void ModProject::SetProductPath(std::string path) {
+  if (!path.empty() && !tools::IsAbsolutePath(path)) {
+    path = tools::FromPath(std::filesystem::absolute(tools::ToPath(path)));
+  }
+  productPath_ = std::move(path);
+}
+
+std::string ModProject::ProductFolder() const { return tools::FolderOf(productPath_); }
+
+bool ModProject::HasKnownFormat(const std::string& productPath) const {
+  return settings_.Read(productPath, "General", "Version", "") == kFormatVersion;
+}
+
+std::string ModProject::ReadProductSetting(std::string_view section, std::string_view key,
+                                           std::string_view defaultValue) const {
+  if (!IsOpen()) return std::string(defaultValue);
+  return settings_.Read(productPath_, section, key, defaultValue);
+}
+
+void ModProject::WriteProductSetting(std::string_view section, std::string_view key,
+                                     std::string_view value) {
+  if (IsOpen()) settings_.Write(productPath_, section, key, value);
+}
+
+std::string ModProject::ReadVersionSetting(std::int32_t version, std::string_view section,
+                                           std::string_view key,
+                                           std::string_view defaultValue) const {
+  if (!IsOpen() || !IsSafeVersionText(VersionString(version))) return std::string(defaultValue);
+  return settings_.Read(VersionFilePath(version), section, key, defaultValue);
+}
+
+void ModProject::WriteVersionSetting(std::int32_t version, std::string_view section,
+                                     std::string_view key, std::string_view value) {
+  if (IsOpen()) settings_.Write(VersionFilePath(version), section, key, value);
+}
+
+std::string ModProject::ReadComponentSetting(std::int32_t version, std::int32_t component,
+                                             std::string_view section, std::string_view key,
+                                             std::string_view defaultValue) const {
+  if (!IsOpen() || !IsSafeVersionText(VersionString(version))) return std::string(defaultValue);
+  return settings_.Read(ComponentFilePath(version, component), section, key, defaultValue);
+}
+
+void ModProject::WriteComponentSetting(std::int32_t version, std::int32_t component,
+                                       std::string_view section, std::string_view key,
+                                       std::string_view value) {
+  if (IsOpen()) settings_.Write(ComponentFilePath(version, component), section, key, value);
+}
+
+std::string ModProject::VersionFilePath(std::int32_t version) const {
+  if (!IsOpen()) return {};
+  const std::string text = VersionString(version);
+  if (!IsSafeVersionText(text)) {
+    throw tools::Error("Die Versionsnummer kann kein Teil eines Ordnernamens sein: " + text);
+  }
+  return tools::JoinPath(tools::JoinPath(ProductFolder(), "Version " + text), "product.version");
+}
+
+std::string ModProject::ComponentFilePath(std::int32_t version, std::int32_t component) const {
+  if (!IsOpen()) return {};
+  std::string name(kComponentWord);
+  name.append(std::to_string(component)).append(kComponentEnding);
+  return tools::JoinPath(tools::FolderOf(VersionFilePath(version)), name);
+}
+
+std::string ModProject::ProductTitle() const { return ReadProductSetting("Product", "Title", ""); }
+
+void ModProject::SetProductTitle(std::string_view title) {
+  WriteProductSetting("Product", "Title", title);
+}
+
+std::int32_t ModProject::VersionCount() const {
+  return SlotCount(ReadProductSetting(kVersions, kCount, "0"));
+}
+
+std::string ModProject::VersionString(std::int32_t version) const {
+  std::string key(kVersionKey);
+  key.append(std::to_string(version));
+  return ReadProductSetting(kVersions, key, "");
+}
+
+std::vector<std::int32_t> ModProject::VersionSlots() const {
+  const std::int32_t count = VersionCount();
+  std::vector<std::int32_t> slots =
+      count <= kCheapSlotCount
+          ? SlotsUpTo(count)
+          : SlotsNamedIn(settings_.Load(productPath_)->Render(), kVersionKey, count);
+  std::erase_if(slots, [this](std::int32_t slot) { return VersionString(slot).empty(); });
+  return slots;
+}
+
+std::int32_t ModProject::ComponentCount(std::int32_t version) const {
+  return SlotCount(ReadVersionSetting(version, kComponents, kCount, "0"));
+}
+
+std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t component) const {
+  return ReadComponentSetting(version, component, "Component", "Title", "");
+}
+
+std::vector<std::int32_t> ModProject::ComponentSlots(std::int32_t version) const {
+  const std::int32_t count = ComponentCount(version);
+  std::vector<std::int32_t> slots =
+      count <= kCheapSlotCount ? SlotsUpTo(count)
+                               : ComponentFiles(tools::FolderOf(VersionFilePath(version)), count);
+  std::erase_if(
+      slots, [this, version](std::int32_t slot) { return ComponentTitle(version, slot).empty(); });
+  return slots;
+}
+
+std::string ModProject::DefaultOutputFolder(std::int32_t configuration) const {
+  std::string name;
+  if (configuration == 1) name = LoadText(339);
+  if (configuration == 2) name = LoadText(340);
+  return tools::JoinPath(tools::JoinPath(ProductFolder(), LoadText(344)), name);
+}
+
+}  // namespace model

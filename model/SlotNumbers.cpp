@@ -1,0 +1,55 @@
+#include "model/SlotNumbers.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace model {
+
+namespace {
+
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool StartsWithWord(std::string_view name, std::string_view word) {
+  return name.size() > word.size() &&
+         std::equal(word.begin(), word.end(), name.begin(),
+                    [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+}
+
+// The section name or key that a line of a settings file begins with.
+std::string_view NameOfLine(std::string_view line) {
+  constexpr std::string_view kBefore = " \t[\xEF\xBB\xBF";
+  line.remove_prefix(std::min(line.find_first_not_of(kBefore), line.size()));
+  return line.substr(0, line.find_first_of(" \t=]\r"));
+}
+
+}  // namespace
+
+std::int32_t SlotNumberOf(std::string_view name, std::string_view word) {
+  if (!StartsWithWord(name, word)) return 0;
+  const std::string_view digits = name.substr(word.size());
+  if (digits.front() < '1' || digits.front() > '9') return 0;
+  std::int32_t number = 0;
+  const char* end = digits.data() + digits.size();
+  const auto result = std::from_chars(digits.data(), end, number);
+  return result.ec == std::errc{} && result.ptr == end ? number : 0;
+}
+
+std::vector<std::int32_t> SlotsNamedIn(std::string_view settingsText, std::string_view word,
+                                       std::int32_t count) {
+  std::vector<std::int32_t> slots;
+  while (!settingsText.empty()) {
+    const std::size_t end = std::min(settingsText.find('\n'), settingsText.size());
+    slots.push_back(SlotNumberOf(NameOfLine(settingsText.substr(0, end)), word));
+    settingsText.remove_prefix(std::min(end + 1, settingsText.size()));
+  }
+  return OrderedSlots(std::move(slots), count);
+}
+
+std::vector<std::int32_t> OrderedSlots(std::vector<std::int32_t> slots, std::int32_t count) {
+  std::erase_if(slots, [count](std::int32_t slot) { return slot < 1 || slot > count; });
+  std::sort(slots.begin(), slots.end());
+  slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
+  return slots;
+}
+
+}  // namespace model
