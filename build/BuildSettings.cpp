@@ -1,0 +1,25 @@
+#include "build/BuildSettings.h"
+
+#include <string_view>
+
+#include "tools/Numbers.h"
+
+namespace build {
+
+BuildOptions ReadBuildOptions(const BuildSettings& settings) {
+  const auto text = [&settings](std::string_view name) {
+    const auto found = settings.find(name);
+    return found == settings.end() ? std::string{} : found->second;
+  };
+  BuildOptions options;
+  options.installerType = tools::ToInt16(text("installertype"));
+  options.configuration = tools::ToInt32(text("config"));
+  options.folder = text("folder");
+  options.language = tools::ToInt32(text("language"));
+  options.packaged = tools::ToInt16(text("makezip")) == 1;
+  options.includeWrapper = tools::ToInt16(text("includeexe")) != 0;
+  options.includeRuntime = tools::ToInt16(text("includetessel")) != 0;
+  return options;
+}
+
+}  // namespace build
