@@ -1,9 +1,8 @@
-#include <windows.h>
-
 #include <array>
 #include <cstdint>
 
 #include "tools/Clock.h"
+#include "tools/WindowsApi.h"
 #include "tools/WindowsPath.h"
 
 namespace tools {

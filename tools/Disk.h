@@ -41,6 +41,9 @@ class Disk {
   /// Renames `from` to `to`, replacing `to` in one step; `to` keeps its access rights. Raises
   /// Error.
   virtual void Replace(const std::string& from, const std::string& to) = 0;
+  /// Flushes the folder's own entries, so that a rename in it survives a loss of power. Systems
+  /// that cannot do that are passed over.
+  virtual void SyncFolder(const std::string& folder) noexcept = 0;
   /// Removes a file if it is there; failures are passed over (it tidies up after an error).
   virtual void Discard(const std::string& path) noexcept = 0;
 };
@@ -50,6 +53,7 @@ class SystemDisk : public Disk {
  public:
   [[nodiscard]] std::unique_ptr<OutputFile> CreateNew(const std::string& path) override;
   void Replace(const std::string& from, const std::string& to) override;
+  void SyncFolder(const std::string& folder) noexcept override;
   void Discard(const std::string& path) noexcept override;
 };
 

@@ -1,6 +1,5 @@
-#include <windows.h>
-
 #include "tools/Error.h"
+#include "tools/WindowsApi.h"
 
 namespace tools {
 
@@ -10,8 +9,7 @@ std::error_code LastSystemError() {
 
 bool IsDiskFull(std::error_code cause) {
   return cause == std::errc::no_space_on_device ||
-         cause == std::error_code(ERROR_HANDLE_DISK_FULL, std::system_category()) ||
-         cause == std::error_code(ERROR_DISK_QUOTA_EXCEEDED, std::system_category());
+         cause == std::error_code(ERROR_HANDLE_DISK_FULL, std::system_category());
 }
 
 }  // namespace tools

@@ -7,10 +7,10 @@
 namespace tools {
 
 /// `text` as a folder name: each character that Windows forbids in a name (< > : " / \ | ? * and
-/// control characters) and each byte that is not UTF-8 becomes `substitute`, blanks and dots at the end are cut off, a device name
-/// (CON, NUL, COM1, ...; with or without an extension) gets the substitute behind its base name,
-/// and at most `maximumLength` bytes are kept, never half a character (0: no more than a file
-/// system takes, 255). Nothing left gives `emptyName`.
+/// control characters) and each byte that is not UTF-8 becomes `substitute`, blanks and dots at the
+/// end are cut off, a device name (CON, NUL, COM1, ...; with or without an extension) gets the
+/// substitute behind its base name, and at most `maximumLength` bytes are kept, never half a
+/// character (0: no more than a file system takes, 255). Nothing left gives `emptyName`.
 [[nodiscard]] std::string CleanFolderName(std::string_view text, std::string_view emptyName,
                                           std::size_t maximumLength, std::string_view substitute);
 

@@ -2,6 +2,7 @@
 // (where "/" separates as well), "/" elsewhere.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,6 +17,10 @@ inline constexpr char kPathSeparator = '/';
 
 /// True for the characters that separate the parts of a path on this machine.
 [[nodiscard]] bool IsPathSeparator(char c);
+
+/// The number of characters of `path`'s root: "/", "C:\", "C:", "\", "\\server\share\"; 0 for a
+/// relative path.
+[[nodiscard]] std::size_t RootLength(std::string_view path);
 
 /// The folder part of `path`, without a separator at its end unless it is a root; empty when
 /// `path` has no folder part.

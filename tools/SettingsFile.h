@@ -22,8 +22,8 @@ class SettingsFile {
   /// The file with this content. Any bytes are accepted.
   explicit SettingsFile(std::string content);
   ~SettingsFile();
-  SettingsFile(SettingsFile&&) noexcept;
-  SettingsFile& operator=(SettingsFile&&) noexcept;
+  SettingsFile(const SettingsFile&) = delete;
+  SettingsFile& operator=(const SettingsFile&) = delete;
 
   /// The value of a key, or nothing. The view lives as long as this object and its next Write.
   [[nodiscard]] std::optional<std::string_view> Find(std::string_view section,
@@ -42,8 +42,13 @@ class SettingsFile {
   /// The whole content, to be written to disk.
   [[nodiscard]] std::string Render() const;
 
-  /// Repeats on `other` every Write made on this object.
+  /// A separate copy, writes included.
+  [[nodiscard]] std::shared_ptr<SettingsFile> Clone() const;
+
+  /// Repeats on `other` the writes made on this object since the last ForgetWrites.
   void ReplayWrites(SettingsFile& other) const;
+  /// The writes made so far are safe elsewhere and are not repeated any more.
+  void ForgetWrites();
 
  private:
   class Document;

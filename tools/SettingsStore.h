@@ -1,10 +1,12 @@
 // Settings addressed by file, section and key, over parsed files kept in memory.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "tools/Disk.h"
 #include "tools/Files.h"
@@ -13,7 +15,8 @@
 namespace tools {
 
 /// Reads and writes settings. A parsed file is kept and used again as long as the file's time, size
-/// and identity are those it was read with; a write is visible to the next read at once.
+/// and identity are those it was read with; a write is visible to the next read at once. Files not
+/// used lately are forgotten, so that memory stays bounded.
 class SettingsStore {
  public:
   /// `disk` must outlive the store.
@@ -28,8 +31,8 @@ class SettingsStore {
 
   /// Stores a value, creating file, section and key as needed (the folder must exist). Outside a
   /// batch the file is replaced at once; inside, when the batch commits. Raises Error for a value
-  /// or name that a settings file cannot hold, and when the file cannot be replaced (outside a
-  /// batch); the file on disk is then unchanged.
+  /// or name that a settings file cannot hold, for a file that is there but cannot be read, and
+  /// when the file cannot be replaced; the file on disk is then unchanged.
   void Write(const std::string& path, std::string_view section, std::string_view key,
              std::string_view value);
 
@@ -58,12 +61,23 @@ class SettingsStore {
 
  private:
   struct Entry;
+
   Entry& Fetch(const std::string& path);
-  void CommitEntry(const std::string& path, Entry& entry);
+  void ReadFromDisk(const std::string& path, Entry& entry);
+  void Replace(const std::string& path, Entry& entry);
+  [[nodiscard]] std::vector<std::string> PendingPaths() const;
+  void CommitPending();
+  void DropPending();
+  void SetStamp(Entry& entry, const FileStamp& stamp);
+  void Forget(const std::string& path);
+  void ForgetOldest(const Entry& except);
 
   Disk& disk_;
   std::unordered_map<std::string, std::unique_ptr<Entry>> entries_;
-  bool inBatch_ = false;
+  std::uint64_t keptBytes_ = 0;  ///< size of the files that entries_ holds
+  std::uint64_t uses_ = 0;       ///< counts calls of Fetch: the entries' order of use
+  std::uint64_t batch_ = 0;      ///< number of the running batch, 0 outside
+  std::uint64_t lastBatch_ = 0;
 };
 
 }  // namespace tools

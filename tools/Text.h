@@ -24,8 +24,8 @@ namespace tools {
                                      std::string_view with);
 
 /// The items between the separators. A separator between two quote characters does not split; the
-/// quote characters stay in their item, and one that is never closed protects nothing. Empty text has no items; a trailing separator is followed
-/// by an empty item.
+/// quote characters stay in their item, and one that is never closed protects nothing. Empty text
+/// has no items; a trailing separator is followed by an empty item.
 [[nodiscard]] std::vector<std::string> SplitList(std::string_view text, char separator, char quote);
 
 [[nodiscard]] bool IsValidUtf8(std::string_view text);

@@ -1,0 +1,122 @@
+#include <algorithm>
+
+#include "tools/Disk.h"
+#include "tools/Error.h"
+#include "tools/FileHandle_win.h"
+#include "tools/LinkTarget.h"
+#include "tools/Path.h"
+#include "tools/WindowsApi.h"
+#include "tools/WindowsPath.h"
+
+namespace tools {
+
+namespace {
+
+/// How often, and after what pause, a rename is tried again while another program (a virus scanner,
+/// an indexer) holds the target open: two seconds in all.
+constexpr int kReplaceAttempts = 40;
+constexpr DWORD kReplacePauseMilliseconds = 50;
+
+class SystemOutputFile : public OutputFile {
+ public:
+  SystemOutputFile(std::string path, HANDLE handle) : path_(std::move(path)), file_(handle) {}
+
+  void Write(std::string_view bytes) override {
+    WriteBytes(end_, bytes);
+    end_ += bytes.size();
+  }
+
+  void WriteAt(std::uint64_t offset, std::string_view bytes) override { WriteBytes(offset, bytes); }
+
+  void Truncate(std::uint64_t size) override {
+    LARGE_INTEGER position{};
+    position.QuadPart = static_cast<LONGLONG>(size);
+    if (SetFilePointerEx(file_.Get(), position, nullptr, FILE_BEGIN) == 0 ||
+        SetEndOfFile(file_.Get()) == 0) {
+      Fail();
+    }
+    end_ = size;
+  }
+
+  void Sync() override {
+    if (FlushFileBuffers(file_.Get()) == 0) Fail();
+  }
+
+  void Close() override {
+    if (!file_.Close()) Fail();
+  }
+
+ private:
+  void WriteBytes(std::uint64_t offset, std::string_view bytes) {
+    constexpr std::size_t kMostPerCall = std::size_t{1} << 30U;
+    while (!bytes.empty()) {
+      OVERLAPPED place{};
+      place.Offset = static_cast<DWORD>(offset);
+      place.OffsetHigh = static_cast<DWORD>(offset >> 32U);
+      DWORD count = 0;
+      const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kMostPerCall));
+      if (WriteFile(file_.Get(), bytes.data(), wanted, &count, &place) == 0) Fail();
+      bytes.remove_prefix(count);
+      offset += count;
+    }
+  }
+
+  [[noreturn]] void Fail() const {
+    throw PathError("Die Datei kann nicht geschrieben werden", path_, LastSystemError());
+  }
+
+  std::string path_;
+  FileHandle file_;
+  std::uint64_t end_ = 0;
+};
+
+bool IsHeldByOthers(DWORD error) {
+  return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED ||
+         error == ERROR_LOCK_VIOLATION;
+}
+
+}  // namespace
+
+std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path) {
+  const HANDLE handle = CreateFileW(LongPath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    throw PathError("Die Datei kann nicht angelegt werden", path, LastSystemError());
+  }
+  return std::make_unique<SystemOutputFile>(path, handle);
+}
+
+void SystemDisk::Replace(const std::string& from, const std::string& to) {
+  const std::wstring source = LongPath(from);
+  const std::wstring target = LongPath(to);
+  for (int attempt = 1;; ++attempt) {
+    if (MoveFileExW(source.c_str(), target.c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+      return;
+    }
+    const DWORD error = GetLastError();
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    const bool writeProtected = attributes != INVALID_FILE_ATTRIBUTES &&
+                                (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY));
+    if (!IsHeldByOthers(error) || writeProtected || attempt == kReplaceAttempts) {
+      throw PathError("Die Datei kann nicht ersetzt werden", to,
+                      {static_cast<int>(error), std::system_category()});
+    }
+    Sleep(kReplacePauseMilliseconds);
+  }
+}
+
+// NTFS orders its own metadata; folders cannot be flushed through the Windows interface.
+void SystemDisk::SyncFolder(const std::string&) noexcept {}
+
+void SystemDisk::Discard(const std::string& path) noexcept { DeleteFileW(LongPath(path).c_str()); }
+
+std::string LinkTarget(std::string_view path) {
+  const DWORD attributes = GetFileAttributesW(LongPath(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+    return std::string(path);
+  }
+  return CanonicalPath(path);
+}
+
+}  // namespace tools

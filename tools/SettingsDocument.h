@@ -1,0 +1,90 @@
+// The lines of a settings file, and where its sections and keys stand among them. Private to
+// SettingsFile.
+//
+// Lines are views into the file's content, or into text that was added since. A component of 50,000
+// entries has 700,000 keys: a line takes 24 bytes and nothing is copied until it is changed.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "tools/SettingsFile.h"
+
+namespace tools {
+
+/// Hash and comparison that ignore ASCII case.
+struct AsciiCaseHash {
+  std::size_t operator()(std::string_view text) const;
+};
+struct AsciiCaseEqual {
+  bool operator()(std::string_view a, std::string_view b) const;
+};
+
+class SettingsFile::Document {
+ public:
+  explicit Document(std::string content);
+
+  [[nodiscard]] std::optional<std::string_view> Find(std::string_view section,
+                                                     std::string_view key) const;
+  bool Write(std::string_view section, std::string_view key, std::string_view value);
+  [[nodiscard]] std::string Render() const;
+  void ReplayWrites(SettingsFile& other) const;
+  void ForgetWrites() { written_.clear(); }
+  /// Takes over the writes of a document with the same lines.
+  void TakeWritesOf(const Document& other) { written_ = other.written_; }
+
+ private:
+  using NameIndex =
+      std::unordered_map<std::string_view, std::uint32_t, AsciiCaseHash, AsciiCaseEqual>;
+
+  /// One line with its line end; `keySize` is 0 where it is no Key=Value line.
+  struct Line {
+    const char* text = nullptr;
+    std::uint32_t size = 0;
+    std::uint32_t keyBegin = 0;
+    std::uint32_t keySize = 0;
+    std::uint32_t valueBegin = 0;  ///< behind the "="
+
+    [[nodiscard]] std::string_view Text() const { return {text, size}; }
+    [[nodiscard]] std::string_view Key() const { return {text + keyBegin, keySize}; }
+  };
+
+  /// The lines of a section, its header first; the lines before the first header are a section
+  /// without a name that is never found.
+  struct Section {
+    std::string_view name;
+    std::vector<Line> lines;
+    /// Key to line, made when a section with many lines is first searched.
+    mutable std::unique_ptr<NameIndex> index;
+  };
+
+  void Parse();
+  void AddLine(std::string_view text);
+  [[nodiscard]] static Line MakeLine(std::string_view text);
+  [[nodiscard]] static std::string_view ValueOf(const Line& line);
+  [[nodiscard]] static std::optional<std::size_t> FindLine(const Section& section,
+                                                           std::string_view key);
+  [[nodiscard]] Section& SectionForWriting(std::string_view name);
+  /// Adds a line at the section's end and returns its position, which stays: only blank lines are
+  /// ever moved.
+  [[nodiscard]] static std::uint32_t InsertKey(Section& section, const Line& line);
+  [[nodiscard]] std::string_view Keep(std::string text);
+
+  std::string content_;
+  std::string_view lineEnd_ = "\n";
+  std::deque<std::string> added_;  ///< text of lines that were written, at fixed addresses
+  std::vector<Section> sections_;
+  NameIndex sectionIndex_;
+  /// Section and line of each write that is to be repeated.
+  std::vector<std::pair<std::uint32_t, std::uint32_t>> written_;
+  std::uint32_t lastWritten_ = 0;  ///< section of the last Write: the next one is mostly there too
+};
+
+}  // namespace tools
