@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "tools/Error.h"
+#include "tools/SettingsFile.h"
+
+namespace tools {
+namespace {
+
+TEST(SettingsFileTest, FindsSectionsAndKeysIgnoringCaseAndTakesTheFirstOfEqualOnes) {
+  const SettingsFile file(
+      "Lose=0\n[Product]\nTitle = Mein Titel \t\ntitle=zweiter\n[PRODUCT]\nAuthor=x\n[B]\n=leer\n");
+  EXPECT_EQ(file.Read("product", "TITLE", ""), "Mein Titel");
+  EXPECT_EQ(file.Read("Product", "Author", "fehlt"), "fehlt");
+  EXPECT_EQ(file.Read("", "Lose", "fehlt"), "fehlt");
+  EXPECT_EQ(file.Read("B", "", "fehlt"), "fehlt");
+}
+
+TEST(SettingsFileTest, ReturnsEverySingleLineValueUnchanged) {
+  const std::string values[] = {
+      "",        " ",   "\t",       "a b",    " a ",   "\"",    "\"\"",
+      "\"a",     "a\"", "a=b",      "; kein", "[x]",   "C:\\x", "ä漢字",
+      "a\" \"b", "\\n", "\xFF\xFE", "a\"b",   "\"a\"", "=",     std::string("n\0l", 3)};
+  SettingsFile file;
+  for (std::size_t i = 0; i < std::size(values); ++i) {
+    file.Write("Werte", "W" + std::to_string(i), values[i]);
+  }
+  const SettingsFile again(file.Render());
+  for (std::size_t i = 0; i < std::size(values); ++i) {
+    EXPECT_EQ(again.Read("Werte", "W" + std::to_string(i), "fehlt"), values[i]) << i;
+  }
+}
+
+TEST(SettingsFileTest, RewritesOnlyTheLinesThatChange) {
+  const std::string before =
+      "\xEF\xBB\xBF; Kopf\r\n\r\n[A]\r\n; Bemerkung\r\n  Key =  "
+      "1\r\nunbekannt\r\n\r\n[B]\r\nx=\xFF";
+  SettingsFile file(before);
+  EXPECT_FALSE(file.Write("a", "KEY", "1"));
+  EXPECT_EQ(file.Render(), before + "\r\n");
+  EXPECT_TRUE(file.Write("a", "KEY", "2"));
+  EXPECT_TRUE(file.Write("A", "Neu", "3"));
+  EXPECT_TRUE(file.Write("C", "Neu", ""));
+  EXPECT_EQ(file.Render(),
+            "\xEF\xBB\xBF; Kopf\r\n\r\n[A]\r\n; Bemerkung\r\nKey=2\r\nunbekannt\r\nNeu=3\r\n\r\n"
+            "[B]\r\nx=\xFF\r\n\r\n[C]\r\nNeu=\r\n");
+}
+
+TEST(SettingsFileTest, RefusesWhatALineCannotHold) {
+  SettingsFile file("[A]\nb=c\n");
+  EXPECT_THROW(file.Write("A", "b", "zwei\nZeilen"), Error);
+  EXPECT_THROW(file.Write("A", "b", "zwei\rZeilen"), Error);
+  for (const char* key : {"", " b", "b\t", "a=b", ";b", "[b", "b\nc"}) {
+    EXPECT_THROW(file.Write("A", key, "x"), Error) << key;
+  }
+  for (const char* section : {"", " A", "A\n"}) {
+    EXPECT_THROW(file.Write(section, "b", "x"), Error) << section;
+  }
+  EXPECT_EQ(file.Render(), "[A]\nb=c\n");
+}
+
+TEST(SettingsFileTest, ReadsDamagedFilesAsFarAsTheyGo) {
+  EXPECT_EQ(SettingsFile(std::string(1000, '\0')).Read("A", "b", "d"), "d");
+  EXPECT_EQ(SettingsFile("[A]\nb=ganz\nc=hal").Read("A", "c", "d"), "hal");
+  EXPECT_EQ(SettingsFile("[A").Read("A", "b", "d"), "d");
+  const std::string wide(100U << 20U, 'x');
+  SettingsFile file("[A]\n" + wide + "\nb=da\n");
+  EXPECT_EQ(file.Read("A", "b", "d"), "da");
+  file.Write("A", "b", "neu");
+  EXPECT_EQ(file.Render(), "[A]\n" + wide + "\nb=neu\n");
+}
+
+TEST(SettingsFileTest, LargeSectionsStayConsistentWhileTheyGrow) {
+  SettingsFile file("[A]\nK1=alt\n\n[B]\nx=1\n");
+  for (int i = 1; i <= 200; ++i) file.Write("A", "K" + std::to_string(i), std::to_string(i));
+  file.Write("A", "k150", "neu");
+  const SettingsFile again(file.Render());
+  EXPECT_EQ(again.Read("A", "K1", ""), "1");
+  EXPECT_EQ(again.Read("A", "K150", ""), "neu");
+  EXPECT_EQ(again.Read("A", "K200", ""), "200");
+  EXPECT_EQ(again.Read("B", "x", ""), "1");
+}
+
+}  // namespace
+}  // namespace tools
