@@ -1,0 +1,82 @@
+#include "build/ArchiveStore.h"
+
+#include "tools/Path.h"
+
+namespace build {
+
+namespace {
+
+constexpr tools::ArchiveOptions kOptions{3, 12, 0};
+
+}  // namespace
+
+ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
+                           BuildProgress& progress)
+    : progress_(progress), folder_(tools::JoinPath(private_.Path(), "PackwrightTemp")) {
+  tools::MakeFolder(folder_);
+  WithArchive([&] {
+    writer_ = std::make_unique<tools::ArchiveWriter>(
+        disk, archivePath, kOptions, [this](const tools::ArchiveTotals& totals) {
+          totals_ = {totals.files, totals.bytesIn, totals.bytesOut};
+          ReportProgress();
+        });
+  });
+}
+
+StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, const std::string& sourcePath) {
+  StoredFile stored;
+  stored.name = std::to_string(++counter_) + "." + tools::Extension(sourcePath);
+  const std::string copy = tools::JoinPath(folder_, stored.name);
+  stored.copy = tools::CopyFile(sourcePath, copy, [this](std::uint64_t) { ReportProgress(); });
+  if (stored.copy.Succeeded()) {
+    copiedBytes_ += stored.copy.bytes;
+    Archive(copy, stored.name);
+  } else {
+    ++failedCopies_;
+  }
+  return stored;
+}
+
+void ArchiveStore::Archive(const std::string& path, const std::string& name) {
+  if (writer_) WithArchive([&] { writer_->AddFile(path, name); });
+}
+
+std::optional<tools::Error> ArchiveStore::Finish() {
+  if (writer_) {
+    WithArchive([&] {
+      const tools::ArchiveTotals totals = writer_->Finish();
+      totals_ = {totals.files, totals.bytesIn, totals.bytesOut};
+    });
+  }
+  writer_.reset();
+  ReportProgress();
+  return failure_;
+}
+
+// Tells failures of the archive, which the build survives, from an observer's wish to stop.
+template <typename Action>
+void ArchiveStore::WithArchive(const Action& action) {
+  try {
+    action();
+  } catch (const tools::Error& error) {
+    if (stopped_) throw;
+    failure_ = error;
+    writer_.reset();
+    totals_ = {};
+  }
+}
+
+void ArchiveStore::ReportProgress() {
+  try {
+    if (failure_) {
+      progress_.Report(static_cast<std::uint64_t>(counter_), copiedBytes_);
+    } else {
+      progress_.Report(totals_.files + failedCopies_, totals_.bytesIn);
+    }
+  } catch (...) {
+    stopped_ = true;
+    throw;
+  }
+}
+
+}  // namespace build

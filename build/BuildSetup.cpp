@@ -1,0 +1,216 @@
+#include "build/BuildSetup.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "build/ArchiveStore.h"
+#include "build/BuildLog.h"
+#include "build/BuildProgress.h"
+#include "build/Collection.h"
+#include "build/OutputFolder.h"
+#include "build/ScriptPass.h"
+#include "build/StoredNameMap.h"
+#include "build/Survey.h"
+#include "build/TreeStore.h"
+#include "model/TextTable.h"
+#include "tools/Error.h"
+#include "tools/Files.h"
+#include "tools/Path.h"
+#include "tools/StandardTexts.h"
+#include "tools/Text.h"
+
+namespace build {
+
+namespace {
+
+constexpr const char* kLineBreak = "\r\n";
+constexpr const char* kLogName = "build.log";
+
+class Build {
+ public:
+  Build(const BuildEnvironment& environment, const BuildSettings& settings, std::int32_t version,
+        int notice)
+      : environment_(environment),
+        options_(ReadBuildOptions(settings)),
+        version_(version),
+        title_(environment.project.ProductTitle()),
+        log_(environment.clock, environment.status),
+        progress_(environment.dialogs, notice, environment.status) {}
+
+  /// Gives false when the build was refused or stopped at the output folder.
+  bool Run() {
+    log_.BeginBuildLog();
+    if (IsDangerousFileTitle(title_)) {
+      throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
+    }
+    survey_ = SurveyVersion(environment_.project, version_);
+    if (!PrepareOutputFolder()) return false;
+    StoreFiles();
+    WriteInstallScript(environment_.disk, InOutputFolder(title_ + ".install"), MakeScriptHead(),
+                       options_.packaged, survey_, names_);
+    CopyPrograms();
+    WriteLog();
+    return true;
+  }
+
+  [[nodiscard]] const BuildSummary& Summary() const { return summary_; }
+
+ private:
+  bool PrepareOutputFolder() {
+    const model::ModProject& project = environment_.project;
+    outputFolder_ = NormalizeOutputFolder(options_.folder, project, survey_.locations);
+    summary_.outputFolder = outputFolder_;
+    if (outputFolder_.empty()) {
+      ShowRefusal(model::LoadText(348), tools::kTextError);
+      return Stop(BuildOutcome::InvalidOutputFolder);
+    }
+    if (tools::FolderExists(outputFolder_) &&
+        !tools::FindFiles(outputFolder_, "*.*", true).empty()) {
+      if (!MayEmptyOutputFolder()) return Stop(BuildOutcome::OutputFolderInUse);
+      if (!RemoveOutputFolder()) return Stop(BuildOutcome::OutputFolderStuck);
+    }
+    tools::MakeFolder(outputFolder_);
+    return true;
+  }
+
+  bool Stop(BuildOutcome outcome) {
+    summary_.outcome = outcome;
+    return false;
+  }
+
+  bool MayEmptyOutputFolder() {
+    tools::Message question;
+    question.text = model::LoadText(349) + kLineBreak + kLineBreak + model::LoadText(350);
+    question.caption = tools::StandardText(tools::kTextWarning);
+    question.buttons = tools::MessageButtons::YesNo;
+    question.defaultAnswer = tools::MessageAnswer::Yes;
+    return environment_.dialogs.ShowMessage(question) == tools::MessageAnswer::Yes;
+  }
+
+  bool RemoveOutputFolder() {
+    try {
+      tools::RemoveFolderTree(outputFolder_);
+      return true;
+    } catch (const tools::Error& error) {
+      ShowRefusal(error.what(), tools::kTextError);
+      return false;
+    }
+  }
+
+  void ShowRefusal(const std::string& text, std::int32_t caption) {
+    tools::Message message;
+    message.text = text;
+    message.caption = tools::StandardText(caption);
+    (void)environment_.dialogs.ShowMessage(message);
+  }
+
+  void StoreFiles() {
+    progress_.Start(survey_.files, survey_.bytes);
+    const std::unique_ptr<FileStore> store = MakeStore();
+    summary_.diskFull = CollectFiles(survey_, *store, names_, log_);
+    if (const std::optional<tools::Error> failure = store->Finish()) {
+      NoteDiskFull(failure->Cause());
+      log_.LogError("Unable to compress setup files", {}, failure->what());
+    }
+    summary_.files = store->Totals().files;
+    summary_.bytesIn = store->Totals().bytesIn;
+    summary_.bytesOut = store->Totals().bytesOut;
+    progress_.Finish();
+  }
+
+  std::unique_ptr<FileStore> MakeStore() {
+    if (!options_.packaged) return std::make_unique<TreeStore>(outputFolder_, progress_);
+    return std::make_unique<ArchiveStore>(environment_.disk, InOutputFolder(title_ + ".zip"),
+                                          progress_);
+  }
+
+  ScriptHead MakeScriptHead() const {
+    const model::ModProject& project = environment_.project;
+    const auto tessel = [&](std::string_view key, std::string_view value) {
+      return project.ReadVersionSetting(version_, "Tessel", key, value);
+    };
+    ScriptHead head;
+    head.year = environment_.clock.Year();
+    head.author = project.ReadProductSetting("Product", "Author", "");
+    head.toolVersion = environment_.toolVersion;
+    head.productTitle = title_;
+    head.catalogueKey = tessel("Key", "");
+    head.catalogueTitle = tessel("Title", title_);
+    head.catalogueType = tessel("Type", "1");
+    return head;
+  }
+
+  void CopyPrograms() {
+    if (options_.includeWrapper) CopyProgram("Wrapper.exe", "Setup.exe", "setup wrapper");
+    if (options_.includeRuntime) {
+      CopyProgram("InstallTessel.msi", "InstallTessel.msi", "Tessel installer");
+    }
+  }
+
+  void CopyProgram(std::string_view name, std::string_view targetName, const std::string& what) {
+    const tools::CopyResult copy = tools::CopyFile(
+        tools::JoinPath(environment_.programFolder, name), InOutputFolder(targetName));
+    if (copy.Succeeded()) return;
+    NoteDiskFull(copy.cause);
+    log_.LogError("Unable to copy " + what + " to output folder: " + copy.errorText);
+  }
+
+  void WriteLog() {
+    const std::string path = InOutputFolder(kLogName);
+    tools::WriteTextFile(environment_.disk, path, log_.Text(),
+                         tools::ReplacementFile::Durability::Cached);
+    summary_.warnings = log_.WarningCount();
+    summary_.errors = log_.ErrorCount();
+    if (log_.ErrorCount() == 0) return;
+    const std::string where =
+        tools::ReplaceAll(model::LoadText(356), "%log%", tools::FileNamePart(path));
+    ShowRefusal(model::LoadText(355) + kLineBreak + where, tools::kTextWarning);
+  }
+
+  void NoteDiskFull(std::error_code cause) {
+    summary_.diskFull = summary_.diskFull || tools::IsDiskFull(cause);
+  }
+
+  [[nodiscard]] std::string InOutputFolder(std::string_view name) const {
+    return tools::JoinPath(outputFolder_, name);
+  }
+
+  const BuildEnvironment& environment_;
+  BuildOptions options_;
+  std::int32_t version_;
+  std::string title_;
+  BuildLog log_;
+  BuildProgress progress_;
+  Survey survey_;
+  StoredNameMap names_;
+  std::string outputFolder_;
+  BuildSummary summary_;
+};
+
+}  // namespace
+
+bool IsDangerousFileTitle(std::string_view title) {
+  if (title == "." || title == "..") return true;
+  return std::any_of(title.begin(), title.end(), [](char c) {
+    const bool otherStream = c == ':' && tools::kPathSeparator == '\\';
+    return c == '/' || c == '\\' || c == '\x7F' || (c >= 0 && c < ' ') || otherStream;
+  });
+}
+
+void BuildSetup(const BuildEnvironment& environment, const BuildSettings& settings,
+                std::int32_t versionIndex) {
+  const int notice = environment.dialogs.ShowBusyNotice(model::LoadText(347));
+  try {
+    Build build(environment, settings, versionIndex, notice);
+    // A build that is refused leaves the notice to its owner.
+    if (build.Run()) environment.dialogs.WithdrawBusyNotice(notice);
+    environment.status.OnEnd(build.Summary());
+  } catch (...) {
+    environment.dialogs.WithdrawBusyNotice(notice);
+    throw;
+  }
+}
+
+}  // namespace build

@@ -1,0 +1,148 @@
+#include "build/Survey.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "model/SlotNumbers.h"
+#include "tools/Error.h"
+#include "tools/Files.h"
+#include "tools/Numbers.h"
+#include "tools/Path.h"
+
+namespace build {
+
+namespace {
+
+// Entries up to this number are visited whether they are stored or not.
+constexpr std::int32_t kMaximumEntries = 1'000'000;
+
+model::SettingReader ReaderOf(const tools::SettingsFile& settings) {
+  return [&settings](std::string_view section, std::string_view key, std::string_view value) {
+    return settings.Read(section, key, value);
+  };
+}
+
+std::string InComponent(const std::string& title) { return " of component '" + title + "'"; }
+
+class Surveyor {
+ public:
+  Surveyor(const model::ModProject& project, std::int32_t version)
+      : project_(project), version_(version), productFolder_(project.ProductFolder()) {}
+
+  Survey Run() {
+    for (const std::int32_t slot : project_.ComponentSlots(version_)) VisitComponent(slot);
+    return std::move(survey_);
+  }
+
+ private:
+  void VisitComponent(std::int32_t slot) {
+    SurveyedComponent component;
+    component.slot = slot;
+    component.title = project_.ComponentTitle(version_, slot);
+    component.settings = project_.Settings().Load(project_.ComponentFilePath(version_, slot));
+    try {
+      VisitEntries(component, model::ReadFileCount(ReaderOf(*component.settings)));
+    } catch (const tools::Error& error) {
+      AddProblem(component.problem,
+                 "Files" + InComponent(component.title) + " cannot be counted: " + error.what(),
+                 std::string("Die Anzahl der Dateien ist ungültig: ") + error.what());
+    }
+    survey_.components.push_back(std::move(component));
+  }
+
+  void VisitEntries(SurveyedComponent& component, std::int32_t count) {
+    if (count <= kMaximumEntries) {
+      for (std::int32_t number = 1; number <= count; ++number) VisitEntry(component, number);
+      return;
+    }
+    const auto stored = model::SlotsNamedIn(component.settings->Render(), "File", count);
+    for (const std::int32_t number : stored) VisitEntry(component, number);
+    if (stored.size() == static_cast<std::size_t>(count)) return;
+    const std::string have = std::to_string(stored.size());
+    const std::string want = std::to_string(count);
+    AddProblem(
+        component.problem,
+        "Only " + have + " of " + want + " files" + InComponent(component.title) + " are stored",
+        "Nur " + have + " von " + want + " Dateien sind vorhanden");
+  }
+
+  void VisitEntry(SurveyedComponent& component, std::int32_t number) {
+    SurveyedEntry surveyed;
+    surveyed.number = number;
+    try {
+      const model::ICFile entry = ReadBuildEntry(*component.settings, number);
+      AddLocation(entry);
+      if (entry.Exclude == 1) return;
+      SourceList list = ListSources(entry, productFolder_);
+      if (list.fault != SourceFault::None) AddProblem(surveyed.problem, std::move(list));
+      for (const std::string& path : list.paths) Measure(path);
+      surveyed.sources = std::move(list.paths);
+    } catch (const tools::Error& error) {
+      if (IsExcluded(component, number)) return;
+      AddProblem(surveyed.problem,
+                 "File " + std::to_string(number) + InComponent(component.title) +
+                     " is left out: " + error.what(),
+                 error.what());
+    }
+    component.entries.push_back(std::move(surveyed));
+  }
+
+  static bool IsExcluded(const SurveyedComponent& component, std::int32_t number) {
+    const std::string section = "File" + std::to_string(number);
+    return tools::LeadingNumber(component.settings->Read(section, "Exclude", "0")) == 1;
+  }
+
+  // Many entries share their folder: the set holds each place once.
+  void AddLocation(const model::ICFile& entry) {
+    const bool scan = entry.Type == model::ICFile::kFolderScan;
+    if (!scan && entry.Type != model::ICFile::kSingleFile) return;
+    const bool below = scan && entry.IncludeChildren != 0;
+    const std::string folder = SourceFolderOf(entry, productFolder_);
+    survey_.locations.insert({folder, below ? entry.SourceName : std::string{}});
+    if (!scan) AddLinkedLocation(tools::JoinPath(folder, entry.SourceName));
+  }
+
+  // A source that is a link lies where the link leads.
+  void AddLinkedLocation(const std::string& path) {
+    std::error_code ignored;
+    if (!std::filesystem::is_symlink(tools::ToPath(path), ignored)) return;
+    survey_.locations.insert({tools::FolderOf(tools::CanonicalPath(path)), {}});
+  }
+
+  void Measure(const std::string& path) {
+    ++survey_.files;
+    survey_.bytes += tools::StampOf(path).size;
+    AddLinkedLocation(path);
+  }
+
+  static void AddProblem(std::unique_ptr<SurveyProblem>& problem, std::string logText,
+                         std::string userText) {
+    problem = std::make_unique<SurveyProblem>();
+    problem->logText = std::move(logText);
+    problem->userText = std::move(userText);
+  }
+
+  static void AddProblem(std::unique_ptr<SurveyProblem>& problem, SourceList list) {
+    AddProblem(problem, std::move(list.logText), std::move(list.userText));
+    problem->fault = list.fault;
+    if (list.fault == SourceFault::NoMatch) problem->severity = Severity::Warning;
+  }
+
+  const model::ModProject& project_;
+  std::int32_t version_;
+  std::string productFolder_;
+  Survey survey_;
+};
+
+}  // namespace
+
+Survey SurveyVersion(const model::ModProject& project, std::int32_t version) {
+  (void)project.VersionFilePath(version);  // raises the error of an unsafe version text
+  return Surveyor(project, version).Run();
+}
+
+model::ICFile ReadBuildEntry(const tools::SettingsFile& settings, std::int32_t number) {
+  return model::ReadFileEntry(ReaderOf(settings), number, model::kBuildDefaultType);
+}
+
+}  // namespace build

@@ -1,0 +1,72 @@
+// One look at everything a version is made of, taken before a build changes anything: which files
+// its entries stand for, how much that is, and where the sources lie. The later passes of a build
+// all go by it, so that archive and script agree even when the sources change meanwhile.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "build/BuildLog.h"
+#include "build/BuildStatus.h"
+#include "build/SourceList.h"
+#include "model/ICFile.h"
+#include "model/ModProject.h"
+#include "tools/SettingsFile.h"
+
+namespace build {
+
+/// A problem found by the survey; the log gets it when the build comes to its place.
+struct SurveyProblem {
+  Severity severity = Severity::Error;
+  SourceFault fault = SourceFault::None;  ///< None: a value that cannot be read
+  std::string logText;
+  std::string userText;  ///< the same for the screen (German)
+};
+
+/// An entry that takes part in the build (excluded ones do not).
+struct SurveyedEntry {
+  std::int32_t number = 0;
+  std::vector<std::string> sources;        ///< full paths, in order
+  std::unique_ptr<SurveyProblem> problem;  ///< null when there is none
+};
+
+struct SurveyedComponent {
+  std::int32_t slot = 0;
+  std::string title;
+  /// The component's settings as they were; entries are read from here again where they are needed.
+  std::shared_ptr<const tools::SettingsFile> settings;
+  std::vector<SurveyedEntry> entries;
+  std::unique_ptr<SurveyProblem> problem;  ///< of the component itself, null when there is none
+
+  [[nodiscard]] Place PlaceOf(const SurveyedEntry& entry) const {
+    return {slot, title, entry.number};
+  }
+};
+
+/// A place that holds sources, of excluded entries too.
+struct SourceLocation {
+  std::string folder;   ///< full path
+  std::string pattern;  ///< what a scan of its subfolders looks for; empty when none looks there
+
+  auto operator<=>(const SourceLocation&) const = default;
+};
+
+struct Survey {
+  std::vector<SurveyedComponent> components;
+  std::set<SourceLocation> locations;
+  std::uint64_t files = 0;
+  std::uint64_t bytes = 0;
+};
+
+/// Surveys the version in slot `version`. Raises tools::Error for an unsafe version text and a
+/// version folder that cannot be searched.
+[[nodiscard]] Survey SurveyVersion(const model::ModProject& project, std::int32_t version);
+
+/// Entry `number` as a build reads it. Raises tools::Error when a number does not fit its field.
+[[nodiscard]] model::ICFile ReadBuildEntry(const tools::SettingsFile& settings,
+                                           std::int32_t number);
+
+}  // namespace build
