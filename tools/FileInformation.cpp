@@ -1,0 +1,37 @@
+#include "tools/FileInformation.h"
+
+#include <fstream>
+
+#include "tools/Clock.h"
+#include "tools/Files.h"
+#include "tools/PeVersion.h"
+#include "tools/ReadStream.h"
+
+namespace tools {
+
+namespace {
+
+std::string VersionOf(std::string_view path) {
+  std::ifstream file = OpenForReading(path);
+  return PeVersionText([&file](std::uint64_t offset, std::size_t size) {
+    std::string bytes(size, '\0');
+    file.clear();
+    file.seekg(static_cast<std::streamoff>(offset));
+    file.read(bytes.data(), static_cast<std::streamsize>(size));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
+  });
+}
+
+}  // namespace
+
+FileInformation InformationOf(std::string_view path) {
+  FileInformation information;
+  information.exists = FileExists(path);
+  if (!information.exists) return information;
+  information.version = VersionOf(path);
+  information.dateTime = LocalDateTimeText(StampOf(path).modifiedNanoseconds);
+  return information;
+}
+
+}  // namespace tools

@@ -1,0 +1,22 @@
+// The version of a Windows program or library, read from the file's bytes alone.
+//
+// Sources: Microsoft's "PE Format" (headers, section table, resource directory) and "VERSIONINFO
+// resource" (VS_VERSIONINFO, VS_FIXEDFILEINFO).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace tools {
+
+/// Gives `size` bytes of a file from `offset` on; fewer (or none) where the file ends before.
+using ReadBytesAt = std::function<std::string(std::uint64_t offset, std::size_t size)>;
+
+/// The file version in the fixed part of a PE32 or PE32+ file's version resource, as its four
+/// numbers "1.2.3.4"; empty for a file of another kind, without that resource, or malformed.
+/// Whatever the bytes are, it asks for less than 3 MiB at a time and ends soon.
+[[nodiscard]] std::string PeVersionText(const ReadBytesAt& read);
+
+}  // namespace tools
