@@ -1,0 +1,38 @@
+#include <gtest/gtest.h>
+
+#include "tools/Disk.h"
+#include "tools/Files.h"
+#include "tools/Path.h"
+#include "tools/SpecialFolders.h"
+
+namespace tools {
+namespace {
+
+TEST(SpecialFoldersTest, KnowsItsFoldersAndNoOthers) {
+  for (const std::int32_t number :
+       {kDocumentsFolder, kUserDataFolder, kProfileFolder, kTemporaryFolder}) {
+    const std::string folder = SpecialFolder(number);
+    EXPECT_TRUE(IsAbsolutePath(folder)) << number;
+    EXPECT_FALSE(folder.size() > 3 && IsPathSeparator(folder.back())) << folder;
+  }
+  for (const std::int32_t number : {-1, 2001, 9999}) EXPECT_EQ(SpecialFolder(number), "");
+}
+
+TEST(SpecialFoldersTest, APrivateFolderIsGoneWithItsContents) {
+  std::string path;
+  {
+    const PrivateTemporaryFolder folder;
+    const PrivateTemporaryFolder other;
+    path = folder.Path();
+    EXPECT_NE(path, other.Path());
+    EXPECT_EQ(FolderOf(path), SpecialFolder(kTemporaryFolder));
+    const std::string inside = JoinPath(path, "PackwrightTemp");
+    MakeFolder(inside);
+    SystemDisk disk;
+    WriteTextFile(disk, JoinPath(inside, "1.txt"), "x", ReplacementFile::Durability::Cached);
+  }
+  EXPECT_FALSE(FolderExists(path));
+}
+
+}  // namespace
+}  // namespace tools

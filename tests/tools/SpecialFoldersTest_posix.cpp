@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tools/SpecialFolders.h"
+
+namespace tools {
+namespace {
+
+class XdgFoldersTest : public testing::Test {
+ protected:
+  XdgFoldersTest() {
+    setenv("HOME", folder_.Path().c_str(), 1);
+    unsetenv("XDG_CONFIG_HOME");
+    unsetenv("TMPDIR");
+  }
+  ~XdgFoldersTest() override { unsetenv("TMPDIR"); }
+
+  const tests::TemporaryFolder folder_;
+};
+
+TEST_F(XdgFoldersTest, DefaultsLieInTheHomeFolder) {
+  setenv("XDG_CONFIG_HOME", "relative/is/ignored", 1);
+  EXPECT_EQ(SpecialFolder(kProfileFolder), folder_.Path());
+  EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path(".config"));
+  EXPECT_EQ(SpecialFolder(kDocumentsFolder), folder_.Path());
+  EXPECT_EQ(SpecialFolder(kTemporaryFolder), "/tmp");
+}
+
+TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFile) {
+  const std::string config = folder_.MakeFolder("settings");
+  setenv("XDG_CONFIG_HOME", (config + "//").c_str(), 1);
+  EXPECT_EQ(SpecialFolder(kUserDataFolder), config);
+  folder_.Write("settings/user-dirs.dirs",
+                "# a comment\nXDG_DOCUMENTS_DIR_X=\"/wrong\"\n#XDG_DOCUMENTS_DIR=\"/wrong\"\n"
+                " XDG_DOCUMENTS_DIR=\"$HOME/Eigene \\\"Büro\\\"-Dateien/\"\n");
+  EXPECT_EQ(SpecialFolder(kDocumentsFolder), folder_.Path("Eigene \"Büro\"-Dateien"));
+  folder_.Write("settings/user-dirs.dirs",
+                "XDG_DOCUMENTS_DIR=\"relative\"\nXDG_DOCUMENTS_DIR=\"/srv/docs\"\n");
+  EXPECT_EQ(SpecialFolder(kDocumentsFolder), "/srv/docs");
+}
+
+TEST_F(XdgFoldersTest, OnlyItsUserMayEnterAPrivateFolder) {
+  setenv("TMPDIR", folder_.Path().c_str(), 1);
+  const PrivateTemporaryFolder temporary;
+  EXPECT_TRUE(temporary.Path().starts_with(folder_.Path("packwright-")));
+  struct stat status {};
+  ASSERT_EQ(stat(temporary.Path().c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0700U);
+}
+
+}  // namespace
+}  // namespace tools
