@@ -14,3 +14,7 @@ endfunction()
 
 packwright_find(libdeflate libdeflate.h deflate)
 packwright_find(utf8proc utf8proc.h utf8proc)
+if(WIN32)
+  # The cross-build links it statically; without this its header would import it from a DLL.
+  target_compile_definitions(utf8proc INTERFACE UTF8PROC_STATIC)
+endif()

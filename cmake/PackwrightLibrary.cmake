@@ -1,12 +1,23 @@
-# packwright_library(FOLDER [dependencies...]) makes the static library packwright_FOLDER from the
-# sources of the current folder. Files named *_win.cpp and *_posix.cpp are chosen by platform.
-function(packwright_library name)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+# packwright_sources(VARIABLE FOLDER...) sets VARIABLE to the C++ sources of the folders. Files named
+# *_win.cpp and *_posix.cpp are chosen by platform.
+function(packwright_sources variable)
+  set(sources)
+  foreach(folder IN LISTS ARGN)
+    file(GLOB found CONFIGURE_DEPENDS ${folder}/*.cpp)
+    list(APPEND sources ${found})
+  endforeach()
   if(WIN32)
     list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
   else()
     list(FILTER sources EXCLUDE REGEX "_win\\.cpp$")
   endif()
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
+# packwright_library(FOLDER [dependencies...]) makes the static library packwright_FOLDER from the
+# sources of the current folder.
+function(packwright_library name)
+  packwright_sources(sources ${CMAKE_CURRENT_SOURCE_DIR})
   add_library(packwright_${name} STATIC ${sources})
   target_link_libraries(packwright_${name} PUBLIC packwright_options ${ARGN})
 endfunction()

@@ -1,0 +1,10 @@
+#!/bin/sh
+# Installs what is missing, builds everything with its tests, and runs the tests. Arguments go to
+# ctest: ./test.sh -R Archive
+set -eu
+cd "$(dirname "$0")"
+
+packaging/debian-packages.sh build test
+cmake --preset release -DPACKWRIGHT_DESKTOP=OFF -DBUILD_TESTING=ON
+cmake --build --preset release
+ctest --preset release -j "$(nproc)" "$@"
