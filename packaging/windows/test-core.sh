@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../.."
 root=$PWD
 
 packaging/debian-packages.sh build windows
-mkdir -p out/windows
+mkdir -p out/windows/wine
 if ! packaging/windows/prefix.sh >out/windows/prefix.log 2>&1; then
   tail -n 50 out/windows/prefix.log >&2
   echo "The libraries for Windows cannot be built; all output is in out/windows/prefix.log" >&2
