@@ -1,0 +1,37 @@
+#include <gtest/gtest.h>
+
+#include "tools/Guid.h"
+#include "tools/Registry.h"
+#include "tools/WindowsApi.h"
+#include "tools/WindowsPath.h"
+
+namespace tools {
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(RegistryTest, TheSystemKeepsKeysAndValues) {
+  constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
+  const std::string key = "Software\\PackwrightTest-" + NewGuidText();
+  SystemDisk disk;
+  const auto registry = OpenSystemRegistry(disk);
+  EXPECT_EQ(registry->Read(kUser, key, "Autor", "none"), "none");
+  const std::string longText(3000, 'x');
+  registry->Write(kUser, key, "Autor", "Jürgen 漢");
+  registry->Write(kUser, key, "", "default");
+  registry->Write(kUser, key + "\\Öl\\a", "Lang", longText);
+  registry->Write(kUser, key + "\\b\\", "Lang", "");
+
+  EXPECT_EQ(registry->Read(kUser, "\\" + key + "\\", "AUTOR", ""), "Jürgen 漢");
+  EXPECT_EQ(registry->Read(kUser, key, "", ""), "default");
+  EXPECT_EQ(registry->Read(kUser, key + "\\öl\\a", "Lang", ""), longText);
+  EXPECT_EQ(registry->Read(kUser, key + "\\b", "Lang", "none"), "");
+  EXPECT_EQ(registry->SubkeyNames(kUser, key), (Names{"b", "Öl"}));
+  EXPECT_EQ(registry->ValueNames(kUser, key), (Names{"Autor"}));
+  EXPECT_EQ(registry->SubkeyNames(kUser, key + "\\missing"), (Names{}));
+  EXPECT_EQ(registry->SubkeyNames(RegistryRoot::DynData, ""), (Names{}));
+  EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, ToWide(key).c_str()), ERROR_SUCCESS);
+}
+
+}  // namespace
+}  // namespace tools

@@ -1,0 +1,68 @@
+#include "tools/WineRegistry.h"
+
+#include "tools/Error.h"
+#include "tools/Path.h"
+#include "tools/Text.h"
+
+namespace tools {
+
+namespace {
+
+constexpr const char* kDefaultUserFile = "userdef.reg";
+constexpr std::string_view kDefaultUserKey = ".Default";
+
+}  // namespace
+
+WineRegistry::WineRegistry(const std::string& prefixFolder) : folder_(prefixFolder) {}
+
+WineRegistry::Place WineRegistry::Locate(RegistryRoot root, std::string_view keyPath) {
+  keyPath = TrimKeyPath(keyPath);
+  switch (root) {
+    case RegistryRoot::LocalMachine:
+      return {"system.reg", std::string(keyPath)};
+    case RegistryRoot::ClassesRoot:
+      return {"system.reg", std::string("Software\\Classes\\").append(keyPath)};
+    case RegistryRoot::CurrentUser:
+      return {"user.reg", std::string(keyPath)};
+    case RegistryRoot::Users: {
+      const std::string_view user = keyPath.substr(0, keyPath.find('\\'));
+      if (!EqualIgnoringCase(user, kDefaultUserKey)) return {};
+      return {kDefaultUserFile, std::string(keyPath.substr(user.size()))};
+    }
+    default:
+      return {};
+  }
+}
+
+const WineRegistryFile& WineRegistry::Fetch(const std::string& fileName) {
+  CachedFile& file = files_[fileName];
+  const std::string path = JoinPath(folder_, fileName);
+  const FileStamp stamp = StampOf(path);
+  if (stamp == file.stamp) return file.keys;
+  file.stamp = stamp;
+  try {
+    file.keys = WineRegistryFile(stamp.exists ? ReadWholeFile(path) : std::string());
+  } catch (const Error&) {
+    // Browsing offers what is there; a file that cannot be read offers nothing.
+    file.keys = WineRegistryFile("");
+  }
+  return file.keys;
+}
+
+std::vector<std::string> WineRegistry::SubkeyNames(RegistryRoot root, std::string_view keyPath) {
+  if (root == RegistryRoot::Users && TrimKeyPath(keyPath).empty()) {
+    if (!FileExists(JoinPath(folder_, kDefaultUserFile))) return {};
+    return {std::string(kDefaultUserKey)};
+  }
+  const Place place = Locate(root, keyPath);
+  if (place.fileName.empty()) return {};
+  return Fetch(place.fileName).SubkeyNames(place.keyPath);
+}
+
+std::vector<std::string> WineRegistry::ValueNames(RegistryRoot root, std::string_view keyPath) {
+  const Place place = Locate(root, keyPath);
+  if (place.fileName.empty()) return {};
+  return Fetch(place.fileName).ValueNames(place.keyPath);
+}
+
+}  // namespace tools
