@@ -64,19 +64,22 @@ class Build {
     summary_.outputFolder = outputFolder_;
     if (outputFolder_.empty()) {
       ShowRefusal(model::LoadText(348), tools::kTextError);
-      return Stop(BuildOutcome::InvalidOutputFolder);
+      return Stop(BuildOutcome::InvalidOutputFolder, model::LoadText(348));
     }
     if (tools::FolderExists(outputFolder_) &&
         !tools::FindFiles(outputFolder_, "*.*", true).empty()) {
-      if (!MayEmptyOutputFolder()) return Stop(BuildOutcome::OutputFolderInUse);
-      if (!RemoveOutputFolder()) return Stop(BuildOutcome::OutputFolderStuck);
+      if (!MayEmptyOutputFolder()) {
+        return Stop(BuildOutcome::OutputFolderInUse, model::LoadText(349));
+      }
+      if (!RemoveOutputFolder()) return false;
     }
     tools::MakeFolder(outputFolder_);
     return true;
   }
 
-  bool Stop(BuildOutcome outcome) {
+  bool Stop(BuildOutcome outcome, std::string reason) {
     summary_.outcome = outcome;
+    summary_.reason = std::move(reason);
     return false;
   }
 
@@ -85,7 +88,7 @@ class Build {
     question.text = model::LoadText(349) + kLineBreak + kLineBreak + model::LoadText(350);
     question.caption = tools::StandardText(tools::kTextWarning);
     question.buttons = tools::MessageButtons::YesNo;
-    question.defaultAnswer = tools::MessageAnswer::Yes;
+    question.defaultAnswer = tools::MessageAnswer::No;
     return environment_.dialogs.ShowMessage(question) == tools::MessageAnswer::Yes;
   }
 
@@ -95,7 +98,7 @@ class Build {
       return true;
     } catch (const tools::Error& error) {
       ShowRefusal(error.what(), tools::kTextError);
-      return false;
+      return Stop(BuildOutcome::OutputFolderStuck, error.what());
     }
   }
 

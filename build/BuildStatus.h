@@ -31,6 +31,7 @@ enum class BuildOutcome {
 
 struct BuildSummary {
   BuildOutcome outcome = BuildOutcome::Finished;
+  std::string reason;  ///< why a build that did not reach its end was refused or stopped
   std::string outputFolder;
   std::uint64_t files = 0;     ///< files stored
   std::uint64_t bytesIn = 0;   ///< their size

@@ -12,6 +12,14 @@ function(packwright_find target header library)
                                              INTERFACE_INCLUDE_DIRECTORIES "${${target}_INCLUDE}")
 endfunction()
 
+# Header-only libraries; their headers are not held to this program's warnings.
+function(packwright_header_only target header)
+  find_path(${target}_INCLUDE ${header} REQUIRED)
+  mark_as_advanced(${target}_INCLUDE)
+  add_library(${target} INTERFACE)
+  target_include_directories(${target} SYSTEM INTERFACE "${${target}_INCLUDE}")
+endfunction()
+
 packwright_find(libdeflate libdeflate.h deflate)
 packwright_find(utf8proc utf8proc.h utf8proc)
 if(WIN32)

@@ -109,11 +109,15 @@ void ModProject::WriteComponentSetting(std::int32_t version, std::int32_t compon
 
 std::string ModProject::VersionFilePath(std::int32_t version) const {
   if (!IsOpen()) return {};
-  const std::string text = VersionString(version);
-  if (!IsSafeVersionText(text)) {
-    throw tools::Error("Die Versionsnummer kann kein Teil eines Ordnernamens sein: " + text);
+  return tools::JoinPath(VersionFolder(VersionString(version)), kVersionFileName);
+}
+
+std::string ModProject::VersionFolder(std::string_view versionText) const {
+  if (!IsSafeVersionText(versionText)) {
+    throw tools::Error(std::string("Die Versionsnummer kann kein Teil eines Ordnernamens sein: ")
+                           .append(versionText));
   }
-  return tools::JoinPath(tools::JoinPath(ProductFolder(), "Version " + text), "product.version");
+  return tools::JoinPath(ProductFolder(), std::string("Version ").append(versionText));
 }
 
 std::string ModProject::ComponentFilePath(std::int32_t version, std::int32_t component) const {

@@ -22,6 +22,8 @@ class ModProject {
   /// The file extension of products, without the dot, and the file format that this program reads.
   static constexpr std::string_view kProductExtension = "product";
   static constexpr std::string_view kFormatVersion = "1.0";
+  /// The name of a version's file in its folder.
+  static constexpr std::string_view kVersionFileName = "product.version";
 
   /// `settings` must outlive this object. No product is open.
   explicit ModProject(tools::SettingsStore& settings);
@@ -58,6 +60,9 @@ class ModProject {
   /// product's folder (see IsSafeVersionText).
   [[nodiscard]] std::string VersionFilePath(std::int32_t version) const;
   [[nodiscard]] std::string ComponentFilePath(std::int32_t version, std::int32_t component) const;
+
+  /// The folder of a version with this text.
+  [[nodiscard]] std::string VersionFolder(std::string_view versionText) const;
 
   [[nodiscard]] std::string ProductTitle() const;
   void SetProductTitle(std::string_view title);

@@ -23,6 +23,9 @@ void MakeFolder(std::string_view path);
 /// A folder that does not exist is fine. Raises Error naming the first path that stayed.
 void RemoveFolderTree(std::string_view path);
 
+/// Renames a folder, on the same volume; `to` must not exist. Raises Error.
+void MoveFolder(std::string_view from, std::string_view to);
+
 /// Deletes one file; a file that does not exist is fine. Raises Error.
 void DeleteFile(std::string_view path);
 

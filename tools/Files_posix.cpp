@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 
@@ -60,6 +61,11 @@ void RemoveFolderTree(std::string_view path) {
   std::error_code failure;
   std::filesystem::remove_all(ToPath(path), failure);
   if (failure) throw PathError("Der Ordner kann nicht gelöscht werden", path, failure);
+}
+
+void MoveFolder(std::string_view from, std::string_view to) {
+  if (::rename(std::string(from).c_str(), std::string(to).c_str()) == 0) return;
+  throw PathError("Der Ordner kann nicht umbenannt werden", from, LastSystemError());
 }
 
 void DeleteFile(std::string_view path) {

@@ -97,6 +97,11 @@ void RemoveFolderTree(std::string_view path) {
   }
 }
 
+void MoveFolder(std::string_view from, std::string_view to) {
+  if (MoveFileExW(LongPath(from).c_str(), LongPath(to).c_str(), 0) != 0) return;
+  throw PathError("Der Ordner kann nicht umbenannt werden", from, LastSystemError());
+}
+
 void DeleteFile(std::string_view path) {
   if (DeleteFileW(LongPath(path).c_str()) != 0) return;
   const DWORD error = GetLastError();

@@ -60,6 +60,12 @@ void SettingsStore::Write(const std::string& path, std::string_view section, std
   }
 }
 
+void SettingsStore::ReplaceFile(const std::string& path, const SettingsFile& content) {
+  const FolderLock lock(FolderOf(path));
+  WriteTextFile(disk_, path, content.Render(), ReplacementFile::Durability::Flushed);
+  if (entries_.contains(path)) Forget(path);
+}
+
 SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
   std::unique_ptr<Entry>& entry = entries_[path];
   const bool isNew = !entry;

@@ -36,6 +36,10 @@ class SettingsStore {
   void Write(const std::string& path, std::string_view section, std::string_view key,
              std::string_view value);
 
+  /// Makes `content` the whole file, whatever it held before. Raises Error; the file on disk is
+  /// then unchanged.
+  void ReplaceFile(const std::string& path, const SettingsFile& content);
+
   /// The file as it is now (pending writes of a batch included), for many reads of one consistent
   /// state. A missing or unreadable file reads as an empty one. Never null.
   [[nodiscard]] std::shared_ptr<const SettingsFile> Load(const std::string& path);

@@ -1,0 +1,68 @@
+// What an author does with products: create, open, close and save them, add and delete versions and
+// components. Each operation asks its questions, changes the files, and has the window follow.
+//
+// A refusal is a message box and leaves everything as it was. tools::Error of the storage ends an
+// operation and reaches the caller, except where a page fails to save.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/MainView.h"
+#include "model/ModProject.h"
+#include "model/NewProductForm.h"
+#include "model/OpenPages.h"
+#include "tools/Clock.h"
+#include "tools/Dialogs.h"
+
+namespace model {
+
+class ModProjectOperations {
+ public:
+  /// The references must outlive this object.
+  ModProjectOperations(ModProject& project, tools::Dialogs& dialogs, const tools::Clock& clock,
+                       NewProductForm& newProductForm);
+
+  /// The window and its pages, which are made after this object and call it. Call before any other
+  /// operation; both must outlive this object's use.
+  void Connect(MainView& view, OpenPages& pages);
+
+  /// True when a product was created and opened.
+  bool NewProduct();
+  /// Opens the product file, asking for one when `path` is empty. True when it is now open.
+  bool OpenProduct(const std::string& path);
+  /// Closes the product; with `ask`, warns first when pages hold changes. False when the user
+  /// cancelled.
+  bool CloseProduct(bool ask);
+  /// Applies every page, in order. A page that fails is reported and counts as saved all the same.
+  void SaveAllPages();
+  /// True when some page holds changes.
+  [[nodiscard]] bool IsDirty() const;
+
+  /// The slot of the highest version, 0 when there is none; of equal ones the first.
+  [[nodiscard]] std::int32_t LatestVersion() const;
+  void AddVersion();
+  void DeleteVersion(std::int32_t version);
+  void AddComponent(std::int32_t version);
+  void DeleteComponent(std::int32_t version, std::int32_t component);
+
+ private:
+  tools::MessageAnswer Ask(const std::string& text, const std::string& caption,
+                           tools::MessageButtons buttons, tools::MessageAnswer defaultAnswer);
+  void Refuse(const std::string& text, const std::string& caption);
+  bool CreateProduct(const model::NewProduct& product);
+  [[nodiscard]] std::string AskForProductFile();
+  [[nodiscard]] std::string NextVersionText(std::int32_t latest) const;
+  [[nodiscard]] bool VersionExists(const std::string& version) const;
+  void CreateVersion(const std::string& version, std::int32_t latest);
+  bool ConfirmDeletion();
+
+  ModProject& project_;
+  tools::Dialogs& dialogs_;
+  const tools::Clock& clock_;
+  NewProductForm& newProductForm_;
+  MainView* view_ = nullptr;
+  OpenPages* pages_ = nullptr;
+};
+
+}  // namespace model

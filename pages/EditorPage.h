@@ -1,0 +1,50 @@
+// The contract of every editor page.
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "model/OpenPages.h"
+#include "pages/PageHost.h"
+
+namespace pages {
+
+/// A page shows and edits one aspect of the selected node. It keeps its state itself between
+/// ReadSettings and ApplyChanges, and reads and writes through its host only.
+class EditorPage : public QWidget, public model::OpenPage {
+  Q_OBJECT
+
+ public:
+  explicit EditorPage(QWidget* parent) : QWidget(parent) {}
+
+  /// The tab's caption.
+  [[nodiscard]] virtual std::string Title() const = 0;
+  /// The page's capability of that number; no page has any.
+  [[nodiscard]] virtual int GetCaps(int /*capability*/) const { return 0; }
+  /// Loads the controls from the settings.
+  virtual void ReadSettings() = 0;
+  /// Shows the page's help; no page has any.
+  virtual void DisplayHelp() {}
+
+  /// The host must outlive the page.
+  void SetHost(PageHost* host) { host_ = host; }
+
+  /// Writes the page's state in one replacement of the settings file, then counts as unchanged.
+  void ApplyChanges() final;
+  [[nodiscard]] bool IsDirty() const override { return dirty_; }
+  void SetDirty(bool dirty) override { dirty_ = dirty; }
+
+ protected:
+  /// Writes the page's state through the host. Raises tools::Error.
+  virtual void WriteSettings() = 0;
+
+  [[nodiscard]] PageHost* Host() const { return host_; }
+  /// Passes a hint to the host, if there is one.
+  void StatusTextChanged(const std::string& text);
+
+ private:
+  PageHost* host_ = nullptr;
+  bool dirty_ = false;
+};
+
+}  // namespace pages

@@ -1,0 +1,95 @@
+// Feeds damaged settings files to the parser:
+//
+//   settings_fuzz [INPUTS] [SEED]
+//
+// Each input is a small settings file with random damage. It must be kept byte for byte, a value
+// written into it must be read back from what is rendered, and everything else must stay as it was.
+// The same numbers give the same inputs; a broken rule prints the input and ends with 1.
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <random>
+#include <string>
+
+#include "tools/Error.h"
+#include "tools/SettingsFile.h"
+
+namespace {
+
+using tools::SettingsFile;
+
+constexpr const char* kPieces[] = {"[A]",   "[a]",          "[B]\n", "\n",  "\r\n", "\r",     "=",
+                                   "k=v\n", "K = w ",       "\"",    "; c", " ",    "\t",     "[",
+                                   "]",     "\xEF\xBB\xBF", "\xFF",  "ü",   "k",    "=\"x\"", "[]",
+                                   "x=\"",  "k2=1\r\n",     "==",    "漢"};
+
+class Generator {
+ public:
+  explicit Generator(std::uint64_t seed) : random_(seed) {}
+
+  std::string Input() {
+    std::string input;
+    for (std::uint64_t pieces = Below(40); pieces > 0; --pieces) input += Piece();
+    for (std::uint64_t damage = Below(4); damage > 0 && !input.empty(); --damage) {
+      input[Below(input.size())] = static_cast<char>(Below(256));
+    }
+    return input;
+  }
+
+  std::string Value() { return Piece() + Piece(); }
+
+  const char* Section() { return Below(2) == 0 ? "A" : "Neu"; }
+  const char* Key() { return Below(2) == 0 ? "k" : "k3"; }
+
+ private:
+  std::uint64_t Below(std::uint64_t limit) { return random_() % limit; }
+
+  std::string Piece() {
+    if (Below(10) == 0) return std::string(1, static_cast<char>(Below(256)));
+    return kPieces[Below(std::size(kPieces))];
+  }
+
+  std::mt19937_64 random_;
+};
+
+/// The name of the rule that this input breaks; empty when it keeps them all.
+std::string BrokenRule(const std::string& input, Generator& generator) {
+  SettingsFile file(input);
+  const std::string before = file.Render();
+  if (before.substr(0, input.size()) != input) return "content is kept";
+  if (before.size() > input.size() + 2) return "only a line end is added";
+
+  const std::string section = generator.Section();
+  const std::string key = generator.Key();
+  const std::string value = generator.Value();
+  const std::string other = file.Read("B", "k2", "default");
+  try {
+    file.Write(section, key, value);
+  } catch (const tools::Error&) {
+    return file.Render() == before ? "" : "a refused write changes nothing";
+  }
+  if (file.Read(section, key, "") != value) return "a write is visible at once";
+  const SettingsFile again(file.Render());
+  if (again.Read(section, key, "") != value) return "a write is read back";
+  if (again.Read("B", "k2", "default") != other) return "other values stay";
+  if (again.Render() != file.Render()) return "what was rendered is kept";
+  return {};
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::uint64_t inputs = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 20'000;
+  const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
+  Generator generator(seed);
+  for (std::uint64_t i = 0; i < inputs; ++i) {
+    const std::string input = generator.Input();
+    const std::string rule = BrokenRule(input, generator);
+    if (rule.empty()) continue;
+    std::cout << "input " << i << " of seed " << seed << " breaks: " << rule << "\n"
+              << input << "\n";
+    return 1;
+  }
+  std::cout << inputs << " inputs of seed " << seed << " kept every rule\n";
+  return 0;
+}
