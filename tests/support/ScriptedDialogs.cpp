@@ -66,7 +66,8 @@ std::string ScriptedDialogs::TextAnswer(const std::string& kind, const std::stri
 }
 
 std::string ScriptedDialogs::InputBox(const std::string& prompt, const std::string& /*title*/,
-                                      const std::string& /*defaultText*/) {
+                                      const std::string& defaultText) {
+  lastDefaultText_ = defaultText;
   return TextAnswer("input box", prompt);
 }
 

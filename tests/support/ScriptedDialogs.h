@@ -30,6 +30,8 @@ class ScriptedDialogs : public tools::Dialogs {
 
   /// Every message box shown so far, questions included, in their order.
   [[nodiscard]] const std::vector<tools::Message>& Messages() const { return messages_; }
+  /// The default text of the input box shown last.
+  [[nodiscard]] const std::string& LastDefaultText() const { return lastDefaultText_; }
   /// The texts of every busy notice shown so far.
   [[nodiscard]] const std::vector<std::string>& Notices() const { return notices_; }
   /// How many busy notices have not been withdrawn.
@@ -60,6 +62,7 @@ class ScriptedDialogs : public tools::Dialogs {
 
   std::deque<Expectation> expected_;
   std::vector<tools::Message> messages_;
+  std::string lastDefaultText_;
   std::vector<std::string> notices_;
   std::vector<tools::Progress> progress_;
   std::set<int> openNotices_;
