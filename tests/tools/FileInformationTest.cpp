@@ -1,9 +1,8 @@
-#include "tools/FileInformation.h"
-
 #include <gtest/gtest.h>
 
 #include "tests/support/TemporaryFolder.h"
 #include "tools/Clock.h"
+#include "tools/FileInformation.h"
 #include "tools/Files.h"
 
 namespace tools {

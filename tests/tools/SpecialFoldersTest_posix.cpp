@@ -10,12 +10,12 @@ namespace {
 
 class XdgFoldersTest : public testing::Test {
  protected:
-  XdgFoldersTest() {
+  void SetUp() override {
     setenv("HOME", folder_.Path().c_str(), 1);
     unsetenv("XDG_CONFIG_HOME");
     unsetenv("TMPDIR");
   }
-  ~XdgFoldersTest() override { unsetenv("TMPDIR"); }
+  void TearDown() override { unsetenv("TMPDIR"); }
 
   const tests::TemporaryFolder folder_;
 };
