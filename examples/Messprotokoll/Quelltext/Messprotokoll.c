@@ -73,8 +73,8 @@ static void ShowSeries(const wchar_t* path) {
                                       : 0;
   wchar_t report[512];
   _snwprintf(report, 511,
-             L"Werte:\t\t%ld\nMittelwert:\t%.4g\nStreuung:\t\t%.3g\nKleinster Wert:\t%.4g\n"
-             L"Größter Wert:\t%.4g",
+             L"Werte:\t\t%ld\nMittelwert:\t%.8g\nStreuung:\t%.3g\nKleinster Wert:\t%.8g\n"
+             L"Größter Wert:\t%.8g",
              summary.count, mean, variance > 0 ? sqrt(variance) : 0, summary.smallest,
              summary.largest);
   report[511] = 0;
