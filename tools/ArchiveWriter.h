@@ -7,16 +7,19 @@
 #include <string>
 #include <string_view>
 
-#include "tools/Dialogs.h"
 #include "tools/Disk.h"
 
 namespace tools {
 
-/// The writer's three numeric options.
+/// The writer's three numeric options. Values outside their range become the nearest in it.
 struct ArchiveOptions {
-  int blockMegabytes = 3;  ///< files above this size are cut into blocks of it (MiB), 1 to 8
-  int level = 12;          ///< placeholder, see the implementation's documentation
-  int threads = 0;         ///< worker threads; 0 takes one for each processor
+  /// Files above this size are cut into blocks of it, which are packed side by side; MiB, 1 to 8.
+  int blockMegabytes = 3;
+  /// Half a step of libdeflate's levels each: 2 is the fastest, 24 the smallest. 12, which is level
+  /// 6, makes smaller archives than common zip programs do at their default; one level more costs
+  /// a third more time and gains half a percent.
+  int effort = 12;
+  int threads = 0;  ///< worker threads, up to 64; 0 takes one for each processor
 };
 
 /// What an archive has come to.
@@ -27,12 +30,17 @@ struct ArchiveTotals {
 };
 
 /// Writes members in the order they are added, deflated (stored where that is not smaller), so that
-/// unchanged sources give the same bytes. Files are read and compressed by worker threads that live
-/// inside the writer; memory is bounded by block size and processors. The archive takes its place
-/// only when Finish has succeeded: until then, and after any failure, the path is as it was.
+/// unchanged sources give the same bytes, whatever the number of threads. Files are read,
+/// compressed and written by worker threads that live inside the writer, while the caller goes on;
+/// memory is bounded by block size and threads. The archive takes its place only when Finish has
+/// succeeded: until then, and after any failure, the path is as it was.
+///
+/// A source may change between AddFile and Finish: a file of up to one block becomes the member
+/// that it is when it is read; a change of a larger one, or growth beyond one block, is an Error.
 class ArchiveWriter {
  public:
-  /// Called on the caller's own thread as members are written; may raise an error to stop.
+  /// Called on the caller's own thread, inside AddFile and Finish, when members have been written;
+  /// may raise an error to stop.
   using ProgressCallback = std::function<void(const ArchiveTotals& soFar)>;
 
   /// `disk` must outlive the writer. Raises Error when the archive cannot be created.
@@ -43,12 +51,13 @@ class ArchiveWriter {
   ArchiveWriter(const ArchiveWriter&) = delete;
   ArchiveWriter& operator=(const ArchiveWriter&) = delete;
 
-  /// Queues one file as member `memberName`; it may be read at any time until Finish returns.
-  /// Blocks while the queue is full. Raises Error (also for members queued before).
+  /// Queues one file as member `memberName` ("/" separates folders); it may be read at any time
+  /// until Finish returns. Blocks while the queue is full. Raises Error naming the path when the
+  /// file cannot be read; also for a member queued before, and then in all later calls.
   void AddFile(const std::string& sourcePath, const std::string& memberName);
 
   /// Queues the files of a folder that match a pattern, each under its own name at the top level,
-  /// in the order of FindFiles.
+  /// in the order of FindFiles. Raises Error.
   void AddPattern(std::string_view folder, std::string_view pattern);
 
   /// Writes what is queued and the directory, and puts the archive in its place. Raises Error.

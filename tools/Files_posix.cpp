@@ -11,6 +11,7 @@
 
 #include "tools/Error.h"
 #include "tools/FileHandle_posix.h"
+#include "tools/FileStamp_posix.h"
 #include "tools/Files.h"
 #include "tools/FolderListing.h"
 #include "tools/Path.h"
@@ -76,13 +77,7 @@ void DeleteFile(std::string_view path) {
 FileStamp StampOf(std::string_view path) {
   struct stat status {};
   if (!StatusOf(path, status)) return {};
-  constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
-  return {
-      .exists = true,
-      .size = static_cast<std::uint64_t>(status.st_size),
-      .modifiedNanoseconds = status.st_mtim.tv_sec * kNanosecondsPerSecond + status.st_mtim.tv_nsec,
-      .device = status.st_dev,
-      .identity = status.st_ino};
+  return StampFrom(status);
 }
 
 std::string ReadWholeFile(std::string_view path) {

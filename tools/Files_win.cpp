@@ -2,6 +2,7 @@
 
 #include "tools/Error.h"
 #include "tools/FileHandle_win.h"
+#include "tools/FileStamp_win.h"
 #include "tools/Files.h"
 #include "tools/FolderListing.h"
 #include "tools/Path.h"
@@ -63,10 +64,6 @@ bool RemoveTree(const std::wstring& path, DWORD attributes) {
   return RemoveDirectoryW(path.c_str()) != 0;
 }
 
-std::uint64_t Join(DWORD high, DWORD low) {
-  return (static_cast<std::uint64_t>(high) << 32U) | low;
-}
-
 }  // namespace
 
 bool FileExists(std::string_view path) {
@@ -116,15 +113,7 @@ FileStamp StampOf(std::string_view path) {
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   BY_HANDLE_FILE_INFORMATION information{};
   if (!file.IsOpen() || GetFileInformationByHandle(file.Get(), &information) == 0) return {};
-  // FILETIME counts 100 ns steps since 1601-01-01.
-  constexpr std::int64_t kStepsTo1970 = 116'444'736'000'000'000;
-  const std::uint64_t steps =
-      Join(information.ftLastWriteTime.dwHighDateTime, information.ftLastWriteTime.dwLowDateTime);
-  return {.exists = true,
-          .size = Join(information.nFileSizeHigh, information.nFileSizeLow),
-          .modifiedNanoseconds = (static_cast<std::int64_t>(steps) - kStepsTo1970) * 100,
-          .device = information.dwVolumeSerialNumber,
-          .identity = Join(information.nFileIndexHigh, information.nFileIndexLow)};
+  return StampFrom(information);
 }
 
 std::string ReadWholeFile(std::string_view path) {

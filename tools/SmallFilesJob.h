@@ -1,0 +1,36 @@
+// Packs some small files in one go, so that thousands of them do not cost a hand-over each.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tools/ArchiveAssembler.h"
+#include "tools/MemberPacker.h"
+#include "tools/OrderedJob.h"
+
+namespace tools {
+
+class SmallFilesJob : public OrderedJob {
+ public:
+  /// `assembler` must outlive the job.
+  explicit SmallFilesJob(ArchiveAssembler& assembler) : assembler_(assembler) {}
+
+  /// Adds a file that is no larger than a block.
+  void Add(ArchiveSource source);
+  /// True when the files are enough to be worth a thread's while.
+  [[nodiscard]] bool IsFull() const;
+
+  [[nodiscard]] std::size_t HeldBytes() const override;
+  void Run(MemberPacker& packer, const std::stop_token& stop) override;
+  void Deliver(const std::stop_token& stop) override;
+
+ private:
+  ArchiveAssembler& assembler_;
+  std::vector<ArchiveSource> sources_;
+  std::size_t heldBytes_ = 0;
+  std::string packed_;
+  std::vector<ZipMember> members_;
+};
+
+}  // namespace tools

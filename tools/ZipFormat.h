@@ -1,0 +1,49 @@
+// The records of a zip archive as bytes. Layouts and numbers follow PKWARE's APPNOTE.TXT 6.3.9; the
+// section of each is named beside it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tools {
+
+/// Section 4.4.5.
+enum class ZipMethod : std::uint16_t { Stored = 0, Deflated = 8 };
+
+/// What the local header and the central record tell about one member.
+struct ZipMember {
+  std::string name;  ///< at most kZipNameBytes; "/" separates folders
+  ZipMethod method = ZipMethod::Stored;
+  std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
+  std::uint32_t crc32 = 0;               ///< of the source's bytes
+  std::uint64_t sourceBytes = 0;
+  std::uint64_t storedBytes = 0;
+  std::uint64_t headerOffset = 0;  ///< of the local header in the archive
+};
+
+inline constexpr std::size_t kZipNameBytes = 0xFFFF;
+
+/// True when the member's sizes need the Zip64 form. The local header is then longer, so that this
+/// must be settled before the header is written; sizes put in later must not change it.
+[[nodiscard]] bool NeedsZip64(const ZipMember& member);
+
+/// Section 4.3.7 with 4.5.3, without a data descriptor: sizes and checksum stand in the header.
+/// Its length depends on the name and on NeedsZip64 only.
+[[nodiscard]] std::string LocalHeader(const ZipMember& member);
+
+/// Appends a record of the central directory (4.3.12 with 4.5.3).
+void AppendCentralRecord(std::string& directory, const ZipMember& member);
+
+/// The end of the central directory (4.3.16), behind its Zip64 form (4.3.14, 4.3.15) where the
+/// values ask for that.
+[[nodiscard]] std::string DirectoryEnd(std::uint64_t members, std::uint64_t directoryBytes,
+                                       std::uint64_t directoryOffset);
+
+/// Date (upper half) and time (lower half) in MS-DOS form (4.4.6), in steps of two seconds. It is
+/// UTC: a zone's local time would make the archive's bytes depend on the machine. Times outside
+/// 1980 to 2107 become the nearest one that the form can hold.
+[[nodiscard]] std::uint32_t DosDateTime(std::int64_t nanosecondsSince1970);
+
+}  // namespace tools
