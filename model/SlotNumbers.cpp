@@ -9,10 +9,19 @@ namespace {
 
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
+bool SameAscii(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+}
+
 bool StartsWithWord(std::string_view name, std::string_view word) {
-  return name.size() > word.size() &&
-         std::equal(word.begin(), word.end(), name.begin(),
-                    [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+  return name.size() > word.size() && SameAscii(name.substr(0, word.size()), word);
+}
+
+std::string_view WithoutEnding(std::string_view name, std::string_view ending) {
+  if (name.size() < ending.size()) return {};
+  const std::size_t rest = name.size() - ending.size();
+  return SameAscii(name.substr(rest), ending) ? name.substr(0, rest) : std::string_view();
 }
 
 // The section name or key that a line of a settings file begins with.
@@ -35,11 +44,12 @@ std::int32_t SlotNumberOf(std::string_view name, std::string_view word) {
 }
 
 std::vector<std::int32_t> SlotsNamedIn(std::string_view settingsText, std::string_view word,
-                                       std::int32_t count) {
+                                       std::int32_t count, std::string_view ending) {
   std::vector<std::int32_t> slots;
   while (!settingsText.empty()) {
     const std::size_t end = std::min(settingsText.find('\n'), settingsText.size());
-    slots.push_back(SlotNumberOf(NameOfLine(settingsText.substr(0, end)), word));
+    const std::string_view name = NameOfLine(settingsText.substr(0, end));
+    slots.push_back(SlotNumberOf(WithoutEnding(name, ending), word));
     settingsText.remove_prefix(std::min(end + 1, settingsText.size()));
   }
   return OrderedSlots(std::move(slots), count);

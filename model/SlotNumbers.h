@@ -17,9 +17,11 @@ inline constexpr std::int32_t kCheapSlotCount = 10000;
 [[nodiscard]] std::int32_t SlotNumberOf(std::string_view name, std::string_view word);
 
 /// The slots from 1 to `count`, ascending, that could have a key or a section named `word` and the
-/// slot number in the settings file with this text. Every slot that has one is among them.
+/// slot number, followed by `ending`, in the settings file with this text. Every slot that has one
+/// is among them.
 [[nodiscard]] std::vector<std::int32_t> SlotsNamedIn(std::string_view settingsText,
-                                                     std::string_view word, std::int32_t count);
+                                                     std::string_view word, std::int32_t count,
+                                                     std::string_view ending = {});
 
 /// `slots` ascending, each once, without those outside 1 to `count`.
 [[nodiscard]] std::vector<std::int32_t> OrderedSlots(std::vector<std::int32_t> slots,

@@ -1,0 +1,52 @@
+#include "model/FileEntries.h"
+
+#include <utility>
+
+#include "model/FileEntryFields.h"
+#include "tools/Error.h"
+
+namespace model {
+
+const ICFile* FileEntries::Find(std::string_view id) const {
+  const auto found = byId_.find(id);
+  return found == byId_.end() ? nullptr : &*found->second;
+}
+
+void FileEntries::Add(ICFile entry) {
+  if (byId_.contains(entry.ID)) {
+    throw tools::Error("Es gibt bereits einen Dateieintrag mit dieser GUID: \"" + entry.ID + "\"");
+  }
+  entries_.push_back(std::move(entry));
+  byId_.emplace(entries_.back().ID, std::prev(entries_.end()));
+}
+
+void FileEntries::Remove(std::string_view id) {
+  const auto found = byId_.find(id);
+  if (found == byId_.end()) return;
+  const auto entry = found->second;
+  byId_.erase(found);
+  entries_.erase(entry);
+}
+
+void FileEntries::SetField(std::string_view id, std::string_view fieldName, std::string_view text) {
+  const auto found = byId_.find(id);
+  if (found != byId_.end()) SetFileEntryField(*found->second, fieldName, text);
+}
+
+FileEntries ReadFileEntries(const SettingReader& read) {
+  const std::int32_t count = ReadFileCount(read);
+  FileEntries entries;
+  // A count far beyond the entries there are ends at the second missing one: both have no ID.
+  for (std::int32_t number = 1; number <= count; ++number) {
+    entries.Add(ReadFileEntry(read, number, kEditorDefaultType));
+  }
+  return entries;
+}
+
+void WriteFileEntries(const SettingWriter& write, const FileEntries& entries) {
+  WriteFileCount(write, static_cast<std::int32_t>(entries.Count()));
+  std::int32_t number = 0;
+  for (const ICFile& entry : entries) WriteFileEntry(write, ++number, entry);
+}
+
+}  // namespace model
