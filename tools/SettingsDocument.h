@@ -6,7 +6,7 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,6 +25,18 @@ struct AsciiCaseHash {
 };
 struct AsciiCaseEqual {
   bool operator()(std::string_view a, std::string_view b) const;
+};
+
+/// Keeps pieces of text at fixed addresses, many to an allocation.
+class TextArena {
+ public:
+  /// Room for `size` characters that stays as long as the arena.
+  [[nodiscard]] char* Allocate(std::size_t size);
+
+ private:
+  std::vector<std::unique_ptr<char[]>> blocks_;
+  char* free_ = nullptr;
+  std::size_t freeSize_ = 0;
 };
 
 class SettingsFile::Document {
@@ -67,24 +79,29 @@ class SettingsFile::Document {
 
   void Parse();
   void AddLine(std::string_view text);
+  void IndexSections();
   [[nodiscard]] static Line MakeLine(std::string_view text);
   [[nodiscard]] static std::string_view ValueOf(const Line& line);
   [[nodiscard]] static std::optional<std::size_t> FindLine(const Section& section,
                                                            std::string_view key);
+  /// The first section of that name; remembers it, because the next search is mostly for it too.
+  [[nodiscard]] const Section* FindSection(std::string_view name) const;
+  /// Makes the section that is written to the last one found, adding it where it is missing.
   [[nodiscard]] Section& SectionForWriting(std::string_view name);
   /// Adds a line at the section's end and returns its position, which stays: only blank lines are
   /// ever moved.
   [[nodiscard]] static std::uint32_t InsertKey(Section& section, const Line& line);
-  [[nodiscard]] std::string_view Keep(std::string text);
+  /// The pieces joined, at a fixed address.
+  [[nodiscard]] std::string_view Keep(std::initializer_list<std::string_view> pieces);
 
   std::string content_;
   std::string_view lineEnd_ = "\n";
-  std::deque<std::string> added_;  ///< text of lines that were written, at fixed addresses
+  TextArena added_;  ///< text of lines that were written
   std::vector<Section> sections_;
   NameIndex sectionIndex_;
   /// Section and line of each write that is to be repeated.
   std::vector<std::pair<std::uint32_t, std::uint32_t>> written_;
-  std::uint32_t lastWritten_ = 0;  ///< section of the last Write: the next one is mostly there too
+  mutable std::uint32_t lastFound_ = 0;
 };
 
 }  // namespace tools

@@ -30,18 +30,19 @@ void Refuse(bool refused, const char* why, std::string_view text) {
   if (refused) throw Error(std::string(why).append(": ").append(text.substr(0, 200)));
 }
 
-void CheckName(std::string_view name, const char* why) {
-  Refuse(name.empty() || name.size() != TrimBlanks(name).size() ||
-             name.find_first_of("\r\n") != std::string_view::npos,
-         why, name);
+bool HasLineBreak(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; });
 }
 
-std::string Encoded(std::string_view value) {
-  const bool quoted = !value.empty() && (IsBlank(value.front()) || IsBlank(value.back()) ||
-                                         value.front() == '"' || value.back() == '"');
-  std::string text(value);
-  if (quoted) text.insert(0, 1, '"').push_back('"');
-  return text;
+void CheckName(std::string_view name, const char* why) {
+  Refuse(name.empty() || IsBlank(name.front()) || IsBlank(name.back()) || HasLineBreak(name), why,
+         name);
+}
+
+/// True for a value that only survives between double quotes.
+bool NeedsQuotes(std::string_view value) {
+  return !value.empty() && (IsBlank(value.front()) || IsBlank(value.back()) ||
+                            value.front() == '"' || value.back() == '"');
 }
 
 }  // namespace
@@ -56,9 +57,24 @@ std::size_t AsciiCaseHash::operator()(std::string_view text) const {
 }
 
 bool AsciiCaseEqual::operator()(std::string_view a, std::string_view b) const {
-  return a.size() == b.size() &&
-         (a == b || std::equal(a.begin(), a.end(), b.begin(),
-                               [](char x, char y) { return LowerAscii(x) == LowerAscii(y); }));
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i] != b[i] && LowerAscii(a[i]) != LowerAscii(b[i])) return false;
+  }
+  return true;
+}
+
+char* TextArena::Allocate(std::size_t size) {
+  constexpr std::size_t kBlockBytes = std::size_t{64} << 10U;
+  if (size > freeSize_) {
+    freeSize_ = std::max(size, kBlockBytes);
+    // Not initialized: every character is written before it is read.
+    free_ = blocks_.emplace_back(new char[freeSize_]).get();
+  }
+  char* const room = free_;
+  free_ += size;
+  freeSize_ -= size;
+  return room;
 }
 
 SettingsFile::Document::Document(std::string content) : content_(std::move(content)) {
@@ -86,23 +102,37 @@ void SettingsFile::Document::Parse() {
     AddLine(rest.substr(0, size));
     rest.remove_prefix(size);
   }
+  IndexSections();
+}
+
+void SettingsFile::Document::IndexSections() {
+  sectionIndex_.reserve(sections_.size());
+  for (std::size_t i = 1; i < sections_.size(); ++i) {
+    // The first of two sections of one name counts.
+    sectionIndex_.emplace(sections_[i].name, static_cast<std::uint32_t>(i));
+  }
 }
 
 void SettingsFile::Document::AddLine(std::string_view text) {
-  const std::string_view trimmed = TrimBlanks(WithoutLineEnd(text));
-  if (trimmed.size() >= 2 && trimmed.front() == '[' && trimmed.back() == ']') {
-    const std::string_view name = TrimBlanks(trimmed.substr(1, trimmed.size() - 2));
-    sections_.emplace_back().name = name;
-    // The first of two sections of one name counts.
-    sectionIndex_.emplace(name, static_cast<std::uint32_t>(sections_.size() - 1));
+  const Line line = MakeLine(text);
+  if (line.keySize == 0) {
+    const std::string_view trimmed = TrimBlanks(WithoutLineEnd(text));
+    if (trimmed.size() >= 2 && trimmed.front() == '[' && trimmed.back() == ']') {
+      // Sections mostly have as many lines as the one before.
+      const std::size_t likelySize = sections_.back().lines.size();
+      Section& section = sections_.emplace_back();
+      section.name = TrimBlanks(trimmed.substr(1, trimmed.size() - 2));
+      section.lines.reserve(std::min(likelySize, kMostLinesWithoutIndex));
+    }
   }
-  sections_.back().lines.push_back(MakeLine(text));
+  sections_.back().lines.push_back(line);
 }
 
 SettingsFile::Document::Line SettingsFile::Document::MakeLine(std::string_view text) {
   Line line{.text = text.data(), .size = static_cast<std::uint32_t>(text.size())};
-  const std::size_t begin = text.find_first_not_of(" \t");
-  if (begin == std::string_view::npos || text[begin] == ';' || text[begin] == '[') return line;
+  std::size_t begin = 0;
+  while (begin < text.size() && IsBlank(text[begin])) ++begin;
+  if (begin == text.size() || text[begin] == ';' || text[begin] == '[') return line;
   const std::size_t equals = text.find('=', begin);
   if (equals == std::string_view::npos || equals == begin) return line;
   std::size_t end = equals;
@@ -126,7 +156,8 @@ std::optional<std::size_t> SettingsFile::Document::FindLine(const Section& secti
   const std::vector<Line>& lines = section.lines;
   if (lines.size() <= kMostLinesWithoutIndex) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
-      if (lines[i].keySize != 0 && AsciiCaseEqual()(lines[i].Key(), key)) return i;
+      // A line without a key has an empty one, and nobody asks for that.
+      if (lines[i].keySize == key.size() && AsciiCaseEqual()(lines[i].Key(), key)) return i;
     }
     return std::nullopt;
   }
@@ -146,12 +177,21 @@ std::optional<std::size_t> SettingsFile::Document::FindLine(const Section& secti
 
 std::optional<std::string_view> SettingsFile::Document::Find(std::string_view section,
                                                              std::string_view key) const {
-  const auto found = sectionIndex_.find(section);
-  if (found == sectionIndex_.end()) return std::nullopt;
-  const Section& place = sections_[found->second];
-  const std::optional<std::size_t> line = FindLine(place, key);
+  const Section* const place = FindSection(section);
+  if (place == nullptr || key.empty()) return std::nullopt;
+  const std::optional<std::size_t> line = FindLine(*place, key);
   if (!line) return std::nullopt;
-  return ValueOf(place.lines[*line]);
+  return ValueOf(place->lines[*line]);
+}
+
+const SettingsFile::Document::Section* SettingsFile::Document::FindSection(
+    std::string_view name) const {
+  if (lastFound_ == 0 || !AsciiCaseEqual()(sections_[lastFound_].name, name)) {
+    const auto found = sectionIndex_.find(name);
+    if (found == sectionIndex_.end()) return nullptr;
+    lastFound_ = found->second;
+  }
+  return &sections_[lastFound_];
 }
 
 bool SettingsFile::Document::Write(std::string_view section, std::string_view key,
@@ -160,16 +200,16 @@ bool SettingsFile::Document::Write(std::string_view section, std::string_view ke
   CheckName(key, "Ungültiger Schlüsselname in den Einstellungen");
   Refuse(key.find('=') != std::string_view::npos || key.front() == ';' || key.front() == '[',
          "Ungültiger Schlüsselname in den Einstellungen", key);
-  Refuse(value.find_first_of("\r\n") != std::string_view::npos,
-         "Ein Wert der Einstellungen darf keinen Zeilenumbruch enthalten", value);
+  Refuse(HasLineBreak(value), "Ein Wert der Einstellungen darf keinen Zeilenumbruch enthalten",
+         value);
 
   Section& place = SectionForWriting(section);
   const std::optional<std::size_t> found = FindLine(place, key);
   if (found && ValueOf(place.lines[*found]) == value) return false;
 
-  std::string text(found ? place.lines[*found].Key() : key);
-  text.append("=").append(Encoded(value)).append(lineEnd_);
-  const Line line = MakeLine(Keep(std::move(text)));
+  const std::string_view quote = NeedsQuotes(value) ? "\"" : "";
+  const std::string_view name = found ? place.lines[*found].Key() : key;
+  const Line line = MakeLine(Keep({name, "=", quote, value, quote, lineEnd_}));
   std::uint32_t position = 0;
   if (found) {
     position = static_cast<std::uint32_t>(*found);
@@ -177,27 +217,24 @@ bool SettingsFile::Document::Write(std::string_view section, std::string_view ke
   } else {
     position = InsertKey(place, line);
   }
-  written_.emplace_back(lastWritten_, position);
+  written_.emplace_back(lastFound_, position);
   return true;
 }
 
 SettingsFile::Document::Section& SettingsFile::Document::SectionForWriting(std::string_view name) {
-  if (AsciiCaseEqual()(sections_[lastWritten_].name, name)) return sections_[lastWritten_];
-  const auto found = sectionIndex_.find(name);
-  if (found != sectionIndex_.end()) {
-    lastWritten_ = found->second;
-    return sections_[lastWritten_];
-  }
+  if (FindSection(name) != nullptr) return sections_[lastFound_];
   std::vector<Line>& before = sections_.back().lines;
   if (!before.empty() && !WithoutLineEnd(before.back().Text()).empty()) {
     before.push_back(MakeLine(lineEnd_));
   }
-  const std::string_view header = Keep(std::string("[").append(name).append("]").append(lineEnd_));
-  lastWritten_ = static_cast<std::uint32_t>(sections_.size());
+  const std::size_t likelySize = before.size();
+  const std::string_view header = Keep({"[", name, "]", lineEnd_});
+  lastFound_ = static_cast<std::uint32_t>(sections_.size());
   Section& added = sections_.emplace_back();
   added.name = header.substr(1, name.size());
+  added.lines.reserve(std::min(likelySize, kMostLinesWithoutIndex));
   added.lines.push_back(MakeLine(header));
-  sectionIndex_.emplace(added.name, lastWritten_);
+  sectionIndex_.emplace(added.name, lastFound_);
   return added;
 }
 
@@ -214,8 +251,13 @@ std::uint32_t SettingsFile::Document::InsertKey(Section& section, const Line& li
   return position;
 }
 
-std::string_view SettingsFile::Document::Keep(std::string text) {
-  return added_.emplace_back(std::move(text));
+std::string_view SettingsFile::Document::Keep(std::initializer_list<std::string_view> pieces) {
+  std::size_t size = 0;
+  for (const std::string_view piece : pieces) size += piece.size();
+  char* const room = added_.Allocate(size);
+  char* end = room;
+  for (const std::string_view piece : pieces) end = std::copy(piece.begin(), piece.end(), end);
+  return {room, size};
 }
 
 std::string SettingsFile::Document::Render() const {

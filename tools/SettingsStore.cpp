@@ -67,18 +67,21 @@ void SettingsStore::ReplaceFile(const std::string& path, const SettingsFile& con
 }
 
 SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
-  std::unique_ptr<Entry>& entry = entries_[path];
-  const bool isNew = !entry;
-  if (isNew) entry = std::make_unique<Entry>();
-  entry->lastUse = ++uses_;
-  const bool checked = entry->pending || (batch_ != 0 && entry->checkedInBatch == batch_);
-  if (!isNew && checked) return *entry;
-  entry->checkedInBatch = batch_;
-  if (isNew || StampOf(path) != entry->stamp) {
-    ReadFromDisk(path, *entry);
-    ForgetOldest(*entry);
+  if (lastEntry_ == nullptr || lastPath_ != path) {
+    std::unique_ptr<Entry>& entry = entries_[path];
+    if (!entry) entry = std::make_unique<Entry>();
+    lastPath_ = path;
+    lastEntry_ = entry.get();
   }
-  return *entry;
+  Entry& entry = *lastEntry_;
+  entry.lastUse = ++uses_;
+  if (entry.pending || (batch_ != 0 && entry.checkedInBatch == batch_)) return entry;
+  entry.checkedInBatch = batch_;
+  if (!entry.file || StampOf(path) != entry.stamp) {
+    ReadFromDisk(path, entry);
+    ForgetOldest(entry);
+  }
+  return entry;
 }
 
 void SettingsStore::ReadFromDisk(const std::string& path, Entry& entry) {
@@ -134,6 +137,7 @@ void SettingsStore::SetStamp(Entry& entry, const FileStamp& stamp) {
 }
 
 void SettingsStore::Forget(const std::string& path) {
+  lastEntry_ = nullptr;
   const auto entry = entries_.find(path);
   keptBytes_ -= entry->second->stamp.size;
   entries_.erase(entry);

@@ -78,6 +78,8 @@ class SettingsStore {
 
   Disk& disk_;
   std::unordered_map<std::string, std::unique_ptr<Entry>> entries_;
+  std::string lastPath_;         ///< the file asked for last, and
+  Entry* lastEntry_ = nullptr;   ///< what is known of it: the next call mostly asks for it too
   std::uint64_t keptBytes_ = 0;  ///< size of the files that entries_ holds
   std::uint64_t uses_ = 0;       ///< counts calls of Fetch: the entries' order of use
   std::uint64_t batch_ = 0;      ///< number of the running batch, 0 outside

@@ -1,0 +1,108 @@
+#include "console/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <ostream>
+
+#include "tools/Versions.h"
+
+namespace console {
+
+namespace {
+
+constexpr const char* kDescription =
+    "Erstellt aus einer Version eines Produkts ein Setup, ohne Fenster und ohne Rückfragen.";
+
+constexpr const char* kExitCodes =
+    "Rückgabewert:\n"
+    "  0  ohne Fehler erstellt\n"
+    "  1  erstellt, mit Fehlern im Protokoll (--check: Beanstandungen gefunden)\n"
+    "  2  falscher Aufruf, Produkt nicht lesbar, Version unbekannt\n"
+    "  3  abgelehnt oder abgebrochen (Ausgabeordner ungültig oder nicht leer, Datenträger voll)\n";
+
+void DefineOptions(CLI::App& app, CommandLine& line, bool& showVersion) {
+  app.add_option("PRODUKT", line.product, "Produktdatei (*.product)");
+  app.add_option("VERSION", line.version, "Version, zum Beispiel 1.0.0");
+  app.add_option("--output", line.output,
+                 "Ausgabeordner (sonst der der aktiven Konfiguration der Version)")
+      ->type_name("ORDNER");
+  app.add_flag("--zip,!--no-zip", line.zip,
+               "Dateien in einem .zip-Archiv verpacken (Vorgabe); --no-zip: als Ordnerbaum");
+  app.add_flag("--wrapper", line.wrapper, "Ausführbares Installationsprogramm hinzufügen");
+  app.add_flag("--runtime", line.runtime, "Installationsprogramm für Tessel hinzufügen");
+  app.add_flag("--overwrite", line.overwrite, "Einen Ausgabeordner mit Dateien vorher leeren");
+  app.add_flag("--check", line.check, "Nur prüfen und nichts schreiben");
+  app.add_flag("--json", line.json, "Meldungen als JSON, ein Objekt je Zeile");
+  app.add_flag("--quiet", line.quiet, "Kein Fortschritt und keine Zusammenfassung");
+  app.add_flag("--list", line.list, "Versionen und Komponenten auflisten");
+  app.add_flag("--version", showVersion, "Version dieses Programms anzeigen");
+  app.set_help_flag("--help,-h", "Diese Hilfe anzeigen");
+}
+
+void LabelInGerman(CLI::App& app) {
+  const auto formatter = std::make_shared<CLI::Formatter>();
+  formatter->label("Usage", "Aufruf");
+  formatter->label("OPTIONS", "[OPTIONEN]");
+  formatter->label("Positionals", "Argumente");
+  formatter->label("Options", "Optionen");
+  formatter->label("TEXT", "");
+  formatter->column_width(24);
+  app.formatter(formatter);
+  app.footer(kExitCodes);
+}
+
+std::string GermanText(const CLI::ParseError& error) {
+  const std::string detail = error.what();
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+    // The library lists the arguments behind the last colon.
+    return "Unbekanntes Argument:" + detail.substr(std::min(detail.size(), detail.rfind(':') + 1));
+  }
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+    return "Einer Option fehlt ihr Wert: " + detail.substr(0, detail.find(':'));
+  }
+  return "Ungültiger Aufruf: " + detail;
+}
+
+/// What is wrong with a call whose options are known ones; empty when it can run.
+std::string Objection(const CommandLine& line) {
+  if (line.product.empty()) return "Die Produktdatei fehlt.";
+  if (line.version.empty() && !line.list)
+    return "Die Version fehlt (--list zeigt die vorhandenen).";
+  if (line.list && line.check) return "--list und --check schließen einander aus.";
+  return {};
+}
+
+}  // namespace
+
+std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& arguments,
+                                            std::ostream& output, std::ostream& errors,
+                                            ExitCode& exitCode) {
+  CommandLine line;
+  bool showVersion = false;
+  CLI::App app(kDescription, "packwright-build");
+  DefineOptions(app, line, showVersion);
+  LabelInGerman(app);
+
+  std::string objection;
+  exitCode = ExitCode::Built;
+  try {
+    // The library takes the arguments from the last to the first.
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    if (showVersion) {
+      output << "packwright-build " << tools::FormatVersion(tools::ToolVersion()) << '\n';
+      return std::nullopt;
+    }
+    objection = Objection(line);
+  } catch (const CLI::CallForHelp&) {
+    output << app.help();
+    return std::nullopt;
+  } catch (const CLI::ParseError& error) {
+    objection = GermanText(error);
+  }
+  if (objection.empty()) return line;
+  errors << "packwright-build: " << objection << "\nHilfe: packwright-build --help\n";
+  exitCode = ExitCode::BadCall;
+  return std::nullopt;
+}
+
+}  // namespace console

@@ -1,0 +1,39 @@
+// What a call of packwright-build asks for.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace console {
+
+/// The exit codes that scripts can rely on.
+enum class ExitCode {
+  Built = 0,            ///< built (or checked) without errors
+  BuiltWithErrors = 1,  ///< built, with errors in the log; or the check found something
+  BadCall = 2,          ///< bad usage, unreadable product, unknown version
+  Stopped = 3           ///< refused or stopped: output folder invalid or not empty, disk full
+};
+
+struct CommandLine {
+  std::string product;     ///< path of the product file
+  std::string version;     ///< version text; empty only with `list`
+  std::string output;      ///< output folder; empty takes the active configuration's
+  bool zip = true;         ///< one archive instead of a folder tree
+  bool wrapper = false;    ///< add the setup program
+  bool runtime = false;    ///< add the runtime's installer
+  bool overwrite = false;  ///< empty an output folder that holds files
+  bool check = false;      ///< look for problems, write nothing
+  bool json = false;       ///< one JSON object a line instead of text
+  bool quiet = false;      ///< no progress and no summary
+  bool list = false;       ///< list versions and components
+};
+
+/// Reads the arguments (UTF-8, without the program's name). Without a result the call ends here
+/// with `exitCode`: help and version go to `output`, what is wrong with the call to `errors`.
+[[nodiscard]] std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& arguments,
+                                                          std::ostream& output,
+                                                          std::ostream& errors, ExitCode& exitCode);
+
+}  // namespace console

@@ -1,0 +1,85 @@
+#include "console/JsonReport.h"
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+namespace console {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// File names need not be UTF-8: what is not becomes U+FFFD.
+void WriteLine(std::ostream& output, const Json& object) {
+  output << object.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+}
+
+Json Components(const model::ModProject& project, std::int32_t version) {
+  Json components = Json::array();
+  for (const std::int32_t component : project.ComponentSlots(version)) {
+    components.push_back(
+        {{"slot", component}, {"title", project.ComponentTitle(version, component)}});
+  }
+  return components;
+}
+
+}  // namespace
+
+JsonReport::JsonReport(Streams streams, InterruptTest interrupted, bool quiet)
+    : Report(streams, interrupted), quiet_(quiet) {}
+
+void JsonReport::OnMessage(const build::BuildMessage& message) {
+  const bool isError = message.severity == build::Severity::Error;
+  WriteLine(Output(), {{"event", isError ? "error" : "warning"},
+                       {"text", message.text},
+                       {"detail", message.detail},
+                       {"component", message.component},
+                       {"componentTitle", message.componentTitle},
+                       {"entry", message.entry}});
+}
+
+void JsonReport::Failure(const std::string& text) {
+  WriteLine(Output(), {{"event", "failure"}, {"text", text}});
+}
+
+void JsonReport::CheckEnd(std::size_t findings) {
+  if (!quiet_) WriteLine(Output(), {{"event", "checked"}, {"findings", findings}});
+}
+
+void JsonReport::Listing(const model::ModProject& project) {
+  Json versions = Json::array();
+  for (const std::int32_t version : project.VersionSlots()) {
+    versions.push_back({{"version", project.VersionString(version)},
+                        {"slot", version},
+                        {"components", Components(project, version)}});
+  }
+  WriteLine(Output(),
+            {{"event", "product"}, {"title", project.ProductTitle()}, {"versions", versions}});
+}
+
+void JsonReport::Summary() {
+  if (quiet_) return;
+  const build::BuildSummary& result = Result();
+  WriteLine(Output(), {{"event", "summary"},
+                       {"outcome", OutcomeName(result.outcome)},
+                       {"outputFolder", result.outputFolder},
+                       {"files", result.files},
+                       {"bytesIn", result.bytesIn},
+                       {"bytesOut", result.bytesOut},
+                       {"ratio", Ratio(result)},
+                       {"seconds", SecondsSoFar()},
+                       {"warnings", result.warnings},
+                       {"errors", result.errors}});
+}
+
+void JsonReport::ShowProgress(const tools::Progress& progress) {
+  if (quiet_) return;
+  WriteLine(Output(), {{"event", "progress"},
+                       {"filesDone", progress.filesDone},
+                       {"filesTotal", progress.filesTotal},
+                       {"bytesDone", progress.bytesDone},
+                       {"bytesTotal", progress.bytesTotal},
+                       {"seconds", SecondsSoFar()}});
+}
+
+}  // namespace console

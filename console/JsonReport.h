@@ -1,0 +1,31 @@
+// The report for programs: one JSON object a line on standard output. Each has an "event":
+//   warning, error   text, detail, component, componentTitle, entry (0 and empty where none)
+//   progress         filesDone, filesTotal, bytesDone, bytesTotal, seconds
+//   product          title, versions: [{version, slot, components: [{slot, title}]}]
+//   checked          findings
+//   summary          outcome, outputFolder, files, bytesIn, bytesOut, ratio, seconds, warnings,
+//   errors failure          text
+#pragma once
+
+#include "console/Report.h"
+
+namespace console {
+
+class JsonReport : public Report {
+ public:
+  JsonReport(Streams streams, InterruptTest interrupted, bool quiet);
+
+  void OnMessage(const build::BuildMessage& message) override;
+  void Failure(const std::string& text) override;
+  void CheckEnd(std::size_t findings) override;
+  void Listing(const model::ModProject& project) override;
+  void Summary() override;
+
+ protected:
+  void ShowProgress(const tools::Progress& progress) override;
+
+ private:
+  bool quiet_;
+};
+
+}  // namespace console

@@ -1,0 +1,52 @@
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "console/Platform.h"
+#include "tools/Path.h"
+
+namespace console {
+
+namespace {
+
+// The one thing a signal handler may touch.
+volatile std::sig_atomic_t interrupted = 0;
+
+void OnSignal(int) { interrupted = 1; }
+
+}  // namespace
+
+std::vector<std::string> ProgramArguments(int count, const char* const* values) {
+  return {values + (count > 0 ? 1 : 0), values + count};
+}
+
+std::string ProgramFolder() {
+  std::error_code failure;
+  return tools::FolderOf(tools::FromPath(std::filesystem::read_symlink("/proc/self/exe", failure)));
+}
+
+std::string WorkingFolder() {
+  std::error_code failure;
+  return tools::FromPath(std::filesystem::current_path(failure));
+}
+
+bool ErrorsGoToTerminal() { return ::isatty(STDERR_FILENO) == 1; }
+
+void WatchForInterrupt() {
+  struct sigaction action {};
+  action.sa_handler = OnSignal;
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    // What the caller chose to ignore (nohup) stays ignored.
+    struct sigaction old {};
+    if (::sigaction(signal, nullptr, &old) == 0 && old.sa_handler != SIG_IGN) {
+      ::sigaction(signal, &action, nullptr);
+    }
+  }
+  // A reader that goes away is noticed by the failing write.
+  std::signal(SIGPIPE, SIG_IGN);
+}
+
+bool WasInterrupted() { return interrupted != 0; }
+
+}  // namespace console

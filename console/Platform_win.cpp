@@ -1,0 +1,56 @@
+#include <atomic>
+#include <memory>
+
+#include "console/Platform.h"
+#include "tools/Path.h"
+#include "tools/WindowsApi.h"
+#include "tools/WindowsPath.h"
+// The shell's header wants the system's before it.
+#include <shellapi.h>
+
+namespace console {
+
+namespace {
+
+// The system calls the handler on a thread of its own.
+std::atomic<bool> interrupted{false};
+
+BOOL WINAPI OnControl(DWORD) {
+  interrupted = true;
+  return TRUE;
+}
+
+}  // namespace
+
+std::vector<std::string> ProgramArguments(int, const char* const*) {
+  SetConsoleOutputCP(CP_UTF8);
+  int count = 0;
+  const std::unique_ptr<LPWSTR, decltype(&LocalFree)> values(
+      CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(tools::FromWide(values.get()[i]));
+  return arguments;
+}
+
+std::string ProgramFolder() {
+  std::wstring path(32768, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return tools::FolderOf(tools::FromWide(path));
+}
+
+std::string WorkingFolder() {
+  std::wstring folder(32768, L'\0');
+  folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+  return tools::FromWide(folder);
+}
+
+bool ErrorsGoToTerminal() {
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
+void WatchForInterrupt() { SetConsoleCtrlHandler(OnControl, TRUE); }
+
+bool WasInterrupted() { return interrupted; }
+
+}  // namespace console

@@ -1,0 +1,176 @@
+#include "console/Program.h"
+
+#include <memory>
+#include <optional>
+#include <ostream>
+
+#include "build/BuildCheck.h"
+#include "build/BuildSetup.h"
+#include "console/JsonReport.h"
+#include "console/TextReport.h"
+#include "model/ModProject.h"
+#include "tools/Clock.h"
+#include "tools/ConsoleDialogs.h"
+#include "tools/Disk.h"
+#include "tools/Error.h"
+#include "tools/Files.h"
+#include "tools/Numbers.h"
+#include "tools/Path.h"
+#include "tools/SettingsStore.h"
+#include "tools/Text.h"
+
+namespace console {
+
+namespace {
+
+/// Thrown where a call turns out to be one that cannot be carried out.
+struct BadCall {
+  std::string text;
+};
+
+void OpenProduct(model::ModProject& project, const std::string& path) {
+  if (!tools::FileExists(path)) throw BadCall{"Die Produktdatei wurde nicht gefunden: " + path};
+  if (!project.HasKnownFormat(path)) {
+    throw BadCall{"Die Produktdatei ist nicht lesbar oder besitzt ein ungültiges Format: " + path};
+  }
+  project.SetProductPath(path);
+}
+
+std::int32_t FindVersion(const model::ModProject& project, const std::string& wanted) {
+  std::string known;
+  for (const std::int32_t version : project.VersionSlots()) {
+    const std::string text = project.VersionString(version);
+    if (tools::EqualIgnoringCase(tools::TrimBlanks(text), tools::TrimBlanks(wanted))) {
+      return version;
+    }
+    known += (known.empty() ? "" : ", ") + text;
+  }
+  throw BadCall{
+      "Das Produkt hat keine Version " + wanted +
+      (known.empty() ? std::string(" (keine vorhanden)") : " (vorhanden: " + known + ")")};
+}
+
+std::string StoredOutputFolder(const model::ModProject& project, std::int32_t version,
+                               const std::string& configuration) {
+  std::int32_t number = 1;
+  try {
+    number = tools::ToInt32(configuration);
+  } catch (const tools::Error&) {
+    throw BadCall{"Die aktive Konfiguration der Version ist ungültig: " + configuration};
+  }
+  return project.ReadVersionSetting(version, "Build" + std::to_string(number), "OutputFolder",
+                                    project.DefaultOutputFolder(number));
+}
+
+build::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t version,
+                                 const CommandLine& line, const std::string& workingFolder) {
+  const std::string configuration =
+      project.ReadVersionSetting(version, "BuildCommon", "ActiveConfig", "1");
+  build::BuildSettings settings;
+  settings["installertype"] =
+      project.ReadVersionSetting(version, "BuildCommon", "InstallerType", "1");
+  settings["config"] = configuration;
+  settings["folder"] = line.output.empty() ? StoredOutputFolder(project, version, configuration)
+                                           : tools::ResolvePath(line.output, workingFolder);
+  settings["makezip"] = line.zip ? "1" : "0";
+  settings["includeexe"] = line.wrapper ? "1" : "0";
+  settings["includetessel"] = line.runtime ? "1" : "0";
+  return settings;
+}
+
+ExitCode Check(const model::ModProject& project, const build::BuildSettings& settings,
+               std::int32_t version, Report& report) {
+  const std::vector<build::BuildMessage> findings = build::CheckBuild(project, settings, version);
+  for (const build::BuildMessage& finding : findings) report.OnMessage(finding);
+  report.CheckEnd(findings.size());
+  return findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
+}
+
+ExitCode Conclude(Report& report) {
+  const build::BuildSummary& result = report.Result();
+  if (result.outcome == build::BuildOutcome::OutputFolderInUse) {
+    report.Failure("Der Ausgabeordner enthält Dateien (--overwrite leert ihn vorher): " +
+                   result.outputFolder);
+    return ExitCode::Stopped;
+  }
+  if (result.outcome != build::BuildOutcome::Finished) {
+    report.Failure(result.reason);
+    return ExitCode::Stopped;
+  }
+  report.Summary();
+  if (result.diskFull) {
+    report.Failure("Das Setup ist unvollständig: Der Datenträger ist voll.");
+    return ExitCode::Stopped;
+  }
+  return result.errors > 0 ? ExitCode::BuiltWithErrors : ExitCode::Built;
+}
+
+ExitCode Build(const model::ModProject& project, const build::BuildSettings& settings,
+               std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
+               Report& report) {
+  // The report says everything that a message box would; its questions are answered by an option.
+  std::ostream silent(nullptr);
+  tools::ConsoleDialogs dialogs(silent, line.overwrite ? tools::ConsoleDialogs::Policy::Agree
+                                                       : tools::ConsoleDialogs::Policy::Refuse);
+  const tools::SystemClock clock;
+  tools::SystemDisk disk;
+  const build::BuildEnvironment environment{.project = project,
+                                            .dialogs = dialogs,
+                                            .clock = clock,
+                                            .disk = disk,
+                                            .status = report,
+                                            .programFolder = surroundings.programFolder};
+  try {
+    build::BuildSetup(environment, settings, version);
+  } catch (const Interrupted&) {
+    report.Failure("Abgebrochen.");
+    return ExitCode::Stopped;
+  } catch (const tools::Error& error) {
+    report.Failure(error.what());
+    return ExitCode::Stopped;
+  }
+  return Conclude(report);
+}
+
+ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& report) {
+  tools::SystemDisk disk;
+  tools::SettingsStore store(disk);
+  model::ModProject project(store);
+  OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
+  if (line.list) {
+    report.Listing(project);
+    return ExitCode::Built;
+  }
+  const std::int32_t version = FindVersion(project, line.version);
+  const build::BuildSettings settings =
+      SettingsFor(project, version, line, surroundings.workingFolder);
+  if (line.check) return Check(project, settings, version, report);
+  return Build(project, settings, version, line, surroundings, report);
+}
+
+}  // namespace
+
+ExitCode RunProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+  const Streams& streams = surroundings.streams;
+  ExitCode exitCode = ExitCode::Built;
+  const std::optional<CommandLine> line =
+      ParseCommandLine(arguments, streams.output, streams.errors, exitCode);
+  if (!line) return exitCode;
+
+  std::unique_ptr<Report> report;
+  if (line->json) {
+    report = std::make_unique<JsonReport>(streams, surroundings.interrupted, line->quiet);
+  } else {
+    report = std::make_unique<TextReport>(streams, surroundings.interrupted, line->quiet);
+  }
+  try {
+    return Run(*line, surroundings, *report);
+  } catch (const BadCall& bad) {
+    report->Failure(bad.text);
+  } catch (const tools::Error& error) {
+    report->Failure(error.what());
+  }
+  return ExitCode::BadCall;
+}
+
+}  // namespace console

@@ -1,0 +1,48 @@
+#include "console/Report.h"
+
+namespace console {
+
+namespace {
+
+constexpr std::chrono::milliseconds kProgressInterval{250};
+
+}  // namespace
+
+Report::Report(Streams streams, InterruptTest interrupted)
+    : streams_(streams),
+      interrupted_(interrupted),
+      begun_(std::chrono::steady_clock::now()),
+      lastShown_(begun_) {}
+
+void Report::OnProgress(const tools::Progress& progress) {
+  if (interrupted_()) throw Interrupted();
+  const auto now = std::chrono::steady_clock::now();
+  if (now - lastShown_ < kProgressInterval) return;
+  lastShown_ = now;
+  ShowProgress(progress);
+}
+
+double Report::SecondsSoFar() const {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun_).count();
+}
+
+double Ratio(const build::BuildSummary& summary) {
+  if (summary.bytesIn == 0) return 1.0;
+  return static_cast<double>(summary.bytesOut) / static_cast<double>(summary.bytesIn);
+}
+
+std::string OutcomeName(build::BuildOutcome outcome) {
+  switch (outcome) {
+    case build::BuildOutcome::Finished:
+      return "finished";
+    case build::BuildOutcome::InvalidOutputFolder:
+      return "invalid-output-folder";
+    case build::BuildOutcome::OutputFolderInUse:
+      return "output-folder-in-use";
+    case build::BuildOutcome::OutputFolderStuck:
+      return "output-folder-stuck";
+  }
+  return {};
+}
+
+}  // namespace console

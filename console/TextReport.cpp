@@ -1,0 +1,118 @@
+#include "console/TextReport.h"
+
+#include <array>
+#include <cmath>
+#include <iomanip>
+#include <ostream>
+#include <sstream>
+
+namespace console {
+
+namespace {
+
+// ECMA-48 control functions: back to the line's begin, erase to its end.
+constexpr const char* kEraseLine = "\r\x1B[K";
+
+std::string TimeLeft(const tools::Progress& progress, double seconds) {
+  if (progress.bytesDone == 0 || progress.bytesTotal < progress.bytesDone) return {};
+  const double left = seconds * static_cast<double>(progress.bytesTotal - progress.bytesDone) /
+                      static_cast<double>(progress.bytesDone);
+  return ", noch " + DecimalText(std::ceil(left), 0) + " s";
+}
+
+}  // namespace
+
+TextReport::TextReport(Streams streams, InterruptTest interrupted, bool quiet)
+    : Report(streams, interrupted), quiet_(quiet) {}
+
+void TextReport::OnMessage(const build::BuildMessage& message) {
+  ClearProgress();
+  Errors() << MessageLine(message) << std::endl;
+}
+
+void TextReport::Failure(const std::string& text) {
+  ClearProgress();
+  Errors() << "packwright-build: " << text << std::endl;
+}
+
+void TextReport::CheckEnd(std::size_t findings) {
+  if (quiet_) return;
+  if (findings == 0) {
+    Output() << "Keine Beanstandungen.\n";
+  } else {
+    Output() << findings << (findings == 1 ? " Beanstandung.\n" : " Beanstandungen.\n");
+  }
+}
+
+void TextReport::Listing(const model::ModProject& project) {
+  Output() << project.ProductTitle() << '\n';
+  for (const std::int32_t version : project.VersionSlots()) {
+    Output() << "  " << project.VersionString(version) << '\n';
+    for (const std::int32_t component : project.ComponentSlots(version)) {
+      Output() << "    " << component << "  " << project.ComponentTitle(version, component) << '\n';
+    }
+  }
+}
+
+void TextReport::Summary() {
+  ClearProgress();
+  if (quiet_) return;
+  const build::BuildSummary& result = Result();
+  Output() << "Setup erstellt: " << result.outputFolder << '\n'
+           << "  Dateien:    " << result.files << '\n'
+           << "  Eingang:    " << ByteText(result.bytesIn) << '\n'
+           << "  Ausgang:    " << ByteText(result.bytesOut) << " ("
+           << DecimalText(100 * Ratio(result), 1) << " %)\n"
+           << "  Zeit:       " << DecimalText(SecondsSoFar(), 1) << " s\n"
+           << "  Warnungen:  " << result.warnings << '\n'
+           << "  Fehler:     " << result.errors << '\n';
+}
+
+void TextReport::ShowProgress(const tools::Progress& progress) {
+  if (quiet_ || !ErrorsAreTerminal()) return;
+  const double seconds = SecondsSoFar();
+  const auto rate = static_cast<std::uint64_t>(static_cast<double>(progress.bytesDone) / seconds);
+  Errors() << kEraseLine << progress.filesDone << " von " << progress.filesTotal << " Dateien, "
+           << ByteText(progress.bytesDone) << " von " << ByteText(progress.bytesTotal) << ", "
+           << ByteText(rate) << "/s" << TimeLeft(progress, seconds) << std::flush;
+  progressShown_ = true;
+}
+
+void TextReport::ClearProgress() {
+  if (progressShown_) Errors() << kEraseLine;
+  progressShown_ = false;
+}
+
+std::string DecimalText(double number, int digits) {
+  std::ostringstream text;
+  text.imbue(std::locale::classic());
+  text << std::fixed << std::setprecision(digits) << number;
+  std::string result = text.str();
+  const std::size_t point = result.find('.');
+  if (point != std::string::npos) result[point] = ',';
+  return result;
+}
+
+std::string ByteText(std::uint64_t bytes) {
+  constexpr std::array<const char*, 5> kUnits{" Bytes", " kB", " MB", " GB", " TB"};
+  std::size_t unit = 0;
+  auto number = static_cast<double>(bytes);
+  while (number >= 1000 && unit + 1 < kUnits.size()) {
+    number /= 1000;
+    ++unit;
+  }
+  return DecimalText(number, unit == 0 ? 0 : 1) + kUnits[unit];
+}
+
+std::string MessageLine(const build::BuildMessage& message) {
+  std::string line = message.severity == build::Severity::Error ? "Fehler: " : "Warnung: ";
+  line += message.text;
+  if (!message.detail.empty()) line += " (" + message.detail + ")";
+  if (message.component == 0) return line;
+  line +=
+      " [Komponente " + std::to_string(message.component) + " \"" + message.componentTitle + "\"";
+  if (message.entry != 0) line += ", Eintrag " + std::to_string(message.entry);
+  return line + "]";
+}
+
+}  // namespace console

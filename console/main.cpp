@@ -1,0 +1,22 @@
+// packwright-build: builds a version of a product into a setup without a display.
+#include <exception>
+#include <iostream>
+
+#include "console/Platform.h"
+#include "console/Program.h"
+
+int main(int argc, char** argv) {
+  try {
+    console::WatchForInterrupt();
+    const console::Surroundings surroundings{
+        .streams = {std::cout, std::cerr, console::ErrorsGoToTerminal()},
+        .workingFolder = console::WorkingFolder(),
+        .programFolder = console::ProgramFolder(),
+        .interrupted = console::WasInterrupted};
+    return static_cast<int>(
+        console::RunProgram(console::ProgramArguments(argc, argv), surroundings));
+  } catch (const std::exception& error) {
+    std::cerr << "packwright-build: " << error.what() << '\n';
+    return static_cast<int>(console::ExitCode::Stopped);
+  }
+}
