@@ -31,7 +31,7 @@ bool IsWholeNumber(std::string_view text) {
 
 // Paths that Windows takes for one get one key.
 std::string PathKey(std::string_view path) {
-  std::string key = tools::FoldCase(tools::ReplaceAll(path, "/", "\\"));
+  std::string key = tools::LowerCase(tools::ReplaceAll(path, "/", "\\"));
   const auto doubled = [](char a, char b) { return a == '\\' && b == '\\'; };
   key.erase(std::unique(key.begin(), key.end(), doubled), key.end());
   return key;

@@ -14,7 +14,7 @@ class Collector {
       const Place place = component.PlaceOf(surveyed);
       if (surveyed.problem) LogProblem(*surveyed.problem, place);
       if (surveyed.sources.empty()) continue;
-      const model::ICFile entry = ReadBuildEntry(*component.settings, surveyed.number);
+      const model::ICFile entry = ReadBuildPlacement(*component.settings, surveyed.number);
       for (const std::string& path : surveyed.sources) Store(entry, path, place);
     }
     if (component.problem) LogProblem(*component.problem, {component.slot, component.title, 0});

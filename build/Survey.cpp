@@ -76,6 +76,9 @@ class Surveyor {
       SourceList list = ListSources(entry, productFolder_);
       if (list.fault != SourceFault::None) AddProblem(surveyed.problem, std::move(list));
       for (const std::string& path : list.paths) Measure(path);
+      if (entry.Type == model::ICFile::kFolderScan) {
+        for (const std::string& path : list.paths) AddLinkedLocation(path);
+      }
       surveyed.sources = std::move(list.paths);
     } catch (const tools::Error& error) {
       if (IsExcluded(component, number)) return;
@@ -112,7 +115,6 @@ class Surveyor {
   void Measure(const std::string& path) {
     ++survey_.files;
     survey_.bytes += tools::StampOf(path).size;
-    AddLinkedLocation(path);
   }
 
   static void AddProblem(std::unique_ptr<SurveyProblem>& problem, std::string logText,
@@ -143,6 +145,10 @@ Survey SurveyVersion(const model::ModProject& project, std::int32_t version) {
 
 model::ICFile ReadBuildEntry(const tools::SettingsFile& settings, std::int32_t number) {
   return model::ReadFileEntry(ReaderOf(settings), number, model::kBuildDefaultType);
+}
+
+model::ICFile ReadBuildPlacement(const tools::SettingsFile& settings, std::int32_t number) {
+  return model::ReadFilePlacement(ReaderOf(settings), number);
 }
 
 }  // namespace build
