@@ -4,7 +4,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-packaging/debian-packages.sh build test
-cmake --preset release -DPACKWRIGHT_DESKTOP=OFF -DBUILD_TESTING=ON
+packaging/debian-packages.sh build desktop test
+cmake --preset release -DPACKWRIGHT_DESKTOP=ON -DBUILD_TESTING=ON
 cmake --build --preset release
 ctest --preset release -j "$(nproc)" "$@"

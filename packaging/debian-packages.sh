@@ -3,13 +3,15 @@
 #
 #   debian-packages.sh GROUP...     installs what is missing of the groups; silent when nothing is
 #
-# Groups: build (compile the program), run (run.sh), test (compile and run the tests), ci (the
-# checks of .ci/run), windows (the cross-build and its tests under Wine).
+# Groups: build (compile the layers without Qt), desktop (compile the desktop program too), run
+# (run.sh), test (compile and run the tests), ci (the checks of .ci/run), windows (the cross-build
+# and its tests under Wine).
 # Installs as root, or through sudo; asks nothing. Only a missing package causes an apt call.
 set -eu
 
 packages_build="cmake g++ ninja-build libcli11-dev libdeflate-dev libutf8proc-dev nlohmann-json3-dev
   zlib1g-dev"
+packages_desktop="qt6-base-dev"
 packages_run="unzip"
 packages_test="libarchive-dev libgmock-dev libgtest-dev unzip"
 packages_ci="clang-format clang-tidy"
@@ -19,6 +21,7 @@ wanted=""
 for group in "$@"; do
   case $group in
     build) wanted="$wanted $packages_build" ;;
+    desktop) wanted="$wanted $packages_desktop" ;;
     run) wanted="$wanted $packages_run" ;;
     test) wanted="$wanted $packages_test" ;;
     ci) wanted="$wanted $packages_ci" ;;

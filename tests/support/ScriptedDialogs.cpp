@@ -1,6 +1,6 @@
 #include "tests/support/ScriptedDialogs.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/ReportFailure.h"
 
 namespace tests {
 
@@ -18,7 +18,7 @@ bool Offers(MessageButtons buttons, MessageAnswer answer) {
 
 ScriptedDialogs::~ScriptedDialogs() {
   for (const Expectation& left : expected_) {
-    ADD_FAILURE() << "nobody asked for the " << left.kind << " \"" << left.part << "\"";
+    ReportFailure("nobody asked for the " + left.kind + " \"" + left.part + "\"");
   }
 }
 
@@ -41,7 +41,7 @@ void ScriptedDialogs::ExpectBrowseFolder(const std::string& titlePart, const std
 bool ScriptedDialogs::Take(const std::string& kind, const std::string& shown, Expectation& taken) {
   if (expected_.empty() || expected_.front().kind != kind ||
       shown.find(expected_.front().part) == std::string::npos) {
-    ADD_FAILURE() << "unexpected " << kind << " \"" << shown << "\"";
+    ReportFailure("unexpected " + kind + " \"" + shown + "\"");
     return false;
   }
   taken = std::move(expected_.front());
@@ -55,7 +55,7 @@ MessageAnswer ScriptedDialogs::ShowMessage(const tools::Message& message) {
   Expectation taken;
   if (Take("question", message.text, taken)) {
     if (Offers(message.buttons, taken.answer)) return taken.answer;
-    ADD_FAILURE() << "no button gives the answer to \"" << message.text << "\"";
+    ReportFailure("no button gives the answer to \"" + message.text + "\"");
   }
   return message.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Cancel;
 }
@@ -87,7 +87,7 @@ int ScriptedDialogs::ShowBusyNotice(const std::string& text) {
 }
 
 void ScriptedDialogs::UpdateBusyNotice(int token, const tools::Progress& progress) {
-  if (openNotices_.count(token) == 0) ADD_FAILURE() << "progress for a notice that is not shown";
+  if (openNotices_.count(token) == 0) ReportFailure("progress for a notice that is not shown");
   progress_.push_back(progress);
 }
 

@@ -1,0 +1,129 @@
+#include "tools/desktop/BusyNotice.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+#include <chrono>
+
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/UserInputBlocker.h"
+
+namespace tools {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kMargin = 18;            // pixels around the texts
+constexpr int kSteps = 1000;           // of the progress bar
+constexpr int kMinimumWidth = 340;     // pixels
+constexpr qint64 kPaintInterval = 50;  // milliseconds
+constexpr auto kAppearing = 300ms;     // how long a window system may take to show a window
+
+bool IsComplete(const Progress& progress) {
+  return progress.filesDone >= progress.filesTotal && progress.bytesDone >= progress.bytesTotal;
+}
+
+// How much of the work is done; negative when no total is known.
+double DoneShare(const Progress& progress) {
+  const bool byBytes = progress.bytesTotal > 0;
+  const auto total = static_cast<double>(byBytes ? progress.bytesTotal : progress.filesTotal);
+  const auto done = static_cast<double>(byBytes ? progress.bytesDone : progress.filesDone);
+  return total > 0 ? std::min(1.0, done / total) : -1.0;
+}
+
+QString Size(std::uint64_t bytes) {
+  const QLocale german(QLocale::German, QLocale::Germany);
+  return german.formattedDataSize(static_cast<qint64>(bytes), 1,
+                                  QLocale::DataSizeTraditionalFormat);
+}
+
+QString OfTotal(const QString& done, const QString& total, bool totalKnown) {
+  return totalKnown ? u"%1 von %2"_s.arg(done, total) : done;
+}
+
+// "12 von 30 Dateien, 1,5 MB von 4,0 MB"; nothing is said of bytes that nobody counts.
+QString ProgressText(const Progress& progress) {
+  const QLocale german(QLocale::German, QLocale::Germany);
+  QString text = OfTotal(german.toString(static_cast<qulonglong>(progress.filesDone)),
+                         german.toString(static_cast<qulonglong>(progress.filesTotal)),
+                         progress.filesTotal > 0) +
+                 u" Dateien"_s;
+  if (progress.bytesDone > 0 || progress.bytesTotal > 0) {
+    text += u", "_s +
+            OfTotal(Size(progress.bytesDone), Size(progress.bytesTotal), progress.bytesTotal > 0);
+  }
+  return text;
+}
+
+}  // namespace
+
+BusyNotice::BusyNotice(const QString& text, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowCloseButtonHint),
+      lblProgress_(new QLabel(this)),
+      prgProgress_(new QProgressBar(this)) {
+  setObjectName(u"busyNotice"_s);
+  setWindowTitle(QCoreApplication::applicationName());
+  setAccessibleName(text);
+  setFont(FormFont());
+  auto* lblText = new QLabel(text, this);
+  lblText->setObjectName(u"lblText"_s);
+  lblText->setTextFormat(Qt::PlainText);
+  lblProgress_->setObjectName(u"lblProgress"_s);
+  lblProgress_->hide();
+  prgProgress_->setObjectName(u"prgProgress"_s);
+  prgProgress_->setAccessibleName(text);
+  prgProgress_->setTextVisible(false);
+  prgProgress_->hide();
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->addWidget(lblText);
+  layout->addWidget(prgProgress_);
+  layout->addWidget(lblProgress_);
+  setMinimumWidth(kMinimumWidth);
+  ShowAtOnce();
+}
+
+void BusyNotice::ShowProgress(const Progress& progress) {
+  if (prgProgress_->isHidden()) {
+    prgProgress_->show();
+    lblProgress_->show();
+    adjustSize();
+  } else if (!IsComplete(progress) && sincePaint_.elapsed() < kPaintInterval) {
+    return;
+  }
+  const double share = DoneShare(progress);
+  prgProgress_->setRange(0, share < 0 ? 0 : kSteps);
+  if (share >= 0) prgProgress_->setValue(static_cast<int>(share * kSteps));
+  lblProgress_->setText(ProgressText(progress));
+  PaintNow();
+}
+
+void BusyNotice::Withdraw() {
+  PaintWithoutUserInput();
+  hide();
+}
+
+void BusyNotice::ShowAtOnce() {
+  show();
+  const QDeadlineTimer deadline(kAppearing);
+  do {
+    PaintNow();
+  } while (!windowHandle()->isExposed() && !deadline.hasExpired());
+}
+
+void BusyNotice::PaintNow() {
+  repaint();
+  PaintWithoutUserInput();
+  sincePaint_.start();
+}
+
+}  // namespace tools

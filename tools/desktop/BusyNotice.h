@@ -1,0 +1,43 @@
+// The small window that says what the program is busy with.
+#pragma once
+
+#include <QDialog>
+#include <QElapsedTimer>
+
+#include "tools/Dialogs.h"
+
+class QLabel;
+class QProgressBar;
+
+namespace tools {
+
+/// Appears at once, although the program handles no events while it works: every call that changes
+/// the window also paints it. What the user does meanwhile is dropped. It is not modal: one that
+/// nobody withdraws stays until the user closes it, and locks nothing.
+///
+/// `lblText` holds the text; from the first progress on, `prgProgress` shows the bytes done (the
+/// files, where the bytes are not known) and `lblProgress` both as text.
+class BusyNotice : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Shows itself centred over `parent`, on the screen's centre without one.
+  BusyNotice(const QString& text, QWidget* parent);
+
+  /// Calls that follow each other closely are painted only now and then, so that reporting often
+  /// costs nothing; the end of the work always is.
+  void ShowProgress(const Progress& progress);
+
+  /// Drops what the user did while the program was busy and closes the window.
+  void Withdraw();
+
+ private:
+  void ShowAtOnce();
+  void PaintNow();
+
+  QLabel* lblProgress_;
+  QProgressBar* prgProgress_;
+  QElapsedTimer sincePaint_;
+};
+
+}  // namespace tools

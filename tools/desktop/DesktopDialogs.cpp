@@ -1,0 +1,103 @@
+#include "tools/desktop/DesktopDialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+
+#include "tools/StandardTexts.h"
+#include "tools/desktop/BusyNotice.h"
+#include "tools/desktop/FileChoice.h"
+#include "tools/desktop/InputDialog.h"
+#include "tools/desktop/MessageWindow.h"
+#include "tools/desktop/QtText.h"
+#include "tools/desktop/WaitCursor.h"
+
+namespace tools {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void UseGermanLabels(QFileDialog& dialog, const QString& accept) {
+  dialog.setLabelText(QFileDialog::Accept, accept);
+  dialog.setLabelText(QFileDialog::Reject, ToQString(StandardText(kTextCancel)));
+  dialog.setLabelText(QFileDialog::LookIn, u"Suchen in:"_s);
+  dialog.setLabelText(QFileDialog::FileName, u"Dateiname:"_s);
+  dialog.setLabelText(QFileDialog::FileType, u"Dateityp:"_s);
+}
+
+}  // namespace
+
+DesktopDialogs::DesktopDialogs(QWidget* parent) : parent_(parent) {}
+
+DesktopDialogs::~DesktopDialogs() = default;
+
+void DesktopDialogs::SetParent(QWidget* parent) { parent_ = parent; }
+
+MessageAnswer DesktopDialogs::ShowMessage(const Message& message) {
+  const ArrowCursor arrow;
+  return RunMessageBox(message, Owner());
+}
+
+std::string DesktopDialogs::InputBox(const std::string& prompt, const std::string& title,
+                                     const std::string& defaultText) {
+  const ArrowCursor arrow;
+  InputDialog dialog(ToQString(prompt), ToQString(title), ToQString(defaultText), Owner());
+  return dialog.exec() == QDialog::Accepted ? ToUtf8(dialog.Text()) : std::string();
+}
+
+std::string DesktopDialogs::OpenFile(const OpenFileRequest& request) {
+  QFileDialog dialog(Owner(), ToQString(request.title));
+  dialog.setObjectName(u"openFile"_s);
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  UseGermanLabels(dialog, u"Öffnen"_s);
+  const QStringList filters = NameFilters(ToQString(request.filter));
+  // The texts of the filters say what they match; the patterns stay out of sight.
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setNameFilters(filters);
+  dialog.selectNameFilter(filters.value(request.filterIndex - 1, filters.front()));
+  dialog.setDefaultSuffix(ToQString(request.defaultExtension));
+  const QString folder = NearestFolder(ToQString(request.initialFolder));
+  if (!folder.isEmpty()) dialog.setDirectory(folder);
+  return RunFileDialog(dialog);
+}
+
+std::string DesktopDialogs::BrowseFolder(const std::string& title, int /*flags*/) {
+  QFileDialog dialog(Owner(), ToQString(title).simplified());
+  dialog.setObjectName(u"browseFolder"_s);
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  UseGermanLabels(dialog, u"Auswählen"_s);
+  return RunFileDialog(dialog);
+}
+
+std::string DesktopDialogs::RunFileDialog(QFileDialog& dialog) {
+  const ArrowCursor arrow;
+  if (dialog.exec() != QDialog::Accepted) return {};
+  return ToUtf8(QDir::toNativeSeparators(dialog.selectedFiles().value(0)));
+}
+
+int DesktopDialogs::ShowBusyNotice(const std::string& text) {
+  notices_.emplace(++lastToken_, std::make_unique<BusyNotice>(ToQString(text), Owner()));
+  return lastToken_;
+}
+
+void DesktopDialogs::UpdateBusyNotice(int token, const Progress& progress) {
+  const auto notice = notices_.find(token);
+  if (notice != notices_.end()) notice->second->ShowProgress(progress);
+}
+
+void DesktopDialogs::WithdrawBusyNotice(int token) {
+  const auto notice = notices_.find(token);
+  if (notice == notices_.end()) return;
+  notice->second->Withdraw();
+  notices_.erase(notice);
+}
+
+QWidget* DesktopDialogs::Owner() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : parent_.data();
+}
+
+}  // namespace tools

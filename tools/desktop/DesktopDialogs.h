@@ -1,0 +1,49 @@
+// The questions and notices of the desktop program, as real windows.
+#pragma once
+
+#include <QPointer>
+#include <map>
+#include <memory>
+
+#include "tools/Dialogs.h"
+
+class QFileDialog;
+class QWidget;
+
+namespace tools {
+
+class BusyNotice;
+
+/// Every window belongs to the modal dialog that is open, else to the parent window. Button texts
+/// are German whatever the desktop's language. Escape and the close box give Cancel, No, or OK
+/// where it is the only button. While a question is open, the normal pointer is shown.
+class DesktopDialogs : public Dialogs {
+ public:
+  /// `parent` is the main window; without one the dialogs stand on their own.
+  explicit DesktopDialogs(QWidget* parent = nullptr);
+  ~DesktopDialogs() override;
+
+  /// For a main window that is itself made with these dialogs.
+  void SetParent(QWidget* parent);
+
+  MessageAnswer ShowMessage(const Message& message) override;
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& defaultText) override;
+  /// An initial folder that does not exist is replaced by the nearest one above it.
+  std::string OpenFile(const OpenFileRequest& request) override;
+  std::string BrowseFolder(const std::string& title, int flags) override;
+  int ShowBusyNotice(const std::string& text) override;
+  void UpdateBusyNotice(int token, const Progress& progress) override;
+  void WithdrawBusyNotice(int token) override;
+
+ private:
+  [[nodiscard]] QWidget* Owner() const;
+  /// The path that the user chose, in the machine's separators; empty when cancelled.
+  [[nodiscard]] static std::string RunFileDialog(QFileDialog& dialog);
+
+  QPointer<QWidget> parent_;
+  std::map<int, std::unique_ptr<BusyNotice>> notices_;
+  int lastToken_ = 0;
+};
+
+}  // namespace tools

@@ -1,0 +1,114 @@
+#include "tools/desktop/MessageWindow.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <QPushButton>
+#include <array>
+
+#include "tools/StandardTexts.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/QtText.h"
+
+namespace tools {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ButtonKind {
+  MessageAnswer answer;
+  QMessageBox::StandardButton button;
+  QLatin1StringView name;
+};
+
+constexpr std::array<ButtonKind, 4> kButtons{{
+    {MessageAnswer::Ok, QMessageBox::Ok, "cmdOK"_L1},
+    {MessageAnswer::Cancel, QMessageBox::Cancel, "cmdCancel"_L1},
+    {MessageAnswer::Yes, QMessageBox::Yes, "cmdYes"_L1},
+    {MessageAnswer::No, QMessageBox::No, "cmdNo"_L1},
+}};
+
+QString ButtonText(MessageAnswer answer) {
+  switch (answer) {
+    case MessageAnswer::Ok:
+      return ToQString(StandardText(kTextOk));
+    case MessageAnswer::Cancel:
+      return ToQString(StandardText(kTextCancel));
+    case MessageAnswer::Yes:
+      return u"&Ja"_s;
+    case MessageAnswer::No:
+      return u"&Nein"_s;
+  }
+  return {};
+}
+
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::Ok:
+      return QMessageBox::Ok;
+    case MessageButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+  }
+  return QMessageBox::Ok;
+}
+
+MessageAnswer RejectingAnswer(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::Ok:
+      return MessageAnswer::Ok;
+    case MessageButtons::OkCancel:
+      return MessageAnswer::Cancel;
+    case MessageButtons::YesNo:
+      return MessageAnswer::No;
+  }
+  return MessageAnswer::Cancel;
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Exclamation:
+      return QMessageBox::Warning;
+    case MessageIcon::Question:
+      return QMessageBox::Question;
+    case MessageIcon::Information:
+      return QMessageBox::Information;
+    case MessageIcon::Critical:
+      return QMessageBox::Critical;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void PrepareButtons(QMessageBox& box, const Message& message) {
+  box.setStandardButtons(ButtonsOf(message.buttons));
+  const MessageAnswer rejecting = RejectingAnswer(message.buttons);
+  for (const ButtonKind& kind : kButtons) {
+    auto* button = qobject_cast<QPushButton*>(box.button(kind.button));
+    if (button == nullptr) continue;
+    button->setObjectName(kind.name);
+    button->setText(ButtonText(kind.answer));
+    if (kind.answer == message.defaultAnswer) box.setDefaultButton(button);
+    if (kind.answer == rejecting) box.setEscapeButton(button);
+  }
+}
+
+}  // namespace
+
+MessageAnswer RunMessageBox(const Message& message, QWidget* owner) {
+  QMessageBox box(owner);
+  box.setObjectName(u"messageBox"_s);
+  box.setFont(FormFont());
+  box.setIcon(IconOf(message.icon));
+  box.setWindowTitle(ToQString(message.caption));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQString(message.text).replace("\r\n"_L1, "\n"_L1));
+  PrepareButtons(box, message);
+  const int chosen = box.exec();
+  for (const ButtonKind& kind : kButtons) {
+    if (kind.button == chosen) return kind.answer;
+  }
+  return RejectingAnswer(message.buttons);
+}
+
+}  // namespace tools
