@@ -1,0 +1,218 @@
+#include "grid/ctlPropertyEditor.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTreeView>
+#include <algorithm>
+#include <utility>
+
+#include "grid/PropertyRows.h"
+#include "grid/frmEditProperty.h"
+#include "model/TextTable.h"
+#include "tools/Error.h"
+#include "tools/Text.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/ListViewStyle.h"
+#include "tools/desktop/QtText.h"
+
+namespace grid {
+
+using namespace Qt::StringLiterals;
+using tools::ToQString;
+using tools::ToUtf8;
+
+namespace {
+
+constexpr int kBesideColumns = 22;  // pixels for a scroll bar and the frame
+
+constexpr std::int32_t kTextProperties = 225;
+constexpr std::int32_t kTextNotEditable = 239;
+constexpr std::int32_t kTextEditCaption = 240;
+constexpr std::int32_t kTextPrompt = 241;
+
+}  // namespace
+
+ctlPropertyEditor::ctlPropertyEditor(tools::Dialogs& dialogs, QWidget* parent)
+    : QWidget(parent),
+      dialogs_(dialogs),
+      rows_(new PropertyRows(this)),
+      lsvProps_(new QTreeView(this)) {
+  setFont(tools::FormFont());
+  lsvProps_->setObjectName(u"lsvProps"_s);
+  lsvProps_->setAccessibleName(ToQString(model::LoadText(kTextProperties)));
+  lsvProps_->setModel(rows_);
+  lsvProps_->installEventFilter(this);
+  lsvProps_->viewport()->installEventFilter(this);
+  lsvProps_->viewport()->setMouseTracking(true);
+  setFocusProxy(lsvProps_);
+  connect(lsvProps_, &QTreeView::doubleClicked, this, &ctlPropertyEditor::EditRow);
+}
+
+void ctlPropertyEditor::OnEditProperty(EditPropertyHandler handler) {
+  onEditProperty_ = std::move(handler);
+}
+
+void ctlPropertyEditor::OnPropertyChanged(PropertyChangedHandler handler) {
+  onPropertyChanged_ = std::move(handler);
+}
+
+void ctlPropertyEditor::AddProperty(const QString& key, const QString& title,
+                                    const QString& initialValue, std::int32_t /*dataType*/,
+                                    bool /*readOnly*/) {
+  if (key.isEmpty() || title.isEmpty()) return;
+  if (rows_->RowOf(key) >= 0) {
+    throw tools::Error("Die Eigenschaft \"" + ToUtf8(key) + "\" ist bereits vorhanden.");
+  }
+  const QString label = title.endsWith(u':') ? title.chopped(1) : title;
+  rows_->Append({.key = key,
+                 .title = label,
+                 .value = initialValue,
+                 .titleTip = showTooltips_ ? label : QString(),
+                 .valueTip = showTooltips_ ? initialValue : QString()});
+}
+
+void ctlPropertyEditor::RemoveProperty(const QString& key) {
+  const int row = rows_->RowOf(key);
+  if (row >= 0) rows_->Remove(row);
+}
+
+void ctlPropertyEditor::SetProperty(const QString& key, const QString& newValue) {
+  const int row = ExistingRow(key);
+  const PropertyRow& property = rows_->At(row);
+  if (property.value == newValue) return;
+  // Copies: the host's handler may remove the row that the arguments stand in.
+  const QString changedKey = key;
+  const QString value = newValue;
+  rows_->SetValue(row, value, showTooltips_ ? value : property.valueTip);
+  if (onPropertyChanged_) onPropertyChanged_(changedKey, value);
+}
+
+QString ctlPropertyEditor::GetProperty(const QString& key) const {
+  const int row = rows_->RowOf(key);
+  return row < 0 ? QString() : rows_->At(row).value;
+}
+
+QString ctlPropertyEditor::SelectedProperty() const {
+  const QModelIndexList selected = lsvProps_->selectionModel()->selectedRows();
+  return selected.isEmpty() ? QString() : rows_->At(selected.front().row()).key;
+}
+
+void ctlPropertyEditor::Clear() { rows_->Clear(); }
+
+void ctlPropertyEditor::EditProperty(const QString& key) {
+  const int row = rows_->RowOf(key);
+  if (row < 0) return;
+  const QString editedKey = key;
+  QString value = rows_->At(row).value;
+  auto reaction = EditReaction::Dialog;
+  if (onEditProperty_) onEditProperty_(editedKey, value, reaction);
+  if (reaction == EditReaction::Dialog) {
+    value = AskForValue(editedKey, value);
+  } else if (reaction == EditReaction::NotEditable) {
+    ShowNotEditable();
+  }
+  SetProperty(editedKey, value);
+}
+
+QString ctlPropertyEditor::ListPropertyNames() const {
+  QString names;
+  for (int row = 0; row < rows_->rowCount(); ++row) {
+    if (row > 0) names += u"; "_s;
+    names += rows_->At(row).key;
+  }
+  return names;
+}
+
+QSize ctlPropertyEditor::sizeHint() const { return lsvProps_->sizeHint(); }
+
+bool ctlPropertyEditor::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == lsvProps_) {
+    PassOnKey(*event);
+  } else if (watched == lsvProps_->viewport()) {
+    PassOnMouse(*event);
+    if (event->type() == QEvent::MouseButtonDblClick) {
+      // The list takes a double click of any button for one.
+      return static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void ctlPropertyEditor::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  lsvProps_->setGeometry(0, 0, width(), height());
+  const int columnWidth = std::max(0, lsvProps_->width() - kBesideColumns) / 2;
+  lsvProps_->setColumnWidth(PropertyRows::kTitle, columnWidth);
+  lsvProps_->setColumnWidth(PropertyRows::kValue, columnWidth);
+}
+
+void ctlPropertyEditor::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!styled_) tools::ApplyListViewStyle(*lsvProps_);
+  styled_ = true;
+}
+
+void ctlPropertyEditor::EditRow(const QModelIndex& index) {
+  tools::Guard(dialogs_, [&] { EditProperty(rows_->At(index.row()).key); });
+}
+
+QString ctlPropertyEditor::AskForValue(const QString& key, const QString& value) {
+  const std::string title = ToUtf8(rows_->At(ExistingRow(key)).title);
+  frmEditProperty dialog(window());
+  dialog.SetEnableDefaultValue(false);
+  dialog.SetValue(value);
+  dialog.SetPrompt(ToQString(tools::ReplaceAll(model::LoadText(kTextPrompt), "%property%", title)));
+  dialog.exec();
+  if (!dialog.Apply()) return GetProperty(key);
+  return ToQString(tools::TrimBlanks(ToUtf8(dialog.Value())));
+}
+
+void ctlPropertyEditor::ShowNotEditable() {
+  dialogs_.ShowMessage({.text = model::LoadText(kTextNotEditable),
+                        .caption = model::LoadText(kTextEditCaption),
+                        .icon = tools::MessageIcon::Exclamation,
+                        .buttons = tools::MessageButtons::Ok,
+                        .defaultAnswer = tools::MessageAnswer::Ok});
+}
+
+int ctlPropertyEditor::ExistingRow(const QString& key) const {
+  const int row = rows_->RowOf(key);
+  if (row < 0) throw tools::Error("Die Eigenschaft \"" + ToUtf8(key) + "\" gibt es nicht.");
+  return row;
+}
+
+void ctlPropertyEditor::PassOnKey(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease) return;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  const auto code = static_cast<Qt::Key>(key.key());
+  if (event.type() == QEvent::KeyRelease) {
+    Q_EMIT KeyUp(code, key.modifiers());
+    return;
+  }
+  Q_EMIT KeyDown(code, key.modifiers());
+  for (const QChar character : key.text()) Q_EMIT KeyPress(character.unicode());
+}
+
+void ctlPropertyEditor::PassOnMouse(const QEvent& event) {
+  if (!event.isPointerEvent()) return;
+  const auto type = event.type();
+  if (type != QEvent::MouseButtonPress && type != QEvent::MouseMove &&
+      type != QEvent::MouseButtonRelease) {
+    return;
+  }
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  const auto x = static_cast<float>(mouse.position().x());
+  const auto y = static_cast<float>(mouse.position().y());
+  if (type == QEvent::MouseMove) {
+    Q_EMIT MouseMove(mouse.buttons(), mouse.modifiers(), x, y);
+  } else if (type == QEvent::MouseButtonPress) {
+    Q_EMIT MouseDown(mouse.button(), mouse.modifiers(), x, y);
+  } else {
+    Q_EMIT MouseUp(mouse.button(), mouse.modifiers(), x, y);
+    if (lsvProps_->viewport()->rect().contains(mouse.position().toPoint())) Q_EMIT Click();
+  }
+}
+
+}  // namespace grid

@@ -1,0 +1,145 @@
+#include "grid/frmEditProperty.h"
+
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "model/TextTable.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/QtText.h"
+
+namespace grid {
+
+using namespace Qt::StringLiterals;
+using model::LoadText;
+using tools::ToQString;
+
+namespace {
+
+constexpr int kTextBoxWidth = 360;  // pixels at least
+
+constexpr std::int32_t kTextCaption = 240;
+constexpr std::int32_t kTextReset = 390;
+constexpr std::int32_t kTextOldValue = 391;
+constexpr std::int32_t kTextNewValue = 392;
+
+}  // namespace
+
+frmEditProperty::frmEditProperty(QWidget* parent)
+    : QDialog(parent),
+      cmdReset_(new QPushButton(this)),
+      txtNewValue_(new QLineEdit(this)),
+      txtOldValue_(new QLineEdit(this)),
+      lblNewValue_(new QLabel(this)),
+      lblOldValue_(new QLabel(this)),
+      lblPrompt_(new QLabel(this)) {
+  setObjectName(u"frmEditProperty"_s);
+  setFont(tools::FormFont());
+  cmdReset_->setObjectName(u"cmdReset"_s);
+  txtNewValue_->setObjectName(u"txtNewValue"_s);
+  txtOldValue_->setObjectName(u"txtOldValue"_s);
+  lblNewValue_->setObjectName(u"lblNewValue"_s);
+  lblOldValue_->setObjectName(u"lblOldValue"_s);
+  lblPrompt_->setObjectName(u"lblPrompt"_s);
+  for (QLineEdit* textBox : {txtNewValue_, txtOldValue_}) {
+    tools::AllowAnyLength(*textBox);
+    textBox->setMinimumWidth(kTextBoxWidth);
+  }
+  txtOldValue_->setReadOnly(true);
+  LoadTexts();
+  LayOut();
+  connect(cmdReset_, &QPushButton::clicked, this, &frmEditProperty::Reset);
+  connect(cmdOK_, &QPushButton::clicked, this, &frmEditProperty::Confirm);
+  connect(cmdCancel_, &QPushButton::clicked, this, &frmEditProperty::reject);
+}
+
+void frmEditProperty::LoadTexts() {
+  setWindowTitle(ToQString(LoadText(kTextCaption)));
+  cmdReset_->setText(ToQString(LoadText(kTextReset)));
+  lblOldValue_->setText(ToQString(LoadText(kTextOldValue)));
+  lblNewValue_->setText(ToQString(LoadText(kTextNewValue)));
+  lblOldValue_->setBuddy(txtOldValue_);
+  lblNewValue_->setBuddy(txtNewValue_);
+  lblPrompt_->setTextFormat(Qt::PlainText);  // it holds a title, which may look like HTML
+  lblPrompt_->setWordWrap(true);
+  // A title that is one long word must not stretch the dialog beyond the screen.
+  QSizePolicy policy = lblPrompt_->sizePolicy();
+  policy.setHorizontalPolicy(QSizePolicy::Ignored);
+  lblPrompt_->setSizePolicy(policy);
+}
+
+void frmEditProperty::LayOut() {
+  QDialogButtonBox* buttons = tools::MakeOkCancelButtons(this);
+  buttons->addButton(cmdReset_, QDialogButtonBox::ResetRole);
+  cmdOK_ = buttons->button(QDialogButtonBox::Ok);
+  cmdCancel_ = buttons->button(QDialogButtonBox::Cancel);
+
+  auto* fields = new QGridLayout;
+  fields->addWidget(lblNewValue_, 0, 0);
+  fields->addWidget(txtNewValue_, 0, 1);
+  fields->addWidget(lblOldValue_, 1, 0);
+  fields->addWidget(txtOldValue_, 1, 1);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(lblPrompt_);
+  layout->addSpacing(layout->spacing());
+  layout->addLayout(fields);
+  layout->addStretch();
+  layout->addSpacing(layout->spacing());
+  layout->addWidget(buttons);
+
+  setTabOrder(cmdReset_, cmdCancel_);
+  setTabOrder(cmdCancel_, cmdOK_);
+  setTabOrder(cmdOK_, txtNewValue_);
+  setTabOrder(txtNewValue_, txtOldValue_);
+  txtNewValue_->setFocus();
+}
+
+void frmEditProperty::setVisible(bool visible) {
+  if (visible) Fill();
+  QDialog::setVisible(visible);
+}
+
+bool frmEditProperty::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && !txtNewValue_->isModified()) Fill();
+  return QDialog::event(event);
+}
+
+void frmEditProperty::closeEvent(QCloseEvent* event) {
+  if (!event->spontaneous()) {
+    event->accept();
+    return;
+  }
+  event->ignore();
+  cmdCancel_->click();
+}
+
+void frmEditProperty::reject() {
+  apply_ = false;
+  QDialog::reject();
+}
+
+void frmEditProperty::Fill() {
+  cmdReset_->setVisible(enableDefaultValue_);
+  lblPrompt_->setText(prompt_);
+  txtNewValue_->setAccessibleDescription(prompt_);
+  txtOldValue_->setText(value_);
+  txtNewValue_->setText(value_);
+  tools::SelectAllText(*txtNewValue_);
+}
+
+void frmEditProperty::Reset() {
+  txtNewValue_->setText(defaultValue_);
+  txtNewValue_->setModified(true);
+}
+
+void frmEditProperty::Confirm() {
+  value_ = txtNewValue_->text();
+  apply_ = true;
+  accept();
+}
+
+}  // namespace grid
