@@ -1,6 +1,7 @@
-#include <exception>
+#include <vector>
 
 #include "tools/Error.h"
+#include "tools/FileHandle_win.h"
 #include "tools/Files.h"
 #include "tools/TemporaryName.h"
 #include "tools/WindowsApi.h"
@@ -10,29 +11,56 @@ namespace tools {
 
 namespace {
 
-/// Carries the progress function through the system's copy, and an error that it raised back out.
-struct CopyState {
-  const CopyProgress* progress = nullptr;
-  std::uint64_t bytes = 0;
-  std::exception_ptr raised;
-};
-
-DWORD CALLBACK OnProgress(LARGE_INTEGER, LARGE_INTEGER transferred, LARGE_INTEGER, LARGE_INTEGER,
-                          DWORD, DWORD, HANDLE, HANDLE, LPVOID data) {
-  auto& state = *static_cast<CopyState*>(data);
-  state.bytes = static_cast<std::uint64_t>(transferred.QuadPart);
-  if (!*state.progress) return PROGRESS_CONTINUE;
-  try {
-    (*state.progress)(state.bytes);
-    return PROGRESS_CONTINUE;
-  } catch (...) {
-    state.raised = std::current_exception();
-    return PROGRESS_CANCEL;
-  }
-}
+constexpr DWORD kBufferBytes = DWORD{1} << 20U;
 
 CopyResult Failure(std::error_code cause) {
   return {.errorText = SystemErrorText(cause), .cause = cause};
+}
+
+/// Copies what the file holds. The system's own copy would also take over a write protection, which
+/// keeps the next build from replacing the copy, and the mark that a file came from the network.
+bool CopyContent(HANDLE source, HANDLE target, std::uint64_t& copied,
+                 const CopyProgress& progress) {
+  std::vector<char> buffer(kBufferBytes);
+  while (true) {
+    DWORD count = 0;
+    if (ReadFile(source, buffer.data(), kBufferBytes, &count, nullptr) == 0) return false;
+    if (count == 0) return true;
+    DWORD written = 0;
+    if (WriteFile(target, buffer.data(), count, &written, nullptr) == 0) return false;
+    copied += written;
+    if (progress) progress(copied);
+  }
+}
+
+bool CopyTime(HANDLE source, HANDLE target) {
+  FILETIME modified{};
+  return GetFileTime(source, nullptr, nullptr, &modified) != 0 &&
+         SetFileTime(target, nullptr, nullptr, &modified) != 0;
+}
+
+/// Copies into a file that does not exist yet, and removes it again when that fails.
+CopyResult CopyToNew(const FileHandle& source, const std::string& target,
+                     const CopyProgress& progress) {
+  const std::wstring path = LongPath(target);
+  FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                              FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file.IsOpen()) return Failure(LastSystemError());
+  CopyResult result;
+  try {
+    if (CopyContent(source.Get(), file.Get(), result.bytes, progress) &&
+        CopyTime(source.Get(), file.Get()) && file.Close()) {
+      return result;
+    }
+    result = Failure(LastSystemError());
+  } catch (...) {
+    if (file.IsOpen()) (void)file.Close();
+    DeleteFileW(path.c_str());
+    throw;
+  }
+  if (file.IsOpen()) (void)file.Close();
+  DeleteFileW(path.c_str());
+  return result;
 }
 
 }  // namespace
@@ -40,25 +68,25 @@ CopyResult Failure(std::error_code cause) {
 CopyResult CopyFile(std::string_view source, std::string_view target,
                     const CopyProgress& progress) {
   if (FolderExists(source)) return Failure(std::make_error_code(std::errc::is_a_directory));
+  FileHandle file(CreateFileW(LongPath(source).c_str(), GENERIC_READ,
+                              FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file.IsOpen()) return Failure(LastSystemError());
+  if (FolderExists(target)) return Failure(std::make_error_code(std::errc::file_exists));
+  if (!FileExists(target)) return CopyToNew(file, std::string(target), progress);
+
   // The target's old content stays until the new one is whole.
-  const bool replaces = FileExists(target);
-  const std::wstring path = LongPath(replaces ? TemporaryNameBeside(target) : std::string(target));
-  CopyState state{.progress = &progress, .raised = nullptr};
-  const BOOL copied = CopyFileExW(LongPath(source).c_str(), path.c_str(), OnProgress, &state,
-                                  nullptr, COPY_FILE_FAIL_IF_EXISTS);
-  std::error_code cause = copied != 0 ? std::error_code() : LastSystemError();
-  if (!cause) {
-    // A copied write protection would keep the next build from replacing the copy.
-    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if (replaces &&
-        MoveFileExW(path.c_str(), LongPath(target).c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
-      cause = LastSystemError();
-    }
+  const std::string temporary = TemporaryNameBeside(target);
+  const CopyResult result = CopyToNew(file, temporary, progress);
+  // An open file cannot be replaced, should source and target be the same.
+  (void)file.Close();
+  if (result.Succeeded() && MoveFileExW(LongPath(temporary).c_str(), LongPath(target).c_str(),
+                                        MOVEFILE_REPLACE_EXISTING) == 0) {
+    const CopyResult failure = Failure(LastSystemError());
+    DeleteFileW(LongPath(temporary).c_str());
+    return failure;
   }
-  if (cause && (replaces || cause != std::errc::file_exists)) DeleteFileW(path.c_str());
-  if (state.raised) std::rethrow_exception(state.raised);
-  if (cause) return Failure(cause);
-  return {.errorText = {}, .cause = {}, .bytes = state.bytes};
+  return result;
 }
 
 }  // namespace tools

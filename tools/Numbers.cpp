@@ -35,6 +35,10 @@ std::string_view NumberPart(std::string_view text) {
 
 template <typename Integer>
 Integer ToInteger(std::string_view text) {
+  // Nearly every text is a plain number: no detour over a double for those.
+  Integer plain = 0;
+  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), plain);
+  if (failure == std::errc() && end == text.data() + text.size()) return plain;
   // The default rounding mode takes halves to the even neighbour.
   const double rounded = std::nearbyint(LeadingNumber(text));
   constexpr Integer kLowest = std::numeric_limits<Integer>::min();

@@ -6,38 +6,20 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "tools/NameIndex.h"
 #include "tools/SettingsFile.h"
+#include "tools/TextArena.h"
 
 namespace tools {
-
-/// Hash and comparison that ignore ASCII case.
-struct AsciiCaseHash {
-  std::size_t operator()(std::string_view text) const;
-};
-struct AsciiCaseEqual {
-  bool operator()(std::string_view a, std::string_view b) const;
-};
-
-/// Keeps pieces of text at fixed addresses, many to an allocation.
-class TextArena {
- public:
-  /// Room for `size` characters that stays as long as the arena.
-  [[nodiscard]] char* Allocate(std::size_t size);
-
- private:
-  std::vector<std::unique_ptr<char[]>> blocks_;
-  char* free_ = nullptr;
-  std::size_t freeSize_ = 0;
-};
 
 class SettingsFile::Document {
  public:
@@ -46,16 +28,13 @@ class SettingsFile::Document {
   [[nodiscard]] std::optional<std::string_view> Find(std::string_view section,
                                                      std::string_view key) const;
   bool Write(std::string_view section, std::string_view key, std::string_view value);
-  [[nodiscard]] std::string Render() const;
+  void Render(const Sink& sink) const;
   void ReplayWrites(SettingsFile& other) const;
   void ForgetWrites() { written_.clear(); }
   /// Takes over the writes of a document with the same lines.
   void TakeWritesOf(const Document& other) { written_ = other.written_; }
 
  private:
-  using NameIndex =
-      std::unordered_map<std::string_view, std::uint32_t, AsciiCaseHash, AsciiCaseEqual>;
-
   /// One line with its line end; `keySize` is 0 where it is no Key=Value line.
   struct Line {
     const char* text = nullptr;
@@ -73,7 +52,7 @@ class SettingsFile::Document {
   struct Section {
     std::string_view name;
     std::vector<Line> lines;
-    /// Key to line, made when a section with many lines is first searched.
+    /// Finds the lines by key; made when a section with many lines is first searched.
     mutable std::unique_ptr<NameIndex> index;
   };
 
@@ -82,15 +61,20 @@ class SettingsFile::Document {
   void IndexSections();
   [[nodiscard]] static Line MakeLine(std::string_view text);
   [[nodiscard]] static std::string_view ValueOf(const Line& line);
-  [[nodiscard]] static std::optional<std::size_t> FindLine(const Section& section,
-                                                           std::string_view key);
+
   /// The first section of that name; remembers it, because the next search is mostly for it too.
   [[nodiscard]] const Section* FindSection(std::string_view name) const;
-  /// Makes the section that is written to the last one found, adding it where it is missing.
-  [[nodiscard]] Section& SectionForWriting(std::string_view name);
+  [[nodiscard]] static std::optional<std::uint32_t> FindLine(const Section& section,
+                                                             std::string_view key);
+  static void IndexLines(const Section& section);
+
+  /// Adds a section at the end and makes it the last one found.
+  Section& AddSection(std::string_view name);
   /// Adds a line at the section's end and returns its position, which stays: only blank lines are
   /// ever moved.
-  [[nodiscard]] static std::uint32_t InsertKey(Section& section, const Line& line);
+  static std::uint32_t InsertLine(Section& section, const Line& line);
+  /// A line in text of its own.
+  [[nodiscard]] Line NewLine(std::string_view key, std::string_view value);
   /// The pieces joined, at a fixed address.
   [[nodiscard]] std::string_view Keep(std::initializer_list<std::string_view> pieces);
 
@@ -100,7 +84,7 @@ class SettingsFile::Document {
   std::vector<Section> sections_;
   NameIndex sectionIndex_;
   /// Section and line of each write that is to be repeated.
-  std::vector<std::pair<std::uint32_t, std::uint32_t>> written_;
+  std::deque<std::pair<std::uint32_t, std::uint32_t>> written_;
   mutable std::uint32_t lastFound_ = 0;
 };
 

@@ -16,8 +16,6 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// Sections up to this many lines are searched line by line.
 constexpr std::size_t kMostLinesWithoutIndex = 32;
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 std::string_view WithoutLineEnd(std::string_view line) {
@@ -39,6 +37,13 @@ void CheckName(std::string_view name, const char* why) {
          name);
 }
 
+void CheckKey(std::string_view key) {
+  const char* const why = "Ungültiger Schlüsselname in den Einstellungen";
+  CheckName(key, why);
+  Refuse(key.front() == ';' || key.front() == '[' || key.find('=') != std::string_view::npos, why,
+         key);
+}
+
 /// True for a value that only survives between double quotes.
 bool NeedsQuotes(std::string_view value) {
   return !value.empty() && (IsBlank(value.front()) || IsBlank(value.back()) ||
@@ -46,36 +51,6 @@ bool NeedsQuotes(std::string_view value) {
 }
 
 }  // namespace
-
-std::size_t AsciiCaseHash::operator()(std::string_view text) const {
-  // FNV-1a over the lower-case bytes (http://www.isthe.com/chongo/tech/comp/fnv/).
-  std::size_t hash = 14695981039346656037ULL;
-  for (const char c : text) {
-    hash = (hash ^ static_cast<unsigned char>(LowerAscii(c))) * 1099511628211ULL;
-  }
-  return hash;
-}
-
-bool AsciiCaseEqual::operator()(std::string_view a, std::string_view b) const {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (a[i] != b[i] && LowerAscii(a[i]) != LowerAscii(b[i])) return false;
-  }
-  return true;
-}
-
-char* TextArena::Allocate(std::size_t size) {
-  constexpr std::size_t kBlockBytes = std::size_t{64} << 10U;
-  if (size > freeSize_) {
-    freeSize_ = std::max(size, kBlockBytes);
-    // Not initialized: every character is written before it is read.
-    free_ = blocks_.emplace_back(new char[freeSize_]).get();
-  }
-  char* const room = free_;
-  free_ += size;
-  freeSize_ -= size;
-  return room;
-}
 
 SettingsFile::Document::Document(std::string content) : content_(std::move(content)) {
   const std::size_t firstBreak = content_.find('\n');
@@ -106,10 +81,11 @@ void SettingsFile::Document::Parse() {
 }
 
 void SettingsFile::Document::IndexSections() {
-  sectionIndex_.reserve(sections_.size());
-  for (std::size_t i = 1; i < sections_.size(); ++i) {
+  sectionIndex_.Reserve(sections_.size());
+  const auto nameAt = [this](std::uint32_t i) { return sections_[i].name; };
+  for (std::uint32_t i = 1; i < sections_.size(); ++i) {
     // The first of two sections of one name counts.
-    sectionIndex_.emplace(sections_[i].name, static_cast<std::uint32_t>(i));
+    if (!sectionIndex_.Find(sections_[i].name, nameAt)) sectionIndex_.Add(sections_[i].name, i);
   }
 }
 
@@ -151,78 +127,75 @@ std::string_view SettingsFile::Document::ValueOf(const Line& line) {
   return value;
 }
 
-std::optional<std::size_t> SettingsFile::Document::FindLine(const Section& section,
-                                                            std::string_view key) {
+std::optional<std::uint32_t> SettingsFile::Document::FindLine(const Section& section,
+                                                              std::string_view key) {
   const std::vector<Line>& lines = section.lines;
-  if (lines.size() <= kMostLinesWithoutIndex) {
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      // A line without a key has an empty one, and nobody asks for that.
-      if (lines[i].keySize == key.size() && AsciiCaseEqual()(lines[i].Key(), key)) return i;
-    }
-    return std::nullopt;
+  if (lines.size() > kMostLinesWithoutIndex) {
+    if (!section.index) IndexLines(section);
+    return section.index->Find(key, [&lines](std::uint32_t i) { return lines[i].Key(); });
   }
-  if (!section.index) {
-    section.index = std::make_unique<NameIndex>();
-    section.index->reserve(lines.size());
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      if (lines[i].keySize != 0) {
-        section.index->emplace(lines[i].Key(), static_cast<std::uint32_t>(i));
-      }
+  for (std::uint32_t i = 0; i < lines.size(); ++i) {
+    // A line without a key has an empty one, and nobody asks for that.
+    if (lines[i].keySize == key.size() && EqualIgnoringAsciiCase(lines[i].Key(), key)) return i;
+  }
+  return std::nullopt;
+}
+
+void SettingsFile::Document::IndexLines(const Section& section) {
+  const std::vector<Line>& lines = section.lines;
+  section.index = std::make_unique<NameIndex>();
+  section.index->Reserve(lines.size());
+  const auto keyAt = [&lines](std::uint32_t i) { return lines[i].Key(); };
+  for (std::uint32_t i = 0; i < lines.size(); ++i) {
+    if (lines[i].keySize != 0 && !section.index->Find(lines[i].Key(), keyAt)) {
+      section.index->Add(lines[i].Key(), i);
     }
   }
-  const auto found = section.index->find(key);
-  if (found == section.index->end()) return std::nullopt;
-  return found->second;
+}
+
+const SettingsFile::Document::Section* SettingsFile::Document::FindSection(
+    std::string_view name) const {
+  if (lastFound_ == 0 || sections_[lastFound_].name != name) {
+    const auto found =
+        sectionIndex_.Find(name, [this](std::uint32_t i) { return sections_[i].name; });
+    if (!found) return nullptr;
+    lastFound_ = *found;
+  }
+  return &sections_[lastFound_];
 }
 
 std::optional<std::string_view> SettingsFile::Document::Find(std::string_view section,
                                                              std::string_view key) const {
   const Section* const place = FindSection(section);
   if (place == nullptr || key.empty()) return std::nullopt;
-  const std::optional<std::size_t> line = FindLine(*place, key);
+  const std::optional<std::uint32_t> line = FindLine(*place, key);
   if (!line) return std::nullopt;
   return ValueOf(place->lines[*line]);
 }
 
-const SettingsFile::Document::Section* SettingsFile::Document::FindSection(
-    std::string_view name) const {
-  if (lastFound_ == 0 || !AsciiCaseEqual()(sections_[lastFound_].name, name)) {
-    const auto found = sectionIndex_.find(name);
-    if (found == sectionIndex_.end()) return nullptr;
-    lastFound_ = found->second;
-  }
-  return &sections_[lastFound_];
-}
-
 bool SettingsFile::Document::Write(std::string_view section, std::string_view key,
                                    std::string_view value) {
-  CheckName(section, "Ungültiger Abschnittsname in den Einstellungen");
-  CheckName(key, "Ungültiger Schlüsselname in den Einstellungen");
-  Refuse(key.find('=') != std::string_view::npos || key.front() == ';' || key.front() == '[',
-         "Ungültiger Schlüsselname in den Einstellungen", key);
+  CheckKey(key);
   Refuse(HasLineBreak(value), "Ein Wert der Einstellungen darf keinen Zeilenumbruch enthalten",
          value);
-
-  Section& place = SectionForWriting(section);
-  const std::optional<std::size_t> found = FindLine(place, key);
-  if (found && ValueOf(place.lines[*found]) == value) return false;
-
-  const std::string_view quote = NeedsQuotes(value) ? "\"" : "";
-  const std::string_view name = found ? place.lines[*found].Key() : key;
-  const Line line = MakeLine(Keep({name, "=", quote, value, quote, lineEnd_}));
-  std::uint32_t position = 0;
-  if (found) {
-    position = static_cast<std::uint32_t>(*found);
-    place.lines[position] = line;
-  } else {
-    position = InsertKey(place, line);
+  if (FindSection(section) == nullptr) {
+    CheckName(section, "Ungültiger Abschnittsname in den Einstellungen");
+    AddSection(section);
   }
-  written_.emplace_back(lastFound_, position);
+  Section& place = sections_[lastFound_];
+  std::optional<std::uint32_t> position = FindLine(place, key);
+  if (!position) {
+    position = InsertLine(place, NewLine(key, value));
+  } else if (ValueOf(place.lines[*position]) == value) {
+    return false;
+  } else {
+    place.lines[*position] = NewLine(place.lines[*position].Key(), value);
+  }
+  written_.emplace_back(lastFound_, *position);
   return true;
 }
 
-SettingsFile::Document::Section& SettingsFile::Document::SectionForWriting(std::string_view name) {
-  if (FindSection(name) != nullptr) return sections_[lastFound_];
+SettingsFile::Document::Section& SettingsFile::Document::AddSection(std::string_view name) {
   std::vector<Line>& before = sections_.back().lines;
   if (!before.empty() && !WithoutLineEnd(before.back().Text()).empty()) {
     before.push_back(MakeLine(lineEnd_));
@@ -234,21 +207,32 @@ SettingsFile::Document::Section& SettingsFile::Document::SectionForWriting(std::
   added.name = header.substr(1, name.size());
   added.lines.reserve(std::min(likelySize, kMostLinesWithoutIndex));
   added.lines.push_back(MakeLine(header));
-  sectionIndex_.emplace(added.name, lastFound_);
+  sectionIndex_.Add(added.name, lastFound_);
   return added;
 }
 
-std::uint32_t SettingsFile::Document::InsertKey(Section& section, const Line& line) {
+std::uint32_t SettingsFile::Document::InsertLine(Section& section, const Line& line) {
   // Blank lines that set the next section apart stay at the end.
   auto place = section.lines.end();
-  while (place != section.lines.begin() &&
+  while (place != section.lines.begin() && (place - 1)->keySize == 0 &&
          TrimBlanks(WithoutLineEnd((place - 1)->Text())).empty()) {
     --place;
   }
   const auto position = static_cast<std::uint32_t>(place - section.lines.begin());
   section.lines.insert(place, line);
-  if (section.index) section.index->emplace(section.lines[position].Key(), position);
+  if (section.index) section.index->Add(section.lines[position].Key(), position);
   return position;
+}
+
+SettingsFile::Document::Line SettingsFile::Document::NewLine(std::string_view key,
+                                                             std::string_view value) {
+  const std::string_view quote = NeedsQuotes(value) ? "\"" : "";
+  const std::string_view text = Keep({key, "=", quote, value, quote, lineEnd_});
+  return {.text = text.data(),
+          .size = static_cast<std::uint32_t>(text.size()),
+          .keyBegin = 0,
+          .keySize = static_cast<std::uint32_t>(key.size()),
+          .valueBegin = static_cast<std::uint32_t>(key.size() + 1)};
 }
 
 std::string_view SettingsFile::Document::Keep(std::initializer_list<std::string_view> pieces) {
@@ -260,17 +244,20 @@ std::string_view SettingsFile::Document::Keep(std::initializer_list<std::string_
   return {room, size};
 }
 
-std::string SettingsFile::Document::Render() const {
-  std::size_t size = 0;
+void SettingsFile::Document::Render(const Sink& sink) const {
+  constexpr std::size_t kPartBytes = std::size_t{256} << 10U;
+  std::string part;
+  part.reserve(kPartBytes);
   for (const Section& section : sections_) {
-    for (const Line& line : section.lines) size += line.size;
+    for (const Line& line : section.lines) {
+      if (part.size() + line.size > kPartBytes && !part.empty()) {
+        sink(part);
+        part.clear();
+      }
+      part.append(line.Text());
+    }
   }
-  std::string content;
-  content.reserve(size);
-  for (const Section& section : sections_) {
-    for (const Line& line : section.lines) content.append(line.Text());
-  }
-  return content;
+  if (!part.empty()) sink(part);
 }
 
 void SettingsFile::Document::ReplayWrites(SettingsFile& other) const {
@@ -301,7 +288,13 @@ bool SettingsFile::Write(std::string_view section, std::string_view key, std::st
   return document_->Write(section, key, value);
 }
 
-std::string SettingsFile::Render() const { return document_->Render(); }
+void SettingsFile::Render(const Sink& sink) const { document_->Render(sink); }
+
+std::string SettingsFile::Render() const {
+  std::string content;
+  Render([&content](std::string_view part) { content.append(part); });
+  return content;
+}
 
 std::shared_ptr<SettingsFile> SettingsFile::Clone() const {
   auto clone = std::make_shared<SettingsFile>(Render());

@@ -8,6 +8,7 @@
 // survive an edit.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -39,7 +40,12 @@ class SettingsFile {
   /// "[", a section with "]").
   bool Write(std::string_view section, std::string_view key, std::string_view value);
 
-  /// The whole content, to be written to disk.
+  /// Receives a part of the content.
+  using Sink = std::function<void(std::string_view part)>;
+
+  /// Gives the whole content, to be written to disk, to `sink` in parts that follow each other.
+  void Render(const Sink& sink) const;
+  /// The whole content.
   [[nodiscard]] std::string Render() const;
 
   /// A separate copy, writes included.

@@ -17,6 +17,12 @@ constexpr std::uint64_t kMostKeptBytes = std::uint64_t{24} << 20U;
 /// A larger file is no settings file.
 constexpr std::uint64_t kLargestFileBytes = std::uint64_t{1} << 30U;
 
+void WriteFile(Disk& disk, const std::string& path, const SettingsFile& content) {
+  ReplacementFile replacement(disk, path);
+  content.Render([&replacement](std::string_view part) { replacement.File().Write(part); });
+  replacement.Commit(ReplacementFile::Durability::Flushed);
+}
+
 }  // namespace
 
 struct SettingsStore::Entry {
@@ -62,7 +68,7 @@ void SettingsStore::Write(const std::string& path, std::string_view section, std
 
 void SettingsStore::ReplaceFile(const std::string& path, const SettingsFile& content) {
   const FolderLock lock(FolderOf(path));
-  WriteTextFile(disk_, path, content.Render(), ReplacementFile::Durability::Flushed);
+  WriteFile(disk_, path, content);
   if (entries_.contains(path)) Forget(path);
 }
 
@@ -108,7 +114,7 @@ void SettingsStore::Replace(const std::string& path, Entry& entry) {
     if (!entry.unreadable.empty()) throw Error(entry.unreadable);
     written->ReplayWrites(*entry.file);
   }
-  WriteTextFile(disk_, path, entry.file->Render(), ReplacementFile::Durability::Flushed);
+  WriteFile(disk_, path, *entry.file);
   SetStamp(entry, StampOf(path));
   entry.file->ForgetWrites();
   entry.pending = false;
