@@ -1,0 +1,19 @@
+// The setup wizard's option pages under their ProgIDs.
+#pragma once
+
+#include <cstdint>
+
+#include "model/ModProject.h"
+#include "tools/Dialogs.h"
+#include "tools/desktop/WizardPageRegistry.h"
+
+namespace wizards {
+
+/// "PackwrightWizards.wizSetup_Config", "PackwrightWizards.wizSetup_Output" and
+/// "PackwrightWizards.wizSetup_Packaging" for the version in slot `versionIndex`. The references
+/// must outlive the registry and the pages.
+[[nodiscard]] tools::WizardPageRegistry OptionPages(const model::ModProject& project,
+                                                    std::int32_t versionIndex,
+                                                    tools::Dialogs& dialogs);
+
+}  // namespace wizards

@@ -1,0 +1,47 @@
+// Guides the author through the build of one version.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/ModProject.h"
+#include "tools/Clock.h"
+#include "tools/Disk.h"
+#include "wizards/ProgramWizard.h"
+
+namespace wizards {
+
+/// What the wizard's build works with. The references must outlive the wizard.
+struct BuildServices {
+  const model::ModProject& project;
+  tools::Dialogs& dialogs;
+  const tools::Clock& clock;
+  tools::Disk& disk;
+  std::string programFolder;  ///< holds the setup wrapper and the runtime's installer
+};
+
+/// The pages are "intro", "configuration", "output", "packaging" and "ready", in this order.
+/// "config" and "folder" of the data store begin with the version's active configuration and its
+/// output folder; "language" and the packaging options begin empty.
+class SetupWizard : public ProgramWizard {
+ public:
+  /// For the version in slot `versionIndex` of the open product.
+  SetupWizard(const BuildServices& services, std::int32_t versionIndex, FrameMaker makeFrame);
+
+  [[nodiscard]] std::string Title() override;
+  [[nodiscard]] tools::WizardPage ShowPage(const std::string& key) override;
+  [[nodiscard]] std::string LoadPage(const std::string& key) override;
+  /// Builds with the data store's values, then says that the setup was made, however it went.
+  void Finish(tools::WizardStructure& ParentWizard) override;
+
+ protected:
+  void FillDataStore(tools::WizardDataStore& store) override;
+
+ private:
+  void Build(const tools::WizardDataStore& store);
+
+  BuildServices services_;
+  std::int32_t versionIndex_;
+};
+
+}  // namespace wizards

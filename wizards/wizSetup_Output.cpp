@@ -1,0 +1,171 @@
+#include "wizards/wizSetup_Output.h"
+
+#include <QDirIterator>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStyle>
+
+#include "build/OutputFolder.h"
+#include "model/TextTable.h"
+#include "tools/Numbers.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+#include "wizards/Languages.h"
+
+namespace wizards {
+
+using namespace Qt::StringLiterals;
+using model::LoadText;
+using tools::ToQString;
+
+namespace {
+
+constexpr int kFolderBrowserFlags = 17;
+
+// Stops at the first file, for the question is asked with every key.
+bool HoldsFiles(const std::string& folder) {
+  QDirIterator files(ToQString(folder), QDir::Files | QDir::Hidden | QDir::System,
+                     QDirIterator::Subdirectories);
+  return files.hasNext();
+}
+
+std::string ConfigurationName(const std::string& value) {
+  const std::int32_t configuration = tools::ToInt32(value);
+  if (configuration == 1) return LoadText(339);
+  return configuration == 2 ? LoadText(340) : std::string();
+}
+
+}  // namespace
+
+wizSetup_Output::wizSetup_Output(const model::ModProject& project, std::int32_t versionIndex,
+                                 tools::Dialogs& dialogs, tools::WizardDataStore& DataStore,
+                                 QWidget* parent)
+    : WizardOptionPage(DataStore, parent),
+      project_(project),
+      versionIndex_(versionIndex),
+      dialogs_(dialogs) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(MakeFolderRow());
+  layout->addWidget(MakeOverview());
+  layout->addStretch();
+}
+
+QWidget* wizSetup_Output::MakeFolderRow() {
+  auto* row = new QWidget(this);
+  txtFolder_ = new QLineEdit(row);
+  txtFolder_->setObjectName(u"txtFolder"_s);
+  tools::AllowAnyLength(*txtFolder_);
+  auto* lblFolder = new QLabel(ToQString(LoadText(363)), row);
+  lblFolder->setBuddy(txtFolder_);
+  txtFolder_->setAccessibleName(ToQString(LoadText(343)));
+  auto* cmdBrowse = new QPushButton(ToQString(LoadText(364)), row);
+  cmdBrowse->setObjectName(u"cmdBrowse"_s);
+  cmdBrowse->setAutoDefault(false);
+
+  fraFolderWarning_ = new QWidget(row);
+  auto* icon = new QLabel(fraFolderWarning_);
+  const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(iconSize));
+  lblFolderWarning_ = new QLabel(fraFolderWarning_);
+  lblFolderWarning_->setObjectName(u"lblFolderWarning"_s);
+  lblFolderWarning_->setTextFormat(Qt::PlainText);
+  lblFolderWarning_->setWordWrap(true);
+  auto* warning = new QHBoxLayout(fraFolderWarning_);
+  warning->setContentsMargins(0, 0, 0, 0);
+  warning->addWidget(icon, 0, Qt::AlignTop);
+  warning->addWidget(lblFolderWarning_, 1);
+
+  auto* layout = new QGridLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(lblFolder, 0, 0);
+  layout->addWidget(txtFolder_, 1, 0);
+  layout->addWidget(cmdBrowse, 1, 1);
+  layout->addWidget(fraFolderWarning_, 2, 0, 1, 2);
+  connect(cmdBrowse, &QPushButton::clicked, this,
+          tools::Guarded(dialogs_, [this] { BrowseForFolder(); }));
+  connect(txtFolder_, &QLineEdit::textChanged, this,
+          tools::Guarded(dialogs_, [this] { TakeFolder(); }));
+  return row;
+}
+
+QWidget* wizSetup_Output::MakeOverview() {
+  auto* overview = new QGroupBox(ToQString(LoadText(361)), this);
+  overview->setObjectName(u"fraOverview"_s);
+  auto* rows = new QFormLayout(overview);
+  rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  txtOverviewProduct_ = AddOverviewRow(*rows, ToQString(LoadText(208)), u"txtOverviewProduct"_s);
+  txtOverviewVersion_ =
+      AddOverviewRow(*rows, ToQString(LoadText(220)) + u':', u"txtOverviewVersion"_s);
+  txtOverviewConfiguration_ =
+      AddOverviewRow(*rows, ToQString(LoadText(360)), u"txtOverviewConfiguration"_s);
+  txtOverviewLanguage_ = AddOverviewRow(*rows, ToQString(LoadText(359)), u"txtOverviewLanguage"_s);
+  txtOverviewFolder_ = AddOverviewRow(*rows, ToQString(LoadText(363)), u"txtOverviewFolder"_s);
+  return overview;
+}
+
+// A text box can be scrolled through and copied from, however long the path is.
+QLineEdit* wizSetup_Output::AddOverviewRow(QFormLayout& rows, const QString& title,
+                                           const QString& name) {
+  auto* place = new QLineEdit(this);
+  place->setObjectName(name);
+  place->setReadOnly(true);
+  place->setFrame(false);
+  QPalette flat = place->palette();
+  flat.setColor(QPalette::Base, Qt::transparent);
+  place->setPalette(flat);
+  tools::AllowAnyLength(*place);
+  QString accessible = title;
+  place->setAccessibleName(accessible.remove(u':'));
+  rows.addRow(title, place);
+  return place;
+}
+
+void wizSetup_Output::ShowValues() {
+  Show(*txtOverviewProduct_, project_.ProductTitle());
+  Show(*txtOverviewVersion_, project_.VersionString(versionIndex_));
+  Show(*txtOverviewConfiguration_, ConfigurationName(Value("config")));
+  const std::string language = Value("language");
+  Show(*txtOverviewLanguage_, language.empty() ? language : LanguageText(tools::ToInt32(language)));
+  const QSignalBlocker quiet(txtFolder_);
+  txtFolder_->setText(ToQString(Value("folder")));
+  ShowFolder();
+}
+
+void wizSetup_Output::BrowseForFolder() {
+  const std::string chosen = dialogs_.BrowseFolder(LoadText(307), kFolderBrowserFlags);
+  if (!chosen.empty()) txtFolder_->setText(ToQString(chosen));
+}
+
+void wizSetup_Output::TakeFolder() {
+  SetValue("folder", tools::ToUtf8(txtFolder_->text()));
+  ShowFolder();
+}
+
+void wizSetup_Output::ShowFolder() {
+  // Where the sources lie is checked by the build, which knows them.
+  const std::string folder = build::NormalizeOutputFolder(Value("folder"), project_, {});
+  Show(*txtOverviewFolder_, folder);
+  if (folder.empty()) {
+    Warn(LoadText(348));
+  } else {
+    Warn(HoldsFiles(folder) ? LoadText(349) : std::string());
+  }
+}
+
+void wizSetup_Output::Warn(const std::string& text) {
+  lblFolderWarning_->setText(ToQString(text));
+  fraFolderWarning_->setVisible(!text.empty());
+}
+
+void wizSetup_Output::Show(QLineEdit& place, const std::string& value) {
+  place.setText(ToQString(value.empty() ? LoadText(362) : value));
+  place.setCursorPosition(0);
+}
+
+}  // namespace wizards

@@ -1,0 +1,45 @@
+#include "wizards/wizSetup_Packaging.h"
+
+#include <QCheckBox>
+#include <QVBoxLayout>
+
+#include "build/BuildSettings.h"
+#include "model/TextTable.h"
+#include "tools/desktop/QtText.h"
+
+namespace wizards {
+
+using namespace Qt::StringLiterals;
+using model::LoadText;
+
+wizSetup_Packaging::wizSetup_Packaging(tools::WizardDataStore& DataStore, QWidget* parent)
+    : WizardOptionPage(DataStore, parent) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  chkMakeZip_ = AddOption(u"chkMakeZip"_s, LoadText(365), "makezip");
+  chkIncludeExe_ = AddOption(u"chkIncludeExe"_s, LoadText(366), "includeexe");
+  chkIncludeTessel_ = AddOption(u"chkIncludeTessel"_s, LoadText(367), "includetessel");
+  layout->addStretch();
+}
+
+QCheckBox* wizSetup_Packaging::AddOption(const QString& name, const std::string& text,
+                                         const char* value) {
+  auto* box = new QCheckBox(tools::ToQString(text), this);
+  box->setObjectName(name);
+  layout()->addWidget(box);
+  connect(box, &QCheckBox::clicked, this,
+          [this, value](bool checked) { SetValue(value, checked ? "1" : "0"); });
+  return box;
+}
+
+void wizSetup_Packaging::ShowValues() {
+  const build::BuildOptions options =
+      build::ReadBuildOptions({{"makezip", Value("makezip")},
+                               {"includeexe", Value("includeexe")},
+                               {"includetessel", Value("includetessel")}});
+  chkMakeZip_->setChecked(options.packaged);
+  chkIncludeExe_->setChecked(options.includeWrapper);
+  chkIncludeTessel_->setChecked(options.includeRuntime);
+}
+
+}  // namespace wizards
