@@ -213,14 +213,14 @@ TEST_F(ArchiveWriterTest, ALargeSourceThatChangesIsRefused) {
 TEST_F(ArchiveWriterTest, TheProgressCallbackCanStopIt) {
   folder_.Write("in/large", tests::WordBytes(20 * kBlock));
   int calls = 0;
-  EXPECT_EQ(FailureOf([&] {
-              Archive({"large", "large"}, kSmallBlocks, [&](const tools::ArchiveTotals& totals) {
-                ++calls;
-                EXPECT_GT(totals.bytesOut, 0U);
-                throw tools::Error("stopped");
-              });
-            }),
-            "stopped");
+  const std::string failure = FailureOf([&] {
+    Archive({"large", "large"}, kSmallBlocks, [&](const tools::ArchiveTotals& totals) {
+      ++calls;
+      EXPECT_GT(totals.bytesOut, 0U);
+      throw tools::Error("stopped");
+    });
+  });
+  EXPECT_EQ(failure, "stopped");
   EXPECT_EQ(calls, 1);
 }
 
