@@ -18,7 +18,7 @@ namespace tools {
 
 namespace {
 
-constexpr std::size_t kMebibyte = 1024 * 1024;
+constexpr std::size_t kMebibyte = 1U << 20U;
 constexpr int kMaximumThreads = 64;
 constexpr std::size_t kWaitingJobs = 512;
 // Outcomes that may wait for their turn, beyond the blocks that the threads work on.

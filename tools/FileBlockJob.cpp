@@ -7,7 +7,7 @@ namespace tools {
 
 namespace {
 
-constexpr std::size_t kCopyBytes = 256 * 1024;
+constexpr std::size_t kCopyBytes = 1U << 18U;
 
 }  // namespace
 

@@ -7,7 +7,7 @@ namespace tools {
 namespace {
 
 constexpr std::size_t kFullFiles = 64;
-constexpr std::size_t kFullBytes = 512 * 1024;
+constexpr std::size_t kFullBytes = 1U << 19U;
 constexpr std::size_t kHeaderBytes = 128;  // about, with a name
 
 }  // namespace

@@ -103,9 +103,9 @@ TEST_F(ArchiveWriterTest, AnArchiveOfNothingIsEmpty) {
 
 TEST_F(ArchiveWriterTest, BytesDependOnTheSourcesOnly) {
   std::vector<std::string> names;
-  for (unsigned i = 0; i < 300; ++i) {
+  for (std::size_t i = 0; i < 300; ++i) {
     names.push_back(std::to_string(i) + ".txt");
-    folder_.Write("in/" + names.back(), tests::WordBytes(i * 77, i + 1));
+    folder_.Write("in/" + names.back(), tests::WordBytes(i * 77));
   }
   names.insert(names.begin() + 100, "large");
   folder_.Write("in/large", tests::MixedBytes(5 * kBlock));
