@@ -4,8 +4,8 @@
 #   debian-packages.sh GROUP...     installs what is missing of the groups; silent when nothing is
 #
 # Groups: build (compile the layers without Qt), desktop (compile the desktop program too), run
-# (run.sh), test (compile and run the tests), ci (the checks of .ci/run), windows (the cross-build
-# and its tests under Wine).
+# (run.sh), test (compile and run the tests), ci (the checks of .ci/run), bench (bench/run.sh and
+# the programs it compares with), windows (the cross-build and its tests under Wine).
 # Installs as root, or through sudo; asks nothing. Only a missing package causes an apt call.
 set -eu
 
@@ -14,6 +14,7 @@ packages_build="cmake g++ ninja-build libcli11-dev libdeflate-dev libutf8proc-de
 packages_desktop="qt6-base-dev"
 packages_run="unzip"
 packages_test="libarchive-dev libgmock-dev libgtest-dev unzip"
+packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time zip"
 packages_ci="clang-format clang-tidy"
 packages_windows="dpkg-dev g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev make wine wine64"
 
@@ -24,6 +25,7 @@ for group in "$@"; do
     desktop) wanted="$wanted $packages_desktop" ;;
     run) wanted="$wanted $packages_run" ;;
     test) wanted="$wanted $packages_test" ;;
+    bench) wanted="$wanted $packages_bench" ;;
     ci) wanted="$wanted $packages_ci" ;;
     windows) wanted="$wanted $packages_windows" ;;
     *) echo "debian-packages.sh: unknown group '$group'" >&2; exit 2 ;;
