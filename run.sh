@@ -8,7 +8,7 @@ packaging/debian-packages.sh build run
 
 configure_log=$(mktemp)
 trap 'rm -f "$configure_log"' EXIT
-cmake --preset release -DPACKWRIGHT_DESKTOP=OFF -DBUILD_TESTING=OFF >"$configure_log" || {
+cmake --preset release -DBUILD_TESTING=OFF >"$configure_log" || {
   cat "$configure_log" >&2
   exit 1
 }

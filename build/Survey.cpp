@@ -74,7 +74,7 @@ class Surveyor {
       AddLocation(entry);
       if (entry.Exclude == 1) return;
       SourceList list = ListSources(entry, productFolder_);
-      if (list.fault != SourceFault::None) AddProblem(surveyed.problem, std::move(list));
+      if (list.fault != SourceFault::None) AddProblem(surveyed.problem, list);
       for (const std::string& path : list.paths) Measure(path);
       if (entry.Type == model::ICFile::kFolderScan) {
         for (const std::string& path : list.paths) AddLinkedLocation(path);
@@ -124,8 +124,8 @@ class Surveyor {
     problem->userText = std::move(userText);
   }
 
-  static void AddProblem(std::unique_ptr<SurveyProblem>& problem, SourceList list) {
-    AddProblem(problem, std::move(list.logText), std::move(list.userText));
+  static void AddProblem(std::unique_ptr<SurveyProblem>& problem, const SourceList& list) {
+    AddProblem(problem, list.logText, list.userText);
     problem->fault = list.fault;
     if (list.fault == SourceFault::NoMatch) problem->severity = Severity::Warning;
   }

@@ -4,7 +4,7 @@ set -eu
 cd "$(dirname "$0")/.."
 
 # Compile commands are those of GCC, some of whose warnings clang does not know.
-cmake --preset tidy -DPACKWRIGHT_DESKTOP=OFF >/dev/null
+cmake --preset tidy >/dev/null
 sed -n 's/^ *"file": "\(.*\)",*$/\1/p' out/tidy/compile_commands.json | sort -u >out/tidy/files
 status=0
 xargs -d '\n' -n 1 -P "$(nproc)" clang-tidy --quiet -p out/tidy \

@@ -16,7 +16,7 @@ packages_run="unzip"
 packages_test="libarchive-dev libgmock-dev libgtest-dev unzip"
 packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time zip"
 packages_ci="clang-format clang-tidy"
-packages_windows="dpkg-dev g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev make wine wine64"
+packages_windows="dpkg-dev g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev wine wine64"
 
 wanted=""
 for group in "$@"; do
@@ -40,8 +40,8 @@ fi
 missing=""
 for package in $wanted; do
   status=$(dpkg-query -W -f '${db:Status-Status} ' "$package" 2>/dev/null || true)
-  case $status in
-    *"installed "*) ;;
+  case " $status" in
+    *" installed "*) ;;
     *) missing="$missing $package" ;;
   esac
 done
