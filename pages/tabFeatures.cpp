@@ -1,0 +1,11 @@
+#include "pages/tabFeatures.h"
+
+#include "model/TextTable.h"
+
+namespace pages {
+
+tabFeatures::tabFeatures(const PageServices& /*services*/, QWidget* parent) : EditorPage(parent) {}
+
+std::string tabFeatures::Title() const { return model::LoadText(232); }
+
+}  // namespace pages

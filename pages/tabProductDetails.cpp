@@ -1,0 +1,59 @@
+#include "pages/tabProductDetails.h"
+
+#include <QVBoxLayout>
+
+#include "model/TextTable.h"
+#include "tools/desktop/QtText.h"
+
+namespace pages {
+
+namespace {
+
+constexpr std::string_view kSection = "Product";
+
+struct StoredRow {
+  const char* name;
+  const char* key;
+};
+constexpr StoredRow kTitle{.name = "ProductTitle", .key = "Title"};
+constexpr StoredRow kAuthor{.name = "Author", .key = "Author"};
+constexpr StoredRow kHomepage{.name = "AuthorHomepage", .key = "AuthorHomepage"};
+
+QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
+
+}  // namespace
+
+tabProductDetails::tabProductDetails(const PageServices& services, QWidget* parent)
+    : EditorPage(parent), propsProduct(new grid::ctlPropertyEditor(services.dialogs, this)) {
+  propsProduct->setObjectName(QStringLiteral("propsProduct"));
+  propsProduct->setAccessibleName(Text(234));
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(propsProduct);
+  setFocusProxy(propsProduct);
+  propsProduct->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
+  connect(propsProduct, &grid::ctlPropertyEditor::MouseMove, this,
+          [this] { StatusTextChanged(model::LoadText(244)); });
+}
+
+std::string tabProductDetails::Title() const { return model::LoadText(234); }
+
+void tabProductDetails::ReadSettings() {
+  const auto add = [this](const StoredRow& row, std::int32_t title) {
+    propsProduct->AddProperty(QString::fromLatin1(row.name), Text(title),
+                              tools::ToQString(Host()->Read(kSection, row.key, "")));
+  };
+  add(kTitle, 208);
+  propsProduct->AddProperty(QStringLiteral("ProductGUID"), Text(242), {});
+  add(kAuthor, 209);
+  add(kHomepage, 243);
+}
+
+void tabProductDetails::WriteSettings() {
+  for (const StoredRow& row : {kTitle, kAuthor, kHomepage}) {
+    Host()->Save(kSection, row.key,
+                 tools::ToUtf8(propsProduct->GetProperty(QString::fromLatin1(row.name))));
+  }
+}
+
+}  // namespace pages

@@ -1,0 +1,12 @@
+#include "pages/tabSetupProcedure.h"
+
+#include "model/TextTable.h"
+
+namespace pages {
+
+tabSetupProcedure::tabSetupProcedure(const PageServices& /*services*/, QWidget* parent)
+    : EditorPage(parent) {}
+
+std::string tabSetupProcedure::Title() const { return model::LoadText(236); }
+
+}  // namespace pages

@@ -1,0 +1,22 @@
+// A version's page of installation steps. It holds no data yet: its place in the row of pages is
+// kept.
+#pragma once
+
+#include "pages/PageRegistry.h"
+
+namespace pages {
+
+class tabSetupProcedure : public EditorPage {
+  Q_OBJECT
+
+ public:
+  tabSetupProcedure(const PageServices& services, QWidget* parent);
+
+  [[nodiscard]] std::string Title() const override;
+  void ReadSettings() override {}
+
+ protected:
+  void WriteSettings() override {}
+};
+
+}  // namespace pages

@@ -1,0 +1,76 @@
+#include "pages/tabVersionDetails.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "model/TextTable.h"
+#include "tools/Versions.h"
+#include "tools/desktop/QtText.h"
+
+namespace pages {
+
+namespace {
+
+constexpr int kNumberColumns = 10;  ///< characters of a part of the number that are seen at once
+
+QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
+
+QLineEdit* AddPart(QHBoxLayout& layout, QLabel*& label, const char* labelName, std::int32_t text,
+                   const char* name) {
+  label = new QLabel(Text(text));
+  label->setObjectName(QString::fromLatin1(labelName));
+  auto* box = new QLineEdit;
+  box->setObjectName(QString::fromLatin1(name));
+  box->setAccessibleName(label->text());
+  box->setMaximumWidth(box->fontMetrics().averageCharWidth() * kNumberColumns);
+  label->setBuddy(box);
+  layout.addWidget(label);
+  layout.addWidget(box);
+  return box;
+}
+
+}  // namespace
+
+tabVersionDetails::tabVersionDetails(const PageServices& services, QWidget* parent)
+    : EditorPage(parent), project_(services.project) {
+  auto* number = new QHBoxLayout;
+  BuildNumber(*number);
+  BuildProperties(services.dialogs);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addLayout(number);
+  layout->addWidget(fraProperties, 1);
+}
+
+void tabVersionDetails::BuildNumber(QHBoxLayout& layout) {
+  txtVersionMaj = AddPart(layout, lblVersionMaj, "lblVersionMaj", 246, "txtVersionMaj");
+  txtVersionMin = AddPart(layout, lblVersionMin, "lblVersionMin", 247, "txtVersionMin");
+  txtVersionRev = AddPart(layout, lblVersionRev, "lblVersionRev", 248, "txtVersionRev");
+  layout.addStretch(1);
+}
+
+void tabVersionDetails::BuildProperties(tools::Dialogs& dialogs) {
+  fraProperties = new QGroupBox(Text(245));
+  fraProperties->setObjectName(QStringLiteral("fraProperties"));
+  propsVersion = new grid::ctlPropertyEditor(dialogs, fraProperties);
+  propsVersion->setObjectName(QStringLiteral("propsVersion"));
+  propsVersion->setAccessibleName(Text(245));
+  auto* layout = new QVBoxLayout(fraProperties);
+  layout->addWidget(propsVersion);
+  propsVersion->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
+}
+
+std::string tabVersionDetails::Title() const { return model::LoadText(238); }
+
+void tabVersionDetails::ReadSettings() {
+  const tools::Version version =
+      tools::SplitVersion(project_.VersionString(Host()->VersionIndex()));
+  txtVersionMaj->setText(QString::number(version.major));
+  txtVersionMin->setText(QString::number(version.minor));
+  txtVersionRev->setText(QString::number(version.revision));
+}
+
+}  // namespace pages
