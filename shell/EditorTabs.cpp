@@ -1,0 +1,133 @@
+#include "shell/EditorTabs.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "tools/Error.h"
+#include "tools/SettingsStore.h"
+#include "tools/StandardTexts.h"
+#include "tools/Text.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+namespace {
+
+constexpr std::string_view kClassPrefix = "Packwright.";
+
+}  // namespace
+
+EditorTabs::EditorTabs(EditorArea& area, model::ModProject& project, tools::Dialogs& dialogs,
+                       tools::Registry& registry, const pages::PageRegistry& pageRegistry)
+    : area_(area),
+      project_(project),
+      dialogs_(dialogs),
+      pageRegistry_(pageRegistry),
+      services_{.project = project, .dialogs = dialogs, .registry = registry} {}
+
+EditorTabs::~EditorTabs() = default;
+
+void EditorTabs::Reset(bool ask) {
+  while (!pages_.empty()) {
+    try {
+      if (ask && pages_.front()->IsDirty()) OfferChanges(*pages_.front());
+    } catch (const std::exception&) {
+      return;
+    }
+    pages_.erase(pages_.begin());
+  }
+}
+
+void EditorTabs::OfferChanges(pages::EditorPage& page) {
+  const std::string question = tools::ReplaceAll(model::LoadText(230), "%title%", page.Title());
+  if (dialogs_.ShowMessage({.text = question,
+                            .caption = tools::StandardText(tools::kTextQuestion),
+                            .icon = tools::MessageIcon::Question,
+                            .buttons = tools::MessageButtons::YesNo,
+                            .defaultAnswer = tools::MessageAnswer::Yes}) !=
+      tools::MessageAnswer::Yes) {
+    return;
+  }
+  area_.ShowHourglass(true);
+  try {
+    page.ApplyChanges();
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): only saving reports failures
+  }
+  area_.ShowHourglass(false);
+}
+
+void EditorTabs::Prepare(std::string_view pageList, std::int32_t version, std::int32_t component) {
+  version_ = version;
+  component_ = component;
+  int position = 0;
+  for (const std::string& name : tools::SplitList(pageList, ';', '"')) {
+    const QString controlName = QStringLiteral("EditorTab%1").arg(++position);
+    tools::Guard(dialogs_, [&] { pages_.push_back(MakePage(name, controlName)); });
+  }
+}
+
+std::unique_ptr<pages::EditorPage> EditorTabs::MakePage(const std::string& pageName,
+                                                        const QString& controlName) {
+  const bool taken = std::any_of(pages_.begin(), pages_.end(), [&](const auto& page) {
+    return page->objectName() == controlName;
+  });
+  if (taken) {
+    throw tools::Error("Ein Steuerelement dieses Namens ist schon vorhanden: " +
+                       tools::ToUtf8(controlName));
+  }
+  std::unique_ptr<pages::EditorPage> page(pageRegistry_.Create(
+      std::string(kClassPrefix).append(pageName), services_, area_.PageParent()));
+  page->setObjectName(controlName);
+  page->setVisible(false);
+  page->SetHost(this);
+  // A large component is read key by key: inside a batch its file is compared with the disk once.
+  InOneWrite([&] { page->ReadSettings(); });
+  page->SetDirty(false);
+  return page;
+}
+
+std::int32_t EditorTabs::Count() const { return static_cast<std::int32_t>(pages_.size()); }
+
+pages::EditorPage& EditorTabs::Item(std::int32_t index) {
+  return *pages_.at(static_cast<std::size_t>(index) - 1);
+}
+
+void EditorTabs::ShowTab(std::int32_t index) {
+  for (std::int32_t i = 1; i <= Count(); ++i) {
+    pages::EditorPage& page = Item(i);
+    if (i == index) area_.PositionExtender(page);
+    if (page.isHidden() == (i == index)) page.setVisible(i == index);
+  }
+}
+
+void EditorTabs::StatusTextChanged(const std::string& text) { area_.ShowStatusText(text); }
+
+std::string EditorTabs::Read(std::string_view section, std::string_view key,
+                             std::string_view defaultValue) {
+  if (version_ != 0 && component_ != 0) {
+    return project_.ReadComponentSetting(version_, component_, section, key, defaultValue);
+  }
+  if (version_ != 0) return project_.ReadVersionSetting(version_, section, key, defaultValue);
+  return project_.ReadProductSetting(section, key, defaultValue);
+}
+
+void EditorTabs::Save(std::string_view section, std::string_view key, std::string_view value) {
+  if (version_ != 0 && component_ != 0) {
+    project_.WriteComponentSetting(version_, component_, section, key, value);
+  } else if (version_ != 0) {
+    project_.WriteVersionSetting(version_, section, key, value);
+  } else {
+    project_.WriteProductSetting(section, key, value);
+  }
+}
+
+void EditorTabs::InOneWrite(const std::function<void()>& writes) {
+  tools::SettingsStore::Batch batch(project_.Settings());
+  writes();
+  batch.Commit();
+}
+
+}  // namespace shell

@@ -1,0 +1,65 @@
+// The host of the editor pages: makes the pages of the selected node, routes their settings to the
+// node's file, shows one page at a time, and removes them again.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/ModProject.h"
+#include "model/OpenPages.h"
+#include "pages/PageHost.h"
+#include "pages/PageRegistry.h"
+#include "shell/EditorArea.h"
+#include "tools/Dialogs.h"
+
+namespace shell {
+
+class EditorTabs : public pages::PageHost, public model::OpenPages {
+ public:
+  /// The references must outlive this object, the project model and its store included.
+  EditorTabs(EditorArea& area, model::ModProject& project, tools::Dialogs& dialogs,
+             tools::Registry& registry, const pages::PageRegistry& pageRegistry);
+  ~EditorTabs() override;
+
+  /// Removes all pages; with `ask`, each page with changes is first offered for applying. What
+  /// applying then raises is dropped. A page that cannot tell whether it has changes ends the
+  /// removal: it and the pages behind it stay.
+  void Reset(bool ask) override;
+  /// Makes the pages of a node, hidden: each is a control of the class "Packwright." and its name,
+  /// under the name "EditorTab" and its position in the list, and has read its settings. A page
+  /// that cannot be made or read is reported and left out.
+  void Prepare(std::string_view pageList, std::int32_t version, std::int32_t component);
+
+  [[nodiscard]] std::int32_t Count() const override;
+  [[nodiscard]] pages::EditorPage& Item(std::int32_t index) override;
+  /// Makes one page visible and hides the others; an index outside 1 to Count hides them all.
+  void ShowTab(std::int32_t index);
+
+  void StatusTextChanged(const std::string& text) override;
+  [[nodiscard]] std::string Read(std::string_view section, std::string_view key,
+                                 std::string_view defaultValue) override;
+  void Save(std::string_view section, std::string_view key, std::string_view value) override;
+  void InOneWrite(const std::function<void()>& writes) override;
+  [[nodiscard]] std::int32_t VersionIndex() const override { return version_; }
+  [[nodiscard]] std::int32_t ComponentIndex() const override { return component_; }
+
+ private:
+  [[nodiscard]] std::unique_ptr<pages::EditorPage> MakePage(const std::string& pageName,
+                                                            const QString& controlName);
+  void OfferChanges(pages::EditorPage& page);
+
+  EditorArea& area_;
+  model::ModProject& project_;
+  tools::Dialogs& dialogs_;
+  const pages::PageRegistry& pageRegistry_;
+  pages::PageServices services_;
+  std::vector<std::unique_ptr<pages::EditorPage>> pages_;
+  std::int32_t version_ = 0;
+  std::int32_t component_ = 0;
+};
+
+}  // namespace shell

@@ -1,0 +1,30 @@
+// The application object of the desktop program.
+#pragma once
+
+#include <QApplication>
+
+#include "tools/Dialogs.h"
+
+namespace shell {
+
+/// The last net below the handlers: an exception that one of them lets out is shown as a message
+/// and the program goes on.
+class GuardedApplication : public QApplication {
+  Q_OBJECT
+
+ public:
+  using QApplication::QApplication;
+
+  /// Who shows the messages; null for nobody: exceptions then pass. Must outlive its use.
+  void SetDialogs(tools::Dialogs* dialogs) { dialogs_ = dialogs; }
+
+  bool notify(QObject* receiver, QEvent* event) override;
+
+ private:
+  tools::Dialogs* dialogs_ = nullptr;
+};
+
+/// Has Qt's own texts (file dialogs, menus of text boxes) in German, like the program's.
+void InstallGermanTexts(QApplication& application);
+
+}  // namespace shell

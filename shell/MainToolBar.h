@@ -1,0 +1,28 @@
+// The main window's toolbar.
+#pragma once
+
+#include <QToolBar>
+
+#include "shell/IconList.h"
+
+namespace shell {
+
+/// Its buttons are known by their keys, which are also their objectNames: "new", "open", "save",
+/// "close", "setupwiz", "updatewiz". Each has the image of its key and the tooltip whose number is
+/// its tag. None is ever disabled.
+class MainToolBar : public QToolBar {
+  Q_OBJECT
+
+ public:
+  explicit MainToolBar(QWidget* parent);
+
+ Q_SIGNALS:
+  void ButtonClicked(const QString& key);
+
+ private:
+  void AddButton(const QString& key, int tooltipNumber, const QKeySequence& shortcut);
+
+  IconList imlToolbar;
+};
+
+}  // namespace shell

@@ -1,0 +1,163 @@
+#include "shell/ProjectTree.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTreeWidgetItemIterator>
+#include <exception>
+#include <memory>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+namespace {
+
+constexpr int kKeyRole = Qt::UserRole;
+constexpr int kTagRole = Qt::UserRole + 1;
+
+Node NodeOf(const QTreeWidgetItem* item) {
+  if (item == nullptr) return {};
+  return {tools::ToUtf8(item->data(0, kTagRole).toString()),
+          tools::ToUtf8(item->data(0, kKeyRole).toString())};
+}
+
+bool IsArrowKey(int key) {
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
+         key == Qt::Key_Home || key == Qt::Key_End;
+}
+
+}  // namespace
+
+ProjectTree::ProjectTree(QWidget* parent) : QTreeWidget(parent) {
+  const IconList icons;
+  productIcon_ = icons.Icon(tools::ToQString(kProductTag));
+  versionIcon_ = icons.Icon(tools::ToQString(kVersionTag));
+  componentIcon_ = icons.Icon(tools::ToQString(kComponentTag));
+  setHeaderHidden(true);
+  setUniformRowHeights(true);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setMouseTracking(true);
+  connect(this, &QTreeWidget::itemClicked, this, [this] { itemClicked_ = true; });
+}
+
+QTreeWidgetItem* ProjectTree::SelectedItem() const {
+  const QList<QTreeWidgetItem*> selected = selectedItems();
+  return selected.isEmpty() ? nullptr : selected.front();
+}
+
+Node ProjectTree::SelectedNode() const { return NodeOf(SelectedItem()); }
+
+QTreeWidgetItem* ProjectTree::MakeItem(const Node& node, const std::string& text) const {
+  auto* item = new QTreeWidgetItem;
+  item->setText(0, tools::ToQString(text));
+  item->setData(0, kKeyRole, tools::ToQString(node.key));
+  item->setData(0, kTagRole, tools::ToQString(node.tag));
+  item->setIcon(0, node.tag == kProductTag   ? productIcon_
+                   : node.tag == kVersionTag ? versionIcon_
+                                             : componentIcon_);
+  return item;
+}
+
+void ProjectTree::AddComponents(const model::ModProject& project, std::int32_t version,
+                                QTreeWidgetItem& parent) const {
+  QList<QTreeWidgetItem*> items;
+  for (const std::int32_t slot : project.ComponentSlots(version)) {
+    items.append(MakeItem(ComponentNode(version, slot), project.ComponentTitle(version, slot)));
+  }
+  parent.addChildren(items);
+}
+
+void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVersion) {
+  const Node selected = SelectedNode();
+  clear();
+  if (!project.IsOpen()) return;
+  std::unique_ptr<QTreeWidgetItem> product(MakeItem(ProductNode(), project.ProductTitle()));
+  QTreeWidgetItem* latest = nullptr;
+  std::exception_ptr failure;
+  for (const std::int32_t slot : project.VersionSlots()) {
+    QTreeWidgetItem* version =
+        MakeItem(VersionNode(slot), model::LoadText(220) + " " + project.VersionString(slot));
+    product->addChild(version);
+    if (slot == latestVersion) latest = version;
+    try {
+      AddComponents(project, slot, *version);
+    } catch (const std::exception&) {
+      failure = std::current_exception();
+    }
+  }
+  addTopLevelItem(product.get());
+  product.release()->setExpanded(true);
+  if (latest != nullptr) latest->setExpanded(true);
+  Select(selected);
+  if (failure) std::rethrow_exception(failure);
+}
+
+void ProjectTree::SetProductTitle(const std::string& title) {
+  if (topLevelItemCount() > 0) topLevelItem(0)->setText(0, tools::ToQString(title));
+}
+
+void ProjectTree::Select(const Node& node) {
+  if (node.key.empty()) return;
+  for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+    if (NodeOf(*item) != node) continue;
+    // Making a hidden node the current one would expand those above it.
+    const QTreeWidgetItem* parent = (*item)->parent();
+    if (parent == nullptr || parent->isExpanded()) setCurrentItem(*item);
+    return;
+  }
+}
+
+void ProjectTree::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::RightButton) {
+    if (SelectedItem() != nullptr) Q_EMIT MenuWanted(event->globalPosition().toPoint());
+    return;
+  }
+  nodeAtPress_ = SelectedNode();
+  QTreeWidget::mousePressEvent(event);
+}
+
+// The click counts when the button goes up: whatever it opens then finds the mouse free.
+void ProjectTree::mouseReleaseEvent(QMouseEvent* event) {
+  itemClicked_ = false;
+  QTreeWidget::mouseReleaseEvent(event);
+  if (event->button() != Qt::LeftButton) return;
+  const Node before = std::exchange(nodeAtPress_, SelectedNode());
+  if (itemClicked_ || nodeAtPress_ != before) Q_EMIT NodeClicked();
+}
+
+void ProjectTree::mouseMoveEvent(QMouseEvent* event) {
+  Q_EMIT PointerMoved();
+  QTreeWidget::mouseMoveEvent(event);
+}
+
+void ProjectTree::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    ShowMenuAtSelection();
+    return;
+  }
+  const Node before = SelectedNode();
+  if (before.key.empty() && IsArrowKey(event->key()) && topLevelItemCount() > 0) {
+    setCurrentItem(topLevelItem(0));
+  } else {
+    QTreeWidget::keyPressEvent(event);
+  }
+  if (SelectedNode() != before) Q_EMIT NodeClicked();
+}
+
+void ProjectTree::contextMenuEvent(QContextMenuEvent* event) {
+  // The mouse has its own rule, above.
+  if (event->reason() == QContextMenuEvent::Keyboard) ShowMenuAtSelection();
+}
+
+void ProjectTree::ShowMenuAtSelection() {
+  const QTreeWidgetItem* item = SelectedItem();
+  if (item == nullptr) return;
+  const QRect area = visualItemRect(item).intersected(viewport()->rect());
+  Q_EMIT MenuWanted(viewport()->mapToGlobal(area.isNull() ? QPoint() : area.bottomLeft()));
+}
+
+}  // namespace shell

@@ -1,0 +1,61 @@
+// The tree of the open product: the product, its versions and their components.
+#pragma once
+
+#include <QTreeWidget>
+#include <cstdint>
+
+#include "model/ModProject.h"
+#include "shell/IconList.h"
+#include "shell/NodeKey.h"
+
+namespace shell {
+
+/// Pressing the right button does not select: the menu belongs to the node that is selected
+/// already, wherever the pointer is.
+class ProjectTree : public QTreeWidget {
+  Q_OBJECT
+
+ public:
+  explicit ProjectTree(QWidget* parent);
+
+  /// Shows the product's nodes as they are in its files: its own node and that of `latestVersion`
+  /// expanded, the node that was selected still selected where it is visible. Empties the tree when
+  /// no product is open. Raises tools::Error when a version's components cannot be told; the tree
+  /// then lacks no other node.
+  void Fill(const model::ModProject& project, std::int32_t latestVersion);
+  /// Changes the product node's text.
+  void SetProductTitle(const std::string& title);
+
+  /// The selected node; the default one when none is.
+  [[nodiscard]] Node SelectedNode() const;
+
+ Q_SIGNALS:
+  /// The user clicked a node, also one selected already, or selected another by key.
+  void NodeClicked();
+  /// The user asked for the selected node's menu.
+  void MenuWanted(const QPoint& globalPosition);
+  void PointerMoved();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  [[nodiscard]] QTreeWidgetItem* SelectedItem() const;
+  [[nodiscard]] QTreeWidgetItem* MakeItem(const Node& node, const std::string& text) const;
+  void AddComponents(const model::ModProject& project, std::int32_t version,
+                     QTreeWidgetItem& parent) const;
+  void Select(const Node& node);
+  void ShowMenuAtSelection();
+
+  QIcon productIcon_;
+  QIcon versionIcon_;
+  QIcon componentIcon_;
+  bool itemClicked_ = false;  ///< in the mouse event that is being handled
+  Node nodeAtPress_;          ///< selected when the mouse button went down
+};
+
+}  // namespace shell

@@ -1,0 +1,39 @@
+#include "shell/WindowPlace.h"
+
+#include <QByteArray>
+#include <QSplitter>
+#include <QWidget>
+#include <string>
+#include <string_view>
+
+#include "shell/Preferences.h"
+
+namespace shell {
+
+namespace {
+
+constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
+
+void Store(tools::Registry& registry, std::string_view name, const QByteArray& state) {
+  registry.Write(kRoot, kPreferencesKey, name, state.toBase64().toStdString());
+}
+
+QByteArray Stored(tools::Registry& registry, std::string_view name) {
+  return QByteArray::fromBase64(
+      QByteArray::fromStdString(registry.Read(kRoot, kPreferencesKey, name, "")));
+}
+
+}  // namespace
+
+void RememberWindowPlace(tools::Registry& registry, const QWidget& window,
+                         const QSplitter& splitter) {
+  Store(registry, kWindowGeometry, window.saveGeometry());
+  Store(registry, kSplitterPosition, splitter.saveState());
+}
+
+void RestoreWindowPlace(tools::Registry& registry, QWidget& window, QSplitter& splitter) {
+  window.restoreGeometry(Stored(registry, kWindowGeometry));
+  splitter.restoreState(Stored(registry, kSplitterPosition));
+}
+
+}  // namespace shell

@@ -1,0 +1,313 @@
+#include "shell/frmMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "shell/IconList.h"
+#include "shell/MainToolBar.h"
+#include "shell/NodeKey.h"
+#include "shell/ProjectTree.h"
+#include "shell/TitleLabel.h"
+#include "shell/WindowPlace.h"
+#include "tools/Error.h"
+#include "tools/Path.h"
+#include "tools/SettingsStore.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+#include "tools/desktop/UserInputBlocker.h"
+
+namespace shell {
+
+namespace {
+
+constexpr QSize kFirstSize(1040, 680);
+constexpr QSize kLeastSize(640, 420);
+constexpr int kFirstTreeWidth = 280;
+
+QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
+
+// Qt reads "[*]" in a window's title as the place of its mark for unsaved changes.
+QString LiteralTitle(QString title) {
+  return title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+}  // namespace
+
+frmMain::frmMain(const MainServices& services)
+    : services_(services),
+      editorTabs_(*this, services.project, services.dialogs, services.registry,
+                  services.pageRegistry) {
+  setObjectName(QStringLiteral("frmMain"));
+  setWindowIcon(IconList().Icon(QStringLiteral("packwright")));
+  BuildToolBar();
+  sbrMain = statusBar();
+  sbrMain->setObjectName(QStringLiteral("sbrMain"));
+  sbrMain->setMouseTracking(true);
+  sbrMain->installEventFilter(this);
+  splitter_ = new QSplitter(this);
+  splitter_->setChildrenCollapsible(false);
+  setCentralWidget(splitter_);
+  BuildTreePane();
+  BuildEditorPane();
+  BuildMenus();
+  splitter_->setStretchFactor(1, 1);
+  splitter_->setSizes({kFirstTreeWidth, kFirstSize.width() - kFirstTreeWidth});
+  setMinimumSize(kLeastSize);
+  resize(kFirstSize);
+  RestoreWindowPlace(services_.registry, *this, *splitter_);
+  services_.operations.Connect(*this, editorTabs_);
+  UpdateProjectState();
+  // Else the first button of the toolbar would have it.
+  setFocus();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::BuildToolBar() {
+  tbrMain = new MainToolBar(this);
+  addToolBar(tbrMain);
+  connect(tbrMain, &MainToolBar::ButtonClicked, this,
+          tools::Guarded(services_.dialogs, [this](const QString& key) { OnToolButton(key); }));
+}
+
+void frmMain::BuildTreePane() {
+  picProjectTree = new QWidget(splitter_);
+  picProjectTree->setObjectName(QStringLiteral("picProjectTree"));
+  lblProjectTreeTitle = new TitleLabel(picProjectTree);
+  lblProjectTreeTitle->setObjectName(QStringLiteral("lblProjectTreeTitle"));
+  trvProjectTree = new ProjectTree(picProjectTree);
+  trvProjectTree->setObjectName(QStringLiteral("trvProjectTree"));
+  lblProjectTreeInfo = new QLabel(picProjectTree);
+  lblProjectTreeInfo->setObjectName(QStringLiteral("lblProjectTreeInfo"));
+  lblProjectTreeInfo->setWordWrap(true);
+  lblProjectTreeTitle->setBuddy(trvProjectTree);
+
+  auto* layout = new QVBoxLayout(picProjectTree);
+  layout->setContentsMargins(6, 6, 0, 6);
+  layout->addWidget(lblProjectTreeTitle);
+  layout->addWidget(trvProjectTree, 1);
+  layout->addWidget(lblProjectTreeInfo);
+
+  connect(trvProjectTree, &ProjectTree::NodeClicked, this,
+          tools::Guarded(services_.dialogs, [this] { UpdateEditor(); }));
+  connect(trvProjectTree, &ProjectTree::MenuWanted, this, &frmMain::PopUpNodeMenu);
+  connect(trvProjectTree, &ProjectTree::PointerMoved, this, [this] { ShowStatusText({}); });
+}
+
+void frmMain::BuildEditorPane() {
+  picDataEditor = new QWidget(splitter_);
+  picDataEditor->setObjectName(QStringLiteral("picDataEditor"));
+  lblDataEditorTitle = new TitleLabel(picDataEditor);
+  lblDataEditorTitle->setObjectName(QStringLiteral("lblDataEditorTitle"));
+  tabDataEditor = new QTabBar(picDataEditor);
+  tabDataEditor->setObjectName(QStringLiteral("tabDataEditor"));
+  tabDataEditor->setDocumentMode(true);
+  tabDataEditor->setExpanding(false);
+  tabDataEditor->setUsesScrollButtons(true);
+  lblDataEditorTitle->setBuddy(tabDataEditor);
+
+  editorLayout_ = new QVBoxLayout(picDataEditor);
+  editorLayout_->setContentsMargins(0, 6, 6, 6);
+  editorLayout_->addWidget(lblDataEditorTitle);
+  editorLayout_->addWidget(tabDataEditor);
+  editorLayout_->addStretch(0);
+
+  connect(tabDataEditor, &QTabBar::currentChanged, this,
+          tools::Guarded(services_.dialogs, [this] { OnTabClick(); }));
+}
+
+QAction* frmMain::AddMenuItem(QMenu& menu, const char* name, std::int32_t textNumber) {
+  QAction* item = menu.addAction(Text(textNumber));
+  item->setObjectName(QString::fromLatin1(name));
+  return item;
+}
+
+void frmMain::OnMenuItem(QAction* item, std::function<void()> command) {
+  connect(item, &QAction::triggered, this, tools::Guarded(services_.dialogs, std::move(command)));
+}
+
+void frmMain::BuildMenus() {
+  mnuPopupProduct = new QMenu(this);
+  mnuPopupProduct->setObjectName(QStringLiteral("mnuPopupProduct"));
+  mnuProductAddVersion = AddMenuItem(*mnuPopupProduct, "mnuProductAddVersion", 222);
+  OnMenuItem(mnuProductAddVersion, [this] { services_.operations.AddVersion(); });
+
+  mnuPopupVersion = new QMenu(this);
+  mnuPopupVersion->setObjectName(QStringLiteral("mnuPopupVersion"));
+  mnuVersionAddComponent = AddMenuItem(*mnuPopupVersion, "mnuVersionAddComponent", 223);
+  mnuVersionSep = mnuPopupVersion->addSeparator();
+  mnuVersionSep->setObjectName(QStringLiteral("mnuVersionSep"));
+  mnuVersionDelete = AddMenuItem(*mnuPopupVersion, "mnuVersionDelete", 224);
+  mnuVersionProperties = AddMenuItem(*mnuPopupVersion, "mnuVersionProperties", 225);
+  OnMenuItem(mnuVersionAddComponent, [this] {
+    services_.operations.AddComponent(SlotsOf(trvProjectTree->SelectedNode()).version);
+  });
+  OnMenuItem(mnuVersionDelete, [this] { DeleteSelectedNode(); });
+
+  mnuPopupComponent = new QMenu(this);
+  mnuPopupComponent->setObjectName(QStringLiteral("mnuPopupComponent"));
+  mnuComponentDelete = AddMenuItem(*mnuPopupComponent, "mnuComponentDelete", 224);
+  mnuComponentProperties = AddMenuItem(*mnuPopupComponent, "mnuComponentProperties", 225);
+  OnMenuItem(mnuComponentDelete, [this] { DeleteSelectedNode(); });
+}
+
+void frmMain::SetFixedCaptions() {
+  setWindowTitle(Text(200));
+  lblProjectTreeTitle->setText(Text(201) + QLatin1Char(' '));
+  lblDataEditorTitle->setText(Text(202) + QLatin1Char(' '));
+  lblProjectTreeInfo->setText(Text(203));
+  trvProjectTree->setAccessibleName(Text(201));
+  tabDataEditor->setAccessibleName(Text(202));
+}
+
+void frmMain::UpdateProjectState() {
+  const bool open = services_.project.IsOpen();
+  if (open) {
+    setWindowTitle(
+        LiteralTitle(Text(200) + QStringLiteral(" - ") +
+                     tools::ToQString(tools::FileNamePart(services_.project.ProductPath()))));
+  } else {
+    SetFixedCaptions();
+  }
+  EnableDisableAll(open);
+  UpdateTree();
+  UpdateEditor();
+  if (open) trvProjectTree->setFocus();
+}
+
+void frmMain::EnableDisableAll(bool enable) {
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           trvProjectTree, tabDataEditor, picProjectTree, picDataEditor, lblProjectTreeInfo}) {
+    control->setEnabled(enable);
+  }
+  lblProjectTreeTitle->SetActive(enable);
+  lblDataEditorTitle->SetActive(enable);
+}
+
+void frmMain::UpdateTree() {
+  // Thousands of components are read: inside a batch each file is compared with the disk once.
+  const tools::SettingsStore::Batch batch(services_.project.Settings());
+  trvProjectTree->Fill(services_.project, services_.operations.LatestVersion());
+}
+
+void frmMain::UpdateEditor() {
+  editorTabs_.Reset(true);
+  const QSignalBlocker quiet(tabDataEditor);
+  while (tabDataEditor->count() > 0) tabDataEditor->removeTab(0);
+  const Node node = trvProjectTree->SelectedNode();
+  const NodeSlots slots = SlotsOf(node);
+  editorTabs_.Prepare(PageListOf(node), slots.version, slots.component);
+  for (std::int32_t i = 1; i <= editorTabs_.Count(); ++i) {
+    tabDataEditor->addTab(tools::ToQString(editorTabs_.Item(i).Title()));
+  }
+  OnTabClick();
+  trvProjectTree->SetProductTitle(services_.project.ProductTitle());
+}
+
+void frmMain::OnTabClick() {
+  if (!services_.project.IsOpen() || tabDataEditor->currentIndex() < 0) return;
+  editorTabs_.ShowTab(tabDataEditor->currentIndex() + 1);
+}
+
+void frmMain::PositionExtender(QWidget& page) {
+  if (editorLayout_->indexOf(&page) < 0) editorLayout_->addWidget(&page, 1);
+}
+
+void frmMain::ShowStatusText(const std::string& text) {
+  sbrMain->showMessage(tools::ToQString(text));
+}
+
+void frmMain::ShowHourglass(bool shown) {
+  if (shown) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    tools::PaintWithoutUserInput();
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void frmMain::PopUpNodeMenu(const QPoint& globalPosition) {
+  const std::string tag = trvProjectTree->SelectedNode().tag;
+  QMenu* menu = tag == kProductTag     ? mnuPopupProduct
+                : tag == kVersionTag   ? mnuPopupVersion
+                : tag == kComponentTag ? mnuPopupComponent
+                                       : nullptr;
+  if (menu != nullptr) menu->popup(globalPosition);
+}
+
+void frmMain::DeleteSelectedNode() {
+  const Node node = trvProjectTree->SelectedNode();
+  const NodeSlots slots = SlotsOf(node);
+  tools::Guard(services_.dialogs, [&] {
+    if (node.tag == kVersionTag) services_.operations.DeleteVersion(slots.version);
+    if (node.tag == kComponentTag) {
+      services_.operations.DeleteComponent(slots.version, slots.component);
+    }
+  });
+  // Its pages could only write to files that are gone, or to a later node of the same slot.
+  if (trvProjectTree->SelectedNode() != node) DropPages();
+}
+
+void frmMain::DropPages() {
+  editorTabs_.Reset(false);
+  const QSignalBlocker quiet(tabDataEditor);
+  while (tabDataEditor->count() > 0) tabDataEditor->removeTab(0);
+}
+
+void frmMain::OnToolButton(const QString& key) {
+  model::ModProjectOperations& operations = services_.operations;
+  if (key == QLatin1String("new")) operations.NewProduct();
+  if (key == QLatin1String("open")) operations.OpenProduct({});
+  if (key == QLatin1String("save")) {
+    operations.SaveAllPages();
+    trvProjectTree->SetProductTitle(services_.project.ProductTitle());
+  }
+  if (key == QLatin1String("close")) operations.CloseProduct(false);
+  if (key == QLatin1String("setupwiz")) StartWizard(317, &WizardStarter::StartSetupWizard);
+  if (key == QLatin1String("updatewiz")) StartWizard(318, &WizardStarter::StartUpdateWizard);
+}
+
+void frmMain::StartWizard(std::int32_t titleNumber, void (WizardStarter::*start)(std::int32_t)) {
+  if (!services_.project.IsOpen()) {
+    Refuse(323, titleNumber);
+    return;
+  }
+  const Node node = trvProjectTree->SelectedNode();
+  if (node.tag != kVersionTag) {
+    Refuse(346, titleNumber);
+    return;
+  }
+  if (wizards_ == nullptr) throw tools::Error("Der Assistent ist nicht vorhanden.");
+  (wizards_->*start)(SlotsOf(node).version);
+}
+
+void frmMain::Refuse(std::int32_t textNumber, std::int32_t captionNumber) {
+  services_.dialogs.ShowMessage(
+      {.text = model::LoadText(textNumber), .caption = model::LoadText(captionNumber)});
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  tools::Guard(services_.dialogs,
+               [this] { RememberWindowPlace(services_.registry, *this, *splitter_); });
+  // The answer does not keep the window open.
+  if (event->spontaneous()) {
+    tools::Guard(services_.dialogs, [this] { services_.operations.CloseProduct(true); });
+  }
+  DropPages();
+  event->accept();
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == sbrMain && event->type() == QEvent::MouseMove) ShowStatusText({});
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace shell

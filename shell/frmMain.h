@@ -1,0 +1,118 @@
+// The program's only main window: the project tree on the left, the editor pages of its selected
+// node on the right, a toolbar, a status bar and the nodes' menus.
+#pragma once
+
+#include <QMainWindow>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "model/MainView.h"
+#include "model/ModProject.h"
+#include "model/ModProjectOperations.h"
+#include "pages/PageRegistry.h"
+#include "shell/EditorArea.h"
+#include "shell/EditorTabs.h"
+#include "shell/WizardStarter.h"
+#include "tools/Dialogs.h"
+#include "tools/Registry.h"
+
+class QLabel;
+class QMenu;
+class QSplitter;
+class QStatusBar;
+class QTabBar;
+class QVBoxLayout;
+
+namespace shell {
+
+class MainToolBar;
+class ProjectTree;
+class TitleLabel;
+
+/// What the main window works with. The references must outlive it.
+struct MainServices {
+  model::ModProject& project;
+  model::ModProjectOperations& operations;
+  tools::Dialogs& dialogs;
+  tools::Registry& registry;
+  const pages::PageRegistry& pageRegistry;
+};
+
+/// Connects itself and its page host to the operations it is given. An error of any of its commands
+/// is shown as a message; the program goes on.
+class frmMain : public QMainWindow, public model::MainView, public EditorArea {
+  Q_OBJECT
+
+ public:
+  explicit frmMain(const MainServices& services);
+  ~frmMain() override;
+
+  /// The wizards, which are made after the window and use it. Must outlive the window's use.
+  void ConnectWizards(WizardStarter& wizards) { wizards_ = &wizards; }
+
+  void EnableDisableAll(bool enable);
+  void UpdateProjectState() override;
+  void UpdateTree() override;
+  /// Makes the pages of the selected node; those of the node before are offered for applying.
+  void UpdateEditor();
+  void PositionExtender(QWidget& page) override;
+
+  [[nodiscard]] QWidget* PageParent() override { return picDataEditor; }
+  void ShowStatusText(const std::string& text) override;
+  void ShowHourglass(bool shown) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildToolBar();
+  void BuildTreePane();
+  void BuildEditorPane();
+  void BuildMenus();
+  void SetFixedCaptions();
+  QAction* AddMenuItem(QMenu& menu, const char* name, std::int32_t textNumber);
+  void OnMenuItem(QAction* item, std::function<void()> command);
+
+  void OnToolButton(const QString& key);
+  void OnTabClick();
+  void PopUpNodeMenu(const QPoint& globalPosition);
+  void DeleteSelectedNode();
+  void DropPages();
+  void StartWizard(std::int32_t titleNumber, void (WizardStarter::*start)(std::int32_t));
+  void Refuse(std::int32_t textNumber, std::int32_t captionNumber);
+
+  MainServices services_;
+  WizardStarter* wizards_ = nullptr;
+
+  MainToolBar* tbrMain = nullptr;
+  QStatusBar* sbrMain = nullptr;
+  QSplitter* splitter_ = nullptr;
+
+  QWidget* picProjectTree = nullptr;
+  TitleLabel* lblProjectTreeTitle = nullptr;
+  ProjectTree* trvProjectTree = nullptr;
+  QLabel* lblProjectTreeInfo = nullptr;
+
+  QWidget* picDataEditor = nullptr;
+  TitleLabel* lblDataEditorTitle = nullptr;
+  QTabBar* tabDataEditor = nullptr;
+  QVBoxLayout* editorLayout_ = nullptr;
+
+  QMenu* mnuPopupProduct = nullptr;
+  QAction* mnuProductAddVersion = nullptr;
+  QMenu* mnuPopupVersion = nullptr;
+  QAction* mnuVersionAddComponent = nullptr;
+  QAction* mnuVersionSep = nullptr;
+  QAction* mnuVersionDelete = nullptr;
+  QAction* mnuVersionProperties = nullptr;
+  QMenu* mnuPopupComponent = nullptr;
+  QAction* mnuComponentDelete = nullptr;
+  QAction* mnuComponentProperties = nullptr;
+
+  /// The pages live in picDataEditor but are its own: it goes before the controls do.
+  EditorTabs editorTabs_;
+};
+
+}  // namespace shell

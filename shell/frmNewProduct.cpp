@@ -1,0 +1,113 @@
+#include "shell/frmNewProduct.h"
+
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "model/ModProject.h"
+#include "model/TextTable.h"
+#include "shell/Preferences.h"
+#include "tools/Names.h"
+#include "tools/Path.h"
+#include "tools/SpecialFolders.h"
+#include "tools/StandardTexts.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+namespace {
+
+constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
+constexpr int kColumns = 56;  ///< characters of the file name that are seen at once
+
+QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
+
+QLineEdit* AddField(QFormLayout& form, QLabel*& label, const char* labelName, std::int32_t text,
+                    const char* name) {
+  label = new QLabel(Text(text));
+  label->setObjectName(QString::fromLatin1(labelName));
+  auto* field = new QLineEdit;
+  field->setObjectName(QString::fromLatin1(name));
+  field->setAccessibleName(label->text());
+  tools::AllowAnyLength(*field);
+  label->setBuddy(field);
+  form.addRow(label, field);
+  return field;
+}
+
+}  // namespace
+
+frmNewProduct::frmNewProduct(tools::Registry& registry, tools::Dialogs& dialogs, QWidget* parent)
+    : QDialog(parent), registry_(registry), dialogs_(dialogs) {
+  setObjectName(QStringLiteral("frmNewProduct"));
+  setWindowTitle(Text(207));
+  BuildControls();
+  connect(txtProductTitle, &QLineEdit::textChanged, this, &frmNewProduct::ProposeFileName);
+  connect(cmdOK, &QPushButton::clicked, this, &frmNewProduct::Confirm);
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  txtProductTitle->setText(Text(212));
+  txtProductTitle->selectAll();
+  txtAuthor->setText(
+      tools::ToQString(registry_.Read(kRoot, kPreferencesKey, kLastAuthor, std::string_view())));
+}
+
+void frmNewProduct::BuildControls() {
+  auto* form = new QFormLayout;
+  form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+  txtProductTitle = AddField(*form, lblProductTitle, "lblProductTitle", 208, "txtProductTitle");
+  txtAuthor = AddField(*form, lblAuthor, "lblAuthor", 209, "txtAuthor");
+  txtFilename = AddField(*form, lblProductFile, "lblProductFile", 210, "txtFilename");
+  txtFilename->setMinimumWidth(fontMetrics().averageCharWidth() * kColumns);
+
+  QDialogButtonBox* buttons = tools::MakeOkCancelButtons(this);
+  cmdOK = buttons->findChild<QPushButton*>(QStringLiteral("cmdOK"));
+  cmdOK->setText(Text(211));
+  cmdCancel = buttons->findChild<QPushButton*>(QStringLiteral("cmdCancel"));
+
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(form);
+  layout->addStretch(1);
+  layout->addWidget(buttons);
+}
+
+QString frmNewProduct::ProductTitle() const { return txtProductTitle->text(); }
+
+QString frmNewProduct::Author() const { return txtAuthor->text(); }
+
+QString frmNewProduct::FileName() const { return txtFilename->text(); }
+
+void frmNewProduct::ProposeFileName(const QString& title) {
+  // The folder has the title as typed; only the file's name is cleaned.
+  const std::string typed = tools::ToUtf8(title);
+  std::string path =
+      tools::JoinPath(tools::SpecialFolder(tools::kDocumentsFolder), model::LoadText(213));
+  path.append(1, tools::kPathSeparator).append(typed).append(1, tools::kPathSeparator);
+  path += tools::CleanFileName(typed + "." + std::string(model::ModProject::kProductExtension));
+  txtFilename->setText(tools::ToQString(path));
+}
+
+void frmNewProduct::Confirm() {
+  // A product can be made without it.
+  tools::Guard(dialogs_, [this] {
+    registry_.Write(kRoot, kPreferencesKey, kLastAuthor, tools::ToUtf8(txtAuthor->text()));
+  });
+  confirmed_ = true;
+  accept();
+}
+
+void frmNewProduct::closeEvent(QCloseEvent* event) {
+  if (!event->spontaneous()) {
+    QDialog::closeEvent(event);
+    return;
+  }
+  event->ignore();
+  cmdCancel->click();
+}
+
+}  // namespace shell
