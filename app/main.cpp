@@ -3,6 +3,9 @@
 //   packwright [PRODUCT]
 //
 // A product file given as the only argument is opened after the start.
+#include <QDir>
+#include <memory>
+
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "pages/PageRegistry.h"
@@ -16,6 +19,7 @@
 #include "tools/desktop/DesktopDialogs.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
+#include "wizards/ProgramWizards.h"
 
 int main(int argc, char** argv) {
   shell::GuardedApplication application(argc, argv);
@@ -34,13 +38,21 @@ int main(int argc, char** argv) {
   shell::NewProductDialog newProductForm(*registry, dialogs);
   model::ModProjectOperations operations(project, dialogs, clock, newProductForm);
   const pages::PageRegistry pageRegistry = pages::AllPages();
+  const QString programFolder = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+  wizards::ProgramWizards wizards({.project = project,
+                                   .dialogs = dialogs,
+                                   .clock = clock,
+                                   .disk = disk,
+                                   .programFolder = tools::ToUtf8(programFolder)});
   shell::frmMain window({.project = project,
                          .operations = operations,
                          .dialogs = dialogs,
                          .registry = *registry,
                          .pageRegistry = pageRegistry});
+  window.ConnectWizards(wizards);
   dialogs.SetParent(&window);
   newProductForm.SetParent(&window);
+  wizards.SetParent(&window);
   window.show();
 
   const QStringList arguments = QCoreApplication::arguments();
