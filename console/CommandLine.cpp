@@ -20,14 +20,17 @@ constexpr const char* kExitCodes =
     "  2  falscher Aufruf, Produkt nicht lesbar, Version unbekannt\n"
     "  3  abgelehnt oder abgebrochen (Ausgabeordner ungültig oder nicht leer, Datenträger voll)\n";
 
-void DefineOptions(CLI::App& app, CommandLine& line, bool& showVersion) {
+void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& showVersion) {
   app.add_option("PRODUKT", line.product, "Produktdatei (*.product)");
   app.add_option("VERSION", line.version, "Version, zum Beispiel 1.0.0");
   app.add_option("--output", line.output,
                  "Ausgabeordner (sonst der der aktiven Konfiguration der Version)")
       ->type_name("ORDNER");
-  app.add_flag("--zip,!--no-zip", line.zip,
-               "Dateien in einem .zip-Archiv verpacken (Vorgabe); --no-zip: als Ordnerbaum");
+  auto* const zip =
+      app.add_flag("--zip", zipWanted, "Dateien in einem .zip-Archiv verpacken (Vorgabe)");
+  app.add_flag_callback(
+         "--no-zip", [&line] { line.zip = false; }, "Dateien unverpackt als Ordnerbaum ablegen")
+      ->excludes(zip);
   app.add_flag("--wrapper", line.wrapper, "Ausführbares Installationsprogramm hinzufügen");
   app.add_flag("--runtime", line.runtime, "Installationsprogramm für Tessel hinzufügen");
   app.add_flag("--overwrite", line.overwrite, "Einen Ausgabeordner mit Dateien vorher leeren");
@@ -42,12 +45,16 @@ void DefineOptions(CLI::App& app, CommandLine& line, bool& showVersion) {
 void LabelInGerman(CLI::App& app) {
   const auto formatter = std::make_shared<CLI::Formatter>();
   formatter->label("Usage", "Aufruf");
-  formatter->label("OPTIONS", "[OPTIONEN]");
+  formatter->label("OPTIONS", "OPTIONEN");
   formatter->label("Positionals", "Argumente");
   formatter->label("Options", "Optionen");
   formatter->label("TEXT", "");
+  formatter->label("Excludes", "nicht mit");
   formatter->column_width(24);
   app.formatter(formatter);
+  for (CLI::Option* const option : app.get_options()) {
+    if (!option->get_positional()) option->group("Optionen");
+  }
   app.footer(kExitCodes);
 }
 
@@ -59,6 +66,9 @@ std::string GermanText(const CLI::ParseError& error) {
   }
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
     return "Einer Option fehlt ihr Wert: " + detail.substr(0, detail.find(':'));
+  }
+  if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
+    return "Optionen schließen einander aus: " + detail;
   }
   return "Ungültiger Aufruf: " + detail;
 }
@@ -78,9 +88,10 @@ std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& argu
                                             std::ostream& output, std::ostream& errors,
                                             ExitCode& exitCode) {
   CommandLine line;
+  bool zipWanted = true;  // the default, said out loud
   bool showVersion = false;
   CLI::App app(kDescription, "packwright-build");
-  DefineOptions(app, line, showVersion);
+  DefineOptions(app, line, zipWanted, showVersion);
   LabelInGerman(app);
 
   std::string objection;

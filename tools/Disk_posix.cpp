@@ -75,7 +75,8 @@ void SystemDisk::Replace(const std::string& from, const std::string& to) {
   struct stat old {};
   if (::stat(to.c_str(), &old) == 0) {
     // A rename would pass over a write protection of the file itself.
-    if (::access(to.c_str(), W_OK) != 0) throw PathError(what, to, LastSystemError());
+    if (::faccessat(AT_FDCWD, to.c_str(), W_OK, AT_EACCESS) != 0)
+      throw PathError(what, to, LastSystemError());
     if (::chmod(from.c_str(), old.st_mode & 07777U) != 0) {
       throw PathError(what, to, LastSystemError());
     }

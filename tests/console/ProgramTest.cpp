@@ -128,6 +128,7 @@ TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
       {"p/src/zwei.txt", "1.0.0"},
       {"p", "1.0.0"},
       {product_, "--list", "--check"},
+      {product_, "1.0.0", "--zip", "--no-zip"},
   };
   for (const auto& call : calls) {
     EXPECT_EQ(Run(call), ExitCode::BadCall) << testing::PrintToString(call);
