@@ -81,6 +81,7 @@ class Surveyor {
       }
       surveyed.sources = std::move(list.paths);
     } catch (const tools::Error& error) {
+      AddUnreadLocation(*component.settings, number);
       if (IsExcluded(component, number)) return;
       AddProblem(surveyed.problem,
                  "File " + std::to_string(number) + InComponent(component.title) +
@@ -103,6 +104,19 @@ class Surveyor {
     const std::string folder = SourceFolderOf(entry, productFolder_);
     survey_.locations.insert({folder, below ? entry.SourceName : std::string{}});
     if (!scan) AddLinkedLocation(tools::JoinPath(folder, entry.SourceName));
+  }
+
+  // An entry that cannot be read has sources all the same, whose loss would hurt as much.
+  void AddUnreadLocation(const tools::SettingsFile& settings, std::int32_t number) {
+    const std::string section = "File" + std::to_string(number);
+    model::ICFile entry;
+    entry.SourcePath = settings.Read(section, "SourcePath", "");
+    entry.SourceName = settings.Read(section, "SourceName", "");
+    entry.IncludeChildren = 1;
+    for (const std::int16_t type : {model::ICFile::kSingleFile, model::ICFile::kFolderScan}) {
+      entry.Type = type;
+      AddLocation(entry);
+    }
   }
 
   // A source that is a link lies where the link leads.

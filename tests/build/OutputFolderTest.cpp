@@ -50,7 +50,9 @@ TEST_F(OutputFolderTest, RefusesFoldersThatHoldSources) {
   excluded.Exclude = 1;
   product_.AddComponent("A", {Source("a/a.txt", "a"), excluded,
                               TestProduct::Scan(folder_.Path("quelle/c"), "*.txt")});
-  for (const char* name : {"quelle", "quelle/a", "quelle/b", "quelle/c"}) {
+  product_.AddComponent("B", {Source("d/d.txt", "d")});
+  product_.Project().WriteComponentSetting(1, 2, "File1", "Vital", "99999");
+  for (const char* name : {"quelle", "quelle/a", "quelle/b", "quelle/c", "quelle/d"}) {
     EXPECT_EQ(At(name), "") << name;
   }
   EXPECT_NE(At("quelle/a/aus"), "");
