@@ -99,6 +99,10 @@ QString ctlPropertyEditor::SelectedProperty() const {
   return selected.isEmpty() ? QString() : rows_->At(selected.front().row()).key;
 }
 
+void ctlPropertyEditor::SelectProperty(const QString& key) {
+  lsvProps_->setCurrentIndex(rows_->index(rows_->RowOf(key), PropertyRows::kTitle));
+}
+
 void ctlPropertyEditor::Clear() { rows_->Clear(); }
 
 void ctlPropertyEditor::EditProperty(const QString& key) {

@@ -57,6 +57,9 @@ class ctlPropertyEditor : public QWidget {
 
   /// The key of the selected row; empty when none is selected.
   [[nodiscard]] QString SelectedProperty() const;
+  /// Selects the row and brings it into view, so that a host that has filled the grid anew leaves
+  /// the user where he was; an unknown key selects nothing.
+  void SelectProperty(const QString& key);
 
   /// Whether rows that are added or changed from now on get tooltips; false at first.
   [[nodiscard]] bool ShowTooltips() const { return showTooltips_; }
