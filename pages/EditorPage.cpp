@@ -5,6 +5,7 @@ namespace pages {
 void EditorPage::ApplyChanges() {
   if (host_ == nullptr) return;
   host_->InOneWrite([this] { WriteSettings(); });
+  SettingsWritten();
   dirty_ = false;
 }
 

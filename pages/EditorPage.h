@@ -37,6 +37,9 @@ class EditorPage : public QWidget, public model::OpenPage {
  protected:
   /// Writes the page's state through the host. Raises tools::Error.
   virtual void WriteSettings() = 0;
+  /// What WriteSettings wrote is in the file. The page changes its controls here, not while
+  /// writing: a write that fails must leave what the user typed.
+  virtual void SettingsWritten() {}
 
   [[nodiscard]] PageHost* Host() const { return host_; }
   /// Passes a hint to the host, if there is one.

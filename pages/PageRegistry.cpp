@@ -2,9 +2,13 @@
 
 #include <utility>
 
+#include "pages/tabBuildOptions.h"
 #include "pages/tabFeatures.h"
+#include "pages/tabFileList.h"
 #include "pages/tabProductDetails.h"
+#include "pages/tabRegistryEditor.h"
 #include "pages/tabSetupProcedure.h"
+#include "pages/tabTesselRegistration.h"
 #include "pages/tabVersionDetails.h"
 #include "tools/Error.h"
 
@@ -41,6 +45,10 @@ PageRegistry AllPages() {
   registry.Add("tabVersionDetails", Make<tabVersionDetails>);
   registry.Add("tabFeatures", Make<tabFeatures>);
   registry.Add("tabSetupProcedure", Make<tabSetupProcedure>);
+  registry.Add("tabBuildOptions", Make<tabBuildOptions>);
+  registry.Add("tabTesselRegistration", Make<tabTesselRegistration>);
+  registry.Add("tabFileList", Make<tabFileList>);
+  registry.Add("tabRegistryEditor", Make<tabRegistryEditor>);
   return registry;
 }
 

@@ -1,0 +1,191 @@
+#include "pages/tabBuildOptions.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+#include <cmath>
+
+#include "pages/GridKeys.h"
+#include "pages/PageText.h"
+#include "tools/Numbers.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/Guard.h"
+
+namespace pages {
+
+using namespace Qt::StringLiterals;
+using grid::EditReaction;
+using tools::Guarded;
+using tools::ToQString;
+using tools::ToUtf8;
+
+namespace {
+
+constexpr std::string_view kCommon = "BuildCommon";
+constexpr std::string_view kInstallerType = "InstallerType";
+constexpr std::string_view kActiveConfig = "ActiveConfig";
+constexpr std::string_view kOutputFolder = "OutputFolder";
+constexpr std::string_view kLocale = "Locale";
+
+// Rows of the grid. The language is stored under another name.
+constexpr auto kNameRow = "ConfigName"_L1;
+constexpr auto kFolderRow = "OutputFolder"_L1;
+constexpr auto kLanguageRow = "Language"_L1;
+
+constexpr int kDescriptionLines = 3;
+
+std::string SectionOf(std::int32_t configuration) {
+  return "Build" + std::to_string(configuration);
+}
+
+}  // namespace
+
+tabBuildOptions::tabBuildOptions(const PageServices& services, QWidget* parent)
+    : EditorPage(parent), services_(services) {
+  setFont(tools::FormFont());
+  BuildInstallerType();
+  BuildConfiguration();
+  auto* form = new QFormLayout;
+  form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+  form->addRow(lblInstallerType, cmbInstallerType);
+  form->addRow(lblInstallerTypeDesc, txtInstallerTypeDesc);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addLayout(form);
+  layout->addWidget(fraConfiguration, 1);
+  setFocusProxy(cmbInstallerType);
+  ConnectEvents();
+}
+
+void tabBuildOptions::BuildInstallerType() {
+  lblInstallerType = new QLabel(Text(333));
+  lblInstallerType->setObjectName(u"lblInstallerType"_s);
+  cmbInstallerType = new QComboBox;
+  cmbInstallerType->setObjectName(u"cmbInstallerType"_s);
+  cmbInstallerType->setAccessibleName(lblInstallerType->text());
+  cmbInstallerType->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  cmbInstallerType->addItem(Text(337));
+  lblInstallerType->setBuddy(cmbInstallerType);
+
+  lblInstallerTypeDesc = new QLabel(Text(334));
+  lblInstallerTypeDesc->setObjectName(u"lblInstallerTypeDesc"_s);
+  txtInstallerTypeDesc = new QPlainTextEdit;
+  txtInstallerTypeDesc->setObjectName(u"txtInstallerTypeDesc"_s);
+  txtInstallerTypeDesc->setAccessibleName(lblInstallerTypeDesc->text());
+  txtInstallerTypeDesc->setReadOnly(true);
+  txtInstallerTypeDesc->setTabChangesFocus(true);
+  txtInstallerTypeDesc->setFixedHeight(fontMetrics().lineSpacing() * (kDescriptionLines + 1));
+  lblInstallerTypeDesc->setBuddy(txtInstallerTypeDesc);
+}
+
+void tabBuildOptions::BuildConfiguration() {
+  fraConfiguration = new QGroupBox(Text(335));
+  fraConfiguration->setObjectName(u"fraConfiguration"_s);
+  lblConfiguration = new QLabel(Text(336));
+  lblConfiguration->setObjectName(u"lblConfiguration"_s);
+  cmbConfiguration = new QComboBox;
+  cmbConfiguration->setObjectName(u"cmbConfiguration"_s);
+  cmbConfiguration->setAccessibleName(lblConfiguration->text());
+  cmbConfiguration->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  cmbConfiguration->addItems({Text(339), Text(340)});
+  lblConfiguration->setBuddy(cmbConfiguration);
+  propsConfig = new grid::ctlPropertyEditor(services_.dialogs);
+  propsConfig->setObjectName(u"propsConfig"_s);
+  propsConfig->setAccessibleName(fraConfiguration->title());
+  propsConfig->SetShowTooltips(true);
+
+  auto* active = new QHBoxLayout;
+  active->addWidget(lblConfiguration);
+  active->addWidget(cmbConfiguration, 1);
+  auto* layout = new QVBoxLayout(fraConfiguration);
+  layout->addLayout(active);
+  layout->addWidget(propsConfig, 1);
+}
+
+void tabBuildOptions::ConnectEvents() {
+  connect(cmbInstallerType, &QComboBox::currentIndexChanged, this,
+          [this] { ChangeInstallerType(); });
+  connect(cmbConfiguration, &QComboBox::activated, this,
+          Guarded(services_.dialogs, [this] { ChangeConfiguration(); }));
+  propsConfig->OnEditProperty([](const QString& key, QString&, EditReaction& reaction) {
+    if (key == kNameRow) reaction = EditReaction::NotEditable;
+  });
+  propsConfig->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
+  EditOnKeys(*propsConfig, services_.dialogs);
+}
+
+std::string tabBuildOptions::Title() const { return model::LoadText(231); }
+
+void tabBuildOptions::ReadSettings() {
+  const QScopedValueRollback loading(loading_, true);
+  cmbInstallerType->setCurrentIndex(StoredPosition(kInstallerType, cmbInstallerType->count()));
+  ChangeInstallerType();
+  cmbConfiguration->setCurrentIndex(StoredPosition(kActiveConfig, cmbConfiguration->count()));
+  ShowConfiguration();
+}
+
+void tabBuildOptions::WriteSettings() {
+  Host()->Save(kCommon, kInstallerType, std::to_string(cmbInstallerType->currentIndex() + 1));
+  Host()->Save(kCommon, kActiveConfig, std::to_string(Configuration()));
+  const std::string section = SectionOf(Configuration());
+  Host()->Save(section, kOutputFolder, ToUtf8(propsConfig->GetProperty(kFolderRow)));
+  Host()->Save(section, kLocale, ToUtf8(propsConfig->GetProperty(kLanguageRow)));
+}
+
+void tabBuildOptions::ChangeInstallerType() {
+  txtInstallerTypeDesc->setPlainText(cmbInstallerType->currentIndex() == 0 ? Text(338) : QString());
+  if (!loading_) SetDirty(true);
+}
+
+void tabBuildOptions::ChangeConfiguration() {
+  if (loading_) return;
+  const QScopedValueRollback loading(loading_, true);
+  const int chosen = cmbConfiguration->currentIndex();
+  const int shown = StoredPosition(kActiveConfig, cmbConfiguration->count());
+  if (chosen == shown) return;
+  // Until the change is stored, the list shows what is: an error on the way leaves it so.
+  cmbConfiguration->setCurrentIndex(shown);
+  if (IsDirty() && !SaveBeforeChange()) return;
+  Host()->Save(kCommon, kActiveConfig, std::to_string(chosen + 1));
+  cmbConfiguration->setCurrentIndex(chosen);
+  ShowConfiguration();
+}
+
+bool tabBuildOptions::SaveBeforeChange() {
+  if (services_.dialogs.ShowMessage({.text = model::LoadText(341),
+                                     .caption = model::LoadText(342),
+                                     .icon = tools::MessageIcon::Question,
+                                     .buttons = tools::MessageButtons::YesNo,
+                                     .defaultAnswer = tools::MessageAnswer::Yes}) !=
+      tools::MessageAnswer::Yes) {
+    return false;
+  }
+  ApplyChanges();
+  return true;
+}
+
+void tabBuildOptions::ShowConfiguration() {
+  const std::int32_t configuration = Configuration();
+  const std::string section = SectionOf(configuration);
+  propsConfig->Clear();
+  propsConfig->AddProperty(kNameRow, Text(335), cmbConfiguration->currentText(), 1, true);
+  propsConfig->AddProperty(
+      kFolderRow, Text(343),
+      ToQString(Host()->Read(section, kOutputFolder,
+                             services_.project.DefaultOutputFolder(configuration))));
+  propsConfig->AddProperty(kLanguageRow, Text(345), ToQString(Host()->Read(section, kLocale, "0")));
+}
+
+std::int32_t tabBuildOptions::Configuration() const { return cmbConfiguration->currentIndex() + 1; }
+
+int tabBuildOptions::StoredPosition(std::string_view key, int count) const {
+  const double number = std::nearbyint(tools::LeadingNumber(Host()->Read(kCommon, key, "1")));
+  return number >= 1 && number <= count ? static_cast<int>(number) - 1 : -1;
+}
+
+}  // namespace pages

@@ -1,0 +1,333 @@
+#include "pages/tabFileList.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "model/FileEntryFields.h"
+#include "model/FolderTable.h"
+#include "pages/GridKeys.h"
+#include "pages/PageText.h"
+#include "tools/FileInformation.h"
+#include "tools/Files.h"
+#include "tools/Guid.h"
+#include "tools/Path.h"
+#include "tools/StandardTexts.h"
+#include "tools/Text.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/ListViewStyle.h"
+#include "tools/desktop/WaitCursor.h"
+
+namespace pages {
+
+using namespace Qt::StringLiterals;
+using grid::EditReaction;
+using tools::Guarded;
+
+namespace {
+
+constexpr int kFileSystemFolders = 1;  ///< flags of the shell's folder browser
+constexpr int kEditBox = 16;
+
+constexpr const char* kExisting = "Existing";
+constexpr const char* kVersion = "Version";
+constexpr const char* kFileDateTime = "FileDateTime";
+
+QString FromLatin1(std::string_view text) {
+  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+template <typename Widget>
+Widget* Named(Widget* widget, const QString& name) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+}  // namespace
+
+tabFileList::tabFileList(const PageServices& services, QWidget* parent)
+    : EditorPage(parent), services_(services), shownEntries_(new FileListModel(this)) {
+  setFont(tools::FormFont());
+  BuildBrowser();
+  BuildProperties();
+  BuildMenu();
+  auto* halves = new QSplitter(Qt::Vertical);
+  halves->setChildrenCollapsible(false);
+  halves->addWidget(fraBrowser);
+  halves->addWidget(fraFileProps);
+  halves->setStretchFactor(0, 3);
+  halves->setStretchFactor(1, 2);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(halves);
+  setFocusProxy(cmbDestinationFolder);
+  ConnectEvents();
+  FillDestinationFolders();
+}
+
+void tabFileList::BuildBrowser() {
+  fraBrowser = Named(new QGroupBox(Text(249)), u"fraBrowser"_s);
+  lblDestinationFolder = Named(new QLabel(Text(251)), u"lblDestinationFolder"_s);
+  cmbDestinationFolder = Named(new QComboBox, u"cmbDestinationFolder"_s);
+  cmbDestinationFolder->setAccessibleName(lblDestinationFolder->text());
+  cmbDestinationFolder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  lblDestinationFolder->setBuddy(cmbDestinationFolder);
+  auto* folder = new QHBoxLayout;
+  folder->addWidget(lblDestinationFolder);
+  folder->addWidget(cmbDestinationFolder, 1);
+
+  lsvBrowser = Named(new QTreeView, u"lsvBrowser"_s);
+  lsvBrowser->setAccessibleName(fraBrowser->title());
+  lsvBrowser->setModel(shownEntries_);
+  tools::ApplyListViewStyle(*lsvBrowser);
+  lsvBrowser->setTextElideMode(Qt::ElideMiddle);
+  lsvBrowser->header()->setSectionResizeMode(FileListModel::kFileName, QHeaderView::Stretch);
+  lsvBrowser->header()->resizeSection(
+      FileListModel::kTarget, fontMetrics().horizontalAdvance(u"%CommonProgramsDir%\\"_s) * 5 / 4);
+  lsvBrowser->installEventFilter(this);
+  lsvBrowser->viewport()->installEventFilter(this);
+
+  cmdAddFile = Named(new QPushButton(Text(252)), u"cmdAddFile"_s);
+  cmdRemoveFile = Named(new QPushButton(Text(253)), u"cmdRemoveFile"_s);
+  cmdMoveFile = Named(new QPushButton(Text(254)), u"cmdMoveFile"_s);
+  cmdRemoveFile->setEnabled(false);
+  cmdMoveFile->setEnabled(false);
+  auto* buttons = new QHBoxLayout;
+  for (QPushButton* button : {cmdAddFile, cmdRemoveFile, cmdMoveFile}) buttons->addWidget(button);
+  buttons->addStretch(1);
+
+  auto* layout = new QVBoxLayout(fraBrowser);
+  layout->addLayout(folder);
+  layout->addWidget(lsvBrowser, 1);
+  layout->addLayout(buttons);
+}
+
+void tabFileList::BuildProperties() {
+  fraFileProps = Named(new QGroupBox(Text(250)), u"fraFileProps"_s);
+  propsFile = Named(new grid::ctlPropertyEditor(services_.dialogs), u"propsFile"_s);
+  propsFile->setAccessibleName(fraFileProps->title());
+  propsFile->SetShowTooltips(true);
+  propsFile->setEnabled(false);
+  auto* layout = new QVBoxLayout(fraFileProps);
+  layout->addWidget(propsFile);
+}
+
+void tabFileList::BuildMenu() {
+  mnuPopup = Named(new QMenu(this), u"mnuPopup"_s);
+  const auto add = [this](const QString& name, std::int32_t text) {
+    return Named(mnuPopup->addAction(Text(text)), name);
+  };
+  mnuAddFile = add(u"mnuAddFile"_s, 311);
+  mnuAddDirectory = {add(u"mnuAddDirectory0"_s, 312), add(u"mnuAddDirectory1"_s, 313)};
+  mnuAddDynamic = add(u"mnuAddDynamic"_s, 314);
+  mnuPopupSep1 = Named(mnuPopup->addSeparator(), u"mnuPopupSep1"_s);
+  mnuMoveFile = add(u"mnuMoveFile"_s, 316);
+  mnuRemoveFile = add(u"mnuRemoveFile"_s, 315);
+}
+
+void tabFileList::ConnectEvents() {
+  tools::Dialogs& dialogs = services_.dialogs;
+  connect(cmbDestinationFolder, &QComboBox::currentIndexChanged, this, [this] {
+    if (!filling_) RefreshFileList();
+  });
+  connect(mnuAddFile, &QAction::triggered, this, Guarded(dialogs, [this] { AddFile(); }));
+  connect(cmdAddFile, &QPushButton::clicked, mnuAddFile, &QAction::trigger);
+  connect(mnuAddDirectory[0], &QAction::triggered, this,
+          Guarded(dialogs, [this] { AddFolder(false); }));
+  connect(mnuAddDirectory[1], &QAction::triggered, this,
+          Guarded(dialogs, [this] { AddFolder(true); }));
+  connect(cmdRemoveFile, &QPushButton::clicked, this, Guarded(dialogs, [this] { RemoveFile(); }));
+  connect(lsvBrowser->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          Guarded(dialogs, [this] { ShowSelectedEntry(); }));
+  propsFile->OnEditProperty([](const QString& name, QString&, EditReaction& reaction) {
+    for (const char* fixed : {kVersion, kFileDateTime, "ID", kExisting}) {
+      if (name == QLatin1StringView(fixed)) reaction = EditReaction::NotEditable;
+    }
+  });
+  propsFile->OnPropertyChanged(
+      [this](const QString& name, const QString& text) { ChangeProperty(name, text); });
+  EditOnKeys(*propsFile, dialogs);
+}
+
+void tabFileList::FillDestinationFolders() {
+  filling_ = true;
+  for (std::int32_t folder = 1; folder <= 100; ++folder) {
+    if (model::FolderMacro(folder).empty()) continue;
+    const std::string name = model::FolderDisplayName(folder);
+    cmbDestinationFolder->addItem(
+        tools::ToQString(tools::ReplaceAll(model::LoadText(288), "%name%", name)), folder);
+  }
+  for (std::int32_t folder = 2000; folder <= 2020; ++folder) {
+    if (model::FolderMacro(folder).empty()) continue;
+    cmbDestinationFolder->addItem(tools::ToQString(model::FolderDisplayName(folder)), folder);
+  }
+  cmbDestinationFolder->setCurrentIndex(0);
+  filling_ = false;
+}
+
+std::string tabFileList::Title() const { return model::LoadText(233); }
+
+void tabFileList::ReadSettings() {
+  // Writes nothing; but within one write the file on disk is looked at once, not for each key.
+  Host()->InOneWrite([this] {
+    entries_ = model::ReadFileEntries([this](auto section, auto key, auto defaultValue) {
+      return Host()->Read(section, key, defaultValue);
+    });
+  });
+  RefreshFileList();
+}
+
+void tabFileList::WriteSettings() {
+  model::WriteFileEntries(
+      [this](auto section, auto key, auto value) { Host()->Save(section, key, value); }, entries_);
+}
+
+void tabFileList::RefreshFileList() {
+  shownEntries_->Show(entries_, ChosenFolder());
+  propsFile->Clear();
+}
+
+void tabFileList::AddFileEntry(const std::string& path) {
+  AppendEntry(path);
+  RefreshFileList();
+}
+
+void tabFileList::AppendEntry(const std::string& path) {
+  model::ICFile entry;
+  entry.ID = tools::NewGuidText();
+  entry.Type = model::ICFile::kSingleFile;
+  entry.TargetFolder = ChosenFolder();
+  entry.SourcePath = tools::FolderOf(path);
+  entry.SourceName = tools::FileNamePart(path);
+  entry.Vital = 1;
+  entries_.Add(std::move(entry));
+  SetDirty(true);
+}
+
+void tabFileList::AddFile() {
+  const std::string path = services_.dialogs.OpenFile({.title = model::LoadText(278),
+                                                       .initialFolder = {},
+                                                       .filter = "*.*|*.*",
+                                                       .defaultExtension = {},
+                                                       .filterIndex = 1});
+  if (!path.empty()) AddFileEntry(path);
+}
+
+void tabFileList::AddFolder(bool withSubfolders) {
+  const std::string prompt =
+      model::LoadText(307) + " " + model::LoadText(withSubfolders ? 309 : 308);
+  const std::string folder = services_.dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
+  if (folder.empty()) return;
+  const tools::WaitCursor wait;
+  const std::vector<std::string> paths = tools::FindFiles(folder, "*.*", withSubfolders);
+  if (paths.empty()) return;
+  for (const std::string& path : paths) AppendEntry(path);
+  RefreshFileList();
+}
+
+void tabFileList::RemoveFile() {
+  const model::ICFile* entry = SelectedEntry();
+  if (entry == nullptr) return;
+  entries_.Remove(std::string(entry->ID));
+  SetDirty(true);
+  RefreshFileList();
+}
+
+const model::ICFile* tabFileList::SelectedEntry() const {
+  const QModelIndexList selected = lsvBrowser->selectionModel()->selectedRows();
+  return selected.isEmpty() ? nullptr : &shownEntries_->EntryAt(selected.front().row());
+}
+
+void tabFileList::ShowSelectedEntry() {
+  const model::ICFile* entry = SelectedEntry();
+  if (entry == nullptr) return;
+  propsFile->setEnabled(true);
+  cmdRemoveFile->setEnabled(true);
+  cmdMoveFile->setEnabled(true);
+  propsFile->Clear();
+  for (const model::FileEntryField& field : model::FileEntryFields()) {
+    propsFile->AddProperty(FromLatin1(field.name), Text(field.titleNumber),
+                           tools::ToQString(model::FileEntryFieldText(*entry, field)), 1,
+                           !field.editable);
+  }
+  if (entry->Type == model::ICFile::kSingleFile) ShowSourceFile(*entry);
+}
+
+void tabFileList::ShowSourceFile(const model::ICFile& entry) {
+  const std::string folder =
+      tools::ResolvePath(entry.SourcePath, services_.project.ProductFolder());
+  const tools::FileInformation file =
+      tools::InformationOf(tools::JoinPath(folder, entry.SourceName));
+  const auto add = [this](const char* name, std::int32_t title, const std::string& value) {
+    propsFile->AddProperty(FromLatin1(name), Text(title), tools::ToQString(value), 1, true);
+  };
+  add(kExisting, 304,
+      tools::StandardText(file.exists ? tools::kTextExisting : tools::kTextMissing));
+  add(kVersion, 305, file.version);
+  add(kFileDateTime, 306, file.dateTime);
+}
+
+void tabFileList::ChangeProperty(const QString& name, const QString& text) {
+  const model::ICFile* entry = SelectedEntry();
+  if (entry == nullptr) return;
+  SetDirty(true);
+  const std::string id = entry->ID;
+  try {
+    entries_.SetField(id, tools::ToUtf8(name), tools::ToUtf8(text));
+  } catch (...) {
+    // The grid shows the refused text already.
+    ShowSelectedEntry();
+    propsFile->SelectProperty(name);
+    throw;
+  }
+  RefreshFileList();
+  SelectEntry(id);
+  propsFile->SelectProperty(name);
+}
+
+void tabFileList::SelectEntry(const std::string& id) {
+  const int row = shownEntries_->RowOf(id);
+  if (row >= 0) lsvBrowser->setCurrentIndex(shownEntries_->index(row, 0));
+}
+
+std::int32_t tabFileList::ChosenFolder() const {
+  return cmbDestinationFolder->currentData().toInt();
+}
+
+bool tabFileList::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == lsvBrowser->viewport() && event->type() == QEvent::MouseButtonPress) {
+    const auto& press = static_cast<const QMouseEvent&>(*event);
+    if (press.button() == Qt::RightButton) {
+      // The list selects the row under the mouse first.
+      QMetaObject::invokeMethod(
+          this, [this, at = press.globalPosition().toPoint()] { ShowPopup(at); },
+          Qt::QueuedConnection);
+    }
+  }
+  if (event->type() == QEvent::ContextMenu) {
+    const auto& request = static_cast<const QContextMenuEvent&>(*event);
+    if (request.reason() != QContextMenuEvent::Mouse) ShowPopup(request.globalPos());
+    return true;
+  }
+  return EditorPage::eventFilter(watched, event);
+}
+
+void tabFileList::ShowPopup(const QPoint& globalPosition) {
+  const bool selected = SelectedEntry() != nullptr;
+  mnuRemoveFile->setEnabled(selected);
+  mnuMoveFile->setEnabled(selected);
+  mnuPopup->popup(globalPosition);
+}
+
+}  // namespace pages

@@ -1,0 +1,87 @@
+// A component's page of registry keys and values.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "grid/ctlPropertyEditor.h"
+#include "model/RegistryKeys.h"
+#include "pages/PageRegistry.h"
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QListView;
+class QPushButton;
+class QStringListModel;
+
+namespace pages {
+
+/// Browses keys as a registry editor does and shows the values that the component declares for the
+/// key it is at. The machine's registry only offers names and is never written. What is typed lives
+/// in the grid until the next navigation, which writes it to the component's file at once; typing
+/// alone therefore does not make the page dirty.
+///
+/// The names of a key's values come from the grid as one text with ";" between them: a name that
+/// holds a ";" outside double quotes falls apart into names without a value.
+class tabRegistryEditor : public EditorPage {
+  Q_OBJECT
+
+ public:
+  tabRegistryEditor(const PageServices& services, QWidget* parent);
+
+  [[nodiscard]] std::string Title() const override;
+  /// Shows HKEY_LOCAL_MACHINE.
+  void ReadSettings() override;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ protected:
+  void WriteSettings() override;
+  /// Returns to the top level.
+  void SettingsWritten() override;
+
+ private:
+  QWidget* BuildPath();
+  void BuildSubkeys();
+  void BuildValues();
+  void ConnectEvents();
+
+  /// Writes the shown values and goes to the key that the author typed or chose. When the write
+  /// fails, the page stays where it was.
+  void Navigate(const std::string& path);
+  void SaveShownValues();
+  /// The names of the values in the grid that are to be stored.
+  [[nodiscard]] std::vector<std::string> NamesToStore() const;
+  /// Shows a key without writing anything before.
+  void Show(const std::string& path);
+  void ShowTopLevel();
+  void ShowKey(tools::RegistryRoot root, const std::string& subkey);
+  void AddStoredValues();
+
+  void OpenEntry(const std::string& text);
+  void OpenNewKey();
+  void RemoveAllValues();
+  void AddValue();
+  void RemoveValue();
+  void Warn(std::int32_t text, std::int32_t caption);
+
+  tools::Dialogs& dialogs_;
+  tools::Registry& registry_;
+  model::RegistryKeys keys_;
+  std::string currentPath_;
+  std::string shownKey_;  ///< whose values are in the grid; empty when none are
+  bool loading_ = false;
+  QStringListModel* subkeys_;
+
+  QLabel* lblRegPath;
+  QComboBox* cmbRegPath;
+  QGroupBox* fraSubkeys;
+  QListView* lstSubkeys;
+  QGroupBox* fraValues;
+  grid::ctlPropertyEditor* propRegValues;
+  QPushButton* cmdAddValue;
+  QPushButton* cmdRemoveValue;
+};
+
+}  // namespace pages
