@@ -139,8 +139,8 @@ TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatestAndTakesTheFirstFre
 }
 
 TEST_F(ModProjectOperationsTest, RefusesVersionsThatExistOrLeadElsewhere) {
-  OpenProductWith({"1.0.0-Ä ", "", "2.0"});
-  for (const char* answer : {"1.0.0-ä", "2.0", ""}) {
+  OpenProductWith({"1.0.0-Ä", "", "2.0"});
+  for (const char* answer : {" 1.0.0-ä ", "2.0", ""}) {
     dialogs_.ExpectInputBox("Haupt", answer);
     operations_.AddVersion();
     EXPECT_EQ(dialogs_.Messages().back().text, LoadText(227)) << answer;
