@@ -53,6 +53,7 @@ frmMain::frmMain(const MainServices& services)
   sbrMain->setMouseTracking(true);
   sbrMain->installEventFilter(this);
   splitter_ = new QSplitter(this);
+  splitter_->setObjectName(QStringLiteral("splitter"));
   splitter_->setChildrenCollapsible(false);
   setCentralWidget(splitter_);
   BuildTreePane();

@@ -57,8 +57,11 @@ frmNewProduct::frmNewProduct(tools::Registry& registry, tools::Dialogs& dialogs,
       tools::ToQString(registry_.Read(kRoot, kPreferencesKey, kLastAuthor, std::string_view())));
 }
 
+// The fields come into the dialog before the buttons, so that Tab goes through them first.
 void frmNewProduct::BuildControls() {
+  auto* layout = new QVBoxLayout(this);
   auto* form = new QFormLayout;
+  layout->addLayout(form);
   form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
   txtProductTitle = AddField(*form, lblProductTitle, "lblProductTitle", 208, "txtProductTitle");
   txtAuthor = AddField(*form, lblAuthor, "lblAuthor", 209, "txtAuthor");
@@ -70,8 +73,6 @@ void frmNewProduct::BuildControls() {
   cmdOK->setText(Text(211));
   cmdCancel = buttons->findChild<QPushButton*>(QStringLiteral("cmdCancel"));
 
-  auto* layout = new QVBoxLayout(this);
-  layout->addLayout(form);
   layout->addStretch(1);
   layout->addWidget(buttons);
 }
