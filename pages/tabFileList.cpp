@@ -20,7 +20,6 @@
 #include "pages/PageText.h"
 #include "tools/FileInformation.h"
 #include "tools/Files.h"
-#include "tools/Guid.h"
 #include "tools/Path.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
@@ -66,8 +65,8 @@ tabFileList::tabFileList(const PageServices& services, QWidget* parent)
   halves->setChildrenCollapsible(false);
   halves->addWidget(fraBrowser);
   halves->addWidget(fraFileProps);
-  halves->setStretchFactor(0, 3);
-  halves->setStretchFactor(1, 2);
+  halves->setStretchFactor(0, 1);
+  halves->setStretchFactor(1, 1);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(halves);
@@ -205,7 +204,7 @@ void tabFileList::AddFileEntry(const std::string& path) {
 
 void tabFileList::AppendEntry(const std::string& path) {
   model::ICFile entry;
-  entry.ID = tools::NewGuidText();
+  entry.ID = guids_.NewText();
   entry.Type = model::ICFile::kSingleFile;
   entry.TargetFolder = ChosenFolder();
   entry.SourcePath = tools::FolderOf(path);

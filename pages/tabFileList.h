@@ -8,6 +8,7 @@
 #include "model/FileEntries.h"
 #include "pages/FileListModel.h"
 #include "pages/PageRegistry.h"
+#include "tools/Guid.h"
 
 class QAction;
 class QComboBox;
@@ -68,6 +69,7 @@ class tabFileList : public EditorPage {
   void ShowPopup(const QPoint& globalPosition);
 
   PageServices services_;
+  tools::GuidSource guids_;
   model::FileEntries entries_;
   FileListModel* shownEntries_;
   bool filling_ = false;  ///< the list of destination folders is being filled

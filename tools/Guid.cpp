@@ -2,14 +2,17 @@
 
 #include <array>
 #include <cstdint>
-#include <random>
 
 namespace tools {
 
-std::string NewGuidText() {
-  std::random_device random;
+std::string NewGuidText() { return GuidSource().NewText(); }
+
+std::string GuidSource::NewText() {
   std::array<std::uint8_t, 16> bytes{};
-  for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
+  for (std::size_t i = 0; i < bytes.size(); i += 4) {
+    const std::uint32_t bits = random_();
+    for (std::size_t j = 0; j < 4; ++j) bytes[i + j] = static_cast<std::uint8_t>(bits >> (8 * j));
+  }
   // RFC 4122, 4.4: version 4 in the seventh byte, the variant in the ninth.
   bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0F) | 0x40);
   bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3F) | 0x80);
