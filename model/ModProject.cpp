@@ -30,6 +30,10 @@ std::int32_t SlotCount(const std::string& text) {
   }
 }
 
+std::string ComponentFileName(std::int32_t component) {
+  return std::string(kComponentWord).append(std::to_string(component)).append(kComponentEnding);
+}
+
 std::vector<std::int32_t> SlotsUpTo(std::int32_t count) {
   std::vector<std::int32_t> slots;
   for (std::int32_t slot = 1; slot <= count; ++slot) slots.push_back(slot);
@@ -85,8 +89,10 @@ void ModProject::WriteProductSetting(std::string_view section, std::string_view 
 std::string ModProject::ReadVersionSetting(std::int32_t version, std::string_view section,
                                            std::string_view key,
                                            std::string_view defaultValue) const {
-  if (!IsOpen() || !IsSafeVersionText(VersionString(version))) return std::string(defaultValue);
-  return settings_.Read(VersionFilePath(version), section, key, defaultValue);
+  const std::string text = VersionString(version);
+  if (!IsOpen() || !IsSafeVersionText(text)) return std::string(defaultValue);
+  return settings_.Read(tools::JoinPath(VersionFolder(text), kVersionFileName), section, key,
+                        defaultValue);
 }
 
 void ModProject::WriteVersionSetting(std::int32_t version, std::string_view section,
@@ -97,8 +103,10 @@ void ModProject::WriteVersionSetting(std::int32_t version, std::string_view sect
 std::string ModProject::ReadComponentSetting(std::int32_t version, std::int32_t component,
                                              std::string_view section, std::string_view key,
                                              std::string_view defaultValue) const {
-  if (!IsOpen() || !IsSafeVersionText(VersionString(version))) return std::string(defaultValue);
-  return settings_.Read(ComponentFilePath(version, component), section, key, defaultValue);
+  const std::string text = VersionString(version);
+  if (!IsOpen() || !IsSafeVersionText(text)) return std::string(defaultValue);
+  return settings_.Read(tools::JoinPath(VersionFolder(text), ComponentFileName(component)), section,
+                        key, defaultValue);
 }
 
 void ModProject::WriteComponentSetting(std::int32_t version, std::int32_t component,
@@ -122,9 +130,7 @@ std::string ModProject::VersionFolder(std::string_view versionText) const {
 
 std::string ModProject::ComponentFilePath(std::int32_t version, std::int32_t component) const {
   if (!IsOpen()) return {};
-  std::string name(kComponentWord);
-  name.append(std::to_string(component)).append(kComponentEnding);
-  return tools::JoinPath(tools::FolderOf(VersionFilePath(version)), name);
+  return tools::JoinPath(VersionFolder(VersionString(version)), ComponentFileName(component));
 }
 
 std::string ModProject::ProductTitle() const { return ReadProductSetting("Product", "Title", ""); }
