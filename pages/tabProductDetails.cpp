@@ -2,8 +2,8 @@
 
 #include <QVBoxLayout>
 
-#include "model/TextTable.h"
-#include "tools/desktop/QtText.h"
+#include "pages/GridKeys.h"
+#include "pages/PageText.h"
 
 namespace pages {
 
@@ -19,8 +19,6 @@ constexpr StoredRow kTitle{.name = "ProductTitle", .key = "Title"};
 constexpr StoredRow kAuthor{.name = "Author", .key = "Author"};
 constexpr StoredRow kHomepage{.name = "AuthorHomepage", .key = "AuthorHomepage"};
 
-QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
-
 }  // namespace
 
 tabProductDetails::tabProductDetails(const PageServices& services, QWidget* parent)
@@ -32,6 +30,7 @@ tabProductDetails::tabProductDetails(const PageServices& services, QWidget* pare
   layout->addWidget(propsProduct);
   setFocusProxy(propsProduct);
   propsProduct->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
+  EditOnKeys(*propsProduct, services.dialogs);
   connect(propsProduct, &grid::ctlPropertyEditor::MouseMove, this,
           [this] { StatusTextChanged(model::LoadText(244)); });
 }

@@ -22,6 +22,7 @@
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
+#include "tools/desktop/ListItemDelegate.h"
 
 namespace pages {
 
@@ -110,6 +111,7 @@ void tabRegistryEditor::BuildSubkeys() {
   lstSubkeys->setObjectName(u"lstSubkeys"_s);
   lstSubkeys->setAccessibleName(fraSubkeys->title());
   lstSubkeys->setModel(subkeys_);
+  lstSubkeys->setItemDelegate(new tools::ListItemDelegate(lstSubkeys));
   lstSubkeys->setUniformItemSizes(true);
   lstSubkeys->setEditTriggers(QAbstractItemView::NoEditTriggers);
   lstSubkeys->installEventFilter(this);

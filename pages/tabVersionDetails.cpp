@@ -6,17 +6,15 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "model/TextTable.h"
+#include "pages/GridKeys.h"
+#include "pages/PageText.h"
 #include "tools/Versions.h"
-#include "tools/desktop/QtText.h"
 
 namespace pages {
 
 namespace {
 
 constexpr int kNumberColumns = 10;  ///< characters of a part of the number that are seen at once
-
-QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
 
 QLineEdit* AddPart(QHBoxLayout& layout, QLabel*& label, const char* labelName, std::int32_t text,
                    const char* name) {
@@ -61,6 +59,7 @@ void tabVersionDetails::BuildProperties(tools::Dialogs& dialogs) {
   auto* layout = new QVBoxLayout(fraProperties);
   layout->addWidget(propsVersion);
   propsVersion->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
+  EditOnKeys(*propsVersion, dialogs);
 }
 
 std::string tabVersionDetails::Title() const { return model::LoadText(238); }
