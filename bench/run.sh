@@ -3,7 +3,7 @@
 # archive sizes. Each figure is the median of some runs that take turns; the data is in the page
 # cache, and what one run has written is on the disk before the next begins.
 #
-#   bench/run.sh [binaries] [small] [large] [settings] [memory]      all of them without arguments
+#   bench/run.sh [binaries] [small] [large] [settings] [pages] [memory]  all of them without arguments
 #
 # Data and results go to $PACKWRIGHT_BENCH_DIR (out/bench-data), about 9 GB for everything.
 set -euo pipefail
@@ -13,10 +13,11 @@ data=$(realpath -m "${PACKWRIGHT_BENCH_DIR:-out/bench-data}")
 export LC_ALL=C
 
 prepare() {
-  packaging/debian-packages.sh build bench
-  cmake --preset release -B out/bench -DPACKWRIGHT_DESKTOP=OFF -DPACKWRIGHT_BENCH=ON \
+  packaging/debian-packages.sh build desktop bench
+  cmake --preset release -B out/bench -DPACKWRIGHT_DESKTOP=ON -DPACKWRIGHT_BENCH=ON \
     -DBUILD_TESTING=OFF >/dev/null
-  cmake --build out/bench --target packwright-build deflate_limit settings_bench >/dev/null
+  cmake --build out/bench --target packwright-build deflate_limit settings_bench pages_bench \
+    >/dev/null
   builder=$PWD/out/bench/bin/packwright-build
   mkdir -p "$data"
 }
@@ -154,6 +155,11 @@ settings_bench() {
   out/bench/bin/settings_bench "$data/settings"
 }
 
+pages_bench() {
+  echo "## Editor pages, 50,000 files and 100,000 registry keys"
+  QT_QPA_PLATFORM=offscreen out/bench/bin/pages_bench "$data/pages"
+}
+
 memory_bench() {
   echo "## Peak memory of packwright-build (KB)"
   local name
@@ -166,12 +172,13 @@ memory_bench() {
 }
 
 prepare
-for what in ${*:-binaries small large settings memory}; do
+for what in ${*:-binaries small large settings pages memory}; do
   case $what in
     binaries) make_binaries; folder_bench binaries "350 MB of binaries" ;;
     small) make_small; folder_bench small "13,000 small files" ;;
     large) large_bench ;;
     settings) settings_bench ;;
+    pages) pages_bench ;;
     memory) memory_bench ;;
     *) echo "unknown: $what" >&2; exit 2 ;;
   esac
