@@ -82,11 +82,8 @@ void ctlPropertyEditor::SetProperty(const QString& key, const QString& newValue)
   const int row = ExistingRow(key);
   const PropertyRow& property = rows_->At(row);
   if (property.value == newValue) return;
-  // Copies: the host's handler may remove the row that the arguments stand in.
-  const QString changedKey = key;
-  const QString value = newValue;
-  rows_->SetValue(row, value, showTooltips_ ? value : property.valueTip);
-  if (onPropertyChanged_) onPropertyChanged_(changedKey, value);
+  rows_->SetValue(row, newValue, showTooltips_ ? newValue : property.valueTip);
+  if (onPropertyChanged_) onPropertyChanged_(key, newValue);
 }
 
 QString ctlPropertyEditor::GetProperty(const QString& key) const {
@@ -108,16 +105,15 @@ void ctlPropertyEditor::Clear() { rows_->Clear(); }
 void ctlPropertyEditor::EditProperty(const QString& key) {
   const int row = rows_->RowOf(key);
   if (row < 0) return;
-  const QString editedKey = key;
   QString value = rows_->At(row).value;
   auto reaction = EditReaction::Dialog;
-  if (onEditProperty_) onEditProperty_(editedKey, value, reaction);
+  if (onEditProperty_) onEditProperty_(key, value, reaction);
   if (reaction == EditReaction::Dialog) {
-    value = AskForValue(editedKey, value);
+    value = AskForValue(key, value);
   } else if (reaction == EditReaction::NotEditable) {
     ShowNotEditable();
   }
-  SetProperty(editedKey, value);
+  SetProperty(key, value);
 }
 
 QString ctlPropertyEditor::ListPropertyNames() const {
@@ -159,7 +155,8 @@ void ctlPropertyEditor::showEvent(QShowEvent* event) {
 }
 
 void ctlPropertyEditor::EditRow(const QModelIndex& index) {
-  tools::Guard(dialogs_, [&] { EditProperty(rows_->At(index.row()).key); });
+  // A copy of the key: the host may remove the row in its handlers.
+  tools::Guard(dialogs_, [this, key = rows_->At(index.row()).key] { EditProperty(key); });
 }
 
 QString ctlPropertyEditor::AskForValue(const QString& key, const QString& value) {

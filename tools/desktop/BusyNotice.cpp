@@ -1,7 +1,7 @@
 #include "tools/desktop/BusyNotice.h"
 
-#include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
@@ -70,7 +70,8 @@ BusyNotice::BusyNotice(const QString& text, QWidget* parent)
       lblProgress_(new QLabel(this)),
       prgProgress_(new QProgressBar(this)) {
   setObjectName(u"busyNotice"_s);
-  setWindowTitle(QCoreApplication::applicationName());
+  setWindowTitle(parent != nullptr ? parent->window()->windowTitle()
+                                   : QGuiApplication::applicationDisplayName());
   setAccessibleName(text);
   setFont(FormFont());
   auto* lblText = new QLabel(text, this);

@@ -9,7 +9,7 @@ namespace tools {
 
 namespace {
 
-constexpr int kRowPadding = 4;  // pixels, above and below together
+constexpr int kRowPadding = 6;  // pixels, above and below together
 
 }  // namespace
 
