@@ -107,6 +107,18 @@ class BusyNoticeTest : public QObject {
     QVERIFY(VisibleWindow("busyNotice") == nullptr);
     dialogs.WithdrawBusyNotice(token);
   }
+
+  void ANoticeThatNobodyWithdrawsGoesWithItsWindow() {
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    tools::DesktopDialogs dialogs(window.get());
+    const int token = dialogs.ShowBusyNotice("Bitte warten");
+    dialogs.ShowBusyNotice("Noch etwas");
+    window.reset();
+    QVERIFY(VisibleWindow("busyNotice") == nullptr);
+    dialogs.UpdateBusyNotice(token, {.filesDone = 1});
+    dialogs.WithdrawBusyNotice(token);
+  }
 };
 
 }  // namespace tests

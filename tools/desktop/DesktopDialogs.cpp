@@ -30,7 +30,9 @@ void UseGermanLabels(QFileDialog& dialog, const QString& accept) {
 
 DesktopDialogs::DesktopDialogs(QWidget* parent) : parent_(parent) {}
 
-DesktopDialogs::~DesktopDialogs() = default;
+DesktopDialogs::~DesktopDialogs() {
+  for (const auto& [token, notice] : notices_) delete notice.data();
+}
 
 void DesktopDialogs::SetParent(QWidget* parent) { parent_ = parent; }
 
@@ -79,19 +81,20 @@ std::string DesktopDialogs::RunFileDialog(QFileDialog& dialog) {
 }
 
 int DesktopDialogs::ShowBusyNotice(const std::string& text) {
-  notices_.emplace(++lastToken_, std::make_unique<BusyNotice>(ToQString(text), Owner()));
+  notices_.emplace(++lastToken_, new BusyNotice(ToQString(text), Owner()));
   return lastToken_;
 }
 
 void DesktopDialogs::UpdateBusyNotice(int token, const Progress& progress) {
   const auto notice = notices_.find(token);
-  if (notice != notices_.end()) notice->second->ShowProgress(progress);
+  if (notice != notices_.end() && notice->second) notice->second->ShowProgress(progress);
 }
 
 void DesktopDialogs::WithdrawBusyNotice(int token) {
   const auto notice = notices_.find(token);
   if (notice == notices_.end()) return;
-  notice->second->Withdraw();
+  if (notice->second) notice->second->Withdraw();
+  delete notice->second.data();
   notices_.erase(notice);
 }
 

@@ -3,7 +3,6 @@
 
 #include <QPointer>
 #include <map>
-#include <memory>
 
 #include "tools/Dialogs.h"
 
@@ -42,7 +41,7 @@ class DesktopDialogs : public Dialogs {
   [[nodiscard]] static std::string RunFileDialog(QFileDialog& dialog);
 
   QPointer<QWidget> parent_;
-  std::map<int, std::unique_ptr<BusyNotice>> notices_;
+  std::map<int, QPointer<BusyNotice>> notices_;  ///< by token; null: gone with its owner
   int lastToken_ = 0;
 };
 
