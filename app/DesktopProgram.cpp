@@ -1,0 +1,49 @@
+#include "app/DesktopProgram.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+
+namespace app {
+
+namespace {
+
+std::string ProgramFolder() {
+  return tools::ToUtf8(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+}
+
+}  // namespace
+
+DesktopProgram::DesktopProgram()
+    : settings_(disk_),
+      registry_(tools::OpenSystemRegistry(disk_)),
+      project_(settings_),
+      newProductForm_(*registry_, dialogs_),
+      operations_(project_, dialogs_, clock_, newProductForm_),
+      pageRegistry_(pages::AllPages()),
+      wizards_({.project = project_,
+                .dialogs = dialogs_,
+                .clock = clock_,
+                .disk = disk_,
+                .programFolder = ProgramFolder()}),
+      window_({.project = project_,
+               .operations = operations_,
+               .dialogs = dialogs_,
+               .registry = *registry_,
+               .pageRegistry = pageRegistry_}) {
+  window_.ConnectWizards(wizards_);
+  dialogs_.SetParent(&window_);
+  newProductForm_.SetParent(&window_);
+  wizards_.SetParent(&window_);
+}
+
+DesktopProgram::~DesktopProgram() = default;
+
+void DesktopProgram::OpenFromCommandLine(const QStringList& arguments) {
+  if (arguments.size() != 2) return;
+  tools::Guard(dialogs_, [&] { operations_.OpenProduct(tools::ToUtf8(arguments.at(1))); });
+}
+
+}  // namespace app

@@ -1,0 +1,50 @@
+// The objects of the desktop program, built and connected.
+#pragma once
+
+#include <QStringList>
+#include <memory>
+
+#include "model/ModProject.h"
+#include "model/ModProjectOperations.h"
+#include "pages/PageRegistry.h"
+#include "shell/NewProductDialog.h"
+#include "shell/frmMain.h"
+#include "tools/Clock.h"
+#include "tools/Disk.h"
+#include "tools/Registry.h"
+#include "tools/SettingsStore.h"
+#include "tools/desktop/DesktopDialogs.h"
+#include "wizards/ProgramWizards.h"
+
+namespace app {
+
+/// Needs a QApplication. The main window is not shown yet.
+class DesktopProgram {
+ public:
+  DesktopProgram();
+  ~DesktopProgram();
+  DesktopProgram(const DesktopProgram&) = delete;
+  DesktopProgram& operator=(const DesktopProgram&) = delete;
+
+  /// Opens the product when the command line (program name included) has it as its only argument;
+  /// nothing else is taken from there.
+  void OpenFromCommandLine(const QStringList& arguments);
+
+  [[nodiscard]] shell::frmMain& Window() { return window_; }
+  [[nodiscard]] tools::Dialogs& Dialogs() { return dialogs_; }
+
+ private:
+  tools::SystemDisk disk_;
+  tools::SettingsStore settings_;
+  std::unique_ptr<tools::Registry> registry_;
+  tools::SystemClock clock_;
+  tools::DesktopDialogs dialogs_;
+  model::ModProject project_;
+  shell::NewProductDialog newProductForm_;
+  model::ModProjectOperations operations_;
+  pages::PageRegistry pageRegistry_;
+  wizards::ProgramWizards wizards_;
+  shell::frmMain window_;
+};
+
+}  // namespace app
