@@ -1,5 +1,6 @@
 # What "cmake --install" and the Debian package put where.
 include(GNUInstallDirs)
+set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/packwright)
 
 install(TARGETS packwright-build RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES packaging/man/packwright-build.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -8,8 +9,8 @@ install(FILES README.md CHANGELOG.md docs/file-formats.md docs/headless-builds.m
 if(TARGET packwright)
   install(TARGETS packwright RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(FILES packaging/man/packwright.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  install(FILES docs/user-guide.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-  install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  file(GLOB pictures CONFIGURE_DEPENDS docs/*.png)
+  install(FILES docs/user-guide.md ${pictures} DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
 if(TARGET packwright AND UNIX)
   set(linux ${PROJECT_SOURCE_DIR}/packaging/linux)

@@ -13,7 +13,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir -p "$work/mime/packages"
 cp packwright-mime.xml "$work/mime/packages/packwright.xml"
-update-mime-database "$work/mime" >"$work/log" 2>&1
+XDG_DATA_HOME=$work update-mime-database "$work/mime" >"$work/log" 2>&1
 if [ -s "$work/log" ]; then
   cat "$work/log" >&2
   exit 1
@@ -21,6 +21,10 @@ fi
 grep -q 'application/x-packwright-product:\*\.product' "$work/mime/globs"
 
 for page in ../man/*.1; do
-  LC_ALL=C.UTF-8 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null | tee "$work/man"
-  [ ! -s "$work/man" ]
+  groff -man -Tutf8 -ww -z "$page" 2>"$work/log"
+  if [ -s "$work/log" ]; then
+    cat "$work/log" >&2
+    exit 1
+  fi
 done
+echo "Desktop entry, file type, metainfo, icons and man pages are valid"

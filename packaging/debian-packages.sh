@@ -15,7 +15,8 @@ packages_desktop="qt6-base-dev qt6-svg-dev qt6-translations-l10n"
 packages_run="unzip"
 packages_test="libarchive-dev libgmock-dev libgtest-dev unzip"
 packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time zip"
-packages_ci="clang-format clang-tidy"
+packages_ci="appstream clang-format clang-tidy desktop-file-utils dpkg-dev file groff-base
+  libxml2-utils shared-mime-info"
 packages_windows="dpkg-dev g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev wine wine64"
 
 wanted=""

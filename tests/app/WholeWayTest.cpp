@@ -36,23 +36,16 @@ void Type(QWidget& field, const QString& text) {
   QTest::keyClicks(&field, text);
 }
 
-/// Opens a menu from the keyboard and clicks the item of that name.
-void ChooseFromMenu(QWidget& place, const char* item) {
-  QTest::keyClick(&place, Qt::Key_Menu);
+/// Presses the right mouse button on the list and clicks the menu's item of that name.
+void ChooseFromMenu(QAbstractItemView& list, const char* item) {
+  QWidget& area = *list.viewport();
+  QTest::mousePress(&area, Qt::RightButton, {}, area.rect().center());
+  QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  if (menu == nullptr) {
-    // Widgets without a handling of the key get the event that the window system makes of it.
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, place.rect().center(),
-                            place.mapToGlobal(place.rect().center()));
-    QCoreApplication::sendEvent(&place, &event);
-    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  }
-  QVERIFY(menu != nullptr);
   for (QAction* action : menu->actions()) {
-    if (action->objectName() == item) {
-      QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-      return;
-    }
+    if (action->objectName() != item) continue;
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    return;
   }
   QFAIL(item);
 }
@@ -151,8 +144,7 @@ class WholeWayTest : public QObject {
 
   void AddFiles() {
     ClickNode("v1c1");
-    QWidget& page = Child(program_->Window(), "tabFileList");
-    auto& folders = Child<QComboBox>(page, "cmbDestinationFolder");
+    auto& folders = Control<QComboBox>("cmbDestinationFolder");
     QTest::keyClicks(&folders, "Installationsordner");
     QCOMPARE(folders.currentText(), "Installationsordner");
 
@@ -165,9 +157,9 @@ class WholeWayTest : public QObject {
       });
     };
     choose("openFile", work_->Path("quelle/programm.exe"));
-    Press(page, "cmdAddFile");
+    Press(program_->Window(), "cmdAddFile");
     choose("browseFolder", work_->Path("quelle/handbuch"));
-    auto& list = Child<QTreeView>(page, "lsvBrowser");
+    auto& list = Control<QTreeView>("lsvBrowser");
     ChooseFromMenu(list, "mnuAddDirectory1");
     QCOMPARE(list.model()->rowCount(), 3);
     // The offscreen platform leaves it to the program to go back to the window.
@@ -180,14 +172,13 @@ class WholeWayTest : public QObject {
 
   void SetBuildOptions() {
     ClickNode("v1");
-    auto& tabs = Child<QTabBar>(program_->Window(), "tabDataEditor");
+    auto& tabs = Control<QTabBar>("tabDataEditor");
     for (int i = 0; i < tabs.count(); ++i) {
       if (tabs.tabText(i) == "Erstellungs-Optionen") {
         QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(i).center());
       }
     }
-    QWidget& page = Child(program_->Window(), "tabBuildOptions");
-    auto& rows = Child<QTreeView>(Child(page, "propsConfig"), "lsvProps");
+    auto& rows = Child<QTreeView>(Control<QWidget>("propsConfig"), "lsvProps");
     ModalScript script;
     script.Expect<QDialog>("frmEditProperty", [](QDialog& dialog) {
       Type(Child(dialog, "txtNewValue"), "../fertig");
@@ -220,16 +211,16 @@ class WholeWayTest : public QObject {
     ClickTool("setupwiz");
   }
 
-  QTreeWidget& Tree() { return Child<QTreeWidget>(program_->Window(), "trvProjectTree"); }
-
-  void ClickTool(const char* name) {
-    auto& bar = Child<QToolBar>(program_->Window(), "tbrMain");
-    QTest::mouseClick(bar.widgetForAction(&Child<QAction>(name)), Qt::LeftButton);
+  template <typename T>
+  T& Control(const char* name) {
+    return Child<T>(program_->Window(), name);
   }
 
-  template <typename T>
-  T& Child(const char* name) {
-    return *program_->Window().findChild<T*>(name);
+  QTreeWidget& Tree() { return Control<QTreeWidget>("trvProjectTree"); }
+
+  void ClickTool(const char* name) {
+    auto* action = program_->Window().findChild<QAction*>(name);
+    QTest::mouseClick(Control<QToolBar>("tbrMain").widgetForAction(action), Qt::LeftButton);
   }
 
   void ClickNode(const QString& key) {
@@ -240,11 +231,6 @@ class WholeWayTest : public QObject {
       return;
     }
     QFAIL(qUtf8Printable("no node " + key));
-  }
-
-  template <typename T = QWidget>
-  static T& Child(const QWidget& parent, const char* name) {
-    return tests::Child<T>(parent, name);
   }
 
   std::unique_ptr<TemporaryFolder> home_;
