@@ -44,7 +44,7 @@ std::string FileLines(const model::ICFile& entry, const std::string& stored, boo
   script.BeginComponent("K");
   script.AddFile(entry, "/quelle/b.bin", stored);
   script.EndComponent();
-  const std::string lines = tools::ReplaceAll(text, "\r\n", "\n");
+  std::string lines = tools::ReplaceAll(text, "\r\n", "\n");
   EXPECT_EQ(tools::ReplaceAll(lines, "\n", "\r\n"), text);
   return lines;
 }

@@ -27,7 +27,7 @@ class ProgramTest : public testing::Test {
     folder_.Write("p/src/zwei.txt", "zwei");
   }
 
-  ExitCode Run(std::vector<std::string> arguments) {
+  ExitCode Run(const std::vector<std::string>& arguments) {
     output_.str({});
     errors_.str({});
     return RunProgram(arguments, {.streams = {output_, errors_, false},
