@@ -3,7 +3,9 @@
 # archive sizes. Each figure is the median of some runs that take turns; the data is in the page
 # cache, and what one run has written is on the disk before the next begins.
 #
-#   bench/run.sh [binaries] [small] [large] [settings] [pages] [memory]  all of them without arguments
+#   bench/run.sh [binaries] [small] [large] [settings] [pages] [desktop] [memory]
+#
+# Without arguments all of them.
 #
 # Data and results go to $PACKWRIGHT_BENCH_DIR (out/bench-data), about 9 GB for everything.
 set -euo pipefail
@@ -17,7 +19,7 @@ prepare() {
   cmake --preset release -B out/bench -DPACKWRIGHT_DESKTOP=ON -DPACKWRIGHT_BENCH=ON \
     -DBUILD_TESTING=OFF >/dev/null
   cmake --build out/bench --target packwright-build deflate_limit settings_bench pages_bench \
-    >/dev/null
+    desktop_bench >/dev/null
   builder=$PWD/out/bench/bin/packwright-build
   mkdir -p "$data"
 }
@@ -160,6 +162,12 @@ pages_bench() {
   QT_QPA_PLATFORM=offscreen out/bench/bin/pages_bench "$data/pages"
 }
 
+desktop_bench() {
+  echo "## The main window, 100 versions of 100 components"
+  mkdir -p "$data/desktop"
+  QT_QPA_PLATFORM=offscreen out/bench/bin/desktop_bench "$data/desktop"
+}
+
 memory_bench() {
   echo "## Peak memory of packwright-build (KB)"
   local name
@@ -172,13 +180,14 @@ memory_bench() {
 }
 
 prepare
-for what in ${*:-binaries small large settings pages memory}; do
+for what in ${*:-binaries small large settings pages desktop memory}; do
   case $what in
     binaries) make_binaries; folder_bench binaries "350 MB of binaries" ;;
     small) make_small; folder_bench small "13,000 small files" ;;
     large) large_bench ;;
     settings) settings_bench ;;
     pages) pages_bench ;;
+    desktop) desktop_bench ;;
     memory) memory_bench ;;
     *) echo "unknown: $what" >&2; exit 2 ;;
   esac

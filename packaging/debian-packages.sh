@@ -4,17 +4,19 @@
 #   debian-packages.sh GROUP...     installs what is missing of the groups; silent when nothing is
 #
 # Groups: build (compile the layers without Qt), desktop (compile the desktop program too), run
-# (run.sh), test (compile and run the tests), ci (the checks of .ci/run), bench (bench/run.sh and
-# the programs it compares with), windows (the cross-build and its tests under Wine).
+# (run.sh), test (compile and run the tests), docs (docs/screenshots.sh), ci (the checks of
+# .ci/run), bench (bench/run.sh and the programs it compares with), windows (the cross-build and
+# its tests under Wine).
 # Installs as root, or through sudo; asks nothing. Only a missing package causes an apt call.
 set -eu
 
 packages_build="cmake g++ ninja-build libcli11-dev libdeflate-dev libutf8proc-dev nlohmann-json3-dev
   zlib1g-dev"
 packages_desktop="qt6-base-dev qt6-svg-dev qt6-translations-l10n"
-packages_run="unzip"
+packages_run="qt6-wayland unzip"
 packages_test="libarchive-dev libgmock-dev libgtest-dev unzip"
 packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time zip"
+packages_docs="fonts-dejavu-core"
 packages_ci="appstream clang-format clang-tidy desktop-file-utils dpkg-dev file groff-base
   libxml2-utils shared-mime-info"
 packages_windows="dpkg-dev g++-mingw-w64-x86-64-posix googletest libz-mingw-w64-dev wine wine64"
@@ -27,6 +29,7 @@ for group in "$@"; do
     run) wanted="$wanted $packages_run" ;;
     test) wanted="$wanted $packages_test" ;;
     bench) wanted="$wanted $packages_bench" ;;
+    docs) wanted="$wanted $packages_docs" ;;
     ci) wanted="$wanted $packages_ci" ;;
     windows) wanted="$wanted $packages_windows" ;;
     *) echo "debian-packages.sh: unknown group '$group'" >&2; exit 2 ;;

@@ -6,8 +6,8 @@
 #include <array>
 
 #include "shell/GuardedApplication.h"
-#include "tests/support/desktop/DesktopProgram.h"
 #include "tests/support/desktop/ModalScript.h"
+#include "tests/support/desktop/OpenedProgram.h"
 #include "tools/desktop/DesktopDialogs.h"
 
 namespace tests {
@@ -35,7 +35,7 @@ class ByHandTest : public QObject {
     const TemporaryFolder home;
     UseHome(home);
     tools::DesktopDialogs dialogs;
-    DesktopProgram program(dialogs);
+    OpenedProgram program(dialogs);
     dialogs.SetParent(&program.window);
     QVERIFY(QTest::qWaitForWindowActive(&program.window));
     ModalScript script;

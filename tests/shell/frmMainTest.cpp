@@ -6,7 +6,7 @@
 
 #include "grid/ctlPropertyEditor.h"
 #include "tests/support/ScriptedDialogs.h"
-#include "tests/support/desktop/DesktopProgram.h"
+#include "tests/support/desktop/OpenedProgram.h"
 
 namespace tests {
 
@@ -42,7 +42,7 @@ class frmMainTest : public QObject {
     home_->Write("P/Version 1.10.0/component2.component", "[Component]\nTitle=Programm\n");
     home_->MakeFolder("P/Version 1.9.0");
     dialogs_ = std::make_unique<ScriptedDialogs>();
-    program_ = std::make_unique<DesktopProgram>(*dialogs_);
+    program_ = std::make_unique<OpenedProgram>(*dialogs_);
     QVERIFY(QTest::qWaitForWindowActive(&program_->window));
   }
 
@@ -193,7 +193,7 @@ class frmMainTest : public QObject {
   void TwoProgramsOnOneProductKeepEachOthersSettings() {
     Open();
     program_->Click("product");
-    DesktopProgram other(*dialogs_);
+    OpenedProgram other(*dialogs_);
     QVERIFY(other.operations.OpenProduct(product_));
     dialogs_->ExpectInputBox("neue Versionsnummer", "3.0.0");
     other.operations.AddVersion();
@@ -283,12 +283,12 @@ class frmMainTest : public QObject {
     Child<QSplitter>(program_->window, "splitter").setSizes({200, 500});
     const QList<int> sizes = Child<QSplitter>(program_->window, "splitter").sizes();
     program_->window.close();
-    DesktopProgram next(*dialogs_);
+    OpenedProgram next(*dialogs_);
     QCOMPARE(next.window.geometry(), QRect(40, 50, 720, 460));
     QCOMPARE(Child<QSplitter>(next.window, "splitter").sizes(), sizes);
     next.window.move(9000, 9000);
     next.window.close();
-    const DesktopProgram last(*dialogs_);
+    const OpenedProgram last(*dialogs_);
     QVERIFY(last.window.screen()->geometry().intersects(last.window.frameGeometry()));
   }
 
@@ -310,7 +310,7 @@ class frmMainTest : public QObject {
   std::unique_ptr<TemporaryFolder> home_;
   std::string product_;
   std::unique_ptr<ScriptedDialogs> dialogs_;
-  std::unique_ptr<DesktopProgram> program_;
+  std::unique_ptr<OpenedProgram> program_;
 };
 
 }  // namespace tests

@@ -6,7 +6,7 @@
 
 #include "shell/frmNewProduct.h"
 #include "tests/support/ScriptedDialogs.h"
-#include "tests/support/desktop/DesktopProgram.h"
+#include "tests/support/desktop/OpenedProgram.h"
 
 namespace tests {
 

@@ -41,8 +41,8 @@ inline void PressCloseBox(QWidget& window) {
   if (event.isAccepted()) window.hide();
 }
 
-struct DesktopProgram {
-  explicit DesktopProgram(tools::Dialogs& dialogs)
+struct OpenedProgram {
+  explicit OpenedProgram(tools::Dialogs& dialogs)
       : newProductForm(*registry, dialogs),
         operations(project, dialogs, clock, newProductForm),
         window({.project = project,
