@@ -75,6 +75,9 @@ tabFileList::tabFileList(const PageServices& services, QWidget* parent)
   FillDestinationFolders();
 }
 
+// The list view outlives the entries, and is laid out once more while it is taken down.
+tabFileList::~tabFileList() { shownEntries_->Show({}, 0); }
+
 void tabFileList::BuildBrowser() {
   fraBrowser = Named(new QGroupBox(Text(249)), u"fraBrowser"_s);
   lblDestinationFolder = Named(new QLabel(Text(251)), u"lblDestinationFolder"_s);

@@ -31,6 +31,7 @@ class tabFileList : public EditorPage {
 
  public:
   tabFileList(const PageServices& services, QWidget* parent);
+  ~tabFileList() override;
 
   [[nodiscard]] std::string Title() const override;
   /// Raises tools::Error when the stored entries cannot be read; those shown stay.
