@@ -7,9 +7,12 @@ packaging/debian-packages.sh build desktop docs
 cmake --preset release -DPACKWRIGHT_DESKTOP=ON >/dev/null
 cmake --build --preset release --target screenshots >/dev/null
 
-# Preferences of the person who runs this have no influence, and theirs are not touched.
-home=$(mktemp -d)
+# Preferences of the person who runs this have no influence, and theirs are not touched; the pictures
+# show the same folder wherever this is run.
+home=/tmp/Projekte
+mkdir -m 700 "$home"
 trap 'rm -rf "$home"' EXIT
+cp -R examples/Messprotokoll "$home"
 HOME=$home XDG_CONFIG_HOME=$home/.config XDG_RUNTIME_DIR=$home QT_QPA_PLATFORM=offscreen \
-  out/release/bin/screenshots examples/Messprotokoll/Messprotokoll.product docs
-echo "docs/main-window.png"
+  out/release/bin/screenshots "$home/Messprotokoll/Messprotokoll.product" docs
+ls docs/*.png

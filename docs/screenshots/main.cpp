@@ -2,12 +2,15 @@
 // looks like.
 //
 //   screenshots PRODUCT FOLDER
+#include <QAction>
 #include <QComboBox>
 #include <QCursor>
 #include <QDir>
 #include <QFileInfo>
 #include <QModelIndex>
 #include <QMouseEvent>
+#include <QPushButton>
+#include <QTimer>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <cstdio>
@@ -16,6 +19,7 @@
 #include "model/TextTable.h"
 #include "shell/GuardedApplication.h"
 #include "tools/desktop/QtText.h"
+#include "tools/desktop/WizardStructure.h"
 
 namespace {
 
@@ -45,13 +49,7 @@ bool StorePicture(QWidget& window, const QDir& folder, const QString& name) {
   return false;
 }
 
-bool MakePictures(const QString& product, const QDir& folder) {
-  app::DesktopProgram program;
-  shell::frmMain& window = program.Window();
-  window.resize(kWindowSize);
-  QCursor::setPos(kWindowSize.width(), kWindowSize.height());  // over nothing that lights up
-  window.show();
-  program.OpenFromCommandLine({QString(), product});
+bool MainWindowPicture(shell::frmMain& window, const QDir& folder) {
   ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
             QStringLiteral("v2c1"));
   // The files that go into the installation folder, with one of them selected.
@@ -62,6 +60,36 @@ bool MakePictures(const QString& product, const QDir& folder) {
   const auto& files = *window.findChild<QTreeView*>(QStringLiteral("lsvBrowser"));
   ClickRow(files, files.model()->index(0, 0));
   return StorePicture(window, folder, QStringLiteral("main-window"));
+}
+
+/// One picture of each page but the last, while the wizard is open.
+bool WizardPictures(shell::frmMain& window, const QDir& folder) {
+  ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
+            QStringLiteral("v2"));
+  bool stored = false;
+  QTimer::singleShot(0, &window, [&] {
+    auto* wizard = qobject_cast<tools::WizardStructure*>(QApplication::activeModalWidget());
+    if (wizard == nullptr) return;
+    stored = true;
+    for (const char* page : {"intro", "configuration", "output", "packaging"}) {
+      stored = stored && wizard->CurrentPage() == page &&
+               StorePicture(*wizard, folder, QStringLiteral("wizard-") + QLatin1String(page));
+      wizard->findChild<QPushButton*>(QStringLiteral("cmdNext"))->click();
+    }
+    wizard->reject();
+  });
+  window.findChild<QAction*>(QStringLiteral("setupwiz"))->trigger();
+  return stored;
+}
+
+bool MakePictures(const QString& product, const QDir& folder) {
+  app::DesktopProgram program;
+  shell::frmMain& window = program.Window();
+  window.resize(kWindowSize);
+  QCursor::setPos(kWindowSize.width(), kWindowSize.height());  // over nothing that lights up
+  window.show();
+  program.OpenFromCommandLine({QString(), product});
+  return MainWindowPicture(window, folder) && WizardPictures(window, folder);
 }
 
 }  // namespace
