@@ -13,6 +13,9 @@ home=/tmp/Projekte
 mkdir -m 700 "$home"
 trap 'rm -rf "$home"' EXIT
 cp -R examples/Messprotokoll "$home"
+mkdir "$home/.wine" # the registry that the registry page browses
+printf 'WINE REGISTRY Version 2\n\n[Software\\\\%s] 1\n\n[Software\\\\%s] 1\n\n[Software\\\\%s] 1\n' \
+  Classes Microsoft 'Quillon\\Tessel' >"$home/.wine/system.reg"
 HOME=$home XDG_CONFIG_HOME=$home/.config XDG_RUNTIME_DIR=$home QT_QPA_PLATFORM=offscreen \
   out/release/bin/screenshots "$home/Messprotokoll/Messprotokoll.product" docs
 ls docs/*.png

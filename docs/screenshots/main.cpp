@@ -7,9 +7,11 @@
 #include <QCursor>
 #include <QDir>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QModelIndex>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTimer>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -62,6 +64,28 @@ bool MainWindowPicture(shell::frmMain& window, const QDir& folder) {
   return StorePicture(window, folder, QStringLiteral("main-window"));
 }
 
+/// A picture of one page of the selected node; `position` is that of its tab, from 1.
+bool PagePicture(const QWidget& window, int position, const QDir& folder, const QString& name) {
+  window.findChild<QTabBar*>(QStringLiteral("tabDataEditor"))->setCurrentIndex(position - 1);
+  return StorePicture(*window.findChild<QWidget*>(QStringLiteral("EditorTab%1").arg(position)),
+                      folder, name);
+}
+
+/// The component's pages as the main window's picture leaves them, and the version's.
+bool PagePictures(shell::frmMain& window, const QDir& folder) {
+  bool stored = PagePicture(window, 1, folder, QStringLiteral("page-files"));
+  // A key of the machine's registry. Nothing is typed into the values, so nothing is stored.
+  auto& path = *window.findChild<QComboBox*>(QStringLiteral("cmbRegPath"))->lineEdit();
+  path.setText(QStringLiteral("HKEY_LOCAL_MACHINE\\Software"));
+  Q_EMIT path.returnPressed();
+  path.deselect();
+  stored = stored && PagePicture(window, 2, folder, QStringLiteral("page-registry"));
+  ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
+            QStringLiteral("v2"));
+  return stored && PagePicture(window, 4, folder, QStringLiteral("page-build-options")) &&
+         PagePicture(window, 5, folder, QStringLiteral("page-tessel"));
+}
+
 /// One picture of each page but the last, while the wizard is open.
 bool WizardPictures(shell::frmMain& window, const QDir& folder) {
   ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
@@ -89,7 +113,8 @@ bool MakePictures(const QString& product, const QDir& folder) {
   QCursor::setPos(kWindowSize.width(), kWindowSize.height());  // over nothing that lights up
   window.show();
   program.OpenFromCommandLine({QString(), product});
-  return MainWindowPicture(window, folder) && WizardPictures(window, folder);
+  return MainWindowPicture(window, folder) && PagePictures(window, folder) &&
+         WizardPictures(window, folder);
 }
 
 }  // namespace
