@@ -46,7 +46,7 @@ class ListedPages : public tools::WizardDriver {
 
   std::string Title() override { return "Probe-Assistent"; }
   std::vector<std::string> GetStepBar() override { return steps; }
-  void ShowStepbar() override { events.push_back("step bar"); }
+  void ShowStepbar() override { events.emplace_back("step bar"); }
   WizardPage ShowPage(const std::string& key) override {
     if (key == failing) throw tools::Error("Die Seite ist weg.");
     return pages.count(key) != 0 ? pages.at(key) : WizardPage();
@@ -61,7 +61,7 @@ class ListedPages : public tools::WizardDriver {
   void Finish(WizardStructure& frame) override {
     events.push_back("finish " + frame.DataStore()["name"]);
   }
-  void Cancel(WizardStructure& /*frame*/) override { events.push_back("cancel"); }
+  void Cancel(WizardStructure& /*frame*/) override { events.emplace_back("cancel"); }
   void ShowHelp(const std::string& key) override { events.push_back("help " + key); }
 };
 
