@@ -2,8 +2,7 @@
 //
 //   start_bench [RUNS]
 //
-// Both are started in turn; the medians and their ratio are printed. Set QT_QPA_PLATFORM=offscreen
-// to measure without a display.
+// Both are started in turn; the medians and their ratio are printed.
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProcess>

@@ -3,7 +3,7 @@
 # archive sizes. Each figure is the median of some runs that take turns; the data is in the page
 # cache, and what one run has written is on the disk before the next begins.
 #
-#   bench/run.sh [binaries] [small] [large] [settings] [pages] [desktop] [memory]
+#   bench/run.sh [binaries] [small] [large] [settings] [pages] [desktop] [start] [memory]
 #
 # Without arguments all of them.
 #
@@ -19,7 +19,7 @@ prepare() {
   cmake --preset release -B out/bench -DPACKWRIGHT_DESKTOP=ON -DPACKWRIGHT_BENCH=ON \
     -DBUILD_TESTING=OFF >/dev/null
   cmake --build out/bench --target packwright-build deflate_limit settings_bench pages_bench \
-    desktop_bench >/dev/null
+    desktop_bench start_bench bare_window program_window >/dev/null
   builder=$PWD/out/bench/bin/packwright-build
   mkdir -p "$data"
 }
@@ -168,6 +168,13 @@ desktop_bench() {
   QT_QPA_PLATFORM=offscreen out/bench/bin/desktop_bench "$data/desktop"
 }
 
+# On a real window system: without one a window without text needs no fonts, which takes most of the
+# difference.
+start_bench() {
+  echo "## From the start to the window"
+  env -u QT_QPA_PLATFORM xvfb-run -a out/bench/bin/start_bench
+}
+
 memory_bench() {
   echo "## Peak memory of packwright-build (KB)"
   local name
@@ -180,7 +187,7 @@ memory_bench() {
 }
 
 prepare
-for what in ${*:-binaries small large settings pages desktop memory}; do
+for what in ${*:-binaries small large settings pages desktop start memory}; do
   case $what in
     binaries) make_binaries; folder_bench binaries "350 MB of binaries" ;;
     small) make_small; folder_bench small "13,000 small files" ;;
@@ -188,6 +195,7 @@ for what in ${*:-binaries small large settings pages desktop memory}; do
     settings) settings_bench ;;
     pages) pages_bench ;;
     desktop) desktop_bench ;;
+    start) start_bench ;;
     memory) memory_bench ;;
     *) echo "unknown: $what" >&2; exit 2 ;;
   esac
