@@ -185,6 +185,7 @@ bool ModProjectOperations::VersionExists(const std::string& version) const {
 // The folder comes first and is taken back when the settings cannot be written, so that a version
 // that is listed always has its folder.
 void ModProjectOperations::CreateVersion(const std::string& version, std::int32_t latest) {
+  RequireProductFile();
   const std::string folder = project_.VersionFolder(version);
   const std::string file = tools::JoinPath(folder, ModProject::kVersionFileName);
   const std::string inherited = latest == 0 ? std::string() : project_.VersionFilePath(latest);
@@ -211,10 +212,18 @@ void ModProjectOperations::CreateVersion(const std::string& version, std::int32_
   }
 }
 
+// Writing to a product that is gone would leave a file that holds next to nothing in its place.
+void ModProjectOperations::RequireProductFile() const {
+  if (!tools::FileExists(project_.ProductPath())) {
+    throw tools::PathError("Die Projektdatei ist nicht mehr vorhanden", project_.ProductPath(), {});
+  }
+}
+
 // The folder is first renamed, which happens wholly or not at all: an error leaves the version
 // either as it was or deleted.
 void ModProjectOperations::DeleteVersion(std::int32_t version) {
   if (!ConfirmDeletion()) return;
+  RequireProductFile();
   const std::string folder = tools::FolderOf(project_.VersionFilePath(version));
   const std::string removed = tools::TemporaryNameBeside(folder);
   const bool exists = tools::FolderExists(folder);

@@ -55,6 +55,7 @@ class ModProjectOperations {
   [[nodiscard]] std::string NextVersionText(std::int32_t latest) const;
   [[nodiscard]] bool VersionExists(const std::string& version) const;
   void CreateVersion(const std::string& version, std::int32_t latest);
+  void RequireProductFile() const;
   bool ConfirmDeletion();
 
   ModProject& project_;

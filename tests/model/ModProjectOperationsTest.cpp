@@ -170,6 +170,17 @@ TEST_F(ModProjectOperationsTest, AFailedAdditionLeavesNeitherFolderNorEntry) {
   EXPECT_EQ(project_.VersionCount(), 1);
 }
 
+TEST_F(ModProjectOperationsTest, AProductThatIsGoneIsNotMadeAgainInPart) {
+  OpenProductWith({"1.0.0"});
+  tools::RemoveFolderTree(folder_.Path("Version 1.0.0"));
+  tools::DeleteFile(folder_.Path("demo.product"));
+  dialogs_.ExpectInputBox("Haupt", "1.0.1");
+  EXPECT_THROW(operations_.AddVersion(), tools::Error);
+  dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
+  EXPECT_THROW(operations_.DeleteVersion(1), tools::Error);
+  EXPECT_TRUE(tools::FindFiles(folder_.Path(), "*", true).empty());
+}
+
 TEST_F(ModProjectOperationsTest, DeletesAVersionWithItsFolderAfterConfirmation) {
   OpenProductWith({"1.0.0", "2.0.0"});
   dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::No);
