@@ -10,6 +10,7 @@
 #include "build/Survey.h"
 #include "build/TreeStore.h"
 #include "model/FolderTable.h"
+#include "tools/Error.h"
 #include "tools/Names.h"
 #include "tools/Path.h"
 #include "tools/Text.h"
@@ -71,7 +72,8 @@ class Checker {
 
   void CheckTitle() {
     const std::string title = project_.ProductTitle();
-    if (!tools::IsPortableFileName(title)) {
+    // The second is the longest of the names made from it.
+    if (!tools::IsPortableFileName(title) || !tools::IsPortableFileName(title + ".install")) {
       Report("Die Produktbezeichnung kann kein Dateiname sein: " + title);
     }
     CheckValue("Die Produktbezeichnung", title, {});
@@ -121,7 +123,17 @@ class Checker {
     } else {
       const std::string stored = TreeStoredName(entry, origin.path);
       CheckValue("Der Ablagename", stored, place);
-      CheckMeeting(stored_, "Gleicher Ablagename '" + stored + "'", PathKey(stored), origin, place);
+      CheckTreeName(stored, origin, place);
+    }
+  }
+
+  void CheckTreeName(const std::string& stored, const Origin& origin, const Place& place) {
+    try {
+      std::string key;
+      for (const std::string& part : PlainParts(stored)) key.append("\\").append(part);
+      CheckMeeting(stored_, "Gleicher Ablagename '" + stored + "'", PathKey(key), origin, place);
+    } catch (const tools::Error& error) {
+      Report(error.what(), place);
     }
   }
 

@@ -12,10 +12,7 @@ BuildOptions ReadBuildOptions(const BuildSettings& settings) {
     return found == settings.end() ? std::string{} : found->second;
   };
   BuildOptions options;
-  options.installerType = tools::ToInt16(text("installertype"));
-  options.configuration = tools::ToInt32(text("config"));
   options.folder = text("folder");
-  options.language = tools::ToInt32(text("language"));
   options.packaged = tools::ToInt16(text("makezip")) == 1;
   options.includeWrapper = tools::ToInt16(text("includeexe")) != 0;
   options.includeRuntime = tools::ToInt16(text("includetessel")) != 0;

@@ -12,14 +12,12 @@ namespace build {
 /// "language", "makezip", "includeexe" and "includetessel"; an absent one counts as empty.
 using BuildSettings = std::map<std::string, std::string, std::less<>>;
 
+/// The values that change the output; "installertype", "config" and "language" do not.
 struct BuildOptions {
-  std::int16_t installerType = 0;  ///< has no effect on the output
-  std::int32_t configuration = 0;  ///< has no effect on the output
-  std::string folder;              ///< output folder as the user wrote it
-  std::int32_t language = 0;       ///< has no effect on the output
-  bool packaged = false;           ///< "makezip" is exactly 1: one archive instead of a tree
-  bool includeWrapper = false;     ///< "includeexe" is not 0
-  bool includeRuntime = false;     ///< "includetessel" is not 0
+  std::string folder;           ///< output folder as the user wrote it
+  bool packaged = false;        ///< "makezip" is exactly 1: one archive instead of a tree
+  bool includeWrapper = false;  ///< "includeexe" is not 0
+  bool includeRuntime = false;  ///< "includetessel" is not 0
 };
 
 /// Converts the values. Raises tools::Error for a number that does not fit its type.

@@ -46,6 +46,8 @@ class Build {
       throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
     survey_ = SurveyVersion(environment_.project, version_);
+    // A wish to stop that came meanwhile counts before anything is deleted.
+    progress_.Start(survey_.files, survey_.bytes);
     if (!PrepareOutputFolder()) return false;
     StoreFiles();
     WriteInstallScript(environment_.disk, InOutputFolder(title_ + ".install"), MakeScriptHead(),

@@ -103,7 +103,11 @@ class Surveyor {
     const bool below = scan && entry.IncludeChildren != 0;
     const std::string folder = SourceFolderOf(entry, productFolder_);
     survey_.locations.insert({folder, below ? entry.SourceName : std::string{}});
-    if (!scan) AddLinkedLocation(tools::JoinPath(folder, entry.SourceName));
+    if (scan) return;
+    // The name may hold a folder part, and the file may be a link.
+    const std::string path = tools::JoinPath(folder, entry.SourceName);
+    survey_.locations.insert({tools::FolderOf(path), {}});
+    AddLinkedLocation(path);
   }
 
   // An entry that cannot be read has sources all the same, whose loss would hurt as much.

@@ -20,27 +20,25 @@ std::string ScriptFolder(const model::ICFile& entry) {
   return folder;
 }
 
-// The parts of a script path with "." and ".." worked out. Raises an error when they lead above the
-// path's beginning.
-std::vector<std::string> PlainParts(const std::string& scriptFolder) {
+}  // namespace
+
+std::string TreeStoredName(const model::ICFile& entry, std::string_view sourcePath) {
+  return ScriptFolder(entry) + "\\" + tools::FileNamePart(sourcePath);
+}
+
+std::vector<std::string> PlainParts(const std::string& scriptPath) {
   std::vector<std::string> parts;
-  for (std::string& part : tools::SplitList(scriptFolder, '\\', '\0')) {
+  for (std::string& part : tools::SplitList(scriptPath, '\\', '\0')) {
     if (part.empty() || part == ".") continue;
     if (part != "..") {
       parts.push_back(std::move(part));
     } else if (parts.empty()) {
-      throw tools::Error("Der Zielordner liegt außerhalb des Ausgabeordners: " + scriptFolder);
+      throw tools::Error("Der Zielordner liegt außerhalb des Ausgabeordners: " + scriptPath);
     } else {
       parts.pop_back();
     }
   }
   return parts;
-}
-
-}  // namespace
-
-std::string TreeStoredName(const model::ICFile& entry, std::string_view sourcePath) {
-  return ScriptFolder(entry) + "\\" + tools::FileNamePart(sourcePath);
 }
 
 TreeStore::TreeStore(std::string outputFolder, BuildProgress& progress)

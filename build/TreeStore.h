@@ -12,6 +12,10 @@ namespace build {
 /// subfolder and the source's file name, joined by "\".
 [[nodiscard]] std::string TreeStoredName(const model::ICFile& entry, std::string_view sourcePath);
 
+/// The parts of a path with "\" between them, "." and ".." worked out. Raises tools::Error when
+/// they lead above the path's beginning.
+[[nodiscard]] std::vector<std::string> PlainParts(const std::string& scriptPath);
+
 class TreeStore : public FileStore {
  public:
   /// The folder must exist; `progress` must outlive the store.

@@ -53,7 +53,10 @@ void LabelInGerman(CLI::App& app) {
   formatter->column_width(24);
   app.formatter(formatter);
   for (CLI::Option* const option : app.get_options()) {
-    if (!option->get_positional()) option->group("Optionen");
+    if (option->get_positional()) continue;
+    option->group("Optionen");
+    // A flag takes no value: "--zip=false" is a bad call.
+    if (option->get_expected_max() == 0) option->disable_flag_override();
   }
   app.footer(kExitCodes);
 }

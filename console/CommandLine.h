@@ -17,9 +17,10 @@ enum class ExitCode {
 };
 
 struct CommandLine {
-  std::string product;     ///< path of the product file
-  std::string version;     ///< version text; empty only with `list`
-  std::string output;      ///< output folder; empty takes the active configuration's
+  std::string product;  ///< path of the product file
+  std::string version;  ///< version text; empty only with `list`
+  /// Output folder as it was typed; without one the active configuration's is taken.
+  std::optional<std::string> output;
   bool zip = true;         ///< one archive instead of a folder tree
   bool wrapper = false;    ///< add the setup program
   bool runtime = false;    ///< add the runtime's installer

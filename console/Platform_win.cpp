@@ -15,8 +15,10 @@ namespace {
 // The system calls the handler on a thread of its own.
 std::atomic<bool> interrupted{false};
 
-BOOL WINAPI OnControl(DWORD) {
+BOOL WINAPI OnControl(DWORD event) {
   interrupted = true;
+  // When the console closes, the system ends the program as soon as this returns: main comes first.
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
   return TRUE;
 }
 

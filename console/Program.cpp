@@ -70,8 +70,12 @@ build::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t 
   settings["installertype"] =
       project.ReadVersionSetting(version, "BuildCommon", "InstallerType", "1");
   settings["config"] = configuration;
-  settings["folder"] = line.output.empty() ? StoredOutputFolder(project, version, configuration)
-                                           : tools::ResolvePath(line.output, workingFolder);
+  if (!line.output) {
+    settings["folder"] = StoredOutputFolder(project, version, configuration);
+  } else if (!tools::TrimBlanks(*line.output).empty()) {
+    // A blank folder (an unset variable of a script) must stay blank, which a build refuses.
+    settings["folder"] = tools::ResolvePath(*line.output, workingFolder);
+  }
   settings["makezip"] = line.zip ? "1" : "0";
   settings["includeexe"] = line.wrapper ? "1" : "0";
   settings["includetessel"] = line.runtime ? "1" : "0";

@@ -189,7 +189,9 @@ void ModProjectOperations::CreateVersion(const std::string& version, std::int32_
   const std::string folder = project_.VersionFolder(version);
   const std::string file = tools::JoinPath(folder, ModProject::kVersionFileName);
   const std::string inherited = latest == 0 ? std::string() : project_.VersionFilePath(latest);
-  const std::int32_t slot = FirstFreeSlot(project_.VersionSlots());
+  std::int32_t slot = FirstFreeSlot(project_.VersionSlots());
+  // A damaged count must not make a slot beyond it look free.
+  while (!project_.VersionString(slot).empty()) ++slot;
   tools::RemoveFolderTree(folder);
   tools::MakeFolder(folder);
   try {
@@ -241,7 +243,9 @@ void ModProjectOperations::DeleteVersion(std::int32_t version) {
 void ModProjectOperations::AddComponent(std::int32_t version) {
   const std::string title = Trimmed(dialogs_.InputBox(LoadText(228), LoadText(223), LoadText(229)));
   if (title.empty()) return;
-  const std::int32_t slot = FirstFreeSlot(project_.ComponentSlots(version));
+  std::int32_t slot = FirstFreeSlot(project_.ComponentSlots(version));
+  // A damaged count must not make a slot beyond it look free.
+  while (!project_.ComponentTitle(version, slot).empty()) ++slot;
   tools::SettingsStore::Batch batch(project_.Settings());
   if (project_.ComponentCount(version) < slot) {
     project_.WriteVersionSetting(version, kComponents, kCount, std::to_string(slot));

@@ -19,7 +19,8 @@ namespace tools {
 namespace {
 
 constexpr std::size_t kMebibyte = 1U << 20U;
-constexpr int kMaximumThreads = 64;
+// Each takes about 10 MiB: more would break the promise of bounded memory on large machines.
+constexpr int kMaximumThreads = 8;
 constexpr std::size_t kWaitingJobs = 512;
 // Outcomes that may wait for their turn, beyond the blocks that the threads work on.
 constexpr std::size_t kHeldBytes = 8 * kMebibyte;
@@ -35,7 +36,7 @@ OrderedWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
   const int wanted = options.threads > 0 ? options.threads : processors;
   const int threads = std::clamp(wanted, 1, kMaximumThreads);
   return {.threads = threads,
-          .heldBytes = 2 * static_cast<std::size_t>(threads) * BlockBytes(options) + kHeldBytes,
+          .heldBytes = static_cast<std::size_t>(threads) * BlockBytes(options) + 2 * kHeldBytes,
           .waitingJobs = kWaitingJobs};
 }
 

@@ -19,7 +19,7 @@ struct ArchiveOptions {
   /// 6, makes smaller archives than common zip programs do at their default; one level more costs
   /// a third more time and gains half a percent.
   int effort = 12;
-  int threads = 0;  ///< worker threads, up to 64; 0 takes one for each processor
+  int threads = 0;  ///< worker threads, up to 8; 0 takes one for each processor
 };
 
 /// What an archive has come to.

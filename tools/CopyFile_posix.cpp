@@ -69,8 +69,8 @@ CopyResult Failure(std::error_code cause) {
 /// Copies into a file that does not exist yet, and removes it again when that fails.
 CopyResult CopyToNew(const FileHandle& source, const struct stat& status, const std::string& target,
                      const CopyProgress& progress) {
-  FileHandle file(
-      ::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, status.st_mode & 0777U));
+  FileHandle file(::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
+                         (status.st_mode & 0777U) | S_IRUSR | S_IWUSR));
   if (!file.IsOpen()) return Failure(LastSystemError());
   CopyResult result;
   const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, status.st_mtim};

@@ -105,7 +105,8 @@ TEST_F(ArchiveBuildTest, LeavesOutWhatVanishedAndTakesWhatIsThere) {
 TEST_F(ArchiveBuildTest, SurvivesAnArchiveThatCannotBeMade) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   status_.onProgress = [this](const tools::Progress& progress) {
-    if (progress.filesDone == 0) folder_.Write("aus/Probe.zip/im Weg", "");
+    const bool prepared = folder_.Holds("aus");
+    if (prepared && progress.filesDone == 0) folder_.Write("aus/Probe.zip/im Weg", "");
   };
   Run();
   EXPECT_EQ(LogLines(), "ERROR: Unable to compress setup files\r\n");
@@ -144,11 +145,19 @@ TEST_F(ArchiveBuildTest, LeavesNothingBehindWhenStopped) {
     } catch (const tools::Error& error) {
       EXPECT_STREQ(error.what(), "genug");
     }
-    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path("aus")));
+    EXPECT_TRUE(tools::FindFiles(folder_.Path("aus"), "*", true).empty());
     EXPECT_TRUE(TemporaryFilesAreGone());
     EXPECT_TRUE(status_.messages.empty());
     EXPECT_EQ(dialogs_.OpenNotices(), 0U);
   }
+}
+
+TEST_F(ArchiveBuildTest, AWishToStopDuringTheSurveyKeepsTheOldSetup) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/alt.zip", "alt");
+  status_.onProgress = [](const tools::Progress&) { throw tools::Error("genug"); };
+  EXPECT_THROW(Run(), tools::Error);
+  EXPECT_EQ(folder_.Read("aus/alt.zip"), "alt");
 }
 
 TEST_F(ArchiveBuildTest, RefusesAFolderThatALinkedSourceLiesIn) {

@@ -86,5 +86,20 @@ TEST_F(BuildCheckTest, ReportsFilesThatMeetWithBothPlaces) {
   EXPECT_TRUE(found[0].starts_with("2/2 Gleicher Ablagename 'InstallPath\\größe.txt'")) << found[0];
 }
 
+TEST_F(BuildCheckTest, WorksOutWhereATreesFoldersLead) {
+  model::ICFile plain = Source("1/a.txt", "1");
+  plain.TargetSubFolder = "y";
+  model::ICFile winding = Source("2/a.txt", "2");
+  winding.TargetSubFolder = "x\\..\\y";
+  model::ICFile outside = Source("3/b.txt", "3");
+  outside.TargetSubFolder = "..\\..\\x";
+  product_.AddComponent("A", {plain, winding, outside});
+  settings_["makezip"] = "0";
+  const auto found = Check();
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_TRUE(found[0].starts_with("1/2 Gleicher Ablagename")) << found[0];
+  EXPECT_TRUE(found[1].starts_with("1/3 Der Zielordner liegt außerhalb")) << found[1];
+}
+
 }  // namespace
 }  // namespace build

@@ -76,7 +76,10 @@ TEST_F(ProgramTest, RefusesAnOutputFolderWithFilesUnlessTold) {
   EXPECT_NE(errors_.str().find("--overwrite"), std::string::npos);
   EXPECT_EQ(Run({product_, "1.0.0", "--output", "aus", "--overwrite"}), ExitCode::Built);
   EXPECT_FALSE(folder_.Holds("aus/wichtig.txt"));
-  EXPECT_EQ(Run({product_, "1.0.0", "--output", "p", "--overwrite"}), ExitCode::Stopped);
+  for (const char* folder : {"p", "", " "}) {
+    EXPECT_EQ(Run({product_, "1.0.0", "--output", folder, "--overwrite"}), ExitCode::Stopped);
+  }
+  EXPECT_TRUE(folder_.Holds("aus/Demo.zip"));
   EXPECT_TRUE(folder_.Holds("p/demo.product"));
 }
 
@@ -129,6 +132,7 @@ TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
       {"p", "1.0.0"},
       {product_, "--list", "--check"},
       {product_, "1.0.0", "--zip", "--no-zip"},
+      {product_, "1.0.0", "--zip=false"},
   };
   for (const auto& call : calls) {
     EXPECT_EQ(Run(call), ExitCode::BadCall) << testing::PrintToString(call);

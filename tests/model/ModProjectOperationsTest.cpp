@@ -170,6 +170,21 @@ TEST_F(ModProjectOperationsTest, AFailedAdditionLeavesNeitherFolderNorEntry) {
   EXPECT_EQ(project_.VersionCount(), 1);
 }
 
+TEST_F(ModProjectOperationsTest, ADamagedCountDoesNotMakeTakenSlotsFree) {
+  OpenProductWith({"1.0.0"});
+  folder_.Write("Version 1.0.0/component1.component", "[Component]\nTitle=A\n");
+  dialogs_.ExpectInputBox(LoadText(228), "B");
+  operations_.AddComponent(1);
+  EXPECT_EQ(project_.ComponentTitle(1, 1), "A");
+  EXPECT_EQ(project_.ComponentTitle(1, 2), "B");
+
+  project_.WriteProductSetting("Versions", "Count", "");
+  dialogs_.ExpectInputBox("Haupt", "1.1.0");
+  operations_.AddVersion();
+  EXPECT_EQ(project_.VersionString(1), "1.0.0");
+  EXPECT_EQ(project_.VersionString(2), "1.1.0");
+}
+
 TEST_F(ModProjectOperationsTest, AProductThatIsGoneIsNotMadeAgainInPart) {
   OpenProductWith({"1.0.0"});
   tools::RemoveFolderTree(folder_.Path("Version 1.0.0"));

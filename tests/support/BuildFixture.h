@@ -30,7 +30,8 @@ class RecordingStatus : public build::BuildStatus {
   std::vector<build::BuildMessage> messages;
   std::vector<tools::Progress> reports;
   std::optional<build::BuildSummary> summary;
-  /// The first report comes when the sources are listed and nothing is stored yet.
+  /// The first report comes when the sources are listed, the second when the output folder is ready
+  /// and nothing is stored yet.
   std::function<void(const tools::Progress&)> onProgress;
 };
 
