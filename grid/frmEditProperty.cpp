@@ -46,7 +46,7 @@ frmEditProperty::frmEditProperty(QWidget* parent)
   lblOldValue_->setObjectName(u"lblOldValue"_s);
   lblPrompt_->setObjectName(u"lblPrompt"_s);
   for (QLineEdit* textBox : {txtNewValue_, txtOldValue_}) {
-    tools::AllowAnyLength(*textBox);
+    tools::PrepareTextBox(*textBox);
     textBox->setMinimumWidth(kTextBoxWidth);
   }
   txtOldValue_->setReadOnly(true);

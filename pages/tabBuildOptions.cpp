@@ -66,6 +66,7 @@ void tabBuildOptions::BuildInstallerType() {
   lblInstallerType = new QLabel(Text(333));
   lblInstallerType->setObjectName(u"lblInstallerType"_s);
   cmbInstallerType = new QComboBox;
+  tools::IgnoreWheelWithoutFocus(*cmbInstallerType);
   cmbInstallerType->setObjectName(u"cmbInstallerType"_s);
   cmbInstallerType->setAccessibleName(lblInstallerType->text());
   cmbInstallerType->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -89,6 +90,7 @@ void tabBuildOptions::BuildConfiguration() {
   lblConfiguration = new QLabel(Text(336));
   lblConfiguration->setObjectName(u"lblConfiguration"_s);
   cmbConfiguration = new QComboBox;
+  tools::IgnoreWheelWithoutFocus(*cmbConfiguration);
   cmbConfiguration->setObjectName(u"cmbConfiguration"_s);
   cmbConfiguration->setAccessibleName(lblConfiguration->text());
   cmbConfiguration->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

@@ -253,7 +253,11 @@ const model::ICFile* tabFileList::SelectedEntry() const {
 
 void tabFileList::ShowSelectedEntry() {
   const model::ICFile* entry = SelectedEntry();
-  if (entry == nullptr) return;
+  if (entry == nullptr) {
+    // Rows that belong to no entry would take edits that nobody keeps.
+    propsFile->Clear();
+    return;
+  }
   propsFile->setEnabled(true);
   cmdRemoveFile->setEnabled(true);
   cmdMoveFile->setEnabled(true);

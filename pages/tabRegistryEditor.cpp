@@ -89,12 +89,13 @@ QWidget* tabRegistryEditor::BuildPath() {
   cmbRegPath->setObjectName(u"cmbRegPath"_s);
   cmbRegPath->setAccessibleName(lblRegPath->text());
   cmbRegPath->setEditable(true);
+  tools::IgnoreWheelWithoutFocus(*cmbRegPath);
   cmbRegPath->setInsertPolicy(QComboBox::NoInsert);
   // Enter takes the text as it was typed: no completion, and no search for it in the list.
   cmbRegPath->setCompleter(nullptr);
   cmbRegPath->setDuplicatesEnabled(true);
   cmbRegPath->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  tools::AllowAnyLength(*cmbRegPath->lineEdit());
+  tools::PrepareTextBox(*cmbRegPath->lineEdit());
   lblRegPath->setBuddy(cmbRegPath);
   auto* row = new QWidget;
   auto* layout = new QHBoxLayout(row);

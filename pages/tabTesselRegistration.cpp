@@ -70,8 +70,10 @@ void tabTesselRegistration::BuildControls() {
   txtProgramTitle = new QLineEdit;
   lblProgramType = new QLabel(Text(370));
   cmbProgramType = new QComboBox;
+  tools::IgnoreWheelWithoutFocus(*cmbProgramType);
   lblProgramSubtype = new QLabel(Text(371));
   cmbProgramSubtype = new QComboBox;
+  tools::IgnoreWheelWithoutFocus(*cmbProgramSubtype);
   const auto prepare = [this](QLabel* label, const QString& labelName, QWidget* field,
                               const QString& name, std::int32_t hint) {
     label->setObjectName(labelName);
@@ -92,7 +94,7 @@ void tabTesselRegistration::BuildControls() {
   cmbProgramSubtype->setInsertPolicy(QComboBox::NoInsert);
   cmbProgramSubtype->setCompleter(nullptr);
   for (QLineEdit* box : {txtTesselKey, txtProgramTitle, cmbProgramSubtype->lineEdit()}) {
-    tools::AllowAnyLength(*box);
+    tools::PrepareTextBox(*box);
   }
 }
 

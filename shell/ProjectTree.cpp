@@ -116,15 +116,17 @@ void ProjectTree::mousePressEvent(QMouseEvent* event) {
     if (SelectedItem() != nullptr) Q_EMIT MenuWanted(event->globalPosition().toPoint());
     return;
   }
+  // Any other button would select a node without its pages.
+  if (event->button() != Qt::LeftButton) return;
   nodeAtPress_ = SelectedNode();
   QTreeWidget::mousePressEvent(event);
 }
 
 // The click counts when the button goes up: whatever it opens then finds the mouse free.
 void ProjectTree::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
   itemClicked_ = false;
   QTreeWidget::mouseReleaseEvent(event);
-  if (event->button() != Qt::LeftButton) return;
   const Node before = std::exchange(nodeAtPress_, SelectedNode());
   if (itemClicked_ || nodeAtPress_ != before) Q_EMIT NodeClicked();
 }

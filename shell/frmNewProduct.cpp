@@ -35,7 +35,7 @@ QLineEdit* AddField(QFormLayout& form, QLabel*& label, const char* labelName, st
   auto* field = new QLineEdit;
   field->setObjectName(QString::fromLatin1(name));
   field->setAccessibleName(label->text());
-  tools::AllowAnyLength(*field);
+  tools::PrepareTextBox(*field);
   label->setBuddy(field);
   form.addRow(label, field);
   return field;

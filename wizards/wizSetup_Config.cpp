@@ -60,7 +60,7 @@ wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t 
   cmbConfiguration_->setAccessibleName(ToQString(LoadText(335)));
   cmbLanguage_->setAccessibleName(ToQString(LoadText(345)));
 
-  connect(cmbConfiguration_, &QComboBox::currentIndexChanged, this,
+  connect(cmbConfiguration_, &QComboBox::activated, this,
           tools::Guarded(dialogs, [this](int index) { ChooseConfiguration(index + 1); }));
   connect(cmbLanguage_, &QComboBox::editTextChanged, this,
           tools::Guarded(dialogs, [this] { TakeLanguage(); }));

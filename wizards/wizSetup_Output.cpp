@@ -60,7 +60,7 @@ QWidget* wizSetup_Output::MakeFolderRow() {
   auto* row = new QWidget(this);
   txtFolder_ = new QLineEdit(row);
   txtFolder_->setObjectName(u"txtFolder"_s);
-  tools::AllowAnyLength(*txtFolder_);
+  tools::PrepareTextBox(*txtFolder_);
   auto* lblFolder = new QLabel(ToQString(LoadText(363)), row);
   lblFolder->setBuddy(txtFolder_);
   txtFolder_->setAccessibleName(ToQString(LoadText(343)));
@@ -119,7 +119,7 @@ QLineEdit* wizSetup_Output::AddOverviewRow(QFormLayout& rows, const QString& tit
   QPalette flat = place->palette();
   flat.setColor(QPalette::Base, Qt::transparent);
   place->setPalette(flat);
-  tools::AllowAnyLength(*place);
+  tools::PrepareTextBox(*place);
   QString accessible = title;
   place->setAccessibleName(accessible.remove(u':'));
   rows.addRow(title, place);

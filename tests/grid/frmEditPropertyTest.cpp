@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -42,6 +44,13 @@ class frmEditPropertyTest : public QObject {
     QCOMPARE(OldValue().text(), "alter Text");
     QCOMPARE(NewValue().selectedText(), "alter Text");
     QVERIFY(NewValue().hasFocus());
+  }
+
+  void APastedLineBreakBecomesABlank() {
+    Show();
+    QApplication::clipboard()->setText("ein\nPfad\r\n");
+    QTest::keyClick(&NewValue(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(NewValue().text(), "ein Pfad  ");
   }
 
   void OkGivesTheTextAsItWasTyped() {

@@ -131,6 +131,16 @@ class tabFileListTest : public QObject {
     QCOMPARE(Stored("File1", "TargetFolder"), "3");
   }
 
+  void WithoutASelectedEntryTheGridIsEmpty() {
+    Open("[File1]\nID=a\nTargetFolder=2\n", 1);
+    const QModelIndex entry = List().model()->index(0, 0);
+    Click(List(), entry);
+    QVERIFY(!Rows(Grid(*page_)).isEmpty());
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      List().visualRect(entry).center());
+    QCOMPARE(Rows(Grid(*page_)), QStringList());
+  }
+
   void OnlyTheButtonRemovesAnEntry() {
     Open("[File1]\nID=a\nTargetFolder=2\n[File2]\nID=b\nTargetFolder=2\n", 2);
     auto& menu = OpenMenu(Qt::RightButton, {});

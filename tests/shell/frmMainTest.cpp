@@ -131,6 +131,14 @@ class frmMainTest : public QObject {
     }
   }
 
+  void OtherButtonsSelectNothing() {
+    Open();
+    program_->Click("v3");
+    const QPoint other = program_->Tree().visualItemRect(program_->Node("product")).center();
+    QTest::mouseClick(program_->Tree().viewport(), Qt::MiddleButton, {}, other);
+    QCOMPARE(program_->SelectedKey(), "v3");
+  }
+
   void TheMenuKeyOpensTheSelectedNodesMenu() {
     Open();
     program_->Click("v3c2");

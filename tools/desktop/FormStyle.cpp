@@ -1,10 +1,13 @@
 #include "tools/desktop/FormStyle.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QLineEdit>
 #include <QPushButton>
+#include <algorithm>
 #include <limits>
 
 #include "tools/StandardTexts.h"
@@ -13,6 +16,31 @@
 namespace tools {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool IsLineBreak(QChar c) {
+  return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+/// Takes wheel events from its parent while that has no focus.
+class WheelFilter : public QObject {
+ public:
+  explicit WheelFilter(QComboBox* box) : QObject(box), box_(box) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Wheel && !box_->hasFocus()) {
+      event->ignore();
+      return true;
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QComboBox* box_;
+};
+
+}  // namespace
 
 QFont FormFont() {
   QFont font = QApplication::font();
@@ -23,7 +51,23 @@ QFont FormFont() {
 
 void SelectAllText(QLineEdit& textBox) { textBox.selectAll(); }
 
-void AllowAnyLength(QLineEdit& textBox) { textBox.setMaxLength(std::numeric_limits<int>::max()); }
+void PrepareTextBox(QLineEdit& textBox) {
+  textBox.setMaxLength(std::numeric_limits<int>::max());
+  QObject::connect(&textBox, &QLineEdit::textChanged, &textBox, [&textBox](const QString& text) {
+    QString line = text;
+    std::replace_if(line.begin(), line.end(), IsLineBreak, QChar(u' '));
+    if (line == text) return;
+    const int cursor = textBox.cursorPosition();
+    textBox.setText(line);
+    textBox.setModified(true);
+    textBox.setCursorPosition(cursor);
+  });
+}
+
+void IgnoreWheelWithoutFocus(QComboBox& box) {
+  box.setFocusPolicy(Qt::StrongFocus);
+  box.installEventFilter(new WheelFilter(&box));
+}
 
 QDialogButtonBox* MakeOkCancelButtons(QWidget* parent) {
   auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, parent);

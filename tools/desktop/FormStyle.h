@@ -3,6 +3,7 @@
 
 #include <QFont>
 
+class QComboBox;
 class QDialogButtonBox;
 class QLineEdit;
 class QWidget;
@@ -15,8 +16,12 @@ namespace tools {
 
 void SelectAllText(QLineEdit& textBox);
 
-/// Lifts the text box's limit of 32,767 characters, beyond which it would cut texts off silently.
-void AllowAnyLength(QLineEdit& textBox);
+/// Makes the text box hold what a setting can hold: one line of any length. Its own limit would cut
+/// texts off after 32,767 characters silently; a line break that is pasted becomes a blank.
+void PrepareTextBox(QLineEdit& textBox);
+
+/// Keeps the mouse wheel from choosing another entry while the pointer only passes over the box.
+void IgnoreWheelWithoutFocus(QComboBox& box);
 
 /// The buttons `cmdOK` (the default one, standard text 110) and `cmdCancel` (standard text 111) in
 /// the platform's order. The box emits accepted() and rejected(); it belongs to `parent`.

@@ -32,7 +32,7 @@ InputDialog::InputDialog(const QString& prompt, const QString& title, const QStr
   txtInput_->setObjectName(u"txtInput"_s);
   txtInput_->setAccessibleName(prompt);
   txtInput_->setMinimumWidth(kTextBoxWidth);
-  AllowAnyLength(*txtInput_);
+  PrepareTextBox(*txtInput_);
   SelectAllText(*txtInput_);
 
   QDialogButtonBox* buttons = MakeOkCancelButtons(this);
