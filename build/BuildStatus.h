@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 
-#include "tools/ArchiveWriter.h"
 #include "tools/Dialogs.h"
 
 namespace build {
