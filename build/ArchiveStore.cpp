@@ -1,5 +1,8 @@
 #include "build/ArchiveStore.h"
 
+#include <utility>
+
+#include "tools/FileContent.h"
 #include "tools/Path.h"
 
 namespace build {
@@ -26,19 +29,35 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
 StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, const std::string& sourcePath) {
   StoredFile stored;
   stored.name = std::to_string(++counter_) + "." + tools::Extension(sourcePath);
-  const std::string copy = tools::JoinPath(folder_, stored.name);
-  stored.copy = tools::CopyFile(sourcePath, copy, [this](std::uint64_t) { ReportProgress(); });
-  if (stored.copy.Succeeded()) {
-    copiedBytes_ += stored.copy.bytes;
-    Archive(copy, stored.name);
-  } else {
-    ++failedCopies_;
+  std::optional<tools::FileContent> content;
+  try {
+    content = tools::ReadFileUpTo(sourcePath, tools::ArchiveWriter::kMaximumContentBytes);
+  } catch (const tools::Error& error) {
+    stored.copy = {.errorText = tools::SystemErrorText(error.Cause()), .cause = error.Cause()};
   }
+  if (content) {
+    stored.copy.bytes = content->bytes.size();
+    Archive(
+        [&](tools::ArchiveWriter& writer) { writer.AddContent(std::move(*content), stored.name); });
+  } else if (stored.copy.Succeeded()) {
+    StoreCopy(sourcePath, stored);
+  }
+  copiedBytes_ += stored.copy.bytes;
+  if (!stored.copy.Succeeded()) ++failedCopies_;
   return stored;
 }
 
-void ArchiveStore::Archive(const std::string& path, const std::string& name) {
-  if (writer_) WithArchive([&] { writer_->AddFile(path, name); });
+void ArchiveStore::StoreCopy(const std::string& sourcePath, StoredFile& stored) {
+  const std::string copy = tools::JoinPath(folder_, stored.name);
+  stored.copy = tools::CopyFile(sourcePath, copy, [this](std::uint64_t) { ReportProgress(); });
+  if (!stored.copy.Succeeded()) return;
+  Archive([&](tools::ArchiveWriter& writer) { writer.AddFile(copy, stored.name); });
+}
+
+template <typename Action>
+void ArchiveStore::Archive(const Action& action) {
+  if (writer_) WithArchive([&] { action(*writer_); });
+  ReportProgress();
 }
 
 std::optional<tools::Error> ArchiveStore::Finish() {

@@ -15,10 +15,10 @@
 
 namespace build {
 
-/// Files are first copied to a private temporary folder, which settles their content, and archived
-/// from there while the next ones are copied. A failure of the archive does not end the build: the
-/// remaining files are still copied, so that their problems are found too, and Finish gives the
-/// cause.
+/// Files are first copied, which settles their content, and archived from the copy while the next
+/// ones are copied: small files in memory, larger ones in a private temporary folder. A failure of
+/// the archive does not end the build: the remaining files are still copied, so that their problems
+/// are found too, and Finish gives the cause.
 class ArchiveStore : public FileStore {
  public:
   /// `disk` and `progress` must outlive the store. Raises tools::Error when there can be no
@@ -34,7 +34,9 @@ class ArchiveStore : public FileStore {
  private:
   template <typename Action>
   void WithArchive(const Action& action);
-  void Archive(const std::string& path, const std::string& name);
+  template <typename Action>
+  void Archive(const Action& action);
+  void StoreCopy(const std::string& sourcePath, StoredFile& stored);
   void ReportProgress();
 
   BuildProgress& progress_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "tools/Error.h"
 #include "tools/FileBlockJob.h"
 #include "tools/Files.h"
+#include "tools/InputFile.h"
 #include "tools/MemberPacker.h"
 #include "tools/OrderedWorkers.h"
 #include "tools/Path.h"
@@ -22,6 +24,7 @@ constexpr std::size_t kMebibyte = 1U << 20U;
 // Each takes about 10 MiB: more would break the promise of bounded memory on large machines.
 constexpr int kMaximumThreads = 8;
 constexpr std::size_t kWaitingJobs = 512;
+constexpr std::size_t kWaitingBytes = 8 * kMebibyte;
 // Outcomes that may wait for their turn, beyond the blocks that the threads work on.
 constexpr std::size_t kHeldBytes = 8 * kMebibyte;
 
@@ -37,7 +40,8 @@ OrderedWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
   const int threads = std::clamp(wanted, 1, kMaximumThreads);
   return {.threads = threads,
           .heldBytes = static_cast<std::size_t>(threads) * BlockBytes(options) + 2 * kHeldBytes,
-          .waitingJobs = kWaitingJobs};
+          .waitingJobs = kWaitingJobs,
+          .waitingBytes = kWaitingBytes};
 }
 
 }  // namespace
@@ -57,17 +61,22 @@ class ArchiveWriter::Implementation {
         reportProgress_([this] { ReportProgress(); }) {}
 
   void AddFile(const std::string& sourcePath, const std::string& memberName) {
-    workers_.RaiseFailure();
-    if (memberName.size() > kZipNameBytes) {
-      throw PathError("Der Name ist für ein Archiv zu lang", memberName, {});
+    if (std::optional<FileContent> content = ReadFileUpTo(sourcePath, blockBytes_)) {
+      AddContent(std::move(*content), memberName);
+      return;
     }
-    ArchiveSource source{sourcePath, memberName, StampOf(sourcePath)};
-    if (!source.stamp.exists) source.stamp = InputFile(sourcePath).Stamp();  // tells why
-    if (source.stamp.size > blockBytes_) {
-      AddBlocks(std::make_shared<const ArchiveSource>(std::move(source)));
-    } else {
-      AddSmallFile(std::move(source));
-    }
+    CheckMember(memberName);
+    const ArchiveSource source{sourcePath, memberName, InputFile(sourcePath).Stamp()};
+    if (source.stamp.size <= blockBytes_) throw SourceChanged(source);
+    AddBlocks(std::make_shared<const ArchiveSource>(source));
+    ReportProgress();
+  }
+
+  void AddContent(FileContent content, const std::string& memberName) {
+    CheckMember(memberName);
+    if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
+    smallFiles_->Add(memberName, std::move(content));
+    if (smallFiles_->IsFull()) FlushSmallFiles();
     ReportProgress();
   }
 
@@ -81,10 +90,11 @@ class ArchiveWriter::Implementation {
   }
 
  private:
-  void AddSmallFile(ArchiveSource source) {
-    if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
-    smallFiles_->Add(std::move(source));
-    if (smallFiles_->IsFull()) FlushSmallFiles();
+  void CheckMember(const std::string& name) {
+    workers_.RaiseFailure();
+    if (name.size() > kZipNameBytes) {
+      throw PathError("Der Name ist für ein Archiv zu lang", name, {});
+    }
   }
 
   void FlushSmallFiles() {
@@ -137,6 +147,10 @@ ArchiveWriter::~ArchiveWriter() = default;
 
 void ArchiveWriter::AddFile(const std::string& sourcePath, const std::string& memberName) {
   implementation_->AddFile(sourcePath, memberName);
+}
+
+void ArchiveWriter::AddContent(FileContent content, const std::string& memberName) {
+  implementation_->AddContent(std::move(content), memberName);
 }
 
 void ArchiveWriter::AddPattern(std::string_view folder, std::string_view pattern) {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "tools/Disk.h"
+#include "tools/FileContent.h"
 
 namespace tools {
 
@@ -30,13 +31,10 @@ struct ArchiveTotals {
 };
 
 /// Writes members in the order they are added, deflated (stored where that is not smaller), so that
-/// unchanged sources give the same bytes, whatever the number of threads. Files are read,
-/// compressed and written by worker threads that live inside the writer, while the caller goes on;
-/// memory is bounded by block size and threads. The archive takes its place only when Finish has
-/// succeeded: until then, and after any failure, the path is as it was.
-///
-/// A source may change between AddFile and Finish: a file of up to one block becomes the member
-/// that it is when it is read; a change of a larger one, or growth beyond one block, is an Error.
+/// unchanged sources give the same bytes, whatever the number of threads. Members are compressed
+/// and written by worker threads that live inside the writer, while the caller goes on; memory is
+/// bounded by block size and threads. The archive takes its place only when Finish has succeeded:
+/// until then, and after any failure, the path is as it was.
 class ArchiveWriter {
  public:
   /// Called on the caller's own thread, inside AddFile and Finish, when members have been written;
@@ -51,10 +49,15 @@ class ArchiveWriter {
   ArchiveWriter(const ArchiveWriter&) = delete;
   ArchiveWriter& operator=(const ArchiveWriter&) = delete;
 
-  /// Queues one file as member `memberName` ("/" separates folders); it may be read at any time
-  /// until Finish returns. Blocks while the queue is full. Raises Error naming the path when the
-  /// file cannot be read; also for a member queued before, and then in all later calls.
+  /// Queues one file as member `memberName` ("/" separates folders). A file of up to one block is
+  /// read at once; a larger one is read until Finish returns, and a change of it meanwhile is an
+  /// Error. Blocks while the queue is full. Raises Error naming the path when the file cannot be
+  /// read; also for a member queued before, and then in all later calls.
   void AddFile(const std::string& sourcePath, const std::string& memberName);
+
+  /// As AddFile, with a content that the caller has read: at most kMaximumContentBytes.
+  void AddContent(FileContent content, const std::string& memberName);
+  static constexpr std::size_t kMaximumContentBytes = std::size_t{1} << 20U;
 
   /// Queues the files of a folder that match a pattern, each under its own name at the top level,
   /// in the order of FindFiles. Raises Error.

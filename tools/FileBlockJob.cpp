@@ -3,6 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "tools/InputFile.h"
+
 namespace tools {
 
 namespace {

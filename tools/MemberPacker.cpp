@@ -2,30 +2,28 @@
 
 #include <algorithm>
 
+#include "tools/InputFile.h"
+
 namespace tools {
 
+// Not initialised: memory that no source asks for is never touched.
 MemberPacker::MemberPacker(int level, std::size_t blockBytes)
     : blockBytes_(blockBytes),
-      input_(std::make_unique_for_overwrite<char[]>(blockBytes + 1)),
+      input_(std::make_unique_for_overwrite<char[]>(blockBytes)),
       deflater_(level, blockBytes) {}
 
-ZipMember MemberPacker::PackWhole(const ArchiveSource& source, std::string& bytes) {
-  const InputFile file(source.path);
-  const FileStamp stamp = file.Stamp();
-  const std::string_view content =
-      Read(file, 0, std::min<std::uint64_t>(stamp.size, blockBytes_) + 1);
-  if (content.size() > stamp.size || content.size() > blockBytes_) throw SourceChanged(source);
-
-  std::string_view data = content;
-  ZipMember member{.name = source.memberName,
+ZipMember MemberPacker::PackWhole(const std::string& memberName, const FileContent& content,
+                                  std::string& bytes) {
+  std::string_view data = content.bytes;
+  ZipMember member{.name = memberName,
                    .method = ZipMethod::Stored,
-                   .modifiedNanoseconds = stamp.modifiedNanoseconds,
-                   .crc32 = Crc32(content),
-                   .sourceBytes = content.size(),
-                   .storedBytes = content.size(),
+                   .modifiedNanoseconds = content.modifiedNanoseconds,
+                   .crc32 = Crc32(data),
+                   .sourceBytes = data.size(),
+                   .storedBytes = data.size(),
                    .headerOffset = bytes.size()};
-  const std::string_view deflated = deflater_.Deflate(content);
-  if (deflated.size() < content.size()) {
+  const std::string_view deflated = deflater_.Deflate(data);
+  if (deflated.size() < data.size()) {
     member.method = ZipMethod::Deflated;
     member.storedBytes = deflated.size();
     data = deflated;
@@ -39,7 +37,7 @@ PackedBlock MemberPacker::PackBlock(const ArchiveSource& source, std::uint64_t i
   const std::uint64_t offset = index * blockBytes_;
   const std::uint64_t rest = source.stamp.size - offset;
   const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(rest, blockBytes_));
-  const std::string_view content = Read(file, offset, size);
+  const std::string_view content(input_.get(), file.ReadAt(offset, {input_.get(), size}));
   // Asked for after reading, so that a change before or during it shows.
   if (content.size() != size || file.Stamp() != source.stamp) throw SourceChanged(source);
 
@@ -49,11 +47,6 @@ PackedBlock MemberPacker::PackBlock(const ArchiveSource& source, std::uint64_t i
   block.crc32 = Crc32(content);
   block.sourceBytes = size;
   return block;
-}
-
-std::string_view MemberPacker::Read(const InputFile& file, std::uint64_t offset,
-                                    std::size_t wanted) {
-  return {input_.get(), file.ReadAt(offset, {input_.get(), wanted})};
 }
 
 Error SourceChanged(const ArchiveSource& source) {

@@ -1,4 +1,4 @@
-// One thread's part of making an archive: reads sources and deflates them.
+// One thread's part of making an archive: deflates members and parts of members.
 #pragma once
 
 #include <cstddef>
@@ -9,13 +9,13 @@
 
 #include "tools/BlockDeflate.h"
 #include "tools/Error.h"
+#include "tools/FileContent.h"
 #include "tools/Files.h"
-#include "tools/InputFile.h"
 #include "tools/ZipFormat.h"
 
 namespace tools {
 
-/// A file to pack, as it was when it was added.
+/// A file of more than a block, as it was when it was added.
 struct ArchiveSource {
   std::string path;
   std::string memberName;
@@ -36,20 +36,17 @@ class MemberPacker {
   MemberPacker(int level, std::size_t blockBytes);
 
   /// Appends local header and data of a whole member to `bytes` and returns its description, with
-  /// `headerOffset` counting from the start of `bytes`. The member is what the file holds now.
-  /// Raises Error when the file cannot be read or has grown to more than a block.
-  [[nodiscard]] ZipMember PackWhole(const ArchiveSource& source, std::string& bytes);
+  /// `headerOffset` counting from the start of `bytes`. The content is no larger than a block.
+  [[nodiscard]] ZipMember PackWhole(const std::string& memberName, const FileContent& content,
+                                    std::string& bytes);
 
   /// Packs block `index` of a file, counted from 0. Raises Error when the file cannot be read or is
   /// not the one that was added: blocks of two states of a file must not meet in one member.
   [[nodiscard]] PackedBlock PackBlock(const ArchiveSource& source, std::uint64_t index);
 
  private:
-  [[nodiscard]] std::string_view Read(const InputFile& file, std::uint64_t offset,
-                                      std::size_t wanted);
-
   std::size_t blockBytes_;
-  std::unique_ptr<char[]> input_;  // one byte more than a block, to notice files that have grown
+  std::unique_ptr<char[]> input_;  // a block
   BlockDeflater deflater_;
 };
 

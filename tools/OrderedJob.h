@@ -15,7 +15,9 @@ class OrderedJob {
   OrderedJob(const OrderedJob&) = delete;
   OrderedJob& operator=(const OrderedJob&) = delete;
 
-  /// Bytes of memory that the outcome holds: before Run at most, after it exactly.
+  /// Bytes of memory that the job holds while it waits for its turn.
+  [[nodiscard]] virtual std::size_t WaitingBytes() const { return 0; }
+  /// Bytes of memory that work and outcome take: before Run at most, after it exactly.
   [[nodiscard]] virtual std::size_t HeldBytes() const = 0;
   /// Does the work, at the same time as other jobs, with the thread's own packer. May return early
   /// when `stop` is requested: Deliver is not called then.

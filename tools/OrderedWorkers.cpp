@@ -37,9 +37,12 @@ OrderedWorkers::~OrderedWorkers() {
 }
 
 void OrderedWorkers::Add(std::unique_ptr<OrderedJob> job, const WaitCallback& whileWaiting) {
-  CallerWaits(whileWaiting, [this] { return waiting_.size() < limits_.waitingJobs; });
+  CallerWaits(whileWaiting, [this] {
+    return waiting_.size() < limits_.waitingJobs && waitingBytes_ <= limits_.waitingBytes;
+  });
   {
     const Lock lock(mutex_);
+    waitingBytes_ += job->WaitingBytes();
     waiting_.push_back(std::move(job));
   }
   forWorkers_.notify_one();
@@ -105,6 +108,7 @@ OrderedWorkers::Slot* OrderedWorkers::Take() {
   forWorkers_.wait(lock, [this] { return stop_.stop_requested() || MayTake(); });
   if (stop_.stop_requested()) return nullptr;
   const std::size_t heldBytes = waiting_.front()->HeldBytes();
+  waitingBytes_ -= waiting_.front()->WaitingBytes();
   begun_.push_back({std::move(waiting_.front()), heldBytes});
   waiting_.pop_front();
   heldBytes_ += heldBytes;

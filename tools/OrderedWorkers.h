@@ -29,7 +29,8 @@ class OrderedWorkers {
     /// Bytes that jobs may hold between their start and their delivery. A job that could hold more
     /// runs when nothing else is held.
     std::size_t heldBytes = 0;
-    std::size_t waitingJobs = 0;  ///< jobs that are not yet begun
+    std::size_t waitingJobs = 0;   ///< jobs that are not yet begun
+    std::size_t waitingBytes = 0;  ///< what these may hold, but for the one added last
   };
   /// Makes a thread's packer, on that thread.
   using PackerFactory = std::function<std::unique_ptr<MemberPacker>()>;
@@ -79,6 +80,7 @@ class OrderedWorkers {
   std::condition_variable forCaller_;
   std::deque<std::unique_ptr<OrderedJob>> waiting_;
   std::deque<Slot> begun_;  // in order; slots keep their place in memory
+  std::size_t waitingBytes_ = 0;
   std::size_t heldBytes_ = 0;
   bool delivering_ = false;
   std::exception_ptr failure_;

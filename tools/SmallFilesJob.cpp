@@ -12,24 +12,23 @@ constexpr std::size_t kHeaderBytes = 128;  // about, with a name
 
 }  // namespace
 
-void SmallFilesJob::Add(ArchiveSource source) {
-  heldBytes_ += source.stamp.size + kHeaderBytes;
-  sources_.push_back(std::move(source));
+void SmallFilesJob::Add(std::string memberName, FileContent content) {
+  waitingBytes_ += content.bytes.capacity() + memberName.capacity();
+  heldBytes_ += content.bytes.capacity() + content.bytes.size() + kHeaderBytes;
+  sources_.push_back({std::move(memberName), std::move(content)});
 }
 
 bool SmallFilesJob::IsFull() const {
-  return sources_.size() >= kFullFiles || heldBytes_ >= kFullBytes;
+  return sources_.size() >= kFullFiles || waitingBytes_ >= kFullBytes;
 }
-
-std::size_t SmallFilesJob::HeldBytes() const { return heldBytes_; }
 
 void SmallFilesJob::Run(MemberPacker& packer, const std::stop_token& stop) {
   members_.reserve(sources_.size());
-  for (const ArchiveSource& source : sources_) {
+  for (const Source& source : sources_) {
     if (stop.stop_requested()) return;
-    members_.push_back(packer.PackWhole(source, packed_));
+    members_.push_back(packer.PackWhole(source.memberName, source.content, packed_));
   }
-  sources_.clear();
+  std::exchange(sources_, {});
   heldBytes_ = packed_.capacity();
 }
 

@@ -16,18 +16,25 @@ class SmallFilesJob : public OrderedJob {
   /// `assembler` must outlive the job.
   explicit SmallFilesJob(ArchiveAssembler& assembler) : assembler_(assembler) {}
 
-  /// Adds a file that is no larger than a block.
-  void Add(ArchiveSource source);
+  /// Adds a member that is no larger than a block.
+  void Add(std::string memberName, FileContent content);
   /// True when the files are enough to be worth a thread's while.
   [[nodiscard]] bool IsFull() const;
 
-  [[nodiscard]] std::size_t HeldBytes() const override;
+  [[nodiscard]] std::size_t WaitingBytes() const override { return waitingBytes_; }
+  [[nodiscard]] std::size_t HeldBytes() const override { return heldBytes_; }
   void Run(MemberPacker& packer, const std::stop_token& stop) override;
   void Deliver(const std::stop_token& stop) override;
 
  private:
+  struct Source {
+    std::string memberName;
+    FileContent content;
+  };
+
   ArchiveAssembler& assembler_;
-  std::vector<ArchiveSource> sources_;
+  std::vector<Source> sources_;
+  std::size_t waitingBytes_ = 0;
   std::size_t heldBytes_ = 0;
   std::string packed_;
   std::vector<ZipMember> members_;
