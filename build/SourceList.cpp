@@ -10,16 +10,17 @@ namespace {
 
 SourceList SingleFile(const model::ICFile& entry, const std::string& folder) {
   std::string path = tools::JoinPath(folder, entry.SourceName);
-  if (tools::FileExists(path)) return {{std::move(path)}, SourceFault::None, {}, {}};
-  return {{}, SourceFault::Missing, "File missing: " + path, "Die Quelldatei fehlt: " + path};
+  if (tools::FileExists(path)) return {{std::move(path)}, {}, SourceFault::None, {}, {}};
+  return {{}, {}, SourceFault::Missing, "File missing: " + path, "Die Quelldatei fehlt: " + path};
 }
 
 SourceList FolderScan(const model::ICFile& entry, const std::string& folder) {
   SourceList list;
   try {
-    list.paths = tools::FindFiles(folder, entry.SourceName, entry.IncludeChildren != 0);
+    list.paths =
+        tools::FindFiles(folder, entry.SourceName, entry.IncludeChildren != 0, &list.links);
   } catch (const tools::Error& error) {
-    return {{}, SourceFault::Unreadable, error.what(), error.what()};
+    return {{}, {}, SourceFault::Unreadable, error.what(), error.what()};
   }
   if (list.paths.empty()) {
     list.fault = SourceFault::NoMatch;

@@ -20,6 +20,7 @@ enum class SourceFault {
 
 struct SourceList {
   std::vector<std::string> paths;  ///< full paths, in the order of installation
+  std::vector<std::string> links;  ///< those of a folder scan that may be links
   SourceFault fault = SourceFault::None;
   std::string logText;   ///< the fault as the log tells it
   std::string userText;  ///< the same for the screen (German)

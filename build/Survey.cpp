@@ -76,9 +76,7 @@ class Surveyor {
       SourceList list = ListSources(entry, productFolder_);
       if (list.fault != SourceFault::None) AddProblem(surveyed.problem, list);
       for (const std::string& path : list.paths) Measure(path);
-      if (entry.Type == model::ICFile::kFolderScan) {
-        for (const std::string& path : list.paths) AddLinkedLocation(path);
-      }
+      for (const std::string& path : list.links) AddLinkedLocation(path);
       surveyed.sources = std::move(list.paths);
     } catch (const tools::Error& error) {
       AddUnreadLocation(*component.settings, number);

@@ -29,8 +29,9 @@ bool WriteAll(int target, const char* bytes, std::size_t size) {
   return true;
 }
 
-/// Copies by way of a buffer from where both files stand to the source's end.
-bool CopyThroughBuffer(int source, int target, std::uint64_t& copied,
+/// Copies by way of a buffer from where both files stand to the source's end: where a read finds
+/// less than it asks for, once the `size` that the file had is reached.
+bool CopyThroughBuffer(int source, int target, std::uint64_t size, std::uint64_t& copied,
                        const CopyProgress& progress) {
   std::array<char, kBufferBytes> buffer;
   while (true) {
@@ -42,6 +43,7 @@ bool CopyThroughBuffer(int source, int target, std::uint64_t& copied,
     const std::uint64_t before = copied;
     copied += static_cast<std::uint64_t>(count);
     if (progress && before / kChunkBytes != copied / kChunkBytes) progress(copied);
+    if (copied == size && static_cast<std::size_t>(count) < buffer.size()) return true;
   }
 }
 
@@ -59,7 +61,7 @@ bool CopyContent(int source, int target, std::uint64_t size, std::uint64_t& copi
     copied += static_cast<std::uint64_t>(count);
     if (progress) progress(copied);
   }
-  return CopyThroughBuffer(source, target, copied, progress);
+  return CopyThroughBuffer(source, target, size, copied, progress);
 }
 
 CopyResult Failure(std::error_code cause) {

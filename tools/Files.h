@@ -51,9 +51,11 @@ using CopyProgress = std::function<void(std::uint64_t bytesSoFar)>;
 /// characters, "*.*" matches every file, case does not count. A folder's own files come in byte
 /// order of their names, then, with `includeSubfolders`, its subfolders in byte order, each in
 /// turn. Links to files count as files; links to folders are not followed. A folder that does not
-/// exist has no files; one that cannot be read raises Error.
+/// exist has no files; one that cannot be read raises Error. `links` receives those that may be
+/// links: all links are among them.
 [[nodiscard]] std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
-                                                 bool includeSubfolders);
+                                                 bool includeSubfolders,
+                                                 std::vector<std::string>* links = nullptr);
 
 /// True when `pattern` matches the file name by the rules of FindFiles.
 [[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view pattern);

@@ -121,7 +121,7 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
           entry->d_type == DT_DIR ? FolderItem::Kind::Folder : FolderItem::Kind::File;
       if (entry->d_type == DT_REG || entry->d_type == DT_DIR ||
           KindOf(::dirfd(stream.get()), *entry, kind)) {
-        items.push_back({std::string(name), kind});
+        items.push_back({std::string(name), kind, entry->d_type != DT_REG});
       }
     }
     errno = 0;

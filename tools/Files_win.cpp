@@ -154,9 +154,10 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
   do {
     const DWORD attributes = search.Data().dwFileAttributes;
     if (search.IsDots() || IsFolderLink(attributes)) continue;
-    items.push_back({FromWide(search.Data().cFileName), (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0
-                                                            ? FolderItem::Kind::Folder
-                                                            : FolderItem::Kind::File});
+    const bool folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    items.push_back({FromWide(search.Data().cFileName),
+                     folder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
+                     (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0});
   } while (search.Next());
   if (GetLastError() != ERROR_NO_MORE_FILES) failure = LastSystemError();
   return items;

@@ -116,7 +116,7 @@ bool MatchesCompiled(std::string_view name, std::string_view compiled) {
 }
 
 void CollectFiles(const std::string& folder, std::string_view compiled, bool includeSubfolders,
-                  std::vector<std::string>& files) {
+                  std::vector<std::string>& files, std::vector<std::string>* links) {
   std::error_code failure;
   std::vector<FolderItem> items = ListFolder(folder, failure);
   if (failure) throw PathError("Der Ordner kann nicht gelesen werden", folder, failure);
@@ -126,12 +126,13 @@ void CollectFiles(const std::string& folder, std::string_view compiled, bool inc
   for (const FolderItem& item : items) {
     if (item.kind == FolderItem::Kind::File && MatchesCompiled(item.name, compiled)) {
       files.push_back(prefix + item.name);
+      if (links != nullptr && item.mayBeLink) links->push_back(files.back());
     }
   }
   if (!includeSubfolders) return;
   for (const FolderItem& item : items) {
     if (item.kind == FolderItem::Kind::Folder) {
-      CollectFiles(prefix + item.name, compiled, true, files);
+      CollectFiles(prefix + item.name, compiled, true, files, links);
     }
   }
 }
@@ -139,10 +140,10 @@ void CollectFiles(const std::string& folder, std::string_view compiled, bool inc
 }  // namespace
 
 std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
-                                   bool includeSubfolders) {
+                                   bool includeSubfolders, std::vector<std::string>* links) {
   std::vector<std::string> files;
   if (!FolderExists(folder)) return files;
-  CollectFiles(std::string(folder), CompilePattern(pattern), includeSubfolders, files);
+  CollectFiles(std::string(folder), CompilePattern(pattern), includeSubfolders, files, links);
   return files;
 }
 

@@ -13,6 +13,7 @@ struct FolderItem {
 
   std::string name;
   Kind kind = Kind::File;
+  bool mayBeLink = false;  ///< false where the system says for nothing that it is none
 };
 
 /// The files (links to files among them) and subfolders (links to folders left out) of a folder, in
