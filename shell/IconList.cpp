@@ -1,8 +1,9 @@
 #include "shell/IconList.h"
 
 #include <QFile>
+#include <QImage>
 
-#include "shell/SvgIconEngine.h"
+#include "shell/PictureIconEngine.h"
 
 // A static library's resources are only linked in when somebody asks for them, and Qt's macro for
 // that works outside namespaces only.
@@ -13,9 +14,10 @@ namespace shell {
 IconList::IconList() { InitialiseIcons(); }
 
 QIcon IconList::Icon(const QString& key) const {
-  QFile file(QStringLiteral(":/icons/%1.svg").arg(key));
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  return QIcon(new SvgIconEngine(file.readAll()));
+  const QString black = QStringLiteral(":/icons/black/%1.png").arg(key);
+  if (!QFile::exists(black)) return {};
+  const QString white = QStringLiteral(":/icons/white/%1.png").arg(key);
+  return QIcon(new PictureIconEngine(QImage(black), QImage(white)));
 }
 
 }  // namespace shell
