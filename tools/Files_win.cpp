@@ -154,9 +154,9 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
   do {
     const DWORD attributes = search.Data().dwFileAttributes;
     if (search.IsDots() || IsFolderLink(attributes)) continue;
-    const bool folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     items.push_back({FromWide(search.Data().cFileName),
-                     folder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
+                     isFolder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
                      (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0});
   } while (search.Next());
   if (GetLastError() != ERROR_NO_MORE_FILES) failure = LastSystemError();
