@@ -1,15 +1,15 @@
-#include <gtest/gtest.h>
-
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "console/Program.h"
 #include "console/TextReport.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Testing.h"
 #include "tools/Files.h"
 
 namespace console {
-namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
 
 class ProgramTest : public testing::Test {
  protected:
@@ -28,56 +28,62 @@ class ProgramTest : public testing::Test {
   }
 
   ExitCode Run(const std::vector<std::string>& arguments) {
-    output_.str({});
-    errors_.str({});
-    return RunProgram(arguments, {.streams = {output_, errors_, false},
-                                  .workingFolder = folder_.Path(),
-                                  .programFolder = folder_.Path(),
-                                  .interrupted = interrupted_});
+    std::ostringstream output;
+    std::ostringstream errors;
+    const ExitCode code = RunProgram(arguments, {.streams = {output, errors, false},
+                                                 .workingFolder = folder_.Path(),
+                                                 .programFolder = folder_.Path(),
+                                                 .interrupted = interrupted_});
+    output_ = output.str();
+    errors_ = errors.str();
+    return code;
   }
-
-  std::vector<nlohmann::json> JsonLines() {
-    std::vector<nlohmann::json> lines;
-    std::istringstream text(output_.str());
-    for (std::string line; std::getline(text, line);) lines.push_back(nlohmann::json::parse(line));
-    return lines;
+  /// Builds version 1.0.0.
+  ExitCode Build(std::vector<std::string> options) {
+    options.insert(options.begin(), {"p/demo.product", "1.0.0"});
+    return Run(options);
   }
-
-  [[nodiscard]] std::vector<std::string> AllFiles() const {
-    return tools::FindFiles(folder_.Path(), "*", true);
+  /// The JSON object in the first or last line of the output.
+  [[nodiscard]] nlohmann::json FirstLine() const {
+    return nlohmann::json::parse(output_.substr(0, output_.find('\n')));
+  }
+  [[nodiscard]] nlohmann::json LastLine() const {
+    return nlohmann::json::parse(output_.substr(output_.rfind('\n', output_.size() - 2) + 1));
+  }
+  [[nodiscard]] std::size_t FileCount(const std::string& name) const {
+    return tools::FindFiles(folder_.Path(name), "*", true).size();
   }
 
   tests::TemporaryFolder folder_;
-  std::ostringstream output_;
-  std::ostringstream errors_;
+  std::string output_;
+  std::string errors_;
   Report::InterruptTest interrupted_ = [] { return false; };
-  const std::string product_ = "p/demo.product";
 };
 
 TEST_F(ProgramTest, BuildsIntoTheActiveConfigurationsFolder) {
-  EXPECT_EQ(Run({product_, "1.0.0"}), ExitCode::Built) << errors_.str();
+  EXPECT_EQ(Build({}), ExitCode::Built) << errors_;
   EXPECT_TRUE(folder_.Holds("p/Ausgabe/Debug/Demo.zip"));
   EXPECT_TRUE(folder_.Holds("p/Ausgabe/Debug/Demo.install"));
-  EXPECT_NE(output_.str().find("Dateien:    2"), std::string::npos) << output_.str();
-  EXPECT_EQ(errors_.str(), "");
+  EXPECT_THAT(output_, HasSubstr("Dateien:    2"));
+  EXPECT_EQ(errors_, "");
 
   folder_.Write("p/Version 1.0.0/product.version",
                 "[Components]\nCount=1\n[BuildCommon]\nActiveConfig=2\n"
                 "[Build2]\nOutputFolder=fertig\n");
-  EXPECT_EQ(Run({product_, "1.0.0", "--no-zip", "--quiet"}), ExitCode::Built);
+  EXPECT_EQ(Build({"--no-zip", "--quiet"}), ExitCode::Built);
   EXPECT_TRUE(folder_.Holds("p/fertig/InstallPath/zwei.txt"));
-  EXPECT_EQ(output_.str(), "");
+  EXPECT_EQ(output_, "");
 }
 
 TEST_F(ProgramTest, RefusesAnOutputFolderWithFilesUnlessTold) {
   folder_.Write("aus/wichtig.txt", "x");
-  EXPECT_EQ(Run({product_, "1.0.0", "--output", "aus"}), ExitCode::Stopped);
+  EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_TRUE(folder_.Holds("aus/wichtig.txt"));
-  EXPECT_NE(errors_.str().find("--overwrite"), std::string::npos);
-  EXPECT_EQ(Run({product_, "1.0.0", "--output", "aus", "--overwrite"}), ExitCode::Built);
+  EXPECT_THAT(errors_, HasSubstr("--overwrite"));
+  EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Built);
   EXPECT_FALSE(folder_.Holds("aus/wichtig.txt"));
   for (const char* folder : {"p", "", " "}) {
-    EXPECT_EQ(Run({product_, "1.0.0", "--output", folder, "--overwrite"}), ExitCode::Stopped);
+    EXPECT_EQ(Build({"--output", folder, "--overwrite"}), ExitCode::Stopped);
   }
   EXPECT_TRUE(folder_.Holds("aus/Demo.zip"));
   EXPECT_TRUE(folder_.Holds("p/demo.product"));
@@ -85,71 +91,67 @@ TEST_F(ProgramTest, RefusesAnOutputFolderWithFilesUnlessTold) {
 
 TEST_F(ProgramTest, NamesComponentAndEntryOfAProblem) {
   tools::DeleteFile(folder_.Path("p/src/zwei.txt"));
-  EXPECT_EQ(Run({product_, "1.0.0", "--wrapper"}), ExitCode::BuiltWithErrors);
-  EXPECT_NE(errors_.str().find("zwei.txt [Komponente 1 \"Programm\", Eintrag 2]"),
-            std::string::npos)
-      << errors_.str();
-  EXPECT_NE(errors_.str().find("setup wrapper"), std::string::npos);
+  EXPECT_EQ(Build({"--wrapper"}), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(errors_, HasSubstr("zwei.txt [Komponente 1 \"Programm\", Eintrag 2]"));
+  EXPECT_THAT(errors_, HasSubstr("setup wrapper"));
 
-  EXPECT_EQ(Run({product_, "1.0.0", "--overwrite", "--json"}), ExitCode::BuiltWithErrors);
-  const std::vector<nlohmann::json> lines = JsonLines();
-  EXPECT_EQ(lines.front()["event"], "error");
-  EXPECT_EQ(lines.front()["component"], 1);
-  EXPECT_EQ(lines.front()["entry"], 2);
-  EXPECT_EQ(lines.back()["event"], "summary");
-  EXPECT_EQ(lines.back()["files"], 1);
-  EXPECT_EQ(lines.back()["errors"], 1);
-  EXPECT_EQ(lines.back()["outcome"], "finished");
-  EXPECT_EQ(errors_.str(), "");
+  EXPECT_EQ(Build({"--overwrite", "--json"}), ExitCode::BuiltWithErrors);
+  EXPECT_EQ(FirstLine()["event"], "error");
+  EXPECT_EQ(FirstLine()["component"], 1);
+  EXPECT_EQ(FirstLine()["entry"], 2);
+  EXPECT_EQ(LastLine()["event"], "summary");
+  EXPECT_EQ(LastLine()["files"], 1);
+  EXPECT_EQ(LastLine()["errors"], 1);
+  EXPECT_EQ(LastLine()["outcome"], "finished");
+  EXPECT_EQ(errors_, "");
 }
 
 TEST_F(ProgramTest, CheckWritesNothing) {
-  const std::vector<std::string> before = AllFiles();
-  EXPECT_EQ(Run({product_, "1.0.0", "--check"}), ExitCode::Built) << errors_.str();
+  const std::size_t before = FileCount("");
+  EXPECT_EQ(Build({"--check"}), ExitCode::Built) << errors_;
   tools::DeleteFile(folder_.Path("p/src/zwei.txt"));
-  EXPECT_EQ(Run({product_, "1.0.0", "--check", "--json"}), ExitCode::BuiltWithErrors);
-  EXPECT_EQ(JsonLines().back()["findings"], 1);
-  EXPECT_EQ(AllFiles().size(), before.size() - 1);
-  EXPECT_FALSE(tools::FolderExists(folder_.Path("p/Ausgabe")));
+  EXPECT_EQ(Build({"--check", "--json"}), ExitCode::BuiltWithErrors);
+  EXPECT_EQ(LastLine()["findings"], 1);
+  EXPECT_EQ(FileCount(""), before - 1);
+  EXPECT_FALSE(folder_.Holds("p/Ausgabe"));
 }
 
 TEST_F(ProgramTest, ListsVersionsAndComponents) {
-  EXPECT_EQ(Run({product_, "--list"}), ExitCode::Built);
-  EXPECT_EQ(output_.str(), "Demo\n  1.0.0\n    1  Programm\n  1.1.0\n");
-  EXPECT_EQ(Run({product_, "--list", "--json"}), ExitCode::Built);
-  EXPECT_EQ(JsonLines().front()["versions"][0]["components"][0]["title"], "Programm");
+  EXPECT_EQ(Run({"p/demo.product", "--list"}), ExitCode::Built);
+  EXPECT_EQ(output_, "Demo\n  1.0.0\n    1  Programm\n  1.1.0\n");
+  EXPECT_EQ(Run({"p/demo.product", "--list", "--json"}), ExitCode::Built);
+  EXPECT_EQ(FirstLine()["versions"][0]["components"][0]["title"], "Programm");
 }
 
 TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
-  const std::vector<std::vector<std::string>> calls = {
-      {},
-      {product_},
-      {product_, "1.0.0", "--unbekannt"},
-      {product_, "1.0.0", "--output"},
-      {product_, "9.9.9"},
-      {"p/fehlt.product", "1.0.0"},
-      {"p/src/zwei.txt", "1.0.0"},
-      {"p", "1.0.0"},
-      {product_, "--list", "--check"},
-      {product_, "1.0.0", "--zip", "--no-zip"},
-      {product_, "1.0.0", "--zip=false"},
-  };
+  const std::string product = "p/demo.product";
+  const std::vector<std::vector<std::string>> calls = {{},
+                                                       {product},
+                                                       {product, "1.0.0", "--unbekannt"},
+                                                       {product, "1.0.0", "--output"},
+                                                       {product, "9.9.9"},
+                                                       {"p/fehlt.product", "1.0.0"},
+                                                       {"p/src/zwei.txt", "1.0.0"},
+                                                       {"p", "1.0.0"},
+                                                       {product, "--list", "--check"},
+                                                       {product, "1.0.0", "--zip", "--no-zip"},
+                                                       {product, "1.0.0", "--zip=false"}};
   for (const auto& call : calls) {
     EXPECT_EQ(Run(call), ExitCode::BadCall) << testing::PrintToString(call);
-    EXPECT_TRUE(errors_.str().starts_with("packwright-build: ")) << errors_.str();
-    EXPECT_EQ(output_.str(), "");
+    EXPECT_THAT(errors_, StartsWith("packwright-build: "));
+    EXPECT_EQ(output_, "");
   }
   EXPECT_EQ(Run({"--help"}), ExitCode::Built);
-  EXPECT_NE(output_.str().find("--overwrite"), std::string::npos);
+  EXPECT_THAT(output_, HasSubstr("--overwrite"));
   EXPECT_EQ(Run({"--version"}), ExitCode::Built);
-  EXPECT_TRUE(output_.str().starts_with("packwright-build "));
+  EXPECT_THAT(output_, StartsWith("packwright-build "));
 }
 
 TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {
   interrupted_ = [] { return true; };
-  EXPECT_EQ(Run({product_, "1.0.0", "--output", "aus"}), ExitCode::Stopped);
-  EXPECT_EQ(errors_.str(), "packwright-build: Abgebrochen.\n");
-  EXPECT_TRUE(tools::FindFiles(folder_.Path("aus"), "*", true).empty());
+  EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
+  EXPECT_EQ(errors_, "packwright-build: Abgebrochen.\n");
+  EXPECT_EQ(FileCount("aus"), 0U);
 }
 
 TEST(ByteTextTest, RoundsToOneDigitAfterTheComma) {
@@ -159,5 +161,4 @@ TEST(ByteTextTest, RoundsToOneDigitAfterTheComma) {
   EXPECT_EQ(ByteText(2'000'000'000), "2,0 GB");
 }
 
-}  // namespace
 }  // namespace console

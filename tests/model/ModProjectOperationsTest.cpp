@@ -1,19 +1,16 @@
-#include <gtest/gtest.h>
-
 #include "model/ModProjectOperations.h"
 #include "model/TextTable.h"
 #include "tests/support/FakeWindow.h"
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/ScriptedDialogs.h"
-#include "tests/support/TemporaryFolder.h"
-#include "tools/Error.h"
+#include "tests/support/Testing.h"
 #include "tools/Files.h"
-#include "tools/StandardTexts.h"
 
 namespace model {
-namespace {
 
+using testing::ElementsAre;
+using tests::FaultyDisk;
 using tools::MessageAnswer;
 
 class ModProjectOperationsTest : public testing::Test {
@@ -22,21 +19,36 @@ class ModProjectOperationsTest : public testing::Test {
 
   /// An open product with these version texts in its slots; empty ones are free.
   void OpenProductWith(const std::vector<std::string>& versions) {
-    std::string content = "[General]\nVersion=1.0\n[Product]\nTitle=Demo\n[Versions]\nCount=" +
-                          std::to_string(versions.size()) + "\n";
+    std::string content =
+        "[General]\nVersion=1.0\n[Versions]\nCount=" + std::to_string(versions.size()) + "\n";
     for (std::size_t i = 0; i < versions.size(); ++i) {
       content += "Ver" + std::to_string(i + 1) + "=" + versions[i] + "\n";
-      if (!versions[i].empty()) {
-        folder_.Write("Version " + versions[i] + "/product.version",
-                      "[Own]\nIs=" + versions[i] + "\n");
-      }
+      if (versions[i].empty()) continue;
+      folder_.Write("Version " + versions[i] + "/product.version",
+                    "[Own]\nIs=" + versions[i] + "\n");
     }
     ASSERT_TRUE(operations_.OpenProduct(folder_.Write("demo.product", content)));
+  }
+  /// Adds a version or component by this answer of the input box.
+  void AddVersion(const std::string& answer) {
+    dialogs_.ExpectInputBox("Haupt.Neben.Revision", answer);
+    operations_.AddVersion();
+  }
+  void AddComponent(const std::string& answer) {
+    dialogs_.ExpectInputBox(LoadText(228), answer);
+    operations_.AddComponent(1);
+  }
+  void DeleteVersion(MessageAnswer answer) {
+    dialogs_.ExpectQuestion(LoadText(226), answer);
+    operations_.DeleteVersion(1);
+  }
+  [[nodiscard]] std::size_t FileCount() const {
+    return tools::FindFiles(folder_.Path(), "*", true).size();
   }
 
   tests::TemporaryFolder folder_;
   tools::SystemDisk systemDisk_;
-  tests::FaultyDisk disk_{systemDisk_};
+  FaultyDisk disk_{systemDisk_};
   tools::SettingsStore store_{disk_};
   ModProject project_{store_};
   tests::ScriptedDialogs dialogs_;
@@ -65,29 +77,25 @@ TEST_F(ModProjectOperationsTest, OverwritesAnExistingProductOnlyWhenTold) {
   form_.answer = NewProduct{"Demo", "", folder_.Path("demo.product")};
   dialogs_.ExpectQuestion(LoadText(214), MessageAnswer::No);
   EXPECT_FALSE(operations_.NewProduct());
-  EXPECT_EQ(folder_.Read("demo.product"), "alt");
-  EXPECT_EQ(dialogs_.Messages().back().caption, LoadText(215));
+  EXPECT_EQ(dialogs_.LastMessage(), LoadText(215) + "|" + LoadText(214));
   EXPECT_EQ(dialogs_.Messages().back().defaultAnswer, MessageAnswer::No);
-
   dialogs_.ExpectQuestion(LoadText(214), MessageAnswer::Yes);
-  disk_.FailAt(tests::FaultyDisk::Step::Write, 1);
+  disk_.FailAt(FaultyDisk::Step::Write, 1);
   EXPECT_THROW(operations_.NewProduct(), tools::Error);
   EXPECT_EQ(folder_.Read("demo.product"), "alt");
 }
 
 TEST_F(ModProjectOperationsTest, RefusesFilesThatAreNoProducts) {
-  EXPECT_FALSE(operations_.OpenProduct(folder_.Path("fehlt.product")));
-  EXPECT_EQ(dialogs_.Messages().back().text,
-            LoadText(216) + "\r\n" + folder_.Path("fehlt.product"));
-  EXPECT_EQ(dialogs_.Messages().back().caption, tools::StandardText(tools::kTextError));
+  const std::string missing = folder_.Path("fehlt.product");
+  EXPECT_FALSE(operations_.OpenProduct(missing));
+  EXPECT_EQ(dialogs_.LastMessage(), "Fehler|" + LoadText(216) + "\r\n" + missing);
   for (const char* content : {"", "[General]\nVersion=1.00\n", "[General]\nVersion=2.0\n"}) {
     EXPECT_FALSE(operations_.OpenProduct(folder_.Write("falsch.product", content)));
-    EXPECT_EQ(dialogs_.Messages().back().text, LoadText(217));
+    EXPECT_EQ(dialogs_.LastMessage(), "Fehler|" + LoadText(217));
   }
-  EXPECT_FALSE(project_.IsOpen());
-
   dialogs_.ExpectOpenFile(LoadText(205), "");
   EXPECT_FALSE(operations_.OpenProduct(""));
+  EXPECT_FALSE(project_.IsOpen());
 }
 
 TEST_F(ModProjectOperationsTest, ClosingWarnsOnlyWhenAskedAndChanged) {
@@ -101,7 +109,7 @@ TEST_F(ModProjectOperationsTest, ClosingWarnsOnlyWhenAskedAndChanged) {
 
   EXPECT_TRUE(operations_.CloseProduct(false));
   EXPECT_FALSE(project_.IsOpen());
-  EXPECT_EQ(pages_.resets, std::vector<bool>{true});
+  EXPECT_THAT(pages_.resets, ElementsAre(true));
 }
 
 TEST_F(ModProjectOperationsTest, SavingGoesOnPastAPageThatFailsAndMarksItClean) {
@@ -112,8 +120,7 @@ TEST_F(ModProjectOperationsTest, SavingGoesOnPastAPageThatFailsAndMarksItClean) 
   operations_.SaveAllPages();
   EXPECT_EQ(pages_.pages[2].applied, 1);
   EXPECT_FALSE(operations_.IsDirty());
-  ASSERT_EQ(dialogs_.Messages().size(), 1U);
-  EXPECT_EQ(dialogs_.Messages()[0].text, "Seite kaputt");
+  EXPECT_EQ(dialogs_.LastMessage(), "Fehler|Seite kaputt");
   EXPECT_FALSE(view_.hourglass);
 }
 
@@ -126,46 +133,35 @@ TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatestAndTakesTheFirstFre
   OpenProductWith({"2.3.9", "", "1.0.0"});
   folder_.Write("Version 2.3.9/component1.component", "[Component]\nTitle=A\n");
   folder_.Write("Version 2.3.10/rest.txt", "von früher");
-  dialogs_.ExpectInputBox("Haupt.Neben.Revision", " 2.3.10 ");
-  operations_.AddVersion();
+  AddVersion(" 2.3.10 ");
   EXPECT_EQ(dialogs_.LastDefaultText(), "2.3.10");
   EXPECT_EQ(project_.VersionString(2), "2.3.10");
   EXPECT_EQ(project_.VersionCount(), 3);
   EXPECT_EQ(folder_.Read("Version 2.3.10/product.version"),
             "[Own]\nIs=2.3.9\n\n[General]\nCreated=" + clock_.DateTimeText() + "\n");
-  EXPECT_FALSE(folder_.Holds("Version 2.3.10/component1.component"));
-  EXPECT_FALSE(folder_.Holds("Version 2.3.10/rest.txt"));
+  EXPECT_EQ(tools::FindFiles(folder_.Path("Version 2.3.10"), "*", true).size(), 1U);
   EXPECT_EQ(view_.treeUpdates, 1);
 }
 
 TEST_F(ModProjectOperationsTest, RefusesVersionsThatExistOrLeadElsewhere) {
   OpenProductWith({"1.0.0-Ä", "", "2.0"});
   for (const char* answer : {" 1.0.0-ä ", "2.0", ""}) {
-    dialogs_.ExpectInputBox("Haupt", answer);
-    operations_.AddVersion();
+    AddVersion(answer);
     EXPECT_EQ(dialogs_.Messages().back().text, LoadText(227)) << answer;
   }
   for (const char* answer : {"../../x", "a/b", "a\\b", "..", "C:x"}) {
-    dialogs_.ExpectInputBox("Haupt", answer);
-    EXPECT_THROW(operations_.AddVersion(), tools::Error) << answer;
+    EXPECT_THROW(AddVersion(answer), tools::Error) << answer;
   }
   EXPECT_EQ(project_.VersionString(2), "");
   EXPECT_EQ(view_.treeUpdates, 0);
 }
 
-TEST_F(ModProjectOperationsTest, AnEmptyAnswerWithoutFreeSlotAddsNothingSilently) {
+TEST_F(ModProjectOperationsTest, AnAdditionThatFailsOrIsCancelledLeavesNeitherFolderNorEntry) {
   OpenProductWith({"1.0.0"});
-  dialogs_.ExpectInputBox("Haupt", "  ");
-  operations_.AddVersion();
-  EXPECT_TRUE(dialogs_.Messages().empty());
-  EXPECT_EQ(project_.VersionCount(), 1);
-}
-
-TEST_F(ModProjectOperationsTest, AFailedAdditionLeavesNeitherFolderNorEntry) {
-  OpenProductWith({"1.0.0"});
-  disk_.FailAt(tests::FaultyDisk::Step::Replace, 1);
-  dialogs_.ExpectInputBox("Haupt", "1.0.1");
-  EXPECT_THROW(operations_.AddVersion(), tools::Error);
+  AddVersion("  ");
+  EXPECT_EQ(dialogs_.LastMessage(), "");
+  disk_.FailAt(FaultyDisk::Step::Replace, 1);
+  EXPECT_THROW(AddVersion("1.0.1"), tools::Error);
   EXPECT_FALSE(folder_.Holds("Version 1.0.1"));
   EXPECT_EQ(project_.VersionCount(), 1);
 }
@@ -173,67 +169,49 @@ TEST_F(ModProjectOperationsTest, AFailedAdditionLeavesNeitherFolderNorEntry) {
 TEST_F(ModProjectOperationsTest, ADamagedCountDoesNotMakeTakenSlotsFree) {
   OpenProductWith({"1.0.0"});
   folder_.Write("Version 1.0.0/component1.component", "[Component]\nTitle=A\n");
-  dialogs_.ExpectInputBox(LoadText(228), "B");
-  operations_.AddComponent(1);
-  EXPECT_EQ(project_.ComponentTitle(1, 1), "A");
-  EXPECT_EQ(project_.ComponentTitle(1, 2), "B");
-
+  AddComponent("B");
+  EXPECT_EQ(project_.ComponentTitle(1, 1) + project_.ComponentTitle(1, 2), "AB");
   project_.WriteProductSetting("Versions", "Count", "");
-  dialogs_.ExpectInputBox("Haupt", "1.1.0");
-  operations_.AddVersion();
-  EXPECT_EQ(project_.VersionString(1), "1.0.0");
-  EXPECT_EQ(project_.VersionString(2), "1.1.0");
+  AddVersion("1.1.0");
+  EXPECT_EQ(project_.VersionString(1) + "|" + project_.VersionString(2), "1.0.0|1.1.0");
 }
 
 TEST_F(ModProjectOperationsTest, AProductThatIsGoneIsNotMadeAgainInPart) {
   OpenProductWith({"1.0.0"});
   tools::RemoveFolderTree(folder_.Path("Version 1.0.0"));
   tools::DeleteFile(folder_.Path("demo.product"));
-  dialogs_.ExpectInputBox("Haupt", "1.0.1");
-  EXPECT_THROW(operations_.AddVersion(), tools::Error);
-  dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
-  EXPECT_THROW(operations_.DeleteVersion(1), tools::Error);
-  EXPECT_TRUE(tools::FindFiles(folder_.Path(), "*", true).empty());
+  EXPECT_THROW(AddVersion("1.0.1"), tools::Error);
+  EXPECT_THROW(DeleteVersion(MessageAnswer::Yes), tools::Error);
+  EXPECT_EQ(FileCount(), 0U);
 }
 
 TEST_F(ModProjectOperationsTest, DeletesAVersionWithItsFolderAfterConfirmation) {
   OpenProductWith({"1.0.0", "2.0.0"});
-  dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::No);
-  operations_.DeleteVersion(1);
-  EXPECT_TRUE(folder_.Holds("Version 1.0.0/product.version"));
-
-  dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
-  disk_.FailAt(tests::FaultyDisk::Step::Replace, 1);
-  EXPECT_THROW(operations_.DeleteVersion(1), tools::Error);
+  DeleteVersion(MessageAnswer::No);
+  disk_.FailAt(FaultyDisk::Step::Replace, 1);
+  EXPECT_THROW(DeleteVersion(MessageAnswer::Yes), tools::Error);
   EXPECT_TRUE(folder_.Holds("Version 1.0.0/product.version"));
   EXPECT_EQ(project_.VersionString(1), "1.0.0");
 
-  disk_.FailAt(tests::FaultyDisk::Step::Replace, 0);
-  dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
-  operations_.DeleteVersion(1);
+  disk_.FailAt(FaultyDisk::Step::Replace, 0);
+  DeleteVersion(MessageAnswer::Yes);
   EXPECT_EQ(project_.VersionString(1), "");
   EXPECT_EQ(project_.VersionCount(), 2);
-  EXPECT_EQ(tools::FindFiles(folder_.Path(), "*", true).size(), 2U);
+  EXPECT_EQ(FileCount(), 2U);
 }
 
 TEST_F(ModProjectOperationsTest, ComponentsKeepTheirSlots) {
   OpenProductWith({"1.0.0"});
-  for (const char* title : {"A", " B ", "C"}) {
-    dialogs_.ExpectInputBox(LoadText(228), title);
-    operations_.AddComponent(1);
-  }
+  for (const char* title : {"A", " B ", "C"}) AddComponent(title);
   dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
   operations_.DeleteComponent(1, 2);
-  EXPECT_EQ(project_.ComponentSlots(1), (std::vector<std::int32_t>{1, 3}));
+  EXPECT_THAT(project_.ComponentSlots(1), ElementsAre(1, 3));
   EXPECT_EQ(project_.ComponentCount(1), 3);
 
-  dialogs_.ExpectInputBox(LoadText(228), "neu");
-  operations_.AddComponent(1);
+  AddComponent("neu");
   EXPECT_EQ(folder_.Read("Version 1.0.0/component2.component"), "[Component]\nTitle=neu\n");
-  dialogs_.ExpectInputBox(LoadText(228), " ");
-  operations_.AddComponent(1);
+  AddComponent(" ");
   EXPECT_EQ(project_.ComponentCount(1), 3);
 }
 
-}  // namespace
 }  // namespace model

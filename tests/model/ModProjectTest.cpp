@@ -1,15 +1,10 @@
-#include <gtest/gtest.h>
-
-#include "model/ICFile.h"
 #include "model/ModProject.h"
 #include "tests/support/TestProduct.h"
-#include "tools/Error.h"
-#include "tools/Files.h"
+#include "tests/support/Testing.h"
 
 namespace model {
-namespace {
 
-using Slots = std::vector<std::int32_t>;
+using testing::ElementsAre;
 
 class ModProjectTest : public testing::Test {
  protected:
@@ -34,12 +29,6 @@ TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfProductVersionAndComponent) {
   EXPECT_EQ(project_.ProductTitle(), "Probe");
 }
 
-TEST_F(ModProjectTest, KnowsItsFormatByTheExactText) {
-  EXPECT_TRUE(project_.HasKnownFormat(project_.ProductPath()));
-  EXPECT_FALSE(project_.HasKnownFormat(folder_.Write("a.product", "[General]\nVersion=1.00\n")));
-  EXPECT_FALSE(project_.HasKnownFormat(folder_.Path("missing.product")));
-}
-
 TEST_F(ModProjectTest, WritesAndReadsNothingWhileNoProductIsOpen) {
   const std::string before = folder_.Read("Produkt/Probe.product");
   project_.SetProductPath("");
@@ -50,36 +39,32 @@ TEST_F(ModProjectTest, WritesAndReadsNothingWhileNoProductIsOpen) {
   EXPECT_EQ(project_.VersionFilePath(1), "");
   EXPECT_EQ(folder_.Read("Produkt/Probe.product"), before);
   EXPECT_FALSE(folder_.Holds("Produkt/Version 1.0.0/product.version"));
+  project_.SetProductPath("x.product");
+  EXPECT_TRUE(tools::IsAbsolutePath(project_.ProductFolder()));
 }
 
 TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {
   WriteVersions("Count=3\nVer1=1.0.0\nVer2=\nVer3=1.2.0\nVer4=9.9.9\n");
-  EXPECT_EQ(project_.VersionSlots(), (Slots{1, 3}));
+  EXPECT_THAT(project_.VersionSlots(), ElementsAre(1, 3));
   EXPECT_EQ(project_.VersionCount(), 3);
-  product_.AddComponent("A", {});
-  product_.AddComponent("", {});
-  product_.AddComponent("C", {});
-  EXPECT_EQ(project_.ComponentSlots(1), (Slots{1, 3}));
-}
-
-TEST_F(ModProjectTest, CountsNothingWhereTheCountIsAbsentOrNoCount) {
-  for (const char* text : {"", "Count=\n", "Count=-5\nVer1=1\n", "Count=viele\nVer1=1\n",
-                           "Count=99999999999\nVer1=1\n"}) {
-    WriteVersions(text);
-    EXPECT_EQ(project_.VersionCount(), 0) << text;
-    EXPECT_EQ(project_.VersionSlots(), Slots{}) << text;
+  for (const char* title : {"A", "", "C"}) product_.AddComponent(title, {});
+  EXPECT_THAT(project_.ComponentSlots(1), ElementsAre(1, 3));
+  for (const char* count : {"", "Count=\n", "Count=-5\n", "Count=viele\n", "Count=99999999999\n"}) {
+    WriteVersions(count + std::string("Ver1=1\n"));
+    EXPECT_EQ(project_.VersionCount(), 0) << count;
+    EXPECT_THAT(project_.VersionSlots(), ElementsAre()) << count;
   }
 }
 
 TEST_F(ModProjectTest, FindsTheSlotsOfAnAbsurdCount) {
   WriteVersions("Count=2147483647\nver7=1.0.0\nVer007=2.0.0\nVer2147483647=3.0.0\nVer8=\n");
-  EXPECT_EQ(project_.VersionSlots(), (Slots{7, 2147483647}));
+  EXPECT_THAT(project_.VersionSlots(), ElementsAre(7, 2147483647));
   project_.WriteVersionSetting(7, "Components", "Count", "2000000000");
-  project_.WriteComponentSetting(7, 30, "Component", "Title", "A");
-  project_.WriteComponentSetting(7, 1999999999, "Component", "Title", "B");
-  project_.WriteComponentSetting(7, 2000000001, "Component", "Title", "above the count");
+  for (const std::int32_t slot : {30, 1999999999, 2000000001}) {
+    project_.WriteComponentSetting(7, slot, "Component", "Title", "A");
+  }
   project_.WriteComponentSetting(7, 31, "Component", "Title", "");
-  EXPECT_EQ(project_.ComponentSlots(7), (Slots{30, 1999999999}));
+  EXPECT_THAT(project_.ComponentSlots(7), ElementsAre(30, 1999999999));
 }
 
 TEST_F(ModProjectTest, StaysInTheProductFolderWhateverTheVersionText) {
@@ -100,55 +85,4 @@ TEST_F(ModProjectTest, ProposesAnOutputFolderForEachConfiguration) {
   EXPECT_EQ(project_.DefaultOutputFolder(3), folder_.Path("Produkt/Ausgabe/"));
 }
 
-TEST_F(ModProjectTest, TakesARelativeProductPathFromTheCurrentFolder) {
-  project_.SetProductPath("x.product");
-  EXPECT_TRUE(tools::IsAbsolutePath(project_.ProductFolder()));
-}
-
-class ICFileTest : public ModProjectTest {
- protected:
-  ICFile Read(const std::string& section) {
-    folder_.Write("c.component", "[Files]\nCount= 2 Stück\n[File1]\n" + section);
-    const auto file = product_.Store().Load(folder_.Path("c.component"));
-    const SettingReader read = [&](auto s, auto k, auto d) { return file->Read(s, k, d); };
-    EXPECT_EQ(ReadFileCount(read), 2);
-    return ReadFileEntry(read, 1, kEditorDefaultType);
-  }
-};
-
-TEST_F(ICFileTest, StoresFourteenKeysInTheirOrder) {
-  ICFile entry{"{id}", 2, "C:\\q", "*.*", -1, 2004, "D:\\z", "n", 3, 4, 5, 6, 7, 0};
-  product_.AddComponent("A", {ICFile{}, entry});
-  const std::string stored = folder_.Read("Produkt/Version 1.0.0/component1.component");
-  EXPECT_NE(stored.find("[File2]\nType=2\nExclude=3\nID={id}\nIncludeChildren=-1\nOverwrite=6\n"
-                        "Permanent=4\nRegisterPath=7\nSelfRegisterDLL=5\nSourceName=*.*\n"
-                        "SourcePath=C:\\q\nTargetFolder=2004\nTargetName=n\n"
-                        "TargetSubFolder=D:\\z\nVital=0\n"),
-            std::string::npos)
-      << stored;
-  const ICFile read = Read(stored.substr(stored.find("Type=2")));
-  EXPECT_EQ(read.TargetFolder, 2004);
-  EXPECT_EQ(read.IncludeChildren, -1);
-  EXPECT_EQ(read.TargetSubFolder, "D:\\z");
-  EXPECT_EQ(read.RegisterPath, 7);
-}
-
-TEST_F(ICFileTest, ReadsMissingAndOddValuesLeniently) {
-  const ICFile empty = Read("");
-  EXPECT_EQ(empty.Type, 0);
-  EXPECT_EQ(empty.Vital, 1);
-  const ICFile odd = Read("Vital=nein\nOverwrite=2.5\nExclude=1.5 \nTargetFolder=38abc\n");
-  EXPECT_EQ(odd.Vital, 0);
-  EXPECT_EQ(odd.Overwrite, 2);
-  EXPECT_EQ(odd.Exclude, 2);
-  EXPECT_EQ(odd.TargetFolder, 38);
-}
-
-TEST_F(ICFileTest, RefusesNumbersThatDoNotFit) {
-  EXPECT_EQ(Read("Overwrite=-32768\nTargetFolder=2147483647\n").Overwrite, -32768);
-  EXPECT_THROW(Read("Overwrite=32768\n"), tools::Error);
-  EXPECT_THROW(Read("TargetFolder=2147483648\n"), tools::Error);
-}
-
-}  // namespace
 }  // namespace model

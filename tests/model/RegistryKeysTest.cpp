@@ -1,25 +1,20 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "model/RegistryKeys.h"
+#include "tests/support/Testing.h"
 #include "tools/SettingsFile.h"
 
 namespace model {
-namespace {
 
 using testing::ElementsAre;
 
 class RegistryKeysTest : public testing::Test {
  protected:
-  void Write(const char* section, const std::string& key, const std::string& value) {
-    file_.Write(section, key, value);
-  }
+  void SetText(const std::string& text) { file_ = std::make_unique<tools::SettingsFile>(text); }
 
-  tools::SettingsFile file_;
+  std::unique_ptr<tools::SettingsFile> file_ = std::make_unique<tools::SettingsFile>();
   RegistryKeys keys_{
-      [this](auto section, auto key, auto fallback) { return file_.Read(section, key, fallback); },
-      [this](auto section, auto key, auto value) { file_.Write(section, key, value); },
-      [this] { return file_.Render(); }};
+      [this](auto section, auto key, auto fallback) { return file_->Read(section, key, fallback); },
+      [this](auto section, auto key, auto value) { file_->Write(section, key, value); },
+      [this] { return file_->Render(); }};
 };
 
 TEST_F(RegistryKeysTest, StoresValuesInOrderAndLeavesThoseOfHigherNumbers) {
@@ -27,7 +22,7 @@ TEST_F(RegistryKeysTest, StoresValuesInOrderAndLeavesThoseOfHigherNumbers) {
   EXPECT_FALSE(keys_.Store(" hkey_users\\ä ", {{"n", "1"}}));
   EXPECT_THAT(keys_.Paths(), ElementsAre("HKEY_USERS\\Ä"));
   EXPECT_THAT(keys_.ValuesOf("HKEY_USERS\\Ä"), ElementsAre(RegistryValue{"n", "1"}));
-  EXPECT_EQ(file_.Read("RegKey1", "Val2Setting", ""), " y ");
+  EXPECT_EQ(file_->Read("RegKey1", "Val2Setting", ""), " y ");
 }
 
 TEST_F(RegistryKeysTest, TakingAFreedSlotHidesThoseAboveIt) {
@@ -35,17 +30,14 @@ TEST_F(RegistryKeysTest, TakingAFreedSlotHidesThoseAboveIt) {
   keys_.Free(" b ");
   EXPECT_THAT(keys_.Paths(), ElementsAre("A", "C", "D", "E"));
   keys_.Store("New", {{"n", "1"}});
-  EXPECT_EQ(file_.Read("Registry", "Keys", ""), "2");
+  EXPECT_EQ(file_->Read("Registry", "Keys", ""), "2");
   EXPECT_THAT(keys_.Paths(), ElementsAre("A", "New"));
 }
 
 TEST_F(RegistryKeysTest, JoinsTheValuesOfSlotsWithTheSamePath) {
-  Write("Registry", "Keys", "2");
-  for (const char* slot : {"1", "2"}) {
-    Write("Registry", std::string("Key") + slot, *slot == '1' ? "Key" : "KEY");
-    Write((std::string("RegKey") + slot).c_str(), "Values", "1");
-    Write((std::string("RegKey") + slot).c_str(), "Val1Name", std::string(" n ") + slot);
-  }
+  SetText(
+      "[Registry]\nKeys=2\nKey1=Key\nKey2=KEY\n[RegKey1]\nValues=1\nVal1Name=\" n 1\"\n"
+      "[RegKey2]\nValues=1\nVal1Name=n 2\n");
   EXPECT_THAT(keys_.ValuesOf("key"),
               ElementsAre(RegistryValue{"n 1", ""}, RegistryValue{"n 2", ""}));
   keys_.Free("key");
@@ -53,37 +45,33 @@ TEST_F(RegistryKeysTest, JoinsTheValuesOfSlotsWithTheSamePath) {
 }
 
 TEST_F(RegistryKeysTest, CopesWithAnyStoredCount) {
-  Write("Registry", "Keys", "2147483647");
-  Write("Registry", "Key2000000000", "Far");
-  Write("Registry", "key1", "Near");
-  Write("RegKey1", "Values", "2000000000");
-  Write("RegKey1", "val70000name", "v");
+  SetText(
+      "[Registry]\nKeys=2147483647\nKey2000000000=Far\nkey1=Near\n"
+      "[RegKey1]\nValues=2000000000\nval70000name=v\n");
   EXPECT_THAT(keys_.Paths(), ElementsAre("Near", "Far"));
   EXPECT_THAT(keys_.ValuesOf("Near"), ElementsAre(RegistryValue{"v", ""}));
   keys_.Store("New", {});
-  EXPECT_EQ(file_.Read("Registry", "Key2", ""), "New");
+  EXPECT_EQ(file_->Read("Registry", "Key2", ""), "New");
   for (const char* bad : {"-1", "99999999999", "viele"}) {
-    Write("Registry", "Keys", bad);
+    SetText(std::string("[Registry]\nKey1=A\nKeys=") + bad);
     EXPECT_THAT(keys_.Paths(), ElementsAre());
   }
 }
 
 TEST(RegistryPathTest, ReadsWhatTheAuthorTyped) {
-  const auto parts = [](const char* text) {
+  const std::pair<const char*, const char*> rows[] = {
+      {" \t ", "||"},
+      {"Arbeitsplatz", "Arbeitsplatz|Arbeitsplatz|"},
+      {" Arbeitsplatz\\HKEY_USERS\\a b\\c ", "HKEY_USERS\\a b\\c|HKEY_USERS|a b\\c"},
+      {"Arbeitsplatz\\", "||"},
+      {"arbeitsplatz\\X", "arbeitsplatz\\X|arbeitsplatz|X"},
+      {"Arbeitsplatz漢字", "字|字|"},
+      {"X\\a\\", "X\\a\\|X|a"},
+      {"\\X", "\\X||X"}};
+  for (const auto& [text, parts] : rows) {
     const RegistryPath path = ParseRegistryPath(text, "Arbeitsplatz");
-    return path.path + "|" + path.hive + "|" + path.subkey;
-  };
-  EXPECT_EQ(parts(" \t "), "||");
-  EXPECT_EQ(parts("Arbeitsplatz"), "Arbeitsplatz|Arbeitsplatz|");
-  EXPECT_EQ(parts(" Arbeitsplatz\\HKEY_USERS\\a b\\c "), "HKEY_USERS\\a b\\c|HKEY_USERS|a b\\c");
-  EXPECT_EQ(parts("Arbeitsplatz\\"), "||");
-  EXPECT_EQ(parts("arbeitsplatz\\X"), "arbeitsplatz\\X|arbeitsplatz|X");
-  EXPECT_EQ(parts("Arbeitsplatz漢字"), "字|字|");
-  EXPECT_EQ(parts("X\\a\\"), "X\\a\\|X|a");
-  EXPECT_EQ(parts("\\X"), "\\X||X");
-}
-
-TEST(RegistryPathTest, GoesDownAndUp) {
+    EXPECT_EQ(path.path + "|" + path.hive + "|" + path.subkey, parts);
+  }
   EXPECT_EQ(JoinRegistryPath("", "X"), "X");
   EXPECT_EQ(JoinRegistryPath("X", "a"), "X\\a");
   EXPECT_EQ(JoinRegistryPath("X\\", ""), "X\\");
@@ -91,5 +79,4 @@ TEST(RegistryPathTest, GoesDownAndUp) {
   EXPECT_EQ(ParentRegistryPath("X"), "");
 }
 
-}  // namespace
 }  // namespace model

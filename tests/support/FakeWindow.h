@@ -14,8 +14,7 @@
 namespace tests {
 
 /// Counts what it is asked to refresh.
-class FakeMainView : public model::MainView {
- public:
+struct FakeMainView : model::MainView {
   void UpdateProjectState() override { ++stateUpdates; }
   void UpdateTree() override { ++treeUpdates; }
   void ShowHourglass(bool shown) override { hourglass = shown; }
@@ -25,8 +24,7 @@ class FakeMainView : public model::MainView {
   bool hourglass = false;
 };
 
-class FakePage : public model::OpenPage {
- public:
+struct FakePage : model::OpenPage {
   void ApplyChanges() override {
     ++applied;
     if (!failure.empty()) throw std::runtime_error(failure);
@@ -40,8 +38,7 @@ class FakePage : public model::OpenPage {
   std::string failure;  ///< raised by ApplyChanges when not empty
 };
 
-class FakePages : public model::OpenPages {
- public:
+struct FakePages : model::OpenPages {
   [[nodiscard]] std::int32_t Count() const override {
     return static_cast<std::int32_t>(pages.size());
   }
@@ -55,8 +52,7 @@ class FakePages : public model::OpenPages {
 };
 
 /// Answers with what the test has put in.
-class FakeNewProductForm : public model::NewProductForm {
- public:
+struct FakeNewProductForm : model::NewProductForm {
   std::optional<model::NewProduct> Ask() override { return answer; }
 
   std::optional<model::NewProduct> answer;

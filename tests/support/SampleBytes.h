@@ -1,7 +1,6 @@
 // Reproducible contents for files of tests.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <random>
 #include <string>

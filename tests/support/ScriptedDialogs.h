@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/ReportFailure.h"
 #include "tools/Dialogs.h"
 
 namespace tests {
@@ -16,55 +17,80 @@ namespace tests {
 /// the test looks them up in Messages.
 class ScriptedDialogs : public tools::Dialogs {
  public:
-  ScriptedDialogs() = default;
-  ~ScriptedDialogs() override;
+  ~ScriptedDialogs() override {
+    for (const Expectation& left : expected_) {
+      ReportFailure("nobody asked for the " + left.kind + " \"" + left.part + "\"");
+    }
+  }
 
   /// Expects a message box with several buttons, whose text holds `textPart`.
-  void ExpectQuestion(const std::string& textPart, tools::MessageAnswer answer);
+  void ExpectQuestion(const std::string& textPart, tools::MessageAnswer answer) {
+    expected_.push_back({"question", textPart, answer, ""});
+  }
   /// Expects an input box by a part of its prompt.
-  void ExpectInputBox(const std::string& promptPart, const std::string& answer);
+  void ExpectInputBox(const std::string& promptPart, const std::string& answer) {
+    expected_.push_back({"input box", promptPart, {}, answer});
+  }
   /// Expects an open-file dialog by a part of its title.
-  void ExpectOpenFile(const std::string& titlePart, const std::string& path);
+  void ExpectOpenFile(const std::string& titlePart, const std::string& path) {
+    expected_.push_back({"open-file dialog", titlePart, {}, path});
+  }
   /// Expects a browse-folder dialog by a part of its title.
-  void ExpectBrowseFolder(const std::string& titlePart, const std::string& path);
+  void ExpectBrowseFolder(const std::string& titlePart, const std::string& path) {
+    expected_.push_back({"browse-folder dialog", titlePart, {}, path});
+  }
 
   /// Every message box shown so far, questions included, in their order.
   [[nodiscard]] const std::vector<tools::Message>& Messages() const { return messages_; }
+  /// Caption and text of the message box shown last, joined by "|"; empty when there was none.
+  [[nodiscard]] std::string LastMessage() const {
+    return messages_.empty() ? "" : messages_.back().caption + "|" + messages_.back().text;
+  }
   /// The default text of the input box shown last.
   [[nodiscard]] const std::string& LastDefaultText() const { return lastDefaultText_; }
   /// The texts of every busy notice shown so far.
   [[nodiscard]] const std::vector<std::string>& Notices() const { return notices_; }
   /// How many busy notices have not been withdrawn.
   [[nodiscard]] std::size_t OpenNotices() const { return openNotices_.size(); }
-  /// Everything reported to busy notices.
-  [[nodiscard]] const std::vector<tools::Progress>& ProgressReports() const { return progress_; }
 
   tools::MessageAnswer ShowMessage(const tools::Message& message) override;
-  std::string InputBox(const std::string& prompt, const std::string& title,
-                       const std::string& defaultText) override;
-  std::string OpenFile(const tools::OpenFileRequest& request) override;
-  std::string BrowseFolder(const std::string& title, int flags) override;
-  int ShowBusyNotice(const std::string& text) override;
-  void UpdateBusyNotice(int token, const tools::Progress& progress) override;
-  void WithdrawBusyNotice(int token) override;
+
+  std::string InputBox(const std::string& prompt, const std::string& /*title*/,
+                       const std::string& defaultText) override {
+    lastDefaultText_ = defaultText;
+    return Take("input box", prompt).text;
+  }
+  std::string OpenFile(const tools::OpenFileRequest& request) override {
+    return Take("open-file dialog", request.title).text;
+  }
+  std::string BrowseFolder(const std::string& title, int /*flags*/) override {
+    return Take("browse-folder dialog", title).text;
+  }
+
+  int ShowBusyNotice(const std::string& text) override {
+    notices_.push_back(text);
+    return *openNotices_.insert(static_cast<int>(notices_.size())).first;
+  }
+  void UpdateBusyNotice(int token, const tools::Progress& /*progress*/) override {
+    if (!openNotices_.contains(token)) ReportFailure("progress for a notice that is not shown");
+  }
+  void WithdrawBusyNotice(int token) override { openNotices_.erase(token); }
 
  private:
   struct Expectation {
-    std::string kind;  ///< "question", "input box", ...
+    std::string kind;  ///< "question", "input box", ...; empty when it is none
     std::string part;
-    tools::MessageAnswer answer = tools::MessageAnswer::Ok;  ///< of a question
-    std::string text;                                        ///< what every other dialog gives
+    tools::MessageAnswer answer{};  ///< of a question
+    std::string text;               ///< what every other dialog gives
   };
 
-  /// Takes the next expectation if it is this one; else fails the test and returns false.
-  bool Take(const std::string& kind, const std::string& shown, Expectation& taken);
-  std::string TextAnswer(const std::string& kind, const std::string& shown);
+  /// Takes the next expectation if it is this one; else fails the test and returns none.
+  Expectation Take(const std::string& kind, const std::string& shown);
 
   std::deque<Expectation> expected_;
   std::vector<tools::Message> messages_;
   std::string lastDefaultText_;
   std::vector<std::string> notices_;
-  std::vector<tools::Progress> progress_;
   std::set<int> openNotices_;
 };
 

@@ -1,6 +1,5 @@
 #include "tests/support/TemporaryFolder.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -12,64 +11,56 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The library takes narrow text in the system's code page on Windows; char8_t is UTF-8 everywhere.
-fs::path FromUtf8(std::string_view text) {
-  return fs::path(std::u8string(text.begin(), text.end())).make_preferred();
-}
-
 std::string ToUtf8(const fs::path& path) {
   const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
 }
 
-fs::path MakeUniqueFolder() {
-  std::random_device random;
-  const fs::path base = fs::canonical(fs::temp_directory_path());
-  for (;;) {
-    fs::path candidate =
-        base / ("packwright-test-" + std::to_string(random()) + "-" + std::to_string(random()));
-    if (fs::create_directory(candidate)) return candidate;
-  }
-}
-
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() : path_(ToUtf8(MakeUniqueFolder())) {}
+TemporaryFolder::TemporaryFolder() {
+  std::random_device random;
+  do {
+    const std::string name = std::to_string(random()) + "-" + std::to_string(random());
+    path_ = ToUtf8(fs::canonical(fs::temp_directory_path()) / ("packwright-test-" + name));
+  } while (!fs::create_directory(At("")));
+}
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
-  fs::remove_all(FromUtf8(path_), ignored);
+  fs::remove_all(At(""), ignored);
 }
 
-std::string TemporaryFolder::Path(std::string_view name) const {
-  return ToUtf8(FromUtf8(path_) / FromUtf8(name));
+// The library takes narrow text in the system's code page on Windows; char8_t is UTF-8 everywhere.
+fs::path TemporaryFolder::At(std::string_view name) const {
+  const std::string whole = name.empty() ? path_ : path_ + "/" + std::string(name);
+  return fs::path(std::u8string(whole.begin(), whole.end())).make_preferred();
 }
+
+std::string TemporaryFolder::Path(std::string_view name) const { return ToUtf8(At(name)); }
 
 std::string TemporaryFolder::Write(std::string_view name, std::string_view content) const {
-  const fs::path path = FromUtf8(path_) / FromUtf8(name);
-  fs::create_directories(path.parent_path());
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  fs::create_directories(At(name).parent_path());
+  std::ofstream file(At(name), std::ios::binary | std::ios::trunc);
   file.write(content.data(), static_cast<std::streamsize>(content.size()));
   file.close();
-  if (!file) throw std::runtime_error("cannot write " + ToUtf8(path));
-  return ToUtf8(path);
+  if (!file) throw std::runtime_error("cannot write " + Path(name));
+  return Path(name);
 }
 
 std::string TemporaryFolder::MakeFolder(std::string_view name) const {
-  const fs::path path = FromUtf8(path_) / FromUtf8(name);
-  fs::create_directories(path);
-  return ToUtf8(path);
+  fs::create_directories(At(name));
+  return Path(name);
 }
 
 std::string TemporaryFolder::Read(std::string_view name) const {
-  const fs::path path = FromUtf8(path_) / FromUtf8(name);
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read " + ToUtf8(path));
+  std::ifstream file(At(name), std::ios::binary);
+  if (!file) throw std::runtime_error("cannot read " + Path(name));
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
 bool TemporaryFolder::Holds(std::string_view name) const {
-  return fs::exists(fs::symlink_status(FromUtf8(path_) / FromUtf8(name)));
+  return fs::exists(fs::symlink_status(At(name)));
 }
 
 }  // namespace tests

@@ -1,6 +1,7 @@
 // A folder of a test's own, gone when the test ends.
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,8 @@ class TemporaryFolder {
   [[nodiscard]] bool Holds(std::string_view name) const;
 
  private:
+  [[nodiscard]] std::filesystem::path At(std::string_view name) const;
+
   std::string path_;
 };
 

@@ -16,13 +16,13 @@ struct ZipEntry {
   std::string content;
 };
 
-/// The members in the order of the central directory. Raises std::runtime_error when anything is
-/// not as it has to be: records, sizes, checksums, or bytes that belong to no record. Zip64 is not
+/// The members in the order of the central directory. Raises a std::exception when anything is not
+/// as it has to be: records, sizes, checksums, or bytes that belong to no record. Zip64 is not
 /// understood.
 [[nodiscard]] std::vector<ZipEntry> ReadZip(std::string_view archive);
 
-/// Raw deflate data, decoded by zlib up to its final block. Raises std::runtime_error when it is
-/// damaged, ends early or goes on.
-[[nodiscard]] std::string Inflate(std::string_view deflated);
+/// Raw deflate data that decodes to that many bytes, decoded by zlib. Raises std::runtime_error
+/// when it is damaged, ends early or goes on.
+[[nodiscard]] std::string Inflate(std::string_view deflated, std::size_t bytes);
 
 }  // namespace tests

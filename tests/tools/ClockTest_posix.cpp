@@ -1,11 +1,10 @@
-#include <gtest/gtest.h>
 #include <stdlib.h>
 #include <time.h>
 
+#include "tests/support/Testing.h"
 #include "tools/Clock.h"
 
 namespace tools {
-namespace {
 
 TEST(ClockTest, WritesLocalTimeInIsoFormWithoutALocale) {
   setenv("LC_ALL", "C", 1);
@@ -16,5 +15,4 @@ TEST(ClockTest, WritesLocalTimeInIsoFormWithoutALocale) {
   EXPECT_GE(SystemClock().Year(), 2024);
 }
 
-}  // namespace
 }  // namespace tools

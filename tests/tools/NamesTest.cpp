@@ -1,50 +1,37 @@
-#include <gtest/gtest.h>
-
+#include "tests/support/Testing.h"
 #include "tools/Names.h"
 
 namespace tools {
-namespace {
 
-std::string Clean(std::string_view text) { return CleanFolderName(text, "X", 0, "_"); }
-
-TEST(NamesTest, ReplacesForbiddenCharactersAndCutsTheEnd) {
-  EXPECT_EQ(Clean("a<b>c:d\"e/f\\g|h?i*j\tk"), "a_b_c_d_e_f_g_h_i_j_k");
-  EXPECT_EQ(Clean(" Größe 漢 v1.0. . "), " Größe 漢 v1.0");
-  EXPECT_EQ(Clean("a\xFF"), "a_");
-}
-
-TEST(NamesTest, NothingLeftGivesTheNameOfNothing) {
-  for (const char* text : {"", " ", ".", "..", " . "}) {
-    EXPECT_EQ(Clean(text), "X") << text;
-  }
-  EXPECT_EQ(CleanFileName(".."), "_");
-  EXPECT_EQ(CleanFileName(".product"), ".product");
-}
-
-TEST(NamesTest, MakesDeviceNamesSafe) {
-  EXPECT_EQ(Clean("CON"), "CON_");
-  EXPECT_EQ(Clean("nul.tar.gz"), "nul_.tar.gz");
-  EXPECT_EQ(Clean("Com1 .txt"), "Com1_ .txt");
-  EXPECT_EQ(Clean("LPT³"), "LPT³_");
-  EXPECT_EQ(Clean("CONSOLE"), "CONSOLE");
-  EXPECT_EQ(Clean("COM10"), "COM10");
+TEST(NamesTest, CleansFolderNames) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"a<b>c:d\"e/f\\g|h?i*j\tk", "a_b_c_d_e_f_g_h_i_j_k"},
+      {" Größe 漢 v1.0. . ", " Größe 漢 v1.0"},
+      {"a\xFF", "a_"},
+      {"", "X"},
+      {" . ", "X"},
+      {"..", "X"},
+      {"CON", "CON_"},
+      {"LPT³", "LPT³_"},
+      {"COM10", "COM10"},
+      {"CONSOLE", "CONSOLE"},
+      {"nul.tar.gz", "nul_.tar.gz"},
+      {"Com1 .txt", "Com1_ .txt"}};
+  for (const auto& [text, name] : rows) EXPECT_EQ(CleanFolderName(text, "X", 0, "_"), name);
   EXPECT_EQ(CleanFolderName("AUX", "X", 3, "_"), "AU_");
   EXPECT_EQ(CleanFolderName("AUX", "X", 0, ""), "AUX_");
-}
-
-TEST(NamesTest, CutsBetweenCharacters) {
+  EXPECT_EQ(CleanFolderName("console", "X", 3, "_"), "co_") << "a device name made by the cut";
   EXPECT_EQ(CleanFolderName("aüb", "X", 2, "_"), "a");
   EXPECT_EQ(CleanFolderName("ab. c", "X", 4, "_"), "ab");
-  EXPECT_EQ(CleanFolderName("console", "X", 3, "_"), "co_") << "a device name made by the cut";
-  EXPECT_EQ(Clean("a" + std::string(400, 'b')).size(), 255U);
+  EXPECT_EQ(CleanFolderName("a" + std::string(400, 'b'), "X", 0, "_").size(), 255U);
 }
 
-TEST(NamesTest, TellsPortableNames) {
-  EXPECT_TRUE(IsPortableFileName("Prüfung 1.txt"));
+TEST(NamesTest, TellsPortableFileNames) {
+  EXPECT_EQ(CleanFileName(".."), "_");
+  for (const char* name : {"Prüfung 1.txt", ".product"}) EXPECT_TRUE(IsPortableFileName(name));
   for (const char* name : {"", "a.", "a/b", "a\\b", "..", "prn.txt"}) {
     EXPECT_FALSE(IsPortableFileName(name)) << name;
   }
 }
 
-}  // namespace
 }  // namespace tools

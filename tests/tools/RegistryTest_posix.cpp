@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include "tests/support/TemporaryFolder.h"
-#include "tools/Error.h"
+#include "tests/support/Testing.h"
 #include "tools/Registry.h"
 
 namespace tools {
-namespace {
-
-constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
 
 TEST(RegistryTest, RootsAreFoundByTheirExactNames) {
   EXPECT_EQ(FindRegistryRoot("HKEY_LOCAL_MACHINE"), RegistryRoot::LocalMachine);
@@ -18,28 +13,26 @@ TEST(RegistryTest, RootsAreFoundByTheirExactNames) {
 }
 
 TEST(RegistryTest, ValuesAreKeptFromOneRunToTheNext) {
+  constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
+  const std::string key = "Software\\Quillon\\[Öl] 50%=a;b ";
   const tests::TemporaryFolder folder;
-  setenv("HOME", folder.Path().c_str(), 1);
   setenv("XDG_CONFIG_HOME", folder.Path("config").c_str(), 1);
   SystemDisk disk;
-  const std::string key = "Software\\Quillon\\[Öl] 50%=a;b ";
-  {
-    const auto registry = OpenSystemRegistry(disk);
-    EXPECT_EQ(registry->Read(kUser, key, "LastAuthor", "none"), "none");
-    registry->Write(kUser, key, "LastAuthor", " Jürgen \"J\" ");
-    registry->Write(kUser, key, "", "default");
-    registry->Write(kUser, key, "@", "at");
-    registry->Write(kUser, "", " =[;\n", "odd");
-    EXPECT_THROW(registry->Write(kUser, key, "LastAuthor", "two\nlines"), Error);
-  }
-  const auto registry = OpenSystemRegistry(disk);
-  EXPECT_EQ(registry->Read(kUser, "\\SOFTWARE\\quillon\\[öL] 50%=a;b \\", "LASTAUTHOR", ""),
+  const auto first = OpenSystemRegistry(disk);
+  EXPECT_EQ(first->Read(kUser, key, "LastAuthor", "none"), "none");
+  first->Write(kUser, key, "LastAuthor", " Jürgen \"J\" ");
+  first->Write(kUser, key, "", "default");
+  first->Write(kUser, key, "@", "at");
+  first->Write(kUser, "", " =[;\n", "odd");
+  EXPECT_THROW(first->Write(kUser, key, "LastAuthor", "two\nlines"), Error);
+
+  const auto next = OpenSystemRegistry(disk);
+  EXPECT_EQ(next->Read(kUser, "\\SOFTWARE\\quillon\\[öL] 50%=a;b \\", "LASTAUTHOR", ""),
             " Jürgen \"J\" ");
-  EXPECT_EQ(registry->Read(kUser, key, "", ""), "default");
-  EXPECT_EQ(registry->Read(kUser, key, "@", ""), "at");
-  EXPECT_EQ(registry->Read(kUser, "", " =[;\n", ""), "odd");
-  EXPECT_EQ(registry->Read(RegistryRoot::LocalMachine, key, "LastAuthor", "none"), "none");
+  EXPECT_EQ(next->Read(kUser, key, "", ""), "default");
+  EXPECT_EQ(next->Read(kUser, key, "@", ""), "at");
+  EXPECT_EQ(next->Read(kUser, "", " =[;\n", ""), "odd");
+  EXPECT_EQ(next->Read(RegistryRoot::LocalMachine, key, "LastAuthor", "none"), "none");
 }
 
-}  // namespace
 }  // namespace tools

@@ -1,14 +1,12 @@
-#include <gtest/gtest.h>
-
+#include "tests/support/Testing.h"
 #include "tools/Guid.h"
 #include "tools/Registry.h"
 #include "tools/WindowsApi.h"
 #include "tools/WindowsPath.h"
 
 namespace tools {
-namespace {
 
-using Names = std::vector<std::string>;
+using testing::ElementsAre;
 
 TEST(RegistryTest, TheSystemKeepsKeysAndValues) {
   constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
@@ -26,12 +24,11 @@ TEST(RegistryTest, TheSystemKeepsKeysAndValues) {
   EXPECT_EQ(registry->Read(kUser, key, "", ""), "default");
   EXPECT_EQ(registry->Read(kUser, key + "\\öl\\a", "Lang", ""), longText);
   EXPECT_EQ(registry->Read(kUser, key + "\\b", "Lang", "none"), "");
-  EXPECT_EQ(registry->SubkeyNames(kUser, key), (Names{"b", "Öl"}));
-  EXPECT_EQ(registry->ValueNames(kUser, key), (Names{"Autor"}));
-  EXPECT_EQ(registry->SubkeyNames(kUser, key + "\\missing"), (Names{}));
-  EXPECT_EQ(registry->SubkeyNames(RegistryRoot::DynData, ""), (Names{}));
+  EXPECT_THAT(registry->SubkeyNames(kUser, key), ElementsAre("b", "Öl"));
+  EXPECT_THAT(registry->ValueNames(kUser, key), ElementsAre("Autor"));
+  EXPECT_THAT(registry->SubkeyNames(kUser, key + "\\missing"), ElementsAre());
+  EXPECT_THAT(registry->SubkeyNames(RegistryRoot::DynData, ""), ElementsAre());
   EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, ToWide(key).c_str()), ERROR_SUCCESS);
 }
 
-}  // namespace
 }  // namespace tools

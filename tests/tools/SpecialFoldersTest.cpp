@@ -1,16 +1,13 @@
-#include <gtest/gtest.h>
-
+#include "tests/support/Testing.h"
 #include "tools/Disk.h"
 #include "tools/Files.h"
 #include "tools/Path.h"
 #include "tools/SpecialFolders.h"
 
 namespace tools {
-namespace {
 
 TEST(SpecialFoldersTest, KnowsItsFoldersAndNoOthers) {
-  for (const std::int32_t number :
-       {kDocumentsFolder, kUserDataFolder, kProfileFolder, kTemporaryFolder}) {
+  for (const auto number : {kDocumentsFolder, kUserDataFolder, kProfileFolder, kTemporaryFolder}) {
     const std::string folder = SpecialFolder(number);
     EXPECT_TRUE(IsAbsolutePath(folder)) << number;
     EXPECT_FALSE(folder.size() > 3 && IsPathSeparator(folder.back())) << folder;
@@ -22,9 +19,8 @@ TEST(SpecialFoldersTest, APrivateFolderIsGoneWithItsContents) {
   std::string path;
   {
     const PrivateTemporaryFolder folder;
-    const PrivateTemporaryFolder other;
     path = folder.Path();
-    EXPECT_NE(path, other.Path());
+    EXPECT_NE(path, PrivateTemporaryFolder().Path());
     EXPECT_EQ(FolderOf(path), SpecialFolder(kTemporaryFolder));
     const std::string inside = JoinPath(path, "PackwrightTemp");
     MakeFolder(inside);
@@ -34,5 +30,4 @@ TEST(SpecialFoldersTest, APrivateFolderIsGoneWithItsContents) {
   EXPECT_FALSE(FolderExists(path));
 }
 
-}  // namespace
 }  // namespace tools

@@ -1,27 +1,24 @@
-#include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/stat.h>
 
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Testing.h"
 #include "tools/SpecialFolders.h"
 
 namespace tools {
-namespace {
 
 class XdgFoldersTest : public testing::Test {
  protected:
-  void SetUp() override {
+  XdgFoldersTest() {
     setenv("HOME", folder_.Path().c_str(), 1);
-    unsetenv("XDG_CONFIG_HOME");
+    setenv("XDG_CONFIG_HOME", "relative/is/ignored", 1);
     unsetenv("TMPDIR");
   }
-  void TearDown() override { unsetenv("TMPDIR"); }
+  ~XdgFoldersTest() override { unsetenv("TMPDIR"); }
 
   const tests::TemporaryFolder folder_;
 };
 
 TEST_F(XdgFoldersTest, DefaultsLieInTheHomeFolder) {
-  setenv("XDG_CONFIG_HOME", "relative/is/ignored", 1);
   EXPECT_EQ(SpecialFolder(kProfileFolder), folder_.Path());
   EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path(".config"));
   EXPECT_EQ(SpecialFolder(kDocumentsFolder), folder_.Path());
@@ -50,5 +47,4 @@ TEST_F(XdgFoldersTest, OnlyItsUserMayEnterAPrivateFolder) {
   EXPECT_EQ(status.st_mode & 0777, 0700U);
 }
 
-}  // namespace
 }  // namespace tools

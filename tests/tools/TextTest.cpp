@@ -1,11 +1,9 @@
-#include <gtest/gtest.h>
-
+#include "tests/support/Testing.h"
 #include "tools/Text.h"
 
 namespace tools {
-namespace {
 
-using Items = std::vector<std::string>;
+using testing::ElementsAre;
 
 TEST(TextTest, CaseIsIgnoredForAllLetters) {
   EXPECT_TRUE(EqualIgnoringCase("ÜBERGRÖSSE.TXT", "übergrösse.txt"));
@@ -25,25 +23,16 @@ TEST(TextTest, BytesThatAreNotUtf8AreKept) {
   EXPECT_TRUE(IsValidUtf8("aü漢\xF0\x9F\x98\x80"));
 }
 
-TEST(TextTest, TrimsSpacesAndTabsOnly) {
+TEST(TextTest, TrimsReplacesAndSplits) {
   EXPECT_EQ(TrimBlanks(" \ta b\t "), "a b");
   EXPECT_EQ(TrimBlanks("\n a"), "\n a");
   EXPECT_EQ(TrimBlanks(" \t "), "");
-  EXPECT_EQ(TrimBlanks(""), "");
-}
-
-TEST(TextTest, ReplacesEveryOccurrenceOnce) {
   EXPECT_EQ(ReplaceAll("%t% und %t%, %T%", "%t%", "%t%%t%"), "%t%%t% und %t%%t%, %T%");
   EXPECT_EQ(ReplaceAll("aaa", "aa", ""), "a");
-  EXPECT_EQ(ReplaceAll("", "x", "y"), "");
+  EXPECT_THAT(SplitList("a;\"b;c\";d", ';', '"'), ElementsAre("a", "\"b;c\"", "d"));
+  EXPECT_THAT(SplitList("a\"b;c;d", ';', '"'), ElementsAre("a\"b", "c", "d")) << "an open quote";
+  EXPECT_THAT(SplitList("a;;", ';', '"'), ElementsAre("a", "", ""));
+  EXPECT_THAT(SplitList("", ';', '"'), ElementsAre());
 }
 
-TEST(TextTest, SplitsOutsideQuotes) {
-  EXPECT_EQ(SplitList("a;\"b;c\";d", ';', '"'), (Items{"a", "\"b;c\"", "d"}));
-  EXPECT_EQ(SplitList("a\"b;c;d", ';', '"'), (Items{"a\"b", "c", "d"})) << "a quote left open";
-  EXPECT_EQ(SplitList("a;;", ';', '"'), (Items{"a", "", ""}));
-  EXPECT_TRUE(SplitList("", ';', '"').empty());
-}
-
-}  // namespace
 }  // namespace tools

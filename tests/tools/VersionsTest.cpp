@@ -1,29 +1,19 @@
-#include <gtest/gtest.h>
-
+#include "tests/support/Testing.h"
 #include "tools/Versions.h"
 
 namespace tools {
-namespace {
 
-TEST(VersionsTest, SplitsLeniently) {
-  EXPECT_EQ(SplitVersion("1.2.3"), (Version{1, 2, 3}));
-  EXPECT_EQ(SplitVersion(" 2 . 10beta.x"), (Version{2, 10, 0}));
-  EXPECT_EQ(SplitVersion("7"), (Version{7, 0, 0}));
-  EXPECT_EQ(SplitVersion(""), (Version{0, 0, 0}));
-  EXPECT_EQ(SplitVersion("1.2.3.4"), (Version{1, 2, 3}));
-  EXPECT_EQ(SplitVersion("99999999999.0.1"), (Version{2147483647, 0, 1}));
-}
-
-TEST(VersionsTest, ComparesNumbersNotText) {
+TEST(VersionsTest, SplitsLenientlyAndComparesNumbersNotText) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"1.2.3", "1.2.3"}, {" 2 . 10beta.x", "2.10.0"}, {"7", "7.0.0"},
+      {"", "0.0.0"},      {"1.2.3.4", "1.2.3"},        {"99999999999.0.1", "2147483647.0.1"}};
+  for (const auto& [text, version] : rows) {
+    EXPECT_EQ(FormatVersion(SplitVersion(text)), version);
+  }
   EXPECT_EQ(CompareVersions("1.9.0", "1.10.0"), 1);
   EXPECT_EQ(CompareVersions("2.0.0", "1.99.99"), -1);
   EXPECT_EQ(CompareVersions("1.0", "1.0.0"), 0);
-}
-
-TEST(VersionsTest, FormatsWhatSplittingReads) {
-  EXPECT_EQ(FormatVersion({1, 20, 3}), "1.20.3");
   EXPECT_GT(ToolVersion(), (Version{0, 0, 0}));
 }
 
-}  // namespace
 }  // namespace tools

@@ -1,49 +1,45 @@
-#include <gtest/gtest.h>
-
 #include <limits>
 
+#include "tests/support/Testing.h"
 #include "tools/ZipFormat.h"
 
-namespace {
-
-constexpr std::uint64_t k4Gib = 0xFFFFFFFF;
+namespace tools {
 
 TEST(ZipFormatTest, TimesAreUtcInStepsOfTwoSeconds) {
-  constexpr std::int64_t kSecond = 1'000'000'000;
+  using Limits = std::numeric_limits<std::int64_t>;
   const auto dos = [](unsigned y, unsigned mo, unsigned d, unsigned h, unsigned mi, unsigned s) {
     return ((y - 1980) << 25U) | (mo << 21U) | (d << 16U) | (h << 11U) | (mi << 5U) | (s / 2);
   };
-  EXPECT_EQ(tools::DosDateTime(1'709'209'845 * kSecond), dos(2024, 2, 29, 12, 30, 45));
-  EXPECT_EQ(tools::DosDateTime(1'709'209'845 * kSecond + 999'999'999),
-            dos(2024, 2, 29, 12, 30, 44));
-  for (const std::int64_t early :
-       {std::int64_t{0}, std::int64_t{-1}, std::numeric_limits<std::int64_t>::min()}) {
-    EXPECT_EQ(tools::DosDateTime(early), dos(1980, 1, 1, 0, 0, 0)) << early;
-  }
-  EXPECT_EQ(tools::DosDateTime(std::numeric_limits<std::int64_t>::max()),
-            dos(2107, 12, 31, 23, 59, 58));
+  const std::pair<std::int64_t, std::uint32_t> rows[] = {
+      {1'709'209'845'000'000'000, dos(2024, 2, 29, 12, 30, 45)},
+      {1'709'209'845'999'999'999, dos(2024, 2, 29, 12, 30, 44)},
+      {0, dos(1980, 1, 1, 0, 0, 0)},
+      {Limits::min(), dos(1980, 1, 1, 0, 0, 0)},
+      {Limits::max(), dos(2107, 12, 31, 23, 59, 58)}};
+  for (const auto& [nanoseconds, time] : rows) EXPECT_EQ(DosDateTime(nanoseconds), time);
 }
 
 TEST(ZipFormatTest, Zip64FormStandsOnlyWhereValuesAskForIt) {
-  tools::ZipMember member{
-      .name = "a", .sourceBytes = k4Gib - 1, .storedBytes = k4Gib - 1, .headerOffset = k4Gib - 1};
-  const auto centralBytes = [&] {
-    std::string record;
-    tools::AppendCentralRecord(record, member);
-    return record.size();
-  };
-  EXPECT_EQ(tools::LocalHeader(member).size(), 30U + 1);
-  EXPECT_EQ(centralBytes(), 46U + 1);
-  member.headerOffset = k4Gib;
-  EXPECT_EQ(tools::LocalHeader(member).size(), 30U + 1);
-  EXPECT_EQ(centralBytes(), 46U + 1 + 4 + 8);
-  member.sourceBytes = k4Gib;
-  EXPECT_EQ(tools::LocalHeader(member).size(), 30U + 1 + 4 + 16);
-  EXPECT_EQ(centralBytes(), 46U + 1 + 4 + 24);
-
-  EXPECT_EQ(tools::DirectoryEnd(65534, 1, k4Gib - 1).size(), 22U);
-  EXPECT_EQ(tools::DirectoryEnd(65535, 1, 1).size(), 22U + 20 + 56);
-  EXPECT_EQ(tools::DirectoryEnd(1, 1, k4Gib).size(), 22U + 20 + 56);
+  constexpr std::uint64_t k4Gib = 0xFFFFFFFF;
+  const struct {
+    std::uint64_t bytes;
+    std::uint64_t offset;
+    std::size_t localExtra;
+    std::size_t centralExtra;
+  } rows[] = {{k4Gib - 1, k4Gib - 1, 0, 0}, {k4Gib - 1, k4Gib, 0, 12}, {k4Gib, k4Gib, 20, 28}};
+  for (const auto& row : rows) {
+    const ZipMember member{.name = "a",
+                           .sourceBytes = row.bytes,
+                           .storedBytes = k4Gib - 1,
+                           .headerOffset = row.offset};
+    std::string central;
+    AppendCentralRecord(central, member);
+    EXPECT_EQ(LocalHeader(member).size(), 30 + 1 + row.localExtra);
+    EXPECT_EQ(central.size(), 46 + 1 + row.centralExtra);
+  }
+  EXPECT_EQ(DirectoryEnd(65534, 1, k4Gib - 1).size(), 22U);
+  EXPECT_EQ(DirectoryEnd(65535, 1, 1).size(), 22U + 20 + 56);
+  EXPECT_EQ(DirectoryEnd(1, 1, k4Gib).size(), 22U + 20 + 56);
 }
 
-}  // namespace
+}  // namespace tools
