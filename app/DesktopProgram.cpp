@@ -16,9 +16,10 @@ std::string ProgramFolder() {
 
 }  // namespace
 
-DesktopProgram::DesktopProgram()
+DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
     : settings_(disk_),
       registry_(tools::OpenSystemRegistry(disk_)),
+      dialogs_(dialogs != nullptr ? *dialogs : desktopDialogs_),
       project_(settings_),
       newProductForm_(*registry_, dialogs_),
       operations_(project_, dialogs_, clock_, newProductForm_),
@@ -34,7 +35,7 @@ DesktopProgram::DesktopProgram()
                .registry = *registry_,
                .pageRegistry = pageRegistry_}) {
   window_.ConnectWizards(wizards_);
-  dialogs_.SetParent(&window_);
+  desktopDialogs_.SetParent(&window_);
   newProductForm_.SetParent(&window_);
   wizards_.SetParent(&window_);
 }

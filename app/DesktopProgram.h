@@ -21,7 +21,9 @@ namespace app {
 /// Needs a QApplication. The main window is not shown yet.
 class DesktopProgram {
  public:
-  DesktopProgram();
+  /// `dialogs` answers the program's questions in place of the real windows; it must outlive this
+  /// object. Null: the real ones.
+  explicit DesktopProgram(tools::Dialogs* dialogs = nullptr);
   ~DesktopProgram();
   DesktopProgram(const DesktopProgram&) = delete;
   DesktopProgram& operator=(const DesktopProgram&) = delete;
@@ -38,7 +40,8 @@ class DesktopProgram {
   tools::SettingsStore settings_;
   std::unique_ptr<tools::Registry> registry_;
   tools::SystemClock clock_;
-  tools::DesktopDialogs dialogs_;
+  tools::DesktopDialogs desktopDialogs_;
+  tools::Dialogs& dialogs_;
   model::ModProject project_;
   shell::NewProductDialog newProductForm_;
   model::ModProjectOperations operations_;

@@ -1,23 +1,13 @@
 #include <QCheckBox>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTest>
-#include <QToolBar>
-#include <QTreeView>
-#include <QTreeWidget>
+#include <sstream>
 
-#include "app/DesktopProgram.h"
-#include "tests/support/TemporaryFolder.h"
+#include "console/Program.h"
+#include "shell/GuardedApplication.h"
 #include "tests/support/ZipReader.h"
-#include "tests/support/desktop/ModalScript.h"
-#include "tests/support/desktop/Widgets.h"
-#include "tools/desktop/QtText.h"
+#include "tests/support/desktop/OpenedProgram.h"
+#include "tests/support/desktop/PropertyGrid.h"
 #include "tools/desktop/WizardStructure.h"
 
 namespace tests {
@@ -25,92 +15,62 @@ namespace tests {
 using tools::ToQString;
 using tools::WizardStructure;
 
-namespace {
-
-void Press(QWidget& window, const char* button) {
-  QTest::mouseClick(&Child<QPushButton>(window, button), Qt::LeftButton);
-}
-
-void Type(QWidget& field, const QString& text) {
-  QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClicks(&field, text);
-}
-
-/// Presses the right mouse button on the list and clicks the menu's item of that name.
-void ChooseFromMenu(QAbstractItemView& list, const char* item) {
-  QWidget& area = *list.viewport();
-  QTest::mousePress(&area, Qt::RightButton, {}, area.rect().center());
-  QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
-  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  for (QAction* action : menu->actions()) {
-    if (action->objectName() != item) continue;
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-    return;
-  }
-  QFAIL(item);
-}
-
-}  // namespace
-
+/// From nothing to a setup with every window of the program, by mouse and keyboard.
 class WholeWayTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    home_ = std::make_unique<TemporaryFolder>();
-    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "APPDATA"}) {
-      qputenv(name, QByteArray::fromStdString(home_->Path()));
-    }
     work_ = std::make_unique<TemporaryFolder>();
-    work_->Write("quelle/programm.exe", "MZ Programm");
-    work_->Write("quelle/handbuch/eins.txt", "eins");
-    work_->Write("quelle/handbuch/bilder/zwei.txt", "zwei");
-    program_ = std::make_unique<app::DesktopProgram>();
-    program_->Window().show();
-    QVERIFY(QTest::qWaitForWindowActive(&program_->Window()));
+    UseHome(*work_);
+    program_ = std::make_unique<OpenedProgram>();
   }
 
-  void cleanup() {
-    program_.reset();
-    work_.reset();
-    home_.reset();
-  }
+  void cleanup() { program_.reset(); }
 
   void FromNothingToAWholeSetupByMouseAndKeyboard() {
+    work_->Write("quelle/programm.exe", "MZ Programm");
+    work_->Write("quelle/handbuch/Über.txt", "oben");
+    work_->Write("quelle/handbuch/tief/漢字; a.dat", "unten");
     MakeProduct();
     AddVersionAndComponent();
     AddFiles();
-    SetBuildOptions();
+    EditFile();
+    AddRegistryValue();
+    LeaveComponent();
+    EditVersion();
+    RenameCloseAndOpenAgain();
     RunSetupWizard();
-
-    std::map<std::string, std::string> stored;
-    for (const ZipEntry& member : ReadZip(work_->Read("fertig/Demo.zip"))) {
-      stored[member.name] = member.content;
-    }
-    const std::map<std::string, std::string> expected{
-        {"1.exe", "MZ Programm"}, {"2.txt", "eins"}, {"3.txt", "zwei"}};
-    QCOMPARE(stored, expected);
-    const std::string script = work_->Read("fertig/Demo.install");
-    for (const char* name : {"programm.exe", "eins.txt", "zwei.txt"}) {
-      QVERIFY2(script.find(name) != std::string::npos, name);
-    }
-    const std::string log = work_->Read("fertig/build.log");
-    QVERIFY2(log.find("ERROR") == std::string::npos && log.find("Warning") == std::string::npos,
-             log.c_str());
+    CheckSetup("fertig");
+    BuildWithoutTheWizard();
+    CheckSetup("ohne Fenster");
   }
 
   void OpensTheProductThatIsTheOnlyArgument() {
-    const QString product =
-        ToQString(work_->Write("demo.product", "[General]\nVersion=1.0\n[Product]\nTitle=Demo\n"));
-    program_->OpenFromCommandLine({"packwright"});
-    program_->OpenFromCommandLine({"packwright", product, product});
-    QCOMPARE(program_->Window().windowTitle(), "Packwright");
-    program_->OpenFromCommandLine({"packwright", product});
-    QCOMPARE(program_->Window().windowTitle(), "Packwright - demo.product");
+    const QString product = ToQString(work_->Write("demo.product", "[General]\nVersion=1.0\n"));
+    program_->program.OpenFromCommandLine({"packwright"});
+    program_->program.OpenFromCommandLine({"packwright", product, product});
+    QCOMPARE(program_->window.windowTitle(), "Packwright");
+    program_->program.OpenFromCommandLine({"packwright", product});
+    QCOMPARE(program_->window.windowTitle(), "Packwright - demo.product");
 
     ModalScript script;
     script.ExpectAndPress("messageBox", "cmdOK");
-    program_->OpenFromCommandLine({"packwright", product + ".fehlt"});
+    program_->program.OpenFromCommandLine({"packwright", product + ".fehlt"});
+  }
+
+  void AnExceptionThatLeavesAHandlerIsShownAndTheProgramGoesOn() {
+    class Thrower : public QObject {
+     public:
+      bool event(QEvent* /*event*/) override { throw std::runtime_error("daneben"); }
+    };
+    Thrower thrower;
+    QEvent event(QEvent::User);
+    ModalScript script;
+    script.ExpectAndPress("messageBox", "cmdOK");
+    application_.SetDialogs(&program_->program.Dialogs());
+    QVERIFY(QApplication::sendEvent(&thrower, &event));
+    application_.SetDialogs(nullptr);
   }
 
  private:
@@ -122,81 +82,87 @@ class WholeWayTest : public QObject {
       Type(Child(dialog, "txtFilename"), ToQString(work_->Path("produkt/demo.product")));
       QTest::keyClick(&dialog, Qt::Key_Return);
     });
-    ClickTool("new");
-    QCOMPARE(program_->Window().windowTitle(), "Packwright - demo.product");
+    QTest::keySequence(&program_->window, QKeySequence::New);
+    QCOMPARE(program_->window.windowTitle(), "Packwright - demo.product");
   }
 
   void AddVersionAndComponent() {
     ModalScript script;
-    const auto answer = [&script](const QString& text) {
-      script.Expect<QDialog>("inputBox", [text](QDialog& box) {
-        Type(Child(box, "txtInput"), text);
-        QTest::keyClick(&box, Qt::Key_Return);
-      });
-    };
-    ClickNode("product");
-    answer("1.2.0");
-    ChooseFromMenu(Tree(), "mnuProductAddVersion");
-    ClickNode("v1");
-    answer("Kern");
-    ChooseFromMenu(Tree(), "mnuVersionAddComponent");
+    program_->Click("product");
+    script.ExpectTyping("inputBox", "txtInput", "1.2.0");
+    program_->PickFromMenu("mnuProductAddVersion");
+    QTest::keyClick(&program_->Tree(), Qt::Key_Down);
+    script.ExpectTyping("inputBox", "txtInput", "Hilfe & Co");
+    program_->PickFromMenu("mnuVersionAddComponent");
   }
 
   void AddFiles() {
-    ClickNode("v1c1");
-    auto& folders = Control<QComboBox>("cmbDestinationFolder");
-    QTest::keyClicks(&folders, "Installationsordner");
-    QCOMPARE(folders.currentText(), "Installationsordner");
-
+    program_->Click("v1c1");
+    const QWidget& page = ShowPage("Dateien");
+    QTest::keyClicks(&Child(page, "cmbDestinationFolder"), "Installationsordner");
     ModalScript script;
-    const auto choose = [&script](const char* name, const std::string& path) {
-      script.Expect<QFileDialog>(name, [path](QFileDialog& dialog) {
-        auto* field = dialog.findChild<QLineEdit*>();
-        Type(*field, ToQString(path));
-        QTest::keyClick(field, Qt::Key_Return);
-      });
-    };
-    choose("openFile", work_->Path("quelle/programm.exe"));
-    Press(program_->Window(), "cmdAddFile");
-    choose("browseFolder", work_->Path("quelle/handbuch"));
-    auto& list = Control<QTreeView>("lsvBrowser");
-    ChooseFromMenu(list, "mnuAddDirectory1");
-    QCOMPARE(list.model()->rowCount(), 3);
-    // The offscreen platform leaves it to the program to go back to the window.
-    program_->Window().activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&program_->Window()));
-    QTest::keyClick(&list, Qt::Key_S, Qt::ControlModifier);
-    QVERIFY(work_->Read("produkt/Version 1.2.0/component1.component").find("zwei.txt") !=
-            std::string::npos);
+    script.ExpectTyping("openFile", "fileNameEdit", ToQString(work_->Path("quelle/programm.exe")));
+    Press(page, "cmdAddFile");
+    script.ExpectTyping("browseFolder", "fileNameEdit", ToQString(work_->Path("quelle/handbuch")));
+    auto& list = Child<QAbstractItemView>(page, "lsvBrowser");
+    QTest::mousePress(list.viewport(), Qt::RightButton, {}, list.viewport()->rect().center());
+    PickFrom(OpenedMenu(), "mnuAddDirectory1");
   }
 
-  void SetBuildOptions() {
-    ClickNode("v1");
-    auto& tabs = Control<QTabBar>("tabDataEditor");
-    for (int i = 0; i < tabs.count(); ++i) {
-      if (tabs.tabText(i) == "Erstellungs-Optionen") {
-        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(i).center());
-      }
-    }
-    auto& rows = Child<QTreeView>(Control<QWidget>("propsConfig"), "lsvProps");
+  void EditFile() {
+    const QWidget& page = ShowPage("Dateien");
+    auto& list = Child<QAbstractItemView>(page, "lsvBrowser");
+    Click(list, list.model()->index(1, 0));
+    Edit(page, "Zielordner", "Texte\\neu");
+    Edit(page, "Zieldateiname", "Über uns.txt");
+  }
+
+  void AddRegistryValue() {
+    const QWidget& page = ShowPage("Registrierung");
     ModalScript script;
-    script.Expect<QDialog>("frmEditProperty", [](QDialog& dialog) {
-      Type(Child(dialog, "txtNewValue"), "../fertig");
-      QTest::keyClick(&dialog, Qt::Key_Return);
-    });
-    const QPoint place = rows.visualRect(rows.model()->index(1, 0)).center();
-    QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, place);
-    ClickTool("save");
+    script.ExpectTyping("inputBox", "txtInput", "n");
+    script.ExpectTyping("frmEditProperty", "txtNewValue", "w");
+    Press(page, "cmdAddValue");
+  }
+
+  void LeaveComponent() {
+    ModalScript script;
+    script.ExpectAndPress("messageBox", "cmdYes");  // apply the files?
+    script.ExpectAndPress("messageBox", "cmdYes");  // apply the registry values?
+    program_->Click("v1");
+    const std::string stored = work_->Read("produkt/Version 1.2.0/component1.component");
+    QVERIFY2(stored.ends_with("Val1Name=n\nVal1Setting=w\n"), stored.c_str());
+  }
+
+  void EditVersion() {
+    Edit(ShowPage("Erstellungs-Optionen"), "Ausgabeordner", "../fertig");
+    Type(Child(ShowPage("Tessel-Datenbank"), "txtTesselKey"), "demokey");
+    program_->Press("save");
+  }
+
+  void RenameCloseAndOpenAgain() {
+    program_->Click("product");
+    Edit(ShowPage("Produkt"), "Produktbezeichnung", "Demo 2");
+    ModalScript script;
+    script.ExpectAndPress("messageBox", "cmdYes");  // apply the title?
+    program_->Press("close");
+    QCOMPARE(program_->Nodes(), QStringList());
+
+    program_->Open(work_->Path("produkt/demo.product"));
+    QCOMPARE(program_->Nodes(),
+             QStringList({"product=Demo 2", "v1=Version 1.2.0", "[v1c1=Hilfe & Co]"}));
+    program_->Click("product");
+    QVERIFY(Rows(Grid(program_->window)).contains("Autor=Anna"));
   }
 
   void RunSetupWizard() {
+    program_->Click("v1");
     ModalScript script;
     script.Expect<WizardStructure>("wizardStructure", [](WizardStructure& frame) {
       QTest::keyClick(frame.focusWidget(), Qt::Key_Return);
-      QCOMPARE(Child<QLabel>(frame, "lblPageTitle").text(), "Konfiguration wählen");
+      QCOMPARE(Shown(frame, "lblPageTitle"), "Konfiguration wählen");
       Press(frame, "cmdNext");
-      QCOMPARE(Child<QLineEdit>(frame, "txtFolder").text(), "../fertig");
+      QCOMPARE(Shown(frame, "txtFolder"), "../fertig");
       QTest::keyClick(frame.focusWidget(), Qt::Key_Return);
       QTest::keyClick(frame.focusWidget(), Qt::Key_Space);
       QVERIFY(Child<QCheckBox>(frame, "chkMakeZip").isChecked());
@@ -208,37 +174,53 @@ class WholeWayTest : public QObject {
       QTest::keyClick(&box, Qt::Key_Return);
       QCOMPARE(text, "Das Setup wurde erstellt.");
     });
-    ClickTool("setupwiz");
+    program_->Press("setupwiz");
   }
 
-  template <typename T>
-  T& Control(const char* name) {
-    return Child<T>(program_->Window(), name);
+  void BuildWithoutTheWizard() {
+    std::ostringstream output;
+    std::ostringstream errors;
+    const auto result = console::RunProgram(
+        {"produkt/demo.product", "1.2.0", "--output", work_->Path("ohne Fenster")},
+        {.streams = {output, errors, false},
+         .workingFolder = work_->Path(),
+         .programFolder = work_->Path()});
+    QVERIFY2(result == console::ExitCode::Built, errors.str().c_str());
   }
 
-  QTreeWidget& Tree() { return Control<QTreeWidget>("trvProjectTree"); }
-
-  void ClickTool(const char* name) {
-    auto* action = program_->Window().findChild<QAction*>(name);
-    QTest::mouseClick(Control<QToolBar>("tbrMain").widgetForAction(action), Qt::LeftButton);
-  }
-
-  void ClickNode(const QString& key) {
-    QTreeWidget& tree = Tree();
-    for (QTreeWidgetItem* item : tree.findItems("*", Qt::MatchWildcard | Qt::MatchRecursive)) {
-      if (item->data(0, Qt::UserRole).toString() != key) continue;
-      QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
-      return;
+  void CheckSetup(const std::string& folder) {
+    QStringList members;
+    for (const ZipEntry& member : ReadZip(work_->Read(folder + "/Demo 2.zip"))) {
+      members += ToQString(member.name + "=" + member.content);
     }
-    QFAIL(qUtf8Printable("no node " + key));
+    QCOMPARE(members, QStringList({"1.exe=MZ Programm", "2.txt=oben", "3.dat=unten"}));
+    const QString script = ToQString(work_->Read(folder + "/Demo 2.install"));
+    for (const char* part :
+         {"programm.exe", "%InstallPath%\\Texte\\neu", "Über uns.txt", "demokey"}) {
+      QVERIFY2(script.contains(part), part);
+    }
+    const QString log = ToQString(work_->Read(folder + "/build.log"));
+    QVERIFY2(!log.contains("ERROR") && !log.contains("Warning"), qUtf8Printable(log));
   }
 
-  std::unique_ptr<TemporaryFolder> home_;
+  /// Clicks the tab of that title; gives the page that is shown then.
+  QWidget& ShowPage(const QString& title) {
+    auto& tabs = Child<QTabBar>(program_->window, "tabDataEditor");
+    for (int i = 0; i < tabs.count(); ++i) {
+      if (tabs.tabText(i) != title) continue;
+      QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(i).center());
+      return Child(program_->window, qPrintable(QString("EditorTab%1").arg(i + 1)));
+    }
+    qFatal("no page \"%s\"", qUtf8Printable(title));
+  }
+
+  int argumentCount_ = 0;
+  shell::GuardedApplication application_{argumentCount_, nullptr};
   std::unique_ptr<TemporaryFolder> work_;
-  std::unique_ptr<app::DesktopProgram> program_;
+  std::unique_ptr<OpenedProgram> program_;
 };
 
 }  // namespace tests
 
-QTEST_MAIN(tests::WholeWayTest)
+QTEST_APPLESS_MAIN(tests::WholeWayTest)
 #include "WholeWayTest.moc"

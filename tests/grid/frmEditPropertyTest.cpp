@@ -1,9 +1,5 @@
-#include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 #include "grid/frmEditProperty.h"
 #include "tests/support/desktop/Widgets.h"
@@ -12,12 +8,32 @@ namespace tests {
 
 namespace {
 
-// What a window system sends for the close box.
-void PressCloseBox(QWidget& window) {
-  QCloseEvent event;
-  QSpontaneKeyEvent::setSpontaneous(&event);
-  qApp->notify(&window, &event);
-}
+/// The dialog as it is opened for a value.
+struct Fixture {
+  explicit Fixture(const QString& value = "alter Text", bool withReset = false) {
+    dialog.SetPrompt("Geben Sie den neuen Wert ein:");
+    dialog.SetValue(value);
+    dialog.SetEnableDefaultValue(withReset);
+    dialog.SetDefaultValue("Vorgabe");
+    dialog.open();
+    Activate();
+  }
+
+  void Activate() {
+    dialog.activateWindow();
+    if (!QTest::qWaitForWindowActive(&dialog)) qFatal("the dialog does not become active");
+  }
+  void LeaveAndComeBack() {
+    QWidget other;
+    other.show();
+    if (!QTest::qWaitForWindowActive(&other)) qFatal("the window does not become active");
+    other.hide();
+    Activate();
+  }
+
+  grid::frmEditProperty dialog;
+  QLineEdit& newValue = Child<QLineEdit>(dialog, "txtNewValue");
+};
 
 }  // namespace
 
@@ -25,128 +41,82 @@ class frmEditPropertyTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    dialog_ = std::make_unique<grid::frmEditProperty>();
-    dialog_->SetPrompt("Geben Sie den neuen Wert für \"Titel\" ein:");
-    dialog_->SetValue("alter Text");
-  }
-
   void ShowsTheValueTwiceAndSelectsTheNewOne() {
-    Show();
-    QCOMPARE(dialog_->windowTitle(), "Eigenschaft ändern");
-    QCOMPARE(Child<QLabel>(*dialog_, "lblPrompt").text(),
-             "Geben Sie den neuen Wert für \"Titel\" ein:");
-    QCOMPARE(Child<QLabel>(*dialog_, "lblOldValue").text(), "Alter Wert:");
-    QCOMPARE(Child<QLabel>(*dialog_, "lblNewValue").text(), "Neuer Wert:");
-    QCOMPARE(Child<QPushButton>(*dialog_, "cmdOK").text(), "OK");
-    QCOMPARE(Child<QPushButton>(*dialog_, "cmdCancel").text(), "Abbrechen");
-    QVERIFY(!Child(*dialog_, "cmdReset").isVisible());
-    QCOMPARE(OldValue().text(), "alter Text");
-    QCOMPARE(NewValue().selectedText(), "alter Text");
-    QVERIFY(NewValue().hasFocus());
+    const Fixture f;
+    QCOMPARE(f.dialog.windowTitle(), "Eigenschaft ändern");
+    QCOMPARE(
+        Shown(f.dialog,
+              {"lblPrompt", "lblOldValue", "lblNewValue", "txtOldValue", "cmdOK", "cmdCancel"}),
+        QStringList({"Geben Sie den neuen Wert ein:", "Alter Wert:", "Neuer Wert:", "alter Text",
+                     "OK", "Abbrechen"}));
+    QVERIFY(!Child(f.dialog, "cmdReset").isVisible());
+    QCOMPARE(f.newValue.selectedText(), "alter Text");
+    QVERIFY(f.newValue.hasFocus());
   }
 
-  void APastedLineBreakBecomesABlank() {
-    Show();
+  void OkGivesTheTextAsItWasTypedAndAPastedLineBreakAsABlank() {
+    Fixture f;
+    QTest::keyClicks(&f.newValue, "  abc  ");
     QApplication::clipboard()->setText("ein\nPfad\r\n");
-    QTest::keyClick(&NewValue(), Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(NewValue().text(), "ein Pfad  ");
+    QTest::keyClick(&f.newValue, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClick(&f.newValue, Qt::Key_Return);
+    QVERIFY(!f.dialog.isVisible() && f.dialog.Apply());
+    QCOMPARE(f.dialog.Value(), "  abc  ein Pfad  ");
   }
 
-  void OkGivesTheTextAsItWasTyped() {
-    Show();
-    QTest::keyClicks(&NewValue(), "  abc  ");
-    QTest::keyClick(&NewValue(), Qt::Key_Return);
-    QVERIFY(!dialog_->isVisible());
-    QVERIFY(dialog_->Apply());
-    QCOMPARE(dialog_->Value(), "  abc  ");
-  }
-
-  void CancelEscapeAndTheCloseBoxKeepTheValue_data() {
-    QTest::addColumn<std::function<void()>>("leave");
-    QTest::newRow("cmdCancel") << std::function<void()>(
-        [this] { QTest::mouseClick(&Child<QPushButton>(*dialog_, "cmdCancel"), Qt::LeftButton); });
-    QTest::newRow("Escape") << std::function<void()>(
-        [this] { QTest::keyClick(dialog_.get(), Qt::Key_Escape); });
-    QTest::newRow("close box") << std::function<void()>([this] { PressCloseBox(*dialog_); });
-    QTest::newRow("the program") << std::function<void()>([this] { dialog_->close(); });
-  }
-
-  void CancelEscapeAndTheCloseBoxKeepTheValue() {
-    QFETCH(std::function<void()>, leave);
-    Show();
-    QTest::keyClicks(&NewValue(), "neu");
-    leave();
-    QVERIFY(!dialog_->isVisible());
-    QVERIFY(!dialog_->Apply());
-    QCOMPARE(dialog_->Value(), "alter Text");
+  void EveryOtherWayOutKeepsTheValue() {
+    const std::vector<std::pair<const char*, std::function<void(QDialog&)>>> ways{
+        {"cmdCancel", [](QDialog& dialog) { Press(dialog, "cmdCancel"); }},
+        {"Escape", [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }},
+        {"close box", [](QDialog& dialog) { PressCloseBox(dialog); }},
+        {"the program", [](QDialog& dialog) { dialog.close(); }}};
+    for (const auto& [name, leave] : ways) {
+      Fixture f;
+      QTest::keyClicks(&f.newValue, "neu");
+      leave(f.dialog);
+      QVERIFY2(!f.dialog.isVisible() && !f.dialog.Apply(), name);
+      QCOMPARE(f.dialog.Value(), "alter Text");
+    }
   }
 
   void TheResetButtonFillsInTheDefault() {
-    dialog_->SetEnableDefaultValue(true);
-    dialog_->SetDefaultValue("Vorgabe");
-    Show();
-    auto& reset = Child<QPushButton>(*dialog_, "cmdReset");
-    QVERIFY(reset.isVisible());
-    QCOMPARE(reset.text(), "Standard");
-    QTest::mouseClick(&reset, Qt::LeftButton);
-    QVERIFY(dialog_->isVisible());
-    QCOMPARE(NewValue().text(), "Vorgabe");
-    QCOMPARE(OldValue().text(), "alter Text");
-    QTest::mouseClick(&Child<QPushButton>(*dialog_, "cmdOK"), Qt::LeftButton);
-    QCOMPARE(dialog_->Value(), "Vorgabe");
+    const Fixture f("alter Text", true);
+    QCOMPARE(Shown(f.dialog, "cmdReset"), "Standard");
+    Press(f.dialog, "cmdReset");
+    QVERIFY(f.dialog.isVisible());
+    QCOMPARE(Shown(f.dialog, {"txtNewValue", "txtOldValue"}),
+             QStringList({"Vorgabe", "alter Text"}));
+    Press(f.dialog, "cmdOK");
+    QCOMPARE(f.dialog.Value(), "Vorgabe");
   }
 
   void ComingBackFromAnotherWindowKeepsWhatWasTyped() {
-    Show();
-    dialog_->SetValue("anderer Text");
-    Leave();
-    QCOMPARE(NewValue().selectedText(), "anderer Text");
-    QTest::keyClicks(&NewValue(), "getippt");
-    Leave();
-    QCOMPARE(NewValue().text(), "getippt");
+    Fixture f;
+    f.dialog.SetValue("anderer Text");
+    f.LeaveAndComeBack();
+    QCOMPARE(f.newValue.selectedText(), "anderer Text");
+    QTest::keyClicks(&f.newValue, "getippt");
+    f.LeaveAndComeBack();
+    QCOMPARE(f.newValue.text(), "getippt");
   }
 
   void TabFollowsTheGivenOrder() {
-    dialog_->SetEnableDefaultValue(true);
-    Show();
-    QStringList order;
-    for (int i = 0; i < 5; ++i) {
-      order += QApplication::focusWidget()->objectName();
+    const Fixture f("", true);
+    for (const char* name : {"txtNewValue", "txtOldValue", "cmdReset", "cmdCancel", "cmdOK"}) {
+      QCOMPARE(QApplication::focusWidget()->objectName(), name);
       QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    QCOMPARE(order, QStringList({"txtNewValue", "txtOldValue", "cmdReset", "cmdCancel", "cmdOK"}));
-    QCOMPARE(QApplication::focusWidget()->objectName(), "txtNewValue");
+    QVERIFY(f.newValue.hasFocus());
   }
 
   void LongTextsStayWholeAndStretchNothing() {
     const QString word(50'000, u'x');
-    dialog_->SetValue(word);
-    dialog_->SetPrompt(word);
-    Show();
-    QCOMPARE(NewValue().text(), word);
-    QVERIFY(dialog_->width() < 1000);
+    Fixture f(word);
+    f.dialog.SetPrompt(word);
+    f.LeaveAndComeBack();
+    QCOMPARE(f.newValue.text(), word);
+    QVERIFY(f.dialog.width() < 1000);
   }
-
- private:
-  void Show() {
-    dialog_->open();
-    QVERIFY(QTest::qWaitForWindowActive(dialog_.get()));
-  }
-
-  void Leave() {
-    QWidget other;
-    other.show();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
-    other.hide();
-    dialog_->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(dialog_.get()));
-  }
-
-  QLineEdit& NewValue() { return Child<QLineEdit>(*dialog_, "txtNewValue"); }
-  QLineEdit& OldValue() { return Child<QLineEdit>(*dialog_, "txtOldValue"); }
-
-  std::unique_ptr<grid::frmEditProperty> dialog_;
 };
 
 }  // namespace tests

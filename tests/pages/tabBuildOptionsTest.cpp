@@ -1,115 +1,98 @@
-#include <QComboBox>
-#include <QPlainTextEdit>
-
+#include "model/TextTable.h"
 #include "pages/PageText.h"
-#include "pages/tabBuildOptions.h"
-#include "tests/pages/PageFixture.h"
+#include "tests/support/desktop/PageFixture.h"
 
 namespace tests {
 
 using tools::MessageAnswer;
 
+namespace {
+
+/// The page of a version with these settings.
+struct Fixture : PageFixture {
+  explicit Fixture(const char* settings) {
+    folder.Write(kVersionFile, settings);
+    Open("tabBuildOptions", 1, 0);
+  }
+
+  void ChooseNext() { QTest::keyClick(&Child(*page, "cmbConfiguration"), Qt::Key_Down); }
+  [[nodiscard]] QStringList Shown() const {
+    return tests::Shown(*page, {"cmbInstallerType", "txtInstallerTypeDesc", "cmbConfiguration"}) +
+           Rows(Grid(*page));
+  }
+};
+
+}  // namespace
+
 class tabBuildOptionsTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() { fixture_ = std::make_unique<PageFixture>(); }
-  void cleanup() {
-    page_.reset();
-    fixture_.reset();
-  }
-
-  void AVersionWithoutSettingsShowsTheDefaults() {
-    Open("");
-    QCOMPARE(Combo("cmbInstallerType").currentText(), "Tessel-Installer");
-    QCOMPARE(Child<QPlainTextEdit>(*page_, "txtInstallerTypeDesc").toPlainText(), pages::Text(338));
-    QCOMPARE(Combo("cmbConfiguration").currentText(), "Debug");
-    QCOMPARE(Rows(Grid(*page_)),
-             QStringList({"Konfiguration=Debug", "Ausgabeordner=" + DefaultFolder("Debug"),
-                          "Sprache (LCID)=0"}));
-    page_->ApplyChanges();
-    QCOMPARE(Stored("BuildCommon", "InstallerType"), "1");
-    QCOMPARE(Stored("BuildCommon", "ActiveConfig"), "1");
-    QCOMPARE(Stored("Build1", "OutputFolder"), DefaultFolder("Debug").toStdString());
-    QCOMPARE(Stored("Build1", "Locale"), "0");
+  void AVersionWithoutSettingsShowsAndStoresTheDefaults() {
+    Fixture f("");
+    const QString folder = f.Path("Demo/Ausgabe/Debug");
+    QCOMPARE(f.Shown(),
+             QStringList({"Tessel-Installer", pages::Text(338), "Debug", "Konfiguration=Debug",
+                          "Ausgabeordner=" + folder, "Sprache (LCID)=0"}));
+    f.page->ApplyChanges();
+    QCOMPARE(f.File(f.kVersionFile),
+             "[BuildCommon]\nInstallerType=1\nActiveConfig=1\n\n"
+             "[Build1]\nOutputFolder=" +
+                 folder + "\nLocale=0\n");
   }
 
   void StoredNumbersThatNameNothingSelectNothing() {
-    Open("[BuildCommon]\nInstallerType=2\nActiveConfig=99999999999\n");
-    QCOMPARE(Child<QPlainTextEdit>(*page_, "txtInstallerTypeDesc").toPlainText(), "");
-    QCOMPARE(Rows(Grid(*page_)).first(), "Konfiguration=");
-    QCOMPARE(Rows(Grid(*page_)).at(1), "Ausgabeordner=" + DefaultFolder(""));
-    Combo("cmbInstallerType").setFocus();
-    QTest::keyClick(&Combo("cmbInstallerType"), Qt::Key_Down);
-    QCOMPARE(Child<QPlainTextEdit>(*page_, "txtInstallerTypeDesc").toPlainText(), pages::Text(338));
-    QVERIFY(page_->IsDirty());
+    Fixture f("[BuildCommon]\nInstallerType=2\nActiveConfig=99999999999\n");
+    QCOMPARE(f.Shown(),
+             QStringList({"", "", "", "Konfiguration=", "Ausgabeordner=" + f.Path("Demo/Ausgabe/"),
+                          "Sprache (LCID)=0"}));
+    QTest::keyClick(&Child(*f.page, "cmbInstallerType"), Qt::Key_Down);
+    QCOMPARE(f.Shown().at(1), pages::Text(338));
+    QVERIFY(f.page->IsDirty());
   }
 
-  void AnotherConfigurationIsStoredAtOnce() {
-    Open("[Build2]\nOutputFolder=out;2\nLocale=1031\n");
-    Choose(Qt::Key_Down);
-    QCOMPARE(Rows(Grid(*page_)),
+  void AnotherConfigurationIsStoredAtOnceAndItsNameCannotBeEdited() {
+    Fixture f("[Build2]\nOutputFolder=out;2\nLocale=1031\n");
+    f.ChooseNext();
+    QCOMPARE(Rows(Grid(*f.page)),
              QStringList({"Konfiguration=Release", "Ausgabeordner=out;2", "Sprache (LCID)=1031"}));
-    QCOMPARE(Stored("BuildCommon", "ActiveConfig"), "2");
-    QCOMPARE(Stored("Build1", "OutputFolder"), "-");
-    QVERIFY(!page_->IsDirty() && fixture_->dialogs.Messages().empty());
+    QVERIFY(f.File(f.kVersionFile).endsWith("Locale=1031\n\n[BuildCommon]\nActiveConfig=2\n"));
+    DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), "Konfiguration"));
+    QCOMPARE(Told(f.dialogs), QStringList(pages::Text(240) + ": " + pages::Text(239)));
+    QVERIFY(!f.page->IsDirty());
   }
 
   void UnsavedChangesAreOfferedForSavingFirst() {
-    Open("");
-    Edit(*page_, "Sprache (LCID)", "1033");
-    QVERIFY(page_->IsDirty());
-    fixture_->dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::No);
-    Choose(Qt::Key_Down);
-    QCOMPARE(fixture_->dialogs.Messages().back().caption, model::LoadText(342));
-    QCOMPARE(Combo("cmbConfiguration").currentText(), "Debug");
-    QCOMPARE(Rows(Grid(*page_)).last(), "Sprache (LCID)=1033");
-    QCOMPARE(Stored("BuildCommon", "ActiveConfig"), "-");
+    Fixture f("");
+    Edit(*f.page, "Sprache (LCID)", "1033");
+    const QStringList edited = f.Shown();
+    QVERIFY(f.page->IsDirty());
+    f.dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::No);
+    f.ChooseNext();
+    QCOMPARE(f.Shown(), edited);
+    QCOMPARE(f.File(f.kVersionFile), "");
 
-    fixture_->dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::Yes);
-    Choose(Qt::Key_Down);
-    QVERIFY(!page_->IsDirty());
-    QCOMPARE(Rows(Grid(*page_)).first(), "Konfiguration=Release");
-    QCOMPARE(Stored("Build1", "Locale"), "1033");
-    QCOMPARE(Stored("Build2", "Locale"), "-");
-    QCOMPARE(Stored("BuildCommon", "ActiveConfig"), "2");
+    f.dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::Yes);
+    f.ChooseNext();
+    QVERIFY(!f.page->IsDirty());
+    QCOMPARE(f.Shown().mid(2, 2), QStringList({"Release", "Konfiguration=Release"}));
+    QCOMPARE(f.File(f.kVersionFile),
+             "[BuildCommon]\nInstallerType=1\nActiveConfig=2\n\n"
+             "[Build1]\nOutputFolder=" +
+                 f.Path("Demo/Ausgabe/Debug") + "\nLocale=1033\n");
   }
 
   void AFailedSaveStaysAtTheOldConfiguration() {
-    Open("");
-    Edit(*page_, "Ausgabeordner", "x");
-    fixture_->disk.FailAt(FaultyDisk::Step::Write, 1);
-    fixture_->dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::Yes);
-    Choose(Qt::Key_Down);
-    QCOMPARE(fixture_->dialogs.Messages().size(), 2U);
-    QCOMPARE(Combo("cmbConfiguration").currentText(), "Debug");
-    QCOMPARE(Rows(Grid(*page_)).at(1), "Ausgabeordner=x");
-    QVERIFY(page_->IsDirty());
+    Fixture f("");
+    Edit(*f.page, "Ausgabeordner", "x");
+    const QStringList edited = f.Shown();
+    f.disk.FailAt(FaultyDisk::Step::Write, 1);
+    f.dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::Yes);
+    f.ChooseNext();
+    QCOMPARE(f.dialogs.Messages().size(), 2U);
+    QCOMPARE(f.Shown(), edited);
+    QVERIFY(f.page->IsDirty());
   }
-
-  void TheNameOfAConfigurationCannotBeEdited() {
-    Open("");
-    DoubleClick(Grid(*page_), RowWith(Grid(*page_), "Konfiguration"));
-    QCOMPARE(fixture_->dialogs.Messages().back().text, model::LoadText(239));
-    QVERIFY(!page_->IsDirty());
-  }
-
- private:
-  void Open(const std::string& settings) {
-    fixture_->folder.Write(PageFixture::kVersionFile, settings);
-    page_ = fixture_->Open<pages::tabBuildOptions>(0);
-  }
-  [[nodiscard]] QComboBox& Combo(const char* name) const { return Child<QComboBox>(*page_, name); }
-  void Choose(Qt::Key key) { QTest::keyClick(&Combo("cmbConfiguration"), key); }
-  [[nodiscard]] QString DefaultFolder(const char* name) const {
-    return tools::ToQString(fixture_->folder.Path(std::string("Demo/Ausgabe/") + name));
-  }
-  [[nodiscard]] std::string Stored(const char* section, const char* key) const {
-    return fixture_->Stored(PageFixture::kVersionFile, section, key);
-  }
-
-  std::unique_ptr<PageFixture> fixture_;
-  std::unique_ptr<pages::tabBuildOptions> page_;
 };
 
 }  // namespace tests

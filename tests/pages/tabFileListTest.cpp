@@ -1,243 +1,191 @@
 #include <QComboBox>
-#include <QMenu>
-#include <QPushButton>
+#include <QTreeView>
 
-#include "pages/PageText.h"
-#include "pages/tabFileList.h"
-#include "tests/pages/PageFixture.h"
-#include "tools/Error.h"
-#include "tools/StandardTexts.h"
+#include "model/TextTable.h"
+#include "tests/support/desktop/PageFixture.h"
+#include "tools/Path.h"
 
 namespace tests {
+
+namespace {
+
+constexpr const char* kOneEntry = "[Files]\nCount=1\n[File1]\nID=a\nType=2\nTargetFolder=2\n";
+
+/// The page of a component with these entries.
+struct Fixture : PageFixture {
+  explicit Fixture(const std::string& entries) {
+    folder.Write(kComponentFile, entries);
+    Open("tabFileList", 1, 1);
+  }
+
+  [[nodiscard]] QTreeView& List() const { return Child<QTreeView>(*page, "lsvBrowser"); }
+  [[nodiscard]] QStringList Fields() const { return Rows(Grid(*page)); }
+  void Choose(int targetFolder) const {
+    auto& folders = Child<QComboBox>(*page, "cmbDestinationFolder");
+    folders.setCurrentIndex(folders.findData(targetFolder));
+  }
+  void Select(int row) const { Click(List(), List().model()->index(row, 0)); }
+
+  /// Opens the menu at the first entry, or below the last one.
+  [[nodiscard]] QMenu& OpenMenu(bool atEntry) const {
+    QWidget* viewport = List().viewport();
+    const QPoint place = atEntry ? List().visualRect(List().model()->index(0, 0)).center()
+                                 : viewport->rect().bottomRight() - QPoint(9, 9);
+    QTest::mousePress(viewport, Qt::RightButton, {}, place);
+    QTest::mouseRelease(viewport, Qt::RightButton, {}, place);
+    return OpenedMenu();
+  }
+  [[nodiscard]] QString StoredIn(const char* section,
+                                 std::initializer_list<const char*> keys) const {
+    return Stored(kComponentFile, section, keys);
+  }
+};
+
+}  // namespace
 
 class tabFileListTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() { fixture_ = std::make_unique<PageFixture>(); }
-  void cleanup() {
-    page_.reset();
-    fixture_.reset();
-  }
-
-  void DestinationFoldersAreListedByTheirNumbers() {
-    Open("");
-    const auto& folders = Child<QComboBox>(*page_, "cmbDestinationFolder");
-    QCOMPARE(folders.count(), 32);
-    QCOMPARE(folders.itemText(0), "Ordner \"Startmenü Programme\"");
-    QCOMPARE(folders.itemText(31), "Benutzerdefiniert");
-    QCOMPARE(folders.currentData().toInt(), 2);
-    QVERIFY(!Child(*page_, "cmdRemoveFile").isEnabled());
-    QVERIFY(!Grid(*page_).isEnabled());
-  }
-
   void FilesAndFoldersAreAddedThroughTheDialogs() {
-    for (const char* name : {"Q/b.txt", "Q/ä 漢.txt", "Q/tief/c"})
-      fixture_->folder.Write(name, "x");
-    fixture_->folder.MakeFolder("leer");
-    Open("");
-    Choose(38);
-    fixture_->dialogs.ExpectBrowseFolder(
-        "Wählen Sie einen Ordner aus. Alle Dateien in diesem Ordner werden",
-        fixture_->folder.Path("leer"));
-    ChooseFromMenu("mnuAddDirectory0");
-    QVERIFY(!page_->IsDirty());
+    Fixture f("");
+    for (const char* name : {"Q/b.txt", "Q/ä 漢.txt", "Q/tief/c"}) f.folder.Write(name, "x");
+    const auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
+    QCOMPARE(folders.count(), 32);
+    QCOMPARE(folders.currentText(), "Ordner \"Startmenü Programme\"");
+    QCOMPARE(folders.itemText(31), "Benutzerdefiniert");
+    QVERIFY(!Child(*f.page, "cmdRemoveFile").isEnabled() && !Grid(*f.page).isEnabled());
 
-    fixture_->dialogs.ExpectBrowseFolder("in diesem Ordner und den Unterordnern werden",
-                                         fixture_->folder.Path("Q"));
-    ChooseFromMenu("mnuAddDirectory1");
-    QVERIFY(page_->IsDirty());
-    Choose(2001);
-    fixture_->dialogs.ExpectOpenFile("Startmenü Programme", fixture_->folder.Path("Q/b.txt"));
-    QTest::mouseClick(&Child(*page_, "cmdAddFile"), Qt::LeftButton);
-    fixture_->dialogs.ExpectOpenFile("Startmenü Programme", "");
-    ChooseFromMenu("mnuAddFile");
-    QCOMPARE(Rows(List()), QStringList{Path("Q/b.txt") + "=%InstallPath%\\"});
+    f.dialogs.ExpectBrowseFolder("Alle Dateien in diesem Ordner werden",
+                                 f.folder.MakeFolder("leer"));
+    PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
+    QVERIFY(!f.page->IsDirty());
+    f.Choose(38);
+    f.dialogs.ExpectBrowseFolder("in diesem Ordner und den Unterordnern werden",
+                                 f.folder.Path("Q"));
+    PickFrom(f.OpenMenu(false), "mnuAddDirectory1");
+    QVERIFY(f.page->IsDirty());
+    f.Choose(2001);
+    f.dialogs.ExpectOpenFile("Startmenü Programme", f.folder.Path("Q/b.txt"));
+    Press(*f.page, "cmdAddFile");
+    f.dialogs.ExpectOpenFile("Startmenü Programme", "");
+    PickFrom(f.OpenMenu(false), "mnuAddFile");
+    QCOMPARE(Rows(f.List()), QStringList{f.Path("Q/b.txt") + "=%InstallPath%\\"});
 
-    page_->ApplyChanges();
-    QVERIFY(!page_->IsDirty());
-    QCOMPARE(Stored("Files", "Count"), "4");
-    QCOMPARE(Stored("File2", "SourceName"), "ä 漢.txt");
-    QCOMPARE(Stored("File3", "SourcePath"), fixture_->folder.Path("Q/tief"));
-    QCOMPARE(Stored("File3", "TargetFolder"), "38");
-    QCOMPARE(Stored("File4", "TargetFolder"), "2001");
-    QCOMPARE(Stored("File4", "Type") + Stored("File4", "Vital"), "11");
+    f.page->ApplyChanges();
+    QVERIFY(!f.page->IsDirty());
+    QCOMPARE(f.StoredIn("Files", {"Count"}), "4");
+    QCOMPARE(f.StoredIn("File2", {"SourceName", "TargetFolder"}), "ä 漢.txt|38");
+    QCOMPARE(f.StoredIn("File3", {"SourcePath"}), f.Path("Q/tief"));
+    QCOMPARE(f.StoredIn("File4", {"TargetFolder", "Type", "Vital"}), "2001|1|1");
   }
 
   void AnEntryShowsItsFieldsAndItsSourceFile() {
-    fixture_->folder.Write("Demo/q/da.txt", "x");
-    Open(
-        "[File1]\nID=a\nType=1\nSourcePath=q\nSourceName=da.txt\nTargetFolder=2004\n"
-        "TargetSubFolder=C:\\x\n[File2]\nID=b\nTargetFolder=2004\nSourcePath=q\n",
-        2);
-    Choose(2004);
-    QCOMPARE(Rows(List()), QStringList({"q/da.txt=C:\\x", "q/="}));
-    Click(List(), List().model()->index(0, 0));
-    QVERIFY(Child(*page_, "cmdRemoveFile").isEnabled());
-    QStringList rows = Rows(Grid(*page_));
-    QVERIFY(rows.takeLast().startsWith("Datum="));
-    QCOMPARE(rows,
+    Fixture f(
+        "[Files]\nCount=2\n[File1]\nID=a\nType=1\nSourcePath=q\nSourceName=da.txt\n"
+        "TargetFolder=2004\nTargetSubFolder=C:\\x\n[File2]\nID=b\nTargetFolder=2004\n");
+    f.folder.Write("Demo/q/da.txt", "x");
+    f.Choose(2004);
+    QCOMPARE(Rows(f.List()).front(), tools::ToQString(tools::JoinPath("q", "da.txt")) + "=C:\\x");
+    f.Select(0);
+    QVERIFY(Child(*f.page, "cmdRemoveFile").isEnabled());
+    QVERIFY(f.Fields().last().startsWith("Datum="));
+    QCOMPARE(f.Fields().first(16),
              QStringList({"Eintragstyp=1", "Ausschließen=0", "GUID=a", "Unterordner einschließen=0",
                           "Überschreiben=0", "Permanent=0", "Pfad registrieren=0",
                           "DLL registrieren=0", "Quelldateiname=da.txt", "Quellordner=q",
                           "Zielordner (allg.)=2004", "Zieldateiname=", "Zielordner=C:\\x",
                           "Essenziell=1", "Vorhanden=Vorhanden", "Version="}));
-    QTest::keyClick(&List(), Qt::Key_Down);
-    QCOMPARE(Rows(Grid(*page_)).size(), 14);
-    Edit(*page_, "Eintragstyp", "1");
-    QVERIFY(Rows(Grid(*page_)).contains("Vorhanden=Nicht vorhanden"));
+    QTest::keyClick(&f.List(), Qt::Key_Down);
+    QCOMPARE(f.Fields().size(), 14);
+    Edit(*f.page, "Eintragstyp", "1");
+    QVERIFY(f.Fields().contains("Vorhanden=Nicht vorhanden"));
+    Click(f.List(), f.List().currentIndex(), Qt::ControlModifier);
+    QCOMPARE(f.Fields(), QStringList());  // no entry is selected any more
   }
 
   void EditedFieldsAreStoredAndTheEntryStaysSelected() {
-    Open("[File1]\nID=a\nType=2\nTargetFolder=2\n", 1);
-    Click(List(), List().model()->index(0, 0));
-    Edit(*page_, "Quellordner", "/ü; \"漢\"");
-    Edit(*page_, "Essenziell", "ja");
-    EditByKey("-1");  // the row that was edited before is still the selected one
-    QCOMPARE(Rows(Grid(*page_)).last(), "Essenziell=-1");
-    QCOMPARE(Rows(List()).front(), "/ü; \"漢\"/=%ProgramsDir%\\");
-    QCOMPARE(List().selectionModel()->selectedRows().size(), 1);
-
-    for (const char* fixed : {"GUID", "Vorhanden"}) {
-      if (*fixed == 'V') Edit(*page_, "Eintragstyp", "1");
-      DoubleClick(Grid(*page_), RowWith(Grid(*page_), fixed));
-      QCOMPARE(fixture_->dialogs.Messages().back().text, model::LoadText(239));
+    Fixture f(kOneEntry);
+    f.Select(0);
+    Edit(*f.page, "Quellordner", "ü; \"漢\"");
+    Edit(*f.page, "Essenziell", "ja");
+    {
+      // The row that was edited before is still the selected one.
+      ModalScript script;
+      script.ExpectTyping("frmEditProperty", "txtNewValue", "-1");
+      QTest::keyClick(&Grid(*f.page), Qt::Key_F2);
+      QTRY_COMPARE(f.Fields().last(), "Essenziell=-1");
     }
-    page_->ApplyChanges();
-    QCOMPARE(Stored("File1", "SourcePath"), "/ü; \"漢\"");
-    QCOMPARE(Stored("File1", "Vital"), "-1");
-    QCOMPARE(Stored("File1", "ID"), "a");
+    QVERIFY(Rows(f.List()).front().startsWith("ü; \"漢\""));
+    QCOMPARE(f.List().selectionModel()->selectedRows().size(), 1);
+    Edit(*f.page, "Eintragstyp", "1");
+    for (const char* fixed : {"GUID", "Vorhanden"}) {
+      DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), fixed));
+      QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(239));
+    }
+    f.page->ApplyChanges();
+    QCOMPARE(f.StoredIn("File1", {"SourcePath", "Vital", "ID"}), "ü; \"漢\"|-1|a");
   }
 
-  void ANumberThatDoesNotFitIsRefusedWithAMessage() {
-    Open("[File1]\nID=a\nTargetFolder=2\n", 1);
-    Click(List(), List().model()->index(0, 0));
-    Edit(*page_, "Permanent", "32768");
-    QCOMPARE(fixture_->dialogs.Messages().size(), 1U);
-    QCOMPARE(fixture_->dialogs.Messages().back().caption, tools::StandardText(tools::kTextError));
-    QVERIFY(Rows(Grid(*page_)).contains("Permanent=0"));
-    page_->ApplyChanges();
-    QCOMPARE(Stored("File1", "Permanent"), "0");
-  }
-
-  void AnEntryMovedToAnotherFolderLeavesTheList() {
-    Open("[File1]\nID=a\nTargetFolder=2\n", 1);
-    Click(List(), List().model()->index(0, 0));
-    Edit(*page_, "Zielordner (allg.)", "3");
-    QCOMPARE(Rows(List()), QStringList());
-    QCOMPARE(Rows(Grid(*page_)), QStringList());
-    page_->ApplyChanges();
-    QCOMPARE(Stored("Files", "Count"), "1");
-    QCOMPARE(Stored("File1", "TargetFolder"), "3");
-  }
-
-  void WithoutASelectedEntryTheGridIsEmpty() {
-    Open("[File1]\nID=a\nTargetFolder=2\n", 1);
-    const QModelIndex entry = List().model()->index(0, 0);
-    Click(List(), entry);
-    QVERIFY(!Rows(Grid(*page_)).isEmpty());
-    QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::ControlModifier,
-                      List().visualRect(entry).center());
-    QCOMPARE(Rows(Grid(*page_)), QStringList());
+  void ANumberThatDoesNotFitIsRefusedAndAnEntryMovedToAnotherFolderLeavesTheList() {
+    Fixture f(kOneEntry);
+    f.Select(0);
+    Edit(*f.page, "Permanent", "32768");
+    QCOMPARE(Told(f.dialogs).size(), 1);
+    QVERIFY(Told(f.dialogs).front().startsWith("Fehler: "));
+    QVERIFY(f.Fields().contains("Permanent=0"));
+    Edit(*f.page, "Zielordner (allg.)", "3");
+    QCOMPARE(Rows(f.List()) + f.Fields(), QStringList());
+    f.page->ApplyChanges();
+    QCOMPARE(f.StoredIn("File1", {"Permanent", "TargetFolder"}), "0|3");
   }
 
   void OnlyTheButtonRemovesAnEntry() {
-    Open("[File1]\nID=a\nTargetFolder=2\n[File2]\nID=b\nTargetFolder=2\n", 2);
-    auto& menu = OpenMenu(Qt::RightButton, {});
-    QVERIFY(!Child<QAction>(*page_, "mnuRemoveFile").isEnabled());
-    QVERIFY(!Child<QAction>(*page_, "mnuMoveFile").isEnabled());
-    menu.close();
-    ChooseFromMenu("mnuAddDynamic");
-    for (const char* idle : {"mnuRemoveFile", "mnuMoveFile"}) {
-      ChooseFromMenu(idle, List().model()->index(0, 0));
-    }
-    QTest::mouseClick(&Child(*page_, "cmdMoveFile"), Qt::LeftButton);
-    QCOMPARE(Rows(List()).size(), 2);
-    QVERIFY(!page_->IsDirty());
+    Fixture f("[Files]\nCount=2\n[File1]\nID=a\nTargetFolder=2\n[File2]\nID=b\nTargetFolder=2\n");
+    QMenu& menu = f.OpenMenu(false);
+    QVERIFY(!Child<QAction>(*f.page, "mnuRemoveFile").isEnabled());
+    QVERIFY(!Child<QAction>(*f.page, "mnuMoveFile").isEnabled());
+    PickFrom(menu, "mnuAddDynamic");
+    for (const char* idle : {"mnuRemoveFile", "mnuMoveFile"}) PickFrom(f.OpenMenu(true), idle);
+    Press(*f.page, "cmdMoveFile");
+    QCOMPARE(Rows(f.List()).size(), 2);
+    QVERIFY(!f.page->IsDirty());
 
-    auto& remove = Child(*page_, "cmdRemoveFile");
-    QTest::mouseClick(&remove, Qt::LeftButton);
-    QVERIFY(page_->IsDirty());
-    page_->SetDirty(false);
-    QTest::mouseClick(&remove, Qt::LeftButton);  // nothing is selected any more
-    QVERIFY(!page_->IsDirty() && remove.isEnabled());
-    page_->ApplyChanges();
-    QCOMPARE(Stored("Files", "Count"), "1");
-    QCOMPARE(Stored("File1", "ID"), "b");
-    QCOMPARE(Stored("File2", "ID"), "b");
+    Press(*f.page, "cmdRemoveFile");
+    QVERIFY(f.page->IsDirty());
+    f.page->SetDirty(false);
+    Press(*f.page, "cmdRemoveFile");  // nothing is selected any more
+    QVERIFY(!f.page->IsDirty() && Child(*f.page, "cmdRemoveFile").isEnabled());
+    f.page->ApplyChanges();
+    QCOMPARE(f.StoredIn("Files", {"Count"}), "1");
+    QCOMPARE(f.StoredIn("File1", {"ID"}), "b");
+    QCOMPARE(f.StoredIn("File2", {"ID"}), "b");
   }
 
   void StoredEntriesWithEqualIdsAreAnErrorAndStay() {
-    fixture_->folder.Write(PageFixture::kComponentFile,
-                           "[Files]\nCount=2\n[File1]\nID=a\n[File2]\nID=a\n");
-    fixture_->host.component = 1;
-    pages::tabFileList page({fixture_->project, fixture_->dialogs, *fixture_->registry}, nullptr);
-    page.SetHost(&fixture_->host);
-    QVERIFY_THROWS_EXCEPTION(tools::Error, page.ReadSettings());
+    const Fixture f("[Files]\nCount=2\n[File1]\nID=a\n[File2]\nID=a\n");
+    QCOMPARE(f.tabs.Count(), 0);
+    QCOMPARE(f.dialogs.Messages().size(), 1U);
+    QCOMPARE(f.StoredIn("File2", {"ID"}), "a");
   }
 
   void AComponentOf50000EntriesIsShownAndStoredWhole() {
-    std::string files;
+    std::string files = "[Files]\nCount=50000\n";
     for (int i = 1; i <= 50000; ++i) {
       files += "[File" + std::to_string(i) + "]\nID=" + std::to_string(i) + "\nTargetFolder=38\n";
     }
-    Open(files, 50000);
-    Choose(38);
-    QCOMPARE(List().model()->rowCount(), 50000);
-    List().setFocus();
-    QTest::keyClick(&List(), Qt::Key_End);
-    Edit(*page_, "Quelldateiname", "letzte");
-    QCOMPARE(Rows(List()).last(), "/letzte=%ProgramFiles%\\");
-    page_->ApplyChanges();
-    QCOMPARE(Stored("File50000", "SourceName"), "letzte");
-    page_->ReadSettings();
-    QCOMPARE(List().model()->rowCount(), 50000);
+    Fixture f(files);
+    f.Choose(38);
+    QCOMPARE(f.List().model()->rowCount(), 50000);
+    f.List().setFocus();
+    QTest::keyClick(&f.List(), Qt::Key_End);
+    Edit(*f.page, "Quelldateiname", "letzte");
+    QVERIFY(Rows(f.List()).last().endsWith("letzte=%ProgramFiles%\\"));
+    f.page->ApplyChanges();
+    QCOMPARE(f.StoredIn("File50000", {"SourceName"}), "letzte");
+    f.page->ReadSettings();
+    QCOMPARE(f.List().model()->rowCount(), 50000);
   }
-
- private:
-  /// Opens the page for a component with these entries.
-  void Open(const std::string& entries, int count = 0) {
-    if (count > 0) {
-      fixture_->folder.Write(PageFixture::kComponentFile,
-                             "[Files]\nCount=" + std::to_string(count) + "\n" + entries);
-    }
-    page_ = fixture_->Open<pages::tabFileList>(1);
-  }
-  [[nodiscard]] QTreeView& List() const { return Child<QTreeView>(*page_, "lsvBrowser"); }
-  [[nodiscard]] QString Path(const char* name) const {
-    return tools::ToQString(fixture_->folder.Path(name));
-  }
-  [[nodiscard]] std::string Stored(const char* section, const char* key) const {
-    return fixture_->Stored(PageFixture::kComponentFile, section, key);
-  }
-  void EditByKey(const QString& value) {
-    ModalScript script;
-    ExpectTyping(script, value);
-    QTest::keyClick(&Grid(*page_), Qt::Key_F2);
-    QTRY_VERIFY(Rows(Grid(*page_)).last().endsWith(value));
-  }
-  void Choose(int folder) {
-    auto& folders = Child<QComboBox>(*page_, "cmbDestinationFolder");
-    folders.setCurrentIndex(folders.findData(folder));
-  }
-  QMenu& OpenMenu(Qt::MouseButton button, const QModelIndex& index) {
-    const QPoint at = index.isValid() ? List().visualRect(index).center()
-                                      : List().viewport()->rect().bottomRight() - QPoint(9, 9);
-    QTest::mousePress(List().viewport(), button, {}, at);
-    QTest::mouseRelease(List().viewport(), button, {}, at);
-    auto& menu = Child<QMenu>(*page_, "mnuPopup");
-    if (!QTest::qWaitFor([&] { return menu.isVisible(); })) qFatal("the menu does not open");
-    return menu;
-  }
-  void ChooseFromMenu(const char* name, const QModelIndex& index = {}) {
-    QMenu& menu = OpenMenu(Qt::RightButton, index);
-    auto& action = Child<QAction>(*page_, name);
-    QVERIFY2(action.isEnabled(), name);
-    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&action).center());
-  }
-
-  std::unique_ptr<PageFixture> fixture_;
-  std::unique_ptr<pages::tabFileList> page_;
 };
 
 }  // namespace tests

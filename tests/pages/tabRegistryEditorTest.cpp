@@ -1,245 +1,223 @@
 #include <QComboBox>
-#include <QListView>
-#include <QPushButton>
 
 #include "pages/PageText.h"
-#include "pages/tabRegistryEditor.h"
-#include "tests/pages/PageFixture.h"
+#include "tests/support/desktop/PageFixture.h"
 #include "tools/Error.h"
-#include "tools/StandardTexts.h"
 
 namespace tests {
 
 using tools::MessageAnswer;
 
+namespace {
+
+constexpr const char* kNoSettings = "[Component]\nTitle=Kern\n";
+constexpr const char* kUnset = "(Standardwert)=(nicht gesetzt)";
+constexpr const char* kMachine = "HKEY_LOCAL_MACHINE";
+
+/// The page of a component with these settings, on a machine with some keys.
+struct Fixture : PageFixture {
+  explicit Fixture(const std::string& settings = kNoSettings) {
+    // As Wine writes it.
+    folder.Write(".wine/system.reg",
+                 "WINE REGISTRY Version 2\n;; All keys relative to REGISTRY\\\\Machine\n\n"
+                 "[Software\\\\Quillon\\\\Tessel] 1795238516\n\"Path\"=\"x\"\n\n"
+                 "[Software\\\\\\x00dcber uns] 1795238516\n");
+    folder.Write(kComponentFile, settings);
+    Reopen();
+  }
+
+  void Reopen() { Open("tabRegistryEditor", 1, 1); }
+  [[nodiscard]] QString ShownPath() const { return Shown(*page, "cmbRegPath"); }
+  [[nodiscard]] QAbstractItemView& List() const {
+    return Child<QAbstractItemView>(*page, "lstSubkeys");
+  }
+  [[nodiscard]] QStringList Values() const { return Rows(Grid(*page)); }
+  void Go(const char* entry) const {
+    QVERIFY2(RowWith(List(), entry).isValid(), entry);
+    DoubleClick(List(), RowWith(List(), entry));
+  }
+  void GoToNewKey(const char* name) {
+    dialogs.ExpectInputBox("Namen des neuen Schlüssels", name);
+    Go("(Neuer Schlüssel...)");
+  }
+  void TypePath(const QString& path) const {
+    Type(Child(*page, "cmbRegPath"), path);
+    QTest::keyClick(&Child(*page, "cmbRegPath"), Qt::Key_Return);
+  }
+  void RefuseValue(const char* name) {
+    dialogs.ExpectInputBox("Namen des neuen Wertes", name);
+    Press(*page, "cmdAddValue");
+  }
+  void AddValue(const char* name, const char* value) {
+    ModalScript script;
+    script.ExpectTyping("frmEditProperty", "txtNewValue", value);
+    RefuseValue(name);
+  }
+  [[nodiscard]] QString StoredIn(const char* section,
+                                 std::initializer_list<const char*> keys) const {
+    return Stored(kComponentFile, section, keys);
+  }
+};
+
+}  // namespace
+
 class tabRegistryEditorTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void init() {
-    fixture_ = std::make_unique<PageFixture>();
-    // As Wine writes it.
-    fixture_->folder.Write(
-        ".wine/system.reg",
-        "WINE REGISTRY Version 2\n;; All keys relative to REGISTRY\\\\Machine\n\n"
-        "[Software\\\\Quillon\\\\Tessel] 1795238516\n\"Path\"=\"x\"\n\n"
-        "[Software\\\\\\x00dcber uns] 1795238516\n");
-  }
-  void cleanup() {
-    page_.reset();
-    fixture_.reset();
-  }
-
   void KeysOfTheMachineAreBrowsed() {
-    Open();
-    QCOMPARE(Path(), "HKEY_LOCAL_MACHINE");
-    QCOMPARE(Rows(List()), QStringList({"(Arbeitsplatz)", "(Ebene höher)", "Software",
-                                        "(Neuer Schlüssel...)", "(Alle Werte löschen)"}));
-    QCOMPARE(Rows(Grid(*page_)), QStringList{"(Standardwert)=(nicht gesetzt)"});
-    Go("Software");
-    QVERIFY(Rows(List()).contains("Über uns"));
-    List().setCurrentIndex(RowWith(List(), "Quillon"));
-    QTest::keyClick(&List(), Qt::Key_Return);
-    QCOMPARE(Path(), "HKEY_LOCAL_MACHINE\\Software\\Quillon");
-    Go("(Ebene höher)");
-    Go("(Ebene höher)");
-    QCOMPARE(Path(), "HKEY_LOCAL_MACHINE");
-    Go("(Ebene höher)");
-    QCOMPARE(Path(), "Arbeitsplatz");
-    QCOMPARE(List().model()->rowCount(), 7);
-    QVERIFY(!Grid(*page_).isEnabled());
-    Go("HKEY_USERS");
-    QCOMPARE(Path(), "HKEY_USERS");
-    QVERIFY(Grid(*page_).isEnabled());
-    Go("(Arbeitsplatz)");
-    QCOMPARE(Rows(List()).front(), "HKEY_CLASSES_ROOT");
+    const Fixture f;
+    QCOMPARE(f.ShownPath(), kMachine);
+    QCOMPARE(f.Values(), QStringList(kUnset));
+    QCOMPARE(Rows(f.List()).join('|'),
+             "(Arbeitsplatz)|(Ebene höher)|Software|(Neuer Schlüssel...)|(Alle Werte löschen)");
+    const std::vector<std::pair<const char*, const char*>> ways{
+        {"Software", "HKEY_LOCAL_MACHINE\\Software"},
+        {"Über uns", "HKEY_LOCAL_MACHINE\\Software\\Über uns"},
+        {"(Ebene höher)", "HKEY_LOCAL_MACHINE\\Software"},
+        {"(Ebene höher)", "HKEY_LOCAL_MACHINE"},
+        {"(Ebene höher)", "Arbeitsplatz"},
+        {"HKEY_USERS", "HKEY_USERS"},
+        {"(Arbeitsplatz)", "Arbeitsplatz"}};
+    for (const auto& [entry, path] : ways) {
+      f.Go(entry);
+      QCOMPARE(f.ShownPath(), path);
+      QCOMPARE(Grid(*f.page).isEnabled(), f.ShownPath() != "Arbeitsplatz");
+    }
+    QCOMPARE(f.List().model()->rowCount(), 7);
+    f.List().setCurrentIndex(RowWith(f.List(), kMachine));
+    QTest::keyClick(&f.List(), Qt::Key_Return);
+    QCOMPARE(f.ShownPath(), kMachine);
   }
 
   void APathCanBeTyped() {
-    Open();
-    Type(" Arbeitsplatz\\HKEY_LOCAL_MACHINE\\Software\\ ");
-    QCOMPARE(Path(), "HKEY_LOCAL_MACHINE\\Software\\");
-    QVERIFY(Rows(List()).contains("Quillon"));
+    const Fixture f;
+    f.TypePath(" Arbeitsplatz\\HKEY_LOCAL_MACHINE\\Software\\ ");
+    QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\Software\\");
+    QVERIFY(Rows(f.List()).contains("Quillon"));
     for (const char* unknown : {"arbeitsplatz\\HKEY_USERS", "hkey_users", "Arbeitsplatz", ""}) {
-      Type(unknown);
-      QCOMPARE(Path(), "Arbeitsplatz");
-      QCOMPARE(List().model()->rowCount(), 7);
+      f.TypePath(unknown);
+      QCOMPARE(f.ShownPath(), "Arbeitsplatz");
+      QCOMPARE(f.List().model()->rowCount(), 7);
     }
-    QCOMPARE(fixture_->folder.Read(PageFixture::kComponentFile), "[Component]\nTitle=Kern\n");
+    QCOMPARE(f.File(f.kComponentFile), kNoSettings);
   }
 
   void ValuesAreStoredByTheNextNavigation() {
-    Open();
-    Edit(*page_, "(Standardwert)", "C:\\Ä;\"x\"");
-    QVERIFY(!page_->IsDirty());
-    AddValue("Größe \"1\"", "eins");
-    QVERIFY(page_->IsDirty());
-    QCOMPARE(Stored("Registry", "Keys"), "-");
-    Go("Software");
-    QCOMPARE(Stored("Registry", "Keys"), "1");
-    QCOMPARE(Stored("Registry", "Key1"), "HKEY_LOCAL_MACHINE");
-    QCOMPARE(Stored("RegKey1", "Values"), "2");
-    QCOMPARE(Stored("RegKey1", "Val1Name"), "@");
-    QCOMPARE(Stored("RegKey1", "Val2Name"), "Größe \"1\"");
-    QCOMPARE(Child<QComboBox>(*page_, "cmbRegPath").itemText(0), "HKEY_LOCAL_MACHINE");
-    Open();
-    QCOMPARE(Rows(Grid(*page_)), QStringList({"(Standardwert)=C:\\Ä;\"x\"", "Größe \"1\"=eins"}));
+    Fixture f;
+    Edit(*f.page, "(Standardwert)", "C:\\Ä;\"x\"");
+    QVERIFY(!f.page->IsDirty());
+    f.AddValue("Größe \"1\"", "eins");
+    QVERIFY(f.page->IsDirty());
+    QCOMPARE(f.File(f.kComponentFile), kNoSettings);
+    f.Go("Software");
+    const QString stored = f.File(f.kComponentFile);
+    QCOMPARE(stored, QString(kNoSettings) +
+                         "\n[Registry]\nKey1=HKEY_LOCAL_MACHINE\nKeys=1\n\n"
+                         "[RegKey1]\nValues=2\nVal1Name=@\nVal1Setting=\"C:\\Ä;\"x\"\"\n"
+                         "Val2Name=\"Größe \"1\"\"\nVal2Setting=eins\n");
+    QCOMPARE(Child<QComboBox>(*f.page, "cmbRegPath").itemText(0), kMachine);
+    f.Reopen();
+    QCOMPARE(f.Values(), QStringList({"(Standardwert)=C:\\Ä;\"x\"", "Größe \"1\"=eins"}));
 
     // Removing: the default value stays, unset; without names nothing is written.
     for (const char* value : {"(Standardwert)", "Größe \"1\""}) {
-      Click(Grid(*page_), RowWith(Grid(*page_), value));
-      QTest::mouseClick(&Child(*page_, "cmdRemoveValue"), Qt::LeftButton);
-      QVERIFY(page_->IsDirty());
+      Click(Grid(*f.page), RowWith(Grid(*f.page), value));
+      Press(*f.page, "cmdRemoveValue");
+      QVERIFY(f.page->IsDirty());
     }
-    QCOMPARE(Rows(Grid(*page_)), QStringList{"(Standardwert)=(nicht gesetzt)"});
-    Go("Software");
-    QCOMPARE(Stored("RegKey1", "Values"), "2");
+    QCOMPARE(f.Values(), QStringList(kUnset));
+    f.Go("Software");
+    QCOMPARE(f.File(f.kComponentFile), stored);
   }
 
-  void SavingStoresTheShownValuesAndReturnsToTheTopLevel() {
-    Open();
-    AddValue("a", "1");
-    page_->ApplyChanges();
-    QVERIFY(!page_->IsDirty());
-    QCOMPARE(Path(), "Arbeitsplatz");
-    QCOMPARE(Stored("RegKey1", "Val1Setting"), "1");
-  }
+  void AFailedSaveLeavesWhatWasTypedAndAGoodOneReturnsToTheTopLevel() {
+    Fixture f;
+    f.AddValue("a", "1");
+    f.disk.FailAt(FaultyDisk::Step::Write, 1);
+    f.Go("Software");
+    QCOMPARE(f.dialogs.Messages().size(), 1U);
+    QVERIFY_THROWS_EXCEPTION(tools::Error, f.page->ApplyChanges());
+    QCOMPARE(f.Values().last(), "a=1");
+    QVERIFY(f.page->IsDirty());
+    QCOMPARE(f.File(f.kComponentFile), kNoSettings);
 
-  void AFailedSaveLeavesWhatWasTyped() {
-    Open();
-    AddValue("a", "1");
-    fixture_->disk.FailAt(FaultyDisk::Step::Write, 1);
-    Go("Software");
-    QCOMPARE(fixture_->dialogs.Messages().size(), 1U);
-    QVERIFY_THROWS_EXCEPTION(tools::Error, page_->ApplyChanges());
-    QCOMPARE(Rows(Grid(*page_)).last(), "a=1");
-    QVERIFY(page_->IsDirty());
-    QCOMPARE(fixture_->folder.Read(PageFixture::kComponentFile), "[Component]\nTitle=Kern\n");
+    f.disk.FailAt(FaultyDisk::Step::Write, 1000);
+    f.page->ApplyChanges();
+    QVERIFY(!f.page->IsDirty());
+    QCOMPARE(f.ShownPath(), "Arbeitsplatz");
+    QCOMPARE(f.StoredIn("RegKey1", {"Val1Setting"}), "1");
   }
 
   void NamesWithSemicolonsFallApart() {
-    Open();
-    AddValue("a;b", "1");
-    AddValue("\"c;d\"", "2");
-    AddValue("@;", "3");
-    Go("(Arbeitsplatz)");
-    Go("HKEY_LOCAL_MACHINE");
-    QCOMPARE(Rows(Grid(*page_)),
-             QStringList({"(Standardwert)=(nicht gesetzt)", "a=", "b=", "\"c;d\"=2"}));
-    QCOMPARE(Stored("RegKey1", "Values"), "5");
+    Fixture f;
+    f.AddValue("a;b", "1");
+    f.AddValue("\"c;d\"", "2");
+    f.AddValue("@;", "3");
+    f.Go("(Arbeitsplatz)");
+    f.Go(kMachine);
+    QCOMPARE(f.Values(), QStringList({kUnset, "a=", "b=", "\"c;d\"=2"}));
+    QCOMPARE(f.StoredIn("RegKey1", {"Values"}), "5");
   }
 
   void AValueIsAddedOnlyUnderAFreeName() {
-    Open();
-    fixture_->dialogs.ExpectInputBox("Namen des neuen Wertes", " \t");
-    QTest::mouseClick(&Child(*page_, "cmdAddValue"), Qt::LeftButton);
-    QVERIFY(!page_->IsDirty());
-    AddValue("voll", "x");
-    AddValue("leer", "");
-    for (const char* taken : {"voll", "@", "leer"}) {
-      fixture_->dialogs.ExpectInputBox("Namen des neuen Wertes", taken);
-      QTest::mouseClick(&Child(*page_, "cmdAddValue"), Qt::LeftButton);
-    }
-    const auto& messages = fixture_->dialogs.Messages();
-    QCOMPARE(messages.size(), 3U);
-    QCOMPARE(messages[0].text, model::LoadText(395));
-    QCOMPARE(messages[0].caption, model::LoadText(394));
-    QCOMPARE(messages[2].caption, tools::StandardText(tools::kTextError));
-    QCOMPARE(Rows(Grid(*page_)).size(), 3);
+    Fixture f;
+    f.RefuseValue(" \t");
+    QVERIFY(!f.page->IsDirty());
+    f.AddValue("voll", "x");
+    f.AddValue("leer", "");
+    for (const char* taken : {"voll", "@", "leer"}) f.RefuseValue(taken);
+    QCOMPARE(Told(f.dialogs).size(), 3);
+    QCOMPARE(Told(f.dialogs).front(), pages::Text(394) + ": " + pages::Text(395));
+    QVERIFY(Told(f.dialogs).back().startsWith("Fehler: "));
+    QCOMPARE(f.Values(), QStringList({kUnset, "voll=x", "leer="}));
   }
 
   void ANewKeyIsOpenedEvenWhenItsNameIsTaken() {
-    Open();
-    fixture_->dialogs.ExpectInputBox("Namen des neuen Schlüssels", "Neu");
-    Go("(Neuer Schlüssel...)");
-    QCOMPARE(fixture_->dialogs.LastDefaultText(), "NewSubkey");
-    QCOMPARE(Path(), "HKEY_LOCAL_MACHINE\\Neu");
-    QVERIFY(fixture_->dialogs.Messages().empty());
-    Go("(Ebene höher)");
-    fixture_->dialogs.ExpectInputBox("Namen des neuen Schlüssels", " SOFTWARE ");
-    Go("(Neuer Schlüssel...)");
-    QCOMPARE(fixture_->dialogs.Messages().back().text, model::LoadText(388));
-    QCOMPARE(Path(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
-    fixture_->dialogs.ExpectInputBox("Namen des neuen Schlüssels", "");
-    Go("(Neuer Schlüssel...)");
-    QCOMPARE(Path(), "HKEY_LOCAL_MACHINE\\ SOFTWARE\\");
+    Fixture f;
+    f.GoToNewKey("Neu");
+    QCOMPARE(f.dialogs.LastDefaultText(), "NewSubkey");
+    QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\Neu");
+    f.Go("(Ebene höher)");
+    f.GoToNewKey(" SOFTWARE ");
+    QCOMPARE(Told(f.dialogs), QStringList(pages::Text(386) + ": " + pages::Text(388)));
+    QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
+    f.GoToNewKey("");
+    QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE\\");
   }
 
   void AFreedSlotIsUsedAgainAndHidesThoseAboveIt() {
-    std::string keys = "[Registry]\nKeys=5\n";
-    for (const char* slot : {"1", "2", "3", "4", "5"}) {
-      keys += std::string("Key") + slot + "=HKEY_USERS\\k" + slot + "\n";
+    Fixture f(
+        "[Registry]\nKeys=3\nKey1=HKEY_USERS\\k1\nKey2=HKEY_USERS\\k2\nKey3=HKEY_USERS\\k3\n"
+        "[RegKey2]\nValues=1\nVal1Name=n\nVal1Setting=x\n");
+    auto& path = Child<QComboBox>(*f.page, "cmbRegPath");
+    QCOMPARE(path.count(), 3);
+    QTest::keyClick(&path, Qt::Key_Down);
+    QCOMPARE(f.ShownPath(), "HKEY_USERS\\k2");
+    f.TypePath("HKEY_USERS\\K2");
+    QCOMPARE(f.Values().last(), "n=x");
+    for (const MessageAnswer answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
+      f.dialogs.ExpectQuestion("Alle Werte, die für \"HKEY_USERS\\K2\" gespeichert sind", answer);
+      f.Go("(Alle Werte löschen)");
+      QCOMPARE(f.Values().size(), answer == MessageAnswer::Ok ? 1 : 2);
     }
-    fixture_->folder.Write(PageFixture::kComponentFile,
-                           keys + "[RegKey2]\nValues=1\nVal1Name=n\nVal1Setting=x\n");
-    Open();
-    auto& path = Child<QComboBox>(*page_, "cmbRegPath");
-    QCOMPARE(path.count(), 5);
-    path.setFocus();
-    for (int i = 0; i < 2; ++i) QTest::keyClick(&path, Qt::Key_Down);
-    QCOMPARE(Path(), path.currentText());
-    Type("HKEY_USERS\\K2");
-    QCOMPARE(Rows(Grid(*page_)).last(), "n=x");
+    QCOMPARE(f.StoredIn("Registry", {"Key2", "Keys"}), "|3");
+    QCOMPARE(f.StoredIn("RegKey2", {"Val1Name"}), "n");
 
-    const std::string question = "Alle Werte, die für \"HKEY_USERS\\K2\" gespeichert sind";
-    fixture_->dialogs.ExpectQuestion(question, MessageAnswer::Cancel);
-    Go("(Alle Werte löschen)");
-    QCOMPARE(Rows(Grid(*page_)).size(), 2);
-    fixture_->dialogs.ExpectQuestion(question, MessageAnswer::Ok);
-    Go("(Alle Werte löschen)");
-    QCOMPARE(Rows(Grid(*page_)).size(), 1);
-    QCOMPARE(Stored("Registry", "Key2"), "");
-    QCOMPARE(Stored("Registry", "Keys"), "5");
-    QCOMPARE(Stored("RegKey2", "Val1Name"), "n");
-
-    Type("HKEY_USERS\\neu");
-    AddValue("v", "1");
-    Go("(Arbeitsplatz)");
-    QCOMPARE(Stored("Registry", "Key2"), "HKEY_USERS\\neu");
-    QCOMPARE(Stored("Registry", "Keys"), "2");
+    f.TypePath("HKEY_USERS\\neu");
+    f.AddValue("v", "1");
+    f.Go("(Arbeitsplatz)");
+    QCOMPARE(f.StoredIn("Registry", {"Key2", "Keys"}), "HKEY_USERS\\neu|2");
   }
 
   void SlotsWithOnePathAreShownTogether() {
-    fixture_->folder.Write(
-        PageFixture::kComponentFile,
+    const Fixture f(
         "[Registry]\nKeys=2\nKey1=HKEY_USERS\\a\nKey2= hkey_users\\A \n"
         "[RegKey1]\nValues=2\nVal1Name= n \nVal1Setting=1\nVal2Name=@\nVal2Setting=d\n"
         "[RegKey2]\nValues=3\nVal1Name=n\nVal1Setting=2\nVal2Name=m\nVal2Setting=3\n");
-    Open();
-    Type("HKEY_USERS\\a");
-    QCOMPARE(Rows(Grid(*page_)), QStringList({"(Standardwert)=d", "n=1", "m=3"}));
+    f.TypePath("HKEY_USERS\\a");
+    QCOMPARE(f.Values(), QStringList({"(Standardwert)=d", "n=1", "m=3"}));
   }
-
- private:
-  void Open() { page_ = fixture_->Open<pages::tabRegistryEditor>(1); }
-  [[nodiscard]] QListView& List() const { return Child<QListView>(*page_, "lstSubkeys"); }
-  [[nodiscard]] QString Path() const {
-    return Child<QComboBox>(*page_, "cmbRegPath").currentText();
-  }
-  void Go(const char* entry) {
-    const QModelIndex row = RowWith(List(), entry);
-    QVERIFY2(row.isValid(), entry);
-    DoubleClick(List(), row);
-  }
-  void Type(const QString& path) {
-    auto& box = *Child<QComboBox>(*page_, "cmbRegPath").lineEdit();
-    box.selectAll();
-    QTest::keyClick(&box, Qt::Key_Delete);
-    QTest::keyClicks(&box, path);
-    QTest::keyClick(&box, Qt::Key_Return);
-  }
-  void AddValue(const char* name, const char* value) {
-    fixture_->dialogs.ExpectInputBox("Namen des neuen Wertes", name);
-    ModalScript script;
-    ExpectTyping(script, value);
-    QTest::mouseClick(&Child(*page_, "cmdAddValue"), Qt::LeftButton);
-  }
-  [[nodiscard]] std::string Stored(const char* section, const char* key) const {
-    return fixture_->Stored(PageFixture::kComponentFile, section, key);
-  }
-
-  std::unique_ptr<PageFixture> fixture_;
-  std::unique_ptr<pages::tabRegistryEditor> page_;
 };
 
 }  // namespace tests

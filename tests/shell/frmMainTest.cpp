@@ -1,26 +1,24 @@
-#include <QLabel>
+#include <QDir>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QTest>
 
 #include "grid/ctlPropertyEditor.h"
-#include "tests/support/ScriptedDialogs.h"
 #include "tests/support/desktop/OpenedProgram.h"
+#include "tools/SettingsFile.h"
 
 namespace tests {
 
-namespace {
-
 using tools::MessageAnswer;
+
+namespace {
 
 class FakeWizards : public shell::WizardStarter {
  public:
-  void StartSetupWizard(std::int32_t version) override { setup = version; }
-  void StartUpdateWizard(std::int32_t version) override { update = version; }
+  void StartSetupWizard(std::int32_t version) override { started += {"setup", version}; }
+  void StartUpdateWizard(std::int32_t version) override { started += {"update", version}; }
 
-  std::int32_t setup = 0;
-  std::int32_t update = 0;
+  QList<std::pair<QString, std::int32_t>> started;
 };
 
 }  // namespace
@@ -42,8 +40,7 @@ class frmMainTest : public QObject {
     home_->Write("P/Version 1.10.0/component2.component", "[Component]\nTitle=Programm\n");
     home_->MakeFolder("P/Version 1.9.0");
     dialogs_ = std::make_unique<ScriptedDialogs>();
-    program_ = std::make_unique<OpenedProgram>(*dialogs_);
-    QVERIFY(QTest::qWaitForWindowActive(&program_->window));
+    program_ = std::make_unique<OpenedProgram>(dialogs_.get());
   }
 
   void cleanup() {
@@ -55,67 +52,58 @@ class frmMainTest : public QObject {
     QCOMPARE(program_->window.windowTitle(), "Packwright");
     QVERIFY(!program_->Tree().isEnabled());
     QVERIFY(!Child(program_->window, "picDataEditor").isEnabled());
-    QCOMPARE(Child<QLabel>(program_->window, "lblProjectTreeTitle").text(), "Projekt-Struktur ");
     for (const char* key : {"save", "close"}) program_->Press(key);
     QVERIFY(dialogs_->Messages().empty());
     for (const char* key : {"setupwiz", "updatewiz"}) program_->Press(key);
-    QCOMPARE(dialogs_->Messages().size(), 2U);
-    QVERIFY(dialogs_->Messages()[0].text.starts_with("Es ist kein Projekt geladen."));
-    QCOMPARE(dialogs_->Messages()[1].caption, "Update-Erstellungs-Assistent");
+    QVERIFY(Told(*dialogs_).front().contains("Es ist kein Projekt geladen."));
+    QVERIFY(Told(*dialogs_).back().startsWith("Update-Erstellungs-Assistent: "));
   }
 
-  void TheToolbarHasTooltipsImagesAndStandardShortcuts() {
-    const std::vector<std::pair<const char*, const char*>> buttons{
-        {"new", "Neues Projekt"},
-        {"open", "Projekt öffnen"},
-        {"save", "Speichern"},
-        {"close", "Schließen"},
-        {"setupwiz", "Setup-Erstellungs-Assistent"},
-        {"updatewiz", "Update-Erstellungs-Assistent"}};
-    for (const auto& [key, tooltip] : buttons) {
-      const QAction& button = Child<QAction>(program_->window, key);
-      QCOMPARE(button.toolTip(), tooltip);
-      const QImage image = button.icon().pixmap(16, 16).toImage();
-      const QImage empty = QImage(image.size(), image.format());
-      QVERIFY2(!image.isNull() && image.pixelColor(8, 8) != empty.pixelColor(0, 0), key);
-      QVERIFY2(!button.shortcut().isEmpty(), key);
+  void TheToolbarHasTooltipsImagesAndShortcuts() {
+    QStringList tooltips;
+    for (const QAction* button : Child<QToolBar>(program_->window, "tbrMain").actions()) {
+      if (button->isSeparator()) continue;
+      tooltips += button->toolTip();
+      const QImage image = button->icon().pixmap(16, 16).toImage();
+      QImage empty = image;
+      empty.fill(Qt::transparent);
+      QVERIFY2(image != empty && !button->shortcut().isEmpty(), qPrintable(button->toolTip()));
     }
+    QCOMPARE(tooltips.join('|'),
+             "Neues Projekt|Projekt öffnen|Speichern|Schließen|"
+             "Setup-Erstellungs-Assistent|Update-Erstellungs-Assistent");
   }
 
-  void OpenShowsTheTreeWithItsKeysAndExpandsOnlyTheLatestVersion() {
+  void OpenShowsTheTreeAndExpandsOnlyTheLatestVersion() {
     dialogs_->ExpectOpenFile("Projekt öffnen", product_);
     program_->Press("open");
     QCOMPARE(program_->window.windowTitle(), "Packwright - Probe.product");
-    QCOMPARE(program_->Node("product")->text(0), "Probe");
-    QCOMPARE(program_->Node("v1")->text(0), "Version 1.2.0");
-    QCOMPARE(program_->Node("v3c2")->text(0), "Programm");
-    QCOMPARE(program_->Node("v3c2")->parent(), program_->Node("v3"));
-    QCOMPARE(program_->Node("v3c2")->data(0, Qt::UserRole + 1).toString(), "component");
-    QVERIFY(program_->Node("v2") == nullptr && program_->Node("v3c1") == nullptr);
-    QVERIFY(program_->Node("product")->isExpanded() && program_->Node("v3")->isExpanded());
-    QVERIFY(!program_->Node("v1")->isExpanded() && !program_->Node("v4")->isExpanded());
-    QCOMPARE(program_->SelectedKey(), "");
-    QCOMPARE(Tabs().count(), 0);
+    QCOMPARE(program_->Nodes(),
+             QStringList({"product=Probe", "[v1=Version 1.2.0]", "[v1c1=Alt]", "v3=Version 1.10.0",
+                          "[v3c2=Programm]", "[v4=Version 1.9.0]"}));
+    QCOMPARE(program_->SelectedKey() + TabTitles(), "");
   }
 
   void ClicksAndArrowKeysShowTheNodesPages() {
-    Open();
+    program_->Open(product_);
     QTest::keyClick(&program_->Tree(), Qt::Key_Down);
     QCOMPARE(TabTitles(), "Produkt");
     QTest::keyClick(&program_->Tree(), Qt::Key_Down);
     QCOMPARE(program_->SelectedKey(), "v1");
     QVERIFY(TabTitles().startsWith("Version;Setup-Typen;Installationsablauf"));
-    QVERIFY(Child(program_->window, "EditorTab1").isVisible());
-    const QRect second = Tabs().tabRect(1);
-    QTest::mouseClick(&Tabs(), Qt::LeftButton, {}, second.center());
-    QVERIFY(!Child(program_->window, "EditorTab1").isVisible());
-    QVERIFY(Child(program_->window, "EditorTab2").isVisible());
-    program_->Click("product");
-    QCOMPARE(TabTitles(), "Produkt");
+    for (const int shown : {1, 0}) {
+      QTest::mouseClick(&Tabs(), Qt::LeftButton, {}, Tabs().tabRect(shown).center());
+      QCOMPARE(Child(program_->window, "EditorTab1").isVisible(), shown == 0);
+      QCOMPARE(Child(program_->window, "EditorTab2").isVisible(), shown == 1);
+    }
+    program_->Click("v3c2");
+    QCOMPARE(TabTitles(), "Dateien;Registrierung");
+    program_->Click("product", Qt::MiddleButton);
+    QCOMPARE(program_->SelectedKey(), "v3c2");
   }
 
-  void TheRightButtonShowsTheSelectedNodesMenuWhereverItIsPressed() {
-    Open();
+  void TheSelectedNodesMenuOpensByKeyAndByTheRightButtonWhereverItIsPressed() {
+    program_->Open(product_);
     QWidget* viewport = program_->Tree().viewport();
     const QPoint empty(viewport->width() / 2, viewport->height() - 5);
     QTest::mousePress(viewport, Qt::RightButton, {}, empty);
@@ -124,162 +112,125 @@ class frmMainTest : public QObject {
     const QPoint other = program_->Tree().visualItemRect(program_->Node("product")).center();
     for (const QPoint& place : {empty, other}) {
       QTest::mousePress(viewport, Qt::RightButton, {}, place);
-      QVERIFY(Child(program_->window, "mnuPopupVersion").isVisible());
-      QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+      QCOMPARE(OpenedMenu().objectName(), "mnuPopupVersion");
+      QTest::keyClick(&OpenedMenu(), Qt::Key_Escape);
       QTest::mouseRelease(viewport, Qt::RightButton, {}, place);
       QCOMPARE(program_->SelectedKey(), "v3");
     }
-  }
-
-  void OtherButtonsSelectNothing() {
-    Open();
-    program_->Click("v3");
-    const QPoint other = program_->Tree().visualItemRect(program_->Node("product")).center();
-    QTest::mouseClick(program_->Tree().viewport(), Qt::MiddleButton, {}, other);
-    QCOMPARE(program_->SelectedKey(), "v3");
-  }
-
-  void TheMenuKeyOpensTheSelectedNodesMenu() {
-    Open();
     program_->Click("v3c2");
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(&program_->Tree(), &event);
-    QCOMPARE(QApplication::activePopupWidget()->objectName(), "mnuPopupComponent");
-    QApplication::activePopupWidget()->close();
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&program_->Tree(), &menuKey);
+    QCOMPARE(OpenedMenu().objectName(), "mnuPopupComponent");
+    OpenedMenu().close();
   }
 
   void AddedVersionsAndComponentsAppearAndThePagesStay() {
-    Open();
-    program_->Click("product");
+    OpenProductPage();
     dialogs_->ExpectInputBox("neue Versionsnummer", "2.0.0");
-    program_->PickFromMenu("mnuPopupProduct", "mnuProductAddVersion");
+    program_->PickFromMenu("mnuProductAddVersion");
     QCOMPARE(dialogs_->LastDefaultText(), "1.10.1");
-    QCOMPARE(program_->Node("v2")->text(0), "Version 2.0.0");
-    QVERIFY(program_->Node("v2")->isExpanded() && !program_->Node("v3")->isExpanded());
-    QCOMPARE(program_->SelectedKey(), "product");
-    QCOMPARE(TabTitles(), "Produkt");
+    QVERIFY(program_->Nodes().contains("v2=Version 2.0.0"));
+    QVERIFY(program_->Nodes().contains("[v3=Version 1.10.0]"));
+    QCOMPARE(program_->SelectedKey() + TabTitles(), "productProdukt");
     program_->Click("v2");
     dialogs_->ExpectInputBox("Bezeichnung für die neue Komponente", "Hilfe");
-    program_->PickFromMenu("mnuPopupVersion", "mnuVersionAddComponent");
-    QCOMPARE(program_->Node("v2c1")->text(0), "Hilfe");
-    QVERIFY(home_->Read("P/Version 2.0.0/component1.component").find("Title=Hilfe") < 100);
+    program_->PickFromMenu("mnuVersionAddComponent");
+    QVERIFY(program_->Nodes().contains("[v2c1=Hilfe]"));
+    QVERIFY(home_->Read("P/Version 2.0.0/component1.component").starts_with("[Component]"));
   }
 
   void ADeletedNodeIsGoneFromTreeEditorAndDisk() {
-    Open();
+    program_->Open(product_);
     program_->Click("v3c2");
-    dialogs_->ExpectQuestion("Wirklich löschen?", MessageAnswer::No);
-    program_->PickFromMenu("mnuPopupComponent", "mnuComponentDelete");
-    QVERIFY(program_->Node("v3c2") != nullptr && home_->Holds("P/Version 1.10.0"));
-    dialogs_->ExpectQuestion("Wirklich löschen?", MessageAnswer::Yes);
-    program_->PickFromMenu("mnuPopupComponent", "mnuComponentDelete");
-    QVERIFY(program_->Node("v3c2") == nullptr);
-    QVERIFY(!home_->Holds("P/Version 1.10.0/component2.component"));
-    QCOMPARE(Tabs().count(), 0);
-
+    for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+      dialogs_->ExpectQuestion("Wirklich löschen?", answer);
+      program_->PickFromMenu("mnuComponentDelete");
+      const bool kept = answer == MessageAnswer::No;
+      QCOMPARE(program_->Nodes().contains("[v3c2=Programm]"), kept);
+      QCOMPARE(home_->Holds("P/Version 1.10.0/component2.component"), kept);
+      QCOMPARE(TabTitles(), kept ? "Dateien;Registrierung" : "");
+    }
     program_->Click("v1");
     dialogs_->ExpectQuestion("Wirklich löschen?", MessageAnswer::Yes);
-    program_->PickFromMenu("mnuPopupVersion", "mnuVersionDelete");
+    program_->PickFromMenu("mnuVersionDelete");
     QVERIFY(program_->Node("v1") == nullptr && !home_->Holds("P/Version 1.2.0"));
     QVERIFY(program_->window.findChild<QWidget*>("EditorTab1") == nullptr);
-    QVERIFY(home_->Read("P/Probe.product").find("Count=4") < 1000);
-  }
-
-  void SavedChangesAreOnDiskAndInTheTree() {
-    Open();
-    program_->Click("product");
-    Grid().SetProperty("ProductTitle", "Neuer Titel");
-    QTest::keySequence(&program_->window, QKeySequence::Save);
-    QVERIFY(home_->Read("P/Probe.product").find("Title=Neuer Titel\n") < 1000);
-    QCOMPARE(program_->Node("product")->text(0), "Neuer Titel");
-    QTest::keySequence(&program_->window, QKeySequence::Close);
-    QCOMPARE(program_->window.windowTitle(), "Packwright");
-    QCOMPARE(program_->Tree().topLevelItemCount(), 0);
-    QCOMPARE(Tabs().count(), 0);
+    QCOMPARE(Stored("Versions", "Count"), "4");
   }
 
   void TwoProgramsOnOneProductKeepEachOthersSettings() {
-    Open();
-    program_->Click("product");
-    OpenedProgram other(*dialogs_);
-    QVERIFY(other.operations.OpenProduct(product_));
+    OpenProductPage();
+    OpenedProgram other(dialogs_.get());
+    other.Open(product_);
+    other.Click("product");
     dialogs_->ExpectInputBox("neue Versionsnummer", "3.0.0");
-    other.operations.AddVersion();
+    other.PickFromMenu("mnuProductAddVersion");
     Grid().SetProperty("ProductTitle", "Anderer Titel");
     program_->Press("save");
-    const std::string text = home_->Read("P/Probe.product");
-    QVERIFY2(text.find("Ver2=3.0.0\n") < 1000 && text.find("Title=Anderer Titel\n") < 1000,
-             text.c_str());
+    QCOMPARE(Stored("Versions", "Ver2") + Stored("Product", "Title"), "3.0.0Anderer Titel");
   }
 
-  void AVanishedFolderIsReportedAndTheProgramGoesOn() {
-    Open();
-    program_->Click("product");
-    Grid().SetProperty("Author", "Berta");
-    QVERIFY(QDir().rename(Path("P"), Path("Q")));
+  void AFailedSaveIsReportedAndTheNextOneIsOnDiskAndInTheTree() {
+    OpenProductPage();
+    Grid().SetProperty("ProductTitle", "Neuer Titel");
+    const QString folder = tools::ToQString(home_->Path("P"));
+    QVERIFY(QDir().rename(folder, folder + "weg"));
     program_->Press("save");
-    QCOMPARE(dialogs_->Messages().size(), 1U);
-    QCOMPARE(dialogs_->Messages()[0].caption, "Fehler");
-    QVERIFY(dialogs_->Messages()[0].text.find(home_->Path("P")) < 1000);
-    QVERIFY(home_->Read("Q/Probe.product").find("Author=Anna") < 1000);
-    QVERIFY(QDir().rename(Path("Q"), Path("P")));
+    QCOMPARE(Told(*dialogs_).size(), 1);
+    QVERIFY(Told(*dialogs_).front().startsWith("Fehler: "));
+    QVERIFY(Told(*dialogs_).front().contains(folder));
+    QVERIFY(QDir().rename(folder + "weg", folder));
+    QCOMPARE(Stored("Product", "Title"), "Probe");
+    QTest::keySequence(&program_->window, QKeySequence::Save);
+    QCOMPARE(Stored("Product", "Title"), "Neuer Titel");
+    QCOMPARE(program_->Node("product")->text(0), "Neuer Titel");
+    QTest::keySequence(&program_->window, QKeySequence::Close);
+    QCOMPARE(program_->window.windowTitle(), "Packwright");
+    QCOMPARE(program_->Nodes().join(' ') + TabTitles(), "");
+  }
+
+  void TheCloseBoxWarnsThenOffersThePagesAndClosesWhateverTheAnswer() {
+    for (const auto& [answer, stored] :
+         {std::pair{MessageAnswer::Cancel, "Anna"}, std::pair{MessageAnswer::Ok, "Berta"}}) {
+      program_ = std::make_unique<OpenedProgram>(dialogs_.get());
+      OpenProductPage();
+      Grid().SetProperty("Author", "Berta");
+      dialogs_->ExpectQuestion("Nicht gespeicherte Änderungen gehen verloren.", answer);
+      if (answer == MessageAnswer::Ok) {
+        dialogs_->ExpectQuestion("auf der Seite \"Produkt\"", MessageAnswer::Yes);
+      }
+      PressCloseBox(program_->window);
+      QVERIFY(!program_->window.isVisible());
+      QCOMPARE(Stored("Product", "Author"), stored);
+    }
+    program_ = std::make_unique<OpenedProgram>(dialogs_.get());
+    OpenProductPage();
     Grid().SetProperty("Author", "Clara");
-    program_->Press("save");
-    QVERIFY(home_->Read("P/Probe.product").find("Author=Clara") < 1000);
-  }
-
-  void TheCloseBoxWarnsButClosesWhateverTheAnswer() {
-    Open();
-    program_->Click("product");
-    Grid().SetProperty("Author", "Berta");
-    dialogs_->ExpectQuestion("Nicht gespeicherte Änderungen gehen verloren.",
-                             MessageAnswer::Cancel);
-    PressCloseBox(program_->window);
-    QVERIFY(!program_->window.isVisible());
-    QVERIFY(home_->Read("P/Probe.product").find("Author=Anna") < 1000);
-  }
-
-  void TheCloseBoxOffersThePagesAfterTheWarning() {
-    Open();
-    program_->Click("product");
-    Grid().SetProperty("Author", "Berta");
-    dialogs_->ExpectQuestion("gehen verloren.", MessageAnswer::Ok);
-    dialogs_->ExpectQuestion("auf der Seite \"Produkt\"", MessageAnswer::Yes);
-    PressCloseBox(program_->window);
-    QVERIFY(home_->Read("P/Probe.product").find("Author=Berta") < 1000);
-  }
-
-  void ClosedByTheProgramItAsksNothing() {
-    Open();
-    program_->Click("product");
-    Grid().SetProperty("Author", "Berta");
-    QVERIFY(program_->window.close());
-    QVERIFY(dialogs_->Messages().empty());
+    QVERIFY(program_->window.close());  // by the program: asks nothing
+    QCOMPARE(Stored("Product", "Author"), "Berta");
   }
 
   void WizardsStartForTheSelectedVersionOnly() {
     FakeWizards wizards;
     program_->window.ConnectWizards(wizards);
-    Open();
+    program_->Open(product_);
     program_->Press("setupwiz");
     program_->Click("v3c2");
     program_->Press("updatewiz");
-    QVERIFY(dialogs_->Messages().back().text.ends_with("zu erstellende Version auswählen."));
-    QCOMPARE(wizards.setup + wizards.update, 0);
+    QVERIFY(Told(*dialogs_).back().endsWith("zu erstellende Version auswählen."));
     program_->Click("v3");
     program_->Press("setupwiz");
-    QCOMPARE(wizards.setup, 3);
     program_->Click("v4");
     program_->Press("updatewiz");
-    QCOMPARE(wizards.update, 4);
+    const decltype(wizards.started) expected{{"setup", 3}, {"update", 4}};
+    QCOMPARE(wizards.started, expected);
   }
 
   void HintsOfPagesStayUntilThePointerMovesOverTreeOrStatusBar() {
-    Open();
-    program_->Click("product");
+    OpenProductPage();
     auto& bar = Child<QStatusBar>(program_->window, "sbrMain");
     for (QWidget* place : {program_->Tree().viewport(), static_cast<QWidget*>(&bar)}) {
-      QTest::mouseMove(Child(Grid(), "lsvProps").findChild<QWidget*>("qt_scrollarea_viewport"));
+      QTest::mouseMove(Child<QAbstractItemView>(Grid(), "lsvProps").viewport());
       QTRY_COMPARE(bar.currentMessage(), "Hier können Sie die Produkteigenschaften bearbeiten.");
       QTest::mouseMove(place, {5, 5});
       QTRY_COMPARE(bar.currentMessage(), "");
@@ -291,23 +242,27 @@ class frmMainTest : public QObject {
     Child<QSplitter>(program_->window, "splitter").setSizes({200, 500});
     const QList<int> sizes = Child<QSplitter>(program_->window, "splitter").sizes();
     program_->window.close();
-    OpenedProgram next(*dialogs_);
+    const OpenedProgram next(dialogs_.get());
     QCOMPARE(next.window.geometry(), QRect(40, 50, 720, 460));
     QCOMPARE(Child<QSplitter>(next.window, "splitter").sizes(), sizes);
     next.window.move(9000, 9000);
     next.window.close();
-    const OpenedProgram last(*dialogs_);
+    const OpenedProgram last(dialogs_.get());
     QVERIFY(last.window.screen()->geometry().intersects(last.window.frameGeometry()));
   }
 
  private:
-  void Open() { QVERIFY(program_->operations.OpenProduct(product_)); }
+  void OpenProductPage() {
+    program_->Open(product_);
+    program_->Click("product");
+  }
+  [[nodiscard]] QString Stored(const char* section, const char* key) const {
+    const tools::SettingsFile file(home_->Read("P/Probe.product"));
+    return tools::ToQString(file.Read(section, key, "-"));
+  }
   QTabBar& Tabs() { return Child<QTabBar>(program_->window, "tabDataEditor"); }
   grid::ctlPropertyEditor& Grid() {
     return Child<grid::ctlPropertyEditor>(program_->window, "propsProduct");
-  }
-  [[nodiscard]] QString Path(const char* name) const {
-    return QString::fromStdString(home_->Path(name));
   }
   QString TabTitles() {
     QStringList titles;

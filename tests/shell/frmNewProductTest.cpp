@@ -1,11 +1,8 @@
-#include <QLabel>
+#include <QDir>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 #include <functional>
 
 #include "shell/frmNewProduct.h"
-#include "tests/support/ScriptedDialogs.h"
 #include "tests/support/desktop/OpenedProgram.h"
 
 namespace tests {
@@ -23,68 +20,46 @@ class frmNewProductTest : public QObject {
 
   void ShowsGermanCaptionsAndSelectsTheProposedTitle() {
     QCOMPARE(form_->windowTitle(), "Neues Projekt anlegen");
-    QCOMPARE(Child<QLabel>(*form_, "lblProductTitle").text(), "Produktbezeichnung:");
-    QCOMPARE(Child<QLabel>(*form_, "lblAuthor").text(), "Autor:");
-    QCOMPARE(Child<QLabel>(*form_, "lblProductFile").text(), "Dateiname:");
-    QCOMPARE(Child<QPushButton>(*form_, "cmdOK").text(), "Erstellen");
-    QCOMPARE(Child<QPushButton>(*form_, "cmdCancel").text(), "Abbrechen");
-    QCOMPARE(Field("txtProductTitle").selectedText(), "Neues Produkt");
-    QVERIFY(Field("txtProductTitle").hasFocus());
-    QVERIFY(form_->FileName().endsWith(Native("/Neues Produkt/Neues Produkt.product")));
-    QCOMPARE(form_->Author(), "");
+    QCOMPARE(Shown(*form_, {"lblProductTitle", "lblAuthor", "lblProductFile", "txtAuthor", "cmdOK",
+                            "cmdCancel"})
+                 .join('|'),
+             "Produktbezeichnung:|Autor:|Dateiname:||Erstellen|Abbrechen");
+    QCOMPARE(Child<QLineEdit>(*form_, "txtProductTitle").selectedText(), "Neues Produkt");
+    QVERIFY(Child(*form_, "txtProductTitle").hasFocus());
   }
 
-  void TheFileNameFollowsTheTitle_data() {
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("end");
-    QTest::newRow("plain") << "Demo"
-                           << "/Installationen/Demo/Demo.product";
-    QTest::newRow("only the name is cleaned") << "A*B"
-                                              << "/Installationen/A*B/A_B.product";
-    QTest::newRow("empty") << ""
-                           << "/Installationen//.product";
+  void TheFileNameFollowsTheTitleWithTheNameAloneCleaned() {
+    const std::vector<std::pair<QString, QString>> cases{
+        {"Demo", "/Demo/Demo.product"}, {"A*B", "/A*B/A_B.product"}, {"", "//.product"}};
+    for (const auto& [title, end] : cases) {
+      Type(Child(*form_, "txtFilename"), "von Hand");
+      Type(Child(*form_, "txtProductTitle"), title);
+      const QString path = QDir::toNativeSeparators("/Installationen" + end);
+      QVERIFY2(form_->FileName().endsWith(path), qUtf8Printable(form_->FileName()));
+    }
   }
 
-  void TheFileNameFollowsTheTitle() {
-    QFETCH(QString, title);
-    QFETCH(QString, end);
-    Field("txtFilename").setText("von Hand");
-    QTest::keyClick(&Field("txtProductTitle"), Qt::Key_Delete);
-    QTest::keyClicks(&Field("txtProductTitle"), title);
-    QVERIFY2(form_->FileName().endsWith(Native(end)), qUtf8Printable(form_->FileName()));
-  }
-
-  void TheConfirmedAuthorIsProposedTheNextTime() {
-    Field("txtAuthor").setText("Änne Müller");
-    QTest::keyClick(&Field("txtAuthor"), Qt::Key_Return);
+  void OnlyAConfirmedAuthorIsProposedTheNextTime() {
+    const std::vector<std::function<void()>> waysOut{
+        [this] { Press(*form_, "cmdCancel"); },
+        [this] { QTest::keyClick(form_.get(), Qt::Key_Escape); },
+        [this] { PressCloseBox(*form_); }};
+    for (const auto& leave : waysOut) {
+      Type(Child(*form_, "txtAuthor"), "Niemand");
+      leave();
+      QVERIFY(!form_->Confirmed() && !form_->isVisible());
+      Open();
+      QCOMPARE(form_->Author(), "");
+    }
+    Type(Child(*form_, "txtAuthor"), "Änne Müller");
+    QTest::keyClick(&Child(*form_, "txtAuthor"), Qt::Key_Return);
     QVERIFY(form_->Confirmed() && !form_->isVisible());
     Open();
     QCOMPARE(form_->Author(), "Änne Müller");
     QVERIFY(!form_->Confirmed());
   }
 
-  void LeavingItOtherwiseConfirmsAndStoresNothing_data() {
-    QTest::addColumn<std::function<void()>>("leave");
-    QTest::newRow("cmdCancel") << std::function<void()>(
-        [this] { QTest::mouseClick(&Child(*form_, "cmdCancel"), Qt::LeftButton); });
-    QTest::newRow("Escape") << std::function<void()>(
-        [this] { QTest::keyClick(form_.get(), Qt::Key_Escape); });
-    QTest::newRow("close box") << std::function<void()>([this] { PressCloseBox(*form_); });
-  }
-
-  void LeavingItOtherwiseConfirmsAndStoresNothing() {
-    QFETCH(std::function<void()>, leave);
-    Field("txtAuthor").setText("Niemand");
-    leave();
-    QVERIFY(!form_->Confirmed() && !form_->isVisible());
-    Open();
-    QCOMPARE(form_->Author(), "");
-  }
-
  private:
-  static QString Native(const QString& path) { return QDir::toNativeSeparators(path); }
-  QLineEdit& Field(const char* name) { return Child<QLineEdit>(*form_, name); }
-
   void Open() {
     form_ = std::make_unique<shell::frmNewProduct>(*registry_, dialogs_, nullptr);
     form_->show();

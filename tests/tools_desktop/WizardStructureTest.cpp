@@ -75,10 +75,6 @@ WizardPage Page(int style, const char* title, const char* next) {
   return page;
 }
 
-void Press(QWidget& window, const char* button) {
-  QTest::mouseClick(&Child<QPushButton>(window, button), Qt::LeftButton);
-}
-
 /// The names of the buttons that can be pressed.
 QString Enabled(const QWidget& window) {
   QStringList names;

@@ -17,10 +17,6 @@ using tools::WizardStructure;
 
 namespace {
 
-void Press(QWidget& window, const char* button) {
-  QTest::mouseClick(&Child<QPushButton>(window, button), Qt::LeftButton);
-}
-
 QString Title(const QWidget& frame) { return Child<QLabel>(frame, "lblPageTitle").text(); }
 
 void GoToTheEnd(WizardStructure& frame) {

@@ -1,9 +1,5 @@
 #include "tests/support/desktop/ModalScript.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QTest>
-
 #include "tests/support/ReportFailure.h"
 #include "tests/support/desktop/Widgets.h"
 
@@ -12,12 +8,6 @@ namespace tests {
 namespace {
 
 constexpr int kInterval = 5;  // milliseconds between two looks
-
-void FailOn(const QString& complaint, QWidget& window) {
-  ReportFailure(
-      (complaint + QStringLiteral(" \"%1\" (%2)").arg(window.objectName(), window.windowTitle()))
-          .toStdString());
-}
 
 }  // namespace
 
@@ -34,8 +24,14 @@ ModalScript::~ModalScript() {
 }
 
 void ModalScript::ExpectAndPress(const char* objectName, const char* buttonName) {
-  Expect<QWidget>(objectName, [buttonName](QWidget& window) {
-    QTest::mouseClick(&Child<QAbstractButton>(window, buttonName), Qt::LeftButton);
+  Expect<QWidget>(objectName, [buttonName](QWidget& window) { Press(window, buttonName); });
+}
+
+void ModalScript::ExpectTyping(const char* objectName, const char* fieldName, const QString& text) {
+  Expect<QWidget>(objectName, [fieldName, text](QWidget& window) {
+    QWidget& field = Child(window, fieldName);
+    Type(field, text);
+    QTest::keyClick(&field, Qt::Key_Return);
   });
 }
 
@@ -49,15 +45,14 @@ void ModalScript::Look() {
   if (window != answered_) answered_.clear();
   if (window == nullptr || window == answered_ || !window->isActiveWindow()) return;
   answered_ = window;
-  if (expected_.empty() || expected_.front().objectName != window->objectName()) {
-    FailOn(QStringLiteral("nobody expects the window"), *window);
-    window->close();
-    return;
+  if (!expected_.empty() && expected_.front().objectName == window->objectName()) {
+    const Expectation expectation = std::move(expected_.front());
+    expected_.pop_front();
+    if (expectation.act(*window)) return;
   }
-  const Expectation expectation = std::move(expected_.front());
-  expected_.pop_front();
-  if (expectation.act(*window)) return;
-  FailOn(QStringLiteral("of another class than expected is the window"), *window);
+  const QString name =
+      QStringLiteral("\"%1\" (%2)").arg(window->objectName(), window->windowTitle());
+  ReportFailure("nobody expects this window of this class: " + name.toStdString());
   window->close();
 }
 

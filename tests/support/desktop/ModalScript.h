@@ -14,9 +14,8 @@ namespace tests {
 /// A modal window that nobody expects fails the test and is closed; so does an expectation that is
 /// left when this object ends.
 ///
-///     tests::ModalScript script;
-///     script.Expect<QDialog>("inputBox", [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return);
-///     });
+///     ModalScript script;
+///     script.ExpectTyping("inputBox", "txtInput", "1.0.0");
 class ModalScript : public QObject {
   Q_OBJECT
 
@@ -36,6 +35,8 @@ class ModalScript : public QObject {
 
   /// Expects a modal window and presses its button of that name.
   void ExpectAndPress(const char* objectName, const char* buttonName);
+  /// Expects a modal window, types into its text box of that name and confirms by Enter.
+  void ExpectTyping(const char* objectName, const char* fieldName, const QString& text);
 
  private:
   struct Expectation {

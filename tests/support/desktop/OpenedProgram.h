@@ -1,57 +1,33 @@
-// The desktop program as a test starts it: all its objects, with the user's folders in a temporary
-// one.
+// The desktop program as a test starts it, with the user's folders in a temporary one.
 #pragma once
 
-#include <QAction>
-#include <QCloseEvent>
-#include <QDir>
-#include <QMenu>
-#include <QTest>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
-#include <memory>
-#include <string>
 
-#include "model/ModProject.h"
-#include "model/ModProjectOperations.h"
-#include "pages/PageRegistry.h"
-#include "shell/NewProductDialog.h"
-#include "shell/frmMain.h"
-#include "tests/support/FixedClock.h"
+#include "app/DesktopProgram.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/desktop/Widgets.h"
-#include "tools/Disk.h"
-#include "tools/Registry.h"
-#include "tools/SettingsStore.h"
+#include "tools/desktop/QtText.h"
 
 namespace tests {
 
 /// Has the programs of this test keep the user's documents and preferences in `folder`.
 inline void UseHome(const TemporaryFolder& folder) {
-  qputenv("HOME", QByteArray::fromStdString(folder.Path()));
-  qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.Path("config")));
-}
-
-/// What the window system sends when the user presses a window's close box.
-inline void PressCloseBox(QWidget& window) {
-  QCloseEvent event;
-  QSpontaneKeyEvent::setSpontaneous(&event);
-  qApp->notify(&window, &event);
-  if (event.isAccepted()) window.hide();
+  for (const char* name : {"HOME", "XDG_CONFIG_HOME", "APPDATA"}) {
+    qputenv(name, QByteArray::fromStdString(folder.Path()));
+  }
 }
 
 struct OpenedProgram {
-  explicit OpenedProgram(tools::Dialogs& dialogs)
-      : newProductForm(*registry, dialogs),
-        operations(project, dialogs, clock, newProductForm),
-        window({.project = project,
-                .operations = operations,
-                .dialogs = dialogs,
-                .registry = *registry,
-                .pageRegistry = pageRegistry}) {
-    newProductForm.SetParent(&window);
+  /// Without dialogs, the program's real ones come.
+  explicit OpenedProgram(tools::Dialogs* dialogs = nullptr) : program(dialogs) {
     window.show();
+    if (!QTest::qWaitForWindowActive(&window)) qFatal("the window does not become active");
+  }
+
+  void Open(const std::string& product) {
+    program.OpenFromCommandLine({"packwright", tools::ToQString(product)});
   }
 
   [[nodiscard]] QTreeWidget& Tree() const { return Child<QTreeWidget>(window, "trvProjectTree"); }
@@ -62,6 +38,16 @@ struct OpenedProgram {
       if ((*item)->data(0, Qt::UserRole).toString() == key) return *item;
     }
     return nullptr;
+  }
+
+  /// Every node as "key=text", in square brackets when it is not expanded.
+  [[nodiscard]] QStringList Nodes() const {
+    QStringList nodes;
+    for (QTreeWidgetItemIterator item(&Tree()); *item != nullptr; ++item) {
+      const QString node = (*item)->data(0, Qt::UserRole).toString() + "=" + (*item)->text(0);
+      nodes += (*item)->isExpanded() ? node : "[" + node + "]";
+    }
+    return nodes;
   }
 
   [[nodiscard]] QString SelectedKey() const {
@@ -80,23 +66,13 @@ struct OpenedProgram {
   }
 
   /// Opens the selected node's menu by key, and picks the item in it.
-  void PickFromMenu(const char* menuName, const char* itemName) {
+  void PickFromMenu(const char* item) const {
     QTest::keyClick(&Tree(), Qt::Key_F10, Qt::ShiftModifier);
-    auto& menu = Child<QMenu>(window, menuName);
-    QVERIFY2(menu.isVisible(), menuName);
-    QTest::mouseClick(&menu, Qt::LeftButton, {},
-                      menu.actionGeometry(&Child<QAction>(window, itemName)).center());
+    PickFrom(OpenedMenu(), item);
   }
 
-  tools::SystemDisk disk;
-  tools::SettingsStore settings{disk};
-  std::unique_ptr<tools::Registry> registry = tools::OpenSystemRegistry(disk);
-  FixedClock clock;
-  model::ModProject project{settings};
-  shell::NewProductDialog newProductForm;
-  model::ModProjectOperations operations;
-  pages::PageRegistry pageRegistry = pages::AllPages();
-  shell::frmMain window;
+  app::DesktopProgram program;
+  shell::frmMain& window = program.Window();
 };
 
 }  // namespace tests

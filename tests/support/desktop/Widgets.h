@@ -1,8 +1,14 @@
-// Finds widgets as a user does: by their name, and only those that are there.
+// Finds widgets as a user does, by their names, and does with them what a user does.
 #pragma once
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
-#include <QWidget>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QTest>
+
+#include "tests/support/ScriptedDialogs.h"
 
 namespace tests {
 
@@ -19,14 +25,104 @@ T& Child(const QWidget& parent, const char* name) {
 }
 
 /// The visible window with that objectName; null when there is none.
-template <typename T = QWidget>
-T* VisibleWindow(const char* name) {
+inline QWidget* VisibleWindow(const char* name) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName() == QString::fromUtf8(name)) {
-      return qobject_cast<T*>(window);
-    }
+    if (window->isVisible() && window->objectName() == QString::fromUtf8(name)) return window;
   }
   return nullptr;
+}
+
+/// What the control of that name shows: its text, or the title of a frame.
+inline QString Shown(const QWidget& parent, const char* name) {
+  const QWidget& control = Child(parent, name);
+  for (const char* property : {"currentText", "plainText", "title", "text"}) {
+    if (control.property(property).isValid()) return control.property(property).toString();
+  }
+  qFatal("\"%s\" has no text", name);
+}
+
+inline QStringList Shown(const QWidget& parent, std::initializer_list<const char*> names) {
+  QStringList texts;
+  for (const char* name : names) texts += Shown(parent, name);
+  return texts;
+}
+
+inline void Press(const QWidget& parent, const char* button) {
+  QTest::mouseClick(&Child<QAbstractButton>(parent, button), Qt::LeftButton);
+}
+
+/// Types into a text box, in place of what it holds.
+inline void Type(QWidget& field, const QString& text) {
+  QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&field, Qt::Key_Delete);
+  for (const QChar character : text) {
+    QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, character, Qt::NoModifier);
+  }
+}
+
+/// What the window system sends when the user presses a window's close box.
+inline void PressCloseBox(QWidget& window) {
+  QCloseEvent event;
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  qApp->notify(&window, &event);
+  if (event.isAccepted()) window.hide();
+}
+
+/// The menu that is open or about to open.
+inline QMenu& OpenedMenu() {
+  const auto isOpen = [] { return QApplication::activePopupWidget() != nullptr; };
+  if (!QTest::qWaitFor(isOpen)) qFatal("no menu opens");
+  return *qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+inline void PickFrom(QMenu& menu, const char* item) {
+  for (QAction* action : menu.actions()) {
+    if (action->objectName() != item) continue;
+    QVERIFY2(action->isEnabled(), item);
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    return;
+  }
+  QFAIL(item);
+}
+
+inline void Click(QAbstractItemView& view, const QModelIndex& index,
+                  Qt::KeyboardModifiers modifiers = {}) {
+  view.scrollTo(index);
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, view.visualRect(index).center());
+}
+
+inline void DoubleClick(QAbstractItemView& view, const QModelIndex& index) {
+  Click(view, index);
+  QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+}
+
+/// The row whose first column shows `text`; invalid when there is none.
+inline QModelIndex RowWith(const QAbstractItemView& view, const QString& text) {
+  return view.model()
+      ->match(view.model()->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchExactly)
+      .value(0);
+}
+
+/// All rows of a list, each as its columns joined by "=".
+inline QStringList Rows(const QAbstractItemView& view) {
+  QStringList rows;
+  for (int row = 0; row < view.model()->rowCount(); ++row) {
+    QStringList cells;
+    for (int column = 0; column < view.model()->columnCount(); ++column) {
+      cells += view.model()->index(row, column).data().toString();
+    }
+    rows += cells.join('=');
+  }
+  return rows;
+}
+
+/// Every message shown so far, as "caption: text".
+inline QStringList Told(const ScriptedDialogs& dialogs) {
+  QStringList messages;
+  for (const tools::Message& message : dialogs.Messages()) {
+    messages += QString::fromStdString(message.caption + ": " + message.text);
+  }
+  return messages;
 }
 
 }  // namespace tests

@@ -1,0 +1,79 @@
+// A product on disk, and one of its pages in the host of the program, without a main window.
+#pragma once
+
+#include "shell/EditorArea.h"
+#include "shell/EditorTabs.h"
+#include "tests/support/FaultyDisk.h"
+#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/desktop/PropertyGrid.h"
+#include "tools/SettingsFile.h"
+#include "tools/desktop/QtText.h"
+
+namespace tests {
+
+/// Writes down what the pages' host asks of it.
+class FakeArea : public QWidget, public shell::EditorArea {
+ public:
+  QWidget* PageParent() override { return this; }
+  void PositionExtender(QWidget& page) override { page.setGeometry(rect()); }
+  void ShowStatusText(const std::string& text) override { hint = tools::ToQString(text); }
+  void ShowHourglass(bool shown) override { hourglasses += shown ? 1 : -1; }
+
+  QString hint = "nichts";
+  int hourglasses = 0;
+};
+
+struct PageFixture {
+  static constexpr const char* kProductFile = "Demo/demo.product";
+  static constexpr const char* kVersionFile = "Demo/Version 1.0.0/product.version";
+  static constexpr const char* kComponentFile = "Demo/Version 1.0.0/component1.component";
+
+  PageFixture() {
+    project.SetProductPath(folder.Write(kProductFile,
+                                        "[General]\nVersion=1.0\n[Product]\nTitle=Demo\n"
+                                        "[Versions]\nCount=1\nVer1=1.0.0\n"));
+    folder.Write(kVersionFile, "[Components]\nCount=1\n");
+    folder.Write(kComponentFile, "[Component]\nTitle=Kern\n");
+    area.resize(540, 420);
+  }
+
+  /// Opens the page of that class for the version and component, and waits until it can be used.
+  void Open(const char* name, std::int32_t version, std::int32_t component) {
+    tabs.Reset(false);
+    tabs.Prepare(name, version, component);
+    if (tabs.Count() == 0) return;
+    page = &tabs.Item(1);
+    tabs.ShowTab(1);
+    area.show();
+    area.activateWindow();
+    if (!QTest::qWaitForWindowActive(&area)) qFatal("the page does not become active");
+  }
+
+  [[nodiscard]] QString Path(const char* name) const { return tools::ToQString(folder.Path(name)); }
+  /// What a file on disk holds: all of it, and settings ("-" for an absent one), joined by "|".
+  [[nodiscard]] QString File(const char* name) const { return tools::ToQString(folder.Read(name)); }
+  [[nodiscard]] QString Stored(const char* file, const char* section,
+                               std::initializer_list<const char*> keys) const {
+    const tools::SettingsFile settings(folder.Read(file));
+    QStringList values;
+    for (const char* key : keys) values += tools::ToQString(settings.Read(section, key, "-"));
+    return values.join('|');
+  }
+
+  TemporaryFolder folder;
+  /// The registry is looked for there when it is opened.
+  const bool homeIsSet = qputenv("HOME", QByteArray::fromStdString(folder.Path()));
+  tools::SystemDisk systemDisk;
+  FaultyDisk disk{systemDisk};
+  tools::SettingsStore store{disk};
+  model::ModProject project{store};
+  ScriptedDialogs dialogs;
+  std::unique_ptr<tools::Registry> registry = tools::OpenSystemRegistry(disk);
+  pages::PageRegistry pageRegistry = pages::AllPages();
+  FakeArea area;
+  shell::EditorTabs tabs{area, project, dialogs, *registry, pageRegistry};
+  pages::EditorPage* page = nullptr;  ///< the opened one
+};
+
+}  // namespace tests
