@@ -14,8 +14,9 @@ namespace tools {
 
 [[nodiscard]] inline bool EqualIgnoringAsciiCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
+  if (a == b) return true;
   for (std::size_t i = 0; i < a.size(); ++i) {
-    if (a[i] != b[i] && LowerAscii(a[i]) != LowerAscii(b[i])) return false;
+    if (LowerAscii(a[i]) != LowerAscii(b[i])) return false;
   }
   return true;
 }
@@ -26,23 +27,30 @@ class NameIndex {
  public:
   /// Makes room for this many names.
   void Reserve(std::size_t names);
+  /// True as long as nothing was reserved or added.
+  [[nodiscard]] bool IsEmpty() const { return slots_.empty(); }
 
   /// The position of `name`; `nameAt(position)` gives the name at a position.
   template <typename NameAt>
   [[nodiscard]] std::optional<std::uint32_t> Find(std::string_view name,
                                                   const NameAt& nameAt) const {
     if (slots_.empty()) return std::nullopt;
-    const std::uint32_t hash = Hash(name);
-    for (std::size_t i = hash & mask_; slots_[i].position != kFree; i = (i + 1) & mask_) {
-      if (slots_[i].hash == hash && EqualIgnoringAsciiCase(nameAt(slots_[i].position), name)) {
-        return slots_[i].position;
-      }
-    }
-    return std::nullopt;
+    const Slot& slot = slots_[SlotOf(name, Hash(name), nameAt)];
+    return slot.position == kFree ? std::nullopt : std::optional(slot.position);
   }
 
   /// Adds a name that Find does not find yet.
   void Add(std::string_view name, std::uint32_t position);
+
+  /// Adds a name for which Reserve made room, unless there is an equal one.
+  template <typename NameAt>
+  void AddIfNew(std::string_view name, std::uint32_t position, const NameAt& nameAt) {
+    const std::uint32_t hash = Hash(name);
+    Slot& slot = slots_[SlotOf(name, hash, nameAt)];
+    if (slot.position != kFree) return;
+    slot = {hash, position};
+    ++used_;
+  }
 
  private:
   static constexpr std::uint32_t kFree = 0xFFFFFFFF;
@@ -54,6 +62,18 @@ class NameIndex {
 
   [[nodiscard]] static std::uint32_t Hash(std::string_view name);
   void Insert(Slot slot);
+
+  /// The slot that holds `name`, or the free one where it would go.
+  template <typename NameAt>
+  [[nodiscard]] std::size_t SlotOf(std::string_view name, std::uint32_t hash,
+                                   const NameAt& nameAt) const {
+    std::size_t i = hash & mask_;
+    while (slots_[i].position != kFree &&
+           (slots_[i].hash != hash || !EqualIgnoringAsciiCase(nameAt(slots_[i].position), name))) {
+      i = (i + 1) & mask_;
+    }
+    return i;
+  }
 
   std::vector<Slot> slots_;  ///< a power of two of them, at most half in use
   std::size_t mask_ = 0;

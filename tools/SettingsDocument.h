@@ -1,22 +1,21 @@
-// The lines of a settings file, and where its sections and keys stand among them. Private to
-// SettingsFile.
+// The sections of a settings file as ranges of its text. Private to SettingsFile.
 //
-// Lines are views into the file's content, or into text that was added since. A component of 50,000
-// entries has 700,000 keys: a line takes 24 bytes and nothing is copied until it is changed.
+// A component of 50,000 entries has 700,000 lines in 50,000 sections. Only the sections' headers
+// are looked for in advance; the lines of a section are told apart when it is searched, and kept
+// apart only where a section is large or is changed. A new file grows in the same form: a line
+// added to the section that was added last just lengthens that section's text.
 #pragma once
 
 #include <cstdint>
-#include <deque>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "tools/NameIndex.h"
 #include "tools/SettingsFile.h"
+#include "tools/SettingsLines.h"
 #include "tools/TextArena.h"
 
 namespace tools {
@@ -35,57 +34,52 @@ class SettingsFile::Document {
   void TakeWritesOf(const Document& other) { written_ = other.written_; }
 
  private:
-  /// One line with its line end; `keySize` is 0 where it is no Key=Value line.
-  struct Line {
-    const char* text = nullptr;
-    std::uint32_t size = 0;
-    std::uint32_t keyBegin = 0;
-    std::uint32_t keySize = 0;
-    std::uint32_t valueBegin = 0;  ///< behind the "="
+  static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-    [[nodiscard]] std::string_view Text() const { return {text, size}; }
-    [[nodiscard]] std::string_view Key() const { return {text + keyBegin, keySize}; }
-  };
-
-  /// The lines of a section, its header first; the lines before the first header are a section
-  /// without a name that is never found.
+  /// A section's header and its lines up to the next header. The lines before the first header are
+  /// a section that is never found.
   struct Section {
     std::string_view name;
-    std::vector<Line> lines;
-    /// Finds the lines by key; made when a section with many lines is first searched.
-    mutable std::unique_ptr<NameIndex> index;
+    std::string_view text;                 ///< the whole section, where `lines` is null
+    std::unique_ptr<SettingsLines> lines;  ///< of a section that is large or was changed
   };
 
-  void Parse();
-  void AddLine(std::string_view text);
+  /// Lines of one section that were written one behind the other.
+  struct WrittenLines {
+    std::uint32_t section = 0;
+    std::uint32_t first = 0;
+    std::uint32_t count = 0;
+  };
+
+  void FindSections(std::string_view text);
   void IndexSections();
-  [[nodiscard]] static Line MakeLine(std::string_view text);
-  [[nodiscard]] static std::string_view ValueOf(const Line& line);
 
-  /// The first section of that name; remembers it, because the next search is mostly for it too.
-  [[nodiscard]] const Section* FindSection(std::string_view name) const;
-  [[nodiscard]] static std::optional<std::uint32_t> FindLine(const Section& section,
-                                                             std::string_view key);
-  static void IndexLines(const Section& section);
+  /// The first section of that name, or kNone; remembers it, because the next search is mostly for
+  /// it too.
+  [[nodiscard]] std::uint32_t FindSection(std::string_view name) const;
+  /// The section's lines; they stay until those of another section are asked for.
+  [[nodiscard]] SettingsLines& LinesOf(std::uint32_t section) const;
+  /// The section's lines, kept from now on instead of its text.
+  SettingsLines& KeepLines(std::uint32_t section) const;
 
-  /// Adds a section at the end and makes it the last one found.
-  Section& AddSection(std::string_view name);
-  /// Adds a line at the section's end and returns its position, which stays: only blank lines are
-  /// ever moved.
-  static std::uint32_t InsertLine(Section& section, const Line& line);
-  /// A line in text of its own.
-  [[nodiscard]] Line NewLine(std::string_view key, std::string_view value);
-  /// The pieces joined, at a fixed address.
-  [[nodiscard]] std::string_view Keep(std::initializer_list<std::string_view> pieces);
+  /// Adds an empty section at the end and makes it the last one found.
+  std::uint32_t AddSection(std::string_view name);
+  /// Adds a line in new text to a section with these lines, and returns its position.
+  std::uint32_t AddLine(std::uint32_t section, SettingsLines& lines, const SettingsLine& line);
+  /// The line Key=Value in new text.
+  [[nodiscard]] SettingsLine NewLine(std::string_view key, std::string_view value);
+  void RememberWrite(std::uint32_t section, std::uint32_t line);
 
   std::string content_;
+  std::string_view byteOrderMark_;
   std::string_view lineEnd_ = "\n";
   TextArena added_;  ///< text of lines that were written
-  std::vector<Section> sections_;
+  mutable std::vector<Section> sections_;
   NameIndex sectionIndex_;
-  /// Section and line of each write that is to be repeated.
-  std::deque<std::pair<std::uint32_t, std::uint32_t>> written_;
-  mutable std::uint32_t lastFound_ = 0;
+  mutable std::uint32_t lastFound_ = kNone;
+  mutable SettingsLines parsed_;  ///< the lines of the section searched last
+  mutable std::uint32_t parsedSection_ = kNone;
+  std::vector<WrittenLines> written_;  ///< what ReplayWrites is to repeat
 };
 
 }  // namespace tools

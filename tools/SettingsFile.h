@@ -37,7 +37,7 @@ class SettingsFile {
   /// Sets a value, adding section and key where they are missing. Returns false when it stood there
   /// already. Raises Error for a line break in the value, and for a name that a line cannot hold
   /// (an empty one, one with line breaks or blanks around it, a key with "=" or a leading ";" or
-  /// "[", a section with "]").
+  /// "[").
   bool Write(std::string_view section, std::string_view key, std::string_view value);
 
   /// Receives a part of the content.

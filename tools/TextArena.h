@@ -10,7 +10,8 @@ namespace tools {
 
 class TextArena {
  public:
-  /// Room for `size` characters, not initialized, that stays as long as the arena.
+  /// Room for `size` characters, not initialized, that stays as long as the arena: right behind the
+  /// room before it, as long as the block lasts.
   [[nodiscard]] char* Allocate(std::size_t size) {
     constexpr std::size_t kBlockBytes = std::size_t{64} << 10U;
     if (size > freeSize_) {

@@ -80,5 +80,26 @@ TEST(SettingsFileTest, LargeSectionsStayConsistentWhileTheyGrow) {
   EXPECT_EQ(again.Read("B", "x", ""), "1");
 }
 
+TEST(SettingsFileTest, ManySectionsThatAreAddedAndChangedInTurnKeepTheirLines) {
+  const auto name = [](const char* kind, int n) { return kind + std::to_string(n); };
+  SettingsFile file("[Files]\nCount=1\n");
+  for (int n = 1; n <= 3000; ++n) {
+    for (int k = 1; k <= 5; ++k) file.Write(name("File", n), name("Key", k), name("wert", n * k));
+    if (n % 2 == 0) file.Write(name("File", n / 2), "Key6", "später");
+    if (n % 11 == 0) file.Write(name("File", n), "key2", "geändert");
+  }
+  SettingsFile replayed;
+  file.ReplayWrites(replayed);
+  for (const std::string& content : {file.Render(), file.Clone()->Render(), replayed.Render()}) {
+    const SettingsFile again(content);
+    for (int n = 1; n <= 3000; ++n) {
+      const std::string section = name("File", n);
+      EXPECT_EQ(again.Read(section, "Key2", ""), n % 11 == 0 ? "geändert" : name("wert", n * 2));
+      EXPECT_EQ(again.Read(section, "Key5", ""), name("wert", n * 5));
+      EXPECT_EQ(again.Read(section, "Key6", "").empty(), n > 1500) << n;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tools
