@@ -4,10 +4,9 @@
 # once. Arguments go to ctest.
 set -eu
 cd "$(dirname "$0")/../.."
-root=$PWD
 
 packaging/debian-packages.sh build windows
-mkdir -p out/windows/wine
+mkdir -p out/windows
 if ! packaging/windows/prefix.sh >out/windows/prefix.log 2>&1; then
   tail -n 50 out/windows/prefix.log >&2
   echo "The libraries for Windows cannot be built; all output is in out/windows/prefix.log" >&2
@@ -17,22 +16,8 @@ fi
 cmake --preset windows
 cmake --build --preset windows
 
-# The tests meet a Windows 10 of their own, with no window and no other session of Wine.
-export WINEPREFIX="$root/out/windows/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=d"
-export LC_ALL=C.UTF-8
-unset DISPLAY
-wine=/usr/lib/wine/wine64
-wineserver=/usr/lib/wine/wineserver64
-
-# A server that stays: otherwise Wine's services start with the first test and hold ctest's pipe.
-$wineserver -p >/dev/null 2>&1 </dev/null
-trap '$wineserver -k >/dev/null 2>&1 || true' EXIT
-if [ ! -f "$WINEPREFIX/ready" ]; then
-  $wine wineboot --init >/dev/null 2>&1 </dev/null
-  $wine winecfg /v win10 >/dev/null 2>&1 </dev/null
-  touch "$WINEPREFIX/ready"
-else
-  $wine wineboot >/dev/null 2>&1 </dev/null
-fi
-
+# shellcheck source=packaging/windows/wine.sh
+. packaging/windows/wine.sh
+trap end_wine EXIT
+use_wine ""
 ctest --preset windows -j "$(nproc)" "$@"
