@@ -11,7 +11,7 @@ class DetailsPagesTest : public QObject {
     PageFixture f;
     f.folder.Write(f.kProductFile, "[Product]\nTitle=Demo\nAuthorHomepage=h\nProductGUID={1}\n");
     f.Open("tabProductDetails", 0, 0);
-    QCOMPARE(Rows(Grid(*f.page)).join('|'),
+    QCOMPARE(Rows(Grid(*f.page)),
              "Produktbezeichnung=Demo|Produktkennung (GUID)=|Autor=|Website der Firma=h");
     Edit(*f.page, "Produktkennung (GUID)", "{2}");
     QVERIFY(f.page->IsDirty());
@@ -32,12 +32,11 @@ class DetailsPagesTest : public QObject {
       titles += tools::ToQString(f.page->Title());
       f.page->ApplyChanges();
     }
-    QCOMPARE(titles, QStringList({"Setup-Typen", "Installationsablauf", "Version"}));
+    QCOMPARE(titles.join('|'), "Setup-Typen|Installationsablauf|Version");
     QCOMPARE(Shown(*f.page, {"lblVersionMaj", "txtVersionMaj", "lblVersionMin", "txtVersionMin",
-                             "lblVersionRev", "txtVersionRev", "fraProperties"})
-                 .join('|'),
+                             "lblVersionRev", "txtVersionRev", "fraProperties"}),
              "Haupt:|2|Neben:|30|Revision:|0|Weitere Eigenschaften");
-    QCOMPARE(Rows(Grid(*f.page)), QStringList());
+    QCOMPARE(Rows(Grid(*f.page)), "");
     QTest::keyClicks(&Child(*f.page, "txtVersionMaj"), "9x");
     QVERIFY(!f.page->IsDirty());
     f.page->ApplyChanges();

@@ -1,9 +1,9 @@
 #include <QComboBox>
+#include <QDir>
 #include <QTreeView>
 
 #include "model/TextTable.h"
 #include "tests/support/desktop/PageFixture.h"
-#include "tools/Path.h"
 
 namespace tests {
 
@@ -18,8 +18,8 @@ struct Fixture : PageFixture {
     Open("tabFileList", 1, 1);
   }
 
-  [[nodiscard]] QTreeView& List() const { return Child<QTreeView>(*page, "lsvBrowser"); }
-  [[nodiscard]] QStringList Fields() const { return Rows(Grid(*page)); }
+  QTreeView& List() const { return Child<QTreeView>(*page, "lsvBrowser"); }
+  QString Fields() const { return Rows(Grid(*page)); }
   void Choose(int targetFolder) const {
     auto& folders = Child<QComboBox>(*page, "cmbDestinationFolder");
     folders.setCurrentIndex(folders.findData(targetFolder));
@@ -27,7 +27,7 @@ struct Fixture : PageFixture {
   void Select(int row) const { Click(List(), List().model()->index(row, 0)); }
 
   /// Opens the menu at the first entry, or below the last one.
-  [[nodiscard]] QMenu& OpenMenu(bool atEntry) const {
+  QMenu& OpenMenu(bool atEntry) const {
     QWidget* viewport = List().viewport();
     const QPoint place = atEntry ? List().visualRect(List().model()->index(0, 0)).center()
                                  : viewport->rect().bottomRight() - QPoint(9, 9);
@@ -35,8 +35,7 @@ struct Fixture : PageFixture {
     QTest::mouseRelease(viewport, Qt::RightButton, {}, place);
     return OpenedMenu();
   }
-  [[nodiscard]] QString StoredIn(const char* section,
-                                 std::initializer_list<const char*> keys) const {
+  QString StoredIn(const char* section, std::initializer_list<const char*> keys) const {
     return Stored(kComponentFile, section, keys);
   }
 };
@@ -70,7 +69,7 @@ class tabFileListTest : public QObject {
     Press(*f.page, "cmdAddFile");
     f.dialogs.ExpectOpenFile("Startmenü Programme", "");
     PickFrom(f.OpenMenu(false), "mnuAddFile");
-    QCOMPARE(Rows(f.List()), QStringList{f.Path("Q/b.txt") + "=%InstallPath%\\"});
+    QCOMPARE(Rows(f.List()), f.Path("Q/b.txt") + "=%InstallPath%\\");
 
     f.page->ApplyChanges();
     QVERIFY(!f.page->IsDirty());
@@ -86,22 +85,21 @@ class tabFileListTest : public QObject {
         "TargetFolder=2004\nTargetSubFolder=C:\\x\n[File2]\nID=b\nTargetFolder=2004\n");
     f.folder.Write("Demo/q/da.txt", "x");
     f.Choose(2004);
-    QCOMPARE(Rows(f.List()).front(), tools::ToQString(tools::JoinPath("q", "da.txt")) + "=C:\\x");
+    QVERIFY(Rows(f.List()).startsWith(QDir::toNativeSeparators("q/da.txt") + "=C:\\x|"));
     f.Select(0);
     QVERIFY(Child(*f.page, "cmdRemoveFile").isEnabled());
-    QVERIFY(f.Fields().last().startsWith("Datum="));
-    QCOMPARE(f.Fields().first(16),
-             QStringList({"Eintragstyp=1", "Ausschließen=0", "GUID=a", "Unterordner einschließen=0",
-                          "Überschreiben=0", "Permanent=0", "Pfad registrieren=0",
-                          "DLL registrieren=0", "Quelldateiname=da.txt", "Quellordner=q",
-                          "Zielordner (allg.)=2004", "Zieldateiname=", "Zielordner=C:\\x",
-                          "Essenziell=1", "Vorhanden=Vorhanden", "Version="}));
+    const QString fields =
+        "Eintragstyp=1|Ausschließen=0|GUID=a|Unterordner einschließen=0|Überschreiben=0|"
+        "Permanent=0|Pfad registrieren=0|DLL registrieren=0|Quelldateiname=da.txt|Quellordner=q|"
+        "Zielordner (allg.)=2004|Zieldateiname=|Zielordner=C:\\x|Essenziell=1|"
+        "Vorhanden=Vorhanden|Version=|Datum=";
+    QCOMPARE(f.Fields().left(fields.size()), fields);
     QTest::keyClick(&f.List(), Qt::Key_Down);
-    QCOMPARE(f.Fields().size(), 14);
+    QVERIFY(f.Fields().endsWith("|Essenziell=1"));
     Edit(*f.page, "Eintragstyp", "1");
     QVERIFY(f.Fields().contains("Vorhanden=Nicht vorhanden"));
     Click(f.List(), f.List().currentIndex(), Qt::ControlModifier);
-    QCOMPARE(f.Fields(), QStringList());  // no entry is selected any more
+    QCOMPARE(f.Fields(), "");  // no entry is selected any more
   }
 
   void EditedFieldsAreStoredAndTheEntryStaysSelected() {
@@ -114,9 +112,9 @@ class tabFileListTest : public QObject {
       ModalScript script;
       script.ExpectTyping("frmEditProperty", "txtNewValue", "-1");
       QTest::keyClick(&Grid(*f.page), Qt::Key_F2);
-      QTRY_COMPARE(f.Fields().last(), "Essenziell=-1");
+      QTRY_VERIFY(f.Fields().endsWith("|Essenziell=-1"));
     }
-    QVERIFY(Rows(f.List()).front().startsWith("ü; \"漢\""));
+    QVERIFY(Rows(f.List()).startsWith("ü; \"漢\""));
     QCOMPARE(f.List().selectionModel()->selectedRows().size(), 1);
     Edit(*f.page, "Eintragstyp", "1");
     for (const char* fixed : {"GUID", "Vorhanden"}) {
@@ -131,11 +129,11 @@ class tabFileListTest : public QObject {
     Fixture f(kOneEntry);
     f.Select(0);
     Edit(*f.page, "Permanent", "32768");
-    QCOMPARE(Told(f.dialogs).size(), 1);
-    QVERIFY(Told(f.dialogs).front().startsWith("Fehler: "));
+    QCOMPARE(f.dialogs.Messages().size(), 1U);
+    QVERIFY(Told(f.dialogs).startsWith("Fehler|"));
     QVERIFY(f.Fields().contains("Permanent=0"));
     Edit(*f.page, "Zielordner (allg.)", "3");
-    QCOMPARE(Rows(f.List()) + f.Fields(), QStringList());
+    QCOMPARE(Rows(f.List()) + f.Fields(), "");
     f.page->ApplyChanges();
     QCOMPARE(f.StoredIn("File1", {"Permanent", "TargetFolder"}), "0|3");
   }
@@ -148,7 +146,7 @@ class tabFileListTest : public QObject {
     PickFrom(menu, "mnuAddDynamic");
     for (const char* idle : {"mnuRemoveFile", "mnuMoveFile"}) PickFrom(f.OpenMenu(true), idle);
     Press(*f.page, "cmdMoveFile");
-    QCOMPARE(Rows(f.List()).size(), 2);
+    QCOMPARE(f.List().model()->rowCount(), 2);
     QVERIFY(!f.page->IsDirty());
 
     Press(*f.page, "cmdRemoveFile");
@@ -180,7 +178,7 @@ class tabFileListTest : public QObject {
     f.List().setFocus();
     QTest::keyClick(&f.List(), Qt::Key_End);
     Edit(*f.page, "Quelldateiname", "letzte");
-    QVERIFY(Rows(f.List()).last().endsWith("letzte=%ProgramFiles%\\"));
+    QVERIFY(Rows(f.List()).endsWith("letzte=%ProgramFiles%\\"));
     f.page->ApplyChanges();
     QCOMPARE(f.StoredIn("File50000", {"SourceName"}), "letzte");
     f.page->ReadSettings();

@@ -13,12 +13,12 @@ class FakeEditorPage : public pages::EditorPage {
   FakeEditorPage(std::string title, QWidget* parent)
       : EditorPage(parent), title_(std::move(title)) {}
 
-  [[nodiscard]] std::string Title() const override { return title_; }
+  std::string Title() const override { return title_; }
   void ReadSettings() override {
     if (title_ == "unreadable") throw tools::Error("unlesbar");
     SetDirty(true);
   }
-  [[nodiscard]] bool IsDirty() const override {
+  bool IsDirty() const override {
     if (title_ == "mute") throw tools::Error("unbekannt");
     return EditorPage::IsDirty();
   }
@@ -47,7 +47,7 @@ struct Fixture : PageFixture {
     tabs.Prepare(pageList, 1, 0);
     for (std::int32_t i = 1; i < tabs.Count(); ++i) tabs.Item(i).SetDirty(true);
   }
-  [[nodiscard]] QString StoredValue() const { return Stored(kVersionFile, "Fake", {"Value"}); }
+  QString StoredValue() const { return Stored(kVersionFile, "Fake", {"Value"}); }
 };
 
 }  // namespace
@@ -63,9 +63,7 @@ class EditorTabsTest : public QObject {
     QCOMPARE(f.tabs.Item(2).objectName() + f.tabs.Item(2).Title().c_str(), "EditorTab4second");
     QVERIFY(f.tabs.Item(1).isHidden());
     QVERIFY2(!f.tabs.Item(1).IsDirty(), "reading has made the page dirty");
-    QCOMPARE(Told(f.dialogs).size(), 2);
-    QVERIFY(Told(f.dialogs).front().endsWith("Packwright.missing"));
-    QCOMPARE(Told(f.dialogs).back(), "Fehler: unlesbar");
+    QVERIFY(Told(f.dialogs).endsWith("Packwright.missing\nFehler|unlesbar"));
     QVERIFY(f.area.findChild<QWidget*>("EditorTab3") == nullptr);
   }
 

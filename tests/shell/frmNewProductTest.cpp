@@ -21,8 +21,7 @@ class frmNewProductTest : public QObject {
   void ShowsGermanCaptionsAndSelectsTheProposedTitle() {
     QCOMPARE(form_->windowTitle(), "Neues Projekt anlegen");
     QCOMPARE(Shown(*form_, {"lblProductTitle", "lblAuthor", "lblProductFile", "txtAuthor", "cmdOK",
-                            "cmdCancel"})
-                 .join('|'),
+                            "cmdCancel"}),
              "Produktbezeichnung:|Autor:|Dateiname:||Erstellen|Abbrechen");
     QCOMPARE(Child<QLineEdit>(*form_, "txtProductTitle").selectedText(), "Neues Produkt");
     QVERIFY(Child(*form_, "txtProductTitle").hasFocus());

@@ -1,9 +1,6 @@
-#include <QCoreApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QTest>
 
 #include "tests/support/desktop/Widgets.h"
 #include "tools/desktop/BusyNotice.h"
@@ -14,24 +11,33 @@ namespace tests {
 namespace {
 
 class PaintCounter : public QObject {
-  Q_OBJECT
-
  public:
   PaintCounter() { qApp->installEventFilter(this); }
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++count_;
+    if (event->type() == QEvent::Paint) ++count;
     return false;
   }
-  [[nodiscard]] int Count() const { return count_; }
 
- private:
-  int count_ = 0;
+  int count = 0;
 };
 
-void PostKey(QWidget& widget) {
-  QCoreApplication::postEvent(&widget,
-                              new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a"));
-}
+/// A window with a text box, and the dialogs that belong to it.
+struct Fixture {
+  Fixture() {
+    edit->resize(800, 600);
+    edit->show();
+  }
+
+  /// What the user types comes with the next events.
+  void TypeSoon() const {
+    QApplication::postEvent(edit.get(),
+                            new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a"));
+  }
+
+  std::unique_ptr<QLineEdit> edit = std::make_unique<QLineEdit>();
+  tools::DesktopDialogs dialogs{edit.get()};
+  int token = dialogs.ShowBusyNotice("Das Setup wird erzeugt, bitte warten...");
+};
 
 }  // namespace
 
@@ -40,26 +46,18 @@ class BusyNoticeTest : public QObject {
 
  private Q_SLOTS:
   void PaintsItselfAtOnceAndOnProgressWithoutAnEventLoop() {
-    QWidget window;
-    window.resize(800, 600);
-    window.show();
-    tools::DesktopDialogs dialogs(&window);
     const PaintCounter paints;
-    const int token = dialogs.ShowBusyNotice("Das Setup wird erzeugt, bitte warten...");
-    auto* notice = VisibleWindow("busyNotice");
-    QVERIFY(notice != nullptr);
-    QVERIFY(paints.Count() > 0);
-    QVERIFY(window.geometry().contains(notice->geometry()));
+    Fixture f;
+    QWidget* notice = VisibleWindow("busyNotice");
+    QVERIFY(notice != nullptr && paints.count > 0);
     QVERIFY(!Child(*notice, "prgProgress").isVisible());
-
-    const int paintsBefore = paints.Count();
-    dialogs.UpdateBusyNotice(
-        token,
+    const int paintsBefore = paints.count;
+    f.dialogs.UpdateBusyNotice(
+        f.token,
         {.filesDone = 1200, .filesTotal = 5000, .bytesDone = 3 << 20, .bytesTotal = 4 << 20});
-    QVERIFY(paints.Count() > paintsBefore);
-    QCOMPARE(Child<QLabel>(*notice, "lblProgress").text(),
-             "1.200 von 5.000 Dateien, 3,0 MB von 4,0 MB");
-    auto& bar = Child<QProgressBar>(*notice, "prgProgress");
+    QVERIFY(paints.count > paintsBefore);
+    QCOMPARE(Shown(*notice, "lblProgress"), "1.200 von 5.000 Dateien, 3,0 MB von 4,0 MB");
+    const auto& bar = Child<QProgressBar>(*notice, "prgProgress");
     QCOMPARE(bar.value() * 4, bar.maximum() * 3);
     QVERIFY(notice->contentsRect().contains(bar.geometry()));
   }
@@ -70,54 +68,39 @@ class BusyNoticeTest : public QObject {
     for (std::uint64_t done = 0; done <= 100'000; ++done) {
       notice.ShowProgress({.filesDone = done, .filesTotal = 100'000});
     }
-    QVERIFY(paints.Count() < 50'000);
-    auto& bar = Child<QProgressBar>(notice, "prgProgress");
+    QVERIFY(paints.count < 50'000);
+    const auto& bar = Child<QProgressBar>(notice, "prgProgress");
     QCOMPARE(bar.value(), bar.maximum());
-    QCOMPARE(Child<QLabel>(notice, "lblProgress").text(), "100.000 von 100.000 Dateien");
+    QCOMPARE(Shown(notice, "lblProgress"), "100.000 von 100.000 Dateien");
   }
 
   void WhatTheUserDoesMeanwhileIsDropped() {
-    QLineEdit edit;
-    edit.show();
-    tools::DesktopDialogs dialogs(&edit);
-    const int first = dialogs.ShowBusyNotice("Bitte warten");
-    const int second = dialogs.ShowBusyNotice("Noch etwas");
-    PostKey(edit);
-    dialogs.UpdateBusyNotice(first, {.filesDone = 1});
-    PostKey(edit);
-    dialogs.WithdrawBusyNotice(first);
+    Fixture f;
+    const int second = f.dialogs.ShowBusyNotice("Noch etwas");
+    f.TypeSoon();
+    f.dialogs.UpdateBusyNotice(f.token, {.filesDone = 1});
+    f.TypeSoon();
+    f.dialogs.WithdrawBusyNotice(f.token);
     QVERIFY(VisibleWindow("busyNotice") != nullptr);
-    dialogs.WithdrawBusyNotice(second);
-    dialogs.WithdrawBusyNotice(second);
+    for (int i = 0; i < 2; ++i) f.dialogs.WithdrawBusyNotice(second);
     QVERIFY(VisibleWindow("busyNotice") == nullptr);
-    QCOMPARE(edit.text(), "");
-    PostKey(edit);
-    QCoreApplication::processEvents();
-    QCOMPARE(edit.text(), "a");
+    QCOMPARE(f.edit->text(), "");
+    f.TypeSoon();
+    QApplication::processEvents();
+    QCOMPARE(f.edit->text(), "a");
   }
 
-  void ANoticeThatNobodyWithdrawsLocksNothingAndCanBeClosed() {
-    QLineEdit edit;
-    edit.show();
-    tools::DesktopDialogs dialogs(&edit);
-    const int token = dialogs.ShowBusyNotice("Bitte warten");
-    QTest::keyClicks(&edit, "b");
-    QCOMPARE(edit.text(), "b");
+  void ANoticeThatNobodyWithdrawsLocksNothingAndGoesByEscapeOrWithItsWindow() {
+    Fixture f;
+    f.dialogs.ShowBusyNotice("Noch etwas");
+    QTest::keyClicks(f.edit.get(), "b");
+    QCOMPARE(f.edit->text(), "b");
     QTest::keyClick(VisibleWindow("busyNotice"), Qt::Key_Escape);
+    QVERIFY(VisibleWindow("busyNotice") != nullptr);
+    f.edit.reset();
     QVERIFY(VisibleWindow("busyNotice") == nullptr);
-    dialogs.WithdrawBusyNotice(token);
-  }
-
-  void ANoticeThatNobodyWithdrawsGoesWithItsWindow() {
-    auto window = std::make_unique<QWidget>();
-    window->show();
-    tools::DesktopDialogs dialogs(window.get());
-    const int token = dialogs.ShowBusyNotice("Bitte warten");
-    dialogs.ShowBusyNotice("Noch etwas");
-    window.reset();
-    QVERIFY(VisibleWindow("busyNotice") == nullptr);
-    dialogs.UpdateBusyNotice(token, {.filesDone = 1});
-    dialogs.WithdrawBusyNotice(token);
+    f.dialogs.UpdateBusyNotice(f.token, {.filesDone = 1});
+    f.dialogs.WithdrawBusyNotice(f.token);
   }
 };
 

@@ -1,15 +1,12 @@
-#include <QApplication>
 #include <QFileDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QTest>
 
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/Widgets.h"
 #include "tools/desktop/DesktopDialogs.h"
+#include "tools/desktop/FileChoice.h"
 #include "tools/desktop/QtText.h"
 #include "tools/desktop/WaitCursor.h"
 
@@ -17,7 +14,6 @@ namespace tests {
 
 using tools::MessageAnswer;
 using tools::MessageButtons;
-using tools::MessageIcon;
 
 class DesktopDialogsTest : public QObject {
   Q_OBJECT
@@ -40,50 +36,39 @@ class DesktopDialogsTest : public QObject {
       QCOMPARE(box.textFormat(), Qt::PlainText);
       QCOMPARE(box.icon(), QMessageBox::Question);
       QCOMPARE(box.parentWidget(), window_.get());
-      QCOMPARE(Child<QPushButton>(box, "cmdYes").text(), "&Ja");
-      QCOMPARE(Child<QPushButton>(box, "cmdNo").text(), "&Nein");
+      QCOMPARE(Shown(box, {"cmdYes", "cmdNo"}), "&Ja|&Nein");
     });
-    const MessageAnswer answer = dialogs_.ShowMessage({.text = "<b>Ä & B</b>\r\n\r\nWeiter?",
-                                                       .caption = "Frage",
-                                                       .icon = MessageIcon::Question,
-                                                       .buttons = MessageButtons::YesNo,
-                                                       .defaultAnswer = MessageAnswer::No});
-    QCOMPARE(answer, MessageAnswer::Yes);
-  }
-
-  void EnterPressesTheDefaultButtonAndEscapeTheRejectingOne_data() {
-    QTest::addColumn<MessageButtons>("buttons");
-    QTest::addColumn<MessageAnswer>("defaultAnswer");
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<MessageAnswer>("expected");
-    using enum MessageAnswer;
-    QTest::newRow("OK") << MessageButtons::Ok << Ok << Qt::Key_Escape << Ok;
-    QTest::newRow("Yes/No, Enter") << MessageButtons::YesNo << No << Qt::Key_Return << No;
-    QTest::newRow("Yes/No, Enter, Yes") << MessageButtons::YesNo << Yes << Qt::Key_Return << Yes;
-    QTest::newRow("Yes/No, Escape") << MessageButtons::YesNo << Yes << Qt::Key_Escape << No;
-    QTest::newRow("OK/Cancel, Enter")
-        << MessageButtons::OkCancel << Cancel << Qt::Key_Return << Cancel;
-    QTest::newRow("OK/Cancel, Escape")
-        << MessageButtons::OkCancel << Ok << Qt::Key_Escape << Cancel;
+    QCOMPARE(dialogs_.ShowMessage({.text = "<b>Ä & B</b>\r\n\r\nWeiter?",
+                                   .caption = "Frage",
+                                   .icon = tools::MessageIcon::Question,
+                                   .buttons = MessageButtons::YesNo,
+                                   .defaultAnswer = MessageAnswer::No}),
+             MessageAnswer::Yes);
   }
 
   void EnterPressesTheDefaultButtonAndEscapeTheRejectingOne() {
-    QFETCH(MessageButtons, buttons);
-    QFETCH(MessageAnswer, defaultAnswer);
-    QFETCH(Qt::Key, key);
-    QFETCH(MessageAnswer, expected);
-    ModalScript script;
-    script.Expect<QMessageBox>("messageBox",
-                               [key](QMessageBox& box) { QTest::keyClick(&box, key); });
-    QCOMPARE(dialogs_.ShowMessage(
-                 {.text = "?", .caption = "", .buttons = buttons, .defaultAnswer = defaultAnswer}),
-             expected);
+    using enum MessageAnswer;
+    const std::vector<std::tuple<MessageButtons, MessageAnswer, Qt::Key, MessageAnswer>> cases{
+        {MessageButtons::Ok, Ok, Qt::Key_Escape, Ok},
+        {MessageButtons::YesNo, No, Qt::Key_Return, No},
+        {MessageButtons::YesNo, Yes, Qt::Key_Return, Yes},
+        {MessageButtons::YesNo, Yes, Qt::Key_Escape, No},
+        {MessageButtons::OkCancel, Cancel, Qt::Key_Return, Cancel},
+        {MessageButtons::OkCancel, Ok, Qt::Key_Escape, Cancel}};
+    for (const auto& [buttons, byDefault, key, expected] : cases) {
+      ModalScript script;
+      script.Expect<QWidget>("messageBox",
+                             [key = key](QWidget& box) { QTest::keyClick(&box, key); });
+      QCOMPARE(dialogs_.ShowMessage(
+                   {.text = "?", .caption = "", .buttons = buttons, .defaultAnswer = byDefault}),
+               expected);
+    }
   }
 
   void AQuestionInTheMiddleOfWorkHasTheNormalPointer() {
     const tools::WaitCursor hourglass;
     ModalScript script;
-    script.Expect<QMessageBox>("messageBox", [](QMessageBox& box) {
+    script.Expect<QWidget>("messageBox", [](QWidget& box) {
       QTest::keyClick(&box, Qt::Key_Escape);
       QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
     });
@@ -93,18 +78,13 @@ class DesktopDialogsTest : public QObject {
 
   void TypingReplacesTheInputBoxsDefaultText() {
     ModalScript script;
-    script.Expect<QDialog>("inputBox", [](QDialog& box) {
-      auto& input = Child<QLineEdit>(box, "txtInput");
-      const bool focused = input.hasFocus();
-      QTest::keyClicks(&input, "Hilfe");
-      QTest::keyClick(&input, Qt::Key_Return);
-      QVERIFY(focused);
+    script.Expect<QWidget>("inputBox", [](QWidget& box) {
+      QTest::keyClicks(box.focusWidget(), "Hilfe");
+      QTest::keyClick(box.focusWidget(), Qt::Key_Return);
       QCOMPARE(box.windowTitle(), "Komponente hinzufügen...");
-      QCOMPARE(Child<QLabel>(box, "lblPrompt").text(), "Name & Co.:");
-      QCOMPARE(Child<QPushButton>(box, "cmdCancel").text(), "Abbrechen");
+      QCOMPARE(Shown(box, {"lblPrompt", "txtInput", "cmdCancel"}), "Name & Co.:|Hilfe|Abbrechen");
     });
-    QCOMPARE(dialogs_.InputBox("Name & Co.:", "Komponente hinzufügen...", "Neue Komponente"),
-             "Hilfe");
+    QCOMPARE(dialogs_.InputBox("Name & Co.:", "Komponente hinzufügen...", "Neue"), "Hilfe");
     script.ExpectAndPress("inputBox", "cmdCancel");
     QCOMPARE(dialogs_.InputBox("Name:", "", "Neue Komponente"), "");
   }
@@ -114,9 +94,9 @@ class DesktopDialogsTest : public QObject {
     const std::string path = folder.Write("Maß/Demo.product", "");
     ModalScript script;
     script.Expect<QFileDialog>("openFile", [&folder](QFileDialog& dialog) {
-      const QString start = dialog.directory().path();
-      QTest::keyClicks(dialog.findChild<QLineEdit*>(), "Demo");
-      QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+      const QString start = QDir::toNativeSeparators(dialog.directory().path());
+      Type(Child(dialog, "fileNameEdit"), "Demo");
+      QTest::keyClick(&Child(dialog, "fileNameEdit"), Qt::Key_Return);
       QCOMPARE(start, tools::ToQString(folder.Path("Maß")));
       QCOMPARE(dialog.windowTitle(), "Projekt öffnen");
       QCOMPARE(dialog.selectedNameFilter(), "Produkte (*.product)");
@@ -127,22 +107,41 @@ class DesktopDialogsTest : public QObject {
                                          .defaultExtension = "product",
                                          .filterIndex = 2};
     QCOMPARE(dialogs_.OpenFile(request), path);
-    script.Expect<QFileDialog>(
-        "openFile", [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    script.Expect<QWidget>("openFile",
+                           [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     QCOMPARE(dialogs_.OpenFile(request), "");
   }
 
   void AChosenFolderComesBackAsItsPath() {
     const TemporaryFolder folder;
     ModalScript script;
-    script.Expect<QFileDialog>("browseFolder", [&folder](QFileDialog& dialog) {
-      auto* edit = dialog.findChild<QLineEdit*>();
-      edit->setText(tools::ToQString(folder.Path()));
-      QTest::keyClick(edit, Qt::Key_Return);
+    script.Expect<QWidget>("browseFolder", [&folder](QWidget& dialog) {
+      Type(Child(dialog, "fileNameEdit"), tools::ToQString(folder.Path()));
+      QTest::keyClick(&Child(dialog, "fileNameEdit"), Qt::Key_Return);
       QCOMPARE(dialog.windowTitle(), "Wählen Sie einen Ordner aus. Alle Dateien.");
     });
     QCOMPARE(dialogs_.BrowseFolder("Wählen Sie einen Ordner aus.\r\nAlle Dateien.", 17),
              folder.Path());
+  }
+
+  void FiltersArePairsOfTextAndPatterns() {
+    const std::vector<std::pair<QString, QStringList>> cases{
+        {"Produkte (*.product)|*.product", {"Produkte (*.product) (*.product)"}},
+        {"Bilder|*.png; *.jpg|Alle|*.*", {"Bilder (*.png *.jpg)", "Alle (*)"}},
+        {"*.*|*.*", {"*.* (*)"}},
+        {"Produkte", {"*.* (*)"}},
+        {"", {"*.* (*)"}}};
+    for (const auto& [filter, expected] : cases) QCOMPARE(tools::NameFilters(filter), expected);
+  }
+
+  void AMissingFolderGivesTheNearestOneAboveIt() {
+    const TemporaryFolder folder;
+    const QString existing = QDir::fromNativeSeparators(tools::ToQString(folder.Path()));
+    for (const char* below : {"", "/Installationen/Demo/"}) {
+      QCOMPARE(tools::NearestFolder(existing + below), existing);
+    }
+    QCOMPARE(tools::NearestFolder("/keiner da"), "/");
+    for (const char* none : {"", "nicht da/auch nicht"}) QCOMPARE(tools::NearestFolder(none), "");
   }
 
  private:

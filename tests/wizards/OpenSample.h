@@ -25,7 +25,7 @@ struct OpenSample {
                                         "[Versions]\nCount=1\nVer1=1.2.0\n"));
   }
 
-  [[nodiscard]] wizards::BuildServices Services() {
+  wizards::BuildServices Services() {
     return {project, dialogs, clock, disk, folder.Path("programm")};
   }
 

@@ -15,15 +15,13 @@ namespace tools {
 /// Shows `description` as an error: exclamation icon, OK button, the standard error caption.
 void ShowError(Dialogs& dialogs, const std::string& description);
 
-/// Runs `handler`; false when it ended in an exception, whose description the user has then read.
+/// Runs `handler`; the user reads the description of an exception that ends it.
 template <std::invocable Handler>
-bool Guard(Dialogs& dialogs, Handler&& handler) {
+void Guard(Dialogs& dialogs, Handler&& handler) {
   try {
     std::invoke(std::forward<Handler>(handler));
-    return true;
   } catch (const std::exception& error) {
     ShowError(dialogs, error.what());
-    return false;
   }
 }
 

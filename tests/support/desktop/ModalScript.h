@@ -1,12 +1,13 @@
 // Answers the program's real modal windows while the operation that opens them is running.
 #pragma once
 
-#include <QObject>
 #include <QPointer>
 #include <QTimer>
-#include <QWidget>
 #include <deque>
 #include <functional>
+
+#include "tests/support/ReportFailure.h"
+#include "tests/support/desktop/Widgets.h"
 
 namespace tests {
 
@@ -16,40 +17,76 @@ namespace tests {
 ///
 ///     ModalScript script;
 ///     script.ExpectTyping("inputBox", "txtInput", "1.0.0");
-class ModalScript : public QObject {
-  Q_OBJECT
-
+class ModalScript {
  public:
-  ModalScript();
-  ~ModalScript() override;
+  ModalScript() {
+    timer_.callOnTimeout([this] { Look(); });
+    timer_.setSingleShot(true);
+    timer_.start(kInterval);
+  }
+  ~ModalScript() {
+    for (const Expectation& left : expected_) {
+      ReportFailure("the window \"" + left.objectName + "\" did not come");
+    }
+  }
 
   /// Expects the modal window of that objectName and class. `act` has to close it in the end.
   template <typename Window>
   void Expect(const char* objectName, std::function<void(Window&)> act) {
-    Add(objectName, [act = std::move(act)](QWidget& window) {
-      auto* typed = qobject_cast<Window*>(&window);
-      if (typed != nullptr) act(*typed);
-      return typed != nullptr;
-    });
+    expected_.push_back({objectName, [act = std::move(act)](QWidget& window) {
+                           auto* typed = qobject_cast<Window*>(&window);
+                           if (typed != nullptr) act(*typed);
+                           return typed != nullptr;
+                         }});
   }
 
   /// Expects a modal window and presses its button of that name.
-  void ExpectAndPress(const char* objectName, const char* buttonName);
+  void ExpectAndPress(const char* objectName, const char* button) {
+    Expect<QWidget>(objectName, [button](QWidget& window) { Press(window, button); });
+  }
+
   /// Expects a modal window, types into its text box of that name and confirms by Enter.
-  void ExpectTyping(const char* objectName, const char* fieldName, const QString& text);
+  void ExpectTyping(const char* objectName, const char* field, const QString& text) {
+    Expect<QWidget>(objectName, [field, text](QWidget& window) {
+      Type(Child(window, field), text);
+      QTest::keyClick(&Child(window, field), Qt::Key_Return);
+    });
+  }
 
  private:
+  static constexpr int kInterval = 5;  // milliseconds between two looks
+
   struct Expectation {
-    QString objectName;
+    std::string objectName;
     std::function<bool(QWidget&)> act;  ///< false when the window is of another class
   };
 
-  void Add(const char* objectName, std::function<bool(QWidget&)> act);
-  void Look();
+  void Look() {
+    timer_.start(kInterval);  // first, for acting may open the next window and come back after it
+    QWidget* window = QApplication::activeModalWidget();
+    if (window != answered_) answered_.clear();
+    if (window == nullptr || window == answered_ || !window->isActiveWindow()) return;
+    answered_ = window;
+    const std::string name = window->objectName().toStdString();
+    if (!expected_.empty() && expected_.front().objectName == name) {
+      const Expectation expectation = std::move(expected_.front());
+      expected_.pop_front();
+      if (expectation.act(*window)) return;
+    }
+    ReportFailure("nobody expects this window, or of this class: " + name);
+    window->close();
+  }
 
   QTimer timer_;
   std::deque<Expectation> expected_;
   QPointer<QWidget> answered_;  ///< acted upon already, and not yet gone
 };
+
+/// Edits the row of that title of the page's property grid in the grid's dialog.
+inline void Edit(const QWidget& page, const QString& title, const QString& value) {
+  ModalScript script;
+  script.ExpectTyping("frmEditProperty", "txtNewValue", value);
+  DoubleClick(Grid(page), RowWith(Grid(page), title));
+}
 
 }  // namespace tests

@@ -30,27 +30,27 @@ struct OpenedProgram {
     program.OpenFromCommandLine({"packwright", tools::ToQString(product)});
   }
 
-  [[nodiscard]] QTreeWidget& Tree() const { return Child<QTreeWidget>(window, "trvProjectTree"); }
+  QTreeWidget& Tree() const { return Child<QTreeWidget>(window, "trvProjectTree"); }
 
   /// The node of that key, null when there is none.
-  [[nodiscard]] QTreeWidgetItem* Node(const QString& key) const {
+  QTreeWidgetItem* Node(const QString& key) const {
     for (QTreeWidgetItemIterator item(&Tree()); *item != nullptr; ++item) {
       if ((*item)->data(0, Qt::UserRole).toString() == key) return *item;
     }
     return nullptr;
   }
 
-  /// Every node as "key=text", in square brackets when it is not expanded.
-  [[nodiscard]] QStringList Nodes() const {
+  /// Every node as "key=text", in square brackets when it is not expanded; joined by "|".
+  QString Nodes() const {
     QStringList nodes;
     for (QTreeWidgetItemIterator item(&Tree()); *item != nullptr; ++item) {
       const QString node = (*item)->data(0, Qt::UserRole).toString() + "=" + (*item)->text(0);
       nodes += (*item)->isExpanded() ? node : "[" + node + "]";
     }
-    return nodes;
+    return nodes.join('|');
   }
 
-  [[nodiscard]] QString SelectedKey() const {
+  QString SelectedKey() const {
     const QList<QTreeWidgetItem*> selected = Tree().selectedItems();
     return selected.isEmpty() ? QString() : selected.front()->data(0, Qt::UserRole).toString();
   }

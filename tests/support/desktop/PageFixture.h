@@ -6,7 +6,7 @@
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/desktop/PropertyGrid.h"
+#include "tests/support/desktop/ModalScript.h"
 #include "tools/SettingsFile.h"
 #include "tools/desktop/QtText.h"
 
@@ -50,11 +50,11 @@ struct PageFixture {
     if (!QTest::qWaitForWindowActive(&area)) qFatal("the page does not become active");
   }
 
-  [[nodiscard]] QString Path(const char* name) const { return tools::ToQString(folder.Path(name)); }
+  QString Path(const char* name) const { return tools::ToQString(folder.Path(name)); }
   /// What a file on disk holds: all of it, and settings ("-" for an absent one), joined by "|".
-  [[nodiscard]] QString File(const char* name) const { return tools::ToQString(folder.Read(name)); }
-  [[nodiscard]] QString Stored(const char* file, const char* section,
-                               std::initializer_list<const char*> keys) const {
+  QString File(const char* name) const { return tools::ToQString(folder.Read(name)); }
+  QString Stored(const char* file, const char* section,
+                 std::initializer_list<const char*> keys) const {
     const tools::SettingsFile settings(folder.Read(file));
     QStringList values;
     for (const char* key : keys) values += tools::ToQString(settings.Read(section, key, "-"));

@@ -41,10 +41,11 @@ inline QString Shown(const QWidget& parent, const char* name) {
   qFatal("\"%s\" has no text", name);
 }
 
-inline QStringList Shown(const QWidget& parent, std::initializer_list<const char*> names) {
+/// The same of several controls, joined by "|".
+inline QString Shown(const QWidget& parent, std::initializer_list<const char*> names) {
   QStringList texts;
   for (const char* name : names) texts += Shown(parent, name);
-  return texts;
+  return texts.join('|');
 }
 
 inline void Press(const QWidget& parent, const char* button) {
@@ -103,8 +104,8 @@ inline QModelIndex RowWith(const QAbstractItemView& view, const QString& text) {
       .value(0);
 }
 
-/// All rows of a list, each as its columns joined by "=".
-inline QStringList Rows(const QAbstractItemView& view) {
+/// All rows of a list, joined by "|", each as its columns joined by "=".
+inline QString Rows(const QAbstractItemView& view) {
   QStringList rows;
   for (int row = 0; row < view.model()->rowCount(); ++row) {
     QStringList cells;
@@ -113,16 +114,21 @@ inline QStringList Rows(const QAbstractItemView& view) {
     }
     rows += cells.join('=');
   }
-  return rows;
+  return rows.join('|');
 }
 
-/// Every message shown so far, as "caption: text".
-inline QStringList Told(const ScriptedDialogs& dialogs) {
+/// The list of rows inside the page's property grid.
+inline QAbstractItemView& Grid(const QWidget& page) {
+  return Child<QAbstractItemView>(page, "lsvProps");
+}
+
+/// Every message shown so far, each as "caption|text" on a line.
+inline QString Told(const ScriptedDialogs& dialogs) {
   QStringList messages;
   for (const tools::Message& message : dialogs.Messages()) {
-    messages += QString::fromStdString(message.caption + ": " + message.text);
+    messages += QString::fromStdString(message.caption + "|" + message.text);
   }
-  return messages;
+  return messages.join('\n');
 }
 
 }  // namespace tests
