@@ -16,52 +16,38 @@
 
 namespace {
 
-using tools::SettingsFile;
+std::mt19937_64 generator;
 
-constexpr const char* kPieces[] = {"[A]",   "[a]",          "[B]\n", "\n",  "\r\n", "\r",     "=",
-                                   "k=v\n", "K = w ",       "\"",    "; c", " ",    "\t",     "[",
-                                   "]",     "\xEF\xBB\xBF", "\xFF",  "ü",   "k",    "=\"x\"", "[]",
-                                   "x=\"",  "k2=1\r\n",     "==",    "漢"};
+std::uint64_t Below(std::uint64_t limit) { return generator() % limit; }
 
-class Generator {
- public:
-  explicit Generator(std::uint64_t seed) : random_(seed) {}
+std::string Piece() {
+  static constexpr const char* kPieces[] = {
+      "[A]", "[a]",  "[B]\n",    "\n", "\r\n", "\r",           "=",    "k=v\n", "K = w ", "\"",
+      "; c", " ",    "\t",       "[",  "]",    "\xEF\xBB\xBF", "\xFF", "ü",     "k",      "=\"x\"",
+      "[]",  "x=\"", "k2=1\r\n", "==", "漢"};
+  if (Below(10) == 0) return std::string(1, static_cast<char>(Below(256)));
+  return kPieces[Below(std::size(kPieces))];
+}
 
-  std::string Input() {
-    std::string input;
-    for (std::uint64_t pieces = Below(40); pieces > 0; --pieces) input += Piece();
-    for (std::uint64_t damage = Below(4); damage > 0 && !input.empty(); --damage) {
-      input[Below(input.size())] = static_cast<char>(Below(256));
-    }
-    return input;
+std::string Input() {
+  std::string input;
+  for (std::uint64_t pieces = Below(40); pieces > 0; --pieces) input += Piece();
+  for (std::uint64_t damage = Below(4); damage > 0 && !input.empty(); --damage) {
+    input[Below(input.size())] = static_cast<char>(Below(256));
   }
-
-  std::string Value() { return Piece() + Piece(); }
-
-  const char* Section() { return Below(2) == 0 ? "A" : "Neu"; }
-  const char* Key() { return Below(2) == 0 ? "k" : "k3"; }
-
- private:
-  std::uint64_t Below(std::uint64_t limit) { return random_() % limit; }
-
-  std::string Piece() {
-    if (Below(10) == 0) return std::string(1, static_cast<char>(Below(256)));
-    return kPieces[Below(std::size(kPieces))];
-  }
-
-  std::mt19937_64 random_;
-};
+  return input;
+}
 
 /// The name of the rule that this input breaks; empty when it keeps them all.
-std::string BrokenRule(const std::string& input, Generator& generator) {
-  SettingsFile file(input);
+std::string BrokenRule(const std::string& input) {
+  tools::SettingsFile file(input);
   const std::string before = file.Render();
   if (before.substr(0, input.size()) != input) return "content is kept";
   if (before.size() > input.size() + 2) return "only a line end is added";
 
-  const std::string section = generator.Section();
-  const std::string key = generator.Key();
-  const std::string value = generator.Value();
+  const char* section = Below(2) == 0 ? "A" : "Neu";
+  const char* key = Below(2) == 0 ? "k" : "k3";
+  const std::string value = Piece() + Piece();
   const std::string other = file.Read("B", "k2", "default");
   try {
     file.Write(section, key, value);
@@ -69,11 +55,10 @@ std::string BrokenRule(const std::string& input, Generator& generator) {
     return file.Render() == before ? "" : "a refused write changes nothing";
   }
   if (file.Read(section, key, "") != value) return "a write is visible at once";
-  const SettingsFile again(file.Render());
+  const tools::SettingsFile again(file.Render());
   if (again.Read(section, key, "") != value) return "a write is read back";
   if (again.Read("B", "k2", "default") != other) return "other values stay";
-  if (again.Render() != file.Render()) return "what was rendered is kept";
-  return {};
+  return again.Render() == file.Render() ? "" : "what was rendered is kept";
 }
 
 }  // namespace
@@ -81,15 +66,14 @@ std::string BrokenRule(const std::string& input, Generator& generator) {
 int main(int argc, char** argv) {
   const std::uint64_t inputs = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 20'000;
   const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
-  Generator generator(seed);
+  generator.seed(seed);
   for (std::uint64_t i = 0; i < inputs; ++i) {
-    const std::string input = generator.Input();
-    const std::string rule = BrokenRule(input, generator);
+    const std::string input = Input();
+    const std::string rule = BrokenRule(input);
     if (rule.empty()) continue;
-    std::cout << "input " << i << " of seed " << seed << " breaks: " << rule << "\n"
-              << input << "\n";
+    std::cout << "input " << i << " of seed " << seed << " breaks: " << rule << '\n'
+              << input << '\n';
     return 1;
   }
   std::cout << inputs << " inputs of seed " << seed << " kept every rule\n";
-  return 0;
 }

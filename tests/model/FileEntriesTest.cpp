@@ -13,6 +13,12 @@ class FileEntriesTest : public testing::Test {
     return ReadFileEntries(
         [&](auto section, auto key, auto fallback) { return file.Read(section, key, fallback); });
   }
+  /// The text of a file with the text `before`, when the entries have been written to it.
+  static std::string Stored(const FileEntries& entries, const std::string& before = {}) {
+    tools::SettingsFile file(before);
+    WriteFileEntries([&](auto s, auto key, auto value) { file.Write(s, key, value); }, entries);
+    return file.Render();
+  }
   static FileEntries WithIds(const std::vector<std::string>& ids) {
     FileEntries entries;
     for (const std::string& id : ids) {
@@ -39,7 +45,7 @@ TEST_F(FileEntriesTest, KeepsTheOrderOfInsertionAndRefusesTheSecondOfTwoEqualIds
   FileEntries entries = WithIds({"c", "a", "", "b"});
   EXPECT_THAT(tests::ErrorOf([&] { entries.Add(*entries.Find("a")); }),
               testing::HasSubstr("GUID: \"a\""));
-  ICFile again = *entries.Find("a");
+  const ICFile again = *entries.Find("a");
   entries.Remove("a");
   entries.Remove("nobody");
   entries.Add(again);
@@ -52,30 +58,10 @@ TEST_F(FileEntriesTest, KeepsTheOrderOfInsertionAndRefusesTheSecondOfTwoEqualIds
 }
 
 TEST_F(FileEntriesTest, WritesAllEntriesAndLeavesSectionsAboveTheCount) {
-  tools::SettingsFile file;
-  const auto write = [&](auto section, auto key, auto value) { file.Write(section, key, value); };
-  WriteFileEntries(write, {});
-  EXPECT_EQ(file.Render(), "[Files]\nCount=0\n");
-  for (const auto& ids : {std::vector<std::string>{"a", "b", "c"}, {"b", "c"}}) {
-    WriteFileEntries(write, WithIds(ids));
-    EXPECT_EQ(Read(file.Render()).Count(), ids.size());
-  }
-  EXPECT_EQ(Ids(Read(file.Render())), "bc");
-  EXPECT_EQ(file.Read("File3", "ID", "gone"), "c");
-}
-
-TEST_F(FileEntriesTest, StoresFourteenKeysInTheirOrder) {
-  std::string text;
-  const ICFile entry{"{id}", 2, "C:\\q", "*.*", -1, 2004, "D:\\z", "n", 3, 4, 5, 6, 7, 0};
-  WriteFileEntry(
-      [&](auto, auto key, auto value) { text.append(key).append("=").append(value) += '\n'; }, 1,
-      entry);
-  EXPECT_EQ(text,
-            "Type=2\nExclude=3\nID={id}\nIncludeChildren=-1\nOverwrite=6\nPermanent=4\n"
-            "RegisterPath=7\nSelfRegisterDLL=5\nSourceName=*.*\nSourcePath=C:\\q\n"
-            "TargetFolder=2004\nTargetName=n\nTargetSubFolder=D:\\z\nVital=0\n");
-  EXPECT_EQ(Fields(*Read("[Files]\nCount=1\n[File1]\n" + text).begin()),
-            "2|3|{id}|-1|6|4|7|5|*.*|C:\\q|2004|n|D:\\z|0|");
+  EXPECT_EQ(Stored({}), "[Files]\nCount=0\n");
+  const std::string stored = Stored(WithIds({"b", "c"}), Stored(WithIds({"a", "b", "c"})));
+  EXPECT_EQ(Ids(Read(stored)), "bc");
+  EXPECT_EQ(tools::SettingsFile(stored).Read("File3", "ID", "gone"), "c");
 }
 
 TEST_F(FileEntriesTest, ReadsMissingAndOddValuesLeniently) {
@@ -94,27 +80,35 @@ TEST_F(FileEntriesTest, ReadsMissingAndOddValuesLeniently) {
   }
 }
 
-TEST_F(FileEntriesTest, SetsEditableFieldsFromText) {
+TEST_F(FileEntriesTest, SetsEditableFieldsFromTextAndStoresThemInTheirOrder) {
   FileEntries entries = WithIds({"a"});
   const std::pair<const char*, const char*> edits[] = {{"Type", "2.5"},
                                                        {"Exclude", "1x"},
                                                        {"IncludeChildren", "-32768"},
-                                                       {"Overwrite", "wahr"},
+                                                       {"Overwrite", "5"},
                                                        {"Permanent", " 3"},
                                                        {"RegisterPath", "4"},
-                                                       {"SelfRegisterDLL", ""},
+                                                       {"SelfRegisterDLL", "6"},
                                                        {"SourceName", "ä;\""},
                                                        {"SourcePath", "/漢"},
                                                        {"TargetFolder", "2004"},
                                                        {"TargetName", "n"},
                                                        {"TargetSubFolder", "s"},
-                                                       {"Vital", "32767"},
+                                                       {"Vital", "wahr"},
                                                        {"ID", "b"}};
   for (const auto& [name, text] : edits) entries.SetField("a", name, text);
   EXPECT_THROW(entries.SetField("a", "Vital", "32768"), tools::Error);
   EXPECT_THROW(entries.SetField("a", "TargetFolder", "-2147483649"), tools::Error);
   entries.SetField("b", "Vital", "1");
-  EXPECT_EQ(Fields(*entries.Find("a")), "2|1|a|-32768|0|3|4|0|ä;\"|/漢|2004|n|s|32767|");
+  const std::string fields = "2|1|a|-32768|5|3|4|6|ä;\"|/漢|2004|n|s|0|";
+  EXPECT_EQ(Fields(*entries.Find("a")), fields);
+
+  const std::string stored = Stored(entries);
+  EXPECT_EQ(stored,
+            "[Files]\nCount=1\n\n[File1]\nType=2\nExclude=1\nID=a\nIncludeChildren=-32768\n"
+            "Overwrite=5\nPermanent=3\nRegisterPath=4\nSelfRegisterDLL=6\nSourceName=\"ä;\"\"\n"
+            "SourcePath=/漢\nTargetFolder=2004\nTargetName=n\nTargetSubFolder=s\nVital=0\n");
+  EXPECT_EQ(Fields(*Read(stored).begin()), fields);
 }
 
 }  // namespace model

@@ -15,19 +15,12 @@ using tools::MessageAnswer;
 
 class ModProjectOperationsTest : public testing::Test {
  protected:
-  ModProjectOperationsTest() { operations_.Connect(view_, pages_); }
+  ModProjectOperationsTest() { operations_.Connect(window_, window_); }
 
-  /// An open product with these version texts in its slots; empty ones are free.
-  void OpenProductWith(const std::vector<std::string>& versions) {
-    std::string content =
-        "[General]\nVersion=1.0\n[Versions]\nCount=" + std::to_string(versions.size()) + "\n";
-    for (std::size_t i = 0; i < versions.size(); ++i) {
-      content += "Ver" + std::to_string(i + 1) + "=" + versions[i] + "\n";
-      if (versions[i].empty()) continue;
-      folder_.Write("Version " + versions[i] + "/product.version",
-                    "[Own]\nIs=" + versions[i] + "\n");
-    }
-    ASSERT_TRUE(operations_.OpenProduct(folder_.Write("demo.product", content)));
+  /// An open product with this section of versions.
+  void OpenProduct(const std::string& versions) {
+    folder_.Write("demo.product", "[General]\nVersion=1.0\n[Versions]\n" + versions);
+    ASSERT_TRUE(operations_.OpenProduct(folder_.Path("demo.product")));
   }
   /// Adds a version or component by this answer of the input box.
   void AddVersion(const std::string& answer) {
@@ -53,28 +46,26 @@ class ModProjectOperationsTest : public testing::Test {
   ModProject project_{store_};
   tests::ScriptedDialogs dialogs_;
   tests::FixedClock clock_;
-  tests::FakeNewProductForm form_;
-  tests::FakeMainView view_;
-  tests::FakePages pages_;
-  ModProjectOperations operations_{project_, dialogs_, clock_, form_};
+  tests::FakeWindow window_;
+  ModProjectOperations operations_{project_, dialogs_, clock_, window_};
 };
 
 TEST_F(ModProjectOperationsTest, CreatesAProductInANewFolderAndOpensIt) {
-  form_.answer = NewProduct{" Demo\t", " Ich ", folder_.Path("neu/tief/demo.product")};
+  window_.newProduct = NewProduct{" Demo\t", " Ich ", folder_.Path("neu/tief/demo.product")};
   EXPECT_TRUE(operations_.NewProduct());
   EXPECT_EQ(project_.ProductPath(), folder_.Path("neu/tief/demo.product"));
   EXPECT_EQ(folder_.Read("neu/tief/demo.product"),
             "[General]\nVersion=1.0\n\n[Product]\nTitle=Demo\nAuthor=Ich\n");
-  EXPECT_EQ(view_.stateUpdates, 1);
+  EXPECT_EQ(window_.stateUpdates, 1);
 
-  form_.answer.reset();
+  window_.newProduct.reset();
   EXPECT_FALSE(operations_.NewProduct());
   EXPECT_FALSE(project_.IsOpen());
 }
 
 TEST_F(ModProjectOperationsTest, OverwritesAnExistingProductOnlyWhenTold) {
   folder_.Write("demo.product", "alt");
-  form_.answer = NewProduct{"Demo", "", folder_.Path("demo.product")};
+  window_.newProduct = NewProduct{"Demo", "", folder_.Path("demo.product")};
   dialogs_.ExpectQuestion(LoadText(214), MessageAnswer::No);
   EXPECT_FALSE(operations_.NewProduct());
   EXPECT_EQ(dialogs_.LastMessage(), LoadText(215) + "|" + LoadText(214));
@@ -98,53 +89,41 @@ TEST_F(ModProjectOperationsTest, RefusesFilesThatAreNoProducts) {
   EXPECT_FALSE(project_.IsOpen());
 }
 
-TEST_F(ModProjectOperationsTest, ClosingWarnsOnlyWhenAskedAndChanged) {
-  OpenProductWith({});
-  pages_.pages.resize(2);
-  pages_.pages[1].dirty = true;
+TEST_F(ModProjectOperationsTest, ClosingWarnsOfChangedPagesAndSavingGoesOnPastOneThatFails) {
+  OpenProduct("");
+  window_.pages.resize(2);
+  for (tests::FakePage& page : window_.pages) page.dirty = true;
   dialogs_.ExpectQuestion(LoadText(206), MessageAnswer::Cancel);
   EXPECT_FALSE(operations_.CloseProduct(true));
   EXPECT_TRUE(project_.IsOpen());
-  EXPECT_TRUE(pages_.resets.empty());
-
-  EXPECT_TRUE(operations_.CloseProduct(false));
-  EXPECT_FALSE(project_.IsOpen());
-  EXPECT_THAT(pages_.resets, ElementsAre(true));
-}
-
-TEST_F(ModProjectOperationsTest, SavingGoesOnPastAPageThatFailsAndMarksItClean) {
-  OpenProductWith({});
-  pages_.pages.resize(3);
-  for (tests::FakePage& page : pages_.pages) page.dirty = true;
-  pages_.pages[1].failure = "Seite kaputt";
+  window_.pages[0].failure = "Seite kaputt";
   operations_.SaveAllPages();
-  EXPECT_EQ(pages_.pages[2].applied, 1);
+  EXPECT_EQ(window_.pages[1].applied, 1);
   EXPECT_FALSE(operations_.IsDirty());
   EXPECT_EQ(dialogs_.LastMessage(), "Fehler|Seite kaputt");
-  EXPECT_FALSE(view_.hourglass);
-}
-
-TEST_F(ModProjectOperationsTest, LatestVersionIsTheHighestAndOfEqualOnesTheFirst) {
-  OpenProductWith({"1.9.0", "", "1.10.0", "1.10", "1.2.30"});
-  EXPECT_EQ(operations_.LatestVersion(), 3);
+  EXPECT_FALSE(window_.hourglass);
+  EXPECT_TRUE(operations_.CloseProduct(true));
+  EXPECT_FALSE(project_.IsOpen());
+  EXPECT_THAT(window_.resets, ElementsAre(true));
 }
 
 TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatestAndTakesTheFirstFreeSlot) {
-  OpenProductWith({"2.3.9", "", "1.0.0"});
+  OpenProduct("Count=4\nVer1=2.3.9\nVer3=1.10.0\nVer4=2.3.9.1\n");
+  folder_.Write("Version 2.3.9/product.version", "[Own]\nIs=2.3.9\n");
   folder_.Write("Version 2.3.9/component1.component", "[Component]\nTitle=A\n");
   folder_.Write("Version 2.3.10/rest.txt", "von früher");
   AddVersion(" 2.3.10 ");
   EXPECT_EQ(dialogs_.LastDefaultText(), "2.3.10");
   EXPECT_EQ(project_.VersionString(2), "2.3.10");
-  EXPECT_EQ(project_.VersionCount(), 3);
+  EXPECT_EQ(project_.VersionCount(), 4);
   EXPECT_EQ(folder_.Read("Version 2.3.10/product.version"),
             "[Own]\nIs=2.3.9\n\n[General]\nCreated=" + clock_.DateTimeText() + "\n");
   EXPECT_EQ(tools::FindFiles(folder_.Path("Version 2.3.10"), "*", true).size(), 1U);
-  EXPECT_EQ(view_.treeUpdates, 1);
+  EXPECT_EQ(window_.treeUpdates, 1);
 }
 
 TEST_F(ModProjectOperationsTest, RefusesVersionsThatExistOrLeadElsewhere) {
-  OpenProductWith({"1.0.0-Ä", "", "2.0"});
+  OpenProduct("Count=3\nVer1=1.0.0-Ä\nVer3=2.0\n");
   for (const char* answer : {" 1.0.0-ä ", "2.0", ""}) {
     AddVersion(answer);
     EXPECT_EQ(dialogs_.Messages().back().text, LoadText(227)) << answer;
@@ -153,11 +132,11 @@ TEST_F(ModProjectOperationsTest, RefusesVersionsThatExistOrLeadElsewhere) {
     EXPECT_THROW(AddVersion(answer), tools::Error) << answer;
   }
   EXPECT_EQ(project_.VersionString(2), "");
-  EXPECT_EQ(view_.treeUpdates, 0);
+  EXPECT_EQ(window_.treeUpdates, 0);
 }
 
 TEST_F(ModProjectOperationsTest, AnAdditionThatFailsOrIsCancelledLeavesNeitherFolderNorEntry) {
-  OpenProductWith({"1.0.0"});
+  OpenProduct("Count=1\nVer1=1.0.0\n");
   AddVersion("  ");
   EXPECT_EQ(dialogs_.LastMessage(), "");
   disk_.FailAt(FaultyDisk::Step::Replace, 1);
@@ -167,7 +146,7 @@ TEST_F(ModProjectOperationsTest, AnAdditionThatFailsOrIsCancelledLeavesNeitherFo
 }
 
 TEST_F(ModProjectOperationsTest, ADamagedCountDoesNotMakeTakenSlotsFree) {
-  OpenProductWith({"1.0.0"});
+  OpenProduct("Count=1\nVer1=1.0.0\n");
   folder_.Write("Version 1.0.0/component1.component", "[Component]\nTitle=A\n");
   AddComponent("B");
   EXPECT_EQ(project_.ComponentTitle(1, 1) + project_.ComponentTitle(1, 2), "AB");
@@ -177,8 +156,7 @@ TEST_F(ModProjectOperationsTest, ADamagedCountDoesNotMakeTakenSlotsFree) {
 }
 
 TEST_F(ModProjectOperationsTest, AProductThatIsGoneIsNotMadeAgainInPart) {
-  OpenProductWith({"1.0.0"});
-  tools::RemoveFolderTree(folder_.Path("Version 1.0.0"));
+  OpenProduct("Count=1\nVer1=1.0.0\n");
   tools::DeleteFile(folder_.Path("demo.product"));
   EXPECT_THROW(AddVersion("1.0.1"), tools::Error);
   EXPECT_THROW(DeleteVersion(MessageAnswer::Yes), tools::Error);
@@ -186,7 +164,9 @@ TEST_F(ModProjectOperationsTest, AProductThatIsGoneIsNotMadeAgainInPart) {
 }
 
 TEST_F(ModProjectOperationsTest, DeletesAVersionWithItsFolderAfterConfirmation) {
-  OpenProductWith({"1.0.0", "2.0.0"});
+  OpenProduct("Count=2\nVer1=1.0.0\nVer2=2.0.0\n");
+  folder_.Write("Version 1.0.0/product.version", "");
+  folder_.Write("Version 2.0.0/product.version", "");
   DeleteVersion(MessageAnswer::No);
   disk_.FailAt(FaultyDisk::Step::Replace, 1);
   EXPECT_THROW(DeleteVersion(MessageAnswer::Yes), tools::Error);
@@ -201,7 +181,8 @@ TEST_F(ModProjectOperationsTest, DeletesAVersionWithItsFolderAfterConfirmation) 
 }
 
 TEST_F(ModProjectOperationsTest, ComponentsKeepTheirSlots) {
-  OpenProductWith({"1.0.0"});
+  OpenProduct("Count=1\nVer1=1.0.0\n");
+  folder_.MakeFolder("Version 1.0.0");
   for (const char* title : {"A", " B ", "C"}) AddComponent(title);
   dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
   operations_.DeleteComponent(1, 2);

@@ -27,6 +27,9 @@ TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfProductVersionAndComponent) {
   EXPECT_EQ(project_.ReadVersionSetting(2, "Tessel", "Key", "-"), "-");
   EXPECT_EQ(project_.ComponentTitle(1, 12), "Hilfe");
   EXPECT_EQ(project_.ProductTitle(), "Probe");
+  EXPECT_EQ(project_.DefaultOutputFolder(1), folder_.Path("Produkt/Ausgabe/Debug"));
+  EXPECT_EQ(project_.DefaultOutputFolder(2), folder_.Path("Produkt/Ausgabe/Release"));
+  EXPECT_EQ(project_.DefaultOutputFolder(3), folder_.Path("Produkt/Ausgabe/"));
 }
 
 TEST_F(ModProjectTest, WritesAndReadsNothingWhileNoProductIsOpen) {
@@ -77,12 +80,6 @@ TEST_F(ModProjectTest, StaysInTheProductFolderWhateverTheVersionText) {
     EXPECT_THROW((void)project_.ComponentFilePath(1, 1), tools::Error) << text;
   }
   EXPECT_EQ(folder_.Read("product.version"), "[Tessel]\nKey=outside\n");
-}
-
-TEST_F(ModProjectTest, ProposesAnOutputFolderForEachConfiguration) {
-  EXPECT_EQ(project_.DefaultOutputFolder(1), folder_.Path("Produkt/Ausgabe/Debug"));
-  EXPECT_EQ(project_.DefaultOutputFolder(2), folder_.Path("Produkt/Ausgabe/Release"));
-  EXPECT_EQ(project_.DefaultOutputFolder(3), folder_.Path("Produkt/Ausgabe/"));
 }
 
 }  // namespace model

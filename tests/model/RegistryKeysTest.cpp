@@ -25,23 +25,17 @@ TEST_F(RegistryKeysTest, StoresValuesInOrderAndLeavesThoseOfHigherNumbers) {
   EXPECT_EQ(file_->Read("RegKey1", "Val2Setting", ""), " y ");
 }
 
-TEST_F(RegistryKeysTest, TakingAFreedSlotHidesThoseAboveIt) {
-  for (const char* path : {"A", "B", "C", "D", "E"}) keys_.Store(path, {});
-  keys_.Free(" b ");
-  EXPECT_THAT(keys_.Paths(), ElementsAre("A", "C", "D", "E"));
-  keys_.Store("New", {{"n", "1"}});
-  EXPECT_EQ(file_->Read("Registry", "Keys", ""), "2");
-  EXPECT_THAT(keys_.Paths(), ElementsAre("A", "New"));
-}
-
-TEST_F(RegistryKeysTest, JoinsTheValuesOfSlotsWithTheSamePath) {
+// A slot that was freed is taken again, which hides those above it.
+TEST_F(RegistryKeysTest, FreesEverySlotOfAKeyAndTakesTheFirstFreeOne) {
   SetText(
-      "[Registry]\nKeys=2\nKey1=Key\nKey2=KEY\n[RegKey1]\nValues=1\nVal1Name=\" n 1\"\n"
-      "[RegKey2]\nValues=1\nVal1Name=n 2\n");
+      "[Registry]\nKeys=4\nKey1=A\nKey2=Key\nKey3=KEY\nKey4=D\n"
+      "[RegKey2]\nValues=1\nVal1Name=\" n 1\"\n[RegKey3]\nValues=1\nVal1Name=n 2\n");
   EXPECT_THAT(keys_.ValuesOf("key"),
               ElementsAre(RegistryValue{"n 1", ""}, RegistryValue{"n 2", ""}));
-  keys_.Free("key");
-  EXPECT_THAT(keys_.Paths(), ElementsAre());
+  keys_.Free(" key ");
+  EXPECT_THAT(keys_.Paths(), ElementsAre("A", "D"));
+  keys_.Store("New", {});
+  EXPECT_THAT(keys_.Paths(), ElementsAre("A", "New"));
 }
 
 TEST_F(RegistryKeysTest, CopesWithAnyStoredCount) {

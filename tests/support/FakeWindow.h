@@ -13,17 +13,6 @@
 
 namespace tests {
 
-/// Counts what it is asked to refresh.
-struct FakeMainView : model::MainView {
-  void UpdateProjectState() override { ++stateUpdates; }
-  void UpdateTree() override { ++treeUpdates; }
-  void ShowHourglass(bool shown) override { hourglass = shown; }
-
-  int stateUpdates = 0;
-  int treeUpdates = 0;
-  bool hourglass = false;
-};
-
 struct FakePage : model::OpenPage {
   void ApplyChanges() override {
     ++applied;
@@ -38,24 +27,21 @@ struct FakePage : model::OpenPage {
   std::string failure;  ///< raised by ApplyChanges when not empty
 };
 
-struct FakePages : model::OpenPages {
-  [[nodiscard]] std::int32_t Count() const override {
-    return static_cast<std::int32_t>(pages.size());
-  }
-  [[nodiscard]] model::OpenPage& Item(std::int32_t index) override {
-    return pages.at(static_cast<std::size_t>(index - 1));
-  }
+struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {
+  void UpdateProjectState() override { ++stateUpdates; }
+  void UpdateTree() override { ++treeUpdates; }
+  void ShowHourglass(bool shown) override { hourglass = shown; }
+  [[nodiscard]] std::int32_t Count() const override { return std::int32_t(pages.size()); }
+  model::OpenPage& Item(std::int32_t index) override { return pages.at(std::size_t(index - 1)); }
   void Reset(bool ask) override { resets.push_back(ask); }
+  std::optional<model::NewProduct> Ask() override { return newProduct; }
 
+  int stateUpdates = 0;  ///< how often the window was asked to refresh, and
+  int treeUpdates = 0;   ///< its tree
+  bool hourglass = false;
   std::deque<FakePage> pages;
-  std::vector<bool> resets;  ///< the `ask` of each Reset
-};
-
-/// Answers with what the test has put in.
-struct FakeNewProductForm : model::NewProductForm {
-  std::optional<model::NewProduct> Ask() override { return answer; }
-
-  std::optional<model::NewProduct> answer;
+  std::vector<bool> resets;                     ///< the `ask` of each Reset
+  std::optional<model::NewProduct> newProduct;  ///< what the form answers
 };
 
 }  // namespace tests

@@ -28,9 +28,8 @@ namespace tests {
 [[nodiscard]] inline std::string MixedBytes(std::size_t size) {
   std::string bytes;
   for (unsigned seed = 1; bytes.size() < size; ++seed) {
-    const std::size_t stretch = 40'000 * (seed % 7 + 1);
-    bytes.append(seed % 3 == 0 ? RandomBytes(stretch, seed) : WordBytes(stretch, seed));
-    bytes.append(stretch, '\0');
+    bytes += WordBytes(40'000 * (seed % 7 + 1), seed) + std::string(30'000 * seed, '\0');
+    bytes += RandomBytes(60'000, seed);
   }
   bytes.resize(size);
   return bytes;

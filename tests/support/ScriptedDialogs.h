@@ -53,7 +53,17 @@ class ScriptedDialogs : public tools::Dialogs {
   /// How many busy notices have not been withdrawn.
   [[nodiscard]] std::size_t OpenNotices() const { return openNotices_.size(); }
 
-  tools::MessageAnswer ShowMessage(const tools::Message& message) override;
+  tools::MessageAnswer ShowMessage(const tools::Message& message) override {
+    using tools::MessageAnswer;
+    messages_.push_back(message);
+    if (message.buttons == tools::MessageButtons::Ok) return MessageAnswer::Ok;
+    const bool yesNo = message.buttons == tools::MessageButtons::YesNo;
+    const MessageAnswer refusal = yesNo ? MessageAnswer::No : MessageAnswer::Cancel;
+    const MessageAnswer answer = Take("question", message.text, refusal).answer;
+    if (yesNo == (answer == MessageAnswer::Yes || answer == MessageAnswer::No)) return answer;
+    ReportFailure("no button gives the answer to \"" + message.text + "\"");
+    return refusal;
+  }
 
   std::string InputBox(const std::string& prompt, const std::string& /*title*/,
                        const std::string& defaultText) override {
@@ -78,14 +88,24 @@ class ScriptedDialogs : public tools::Dialogs {
 
  private:
   struct Expectation {
-    std::string kind;  ///< "question", "input box", ...; empty when it is none
+    std::string kind;  ///< "question", "input box", ...
     std::string part;
     tools::MessageAnswer answer{};  ///< of a question
     std::string text;               ///< what every other dialog gives
   };
 
-  /// Takes the next expectation if it is this one; else fails the test and returns none.
-  Expectation Take(const std::string& kind, const std::string& shown);
+  /// Takes the next expectation if it is this one; else fails the test and gives a refusal.
+  Expectation Take(const std::string& kind, const std::string& shown,
+                   tools::MessageAnswer refusal = {}) {
+    if (expected_.empty() || expected_.front().kind != kind ||
+        shown.find(expected_.front().part) == std::string::npos) {
+      ReportFailure("unexpected " + kind + " \"" + shown + "\"");
+      return {kind, shown, refusal, ""};
+    }
+    const Expectation taken = expected_.front();
+    expected_.pop_front();
+    return taken;
+  }
 
   std::deque<Expectation> expected_;
   std::vector<tools::Message> messages_;

@@ -9,33 +9,28 @@ namespace tests {
 
 /// Created empty, under a name that no other test has, inside the system's temporary folder. The
 /// destructor removes it with all its contents. Names below it may hold "/" on every machine.
+/// Failures raise a std::exception.
 class TemporaryFolder {
  public:
-  /// Raises std::filesystem::filesystem_error.
   TemporaryFolder();
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  /// The folder's absolute path, without a separator at its end.
-  [[nodiscard]] const std::string& Path() const { return path_; }
-  /// The path of something in the folder, with the machine's separators.
-  [[nodiscard]] std::string Path(std::string_view name) const;
-
+  /// The absolute path of something in the folder, or of the folder itself, with the machine's
+  /// separators and none at its end.
+  [[nodiscard]] std::string Path(std::string_view name = {}) const;
   /// Creates or replaces a file (and the folders above it) with these bytes; returns its path.
-  /// Raises std::runtime_error.
   std::string Write(std::string_view name, std::string_view content) const;
   /// Creates a folder (and those above it); returns its path.
   std::string MakeFolder(std::string_view name) const;
-  /// The bytes of a file; raises std::runtime_error when it cannot be read.
+  /// The bytes of a file.
   [[nodiscard]] std::string Read(std::string_view name) const;
   /// True when the folder holds a file or folder of that name.
   [[nodiscard]] bool Holds(std::string_view name) const;
 
  private:
-  [[nodiscard]] std::filesystem::path At(std::string_view name) const;
-
-  std::string path_;
+  std::filesystem::path path_;
 };
 
 }  // namespace tests

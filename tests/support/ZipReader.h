@@ -16,9 +16,8 @@ struct ZipEntry {
   std::string content;
 };
 
-/// The members in the order of the central directory. Raises a std::exception when anything is not
-/// as it has to be: records, sizes, checksums, or bytes that belong to no record. Zip64 is not
-/// understood.
+/// The members in the order of the central directory. Raises a std::exception when data, checksum
+/// or headers of one are damaged. Zip64 is not understood.
 [[nodiscard]] std::vector<ZipEntry> ReadZip(std::string_view archive);
 
 /// Raw deflate data that decodes to that many bytes, decoded by zlib. Raises std::runtime_error

@@ -23,11 +23,4 @@ TEST(BlockDeflateTest, PartsOfAnyEndJoinToOneStream) {
   EXPECT_TRUE(tests::Inflate(stream, source.size() + 7) == source + "the end");
 }
 
-TEST(BlockDeflateTest, ChecksumsJoin) {
-  const std::string first = tests::RandomBytes(70'001);
-  EXPECT_EQ(JoinCrc32(Crc32(first), Crc32("abc"), 3), Crc32(first + "abc"));
-  EXPECT_EQ(JoinCrc32(0, Crc32(first), first.size()), Crc32(first));
-  EXPECT_EQ(Crc32("123456789"), 0xCBF43926U);
-}
-
 }  // namespace tools

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "tests/support/Testing.h"
 #include "tools/Files.h"
 #include "tools/Path.h"
@@ -27,11 +29,7 @@ TEST_F(FilesTest, FindListsAFoldersFilesBeforeItsSubfoldersInByteOrder) {
 }
 
 TEST_F(FilesTest, PatternsMatchNamesAsWindowsDoes) {
-  const struct {
-    const char* pattern;
-    const char* name;
-    bool matches;
-  } cases[] = {
+  const std::tuple<const char*, const char*, bool> rows[] = {
       {"*.*", "ohne", true},         {"*.txt", "A.TXT", true},
       {"*.txt", "a.txt.bak", false}, {"Über*", "über.doc", true},
       {"?.c", "ä.c", true},          {"??.c", "a.c", true},
@@ -40,11 +38,9 @@ TEST_F(FilesTest, PatternsMatchNamesAsWindowsDoes) {
       {"a*b*c", "aXbYbZc", true},    {"a*b*c", "aXbYbZ", false},
       {"name.*", "name", true},      {"", "a", false},
       {"*", ".versteckt", true},     {"*.htm", "a.html", false},
-      {"****", "x", true},           {"x", "xx", false},
-  };
-  for (const auto& test : cases) {
-    EXPECT_EQ(MatchesPattern(test.name, test.pattern), test.matches)
-        << test.pattern << " / " << test.name;
+      {"****", "x", true},           {"x", "xx", false}};
+  for (const auto& [pattern, name, matches] : rows) {
+    EXPECT_EQ(MatchesPattern(name, pattern), matches) << pattern << " / " << name;
   }
 }
 

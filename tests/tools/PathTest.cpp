@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <tuple>
 
 #include "tests/support/Testing.h"
 #include "tools/Path.h"
@@ -11,20 +12,16 @@ static std::string Native(std::string text) {
 }
 
 TEST(PathTest, TakesPathsApart) {
-  const struct {
-    const char* path;
-    const char* folder;
-    const char* name;
-    const char* extension;
-  } rows[] = {{"/a/b.c/datei.tar.gz", "/a/b.c", "datei.tar.gz", "gz"},
-              {"/datei", "/", "datei", ""},
-              {"datei.", "", "datei.", ""},
-              {"/a/b.c/", "/a/b.c", "", ""}};
-  for (const auto& row : rows) {
-    const std::string path = Native(row.path);
-    EXPECT_EQ(FolderOf(path), Native(row.folder)) << path;
-    EXPECT_EQ(FileNamePart(path), row.name) << path;
-    EXPECT_EQ(Extension(path), row.extension) << path;
+  const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
+      {"/a/b.c/datei.tar.gz", "/a/b.c", "datei.tar.gz", "gz"},
+      {"/datei", "/", "datei", ""},
+      {"datei.", "", "datei.", ""},
+      {"/a/b.c/", "/a/b.c", "", ""}};
+  for (const auto& [text, folder, name, extension] : rows) {
+    const std::string path = Native(text);
+    EXPECT_EQ(FolderOf(path), Native(folder)) << path;
+    EXPECT_EQ(FileNamePart(path), name) << path;
+    EXPECT_EQ(Extension(path), extension) << path;
   }
   EXPECT_EQ(EnsureTrailingSeparator(Native("/a")), Native("/a/"));
   EXPECT_EQ(EnsureTrailingSeparator(Native("/a/")), Native("/a/"));

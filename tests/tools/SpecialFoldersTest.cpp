@@ -1,5 +1,6 @@
+#include <fstream>
+
 #include "tests/support/Testing.h"
-#include "tools/Disk.h"
 #include "tools/Files.h"
 #include "tools/Path.h"
 #include "tools/SpecialFolders.h"
@@ -22,10 +23,9 @@ TEST(SpecialFoldersTest, APrivateFolderIsGoneWithItsContents) {
     path = folder.Path();
     EXPECT_NE(path, PrivateTemporaryFolder().Path());
     EXPECT_EQ(FolderOf(path), SpecialFolder(kTemporaryFolder));
-    const std::string inside = JoinPath(path, "PackwrightTemp");
-    MakeFolder(inside);
-    SystemDisk disk;
-    WriteTextFile(disk, JoinPath(inside, "1.txt"), "x", ReplacementFile::Durability::Cached);
+    MakeFolder(JoinPath(path, "PackwrightTemp"));
+    std::ofstream(ToPath(JoinPath(path, "PackwrightTemp/1.txt"))) << "x";
+    EXPECT_EQ(FindFiles(path, "*", true).size(), 1U);
   }
   EXPECT_FALSE(FolderExists(path));
 }

@@ -18,17 +18,13 @@ class XdgFoldersTest : public testing::Test {
   const tests::TemporaryFolder folder_;
 };
 
-TEST_F(XdgFoldersTest, DefaultsLieInTheHomeFolder) {
+TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFileAndDefaultsLieInTheHomeFolder) {
   EXPECT_EQ(SpecialFolder(kProfileFolder), folder_.Path());
   EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path(".config"));
   EXPECT_EQ(SpecialFolder(kDocumentsFolder), folder_.Path());
   EXPECT_EQ(SpecialFolder(kTemporaryFolder), "/tmp");
-}
-
-TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFile) {
-  const std::string config = folder_.MakeFolder("settings");
-  setenv("XDG_CONFIG_HOME", (config + "//").c_str(), 1);
-  EXPECT_EQ(SpecialFolder(kUserDataFolder), config);
+  setenv("XDG_CONFIG_HOME", (folder_.Path("settings") + "//").c_str(), 1);
+  EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path("settings"));
   folder_.Write("settings/user-dirs.dirs",
                 "# a comment\nXDG_DOCUMENTS_DIR_X=\"/wrong\"\n#XDG_DOCUMENTS_DIR=\"/wrong\"\n"
                 " XDG_DOCUMENTS_DIR=\"$HOME/Eigene \\\"Büro\\\"-Dateien/\"\n");

@@ -10,9 +10,7 @@ static constexpr const char* kSystem = R"(WINE REGISTRY Version 2
 ;; All keys relative to REGISTRY\\Machine
 
 #arch=win64
-
 [Software\\Classes\\.ai] 1795237798
-#time=1dd79768dd7c98e
 "Content Type"="application/postscript"
 
 [Software\\Quillon\\\[Klammer\] \xdc=1] 1795238516

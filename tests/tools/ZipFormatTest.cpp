@@ -1,4 +1,5 @@
 #include <limits>
+#include <tuple>
 
 #include "tests/support/Testing.h"
 #include "tools/ZipFormat.h"
@@ -21,21 +22,15 @@ TEST(ZipFormatTest, TimesAreUtcInStepsOfTwoSeconds) {
 
 TEST(ZipFormatTest, Zip64FormStandsOnlyWhereValuesAskForIt) {
   constexpr std::uint64_t k4Gib = 0xFFFFFFFF;
-  const struct {
-    std::uint64_t bytes;
-    std::uint64_t offset;
-    std::size_t localExtra;
-    std::size_t centralExtra;
-  } rows[] = {{k4Gib - 1, k4Gib - 1, 0, 0}, {k4Gib - 1, k4Gib, 0, 12}, {k4Gib, k4Gib, 20, 28}};
-  for (const auto& row : rows) {
-    const ZipMember member{.name = "a",
-                           .sourceBytes = row.bytes,
-                           .storedBytes = k4Gib - 1,
-                           .headerOffset = row.offset};
+  const std::tuple<std::uint64_t, std::uint64_t, std::size_t, std::size_t> rows[] = {
+      {k4Gib - 1, k4Gib - 1, 0, 0}, {k4Gib - 1, k4Gib, 0, 12}, {k4Gib, k4Gib, 20, 28}};
+  for (const auto& [bytes, offset, localExtra, centralExtra] : rows) {
+    const ZipMember member{
+        .name = "a", .sourceBytes = bytes, .storedBytes = 1, .headerOffset = offset};
     std::string central;
     AppendCentralRecord(central, member);
-    EXPECT_EQ(LocalHeader(member).size(), 30 + 1 + row.localExtra);
-    EXPECT_EQ(central.size(), 46 + 1 + row.centralExtra);
+    EXPECT_EQ(LocalHeader(member).size(), 30 + 1 + localExtra);
+    EXPECT_EQ(central.size(), 46 + 1 + centralExtra);
   }
   EXPECT_EQ(DirectoryEnd(65534, 1, k4Gib - 1).size(), 22U);
   EXPECT_EQ(DirectoryEnd(65535, 1, 1).size(), 22U + 20 + 56);
