@@ -96,7 +96,7 @@ class Checker {
     const Place place = component.PlaceOf(surveyed);
     if (surveyed.problem) Report(*surveyed.problem, place);
     if (surveyed.problem && surveyed.problem->fault == SourceFault::None) return;
-    const model::ICFile entry = ReadBuildEntry(*component.settings, surveyed.number);
+    const model::ICFile& entry = surveyed.file;
     if (!IsInstalled(entry)) return;
     if (model::FolderMacro(entry.TargetFolder).empty()) {
       Report("Unbekannte Nummer des Zielordners: " + std::to_string(entry.TargetFolder), place);

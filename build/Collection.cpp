@@ -13,9 +13,7 @@ class Collector {
     for (const SurveyedEntry& surveyed : component.entries) {
       const Place place = component.PlaceOf(surveyed);
       if (surveyed.problem) LogProblem(*surveyed.problem, place);
-      if (surveyed.sources.empty()) continue;
-      const model::ICFile entry = ReadBuildPlacement(*component.settings, surveyed.number);
-      for (const std::string& path : surveyed.sources) Store(entry, path, place);
+      for (const std::string& path : surveyed.sources) Store(surveyed.file, path, place);
     }
     if (component.problem) LogProblem(*component.problem, {component.slot, component.title, 0});
   }

@@ -36,11 +36,9 @@ void WriteComponent(InstallScript& script, const SurveyedComponent& component,
                     const StoredNameMap& names) {
   script.BeginComponent(component.title);
   for (const SurveyedEntry& surveyed : component.entries) {
-    if (surveyed.sources.empty()) continue;
-    const model::ICFile entry = ReadBuildEntry(*component.settings, surveyed.number);
     for (const std::string& path : surveyed.sources) {
-      const std::string_view stored = names.Find(entry.ID, path);
-      if (!stored.empty()) script.AddFile(entry, path, stored);
+      const std::string_view stored = names.Find(surveyed.file.ID, path);
+      if (!stored.empty()) script.AddFile(surveyed.file, path, stored);
     }
   }
   script.EndComponent();

@@ -8,6 +8,7 @@
 #include "tools/Files.h"
 #include "tools/Numbers.h"
 #include "tools/Path.h"
+#include "tools/SettingsFile.h"
 
 namespace build {
 
@@ -15,12 +16,6 @@ namespace {
 
 // Entries up to this number are visited whether they are stored or not.
 constexpr std::int32_t kMaximumEntries = 1'000'000;
-
-model::SettingReader ReaderOf(const tools::SettingsFile& settings) {
-  return [&settings](std::string_view section, std::string_view key, std::string_view value) {
-    return settings.Read(section, key, value);
-  };
-}
 
 std::string InComponent(const std::string& title) { return " of component '" + title + "'"; }
 
@@ -39,9 +34,9 @@ class Surveyor {
     SurveyedComponent component;
     component.slot = slot;
     component.title = project_.ComponentTitle(version_, slot);
-    component.settings = project_.Settings().Load(project_.ComponentFilePath(version_, slot));
+    settings_ = project_.Settings().Load(project_.ComponentFilePath(version_, slot));
     try {
-      VisitEntries(component, model::ReadFileCount(ReaderOf(*component.settings)));
+      VisitEntries(component, model::ReadFileCount(read_));
     } catch (const tools::Error& error) {
       AddProblem(component.problem,
                  "Files" + InComponent(component.title) + " cannot be counted: " + error.what(),
@@ -55,7 +50,7 @@ class Surveyor {
       for (std::int32_t number = 1; number <= count; ++number) VisitEntry(component, number);
       return;
     }
-    const auto stored = model::SlotsNamedIn(component.settings->Render(), "File", count);
+    const auto stored = model::SlotsNamedIn(settings_->Render(), "File", count);
     for (const std::int32_t number : stored) VisitEntry(component, number);
     if (stored.size() == static_cast<std::size_t>(count)) return;
     const std::string have = std::to_string(stored.size());
@@ -70,7 +65,8 @@ class Surveyor {
     SurveyedEntry surveyed;
     surveyed.number = number;
     try {
-      const model::ICFile entry = ReadBuildEntry(*component.settings, number);
+      surveyed.file = model::ReadFileEntry(read_, number, model::kBuildDefaultType);
+      const model::ICFile& entry = surveyed.file;
       AddLocation(entry);
       if (entry.Exclude == 1) return;
       SourceList list = ListSources(entry, productFolder_);
@@ -79,8 +75,8 @@ class Surveyor {
       for (const std::string& path : list.links) AddLinkedLocation(path);
       surveyed.sources = std::move(list.paths);
     } catch (const tools::Error& error) {
-      AddUnreadLocation(*component.settings, number);
-      if (IsExcluded(component, number)) return;
+      AddUnreadLocation(number);
+      if (IsExcluded(number)) return;
       AddProblem(surveyed.problem,
                  "File " + std::to_string(number) + InComponent(component.title) +
                      " is left out: " + error.what(),
@@ -89,9 +85,9 @@ class Surveyor {
     component.entries.push_back(std::move(surveyed));
   }
 
-  static bool IsExcluded(const SurveyedComponent& component, std::int32_t number) {
+  [[nodiscard]] bool IsExcluded(std::int32_t number) const {
     const std::string section = "File" + std::to_string(number);
-    return tools::LeadingNumber(component.settings->Read(section, "Exclude", "0")) == 1;
+    return tools::LeadingNumber(settings_->Read(section, "Exclude", "0")) == 1;
   }
 
   // Many entries share their folder: the set holds each place once.
@@ -109,11 +105,11 @@ class Surveyor {
   }
 
   // An entry that cannot be read has sources all the same, whose loss would hurt as much.
-  void AddUnreadLocation(const tools::SettingsFile& settings, std::int32_t number) {
+  void AddUnreadLocation(std::int32_t number) {
     const std::string section = "File" + std::to_string(number);
     model::ICFile entry;
-    entry.SourcePath = settings.Read(section, "SourcePath", "");
-    entry.SourceName = settings.Read(section, "SourceName", "");
+    entry.SourcePath = settings_->Read(section, "SourcePath", "");
+    entry.SourceName = settings_->Read(section, "SourceName", "");
     entry.IncludeChildren = 1;
     for (const std::int16_t type : {model::ICFile::kSingleFile, model::ICFile::kFolderScan}) {
       entry.Type = type;
@@ -149,6 +145,11 @@ class Surveyor {
   const model::ModProject& project_;
   std::int32_t version_;
   std::string productFolder_;
+  std::shared_ptr<const tools::SettingsFile> settings_;  ///< of the component that is visited
+  const model::SettingReader read_ = [this](std::string_view section, std::string_view key,
+                                            std::string_view value) {
+    return settings_->Read(section, key, value);
+  };
   Survey survey_;
 };
 
@@ -157,14 +158,6 @@ class Surveyor {
 Survey SurveyVersion(const model::ModProject& project, std::int32_t version) {
   (void)project.VersionFilePath(version);  // raises the error of an unsafe version text
   return Surveyor(project, version).Run();
-}
-
-model::ICFile ReadBuildEntry(const tools::SettingsFile& settings, std::int32_t number) {
-  return model::ReadFileEntry(ReaderOf(settings), number, model::kBuildDefaultType);
-}
-
-model::ICFile ReadBuildPlacement(const tools::SettingsFile& settings, std::int32_t number) {
-  return model::ReadFilePlacement(ReaderOf(settings), number);
 }
 
 }  // namespace build

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <set>
 #include <string>
@@ -14,7 +15,6 @@
 #include "build/SourceList.h"
 #include "model/ICFile.h"
 #include "model/ModProject.h"
-#include "tools/SettingsFile.h"
 
 namespace build {
 
@@ -29,6 +29,7 @@ struct SurveyProblem {
 /// An entry that takes part in the build (excluded ones do not).
 struct SurveyedEntry {
   std::int32_t number = 0;
+  model::ICFile file;                      ///< as it was read; empty when it could not be
   std::vector<std::string> sources;        ///< full paths, in order
   std::unique_ptr<SurveyProblem> problem;  ///< null when there is none
 };
@@ -36,9 +37,7 @@ struct SurveyedEntry {
 struct SurveyedComponent {
   std::int32_t slot = 0;
   std::string title;
-  /// The component's settings as they were; entries are read from here again where they are needed.
-  std::shared_ptr<const tools::SettingsFile> settings;
-  std::vector<SurveyedEntry> entries;
+  std::deque<SurveyedEntry> entries;
   std::unique_ptr<SurveyProblem> problem;  ///< of the component itself, null when there is none
 
   [[nodiscard]] Place PlaceOf(const SurveyedEntry& entry) const {
@@ -64,13 +63,5 @@ struct Survey {
 /// Surveys the version in slot `version`. Raises tools::Error for an unsafe version text and a
 /// version folder that cannot be searched.
 [[nodiscard]] Survey SurveyVersion(const model::ModProject& project, std::int32_t version);
-
-/// Entry `number` as a build reads it. Raises tools::Error when a number does not fit its field.
-[[nodiscard]] model::ICFile ReadBuildEntry(const tools::SettingsFile& settings,
-                                           std::int32_t number);
-
-/// Of entry `number` only what tells where its file is stored, which is quicker to read.
-[[nodiscard]] model::ICFile ReadBuildPlacement(const tools::SettingsFile& settings,
-                                               std::int32_t number);
 
 }  // namespace build

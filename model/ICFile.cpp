@@ -43,15 +43,6 @@ ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, std::string
   return entry;
 }
 
-ICFile ReadFilePlacement(const SettingReader& read, std::int32_t number) {
-  const std::string section = EntrySection(number);
-  ICFile entry;
-  entry.ID = read(section, "ID", "");
-  entry.TargetFolder = tools::ToInt32(read(section, "TargetFolder", ""));
-  entry.TargetSubFolder = read(section, "TargetSubFolder", "");
-  return entry;
-}
-
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry) {
   const std::string section = EntrySection(number);
   const auto text = [&](std::string_view key, std::string_view value) {

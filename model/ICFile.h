@@ -47,9 +47,6 @@ void WriteFileCount(const SettingWriter& write, std::int32_t count);
 /// not fit its field.
 [[nodiscard]] ICFile ReadFileEntry(const SettingReader& read, std::int32_t number,
                                    std::string_view defaultType);
-/// Only ID, TargetFolder and TargetSubFolder of an entry: what tells where its file is stored.
-/// Raises Error as above.
-[[nodiscard]] ICFile ReadFilePlacement(const SettingReader& read, std::int32_t number);
 /// Writes the fourteen keys of entry `number`.
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry);
 
