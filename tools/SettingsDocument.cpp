@@ -221,7 +221,8 @@ SettingsLine SettingsFile::Document::NewLine(std::string_view key, std::string_v
           .size = static_cast<std::uint32_t>(size),
           .keyBegin = 0,
           .keySize = static_cast<std::uint32_t>(key.size()),
-          .valueBegin = static_cast<std::uint32_t>(key.size() + 1)};
+          .valueBegin = static_cast<std::uint32_t>(key.size() + 1),
+          .keyTag = SettingsLine::TagOf(key)};
 }
 
 void SettingsFile::Document::RememberWrite(std::uint32_t section, std::uint32_t line) {

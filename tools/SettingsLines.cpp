@@ -1,7 +1,6 @@
 #include "tools/SettingsLines.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace tools {
 
@@ -9,15 +8,6 @@ namespace {
 
 /// Up to this many lines are searched one by one.
 constexpr std::size_t kMostLinesWithoutIndex = 32;
-
-/// Equal keys have equal tags.
-std::uint32_t TagOf(std::string_view key) {
-  if (key.empty()) return 0;
-  // This bit is all that tells an ASCII letter's two cases apart.
-  const auto byte = [](char c) { return static_cast<unsigned char>(c) | 0x20U; };
-  return static_cast<std::uint32_t>(key.size()) ^ (byte(key.front()) << 24U) ^
-         (byte(key.back()) << 16U);
-}
 
 }  // namespace
 
@@ -33,6 +23,7 @@ SettingsLine SettingsLine::Parse(std::string_view text) {
   line.keyBegin = static_cast<std::uint32_t>(begin);
   line.keySize = static_cast<std::uint32_t>(end - begin);
   line.valueBegin = static_cast<std::uint32_t>(equals + 1);
+  line.keyTag = TagOf(line.Key());
   return line;
 }
 
@@ -54,12 +45,10 @@ bool SettingsLine::HasOnlyBlanks() const {
 
 void SettingsLines::Parse(std::string_view text) {
   lines_.clear();
-  tags_.clear();
   index_ = NameIndex();
   while (!text.empty()) {
     const std::size_t size = text.find('\n') + 1;
-    const SettingsLine& line = lines_.emplace_back(SettingsLine::Parse(text.substr(0, size)));
-    tags_.push_back(TagOf(line.Key()));
+    lines_.push_back(SettingsLine::Parse(text.substr(0, size)));
     text.remove_prefix(size);
   }
 }
@@ -69,13 +58,12 @@ std::optional<std::uint32_t> SettingsLines::Find(std::string_view key) const {
     if (index_.IsEmpty()) MakeIndex();
     return index_.Find(key, [this](std::uint32_t i) { return lines_[i].Key(); });
   }
-  const std::uint32_t tag = TagOf(key);
-  for (auto place = tags_.begin();; ++place) {
-    place = std::find(place, tags_.end(), tag);
-    if (place == tags_.end()) return std::nullopt;
-    const auto position = static_cast<std::uint32_t>(place - tags_.begin());
-    if (EqualIgnoringAsciiCase(lines_[position].Key(), key)) return position;
-  }
+  const std::uint32_t tag = SettingsLine::TagOf(key);
+  const auto found = std::find_if(lines_.begin(), lines_.end(), [&](const SettingsLine& line) {
+    return line.keyTag == tag && EqualIgnoringAsciiCase(line.Key(), key);
+  });
+  if (found == lines_.end()) return std::nullopt;
+  return static_cast<std::uint32_t>(found - lines_.begin());
 }
 
 void SettingsLines::MakeIndex() const {
@@ -90,10 +78,8 @@ std::uint32_t SettingsLines::Add(const SettingsLine& line) {
   auto position = static_cast<std::uint32_t>(lines_.size());
   while (position > 0 && lines_[position - 1].IsBlank()) --position;
   lines_.push_back(line);
-  tags_.push_back(TagOf(line.Key()));
   if (position + 1 < lines_.size()) {
     std::rotate(lines_.begin() + position, lines_.end() - 1, lines_.end());
-    std::rotate(tags_.begin() + position, tags_.end() - 1, tags_.end());
   }
   if (!index_.IsEmpty() && line.keySize != 0) index_.Add(line.Key(), position);
   return position;

@@ -20,9 +20,12 @@ struct SettingsLine {
   std::uint32_t keyBegin = 0;
   std::uint32_t keySize = 0;     ///< 0 where it is no Key=Value line
   std::uint32_t valueBegin = 0;  ///< behind the "="
+  std::uint32_t keyTag = 0;      ///< TagOf the key, to be compared before the keys are
 
   /// The line that `text` is, which ends with a line end.
   [[nodiscard]] static SettingsLine Parse(std::string_view text);
+  /// Equal keys have equal tags.
+  [[nodiscard]] static std::uint32_t TagOf(std::string_view key);
 
   [[nodiscard]] std::string_view Text() const { return {text, size}; }
   [[nodiscard]] std::string_view Key() const { return {text + keyBegin, keySize}; }
@@ -30,9 +33,16 @@ struct SettingsLine {
   [[nodiscard]] std::string_view Value() const;
   /// True for a line of nothing but blanks.
   [[nodiscard]] bool IsBlank() const { return keySize == 0 && HasOnlyBlanks(); }
-
   [[nodiscard]] bool HasOnlyBlanks() const;
 };
+
+inline std::uint32_t SettingsLine::TagOf(std::string_view key) {
+  if (key.empty()) return 0;
+  // This bit is all that tells an ASCII letter's two cases apart.
+  const auto byte = [](char c) { return static_cast<unsigned char>(c) | 0x20U; };
+  return static_cast<std::uint32_t>(key.size()) ^ (byte(key.front()) << 24U) ^
+         (byte(key.back()) << 16U);
+}
 
 /// Lines in their order. The first of two equal keys counts; ASCII case does not.
 class SettingsLines {
@@ -60,8 +70,7 @@ class SettingsLines {
   void MakeIndex() const;
 
   std::vector<SettingsLine> lines_;
-  std::vector<std::uint32_t> tags_;  ///< of each line's key, to be compared before the keys are
-  mutable NameIndex index_;          ///< made when many lines are first searched
+  mutable NameIndex index_;  ///< made when many lines are first searched
 };
 
 }  // namespace tools
