@@ -61,11 +61,11 @@ class ArchiveWriter::Implementation {
         reportProgress_([this] { ReportProgress(); }) {}
 
   void AddFile(const std::string& sourcePath, const std::string& memberName) {
+    CheckMember(memberName);
     if (std::optional<FileContent> content = ReadFileUpTo(sourcePath, blockBytes_)) {
       AddContent(std::move(*content), memberName);
       return;
     }
-    CheckMember(memberName);
     const ArchiveSource source{sourcePath, memberName, InputFile(sourcePath).Stamp()};
     if (source.stamp.size <= blockBytes_) throw SourceChanged(source);
     AddBlocks(std::make_shared<const ArchiveSource>(source));

@@ -18,10 +18,10 @@ struct InputFile::State {
 };
 
 InputFile::InputFile(const std::string& path)
-    : state_(new State{
-          path, FileHandle(CreateFileW(LongPath(path).c_str(), GENERIC_READ,
-                                       FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
-                                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr))}) {
+    : state_(new State{path, FileHandle(CreateFileW(
+                                 LongPath(path).c_str(), GENERIC_READ,
+                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                 OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr))}) {
   if (!state_->file.IsOpen()) {
     const std::error_code cause = LastSystemError();
     // The system only says "access denied" of a folder.
