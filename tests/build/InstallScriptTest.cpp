@@ -48,6 +48,7 @@ TEST(InstallScriptTest, ChoosesStatementAndRegistrationByExtensionAndFlags) {
     entry.SelfRegisterDLL = static_cast<std::int16_t>(selfRegister);
     entry.TargetFolder = 38;
     const std::string stored = std::string("3.") + extension;
+    SCOPED_TRACE(stored + ": " + statement);
     const std::string script =
         Script([&](InstallScript& to) { to.AddFile(entry, "/b.bin", stored); });
     const std::string paths = "\"%TempPath%\\" + stored + "\", \"%ProgramFiles%\\b.bin\"";

@@ -1,6 +1,7 @@
 #include <sstream>
 
 #include "console/Program.h"
+#include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
 #include "tools/Files.h"
 #include "tools/Text.h"
@@ -13,17 +14,13 @@ using testing::StartsWith;
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest() {
-    folder_.Write("p/demo.product",
-                  "[General]\nVersion=1.0\n[Product]\nTitle=Demo\nAuthor=Ich\n"
-                  "[Versions]\nCount=2\nVer1=1.0.0\nVer2=1.1.0\n");
-    folder_.Write("p/Version 1.0.0/product.version", "[Components]\nCount=1\n");
-    folder_.Write(
-        "p/Version 1.0.0/component1.component",
-        "[Component]\nTitle=Programm\n[Files]\nCount=2\n"
-        "[File1]\nID={1}\nType=1\nSourcePath=src\nSourceName=lies.txt\nTargetFolder=2001\n"
-        "[File2]\nID={2}\nType=1\nSourcePath=src\nSourceName=zwei.txt\nTargetFolder=2001\n");
-    folder_.Write("p/src/lies.txt", std::string(5000, 'a'));
-    folder_.Write("p/src/zwei.txt", "zwei");
+    product_.AddComponent("Programm",
+                          {Source("lies.txt", std::string(5000, 'a')), Source("zwei.txt", "zwei")});
+    product_.Project().WriteProductSetting("Versions", "Count", "2");
+    product_.Project().WriteProductSetting("Versions", "Ver2", "1.1.0");
+  }
+  std::string Source(const std::string& name, const std::string& content) {
+    return tests::TestProduct::File(folder_.Write("src/" + name, content));
   }
 
   ExitCode Run(const std::vector<std::string>& arguments) {
@@ -38,7 +35,7 @@ class ProgramTest : public testing::Test {
   }
   /// Builds version 1.0.0.
   ExitCode Build(std::vector<std::string> options) {
-    options.insert(options.begin(), {"p/demo.product", "1.0.0"});
+    options.insert(options.begin(), {"Produkt/Probe.product", "1.0.0"});
     return Run(options);
   }
   [[nodiscard]] std::size_t FileCount(const std::string& name) const {
@@ -46,6 +43,7 @@ class ProgramTest : public testing::Test {
   }
 
   tests::TemporaryFolder folder_;
+  tests::TestProduct product_{folder_};
   std::string output_;
   std::string errors_;
   Report::InterruptTest interrupted_ = [] { return false; };
@@ -53,16 +51,16 @@ class ProgramTest : public testing::Test {
 
 TEST_F(ProgramTest, BuildsIntoTheActiveConfigurationsFolder) {
   EXPECT_EQ(Build({}), ExitCode::Built) << errors_;
-  EXPECT_TRUE(folder_.Holds("p/Ausgabe/Debug/Demo.zip"));
-  EXPECT_TRUE(folder_.Holds("p/Ausgabe/Debug/Demo.install"));
+  EXPECT_TRUE(folder_.Holds("Produkt/Ausgabe/Debug/Probe.zip"));
+  EXPECT_TRUE(folder_.Holds("Produkt/Ausgabe/Debug/Probe.install"));
   EXPECT_THAT(output_, AllOf(HasSubstr("Dateien:    2"), HasSubstr(" 5,0 kB")));
   EXPECT_EQ(errors_, "");
 
-  folder_.Write("p/Version 1.0.0/product.version",
+  folder_.Write("Produkt/Version 1.0.0/product.version",
                 "[Components]\nCount=1\n[BuildCommon]\nActiveConfig=2\n"
                 "[Build2]\nOutputFolder=fertig\n");
   EXPECT_EQ(Build({"--no-zip", "--quiet"}), ExitCode::Built);
-  EXPECT_TRUE(folder_.Holds("p/fertig/InstallPath/zwei.txt"));
+  EXPECT_TRUE(folder_.Holds("Produkt/fertig/InstallPath/zwei.txt"));
   EXPECT_EQ(output_, "");
 }
 
@@ -73,15 +71,15 @@ TEST_F(ProgramTest, RefusesAnOutputFolderWithFilesUnlessTold) {
   EXPECT_THAT(errors_, HasSubstr("--overwrite"));
   EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Built);
   EXPECT_FALSE(folder_.Holds("aus/wichtig.txt"));
-  for (const char* folder : {"p", "", " "}) {
+  for (const char* folder : {"Produkt", "", " "}) {
     EXPECT_EQ(Build({"--output", folder, "--overwrite"}), ExitCode::Stopped);
   }
-  EXPECT_TRUE(folder_.Holds("aus/Demo.zip"));
-  EXPECT_TRUE(folder_.Holds("p/demo.product"));
+  EXPECT_TRUE(folder_.Holds("aus/Probe.zip"));
+  EXPECT_TRUE(folder_.Holds("Produkt/Probe.product"));
 }
 
 TEST_F(ProgramTest, NamesComponentAndEntryOfAProblem) {
-  tools::DeleteFile(folder_.Path("p/src/zwei.txt"));
+  tools::DeleteFile(folder_.Path("src/zwei.txt"));
   EXPECT_EQ(Build({"--wrapper"}), ExitCode::BuiltWithErrors);
   EXPECT_THAT(errors_, HasSubstr("zwei.txt [Komponente 1 \"Programm\", Eintrag 2]"));
   EXPECT_THAT(errors_, HasSubstr("setup wrapper"));
@@ -98,30 +96,31 @@ TEST_F(ProgramTest, NamesComponentAndEntryOfAProblem) {
 TEST_F(ProgramTest, CheckWritesNothing) {
   const std::size_t before = FileCount("");
   EXPECT_EQ(Build({"--check"}), ExitCode::Built) << errors_;
-  tools::DeleteFile(folder_.Path("p/src/zwei.txt"));
+  tools::DeleteFile(folder_.Path("src/zwei.txt"));
   EXPECT_EQ(Build({"--check", "--json"}), ExitCode::BuiltWithErrors);
   EXPECT_THAT(output_, testing::EndsWith("{\"event\":\"checked\",\"findings\":1}\n"));
   EXPECT_EQ(FileCount(""), before - 1);
-  EXPECT_FALSE(folder_.Holds("p/Ausgabe"));
+  EXPECT_FALSE(folder_.Holds("Produkt/Ausgabe"));
 }
 
 TEST_F(ProgramTest, ListsVersionsAndComponents) {
-  EXPECT_EQ(Run({"p/demo.product", "--list"}), ExitCode::Built);
-  EXPECT_EQ(output_, "Demo\n  1.0.0\n    1  Programm\n  1.1.0\n");
-  EXPECT_EQ(Run({"p/demo.product", "--list", "--json"}), ExitCode::Built);
+  EXPECT_EQ(Run({"Produkt/Probe.product", "--list"}), ExitCode::Built);
+  EXPECT_EQ(output_, "Probe\n  1.0.0\n    1  Programm\n  1.1.0\n");
+  EXPECT_EQ(Run({"Produkt/Probe.product", "--list", "--json"}), ExitCode::Built);
   EXPECT_EQ(
       output_,
-      "{\"event\":\"product\",\"title\":\"Demo\",\"versions\":[{\"version\":\"1.0.0\",\"slot\":1,"
+      "{\"event\":\"product\",\"title\":\"Probe\",\"versions\":[{\"version\":\"1.0.0\",\"slot\":1,"
       "\"components\":[{\"slot\":1,\"title\":\"Programm\"}]},"
       "{\"version\":\"1.1.0\",\"slot\":2,\"components\":[]}]}\n");
 }
 
 TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
   for (const char* call :
-       {"", "p/demo.product", "p/demo.product 1.0.0 --unbekannt", "p/demo.product 1.0.0 --output",
-        "p/demo.product 9.9.9", "p/fehlt.product 1.0.0", "p/src/zwei.txt 1.0.0", "p 1.0.0",
-        "p/demo.product --list --check", "p/demo.product 1.0.0 --zip --no-zip",
-        "p/demo.product 1.0.0 --zip=false"}) {
+       {"", "Produkt/Probe.product", "Produkt/Probe.product 1.0.0 --unbekannt",
+        "Produkt/Probe.product 1.0.0 --output", "Produkt/Probe.product 9.9.9",
+        "Produkt/fehlt.product 1.0.0", "src/zwei.txt 1.0.0", "Produkt 1.0.0",
+        "Produkt/Probe.product --list --check", "Produkt/Probe.product 1.0.0 --zip --no-zip",
+        "Produkt/Probe.product 1.0.0 --zip=false"}) {
     EXPECT_EQ(Run(tools::SplitList(call, ' ', '"')), ExitCode::BadCall) << call;
     EXPECT_THAT(errors_, StartsWith("packwright-build: "));
     EXPECT_EQ(output_, "");

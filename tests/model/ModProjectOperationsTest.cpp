@@ -50,22 +50,10 @@ class ModProjectOperationsTest : public testing::Test {
   ModProjectOperations operations_{project_, dialogs_, clock_, window_};
 };
 
-TEST_F(ModProjectOperationsTest, CreatesAProductInANewFolderAndOpensIt) {
-  window_.newProduct = NewProduct{" Demo\t", " Ich ", folder_.Path("neu/tief/demo.product")};
-  EXPECT_TRUE(operations_.NewProduct());
-  EXPECT_EQ(project_.ProductPath(), folder_.Path("neu/tief/demo.product"));
-  EXPECT_EQ(folder_.Read("neu/tief/demo.product"),
-            "[General]\nVersion=1.0\n\n[Product]\nTitle=Demo\nAuthor=Ich\n");
-  EXPECT_EQ(window_.stateUpdates, 1);
-
-  window_.newProduct.reset();
+TEST_F(ModProjectOperationsTest, CreatesAProductAndReplacesOneOnlyWhenTold) {
   EXPECT_FALSE(operations_.NewProduct());
-  EXPECT_FALSE(project_.IsOpen());
-}
-
-TEST_F(ModProjectOperationsTest, OverwritesAnExistingProductOnlyWhenTold) {
   folder_.Write("demo.product", "alt");
-  window_.newProduct = NewProduct{"Demo", "", folder_.Path("demo.product")};
+  window_.newProduct = NewProduct{" Demo\t", " Ich ", folder_.Path("demo.product")};
   dialogs_.ExpectQuestion(LoadText(214), MessageAnswer::No);
   EXPECT_FALSE(operations_.NewProduct());
   EXPECT_EQ(dialogs_.LastMessage(), LoadText(215) + "|" + LoadText(214));
@@ -74,6 +62,14 @@ TEST_F(ModProjectOperationsTest, OverwritesAnExistingProductOnlyWhenTold) {
   disk_.FailAt(FaultyDisk::Step::Write, 1);
   EXPECT_THROW(operations_.NewProduct(), tools::Error);
   EXPECT_EQ(folder_.Read("demo.product"), "alt");
+
+  disk_.FailAt(FaultyDisk::Step::Write, 0);
+  window_.newProduct->fileName = folder_.Path("neu/tief/demo.product");
+  EXPECT_TRUE(operations_.NewProduct());
+  EXPECT_EQ(project_.ProductPath(), folder_.Path("neu/tief/demo.product"));
+  EXPECT_EQ(folder_.Read("neu/tief/demo.product"),
+            "[General]\nVersion=1.0\n\n[Product]\nTitle=Demo\nAuthor=Ich\n");
+  EXPECT_EQ(window_.stateUpdates, 1);
 }
 
 TEST_F(ModProjectOperationsTest, RefusesFilesThatAreNoProducts) {

@@ -26,7 +26,8 @@ TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfProductVersionAndComponent) {
   EXPECT_EQ(project_.ReadVersionSetting(1, "Tessel", "Key", "-"), "k");
   EXPECT_EQ(project_.ReadVersionSetting(2, "Tessel", "Key", "-"), "-");
   EXPECT_EQ(project_.ComponentTitle(1, 12), "Hilfe");
-  EXPECT_EQ(project_.ProductTitle(), "Probe");
+  project_.SetProductTitle("Neu");
+  EXPECT_EQ(project_.ProductTitle(), "Neu");
   EXPECT_EQ(project_.DefaultOutputFolder(1), folder_.Path("Produkt/Ausgabe/Debug"));
   EXPECT_EQ(project_.DefaultOutputFolder(2), folder_.Path("Produkt/Ausgabe/Release"));
   EXPECT_EQ(project_.DefaultOutputFolder(3), folder_.Path("Produkt/Ausgabe/"));

@@ -34,25 +34,28 @@ TEST_F(SettingsStoreTest, WritesAreOnDiskAndVisibleAtOnceAndChangesFromOutsideAr
   EXPECT_EQ(store_.Read(path_, "A", "b", "d"), "d");
 }
 
-TEST_F(SettingsStoreTest, ABatchReplacesTheFileOnceAndKeepsOthersSettings) {
+TEST_F(SettingsStoreTest, ABatchReplacesTheFileOnceAndKeepsWhatOthersWrite) {
   Write("b", "1");
-  SettingsStore::Batch batch(store_);
-  Write("b", "2");
-  Write("c", "3");
-  EXPECT_EQ(store_.Read(path_, "A", "c", ""), "3");
-  EXPECT_EQ(Stored(), "[A]\nb=1\n");
-  WriteFromOutside("x", "fremd");
-  batch.Commit();
+  const auto snapshot = store_.Load(path_);
+  {
+    SettingsStore::Batch batch(store_);
+    Write("b", "2");
+    const auto second = store_.Load(path_);
+    Write("c", "3");
+    EXPECT_EQ(second->Read("A", "c", "fehlt"), "fehlt");
+    EXPECT_EQ(store_.Read(path_, "A", "c", ""), "3");
+    EXPECT_EQ(Stored(), "[A]\nb=1\n");
+    WriteFromOutside("x", "fremd");
+    batch.Commit();
+  }
   EXPECT_EQ(Stored(), "[A]\nb=2\nx=fremd\nc=3\n");
-}
+  EXPECT_EQ(snapshot->Read("A", "b", ""), "1");
 
-TEST_F(SettingsStoreTest, AWriteThatIsOnDiskIsNotRepeatedOverALaterOne) {
-  Write("b", "1");
   SettingsStore::Batch batch(store_);
-  Write("c", "1");
+  Write("c", "4");
   WriteFromOutside("b", "fremd");
   batch.Commit();
-  EXPECT_EQ(Stored(), "[A]\nb=fremd\nc=1\n");
+  EXPECT_EQ(Stored(), "[A]\nb=fremd\nx=fremd\nc=4\n") << "what was on disk is not written again";
 }
 
 TEST_F(SettingsStoreTest, ABatchWithoutCommitChangesNothing) {
@@ -64,19 +67,6 @@ TEST_F(SettingsStoreTest, ABatchWithoutCommitChangesNothing) {
   }
   EXPECT_EQ(store_.Read(path_, "A", "b", ""), "1");
   EXPECT_FALSE(folder_.Holds("neu"));
-}
-
-TEST_F(SettingsStoreTest, ASnapshotStaysAsItWas) {
-  Write("b", "1");
-  const auto snapshot = store_.Load(path_);
-  SettingsStore::Batch batch(store_);
-  Write("b", "2");
-  const auto second = store_.Load(path_);
-  Write("c", "3");
-  batch.Commit();
-  EXPECT_EQ(snapshot->Read("A", "b", ""), "1");
-  EXPECT_EQ(second->Read("A", "c", "fehlt"), "fehlt");
-  EXPECT_EQ(Stored(), "[A]\nb=2\nc=3\n");
 }
 
 TEST_F(SettingsStoreTest, AFailureAtAnyStepLeavesTheOldFileAndNothingBeside) {
