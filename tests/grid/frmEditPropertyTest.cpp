@@ -1,5 +1,4 @@
 #include <QClipboard>
-#include <QLineEdit>
 
 #include "grid/frmEditProperty.h"
 #include "tests/support/desktop/Widgets.h"
@@ -11,7 +10,7 @@ namespace {
 /// The dialog as it is opened for a value.
 struct Fixture {
   explicit Fixture(const QString& value = "alter Text", bool withReset = false) {
-    dialog.SetPrompt("Geben Sie den neuen Wert ein:");
+    dialog.SetPrompt("Neuer Wert für " + value);
     dialog.SetValue(value);
     dialog.SetEnableDefaultValue(withReset);
     dialog.SetDefaultValue("Vorgabe");
@@ -46,7 +45,7 @@ class frmEditPropertyTest : public QObject {
     QCOMPARE(f.dialog.windowTitle(), "Eigenschaft ändern");
     QCOMPARE(Shown(f.dialog, {"lblPrompt", "lblOldValue", "lblNewValue", "txtOldValue", "cmdOK",
                               "cmdCancel"}),
-             "Geben Sie den neuen Wert ein:|Alter Wert:|Neuer Wert:|alter Text|OK|Abbrechen");
+             "Neuer Wert für alter Text|Alter Wert:|Neuer Wert:|alter Text|OK|Abbrechen");
     QVERIFY(!Child(f.dialog, "cmdReset").isVisible());
     QCOMPARE(f.newValue.selectedText(), "alter Text");
     QVERIFY(f.newValue.hasFocus());
@@ -103,9 +102,7 @@ class frmEditPropertyTest : public QObject {
 
   void LongTextsStayWholeAndStretchNothing() {
     const QString word(50'000, u'x');
-    Fixture f(word);
-    f.dialog.SetPrompt(word);
-    f.LeaveAndComeBack();
+    const Fixture f(word);
     QCOMPARE(f.newValue.text(), word);
     QVERIFY(f.dialog.width() < 1000);
   }

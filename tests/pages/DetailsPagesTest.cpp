@@ -2,7 +2,28 @@
 
 namespace tests {
 
-/// The page of a product, and those of a version that show, or will show, but change nothing.
+namespace {
+
+constexpr std::initializer_list<const char*> kFields{"txtTesselKey", "txtProgramTitle",
+                                                     "cmbProgramType", "cmbProgramSubtype"};
+
+/// The page tabTesselRegistration of a version with these settings, on a machine with a
+/// catalogue.
+struct TesselPage : PageFixture {
+  explicit TesselPage(const std::string& settings) {
+    folder.Write(".wine/system.reg",
+                 "WINE REGISTRY Version 2\n\n"
+                 "[Software\\\\Quillon\\\\Tessel\\\\AppTypes\\\\2] 1\n"
+                 "\"Malen\"=\"\"\n\"B\\x00fccher\"=\"\"\n");
+    folder.Write(kVersionFile, settings);
+    Open("tabTesselRegistration", 1, 0);
+  }
+};
+
+}  // namespace
+
+/// The page of a product, those of a version that show, or will show, but change nothing, and the
+/// one with its catalogue data.
 class DetailsPagesTest : public QObject {
   Q_OBJECT
 
@@ -41,6 +62,62 @@ class DetailsPagesTest : public QObject {
     QVERIFY(!f.page->IsDirty());
     f.page->ApplyChanges();
     QCOMPARE(f.File(f.kProductFile) + f.File(f.kVersionFile), before);
+  }
+
+  void AbsentCatalogueDataHaveDefaults() {
+    const TesselPage empty("");
+    QCOMPARE(Shown(*empty.page, kFields), "?|?|1|");
+    QCOMPARE(Child<QComboBox>(*empty.page, "cmbProgramType").count(), 6);
+    const TesselPage titled("[Component]\nTitle=My Tool Ä 2\n");
+    QCOMPARE(Shown(*titled.page, kFields), "mytoolä2|My Tool Ä 2|1|");
+  }
+
+  void CatalogueDataTypedAndChosenAreStored() {
+    TesselPage f("[Tessel]\nKey=k\nTitle=t\nType=1\nSubType=s\n");
+    for (const char* name : {"txtTesselKey", "txtProgramTitle", "cmbProgramSubtype"}) {
+      f.page->SetDirty(false);
+      QTest::keyClicks(&Child(*f.page, name), "X");
+      QVERIFY2(f.page->IsDirty(), name);
+    }
+    f.page->SetDirty(false);
+    QTest::keyClick(&Child(*f.page, "cmbProgramType"), Qt::Key_Down);
+    QVERIFY(f.page->IsDirty());
+    f.page->ApplyChanges();
+    QVERIFY(!f.page->IsDirty());
+    QCOMPARE(f.File(f.kVersionFile), "[Tessel]\nKey=kX\nTitle=tX\nType=2\nSubType=sX\n");
+
+    for (const char* subtype : {"Malen", "Bücher"}) {
+      QTest::keyClick(&Child(*f.page, "cmbProgramSubtype"), Qt::Key_Down);
+      QCOMPARE(Shown(*f.page, "cmbProgramSubtype"), subtype);
+      QVERIFY(!f.page->IsDirty());
+    }
+    f.page->ApplyChanges();
+    QVERIFY(f.File(f.kVersionFile).endsWith("SubType=Bücher\n"));
+  }
+
+  void AStoredProgramTypeThatIsNoneSelectsNone() {
+    for (const char* type : {"0", "7", "-3", "99999999999", "viele"}) {
+      TesselPage f(std::string("[Tessel]\nType=") + type + "\n");
+      QCOMPARE(Shown(*f.page, "cmbProgramType"), "");
+      f.page->ApplyChanges();
+      QVERIFY2(f.File(f.kVersionFile).contains("\nType=0\n"), type);
+    }
+  }
+
+  void HintsForCatalogueDataGoToTheStatusBar() {
+    const TesselPage f("");
+    const std::vector<std::pair<const char*, const char*>> hints{
+        {"txtTesselKey", "Schlüssel, der die Komponente"},
+        {"txtProgramTitle", "Titel, der in der Datenbank eingetragen werden soll"},
+        {"cmbProgramType", "Kategorie, in die das Programm eingeordnet wird"},
+        {"cmbProgramSubtype", "Unterkategorie (optional)"}};
+    for (const auto& [name, hint] : hints) {
+      QTest::mouseMove(&Child(*f.page, name));
+      if (name[0] == 'c') Child(*f.page, name).setFocus();
+      QVERIFY2(f.area.hint.startsWith(hint), qUtf8Printable(f.area.hint));
+    }
+    QTest::mouseMove(f.page, f.page->rect().bottomRight() - QPoint(5, 5));
+    QCOMPARE(f.area.hint, "");
   }
 };
 

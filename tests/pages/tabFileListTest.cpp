@@ -1,6 +1,4 @@
-#include <QComboBox>
 #include <QDir>
-#include <QTreeView>
 
 #include "model/TextTable.h"
 #include "tests/support/desktop/PageFixture.h"
@@ -158,13 +156,6 @@ class tabFileListTest : public QObject {
     QCOMPARE(f.StoredIn("Files", {"Count"}), "1");
     QCOMPARE(f.StoredIn("File1", {"ID"}), "b");
     QCOMPARE(f.StoredIn("File2", {"ID"}), "b");
-  }
-
-  void StoredEntriesWithEqualIdsAreAnErrorAndStay() {
-    const Fixture f("[Files]\nCount=2\n[File1]\nID=a\n[File2]\nID=a\n");
-    QCOMPARE(f.tabs.Count(), 0);
-    QCOMPARE(f.dialogs.Messages().size(), 1U);
-    QCOMPARE(f.StoredIn("File2", {"ID"}), "a");
   }
 
   void AComponentOf50000EntriesIsShownAndStoredWhole() {

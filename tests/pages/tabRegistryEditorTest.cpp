@@ -1,4 +1,3 @@
-#include <QComboBox>
 
 #include "pages/PageText.h"
 #include "tests/support/desktop/PageFixture.h"

@@ -4,6 +4,7 @@
 #include <QTabBar>
 
 #include "grid/ctlPropertyEditor.h"
+#include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/OpenedProgram.h"
 #include "tools/SettingsFile.h"
 
@@ -38,7 +39,6 @@ class frmMainTest : public QObject {
     home_->Write("P/Version 1.2.0/component1.component", "[Component]\nTitle=Alt\n");
     home_->Write("P/Version 1.10.0/product.version", "[Components]\nCount=2\n");
     home_->Write("P/Version 1.10.0/component2.component", "[Component]\nTitle=Programm\n");
-    home_->MakeFolder("P/Version 1.9.0");
     dialogs_ = std::make_unique<ScriptedDialogs>();
     program_ = std::make_unique<OpenedProgram>(dialogs_.get());
   }
@@ -73,6 +73,50 @@ class frmMainTest : public QObject {
     QCOMPARE(tooltips.join('|'),
              "Neues Projekt|Projekt öffnen|Speichern|Schließen|"
              "Setup-Erstellungs-Assistent|Update-Erstellungs-Assistent");
+  }
+
+  void TheFormForNewProductsNamesTheFileByTheTitle() {
+    ModalScript script;
+    script.Expect<QDialog>("frmNewProduct", [](QDialog& form) {
+      QCOMPARE(form.windowTitle(), "Neues Projekt anlegen");
+      QCOMPARE(Shown(form, {"lblProductTitle", "lblAuthor", "lblProductFile", "txtProductTitle",
+                            "txtAuthor", "cmdOK", "cmdCancel"}),
+               "Produktbezeichnung:|Autor:|Dateiname:|Neues Produkt||Erstellen|Abbrechen");
+      QCOMPARE(form.focusWidget()->objectName(), "txtProductTitle");
+      // Only the file's name is cleaned.
+      for (const char* end : {"/Demo/Demo.product", "/A*B/A_B.product", "//.product"}) {
+        Type(Child(form, "txtFilename"), "von Hand");
+        Type(Child(form, "txtProductTitle"), QString(end).section('/', 1, 1));
+        const QString path = QDir::toNativeSeparators("/Installationen" + QString(end));
+        QVERIFY2(Shown(form, "txtFilename").endsWith(path), end);
+      }
+      form.close();
+    });
+    program_->Press("new");
+  }
+
+  void OnlyTheAuthorOfAProductThatIsMadeIsProposedTheNextTime() {
+    const std::vector<std::function<void(QDialog&)>> waysOut{
+        [](QDialog& form) { Press(form, "cmdCancel"); },
+        [](QDialog& form) { QTest::keyClick(&form, Qt::Key_Escape); },
+        [](QDialog& form) { PressCloseBox(form); },
+        [](QDialog& form) { QTest::keyClick(&form, Qt::Key_Return); }};
+    ModalScript script;
+    for (const auto& leave : waysOut) {
+      QCOMPARE(program_->window.windowTitle(), "Packwright");
+      script.Expect<QDialog>("frmNewProduct", [&leave](QDialog& form) {
+        QCOMPARE(Shown(form, "txtAuthor"), "");
+        Type(Child(form, "txtAuthor"), "Änne Müller");
+        leave(form);
+      });
+      program_->Press("new");
+    }
+    QCOMPARE(program_->window.windowTitle(), "Packwright - Neues Produkt.product");
+    script.Expect<QDialog>("frmNewProduct", [](QDialog& form) {
+      QCOMPARE(Shown(form, "txtAuthor"), "Änne Müller");
+      form.close();
+    });
+    program_->Press("new");
   }
 
   void OpenShowsTheTreeAndExpandsOnlyTheLatestVersion() {

@@ -1,13 +1,12 @@
 #include <QFileDialog>
-#include <QLineEdit>
+#include <QKeyEvent>
 #include <QMessageBox>
+#include <QProgressBar>
 
-#include "tests/support/TemporaryFolder.h"
 #include "tests/support/desktop/ModalScript.h"
-#include "tests/support/desktop/Widgets.h"
+#include "tools/desktop/BusyNotice.h"
 #include "tools/desktop/DesktopDialogs.h"
 #include "tools/desktop/FileChoice.h"
-#include "tools/desktop/QtText.h"
 #include "tools/desktop/WaitCursor.h"
 
 namespace tests {
@@ -15,12 +14,27 @@ namespace tests {
 using tools::MessageAnswer;
 using tools::MessageButtons;
 
+namespace {
+
+class PaintCounter : public QObject {
+ public:
+  PaintCounter() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+
+  int count = 0;
+};
+
+}  // namespace
+
 class DesktopDialogsTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
   void init() {
-    window_ = std::make_unique<QWidget>();
+    window_ = std::make_unique<QLineEdit>();
     window_->resize(800, 600);
     window_->show();
     QVERIFY(QTest::qWaitForWindowActive(window_.get()));
@@ -144,8 +158,73 @@ class DesktopDialogsTest : public QObject {
     for (const char* none : {"", "nicht da/auch nicht"}) QCOMPARE(tools::NearestFolder(none), "");
   }
 
+  void ABusyNoticePaintsItselfAtOnceAndOnProgressWithoutAnEventLoop() {
+    const PaintCounter paints;
+    const int token = dialogs_.ShowBusyNotice("Bitte warten");
+    const auto& notice = Child(*window_, "busyNotice");
+    QVERIFY(notice.isVisible() && !Child(notice, "prgProgress").isVisible());
+    const int paintsBefore = paints.count;
+    QVERIFY(paintsBefore > 0);
+    dialogs_.UpdateBusyNotice(
+        token,
+        {.filesDone = 1200, .filesTotal = 5000, .bytesDone = 3 << 20, .bytesTotal = 4 << 20});
+    QVERIFY(paints.count > paintsBefore);
+    QCOMPARE(Shown(notice, "lblProgress"), "1.200 von 5.000 Dateien, 3,0 MB von 4,0 MB");
+    const auto& bar = Child<QProgressBar>(notice, "prgProgress");
+    QCOMPARE(bar.value() * 4, bar.maximum() * 3);
+    QVERIFY(notice.contentsRect().contains(bar.geometry()));
+  }
+
+  void ProgressReportsInQuickSuccessionAlwaysShowTheLastOne() {
+    tools::BusyNotice notice("Bitte warten", nullptr);
+    const PaintCounter paints;
+    for (std::uint64_t done = 0; done <= 100'000; ++done) {
+      notice.ShowProgress({.filesDone = done, .filesTotal = 100'000});
+    }
+    QVERIFY(paints.count < 50'000);
+    const auto& bar = Child<QProgressBar>(notice, "prgProgress");
+    QCOMPARE(bar.value(), bar.maximum());
+    QCOMPARE(Shown(notice, "lblProgress"), "100.000 von 100.000 Dateien");
+  }
+
+  void WhatTheUserDoesDuringABusyNoticeIsDropped() {
+    const int token = dialogs_.ShowBusyNotice("Bitte warten");
+    const int second = dialogs_.ShowBusyNotice("Noch etwas");
+    TypeSoon();
+    dialogs_.UpdateBusyNotice(token, {.filesDone = 1});
+    TypeSoon();
+    dialogs_.WithdrawBusyNotice(token);
+    QVERIFY(Child(*window_, "busyNotice").isVisible());
+    for (int i = 0; i < 2; ++i) dialogs_.WithdrawBusyNotice(second);
+    QVERIFY(window_->findChild<QWidget*>("busyNotice") == nullptr);
+    QCOMPARE(window_->text(), "");
+    TypeSoon();
+    QApplication::processEvents();
+    QCOMPARE(window_->text(), "a");
+  }
+
+  void ABusyNoticeThatNobodyWithdrawsLocksNothingAndGoesByEscapeOrWithItsWindow() {
+    const int token = dialogs_.ShowBusyNotice("Bitte warten");
+    dialogs_.ShowBusyNotice("Noch etwas");
+    QTest::keyClicks(window_.get(), "b");
+    QCOMPARE(window_->text(), "b");
+    const QPointer<QWidget> notice = &Child(*window_, "busyNotice");
+    QTest::keyClick(notice, Qt::Key_Escape);
+    QVERIFY(!notice->isVisible());
+    window_.reset();
+    QVERIFY(notice == nullptr);
+    dialogs_.UpdateBusyNotice(token, {.filesDone = 1});
+    dialogs_.WithdrawBusyNotice(token);
+  }
+
  private:
-  std::unique_ptr<QWidget> window_;
+  /// What the user types comes with the next events.
+  void TypeSoon() const {
+    QApplication::postEvent(window_.get(),
+                            new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a"));
+  }
+
+  std::unique_ptr<QLineEdit> window_;
   tools::DesktopDialogs dialogs_;
 };
 

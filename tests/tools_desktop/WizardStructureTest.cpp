@@ -1,10 +1,7 @@
-#include <QLineEdit>
 #include <QPushButton>
 
 #include "tests/support/desktop/ModalScript.h"
-#include "tests/support/desktop/Widgets.h"
 #include "tools/Error.h"
-#include "tools/desktop/QtText.h"
 #include "tools/desktop/WizardPicture.h"
 #include "tools/desktop/WizardStructure.h"
 

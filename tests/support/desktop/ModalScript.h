@@ -71,9 +71,10 @@ class ModalScript {
     if (!expected_.empty() && expected_.front().objectName == name) {
       const Expectation expectation = std::move(expected_.front());
       expected_.pop_front();
-      if (expectation.act(*window)) return;
+      if (expectation.act(*window) && !QTest::currentTestFailed()) return;
     }
-    ReportFailure("nobody expects this window, or of this class: " + name);
+    if (answered_ == nullptr) return;
+    ReportFailure("nobody expects this window, or it is of another class: " + name);
     window->close();
   }
 
@@ -83,10 +84,15 @@ class ModalScript {
 };
 
 /// Edits the row of that title of the page's property grid in the grid's dialog.
-inline void Edit(const QWidget& page, const QString& title, const QString& value) {
-  ModalScript script;
+inline void Edit(ModalScript& script, const QWidget& page, const QString& title,
+                 const QString& value) {
   script.ExpectTyping("frmEditProperty", "txtNewValue", value);
   DoubleClick(Grid(page), RowWith(Grid(page), title));
+}
+
+inline void Edit(const QWidget& page, const QString& title, const QString& value) {
+  ModalScript script;
+  Edit(script, page, title, value);
 }
 
 }  // namespace tests

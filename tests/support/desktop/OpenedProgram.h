@@ -6,9 +6,7 @@
 #include <QTreeWidgetItemIterator>
 
 #include "app/DesktopProgram.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tests/support/desktop/Widgets.h"
-#include "tools/desktop/QtText.h"
 
 namespace tests {
 

@@ -4,11 +4,8 @@
 #include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
 #include "tests/support/FaultyDisk.h"
-#include "tests/support/ScriptedDialogs.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tools/SettingsFile.h"
-#include "tools/desktop/QtText.h"
 
 namespace tests {
 

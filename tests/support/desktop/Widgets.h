@@ -2,13 +2,17 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTest>
+#include <QTreeView>
 
 #include "tests/support/ScriptedDialogs.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tools/desktop/QtText.h"
 
 namespace tests {
 
@@ -22,14 +26,6 @@ T& Child(const QWidget& parent, const char* name) {
            qUtf8Printable(parent.objectName()), T::staticMetaObject.className(), name);
   }
   return *child;
-}
-
-/// The visible window with that objectName; null when there is none.
-inline QWidget* VisibleWindow(const char* name) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName() == QString::fromUtf8(name)) return window;
-  }
-  return nullptr;
 }
 
 /// What the control of that name shows: its text, or the title of a frame.
@@ -95,6 +91,7 @@ inline void Click(QAbstractItemView& view, const QModelIndex& index,
 inline void DoubleClick(QAbstractItemView& view, const QModelIndex& index) {
   Click(view, index);
   QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+  QTest::mouseRelease(view.viewport(), Qt::LeftButton);
 }
 
 /// The row whose first column shows `text`; invalid when there is none.

@@ -1,0 +1,240 @@
+#include <QCheckBox>
+
+#include "tests/support/FixedClock.h"
+#include "tests/support/desktop/ModalScript.h"
+#include "wizards/OptionPages.h"
+#include "wizards/ProgramWizards.h"
+#include "wizards/UpdateWizard.h"
+
+namespace tests {
+
+using tools::MessageIcon;
+using tools::WizardStructure;
+
+namespace {
+
+/// An open product. Version 1.2.0 in slot 1 has a component with the file "hallo.txt";
+/// `buildKeys` are the sections of the version's file.
+struct Sample {
+  explicit Sample(const std::string& buildKeys = {}) {
+    folder.Write("quelle/hallo.txt", "Hallo");
+    folder.Write("Version 1.2.0/product.version", "[Components]\nCount=1\n" + buildKeys);
+    folder.Write("Version 1.2.0/component1.component",
+                 "[Component]\nTitle=Kern\n[Files]\nCount=1\n[File1]\nType=1\nID=a\n"
+                 "SourceName=hallo.txt\nSourcePath=quelle\nTargetFolder=2001\n");
+    project.SetProductPath(folder.Write("demo.product",
+                                        "[General]\nVersion=1.0\n[Product]\nTitle=Demo\n"
+                                        "[Versions]\nCount=1\nVer1=1.2.0\n"));
+  }
+
+  void StartSetup(const std::function<void(WizardStructure&)>& act) {
+    ModalScript script;
+    script.Expect<WizardStructure>("wizardStructure", act);
+    wizards::ProgramWizards(services).StartSetupWizard(1);
+  }
+
+  TemporaryFolder folder;
+  tools::SystemDisk disk;
+  tools::SettingsStore settings{disk};
+  model::ModProject project{settings};
+  ScriptedDialogs dialogs;
+  FixedClock clock;
+  wizards::BuildServices services{project, dialogs, clock, disk, folder.Path("programm")};
+};
+
+/// An option page for the sample's version, with these values of the wizard.
+struct OptionPage : Sample {
+  OptionPage(const char* name, const tools::WizardDataStore& values,
+             const std::string& buildKeys = {})
+      : Sample(buildKeys), store(values) {
+    const std::string progId = std::string("PackwrightWizards.wizSetup_") + name;
+    page.reset(wizards::OptionPages(project, 1, dialogs).Create(progId, store, nullptr));
+    page->ShowValues();
+    page->show();
+  }
+
+  QString Overview() const {
+    return Shown(*page, {"txtOverviewProduct", "txtOverviewVersion", "txtOverviewConfiguration",
+                         "txtOverviewLanguage", "txtOverviewFolder"});
+  }
+  /// The values of the store, joined by "|".
+  QString Values(std::initializer_list<const char*> keys) {
+    QStringList values;
+    for (const char* key : keys) values += tools::ToQString(store[key]);
+    return values.join('|');
+  }
+
+  tools::WizardDataStore store;
+  std::unique_ptr<tools::WizardOptionPage> page;
+};
+
+}  // namespace
+
+class WizardsTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void TheSetupWizardBuildsTheVersionPackagedAsChosen() {
+    Sample sample;
+    sample.StartSetup([&sample](WizardStructure& frame) {
+      QCOMPARE(frame.windowTitle(), "Setup-Erstellungs-Assistent");
+      const tools::WizardDataStore expected{
+          {"config", "1"},        {"folder", sample.project.DefaultOutputFolder(1)},
+          {"includeexe", ""},     {"includetessel", ""},
+          {"installertype", "1"}, {"language", ""},
+          {"makezip", ""}};
+      QCOMPARE(frame.DataStore(), expected);
+      for (const char* title : {"Willkommen", "Konfiguration wählen", "Ausgabe-Optionen"}) {
+        QCOMPARE(Shown(frame, "lblPageTitle"), title);
+        QVERIFY(!Child(frame, "cmdFinish").isEnabled());
+        Press(frame, "cmdNext");
+      }
+      QCOMPARE(Shown(frame, "lblPageTitle"), "Verpackung");
+      QTest::keyClick(&Child(frame, "chkMakeZip"), Qt::Key_Space);
+      Press(frame, "cmdNext");
+      QCOMPARE(Shown(frame, "lblPageTitle"), "Setup erstellen");
+      Press(frame, "cmdFinish");
+    });
+    QVERIFY(sample.folder.Holds("Ausgabe/Debug/Demo.zip"));
+    QCOMPARE(sample.dialogs.Messages().back().icon, MessageIcon::Information);
+    QCOMPARE(sample.dialogs.OpenNotices(), 0U);
+  }
+
+  void StoredOptionsAreTheFirstValuesAndTheClosingMessageFollowsABuildThatIsRefusedOrFails() {
+    Sample sample("[BuildCommon]\nActiveConfig=2\n[Build2]\nOutputFolder=voll\nLocale=1031\n");
+    sample.folder.Write("voll/alt.txt", "alt");
+    sample.dialogs.ExpectQuestion("unwiderruflich gelöscht", tools::MessageAnswer::No);
+    const auto finish = [](WizardStructure& frame) {
+      auto& store = frame.DataStore();
+      QCOMPARE(store["config"] + store["folder"] + store["language"], "2voll");
+      while (Child(frame, "cmdNext").isEnabled()) Press(frame, "cmdNext");
+      Press(frame, "cmdFinish");
+    };
+    sample.StartSetup(finish);
+    QVERIFY(sample.folder.Holds("voll/alt.txt"));
+    sample.project.SetProductTitle("De/mo");
+    sample.StartSetup(finish);
+    const QString end = "Setup-Erstellungs-Assistent|Das Setup wurde erstellt.";
+    QVERIFY(Told(sample.dialogs).contains("\n" + end + "\nFehler|"));
+    QVERIFY(Told(sample.dialogs).endsWith("\n" + end));
+    sample.StartSetup([](WizardStructure& frame) { QTest::keyClick(&frame, Qt::Key_Escape); });
+    QCOMPARE(sample.dialogs.Messages().size(), 4U);
+  }
+
+  void TheUpdateWizardLeadsToAnEmptyPageFromWhichBackAndCancelWork() {
+    Sample sample;
+    ModalScript script;
+    script.Expect<WizardStructure>("wizardStructure", [](WizardStructure& frame) {
+      QCOMPARE(frame.windowTitle(), "Update-Erstellungs-Assistent");
+      QVERIFY(frame.DataStore().empty());
+      for (const char* key : {"intro", "configuration"}) {
+        QCOMPARE(frame.CurrentPage(), key);
+        Press(frame, "cmdNext");
+      }
+      QVERIFY(frame.findChildren<tools::WizardOptionPage*>().isEmpty());
+      QCOMPARE(frame.CurrentPage(), "...");
+      QCOMPARE(Shown(frame, "lblPageTitle"), "");
+      Press(frame, "cmdBack");
+      QCOMPARE(frame.CurrentPage(), "configuration");
+      Press(frame, "cmdNext");
+      Press(frame, "cmdCancel");
+    });
+    wizards::ProgramWizards(sample.services).StartUpdateWizard(1);
+    QVERIFY(sample.dialogs.Messages().empty());
+    const tools::WizardPage end = wizards::UpdateWizard(sample.dialogs, {}).ShowPage("summary");
+    QCOMPARE(end.PageTitle, "Nothing to it");
+    QVERIFY(end.AllowFinish && end.ForwardStep.empty());
+  }
+
+  void AFrameThatCannotBeMadeIsReported() {
+    Sample sample;
+    wizards::UpdateWizard wizard(
+        sample.dialogs,
+        [](tools::WizardDriver&) -> std::unique_ptr<WizardStructure> { throw std::bad_alloc(); });
+    wizard.Start();
+    wizard.ShowHelp("intro");
+    QCOMPARE(Told(sample.dialogs),
+             "Error|Cannot display wizard.\nHelp|No help is available at this time.");
+    QCOMPARE(sample.dialogs.Messages().front().icon, MessageIcon::Critical);
+  }
+
+  void TheConfigurationProposesItsFolderAndLanguageUnlessTheAuthorSetOthers() {
+    OptionPage f("Config", {{"config", "1"}, {"folder", "aus/probe"}},
+                 "[Build1]\nOutputFolder=aus/probe\nLocale=1031\n[Build2]\nLocale=2055\n");
+    QCOMPARE(Shown(*f.page, {"cmbConfiguration", "cmbLanguage"}), "Debug|");
+    auto& configuration = Child(*f.page, "cmbConfiguration");
+    QTest::keyClick(&configuration, Qt::Key_Down);
+    QCOMPARE(f.Values({"config", "language"}), "2|2055");
+    QCOMPARE(f.store["folder"], f.project.DefaultOutputFolder(2));
+    QCOMPARE(Shown(*f.page, "cmbLanguage"), "2055 – Deutsch (Schweiz)");
+
+    f.store["folder"] = "eigener";
+    QTest::keyClick(&configuration, Qt::Key_Up);
+    QCOMPARE(f.Values({"folder", "language"}), "eigener|1031");
+    Type(Child(*f.page, "cmbLanguage"), "1055");
+    QTest::keyClick(&configuration, Qt::Key_Down);
+    QCOMPARE(f.Values({"language"}), "1055");
+  }
+
+  void ALanguageIsTypedAsNumberOrNameAndAnythingElseIsRefusedInPlace() {
+    const std::vector<std::pair<QString, QString>> cases{{"9999", "9999"},
+                                                         {"deutsch (ÖSTERREICH)", "3079"},
+                                                         {"1033 - Englisch", "1033"},
+                                                         {"", ""},
+                                                         {"Klingonisch", ""},
+                                                         {"99999999999", ""},
+                                                         {"-1", ""}};
+    OptionPage f("Config", {{"config", "1"}, {"language", "1031"}});
+    QCOMPARE(Shown(*f.page, "cmbLanguage"), "1031 – Deutsch (Deutschland)");
+    for (const auto& [typed, number] : cases) {
+      Type(Child(*f.page, "cmbLanguage"), typed);
+      QCOMPARE(f.Values({"language"}), number);
+      QCOMPARE(Child(*f.page, "lblLanguageNote").isVisible(), number.isEmpty() && !typed.isEmpty());
+    }
+  }
+
+  void TheOutputPageShowsWhatWillBeBuiltAndWhere() {
+    OptionPage f("Output", {{"config", "2"}, {"language", "1031"}, {"folder", "aus"}});
+    QCOMPARE(f.Overview(), "Demo|1.2.0|Release|1031 – Deutsch (Deutschland)|" +
+                               tools::ToQString(f.folder.Path("aus")));
+    f.store = {{"config", "7"}};
+    f.page->ShowValues();
+    QCOMPARE(f.Overview(), "Demo|1.2.0|n/v|n/v|n/v");
+  }
+
+  void TheOutputPageWarnsOfAFolderWithFilesAndOfOneThatWouldBeRefused() {
+    OptionPage f("Output", {{"folder", "leer"}});
+    auto& warning = Child(*f.page, "lblFolderWarning");
+    QVERIFY(!warning.isVisible());
+    f.dialogs.ExpectBrowseFolder("Wählen Sie einen Ordner", f.folder.Path("quelle"));
+    Press(*f.page, "cmdBrowse");
+    QCOMPARE(f.store["folder"], f.folder.Path("quelle"));
+    QVERIFY(warning.isVisible());
+    QVERIFY(Shown(*f.page, "lblFolderWarning").startsWith("Im gewählten Ausgabeverzeichnis sind"));
+    Type(Child(*f.page, "txtFolder"), ".");
+    QCOMPARE(Shown(*f.page, "lblFolderWarning"), "Der Ausgabeordner ist ungültig.");
+    QVERIFY(f.Overview().endsWith("|n/v"));
+    QTest::keyClicks(&Child(*f.page, "txtFolder"), "/leer");
+    QVERIFY(!warning.isVisible());
+    f.dialogs.ExpectBrowseFolder("Wählen Sie einen Ordner", "");
+    Press(*f.page, "cmdBrowse");
+    QCOMPARE(f.Values({"folder"}), "./leer");
+  }
+
+  void PackagingOptionsStayEmptyUntilTheAuthorChooses() {
+    OptionPage f("Packaging", {{"makezip", ""}, {"includeexe", "1"}});
+    for (const char* expected : {"|0", "|1"}) {
+      QTest::keyClick(&Child(*f.page, "chkIncludeExe"), Qt::Key_Space);
+      QCOMPARE(f.Values({"makezip", "includeexe"}), expected);
+    }
+    QVERIFY(!Child<QCheckBox>(*f.page, "chkMakeZip").isChecked());
+    QTest::mouseClick(&Child(*f.page, "chkMakeZip"), Qt::LeftButton, {}, QPoint(8, 8));
+    QCOMPARE(f.Values({"makezip", "includeexe"}), "1|1");
+    QCOMPARE(f.store.count("includetessel"), 0U);
+  }
+};
+
+}  // namespace tests
+
+QTEST_MAIN(tests::WizardsTest)
+#include "WizardsTest.moc"
