@@ -258,6 +258,14 @@ void SettingsFile::Document::Render(const Sink& sink) const {
   if (!part.empty()) sink(part);
 }
 
+std::size_t SettingsFile::Document::Size() const {
+  std::size_t size = byteOrderMark_.size();
+  for (const Section& section : sections_) {
+    size += section.lines ? section.lines->TextSize() : section.text.size();
+  }
+  return size;
+}
+
 void SettingsFile::Document::ReplayWrites(SettingsFile& other) const {
   for (const WrittenLines& written : written_) {
     for (std::uint32_t i = written.first; i < written.first + written.count; ++i) {

@@ -28,6 +28,8 @@ class SettingsFile::Document {
                                                      std::string_view key) const;
   bool Write(std::string_view section, std::string_view key, std::string_view value);
   void Render(const Sink& sink) const;
+  /// The bytes that Render gives.
+  [[nodiscard]] std::size_t Size() const;
   void ReplayWrites(SettingsFile& other) const;
   void ForgetWrites() { written_.clear(); }
   /// Takes over the writes of a document with the same lines.

@@ -31,6 +31,7 @@ void SettingsFile::Render(const Sink& sink) const { document_->Render(sink); }
 
 std::string SettingsFile::Render() const {
   std::string content;
+  content.reserve(document_->Size());
   Render([&content](std::string_view part) { content.append(part); });
   return content;
 }

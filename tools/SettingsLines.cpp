@@ -44,13 +44,21 @@ bool SettingsLine::HasOnlyBlanks() const {
 }
 
 void SettingsLines::Parse(std::string_view text) {
+  constexpr std::size_t kUsualLines = 16;
   lines_.clear();
+  lines_.reserve(kUsualLines);
   index_ = NameIndex();
   while (!text.empty()) {
     const std::size_t size = text.find('\n') + 1;
     lines_.push_back(SettingsLine::Parse(text.substr(0, size)));
     text.remove_prefix(size);
   }
+}
+
+std::size_t SettingsLines::TextSize() const {
+  std::size_t size = 0;
+  for (const SettingsLine& line : lines_) size += line.size;
+  return size;
 }
 
 std::optional<std::uint32_t> SettingsLines::Find(std::string_view key) const {

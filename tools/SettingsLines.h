@@ -51,6 +51,7 @@ class SettingsLines {
   void Parse(std::string_view text);
 
   [[nodiscard]] std::size_t Size() const { return lines_.size(); }
+  [[nodiscard]] std::size_t TextSize() const;
   [[nodiscard]] const SettingsLine& At(std::uint32_t position) const { return lines_[position]; }
   [[nodiscard]] auto begin() const { return lines_.begin(); }
   [[nodiscard]] auto end() const { return lines_.end(); }
