@@ -103,6 +103,7 @@ TEST_F(BuildSetupTest, LogsProblemsInVisitingOrderAndGoesOn) {
   EXPECT_FALSE(folder_.Holds("draussen"));
   EXPECT_EQ(Out("InstallPath/c.txt") + Out("Setup.exe"), "cW");
   EXPECT_FALSE(HasOut("InstallPath/d.txt"));
+  EXPECT_EQ(messages_.at(1).severity, Severity::Warning);
   EXPECT_EQ(messages_.at(2).componentTitle, "A");
   EXPECT_EQ(messages_.at(2).entry, 3);
   EXPECT_EQ(summary_->errors, 4);

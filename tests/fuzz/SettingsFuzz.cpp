@@ -16,38 +16,36 @@
 
 namespace {
 
-std::mt19937_64 generator;
+using Random = std::mt19937_64;
 
-std::uint64_t Below(std::uint64_t limit) { return generator() % limit; }
-
-std::string Piece() {
+std::string Piece(Random& random) {
   static constexpr const char* kPieces[] = {
       "[A]", "[a]",  "[B]\n",    "\n", "\r\n", "\r",           "=",    "k=v\n", "K = w ", "\"",
       "; c", " ",    "\t",       "[",  "]",    "\xEF\xBB\xBF", "\xFF", "ü",     "k",      "=\"x\"",
       "[]",  "x=\"", "k2=1\r\n", "==", "漢"};
-  if (Below(10) == 0) return std::string(1, static_cast<char>(Below(256)));
-  return kPieces[Below(std::size(kPieces))];
+  if (random() % 10 == 0) return std::string(1, static_cast<char>(random()));
+  return kPieces[random() % std::size(kPieces)];
 }
 
-std::string Input() {
+std::string Input(Random& random) {
   std::string input;
-  for (std::uint64_t pieces = Below(40); pieces > 0; --pieces) input += Piece();
-  for (std::uint64_t damage = Below(4); damage > 0 && !input.empty(); --damage) {
-    input[Below(input.size())] = static_cast<char>(Below(256));
+  for (std::uint64_t pieces = random() % 40; pieces > 0; --pieces) input += Piece(random);
+  for (std::uint64_t damage = random() % 4; damage > 0 && !input.empty(); --damage) {
+    input[random() % input.size()] = static_cast<char>(random());
   }
   return input;
 }
 
 /// The name of the rule that this input breaks; empty when it keeps them all.
-std::string BrokenRule(const std::string& input) {
+std::string BrokenRule(const std::string& input, Random& random) {
   tools::SettingsFile file(input);
   const std::string before = file.Render();
   if (before.substr(0, input.size()) != input) return "content is kept";
   if (before.size() > input.size() + 2) return "only a line end is added";
 
-  const char* section = Below(2) == 0 ? "A" : "Neu";
-  const char* key = Below(2) == 0 ? "k" : "k3";
-  const std::string value = Piece() + Piece();
+  const char* section = random() % 2 == 0 ? "A" : "Neu";
+  const char* key = random() % 2 == 0 ? "k" : "k3";
+  const std::string value = Piece(random) + Piece(random);
   const std::string other = file.Read("B", "k2", "default");
   try {
     file.Write(section, key, value);
@@ -66,10 +64,10 @@ std::string BrokenRule(const std::string& input) {
 int main(int argc, char** argv) {
   const std::uint64_t inputs = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 20'000;
   const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
-  generator.seed(seed);
+  Random random(seed);
   for (std::uint64_t i = 0; i < inputs; ++i) {
-    const std::string input = Input();
-    const std::string rule = BrokenRule(input);
+    const std::string input = Input(random);
+    const std::string rule = BrokenRule(input, random);
     if (rule.empty()) continue;
     std::cout << "input " << i << " of seed " << seed << " breaks: " << rule << '\n'
               << input << '\n';
