@@ -1,6 +1,7 @@
 #include <random>
 
 #include "tests/support/Testing.h"
+#include "tools/FileInformation.h"
 #include "tools/PeVersion.h"
 
 namespace tools {
@@ -45,7 +46,9 @@ static std::string VersionOf(const std::string& program) {
 
 TEST(PeVersionTest, ReadsTheFixedFileVersionOfProgramsOnly) {
   EXPECT_EQ(VersionOf(MakeProgram(false)), "1.20.300.65535");
-  EXPECT_EQ(VersionOf(MakeProgram(true)), "1.20.300.65535");
+  const tests::TemporaryFolder folder;
+  const std::string path = folder.Write("a.dll", MakeProgram(true));
+  EXPECT_EQ(InformationOf(path).version, "1.20.300.65535");
   EXPECT_EQ(VersionOf("#!/bin/sh\n" + std::string(500, ' ')), "");
   std::string withoutVersion = MakeProgram(true);
   withoutVersion[0x400 + 24] = 14;
