@@ -11,10 +11,7 @@ constexpr std::initializer_list<const char*> kFields{"txtTesselKey", "txtProgram
 /// catalogue.
 struct TesselPage : PageFixture {
   explicit TesselPage(const std::string& settings) {
-    folder.Write(".wine/system.reg",
-                 "WINE REGISTRY Version 2\n\n"
-                 "[Software\\\\Quillon\\\\Tessel\\\\AppTypes\\\\2] 1\n"
-                 "\"Malen\"=\"\"\n\"B\\x00fccher\"=\"\"\n");
+    MakeMachineKey("Software\\Quillon\\Tessel\\AppTypes\\2", {"Malen", "Bücher"});
     folder.Write(kVersionFile, settings);
     Open("tabTesselRegistration", 1, 0);
   }
@@ -114,10 +111,10 @@ class DetailsPagesTest : public QObject {
     for (const auto& [name, hint] : hints) {
       QTest::mouseMove(&Child(*f.page, name));
       if (name[0] == 'c') Child(*f.page, name).setFocus();
-      QVERIFY2(f.area.hint.startsWith(hint), qUtf8Printable(f.area.hint));
+      QTRY_VERIFY2(f.area.hint.startsWith(hint), qUtf8Printable(f.area.hint));
     }
     QTest::mouseMove(f.page, f.page->rect().bottomRight() - QPoint(5, 5));
-    QCOMPARE(f.area.hint, "");
+    QTRY_COMPARE(f.area.hint, "");
   }
 };
 

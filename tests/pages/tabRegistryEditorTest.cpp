@@ -16,11 +16,8 @@ constexpr const char* kMachine = "HKEY_LOCAL_MACHINE";
 /// The page of a component with these settings, on a machine with some keys.
 struct Fixture : PageFixture {
   explicit Fixture(const std::string& settings = kNoSettings) {
-    // As Wine writes it.
-    folder.Write(".wine/system.reg",
-                 "WINE REGISTRY Version 2\n;; All keys relative to REGISTRY\\\\Machine\n\n"
-                 "[Software\\\\Quillon\\\\Tessel] 1795238516\n\"Path\"=\"x\"\n\n"
-                 "[Software\\\\\\x00dcber uns] 1795238516\n");
+    MakeMachineKey("Software\\Quillon\\Tessel", {"Path"});
+    MakeMachineKey("Software\\Über uns");
     folder.Write(kComponentFile, settings);
     Reopen();
   }

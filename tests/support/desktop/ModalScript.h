@@ -20,6 +20,8 @@ namespace tests {
 class ModalScript {
  public:
   ModalScript() {
+    // Windows' own file dialogs are no windows of this process.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     timer_.callOnTimeout([this] { Look(); });
     timer_.setSingleShot(true);
     timer_.start(kInterval);

@@ -6,16 +6,10 @@
 #include <QTreeWidgetItemIterator>
 
 #include "app/DesktopProgram.h"
+#include "tests/support/desktop/UserHome.h"
 #include "tests/support/desktop/Widgets.h"
 
 namespace tests {
-
-/// Has the programs of this test keep the user's documents and preferences in `folder`.
-inline void UseHome(const TemporaryFolder& folder) {
-  for (const char* name : {"HOME", "XDG_CONFIG_HOME", "APPDATA"}) {
-    qputenv(name, QByteArray::fromStdString(folder.Path()));
-  }
-}
 
 struct OpenedProgram {
   /// Without dialogs, the program's real ones come.

@@ -5,6 +5,7 @@
 #include "shell/EditorTabs.h"
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/desktop/ModalScript.h"
+#include "tests/support/desktop/UserHome.h"
 #include "tools/SettingsFile.h"
 
 namespace tests {
@@ -58,15 +59,18 @@ struct PageFixture {
     return values.join('|');
   }
 
+  std::unique_ptr<tools::Registry> OpenRegistry() {
+    UseHome(folder);
+    return tools::OpenSystemRegistry(disk);
+  }
+
   TemporaryFolder folder;
-  /// The registry is looked for there when it is opened.
-  const bool homeIsSet = qputenv("HOME", QByteArray::fromStdString(folder.Path()));
   tools::SystemDisk systemDisk;
   FaultyDisk disk{systemDisk};
   tools::SettingsStore store{disk};
   model::ModProject project{store};
   ScriptedDialogs dialogs;
-  std::unique_ptr<tools::Registry> registry = tools::OpenSystemRegistry(disk);
+  std::unique_ptr<tools::Registry> registry = OpenRegistry();
   pages::PageRegistry pageRegistry = pages::AllPages();
   FakeArea area;
   shell::EditorTabs tabs{area, project, dialogs, *registry, pageRegistry};
