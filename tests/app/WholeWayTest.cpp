@@ -94,12 +94,13 @@ class WholeWayTest : public QObject {
   void AddFiles() {
     program_->Click("v1c1");
     const QWidget& page = ShowPage("Dateien");
-    QTest::keyClicks(&Child(page, "cmbDestinationFolder"), "Installationsordner");
+    auto& target = Child<QComboBox>(page, "cmbDestinationFolder");
+    target.setCurrentText("Installationsordner");
     const QString file = ToQString(work_->Path("quelle/programm.exe"));
-    script_->ExpectTyping("openFile", "fileNameEdit", file);
+    script_->ExpectChoosing("openFile", file);
     Press(page, "cmdAddFile");
     const QString folder = ToQString(work_->Path("quelle/handbuch"));
-    script_->ExpectTyping("browseFolder", "fileNameEdit", folder);
+    script_->ExpectChoosing("browseFolder", folder);
     auto& list = Child<QAbstractItemView>(page, "lsvBrowser");
     QTest::mousePress(list.viewport(), Qt::RightButton, {}, list.viewport()->rect().center());
     PickFrom(OpenedMenu(), "mnuAddDirectory1");

@@ -11,7 +11,7 @@ constexpr std::initializer_list<const char*> kFields{"txtTesselKey", "txtProgram
 /// catalogue.
 struct TesselPage : PageFixture {
   explicit TesselPage(const std::string& settings) {
-    MakeMachineKey("Software\\Quillon\\Tessel\\AppTypes\\2", {"Malen", "Bücher"});
+    MakeMachineKey("Software\\Quillon\\Tessel\\AppTypes\\2", {"Bücher", "Malen"});
     folder.Write(kVersionFile, settings);
     Open("tabTesselRegistration", 1, 0);
   }
@@ -83,13 +83,13 @@ class DetailsPagesTest : public QObject {
     QVERIFY(!f.page->IsDirty());
     QCOMPARE(f.File(f.kVersionFile), "[Tessel]\nKey=kX\nTitle=tX\nType=2\nSubType=sX\n");
 
-    for (const char* subtype : {"Malen", "Bücher"}) {
+    for (const char* subtype : {"Bücher", "Malen"}) {
       QTest::keyClick(&Child(*f.page, "cmbProgramSubtype"), Qt::Key_Down);
       QCOMPARE(Shown(*f.page, "cmbProgramSubtype"), subtype);
       QVERIFY(!f.page->IsDirty());
     }
     f.page->ApplyChanges();
-    QVERIFY(f.File(f.kVersionFile).endsWith("SubType=Bücher\n"));
+    QVERIFY(f.File(f.kVersionFile).endsWith("SubType=Malen\n"));
   }
 
   void AStoredProgramTypeThatIsNoneSelectsNone() {

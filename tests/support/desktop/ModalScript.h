@@ -1,6 +1,8 @@
 // Answers the program's real modal windows while the operation that opens them is running.
 #pragma once
 
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
 #include <deque>
@@ -52,6 +54,16 @@ class ModalScript {
     Expect<QWidget>(objectName, [field, text](QWidget& window) {
       Type(Child(window, field), text);
       QTest::keyClick(&Child(window, field), Qt::Key_Return);
+    });
+  }
+
+  /// Expects a file dialog and chooses this path in it. All at once: what types ahead of the
+  /// dialog's list of completions may end up in that.
+  void ExpectChoosing(const char* objectName, const QString& path) {
+    Expect<QFileDialog>(objectName, [path](QFileDialog& dialog) {
+      auto& name = Child<QLineEdit>(dialog, "fileNameEdit");
+      name.setText(path);
+      QTest::keyClick(&name, Qt::Key_Return);
     });
   }
 
