@@ -11,7 +11,6 @@
 namespace tests {
 
 using tools::ToQString;
-using tools::WizardStructure;
 
 /// From nothing to a setup with every window of the program, by mouse and keyboard.
 class WholeWayTest : public QObject {
@@ -50,16 +49,15 @@ class WholeWayTest : public QObject {
     const QString product = ToQString(work_->Write("demo.product", "[General]\nVersion=1.0\n"));
     program_->program.OpenFromCommandLine({"packwright"});
     program_->program.OpenFromCommandLine({"packwright", product, product});
+    QCOMPARE(program_->window.windowTitle(), "Packwright");
     script_->ExpectAndPress("messageBox", "cmdOK");
     program_->program.OpenFromCommandLine({"packwright", product + ".fehlt"});
-    QCOMPARE(program_->window.windowTitle(), "Packwright");
     program_->program.OpenFromCommandLine({"packwright", product});
     QCOMPARE(program_->window.windowTitle(), "Packwright - demo.product");
   }
 
   void AnExceptionThatLeavesAHandlerIsShownAndTheProgramGoesOn() {
-    class Thrower : public QObject {
-     public:
+    struct Thrower : QObject {
       bool event(QEvent* /*event*/) override { throw std::runtime_error("daneben"); }
     };
     Thrower thrower;
@@ -141,7 +139,7 @@ class WholeWayTest : public QObject {
 
   void RunSetupWizard() {
     program_->Click("v1");
-    script_->Expect<WizardStructure>("wizardStructure", [](WizardStructure& frame) {
+    script_->Expect<tools::WizardStructure>("wizardStructure", [](tools::WizardStructure& frame) {
       for (int i = 0; i < 2; ++i) QTest::keyClick(frame.focusWidget(), Qt::Key_Return);
       QCOMPARE(Shown(frame, "txtFolder"), "../fertig");
       for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Return}) {
@@ -158,9 +156,7 @@ class WholeWayTest : public QObject {
     std::ostringstream errors;
     const auto result = console::RunProgram(
         {"produkt/demo.product", "1.2.0", "--output", work_->Path("ohne Fenster")},
-        {.streams = {output, errors, false},
-         .workingFolder = work_->Path(),
-         .programFolder = work_->Path()});
+        {{output, errors, false}, work_->Path(), work_->Path()});
     QVERIFY2(result == console::ExitCode::Built, errors.str().c_str());
   }
 

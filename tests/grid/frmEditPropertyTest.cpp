@@ -15,19 +15,15 @@ struct Fixture {
     dialog.SetEnableDefaultValue(withReset);
     dialog.SetDefaultValue("Vorgabe");
     dialog.open();
-    Activate();
+    Activate(dialog);
   }
 
-  void Activate() {
-    dialog.activateWindow();
-    if (!QTest::qWaitForWindowActive(&dialog)) qFatal("the dialog does not become active");
-  }
   void LeaveAndComeBack() {
     QWidget other;
     other.show();
-    if (!QTest::qWaitForWindowActive(&other)) qFatal("the window does not become active");
+    Activate(other);
     other.hide();
-    Activate();
+    Activate(dialog);
   }
 
   grid::frmEditProperty dialog;
@@ -46,9 +42,8 @@ class frmEditPropertyTest : public QObject {
     QCOMPARE(Shown(f.dialog, {"lblPrompt", "lblOldValue", "lblNewValue", "txtOldValue", "cmdOK",
                               "cmdCancel"}),
              "Neuer Wert für alter Text|Alter Wert:|Neuer Wert:|alter Text|OK|Abbrechen");
-    QVERIFY(!Child(f.dialog, "cmdReset").isVisible());
+    QVERIFY(f.newValue.hasFocus() && !Child(f.dialog, "cmdReset").isVisible());
     QCOMPARE(f.newValue.selectedText(), "alter Text");
-    QVERIFY(f.newValue.hasFocus());
   }
 
   void OkGivesTheTextAsItWasTypedAndAPastedLineBreakAsABlank() {
@@ -62,16 +57,15 @@ class frmEditPropertyTest : public QObject {
   }
 
   void EveryOtherWayOutKeepsTheValue() {
-    const std::vector<std::pair<const char*, std::function<void(QDialog&)>>> ways{
-        {"cmdCancel", [](QDialog& dialog) { Press(dialog, "cmdCancel"); }},
-        {"Escape", [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }},
-        {"close box", [](QDialog& dialog) { PressCloseBox(dialog); }},
-        {"the program", [](QDialog& dialog) { dialog.close(); }}};
-    for (const auto& [name, leave] : ways) {
+    const std::vector<std::function<void(QDialog&)>> waysOut{
+        [](QDialog& dialog) { Press(dialog, "cmdCancel"); },
+        [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
+        [](QDialog& dialog) { PressCloseBox(dialog); }, [](QDialog& dialog) { dialog.close(); }};
+    for (const auto& leave : waysOut) {
       Fixture f;
       QTest::keyClicks(&f.newValue, "neu");
       leave(f.dialog);
-      QVERIFY2(!f.dialog.isVisible() && !f.dialog.Apply(), name);
+      QVERIFY(!f.dialog.isVisible() && !f.dialog.Apply());
       QCOMPARE(f.dialog.Value(), "alter Text");
     }
   }

@@ -59,16 +59,21 @@ class tabBuildOptionsTest : public QObject {
     QVERIFY(!f.page->IsDirty());
   }
 
-  void UnsavedChangesAreOfferedForSavingFirst() {
+  void UnsavedChangesAreOfferedForSavingFirstAndARefusedOrFailedSaveKeepsThem() {
     Fixture f("");
     Edit(*f.page, "Sprache (LCID)", "1033");
     const QString edited = f.Shown();
-    QVERIFY(f.page->IsDirty());
-    f.dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::No);
-    f.ChooseNext();
-    QCOMPARE(f.Shown(), edited);
-    QCOMPARE(f.File(f.kVersionFile), "");
+    f.disk.FailAt(FaultyDisk::Step::Write, 1);
+    for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+      f.dialogs.ExpectQuestion(model::LoadText(341), answer);
+      f.ChooseNext();
+      QCOMPARE(f.Shown(), edited);
+      QVERIFY(f.page->IsDirty());
+      QCOMPARE(f.File(f.kVersionFile), "");
+    }
+    QCOMPARE(f.dialogs.Messages().size(), 3U);  // the error among them
 
+    f.disk.FailAt(FaultyDisk::Step::Write, 1000);
     f.dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::Yes);
     f.ChooseNext();
     QVERIFY(!f.page->IsDirty());
@@ -77,18 +82,6 @@ class tabBuildOptionsTest : public QObject {
              "[BuildCommon]\nInstallerType=1\nActiveConfig=2\n\n"
              "[Build1]\nOutputFolder=" +
                  f.Path("Demo/Ausgabe/Debug") + "\nLocale=1033\n");
-  }
-
-  void AFailedSaveStaysAtTheOldConfiguration() {
-    Fixture f("");
-    Edit(*f.page, "Ausgabeordner", "x");
-    const QString edited = f.Shown();
-    f.disk.FailAt(FaultyDisk::Step::Write, 1);
-    f.dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::Yes);
-    f.ChooseNext();
-    QCOMPARE(f.dialogs.Messages().size(), 2U);
-    QCOMPARE(f.Shown(), edited);
-    QVERIFY(f.page->IsDirty());
   }
 };
 

@@ -29,12 +29,8 @@ struct Fixture : PageFixture {
     QWidget* viewport = List().viewport();
     const QPoint place = atEntry ? List().visualRect(List().model()->index(0, 0)).center()
                                  : viewport->rect().bottomRight() - QPoint(9, 9);
-    QTest::mousePress(viewport, Qt::RightButton, {}, place);
-    QTest::mouseRelease(viewport, Qt::RightButton, {}, place);
+    QTest::mouseClick(viewport, Qt::RightButton, {}, place);
     return OpenedMenu();
-  }
-  QString StoredIn(const char* section, std::initializer_list<const char*> keys) const {
-    return Stored(kComponentFile, section, keys);
   }
 };
 
@@ -71,10 +67,10 @@ class tabFileListTest : public QObject {
 
     f.page->ApplyChanges();
     QVERIFY(!f.page->IsDirty());
-    QCOMPARE(f.StoredIn("Files", {"Count"}), "4");
-    QCOMPARE(f.StoredIn("File2", {"SourceName", "TargetFolder"}), "ä 漢.txt|38");
-    QCOMPARE(f.StoredIn("File3", {"SourcePath"}), f.Path("Q/tief"));
-    QCOMPARE(f.StoredIn("File4", {"TargetFolder", "Type", "Vital"}), "2001|1|1");
+    QCOMPARE(f.Stored("Files", {"Count"}), "4");
+    QCOMPARE(f.Stored("File2", {"SourceName", "TargetFolder"}), "ä 漢.txt|38");
+    QCOMPARE(f.Stored("File3", {"SourcePath"}), f.Path("Q/tief"));
+    QCOMPARE(f.Stored("File4", {"TargetFolder", "Type", "Vital"}), "2001|1|1");
   }
 
   void AnEntryShowsItsFieldsAndItsSourceFile() {
@@ -103,24 +99,22 @@ class tabFileListTest : public QObject {
   void EditedFieldsAreStoredAndTheEntryStaysSelected() {
     Fixture f(kOneEntry);
     f.Select(0);
-    Edit(*f.page, "Quellordner", "ü; \"漢\"");
-    Edit(*f.page, "Essenziell", "ja");
-    {
-      // The row that was edited before is still the selected one.
-      ModalScript script;
-      script.ExpectTyping("frmEditProperty", "txtNewValue", "-1");
-      QTest::keyClick(&Grid(*f.page), Qt::Key_F2);
-      QTRY_VERIFY(f.Fields().endsWith("|Essenziell=-1"));
-    }
+    ModalScript script;
+    Edit(script, *f.page, "Quellordner", "ü; \"漢\"");
+    Edit(script, *f.page, "Essenziell", "ja");
+    // The row that was edited before is still the selected one.
+    script.ExpectTyping("frmEditProperty", "txtNewValue", "-1");
+    QTest::keyClick(&Grid(*f.page), Qt::Key_F2);
+    QTRY_VERIFY(f.Fields().endsWith("|Essenziell=-1"));
     QVERIFY(Rows(f.List()).startsWith("ü; \"漢\""));
     QCOMPARE(f.List().selectionModel()->selectedRows().size(), 1);
-    Edit(*f.page, "Eintragstyp", "1");
+    Edit(script, *f.page, "Eintragstyp", "1");
     for (const char* fixed : {"GUID", "Vorhanden"}) {
       DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), fixed));
       QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(239));
     }
     f.page->ApplyChanges();
-    QCOMPARE(f.StoredIn("File1", {"SourcePath", "Vital", "ID"}), "ü; \"漢\"|-1|a");
+    QCOMPARE(f.Stored("File1", {"SourcePath", "Vital", "ID"}), "ü; \"漢\"|-1|a");
   }
 
   void ANumberThatDoesNotFitIsRefusedAndAnEntryMovedToAnotherFolderLeavesTheList() {
@@ -133,7 +127,7 @@ class tabFileListTest : public QObject {
     Edit(*f.page, "Zielordner (allg.)", "3");
     QCOMPARE(Rows(f.List()) + f.Fields(), "");
     f.page->ApplyChanges();
-    QCOMPARE(f.StoredIn("File1", {"Permanent", "TargetFolder"}), "0|3");
+    QCOMPARE(f.Stored("File1", {"Permanent", "TargetFolder"}), "0|3");
   }
 
   void OnlyTheButtonRemovesAnEntry() {
@@ -153,9 +147,8 @@ class tabFileListTest : public QObject {
     Press(*f.page, "cmdRemoveFile");  // nothing is selected any more
     QVERIFY(!f.page->IsDirty() && Child(*f.page, "cmdRemoveFile").isEnabled());
     f.page->ApplyChanges();
-    QCOMPARE(f.StoredIn("Files", {"Count"}), "1");
-    QCOMPARE(f.StoredIn("File1", {"ID"}), "b");
-    QCOMPARE(f.StoredIn("File2", {"ID"}), "b");
+    QCOMPARE(f.Stored("Files", {"Count"}), "1");
+    for (const char* section : {"File1", "File2"}) QCOMPARE(f.Stored(section, {"ID"}), "b");
   }
 
   void AComponentOf50000EntriesIsShownAndStoredWhole() {
@@ -171,7 +164,7 @@ class tabFileListTest : public QObject {
     Edit(*f.page, "Quelldateiname", "letzte");
     QVERIFY(Rows(f.List()).endsWith("letzte=%ProgramFiles%\\"));
     f.page->ApplyChanges();
-    QCOMPARE(f.StoredIn("File50000", {"SourceName"}), "letzte");
+    QCOMPARE(f.Stored("File50000", {"SourceName"}), "letzte");
     f.page->ReadSettings();
     QCOMPARE(f.List().model()->rowCount(), 50000);
   }

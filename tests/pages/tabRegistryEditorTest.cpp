@@ -47,9 +47,6 @@ struct Fixture : PageFixture {
     script.ExpectTyping("frmEditProperty", "txtNewValue", value);
     RefuseValue(name);
   }
-  QString StoredIn(const char* section, std::initializer_list<const char*> keys) const {
-    return Stored(kComponentFile, section, keys);
-  }
 };
 
 }  // namespace
@@ -139,7 +136,7 @@ class tabRegistryEditorTest : public QObject {
     f.page->ApplyChanges();
     QVERIFY(!f.page->IsDirty());
     QCOMPARE(f.ShownPath(), "Arbeitsplatz");
-    QCOMPARE(f.StoredIn("RegKey1", {"Val1Setting"}), "1");
+    QCOMPARE(f.Stored("RegKey1", {"Val1Setting"}), "1");
   }
 
   void NamesWithSemicolonsFallApart() {
@@ -150,7 +147,7 @@ class tabRegistryEditorTest : public QObject {
     f.Go("(Arbeitsplatz)");
     f.Go(kMachine);
     QCOMPARE(f.Values(), QString(kUnset) + "|a=|b=|\"c;d\"=2");
-    QCOMPARE(f.StoredIn("RegKey1", {"Values"}), "5");
+    QCOMPARE(f.Stored("RegKey1", {"Values"}), "5");
   }
 
   void AValueIsAddedOnlyUnderAFreeName() {
@@ -193,13 +190,13 @@ class tabRegistryEditorTest : public QObject {
       f.Go("(Alle Werte löschen)");
       QCOMPARE(f.Values() == kUnset, answer == MessageAnswer::Ok);
     }
-    QCOMPARE(f.StoredIn("Registry", {"Key2", "Keys"}), "|3");
-    QCOMPARE(f.StoredIn("RegKey2", {"Val1Name"}), "n");
+    QCOMPARE(f.Stored("Registry", {"Key2", "Keys"}), "|3");
+    QCOMPARE(f.Stored("RegKey2", {"Val1Name"}), "n");
 
     f.TypePath("HKEY_USERS\\neu");
     f.AddValue("v", "1");
     f.Go("(Arbeitsplatz)");
-    QCOMPARE(f.StoredIn("Registry", {"Key2", "Keys"}), "HKEY_USERS\\neu|2");
+    QCOMPARE(f.Stored("Registry", {"Key2", "Keys"}), "HKEY_USERS\\neu|2");
   }
 
   void SlotsWithOnePathAreShownTogether() {

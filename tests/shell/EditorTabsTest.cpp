@@ -14,10 +14,9 @@ class EditorTabsTest : public QObject {
     const char* equalIds = "[Files]\nCount=2\n[File1]\nID=a\n[File2]\nID=a\n";
     f.folder.Write(f.kComponentFile, equalIds);
     f.tabs.Prepare("tabRegistryEditor;missing;tabFileList;tabTesselRegistration", 1, 1);
-    QCOMPARE(f.tabs.Count(), 2);
     QCOMPARE(f.tabs.Item(2).objectName(), "EditorTab4");
     QVERIFY(f.tabs.Item(2).isHidden() && !f.tabs.Item(2).IsDirty());
-    QVERIFY(f.area.findChild<QWidget*>("EditorTab3") == nullptr);
+    QVERIFY(!f.area.findChild<QWidget*>("EditorTab3"));
     QVERIFY(Told(f.dialogs).contains("Packwright.missing\nFehler|"));
     QCOMPARE(f.File(f.kComponentFile), equalIds);
   }
@@ -30,8 +29,8 @@ class EditorTabsTest : public QObject {
     f.dialogs.ExpectQuestion("der Seite \"Tessel-Datenbank\" übernehmen?", MessageAnswer::No);
     f.tabs.Reset(true);
     QVERIFY(f.area.findChildren<QWidget*>().isEmpty());
-    QCOMPARE(f.Stored(f.kVersionFile, "BuildCommon", {"ActiveConfig"}), "1");
-    QCOMPARE(f.Stored(f.kVersionFile, "Tessel", {"Key"}), "-");
+    QVERIFY(f.File(f.kVersionFile).contains("\nActiveConfig=1\n"));
+    QVERIFY(!f.File(f.kVersionFile).contains("[Tessel]"));
   }
 
   void AsksNothingWhenToldNotToAndDoesNotReportAFailureToApply() {

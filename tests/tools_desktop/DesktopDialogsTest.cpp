@@ -16,8 +16,7 @@ using tools::MessageButtons;
 
 namespace {
 
-class PaintCounter : public QObject {
- public:
+struct PaintCounter : QObject {
   PaintCounter() { qApp->installEventFilter(this); }
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (event->type() == QEvent::Paint) ++count;
@@ -37,11 +36,12 @@ class DesktopDialogsTest : public QObject {
     window_ = std::make_unique<QLineEdit>();
     window_->resize(800, 600);
     window_->show();
-    QVERIFY(QTest::qWaitForWindowActive(window_.get()));
+    Activate(*window_);
     dialogs_.SetParent(window_.get());
   }
 
-  void AMessageBoxShowsTextIconAndGermanButtons() {
+  void AMessageBoxShowsTextIconGermanButtonsAndTheNormalPointer() {
+    const tools::WaitCursor hourglass;
     ModalScript script;
     script.Expect<QMessageBox>("messageBox", [this](QMessageBox& box) {
       QTest::keyClick(&box, Qt::Key_J);
@@ -50,6 +50,7 @@ class DesktopDialogsTest : public QObject {
       QCOMPARE(box.textFormat(), Qt::PlainText);
       QCOMPARE(box.icon(), QMessageBox::Question);
       QCOMPARE(box.parentWidget(), window_.get());
+      QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
       QCOMPARE(Shown(box, {"cmdYes", "cmdNo"}), "&Ja|&Nein");
     });
     QCOMPARE(dialogs_.ShowMessage({.text = "<b>Ä & B</b>\r\n\r\nWeiter?",
@@ -58,6 +59,7 @@ class DesktopDialogsTest : public QObject {
                                    .buttons = MessageButtons::YesNo,
                                    .defaultAnswer = MessageAnswer::No}),
              MessageAnswer::Yes);
+    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   }
 
   void EnterPressesTheDefaultButtonAndEscapeTheRejectingOne() {
@@ -77,17 +79,6 @@ class DesktopDialogsTest : public QObject {
                    {.text = "?", .caption = "", .buttons = buttons, .defaultAnswer = byDefault}),
                expected);
     }
-  }
-
-  void AQuestionInTheMiddleOfWorkHasTheNormalPointer() {
-    const tools::WaitCursor hourglass;
-    ModalScript script;
-    script.Expect<QWidget>("messageBox", [](QWidget& box) {
-      QTest::keyClick(&box, Qt::Key_Escape);
-      QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
-    });
-    dialogs_.ShowMessage({.text = "Fertig", .caption = ""});
-    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   }
 
   void TypingReplacesTheInputBoxsDefaultText() {

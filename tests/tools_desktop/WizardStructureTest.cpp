@@ -1,4 +1,3 @@
-#include <QPushButton>
 
 #include "tests/support/desktop/ModalScript.h"
 #include "tools/Error.h"
@@ -9,24 +8,21 @@ namespace tests {
 
 using tools::ToQString;
 using tools::WizardPage;
-using tools::WizardStep;
 using tools::WizardStructure;
 
 namespace {
 
 /// Shows the value "name" of the data store in `txtName`.
-class NamePage : public tools::WizardOptionPage {
- public:
+struct NamePage : tools::WizardOptionPage {
   NamePage(tools::WizardDataStore& store, QWidget* parent) : WizardOptionPage(store, parent) {
-    txtName_.setObjectName("txtName");
-    connect(&txtName_, &QLineEdit::textEdited, this,
+    txtName.setObjectName("txtName");
+    connect(&txtName, &QLineEdit::textEdited, this,
             [this](const QString& text) { SetValue("name", tools::ToUtf8(text)); });
   }
 
-  void ShowValues() override { txtName_.setText(ToQString(Value("name"))); }
+  void ShowValues() override { txtName.setText(ToQString(Value("name"))); }
 
- private:
-  QLineEdit txtName_{this};
+  QLineEdit txtName{this};
 };
 
 WizardPage Page(int style, const char* title, const char* next) {
@@ -40,8 +36,7 @@ WizardPage Page(int style, const char* title, const char* next) {
 }
 
 /// Describes the pages it is given and writes down every event; the wizard is run by Run.
-class ListedPages : public tools::WizardDriver {
- public:
+struct ListedPages : tools::WizardDriver {
   std::map<std::string, WizardPage> pages{{"intro", Page(1, "Anfang", "name")},
                                           {"name", Page(2, "Name", "end")},
                                           {"end", Page(3, "Ende", "")}};
@@ -70,15 +65,14 @@ class ListedPages : public tools::WizardDriver {
   std::string LoadPage(const std::string& key) override {
     return key == "name" ? "Probe.NamePage" : key == "end" ? "Probe.Unknown" : "";
   }
-  void EnterPage(const WizardStep& step) override {
+  void EnterPage(const tools::WizardStep& step) override {
     Note(step.ComingFrom + "->" + step.GoingTo + (step.PageCtl != nullptr ? " control" : ""));
   }
-  void LeavePage(const WizardStep& step) override { Note("leave for " + step.GoingTo); }
+  void LeavePage(const tools::WizardStep& step) override { Note("leave for " + step.GoingTo); }
   void Finish(WizardStructure& frame) override { Note("finish " + frame.DataStore()["name"]); }
   void Cancel(WizardStructure& /*frame*/) override { Note("cancel"); }
   void ShowHelp(const std::string& key) override { Note("help " + key); }
 
- private:
   void Note(const std::string& event) { events += ToQString(event); }
 };
 
@@ -97,7 +91,7 @@ class WizardStructureTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void GoesThroughThePagesAndHandsOverTheDataStore() {
+  void GoesThroughThePagesByButtonsAndEnterAndHandsOverTheDataStore() {
     ListedPages driver;
     driver.Run("intro", [](WizardStructure& frame) {
       const auto& picture = *frame.findChild<tools::WizardPicture*>();
@@ -117,7 +111,7 @@ class WizardStructureTest : public QObject {
       QVERIFY(Child(frame, "txtName").isVisible());
       Press(frame, "cmdBack");
       QCOMPARE(Enabled(frame), "Next Cancel");
-      for (const char* button : {"cmdNext", "cmdNext", "cmdFinish"}) Press(frame, button);
+      for (int i = 0; i < 3; ++i) QTest::keyClick(frame.focusWidget(), Qt::Key_Return);
     });
     const QString forward = "leave for name|intro->name control|leave for end|name->end|";
     QCOMPARE(driver.events.join('|'), "->intro|" + forward +
@@ -126,16 +120,14 @@ class WizardStructureTest : public QObject {
                                           forward + "finish Ä b");
   }
 
-  void EnterGoesOnAndFinishesAndEscapeCancelsWhereThePageAllowsIt() {
+  void EscapeAndTheCloseBoxCancelWhereThePageAllowsIt() {
     ListedPages driver;
-    driver.pages["name"].AllowCancel = false;
-    driver.Run("intro", [](WizardStructure& frame) {
-      QTest::keyClick(frame.focusWidget(), Qt::Key_Return);
-      QCOMPARE(frame.focusWidget()->objectName(), "txtName");
+    driver.pages["end"].AllowCancel = false;
+    driver.Run("end", [](WizardStructure& frame) {
       QTest::keyClick(frame.focusWidget(), Qt::Key_Escape);
       frame.close();
       QVERIFY(frame.isVisible());
-      for (int i = 0; i < 2; ++i) QTest::keyClick(frame.focusWidget(), Qt::Key_Return);
+      Press(frame, "cmdFinish");
     });
     QCOMPARE(driver.events.back(), "finish ");
     driver.Run("intro", [](WizardStructure& frame) { QTest::keyClick(&frame, Qt::Key_Escape); });
@@ -151,7 +143,6 @@ class WizardStructureTest : public QObject {
       QCOMPARE(Shown(frame, "lblStepBar"), "Eins › Zwei");
       QVERIFY(Child(frame, "lblStepBar").isVisible());
       for (const char* button : {"cmdNext", "cmdHelp", "cmdNext"}) Press(frame, button);
-      QCOMPARE(Enabled(frame), "Back Finish Cancel");
       Press(frame, "cmdBack");
       QCOMPARE(frame.CurrentPage(), "intro");
       QCOMPARE(Enabled(frame), "Next Cancel");  // the history is back at its visit, too

@@ -15,7 +15,7 @@ struct OpenedProgram {
   /// Without dialogs, the program's real ones come.
   explicit OpenedProgram(tools::Dialogs* dialogs = nullptr) : program(dialogs) {
     window.show();
-    if (!QTest::qWaitForWindowActive(&window)) qFatal("the window does not become active");
+    Activate(window);
   }
 
   void Open(const std::string& product) {
@@ -23,14 +23,6 @@ struct OpenedProgram {
   }
 
   QTreeWidget& Tree() const { return Child<QTreeWidget>(window, "trvProjectTree"); }
-
-  /// The node of that key, null when there is none.
-  QTreeWidgetItem* Node(const QString& key) const {
-    for (QTreeWidgetItemIterator item(&Tree()); *item != nullptr; ++item) {
-      if ((*item)->data(0, Qt::UserRole).toString() == key) return *item;
-    }
-    return nullptr;
-  }
 
   /// Every node as "key=text", in square brackets when it is not expanded; joined by "|".
   QString Nodes() const {
@@ -47,8 +39,16 @@ struct OpenedProgram {
     return selected.isEmpty() ? QString() : selected.front()->data(0, Qt::UserRole).toString();
   }
 
+  /// Where the node of that key is shown.
+  QPoint PlaceOf(const QString& key) const {
+    for (QTreeWidgetItemIterator item(&Tree()); *item != nullptr; ++item) {
+      if ((*item)->data(0, Qt::UserRole) == key) return Tree().visualItemRect(*item).center();
+    }
+    qFatal("there is no node %s", qPrintable(key));
+  }
+
   void Click(const QString& key, Qt::MouseButton button = Qt::LeftButton) const {
-    QTest::mouseClick(Tree().viewport(), button, {}, Tree().visualItemRect(Node(key)).center());
+    QTest::mouseClick(Tree().viewport(), button, {}, PlaceOf(key));
   }
 
   /// Presses a button of the toolbar.

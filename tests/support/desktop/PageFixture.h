@@ -11,8 +11,7 @@
 namespace tests {
 
 /// Writes down what the pages' host asks of it.
-class FakeArea : public QWidget, public shell::EditorArea {
- public:
+struct FakeArea : QWidget, shell::EditorArea {
   QWidget* PageParent() override { return this; }
   void PositionExtender(QWidget& page) override { page.setGeometry(rect()); }
   void ShowStatusText(const std::string& text) override { hint = tools::ToQString(text); }
@@ -44,16 +43,15 @@ struct PageFixture {
     page = &tabs.Item(1);
     tabs.ShowTab(1);
     area.show();
-    area.activateWindow();
-    if (!QTest::qWaitForWindowActive(&area)) qFatal("the page does not become active");
+    Activate(area);
   }
 
   QString Path(const char* name) const { return tools::ToQString(folder.Path(name)); }
-  /// What a file on disk holds: all of it, and settings ("-" for an absent one), joined by "|".
+  /// All that a file on disk holds.
   QString File(const char* name) const { return tools::ToQString(folder.Read(name)); }
-  QString Stored(const char* file, const char* section,
-                 std::initializer_list<const char*> keys) const {
-    const tools::SettingsFile settings(folder.Read(file));
+  /// Settings that the component's file holds ("-" for an absent one), joined by "|".
+  QString Stored(const char* section, std::initializer_list<const char*> keys) const {
+    const tools::SettingsFile settings(folder.Read(kComponentFile));
     QStringList values;
     for (const char* key : keys) values += tools::ToQString(settings.Read(section, key, "-"));
     return values.join('|');

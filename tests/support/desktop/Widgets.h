@@ -57,6 +57,12 @@ inline void Type(QWidget& field, const QString& text) {
   }
 }
 
+/// Makes a shown window the active one, which keys and modal windows ask for.
+inline void Activate(QWidget& window) {
+  window.activateWindow();
+  if (!QTest::qWaitForWindowActive(&window)) qFatal("the window does not become active");
+}
+
 /// What the window system sends when the user presses a window's close box.
 inline void PressCloseBox(QWidget& window) {
   QCloseEvent event;
@@ -73,13 +79,9 @@ inline QMenu& OpenedMenu() {
 }
 
 inline void PickFrom(QMenu& menu, const char* item) {
-  for (QAction* action : menu.actions()) {
-    if (action->objectName() != item) continue;
-    QVERIFY2(action->isEnabled(), item);
-    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
-    return;
-  }
-  QFAIL(item);
+  auto& action = Child<QAction>(menu, item);
+  QVERIFY2(action.isEnabled(), item);
+  QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&action).center());
 }
 
 inline void Click(QAbstractItemView& view, const QModelIndex& index,
