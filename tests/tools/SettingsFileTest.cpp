@@ -59,6 +59,7 @@ TEST(SettingsFileTest, ReadsDamagedFilesAsFarAsTheyGo) {
   EXPECT_EQ(SettingsFile(std::string(1000, '\0')).Read("A", "b", "d"), "d");
   EXPECT_EQ(SettingsFile("[A]\nb=ganz\nc=hal").Read("A", "c", "d"), "hal");
   EXPECT_EQ(SettingsFile("[A").Read("A", "b", "d"), "d");
+  EXPECT_EQ(SettingsFile("[A]\nb=\"").Read("A", "b", "d"), "\"");
   const std::string wide(100U << 20U, 'x');
   SettingsFile file("[A]\n" + wide + "\nb=da\n");
   EXPECT_EQ(file.Read("A", "b", "d"), "da");
