@@ -38,7 +38,7 @@ product=$work/product/Messprotokoll.product
 $wine "$package/packwright-build.exe" "$(windows_path "$product")" 1.1.0 --json \
   --output "$(windows_path "$work/windows")" >"$work/report.json" ||
   fail "packwright-build.exe failed: $(cat "$work/report.json")"
-out/release/bin/packwright-build "$product" 1.1.0 --quiet --output "$work/here"
+out/windows/host/bin/packwright-build "$product" 1.1.0 --quiet --output "$work/here"
 for file in Messprotokoll.zip Messprotokoll.install; do
   cmp "$work/windows/$file" "$work/here/$file" || fail "$file differs from the one built here"
 done

@@ -69,6 +69,7 @@ class ModalScript {
 
  private:
   static constexpr int kInterval = 5;  // milliseconds between two looks
+  static constexpr int kMaximumLooksForFocus = 40;
 
   struct Expectation {
     std::string objectName;
@@ -80,6 +81,9 @@ class ModalScript {
     QWidget* window = QApplication::activeModalWidget();
     if (window != answered_) answered_.clear();
     if (window == nullptr || window == answered_ || !window->isActiveWindow()) return;
+    // The focus may come after the activation; some windows have nothing to give it to.
+    if (window->focusWidget() == nullptr && ++looksForFocus_ < kMaximumLooksForFocus) return;
+    looksForFocus_ = 0;
     answered_ = window;
     const std::string name = window->objectName().toStdString();
     if (expected_.empty() || expected_.front().objectName != name) {
@@ -93,6 +97,7 @@ class ModalScript {
     if (answered_ != nullptr && QTest::currentTestFailed()) answered_->close();
   }
 
+  int looksForFocus_ = 0;
   QTimer timer_;
   std::deque<Expectation> expected_;
   QPointer<QWidget> answered_;  ///< acted upon already, and not yet gone
