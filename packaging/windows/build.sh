@@ -22,8 +22,7 @@ qt=$(packaging/windows/qt.sh)
 cmake --preset windows-desktop -DPACKWRIGHT_QT="$qt"
 cmake --build --preset windows-desktop
 # The setups that the two builds make are compared.
-cmake -G Ninja -S . -B out/windows/host -DCMAKE_BUILD_TYPE=Release -DPACKWRIGHT_DESKTOP=OFF \
-  -DBUILD_TESTING=OFF
+cmake --preset release -B out/windows/host -DBUILD_TESTING=OFF
 cmake --build out/windows/host --target packwright-build
 
 # The package first: the tests use its programs, and Windows finds DLLs beside the program only.

@@ -19,6 +19,7 @@ fail() {
 # Every DLL that a file of the package wants is in the package or belongs to Windows.
 for file in "$package"/*.exe "$package"/*.dll "$package"/*/*.dll; do
   for library in $(x86_64-w64-mingw32-objdump -p "$file" | sed -n 's/^\tDLL Name: //p'); do
+    case $library in api-ms-win-*) continue ;; esac # names that Windows itself resolves
     [ -f "$package/$library" ] ||
       [ -f "$WINEPREFIX/drive_c/windows/system32/$(echo "$library" | tr '[:upper:]' '[:lower:]')" ] ||
       fail "$(basename "$file") wants $library, which is not there"

@@ -36,8 +36,8 @@ use_wine() {
   if [ -n "$1" ]; then export DISPLAY="$1"; else unset DISPLAY; fi
   mkdir -p "$WINEPREFIX"
   # A server that stays: otherwise Wine's services start with the first program and hold the pipe
-  # that its output goes to.
-  $wineserver -p >/dev/null 2>&1 </dev/null
+  # that its output goes to. One that runs already is as good.
+  $wineserver -p >/dev/null 2>&1 </dev/null || true
   if [ ! -f "$WINEPREFIX/ready" ]; then make_prefix; fi
   $wine wineboot >/dev/null 2>&1 </dev/null
 }
