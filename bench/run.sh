@@ -98,6 +98,7 @@ compare() {
   local title=$1 run i
   shift
   echo "## $title"
+  rm -f "$data"/times.* "$data"/size.* # of a run that was broken off
   for ((run = 1; run <= runs; run++)); do
     for ((i = 1; i <= $#; i++)); do
       seconds_of "${!i#*@}" >>"$data/times.$i"
