@@ -9,6 +9,8 @@
 #include <new>
 #include <stdexcept>
 
+#include "tools/LastBlock.h"
+
 namespace tools {
 
 namespace {
@@ -27,10 +29,11 @@ constexpr std::size_t kDecodeBytes = 65536;
 
 }  // namespace
 
-// Turns a whole deflate stream into one that goes on. Its final block is only known once the blocks
-// before it are decoded, so the decoder stops at each boundary; a final block has its final bit
-// cleared there, in the stream and in the bits that the decoder has already taken. The decoder then
-// runs to that block's exact end as well: it waits for another block.
+// Turns a whole deflate stream into one that goes on, by clearing its final block's final bit.
+// Where that block cannot be found from the end, the blocks before it are decoded: the decoder
+// stops at each boundary; a final block has its final bit cleared there, in the stream and in the
+// bits that the decoder has already taken. The decoder then runs to that block's exact end as well:
+// it waits for another block.
 class BlockDeflater::Continuation {
  public:
   Continuation() : output_(kDecodeBytes) {
@@ -43,6 +46,15 @@ class BlockDeflater::Continuation {
   // `deflated` has room for kJoinBytes more than its `size`. Returns the new size.
   std::size_t Open(char* deflated, std::size_t size, std::string_view source) {
     Begin(deflated, size);
+    if (const auto place = finder_.Find({deflated, size}, source)) {
+      (void)ClearFinalBit(place->beginBit);
+      return AppendEmptyBlock(place->endBit);
+    }
+    return OpenByDecoding(size, source);
+  }
+
+ private:
+  std::size_t OpenByDecoding(std::size_t size, std::string_view source) {
     source_ = source;
     bool finalReached = ClearFinalBit(0);
     while (true) {
@@ -54,7 +66,6 @@ class BlockDeflater::Continuation {
     return AppendEmptyBlock(EndBit());
   }
 
- private:
   void Begin(char* deflated, std::size_t size) {
     inflateReset(&stream_);
     bytes_ = reinterpret_cast<unsigned char*>(deflated);
@@ -117,6 +128,7 @@ class BlockDeflater::Continuation {
     throw std::logic_error("a deflated block does not decode to its source");
   }
 
+  LastBlockFinder finder_;
   z_stream stream_{};
   std::vector<unsigned char> output_;
   unsigned char* bytes_ = nullptr;

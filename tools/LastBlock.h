@@ -1,0 +1,49 @@
+// Where the last block of a deflate stream (RFC 1951) begins.
+#pragma once
+
+#include <zlib.h>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace tools {
+
+/// A deflate stream does not say where its blocks begin: they are found by decoding it. To find the
+/// last one alone, this looks for it from the stream's end: a place that reads as the header of a
+/// final block with Huffman codes of its own (RFC 1951, 3.2.7), whose data ends where the stream
+/// ends and decodes to the last bytes of the source.
+///
+/// Not for use by several threads at a time.
+class LastBlockFinder {
+ public:
+  /// Raises std::bad_alloc.
+  LastBlockFinder();
+  ~LastBlockFinder();
+  LastBlockFinder(const LastBlockFinder&) = delete;
+  LastBlockFinder& operator=(const LastBlockFinder&) = delete;
+
+  struct Place {
+    std::size_t beginBit = 0;  ///< of the block's header, counted from the stream's start
+    std::size_t endBit = 0;    ///< behind the block
+  };
+
+  /// `source` is what the whole stream decodes to. Gives nothing where no place is certain: the
+  /// last block is of another kind, or too short or too far from the end.
+  [[nodiscard]] std::optional<Place> Find(std::string_view deflated, std::string_view source);
+
+ private:
+  struct Decoded {
+    std::size_t bytes = 0;
+    std::size_t endBit = 0;
+  };
+
+  [[nodiscard]] std::optional<Decoded> Decode(std::string_view deflated, std::size_t beginBit,
+                                              std::string_view before, std::string_view expected);
+
+  z_stream stream_{};
+  std::vector<unsigned char> output_;
+};
+
+}  // namespace tools
