@@ -6,8 +6,8 @@
 
 namespace shell {
 
-/// Draws one picture at any size. Its ink takes the colour of the desktop's window text, so that one
-/// picture serves light and dark desktops; a disabled icon is drawn faded.
+/// Draws one picture at any size. Its ink takes the colour of the desktop's window text, so that
+/// one picture serves light and dark desktops; a disabled icon is drawn faded.
 class PictureIconEngine : public QIconEngine {
  public:
   /// The picture as it is with black and with white ink; same size, otherwise equal.
