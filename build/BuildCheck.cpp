@@ -47,11 +47,12 @@ struct Origin {
 
 class Checker {
  public:
-  Checker(const model::ModProject& project, const BuildOptions& options, std::int32_t version)
+  Checker(const model::ModProject& project, const BuildOptions& options, std::int32_t version,
+          const SurveyStep& step)
       : project_(project),
         options_(options),
         version_(version),
-        survey_(SurveyVersion(project, version)) {}
+        survey_(SurveyVersion(project, version, step)) {}
 
   std::vector<BuildMessage> Run() {
     CheckOutputFolder();
@@ -184,8 +185,9 @@ class Checker {
 }  // namespace
 
 std::vector<BuildMessage> CheckBuild(const model::ModProject& project,
-                                     const BuildSettings& settings, std::int32_t versionIndex) {
-  return Checker(project, ReadBuildOptions(settings), versionIndex).Run();
+                                     const BuildSettings& settings, std::int32_t versionIndex,
+                                     const SurveyStep& step) {
+  return Checker(project, ReadBuildOptions(settings), versionIndex, step).Run();
 }
 
 }  // namespace build

@@ -6,6 +6,7 @@
 
 #include "build/BuildSettings.h"
 #include "build/BuildStatus.h"
+#include "build/Survey.h"
 #include "model/ModProject.h"
 
 namespace build {
@@ -16,9 +17,10 @@ namespace build {
 /// missing sources and folder scans that find nothing; targets with an unknown folder number; files
 /// that meet at one target or under one stored name. The texts are German and name both places
 /// where two are concerned. Raises tools::Error for settings out of range and an unsafe version
-/// text.
+/// text, and what `step` raises.
 [[nodiscard]] std::vector<BuildMessage> CheckBuild(const model::ModProject& project,
                                                    const BuildSettings& settings,
-                                                   std::int32_t versionIndex);
+                                                   std::int32_t versionIndex,
+                                                   const SurveyStep& step = {});
 
 }  // namespace build

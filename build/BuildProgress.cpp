@@ -26,6 +26,12 @@ void BuildProgress::Report(std::uint64_t files, std::uint64_t bytes) {
 
 void BuildProgress::Finish() { Tell(); }
 
+void BuildProgress::AskLeave() {
+  if (std::chrono::steady_clock::now() - lastTold_ < kInterval) return;
+  lastTold_ = std::chrono::steady_clock::now();
+  status_.OnProgress(progress_);
+}
+
 void BuildProgress::Tell() {
   lastTold_ = std::chrono::steady_clock::now();
   dialogs_.UpdateBusyNotice(notice_, progress_);

@@ -19,6 +19,8 @@ class BuildProgress {
   void Report(std::uint64_t files, std::uint64_t bytes);
   /// Tells the last reported state in any case.
   void Finish();
+  /// Lets the observer stop the build while there is nothing to show yet. May be called often.
+  void AskLeave();
 
  private:
   void Tell();

@@ -45,7 +45,7 @@ class Build {
     if (IsDangerousFileTitle(title_)) {
       throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
-    survey_ = SurveyVersion(environment_.project, version_);
+    survey_ = SurveyVersion(environment_.project, version_, [this] { progress_.AskLeave(); });
     // A wish to stop that came meanwhile counts before anything is deleted.
     progress_.Start(survey_.files, survey_.bytes);
     if (!PrepareOutputFolder()) return false;

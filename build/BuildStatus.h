@@ -50,6 +50,7 @@ class BuildStatus {
   BuildStatus& operator=(const BuildStatus&) = delete;
 
   virtual void OnMessage(const BuildMessage& message) = 0;
+  /// While the files are still being looked for, `filesTotal` is 0.
   virtual void OnProgress(const tools::Progress& progress) = 0;
   /// The last call of a build that was not ended by an error.
   virtual void OnEnd(const BuildSummary& summary) = 0;

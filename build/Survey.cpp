@@ -21,8 +21,11 @@ std::string InComponent(const std::string& title) { return " of component '" + t
 
 class Surveyor {
  public:
-  Surveyor(const model::ModProject& project, std::int32_t version)
-      : project_(project), version_(version), productFolder_(project.ProductFolder()) {}
+  Surveyor(const model::ModProject& project, std::int32_t version, const SurveyStep& step)
+      : project_(project),
+        version_(version),
+        step_(step),
+        productFolder_(project.ProductFolder()) {}
 
   Survey Run() {
     for (const std::int32_t slot : project_.ComponentSlots(version_)) VisitComponent(slot);
@@ -62,6 +65,7 @@ class Surveyor {
   }
 
   void VisitEntry(SurveyedComponent& component, std::int32_t number) {
+    if (step_) step_();
     SurveyedEntry surveyed;
     surveyed.number = number;
     try {
@@ -144,6 +148,7 @@ class Surveyor {
 
   const model::ModProject& project_;
   std::int32_t version_;
+  const SurveyStep& step_;
   std::string productFolder_;
   std::shared_ptr<const tools::SettingsFile> settings_;  ///< of the component that is visited
   const model::SettingReader read_ = [this](std::string_view section, std::string_view key,
@@ -155,9 +160,10 @@ class Surveyor {
 
 }  // namespace
 
-Survey SurveyVersion(const model::ModProject& project, std::int32_t version) {
+Survey SurveyVersion(const model::ModProject& project, std::int32_t version,
+                     const SurveyStep& step) {
   (void)project.VersionFilePath(version);  // raises the error of an unsafe version text
-  return Surveyor(project, version).Run();
+  return Surveyor(project, version, step).Run();
 }
 
 }  // namespace build

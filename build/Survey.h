@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -60,8 +61,12 @@ struct Survey {
   std::uint64_t bytes = 0;
 };
 
+/// Called before each entry; may raise an error to stop.
+using SurveyStep = std::function<void()>;
+
 /// Surveys the version in slot `version`. Raises tools::Error for an unsafe version text and a
-/// version folder that cannot be searched.
-[[nodiscard]] Survey SurveyVersion(const model::ModProject& project, std::int32_t version);
+/// version folder that cannot be searched, and what `step` raises.
+[[nodiscard]] Survey SurveyVersion(const model::ModProject& project, std::int32_t version,
+                                   const SurveyStep& step = {});
 
 }  // namespace build

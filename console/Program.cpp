@@ -84,7 +84,8 @@ build::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t 
 
 ExitCode Check(const model::ModProject& project, const build::BuildSettings& settings,
                std::int32_t version, Report& report) {
-  const std::vector<build::BuildMessage> findings = build::CheckBuild(project, settings, version);
+  const std::vector<build::BuildMessage> findings =
+      build::CheckBuild(project, settings, version, [&report] { report.GoOn(); });
   for (const build::BuildMessage& finding : findings) report.OnMessage(finding);
   report.CheckEnd(findings.size());
   return findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
@@ -126,9 +127,6 @@ ExitCode Build(const model::ModProject& project, const build::BuildSettings& set
                                             .programFolder = surroundings.programFolder};
   try {
     build::BuildSetup(environment, settings, version);
-  } catch (const Interrupted&) {
-    report.Failure("Abgebrochen.");
-    return ExitCode::Stopped;
   } catch (const tools::Error& error) {
     report.Failure(error.what());
     return ExitCode::Stopped;
@@ -169,6 +167,9 @@ ExitCode RunProgram(const std::vector<std::string>& arguments, const Surrounding
   }
   try {
     return Run(*line, surroundings, *report);
+  } catch (const Interrupted&) {
+    report->Failure("Abgebrochen.");
+    return ExitCode::Stopped;
   } catch (const BadCall& bad) {
     report->Failure(bad.text);
   } catch (const tools::Error& error) {

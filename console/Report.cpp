@@ -15,11 +15,16 @@ Report::Report(Streams streams, InterruptTest interrupted)
       lastShown_(begun_) {}
 
 void Report::OnProgress(const tools::Progress& progress) {
-  if (interrupted_()) throw Interrupted();
+  GoOn();
+  if (progress.filesTotal == 0) return;
   const auto now = std::chrono::steady_clock::now();
   if (now - lastShown_ < kProgressInterval) return;
   lastShown_ = now;
   ShowProgress(progress);
+}
+
+void Report::GoOn() const {
+  if (interrupted_()) throw Interrupted();
 }
 
 double Report::SecondsSoFar() const {

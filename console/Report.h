@@ -34,6 +34,8 @@ class Report : public build::BuildStatus {
   void OnProgress(const tools::Progress& progress) override;
   void OnEnd(const build::BuildSummary& summary) override { summary_ = summary; }
 
+  /// Raises Interrupted when the user wants the call to end.
+  void GoOn() const;
   /// The call cannot go on.
   virtual void Failure(const std::string& text) = 0;
   /// What --check found has been reported; `findings` of them.

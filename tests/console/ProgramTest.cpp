@@ -136,6 +136,7 @@ TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_EQ(errors_, "packwright-build: Abgebrochen.\n");
   EXPECT_EQ(FileCount("aus"), 0U);
+  EXPECT_EQ(Build({"--check"}), ExitCode::Stopped);
 }
 
 }  // namespace console
