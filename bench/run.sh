@@ -3,7 +3,7 @@
 # archive sizes. Each figure is the median of some runs that take turns; the data is in the page
 # cache, and what one run has written is on the disk before the next begins.
 #
-#   bench/run.sh [binaries] [small] [large] [settings] [pages] [desktop] [start] [memory]
+#   bench/run.sh [binaries] [small] [large] [huge] [settings] [pages] [desktop] [start] [memory]
 #
 # Without arguments all of them.
 #
@@ -176,6 +176,17 @@ start_bench() {
   env -u QT_QPA_PLATFORM xvfb-run -a out/bench/bin/start_bench
 }
 
+# No comparison: a member of more than 4 GiB, which needs the Zip64 form, read by another program.
+huge_check() {
+  echo "## One file of 5 GiB"
+  mkdir -p "$data/huge"
+  truncate -s 5G "$data/huge/huge.bin"
+  make_product huge
+  rm -rf "$data/out"
+  /usr/bin/time -f '%e s' bash -c "exec $(ours huge)" 2>&1
+  unzip -tqq "$data/out/setup/Bench.zip" && unzip -Zt "$data/out/setup/Bench.zip"
+}
+
 memory_bench() {
   echo "## Peak memory of packwright-build (KB)"
   local name
@@ -188,11 +199,12 @@ memory_bench() {
 }
 
 prepare
-for what in ${*:-binaries small large settings pages desktop start memory}; do
+for what in ${*:-binaries small large huge settings pages desktop start memory}; do
   case $what in
     binaries) make_binaries; folder_bench binaries "350 MB of binaries" ;;
     small) make_small; folder_bench small "13,000 small files" ;;
     large) large_bench ;;
+    huge) huge_check ;;
     settings) settings_bench ;;
     pages) pages_bench ;;
     desktop) desktop_bench ;;

@@ -15,7 +15,7 @@ packages_build="cmake g++ ninja-build libcli11-dev libdeflate-dev libutf8proc-de
 packages_desktop="librsvg2-bin qt6-base-dev qt6-translations-l10n"
 packages_run="qt6-wayland unzip"
 packages_test="libgmock-dev libgtest-dev unzip"
-packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time xauth xvfb zip"
+packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time unzip xauth xvfb zip"
 packages_docs="fonts-dejavu-core"
 packages_ci="appstream clang-format clang-tidy desktop-file-utils dpkg-dev file groff-base
   libxml2-utils shared-mime-info"
