@@ -30,14 +30,17 @@ constexpr std::size_t kDecodeBytes = 65536;
 }  // namespace
 
 // Turns a whole deflate stream into one that goes on, by clearing its final block's final bit.
-// Where that block cannot be found from the end, the blocks before it are decoded: the decoder
-// stops at each boundary; a final block has its final bit cleared there, in the stream and in the
-// bits that the decoder has already taken. The decoder then runs to that block's exact end as well:
-// it waits for another block.
+// Where that block is not found from the end, the blocks before it are decoded: the decoder stops
+// at each boundary; a final block has its final bit cleared there, in the stream and in the bits
+// that the decoder has already taken. The decoder then runs to that block's exact end as well: it
+// waits for another block.
 class BlockDeflater::Continuation {
  public:
-  Continuation() : output_(kDecodeBytes) {
-    if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
+  explicit Continuation(std::size_t maximumBytes)
+      : decompressor_(libdeflate_alloc_decompressor()),
+        whole_(std::make_unique_for_overwrite<char[]>(maximumBytes)),
+        output_(kDecodeBytes) {
+    if (!decompressor_ || inflateInit2(&stream_, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
   }
   ~Continuation() { inflateEnd(&stream_); }
   Continuation(const Continuation&) = delete;
@@ -46,9 +49,13 @@ class BlockDeflater::Continuation {
   // `deflated` has room for kJoinBytes more than its `size`. Returns the new size.
   std::size_t Open(char* deflated, std::size_t size, std::string_view source) {
     Begin(deflated, size);
-    if (const auto place = finder_.Find({deflated, size}, source)) {
-      (void)ClearFinalBit(place->beginBit);
-      return AppendEmptyBlock(place->endBit);
+    if (const auto place = finder_.Find({deflated, size}, source.size())) {
+      const unsigned char lastByte = bytes_[size - 1];
+      ToggleBit(place->beginBit);
+      const std::size_t openSize = AppendEmptyBlock(place->endBit);
+      if (DecodesTo(source, openSize, place->endBit)) return openSize;
+      bytes_[size - 1] = lastByte;
+      ToggleBit(place->beginBit);
     }
     return OpenByDecoding(size, source);
   }
@@ -64,6 +71,20 @@ class BlockDeflater::Continuation {
     }
     if (!source_.empty() || (EndBit() + 7) / 8 != size) Fail();
     return AppendEmptyBlock(EndBit());
+  }
+
+  void ToggleBit(std::size_t position) {
+    bytes_[position / 8] = static_cast<unsigned char>(bytes_[position / 8] ^ 1U << position % 8);
+  }
+
+  // The empty block at the end becomes the final one for as long as this takes.
+  bool DecodesTo(std::string_view source, std::size_t size, std::size_t emptyBlockBit) {
+    ToggleBit(emptyBlockBit);
+    const libdeflate_result result = libdeflate_deflate_decompress(
+        decompressor_.get(), bytes_, size, whole_.get(), source.size(), nullptr);
+    ToggleBit(emptyBlockBit);
+    return result == LIBDEFLATE_SUCCESS &&
+           std::memcmp(whole_.get(), source.data(), source.size()) == 0;
   }
 
   void Begin(char* deflated, std::size_t size) {
@@ -128,7 +149,15 @@ class BlockDeflater::Continuation {
     throw std::logic_error("a deflated block does not decode to its source");
   }
 
+  struct FreeDecompressor {
+    void operator()(libdeflate_decompressor* decompressor) const {
+      libdeflate_free_decompressor(decompressor);
+    }
+  };
+
   LastBlockFinder finder_;
+  std::unique_ptr<libdeflate_decompressor, FreeDecompressor> decompressor_;
+  std::unique_ptr<char[]> whole_;
   z_stream stream_{};
   std::vector<unsigned char> output_;
   unsigned char* bytes_ = nullptr;
@@ -145,7 +174,7 @@ BlockDeflater::BlockDeflater(int level, std::size_t maximumBytes)
   capacity_ = libdeflate_deflate_compress_bound(compressor_.get(), maximumBytes);
   // Not initialised: memory that no source asks for is never touched.
   deflated_ = std::make_unique_for_overwrite<char[]>(capacity_ + kJoinBytes);
-  continuation_ = std::make_unique<Continuation>();
+  continuation_ = std::make_unique<Continuation>(maximumBytes);
 }
 
 BlockDeflater::~BlockDeflater() = default;

@@ -24,9 +24,9 @@ class BlockDeflater {
   [[nodiscard]] std::string_view Deflate(std::string_view source);
 
   /// `source` as a part of a deflate stream that goes on: no block in it is the final one and it
-  /// ends on a byte, so that another deflate stream, or part, can follow. The last of its
-  /// blocks, or all where that one cannot be found alone, have been decoded and found equal to
-  /// `source`. Valid until the next call. Raises std::logic_error when the decoded bytes differ.
+  /// ends on a byte, so that another deflate stream, or part, can follow. The part has been decoded
+  /// and found equal to `source`. Valid until the next call. Raises std::logic_error when the
+  /// decoded bytes differ.
   [[nodiscard]] std::string_view DeflatePart(std::string_view source);
 
  private:

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <new>
-#include <string>
 
 namespace tools {
 
@@ -15,8 +14,8 @@ namespace {
 constexpr std::size_t kDecodeBytes = 65536;
 constexpr std::size_t kWindowBytes = 32768;  // how far back a deflate stream refers
 
-// That much of the source does not come out of a wrong place by chance.
-constexpr std::size_t kCertainBytes = 4096;
+// What begins at a wrong place by chance ends sooner.
+constexpr std::size_t kLikelyBytes = 4096;
 // The search stops there: decoding everything is quicker then.
 constexpr std::size_t kSearchedBytes = 160 * 1024;
 
@@ -60,44 +59,34 @@ bool LooksLikeLastBlock(std::string_view deflated, std::size_t beginBit, std::ui
 
 }  // namespace
 
-LastBlockFinder::LastBlockFinder() : output_(kDecodeBytes) {
+LastBlockFinder::LastBlockFinder() : anything_(kWindowBytes), output_(kDecodeBytes) {
   if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
 }
 
 LastBlockFinder::~LastBlockFinder() { inflateEnd(&stream_); }
 
 std::optional<LastBlockFinder::Place> LastBlockFinder::Find(std::string_view deflated,
-                                                            std::string_view source) {
+                                                            std::size_t sourceBytes) {
   const std::size_t last = deflated.size() < kSearchedBytes ? 0 : deflated.size() - kSearchedBytes;
-  const std::string anything(kWindowBytes, '\0');
   for (std::size_t byte = deflated.size(); byte-- > last;) {
     const std::uint64_t bits = BitsAt(deflated, byte * 8);
     for (std::size_t shift = 8; shift-- > 0;) {
       const std::size_t beginBit = byte * 8 + shift;
       if (!LooksLikeLastBlock(deflated, beginBit, bits >> shift)) continue;
-      // How long it is decides which bytes it may refer back to; any will do to measure it.
-      const auto measured = Decode(deflated, beginBit, anything, {});
-      if (!measured || measured->bytes < kCertainBytes || measured->bytes > source.size()) continue;
-      const std::size_t begin = source.size() - measured->bytes;
-      const std::size_t window = std::min(begin, kWindowBytes);
-      const auto decoded =
-          Decode(deflated, beginBit, source.substr(begin - window, window), source.substr(begin));
-      if (decoded) return Place{beginBit, decoded->endBit};
+      if (const auto place = Decode(deflated, beginBit, sourceBytes)) return place;
     }
   }
   return std::nullopt;
 }
 
-// Decodes one block, which has to be the final one and to end in the stream's last byte; compares
-// with `expected` unless that is empty.
-std::optional<LastBlockFinder::Decoded> LastBlockFinder::Decode(std::string_view deflated,
-                                                                std::size_t beginBit,
-                                                                std::string_view before,
-                                                                std::string_view expected) {
+// Decodes one block, which has to end in the stream's last byte. What it refers back to is unknown
+// here, and does not matter to where it ends.
+std::optional<LastBlockFinder::Place> LastBlockFinder::Decode(std::string_view deflated,
+                                                              std::size_t beginBit,
+                                                              std::size_t maximumBytes) {
   constexpr int kAtBoundary = 128;
   inflateReset(&stream_);
-  inflateSetDictionary(&stream_, reinterpret_cast<const Bytef*>(before.data()),
-                       static_cast<uInt>(before.size()));
+  inflateSetDictionary(&stream_, anything_.data(), static_cast<uInt>(anything_.size()));
   const auto* bytes = reinterpret_cast<const unsigned char*>(deflated.data());
   std::size_t next = beginBit / 8;
   if (const std::size_t taken = beginBit % 8; taken != 0) {
@@ -105,28 +94,21 @@ std::optional<LastBlockFinder::Decoded> LastBlockFinder::Decode(std::string_view
   }
   stream_.next_in = const_cast<Bytef*>(bytes + next);
   stream_.avail_in = static_cast<uInt>(deflated.size() - next);
-  Decoded decoded;
-  do {
+  std::size_t decoded = 0;
+  bool atBoundary = false;
+  while (!atBoundary) {
     stream_.next_out = output_.data();
     stream_.avail_out = static_cast<uInt>(output_.size());
     const int result = inflate(&stream_, Z_BLOCK);
-    const std::size_t count = output_.size() - stream_.avail_out;
-    const bool atBoundary = (stream_.data_type & kAtBoundary) != 0;
+    atBoundary = (stream_.data_type & kAtBoundary) != 0;
     if (result != Z_OK && (result != Z_BUF_ERROR || !atBoundary)) return std::nullopt;
-    if (!expected.empty()) {
-      if (count > expected.size() - decoded.bytes ||
-          std::memcmp(output_.data(), expected.data() + decoded.bytes, count) != 0) {
-        return std::nullopt;
-      }
-    }
-    decoded.bytes += count;
-    if (atBoundary) break;
-  } while (true);
+    decoded += output_.size() - stream_.avail_out;
+    if (decoded > maximumBytes) return std::nullopt;
+  }
   const auto unusedBits = static_cast<std::size_t>(stream_.data_type) & 7U;
-  decoded.endBit = static_cast<std::size_t>(stream_.next_in - bytes) * 8 - unusedBits;
-  if ((decoded.endBit + 7) / 8 != deflated.size()) return std::nullopt;
-  if (!expected.empty() && decoded.bytes != expected.size()) return std::nullopt;
-  return decoded;
+  const std::size_t endBit = static_cast<std::size_t>(stream_.next_in - bytes) * 8 - unusedBits;
+  if (decoded < kLikelyBytes || (endBit + 7) / 8 != deflated.size()) return std::nullopt;
+  return Place{beginBit, endBit};
 }
 
 }  // namespace tools

@@ -13,7 +13,7 @@ namespace tools {
 /// A deflate stream does not say where its blocks begin: they are found by decoding it. To find the
 /// last one alone, this looks for it from the stream's end: a place that reads as the header of a
 /// final block with Huffman codes of its own (RFC 1951, 3.2.7), whose data ends where the stream
-/// ends and decodes to the last bytes of the source.
+/// ends. No other place looks like that by chance, but only decoding the stream proves it.
 ///
 /// Not for use by several threads at a time.
 class LastBlockFinder {
@@ -29,20 +29,16 @@ class LastBlockFinder {
     std::size_t endBit = 0;    ///< behind the block
   };
 
-  /// `source` is what the whole stream decodes to. Gives nothing where no place is certain: the
-  /// last block is of another kind, or too short or too far from the end.
-  [[nodiscard]] std::optional<Place> Find(std::string_view deflated, std::string_view source);
+  /// `sourceBytes` is how much the whole stream decodes to. Gives nothing where no place is likely:
+  /// the last block is of another kind, or too short or too far from the end.
+  [[nodiscard]] std::optional<Place> Find(std::string_view deflated, std::size_t sourceBytes);
 
  private:
-  struct Decoded {
-    std::size_t bytes = 0;
-    std::size_t endBit = 0;
-  };
-
-  [[nodiscard]] std::optional<Decoded> Decode(std::string_view deflated, std::size_t beginBit,
-                                              std::string_view before, std::string_view expected);
+  [[nodiscard]] std::optional<Place> Decode(std::string_view deflated, std::size_t beginBit,
+                                            std::size_t maximumBytes);
 
   z_stream stream_{};
+  std::vector<unsigned char> anything_;
   std::vector<unsigned char> output_;
 };
 

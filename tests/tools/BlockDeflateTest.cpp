@@ -24,24 +24,23 @@ TEST(BlockDeflateTest, PartsOfAnyEndJoinToOneStream) {
   EXPECT_TRUE(tests::Inflate(stream, source.size() + 7) == source + "the end");
 }
 
-TEST(BlockDeflateTest, TheLastBlockIsOnlyFoundWhereItIsCertain) {
+TEST(BlockDeflateTest, TheLastBlockIsOnlyFoundWhereItIsLikely) {
   BlockDeflater deflater(6, 1U << 20U);
   LastBlockFinder finder;
   for (unsigned seed = 1; seed <= 20; ++seed) {
-    std::string source = tests::WordBytes(20'000 * seed, seed);
+    const std::string source = tests::WordBytes(20'000 * seed, seed);
     const std::string stream(deflater.Deflate(source));
-    const auto place = finder.Find(stream, source);
+    const auto place = finder.Find(stream, source.size());
     ASSERT_TRUE(place) << seed;
     EXPECT_EQ((static_cast<unsigned char>(stream[place->beginBit / 8]) >> place->beginBit % 8) & 1,
               1);
     EXPECT_EQ((place->endBit + 7) / 8, stream.size());
-    EXPECT_FALSE(finder.Find(stream.substr(0, stream.size() - 1), source));
-    source.back() ^= 1;
-    EXPECT_FALSE(finder.Find(stream, source));
+    EXPECT_FALSE(finder.Find(stream.substr(0, stream.size() - 1), source.size()));
+    EXPECT_FALSE(finder.Find(stream, 4000));
   }
   for (const std::string& source :
        {tests::RandomBytes(50'000), std::string(), tests::WordBytes(300)}) {
-    EXPECT_FALSE(finder.Find(deflater.Deflate(source), source));
+    EXPECT_FALSE(finder.Find(deflater.Deflate(source), source.size()));
   }
 }
 
