@@ -7,7 +7,8 @@
 #
 # Without arguments all of them.
 #
-# Data and results go to $PACKWRIGHT_BENCH_DIR (out/bench-data), about 9 GB for everything.
+# Data and results go to $PACKWRIGHT_BENCH_DIR (out/bench-data), about 9 GB for everything;
+# a file of 5 GiB also goes through the system's temporary folder.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 runs=${PACKWRIGHT_BENCH_RUNS:-5}

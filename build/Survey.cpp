@@ -75,7 +75,6 @@ class Surveyor {
       if (entry.Exclude == 1) return;
       SourceList list = ListSources(entry, productFolder_);
       if (list.fault != SourceFault::None) AddProblem(surveyed.problem, list);
-      for (const std::string& path : list.paths) Measure(path);
       for (const std::string& path : list.links) AddLinkedLocation(path);
       surveyed.sources = std::move(list.paths);
     } catch (const tools::Error& error) {
@@ -85,6 +84,10 @@ class Surveyor {
                  "File " + std::to_string(number) + InComponent(component.title) +
                      " is left out: " + error.what(),
                  error.what());
+    }
+    for (const std::string& path : surveyed.sources) {
+      if (step_) step_();
+      Measure(path);
     }
     component.entries.push_back(std::move(surveyed));
   }

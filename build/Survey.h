@@ -61,7 +61,7 @@ struct Survey {
   std::uint64_t bytes = 0;
 };
 
-/// Called before each entry; may raise an error to stop.
+/// Called before each entry and each file; may raise an error to stop.
 using SurveyStep = std::function<void()>;
 
 /// Surveys the version in slot `version`. Raises tools::Error for an unsafe version text and a

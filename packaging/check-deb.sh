@@ -18,7 +18,7 @@ cpack -G DEB --config out/release/CPackConfig.cmake -B "$work"
 package=$(ls "$work"/packwright_*.deb)
 dpkg-deb --info "$package"
 
-# What the programs link must be named as dependencies; Qt's SVG reader is the one easily missed.
+# What the programs link must be named as dependencies.
 depends=$(dpkg-deb --field "$package" Depends)
 for library in libc6 libdeflate0 libqt6widgets6 libutf8proc2; do
   case $depends in

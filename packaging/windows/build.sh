@@ -5,8 +5,8 @@
 #   build.sh      gives the folder out/windows/packwright and out/windows/packwright-VERSION-win64.zip of it
 #
 # Everything is kept in out/windows, and Qt for Windows in a cache folder (see qt.sh); what is there
-# already is not made again. On two processors the first run takes about 45 minutes, 25 of them for
-# Qt, and a run after a small change two or three.
+# already is not made again. On two processors the first run takes 20 to 30 minutes, most of them for
+# Qt, one with Qt in the cache four, and one after a small change one.
 set -eu
 cd "$(dirname "$0")/../.."
 

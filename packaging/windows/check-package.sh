@@ -9,7 +9,10 @@ package=$1
 # shellcheck source=packaging/windows/wine.sh
 . packaging/windows/wine.sh
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+program=""
+trap '[ -z "$program" ] || kill $program 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'exit 130' INT # which runs the one above
+trap 'exit 143' TERM HUP
 
 fail() {
   echo "check-package: $1" >&2
@@ -18,7 +21,10 @@ fail() {
 
 # Every DLL that a file of the package wants is in the package or belongs to Windows.
 for file in "$package"/*.exe "$package"/*.dll "$package"/*/*.dll; do
-  for library in $(x86_64-w64-mingw32-objdump -p "$file" | sed -n 's/^\tDLL Name: //p'); do
+  libraries=$(x86_64-w64-mingw32-objdump -p "$file") || fail "$(basename "$file") cannot be read"
+  libraries=$(echo "$libraries" | sed -n 's/^\tDLL Name: //p')
+  [ -n "$libraries" ] || fail "$(basename "$file") wants no DLL at all"
+  for library in $libraries; do
     case $library in api-ms-win-*) continue ;; esac # names that Windows itself resolves
     [ -f "$package/$library" ] ||
       [ -f "$WINEPREFIX/drive_c/windows/system32/$(echo "$library" | tr '[:upper:]' '[:lower:]')" ] ||
@@ -53,3 +59,4 @@ program=$!
 sleep 5
 kill -0 $program 2>/dev/null || fail "packwright.exe ended at once"
 kill $program
+program=""

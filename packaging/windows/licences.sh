@@ -23,7 +23,8 @@ Everything was built from the source packages of Debian 12, in the versions name
 had from Debian's archive of source packages at any time.
 
 END
-add qt qt6-base-dev-tools "$qt/copyright" "Qt6*.dll, platforms, styles, translations"
+add qt qt6-base-dev-tools "$qt/copyright" "Qt6*.dll, platforms, styles"
+add qt-translations qt6-translations-l10n $doc/qt6-translations-l10n/copyright "translations"
 add gcc-runtime gcc-mingw-w64-x86-64-posix-runtime $doc/gcc-mingw-w64-x86-64-posix-runtime/copyright \
   "libstdc++-6.dll, libgcc_s_seh-1.dll"
 add mingw-w64 mingw-w64-x86-64-dev $doc/mingw-w64-x86-64-dev/copyright \

@@ -13,6 +13,11 @@ setup=$2
 
 product=$PWD/examples/packwright/Packwright.product
 version=$(sed -n 's/^Ver1=//p' "$product")
+built=$($wine "$package/packwright-build.exe" --version | tr -d '\r')
+[ "$built" = "packwright-build $version" ] || {
+  echo "pack-itself: examples/packwright describes $version, the program is $built" >&2
+  exit 1
+}
 $wine "$package/packwright-build.exe" "$(windows_path "$product")" "$version" --json --overwrite \
   --output "$(windows_path "$setup")" | tee "$setup.json" | tail -n 1
 grep -q '"errors":0' "$setup.json" && grep -q '"warnings":0' "$setup.json" || {

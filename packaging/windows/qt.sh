@@ -1,7 +1,7 @@
 #!/bin/sh
 # Cross-builds Qt for Windows as DLLs from Debian's source packages, once, into a cache folder that
-# checkouts share, and says on standard output where it lies. On two processors this takes about
-# 20 minutes and 3 GB while it builds; 70 MB stay.
+# checkouts share, and says on standard output where it lies. On two processors this takes 15 to 25
+# minutes, and 3 GB while it builds; 70 MB stay.
 #
 #   qt.sh      ~/.cache/packwright/qt-VERSION is used, or $PACKWRIGHT_CACHE/qt-VERSION
 #
@@ -12,6 +12,9 @@ root=$PWD
 cache=${PACKWRIGHT_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/packwright}
 version=$(dpkg-query -W -f '${source:Upstream-Version}' qt6-base-dev-tools | sed 's/+.*//')
 qt=$cache/qt-$version-mingw
+mkdir -p "$cache"
+exec 9>"$cache/lock" # checkouts share the cache
+flock 9
 if [ -f "$qt/complete" ]; then
   echo "$qt"
   exit 0
@@ -46,9 +49,9 @@ build_base() {
     -DFEATURE_direct2d1_1=OFF
 }
 
-echo "Building Qt $version for Windows, once (about 20 minutes)" >&2
-exec 3>&1 >"$log" 2>&1
-trap 'tail -n 50 "$log" >&3; echo "Qt cannot be built; all output is in $log" >&3' EXIT
+echo "Building Qt $version for Windows, once (15 to 25 minutes)" >&2
+exec 3>&1 4>&2 >"$log" 2>&1
+trap 'tail -n 50 "$log" >&4; echo "Qt cannot be built; all output is in $log" >&4' EXIT
 [ -f "$sources/fetched" ] || packaging/windows/debian-source.sh "$sources" qt6-base
 touch "$sources/fetched"
 source=$(echo "$sources"/qt6-base-[0-9]*/)

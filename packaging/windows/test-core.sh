@@ -19,5 +19,7 @@ cmake --build --preset windows
 # shellcheck source=packaging/windows/wine.sh
 . packaging/windows/wine.sh
 trap end_wine EXIT
+trap 'exit 130' INT # which runs the one above
+trap 'exit 143' TERM HUP
 use_wine ""
 ctest --preset windows -j "$(nproc)" "$@"

@@ -14,7 +14,9 @@ shift
 display_file=$(mktemp)
 Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$display_file" >/dev/null 2>&1 &
 xvfb=$!
-trap 'end_wine; kill $xvfb; rm -f "$display_file"' EXIT
+trap 'end_wine; kill $xvfb 2>/dev/null || true; rm -f "$display_file"' EXIT
+trap 'exit 130' INT # which runs the one above
+trap 'exit 143' TERM HUP
 for _ in $(seq 100); do
   [ ! -s "$display_file" ] || break
   sleep 0.1
