@@ -24,9 +24,9 @@ constexpr std::size_t kMebibyte = 1U << 20U;
 // Each takes about 10 MiB: more would break the promise of bounded memory on large machines.
 constexpr int kMaximumThreads = 8;
 constexpr std::size_t kWaitingJobs = 512;
-constexpr std::size_t kWaitingBytes = 8 * kMebibyte;
+constexpr std::size_t kWaitingBytes = 6 * kMebibyte;
 // Outcomes that may wait for their turn, beyond the blocks that the threads work on.
-constexpr std::size_t kHeldBytes = 8 * kMebibyte;
+constexpr std::size_t kHeldBytes = 4 * kMebibyte;
 
 std::size_t BlockBytes(const ArchiveOptions& options) {
   return static_cast<std::size_t>(std::clamp(options.blockMegabytes, 1, 8)) * kMebibyte;
