@@ -1,13 +1,12 @@
 #include "model/TextTable.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
 namespace model {
 
 namespace {
-
-constexpr std::int32_t kFirstText = 200;
 
 struct NumberedText {
   std::int32_t number;
@@ -20,20 +19,21 @@ constexpr std::array kTexts{
 #undef PACKWRIGHT_TEXT
 };
 
-constexpr bool NumbersAreConsecutive() {
-  for (std::size_t i = 0; i < kTexts.size(); ++i) {
-    if (kTexts[i].number != kFirstText + static_cast<std::int32_t>(i)) return false;
+constexpr bool NumbersAscend() {
+  for (std::size_t i = 1; i < kTexts.size(); ++i) {
+    if (kTexts[i].number <= kTexts[i - 1].number) return false;
   }
   return true;
 }
-static_assert(NumbersAreConsecutive(), "a number is missing, doubled or out of order");
+static_assert(NumbersAscend(), "a number is doubled or out of order");
 
 }  // namespace
 
 std::string LoadText(std::int32_t number) {
-  if (number < kFirstText) return {};
-  const auto index = static_cast<std::size_t>(number - kFirstText);
-  return index < kTexts.size() ? kTexts[index].text : std::string{};
+  const auto found = std::lower_bound(
+      kTexts.begin(), kTexts.end(), number,
+      [](const NumberedText& text, std::int32_t wanted) { return text.number < wanted; });
+  return found != kTexts.end() && found->number == number ? found->text : std::string{};
 }
 
 }  // namespace model

@@ -6,7 +6,7 @@
 
 namespace model {
 
-/// Text `number` of the table (200 to 397); empty for any other number.
+/// Text `number` of the table; empty for a number that the table does not have.
 [[nodiscard]] std::string LoadText(std::int32_t number);
 
 }  // namespace model
