@@ -9,7 +9,6 @@
 
 #include "grid/PropertyRows.h"
 #include "grid/frmEditProperty.h"
-#include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
@@ -27,21 +26,17 @@ namespace {
 
 constexpr int kBesideColumns = 22;  // pixels for a scroll bar and the frame
 
-constexpr std::int32_t kTextProperties = 225;
-constexpr std::int32_t kTextNotEditable = 239;
-constexpr std::int32_t kTextEditCaption = 240;
-constexpr std::int32_t kTextPrompt = 241;
-
 }  // namespace
 
-ctlPropertyEditor::ctlPropertyEditor(tools::Dialogs& dialogs, QWidget* parent)
+ctlPropertyEditor::ctlPropertyEditor(tools::Dialogs& dialogs, GridTexts texts, QWidget* parent)
     : QWidget(parent),
       dialogs_(dialogs),
+      texts_(std::move(texts)),
       rows_(new PropertyRows(this)),
       lsvProps_(new QTreeView(this)) {
   setFont(tools::FormFont());
   lsvProps_->setObjectName(u"lsvProps"_s);
-  lsvProps_->setAccessibleName(ToQString(model::LoadText(kTextProperties)));
+  lsvProps_->setAccessibleName(texts_.accessibleName);
   lsvProps_->setModel(rows_);
   lsvProps_->installEventFilter(this);
   lsvProps_->viewport()->installEventFilter(this);
@@ -160,19 +155,20 @@ void ctlPropertyEditor::EditRow(const QModelIndex& index) {
 }
 
 QString ctlPropertyEditor::AskForValue(const QString& key, const QString& value) {
-  const std::string title = ToUtf8(rows_->At(ExistingRow(key)).title);
-  frmEditProperty dialog(window());
+  const QString title = rows_->At(ExistingRow(key)).title;
+  frmEditProperty dialog(texts_, window());
   dialog.SetEnableDefaultValue(false);
   dialog.SetValue(value);
-  dialog.SetPrompt(ToQString(tools::ReplaceAll(model::LoadText(kTextPrompt), "%property%", title)));
+  QString prompt = texts_.prompt;
+  dialog.SetPrompt(prompt.replace(u"%property%"_s, title));
   dialog.exec();
   if (!dialog.Apply()) return GetProperty(key);
   return ToQString(tools::TrimBlanks(ToUtf8(dialog.Value())));
 }
 
 void ctlPropertyEditor::ShowNotEditable() {
-  dialogs_.ShowMessage({.text = model::LoadText(kTextNotEditable),
-                        .caption = model::LoadText(kTextEditCaption),
+  dialogs_.ShowMessage({.text = ToUtf8(texts_.notEditable),
+                        .caption = ToUtf8(texts_.editCaption),
                         .icon = tools::MessageIcon::Exclamation,
                         .buttons = tools::MessageButtons::Ok,
                         .defaultAnswer = tools::MessageAnswer::Ok});

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "grid/EditReaction.h"
+#include "grid/GridTexts.h"
 #include "tools/Dialogs.h"
 
 class QTreeView;
@@ -31,7 +32,7 @@ class ctlPropertyEditor : public QWidget {
   using PropertyChangedHandler = std::function<void(const QString& key, const QString& newValue)>;
 
   /// `dialogs` shows the grid's messages and must outlive it.
-  explicit ctlPropertyEditor(tools::Dialogs& dialogs, QWidget* parent = nullptr);
+  ctlPropertyEditor(tools::Dialogs& dialogs, GridTexts texts, QWidget* parent = nullptr);
 
   /// The host's handlers of the events EditProperty and PropertyChanged. They are not signals
   /// because they may raise errors, which Qt does not let through a signal: the error ends the edit
@@ -105,6 +106,7 @@ class ctlPropertyEditor : public QWidget {
   void PassOnMouse(const QEvent& event);
 
   tools::Dialogs& dialogs_;
+  GridTexts texts_;
   PropertyRows* rows_;
   QTreeView* lsvProps_;
   EditPropertyHandler onEditProperty_;

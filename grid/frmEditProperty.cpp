@@ -8,28 +8,19 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "model/TextTable.h"
 #include "tools/desktop/FormStyle.h"
-#include "tools/desktop/QtText.h"
 
 namespace grid {
 
 using namespace Qt::StringLiterals;
-using model::LoadText;
-using tools::ToQString;
 
 namespace {
 
 constexpr int kTextBoxWidth = 360;  // pixels at least
 
-constexpr std::int32_t kTextCaption = 240;
-constexpr std::int32_t kTextReset = 390;
-constexpr std::int32_t kTextOldValue = 391;
-constexpr std::int32_t kTextNewValue = 392;
-
 }  // namespace
 
-frmEditProperty::frmEditProperty(QWidget* parent)
+frmEditProperty::frmEditProperty(const GridTexts& texts, QWidget* parent)
     : QDialog(parent),
       cmdReset_(new QPushButton(this)),
       txtNewValue_(new QLineEdit(this)),
@@ -50,18 +41,18 @@ frmEditProperty::frmEditProperty(QWidget* parent)
     textBox->setMinimumWidth(kTextBoxWidth);
   }
   txtOldValue_->setReadOnly(true);
-  LoadTexts();
+  ShowTexts(texts);
   LayOut();
   connect(cmdReset_, &QPushButton::clicked, this, &frmEditProperty::Reset);
   connect(cmdOK_, &QPushButton::clicked, this, &frmEditProperty::Confirm);
   connect(cmdCancel_, &QPushButton::clicked, this, &frmEditProperty::reject);
 }
 
-void frmEditProperty::LoadTexts() {
-  setWindowTitle(ToQString(LoadText(kTextCaption)));
-  cmdReset_->setText(ToQString(LoadText(kTextReset)));
-  lblOldValue_->setText(ToQString(LoadText(kTextOldValue)));
-  lblNewValue_->setText(ToQString(LoadText(kTextNewValue)));
+void frmEditProperty::ShowTexts(const GridTexts& texts) {
+  setWindowTitle(texts.editCaption);
+  cmdReset_->setText(texts.reset);
+  lblOldValue_->setText(texts.oldValue);
+  lblNewValue_->setText(texts.newValue);
   lblOldValue_->setBuddy(txtOldValue_);
   lblNewValue_->setBuddy(txtNewValue_);
   lblPrompt_->setTextFormat(Qt::PlainText);  // it holds a title, which may look like HTML

@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include "grid/GridTexts.h"
+
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -18,7 +20,7 @@ class frmEditProperty : public QDialog {
   Q_OBJECT
 
  public:
-  explicit frmEditProperty(QWidget* parent = nullptr);
+  explicit frmEditProperty(const GridTexts& texts, QWidget* parent = nullptr);
 
   /// True after OK; false before, after Cancel and after the close box.
   [[nodiscard]] bool Apply() const { return apply_; }
@@ -48,7 +50,7 @@ class frmEditProperty : public QDialog {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void LoadTexts();
+  void ShowTexts(const GridTexts& texts);
   void LayOut();
   void Fill();
   void Reset();

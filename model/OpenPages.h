@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace model {
 
@@ -13,6 +14,8 @@ class OpenPage {
   OpenPage(const OpenPage&) = delete;
   OpenPage& operator=(const OpenPage&) = delete;
 
+  /// The caption that the user knows the page by.
+  [[nodiscard]] virtual std::string Title() const = 0;
   /// Writes the page's state to the settings, all of it or nothing. Raises tools::Error.
   virtual void ApplyChanges() = 0;
   /// True when the page holds changes that are not in the settings.

@@ -17,8 +17,6 @@ class EditorPage : public QWidget, public model::OpenPage {
  public:
   explicit EditorPage(QWidget* parent) : QWidget(parent) {}
 
-  /// The tab's caption.
-  [[nodiscard]] virtual std::string Title() const = 0;
   /// The page's capability of that number; no page has any.
   [[nodiscard]] virtual int GetCaps(int /*capability*/) const { return 0; }
   /// Loads the controls from the settings.

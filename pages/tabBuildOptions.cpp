@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "pages/GridKeys.h"
+#include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/Numbers.h"
 #include "tools/desktop/FormStyle.h"
@@ -96,7 +96,7 @@ void tabBuildOptions::BuildConfiguration() {
   cmbConfiguration->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   cmbConfiguration->addItems({Text(339), Text(340)});
   lblConfiguration->setBuddy(cmbConfiguration);
-  propsConfig = new grid::ctlPropertyEditor(services_.dialogs);
+  propsConfig = MakeGrid(services_.dialogs);
   propsConfig->setObjectName(u"propsConfig"_s);
   propsConfig->setAccessibleName(fraConfiguration->title());
   propsConfig->SetShowTooltips(true);
@@ -118,7 +118,6 @@ void tabBuildOptions::ConnectEvents() {
     if (key == kNameRow) reaction = EditReaction::NotEditable;
   });
   propsConfig->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
-  EditOnKeys(*propsConfig, services_.dialogs);
 }
 
 std::string tabBuildOptions::Title() const { return model::LoadText(231); }

@@ -16,7 +16,7 @@
 
 #include "model/FileEntryFields.h"
 #include "model/FolderTable.h"
-#include "pages/GridKeys.h"
+#include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/FileInformation.h"
 #include "tools/Files.h"
@@ -117,7 +117,7 @@ void tabFileList::BuildBrowser() {
 
 void tabFileList::BuildProperties() {
   fraFileProps = Named(new QGroupBox(Text(250)), u"fraFileProps"_s);
-  propsFile = Named(new grid::ctlPropertyEditor(services_.dialogs), u"propsFile"_s);
+  propsFile = Named(MakeGrid(services_.dialogs), u"propsFile"_s);
   propsFile->setAccessibleName(fraFileProps->title());
   propsFile->SetShowTooltips(true);
   propsFile->setEnabled(false);
@@ -159,7 +159,6 @@ void tabFileList::ConnectEvents() {
   });
   propsFile->OnPropertyChanged(
       [this](const QString& name, const QString& text) { ChangeProperty(name, text); });
-  EditOnKeys(*propsFile, dialogs);
 }
 
 void tabFileList::FillDestinationFolders() {

@@ -2,7 +2,7 @@
 
 #include <QVBoxLayout>
 
-#include "pages/GridKeys.h"
+#include "pages/PageGrid.h"
 #include "pages/PageText.h"
 
 namespace pages {
@@ -22,7 +22,7 @@ constexpr StoredRow kHomepage{.name = "AuthorHomepage", .key = "AuthorHomepage"}
 }  // namespace
 
 tabProductDetails::tabProductDetails(const PageServices& services, QWidget* parent)
-    : EditorPage(parent), propsProduct(new grid::ctlPropertyEditor(services.dialogs, this)) {
+    : EditorPage(parent), propsProduct(MakeGrid(services.dialogs, this)) {
   propsProduct->setObjectName(QStringLiteral("propsProduct"));
   propsProduct->setAccessibleName(Text(234));
   auto* layout = new QVBoxLayout(this);
@@ -30,7 +30,6 @@ tabProductDetails::tabProductDetails(const PageServices& services, QWidget* pare
   layout->addWidget(propsProduct);
   setFocusProxy(propsProduct);
   propsProduct->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
-  EditOnKeys(*propsProduct, services.dialogs);
   connect(propsProduct, &grid::ctlPropertyEditor::MouseMove, this,
           [this] { StatusTextChanged(model::LoadText(244)); });
 }

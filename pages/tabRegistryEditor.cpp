@@ -16,7 +16,7 @@
 #include <functional>
 #include <set>
 
-#include "pages/GridKeys.h"
+#include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
@@ -123,7 +123,7 @@ void tabRegistryEditor::BuildSubkeys() {
 void tabRegistryEditor::BuildValues() {
   fraValues = new QGroupBox(Text(378));
   fraValues->setObjectName(u"fraValues"_s);
-  propRegValues = new grid::ctlPropertyEditor(dialogs_);
+  propRegValues = MakeGrid(dialogs_);
   propRegValues->setObjectName(u"propRegValues"_s);
   propRegValues->setAccessibleName(fraValues->title());
   propRegValues->SetShowTooltips(true);
@@ -156,7 +156,6 @@ void tabRegistryEditor::ConnectEvents() {
   propRegValues->OnEditProperty([](const QString& key, QString& value, EditReaction&) {
     if (ToUtf8(key) == kDefaultValue && value == Text(kNotSet)) value.clear();
   });
-  EditOnKeys(*propRegValues, dialogs_);
 }
 
 std::string tabRegistryEditor::Title() const { return LoadText(235); }

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "pages/GridKeys.h"
+#include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/Versions.h"
 
@@ -53,13 +53,12 @@ void tabVersionDetails::BuildNumber(QHBoxLayout& layout) {
 void tabVersionDetails::BuildProperties(tools::Dialogs& dialogs) {
   fraProperties = new QGroupBox(Text(245));
   fraProperties->setObjectName(QStringLiteral("fraProperties"));
-  propsVersion = new grid::ctlPropertyEditor(dialogs, fraProperties);
+  propsVersion = MakeGrid(dialogs, fraProperties);
   propsVersion->setObjectName(QStringLiteral("propsVersion"));
   propsVersion->setAccessibleName(Text(245));
   auto* layout = new QVBoxLayout(fraProperties);
   layout->addWidget(propsVersion);
   propsVersion->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
-  EditOnKeys(*propsVersion, dialogs);
 }
 
 std::string tabVersionDetails::Title() const { return model::LoadText(238); }

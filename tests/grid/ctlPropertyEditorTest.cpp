@@ -13,6 +13,14 @@ using grid::EditReaction;
 
 namespace {
 
+const grid::GridTexts kTexts{.accessibleName = "Eigenschaften",
+                             .notEditable = "Dieser Wert kann nicht bearbeitet werden.",
+                             .editCaption = "Eigenschaft ändern",
+                             .prompt = "Neuer Wert für \"%property%\":",
+                             .oldValue = "Alter Wert:",
+                             .newValue = "Neuer Wert:",
+                             .reset = "Standard"};
+
 /// A grid with two rows that writes down its changes.
 struct Fixture {
   Fixture() {
@@ -33,7 +41,7 @@ struct Fixture {
   void DoubleClick(int row) const { tests::DoubleClick(List(), Cell(row, 1)); }
 
   ScriptedDialogs dialogs;
-  ctlPropertyEditor grid{dialogs};
+  ctlPropertyEditor grid{dialogs, kTexts};
   QStringList changes;
 };
 
@@ -77,7 +85,7 @@ class ctlPropertyEditorTest : public QObject {
     script.Expect<QWidget>("frmEditProperty", [](QWidget& dialog) {
       Type(Child(dialog, "txtNewValue"), "  abc  ");
       QTest::keyClick(&dialog, Qt::Key_Return);
-      QCOMPARE(Shown(dialog, "lblPrompt"), "Geben Sie den neuen Wert für \"Zielordner\" ein:");
+      QCOMPARE(Shown(dialog, "lblPrompt"), "Neuer Wert für \"Zielordner\":");
     });
     f.DoubleClick(0);
     QVERIFY(Rows(f.List()).startsWith("Zielordner=abc|"));

@@ -26,7 +26,13 @@ struct Fixture {
     Activate(dialog);
   }
 
-  grid::frmEditProperty dialog;
+  grid::frmEditProperty dialog{{.accessibleName = "",
+                                .notEditable = "",
+                                .editCaption = "Eigenschaft ändern",
+                                .prompt = "",
+                                .oldValue = "Alter Wert:",
+                                .newValue = "Neuer Wert:",
+                                .reset = "Standard"}};
   QLineEdit& newValue = Child<QLineEdit>(dialog, "txtNewValue");
 };
 

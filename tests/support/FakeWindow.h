@@ -14,6 +14,7 @@
 namespace tests {
 
 struct FakePage : model::OpenPage {
+  std::string Title() const override { return "Probe"; }
   void ApplyChanges() override {
     ++applied;
     if (!failure.empty()) throw std::runtime_error(failure);
