@@ -4,7 +4,7 @@
 #include "console/Platform.h"
 #include "tools/Path.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 // The shell's header wants the system's before it.
 #include <shellapi.h>
 

@@ -3,7 +3,7 @@
 
 #include "tools/Clock.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 
 namespace tools {
 

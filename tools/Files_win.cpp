@@ -8,6 +8,7 @@
 #include "tools/Path.h"
 #include "tools/WindowsApi.h"
 #include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 
 namespace tools {
 

@@ -4,7 +4,7 @@
 #include "tools/Error.h"
 #include "tools/Registry.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 
 namespace tools {
 

@@ -14,6 +14,7 @@
 #include "tools/Path.h"
 #include "tools/SpecialFolders.h"
 #include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 
 namespace tools {
 

@@ -6,10 +6,6 @@
 
 namespace tools {
 
-/// UTF-8 to UTF-16 and back.
-[[nodiscard]] std::wstring ToWide(std::string_view utf8);
-[[nodiscard]] std::string FromWide(std::wstring_view wide);
-
 /// `utf8` as an absolute path behind the prefix "\\?\" (or "\\?\UNC\"), "." and ".." taken out: the
 /// system then takes it as it is, whatever its length, and names may end in dots and blanks.
 [[nodiscard]] std::wstring LongPath(std::string_view utf8);

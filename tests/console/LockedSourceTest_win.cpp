@@ -7,7 +7,7 @@
 #include "console/Platform.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 
 namespace console {
 namespace {

@@ -6,7 +6,7 @@
 #include "tools/Files.h"
 #include "tools/Text.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 
 namespace tools {
 

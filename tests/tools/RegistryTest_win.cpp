@@ -2,7 +2,7 @@
 #include "tools/Guid.h"
 #include "tools/Registry.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsPath.h"
+#include "tools/WindowsText.h"
 
 namespace tools {
 
