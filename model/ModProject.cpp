@@ -22,12 +22,16 @@ constexpr std::string_view kCount = "Count";
 constexpr std::string_view kComponentWord = "component";
 constexpr std::string_view kComponentEnding = ".component";
 
-std::int32_t SlotCount(const std::string& text) {
+/// The number in `text`, the value of "Count" in this section of the file at `path`.
+std::int32_t SlotCount(const std::string& text, std::string_view section, const std::string& path) {
+  std::int32_t count = -1;
   try {
-    return std::max(tools::ToInt32(text), 0);
-  } catch (const tools::Error&) {
-    return 0;
+    count = tools::ToInt32(text);
+  } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): told below, with file and key
   }
+  if (count >= 0) return count;
+  throw tools::Error("Die Anzahl ist ungültig: " + path + " ([" + std::string(section) +
+                     "] Count=" + text + ")");
 }
 
 std::string ComponentFileName(std::int32_t component) {
@@ -89,10 +93,8 @@ void ModProject::WriteProductSetting(std::string_view section, std::string_view 
 std::string ModProject::ReadVersionSetting(std::int32_t version, std::string_view section,
                                            std::string_view key,
                                            std::string_view defaultValue) const {
-  const std::string text = VersionString(version);
-  if (!IsOpen() || !IsSafeVersionText(text)) return std::string(defaultValue);
-  return settings_.Read(tools::JoinPath(VersionFolder(text), kVersionFileName), section, key,
-                        defaultValue);
+  if (!IsOpen()) return std::string(defaultValue);
+  return settings_.Read(VersionFilePath(version), section, key, defaultValue);
 }
 
 void ModProject::WriteVersionSetting(std::int32_t version, std::string_view section,
@@ -103,10 +105,8 @@ void ModProject::WriteVersionSetting(std::int32_t version, std::string_view sect
 std::string ModProject::ReadComponentSetting(std::int32_t version, std::int32_t component,
                                              std::string_view section, std::string_view key,
                                              std::string_view defaultValue) const {
-  const std::string text = VersionString(version);
-  if (!IsOpen() || !IsSafeVersionText(text)) return std::string(defaultValue);
-  return settings_.Read(tools::JoinPath(VersionFolder(text), ComponentFileName(component)), section,
-                        key, defaultValue);
+  if (!IsOpen()) return std::string(defaultValue);
+  return settings_.Read(ComponentFilePath(version, component), section, key, defaultValue);
 }
 
 void ModProject::WriteComponentSetting(std::int32_t version, std::int32_t component,
@@ -140,7 +140,7 @@ void ModProject::SetProductTitle(std::string_view title) {
 }
 
 std::int32_t ModProject::VersionCount() const {
-  return SlotCount(ReadProductSetting(kVersions, kCount, "0"));
+  return SlotCount(ReadProductSetting(kVersions, kCount, "0"), kVersions, productPath_);
 }
 
 std::string ModProject::VersionString(std::int32_t version) const {
@@ -160,7 +160,8 @@ std::vector<std::int32_t> ModProject::VersionSlots() const {
 }
 
 std::int32_t ModProject::ComponentCount(std::int32_t version) const {
-  return SlotCount(ReadVersionSetting(version, kComponents, kCount, "0"));
+  return SlotCount(ReadVersionSetting(version, kComponents, kCount, "0"), kComponents,
+                   VersionFilePath(version));
 }
 
 std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t component) const {

@@ -39,8 +39,9 @@ class ModProject {
   /// True when the file says that it has the format this program reads.
   [[nodiscard]] bool HasKnownFormat(const std::string& productPath) const;
 
-  // Reads never fail: what is absent gives the default. Writes do nothing while no product is open
-  // and raise tools::Error when the store cannot write.
+  // What is absent reads as the default; a file that is there but cannot be read raises
+  // tools::Error, as does an unsafe version text (see IsSafeVersionText). Writes do nothing while
+  // no product is open and raise tools::Error when the store cannot write.
   [[nodiscard]] std::string ReadProductSetting(std::string_view section, std::string_view key,
                                                std::string_view defaultValue) const;
   void WriteProductSetting(std::string_view section, std::string_view key, std::string_view value);
@@ -66,13 +67,14 @@ class ModProject {
 
   [[nodiscard]] std::string ProductTitle() const;
   void SetProductTitle(std::string_view title);
-  /// The highest version slot ever used; 0 when there is none or the number cannot be read.
+  /// The highest version slot ever used; 0 when there is none. Raises tools::Error naming file and
+  /// key for a negative number or one of over 31 bits.
   [[nodiscard]] std::int32_t VersionCount() const;
   /// The version's text, empty for a free slot.
   [[nodiscard]] std::string VersionString(std::int32_t version) const;
   /// The slots of the versions there are, ascending. Quick whatever the count in the file says.
   [[nodiscard]] std::vector<std::int32_t> VersionSlots() const;
-  /// The highest component slot ever used in a version; 0 as above.
+  /// The highest component slot ever used in a version; 0 and errors as above.
   [[nodiscard]] std::int32_t ComponentCount(std::int32_t version) const;
   /// The component's title, empty for a free slot.
   [[nodiscard]] std::string ComponentTitle(std::int32_t version, std::int32_t component) const;

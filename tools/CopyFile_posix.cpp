@@ -103,7 +103,10 @@ CopyResult CopyFile(std::string_view source, std::string_view target,
 
   const std::string targetPath(target);
   CopyResult result = CopyToNew(file, status, targetPath, progress);
-  if (result.cause != std::errc::file_exists || FolderExists(target)) return result;
+  std::error_code ignored;
+  if (result.cause != std::errc::file_exists || KindOf(target, ignored) == PathKind::Folder) {
+    return result;
+  }
 
   // The target's old content stays until the new one is whole.
   const std::string temporary = TemporaryNameBeside(target);

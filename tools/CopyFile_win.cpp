@@ -67,13 +67,16 @@ CopyResult CopyToNew(const FileHandle& source, const std::string& target,
 
 CopyResult CopyFile(std::string_view source, std::string_view target,
                     const CopyProgress& progress) {
-  if (FolderExists(source)) return Failure(std::make_error_code(std::errc::is_a_directory));
+  std::error_code ignored;
+  if (KindOf(source, ignored) == PathKind::Folder)
+    return Failure(std::make_error_code(std::errc::is_a_directory));
   FileHandle file(CreateFileW(LongPath(source).c_str(), GENERIC_READ,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
   if (!file.IsOpen()) return Failure(LastSystemError());
-  if (FolderExists(target)) return Failure(std::make_error_code(std::errc::file_exists));
-  if (!FileExists(target)) return CopyToNew(file, std::string(target), progress);
+  const PathKind targetKind = KindOf(target, ignored);
+  if (targetKind == PathKind::Folder) return Failure(std::make_error_code(std::errc::file_exists));
+  if (targetKind == PathKind::Absent) return CopyToNew(file, std::string(target), progress);
 
   // The target's old content stays until the new one is whole.
   const std::string temporary = TemporaryNameBeside(target);

@@ -3,6 +3,7 @@
 #include "tools/Disk.h"
 #include "tools/Error.h"
 #include "tools/FileHandle_win.h"
+#include "tools/HeldFile_win.h"
 #include "tools/LinkTarget.h"
 #include "tools/Path.h"
 #include "tools/WindowsApi.h"
@@ -11,11 +12,6 @@
 namespace tools {
 
 namespace {
-
-/// How often, and after what pause, a rename is tried again while another program (a virus scanner,
-/// an indexer) holds the target open: two seconds in all.
-constexpr int kReplaceAttempts = 40;
-constexpr DWORD kReplacePauseMilliseconds = 50;
 
 class SystemOutputFile : public OutputFile {
  public:
@@ -70,9 +66,11 @@ class SystemOutputFile : public OutputFile {
   std::uint64_t end_ = 0;
 };
 
-bool IsHeldByOthers(DWORD error) {
-  return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED ||
-         error == ERROR_LOCK_VIOLATION;
+/// True for what no waiting makes replaceable.
+bool IsProtected(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES &&
+         (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0;
 }
 
 }  // namespace
@@ -89,20 +87,16 @@ std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path) {
 void SystemDisk::Replace(const std::string& from, const std::string& to) {
   const std::wstring source = LongPath(from);
   const std::wstring target = LongPath(to);
-  for (int attempt = 1;; ++attempt) {
-    if (MoveFileExW(source.c_str(), target.c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
-      return;
-    }
-    const DWORD error = GetLastError();
-    const DWORD attributes = GetFileAttributesW(target.c_str());
-    const bool writeProtected = attributes != INVALID_FILE_ATTRIBUTES &&
-                                (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY));
-    if (!IsHeldByOthers(error) || writeProtected || attempt == kReplaceAttempts) {
-      throw PathError("Die Datei kann nicht ersetzt werden", to,
-                      {static_cast<int>(error), std::system_category()});
-    }
-    Sleep(kReplacePauseMilliseconds);
+  const DWORD error = RetryWhileHeld(
+      HeldWhen::Changing,
+      [&] {
+        return MoveFileExW(source.c_str(), target.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+      },
+      [&] { return !IsProtected(target); });
+  if (error != 0) {
+    throw PathError("Die Datei kann nicht ersetzt werden", to,
+                    {static_cast<int>(error), std::system_category()});
   }
 }
 

@@ -14,6 +14,11 @@ class FileHandle {
   FileHandle(const FileHandle&) = delete;
   FileHandle& operator=(const FileHandle&) = delete;
 
+  /// Owns `handle` from now on; false when it is none. Only while nothing is open.
+  [[nodiscard]] bool Take(HANDLE handle) {
+    handle_ = handle;
+    return IsOpen();
+  }
   [[nodiscard]] bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
   [[nodiscard]] HANDLE Get() const { return handle_; }
 

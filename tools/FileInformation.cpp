@@ -27,7 +27,9 @@ std::string VersionOf(std::string_view path) {
 
 FileInformation InformationOf(std::string_view path) {
   FileInformation information;
-  information.exists = FileExists(path);
+  // Shown, not decided on: what the system cannot tell of shows as a file that is not there.
+  std::error_code ignored;
+  information.exists = KindOf(path, ignored) == PathKind::File;
   if (!information.exists) return information;
   information.version = VersionOf(path);
   information.dateTime = LocalDateTimeText(StampOf(path).modifiedNanoseconds);

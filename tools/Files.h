@@ -11,16 +11,25 @@
 
 namespace tools {
 
-/// True for a regular file (or a link to one).
+/// What a path leads to, links followed.
+enum class PathKind { Absent, File, Folder, Other };
+
+/// `failure` receives the system's reason where it cannot tell (no right to search a folder on the
+/// way, a defective disk); the result is then Absent.
+[[nodiscard]] PathKind KindOf(std::string_view path, std::error_code& failure);
+
+/// True for a regular file (or a link to one). Raises Error when the system cannot tell.
 [[nodiscard]] bool FileExists(std::string_view path);
-/// True for a folder (or a link to one).
+/// True for a folder (or a link to one). Raises Error when the system cannot tell.
 [[nodiscard]] bool FolderExists(std::string_view path);
 
-/// Creates the folder and its missing parents; a folder that exists is fine. Raises Error.
-void MakeFolder(std::string_view path);
+/// Creates the folder and its missing parents; a folder that exists is fine. Returns those that it
+/// created, the outermost first. Raises Error naming the one that failed; none is then left over.
+std::vector<std::string> MakeFolder(std::string_view path);
 
 /// Deletes the folder with all files and subfolders; a link is removed itself, never followed.
-/// A folder that does not exist is fine. Raises Error naming the first path that stayed.
+/// A folder that does not exist is fine. Raises Error naming the first path that stayed; what
+/// comes after it stays too.
 void RemoveFolderTree(std::string_view path);
 
 /// Renames a folder, on the same volume; `to` must not exist. Raises Error.
@@ -70,9 +79,11 @@ struct FileStamp {
 
   bool operator==(const FileStamp&) const = default;
 };
+/// The stamp of what is at `path`; one with `exists` false when there is nothing. Raises Error when
+/// the system cannot tell.
 [[nodiscard]] FileStamp StampOf(std::string_view path);
 
-/// The whole content of a file. Raises Error.
+/// The whole content of a regular file. Raises Error.
 [[nodiscard]] std::string ReadWholeFile(std::string_view path);
 
 }  // namespace tools

@@ -3,10 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 
 #include "tools/Error.h"
@@ -14,14 +12,20 @@
 #include "tools/FileStamp_posix.h"
 #include "tools/Files.h"
 #include "tools/FolderListing.h"
+#include "tools/FolderSteps.h"
 #include "tools/Path.h"
 
 namespace tools {
 
 namespace {
 
-bool StatusOf(std::string_view path, struct stat& status) {
-  return ::stat(std::string(path).c_str(), &status) == 0;
+bool IsAbsent(int error) { return error == ENOENT || error == ENOTDIR; }
+
+/// False when nothing is there, and with a `failure` when the system cannot tell.
+bool StatusOf(std::string_view path, struct stat& status, std::error_code& failure) {
+  if (::stat(std::string(path).c_str(), &status) == 0) return true;
+  if (!IsAbsent(errno)) failure = LastSystemError();
+  return false;
 }
 
 /// The kind of an entry that readdir did not tell, or that is a link.
@@ -38,30 +42,64 @@ bool KindOf(int folder, const dirent& entry, FolderItem::Kind& kind) {
          S_ISDIR(status.st_mode);
 }
 
+[[noreturn]] void FailToRemove(const std::string& path, std::error_code cause) {
+  throw PathError("Der Ordner kann nicht gelöscht werden", path, cause);
+}
+
+/// Everything in a folder but "." and "..".
+std::vector<std::string> NamesIn(int folder, const std::string& path) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::fdopendir(folder), ::closedir);
+  if (!stream) FailToRemove(path, LastSystemError());
+  std::vector<std::string> names;
+  errno = 0;
+  while (const dirent* entry = ::readdir(stream.get())) {
+    const std::string_view name(entry->d_name);
+    if (name != "." && name != "..") names.emplace_back(name);
+  }
+  if (errno != 0) FailToRemove(path, LastSystemError());
+  return names;
+}
+
+/// Removes `name` in the open folder `parent` with all that it holds; `path` is what an error
+/// calls it. Folders are opened by way of their parent and never through a link, so that nobody can
+/// lead the removal elsewhere meanwhile.
+void RemoveEntry(int parent, const std::string& name, const std::string& path) {
+  if (::unlinkat(parent, name.c_str(), 0) == 0 || errno == ENOENT) return;
+  const std::error_code cause = LastSystemError();
+  const FileHandle folder(
+      ::openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (!folder.IsOpen()) {
+    // What is no folder could not be unlinked; what is one could not be opened.
+    FailToRemove(path, errno == ENOTDIR || errno == ELOOP ? cause : LastSystemError());
+  }
+  for (const std::string& child : NamesIn(::dup(folder.Get()), path)) {
+    RemoveEntry(folder.Get(), child, JoinPath(path, child));
+  }
+  if (::unlinkat(parent, name.c_str(), AT_REMOVEDIR) != 0 && errno != ENOENT) {
+    FailToRemove(path, LastSystemError());
+  }
+}
+
 }  // namespace
 
-bool FileExists(std::string_view path) {
+PathKind KindOf(std::string_view path, std::error_code& failure) {
   struct stat status {};
-  return StatusOf(path, status) && S_ISREG(status.st_mode);
+  if (!StatusOf(path, status, failure)) return PathKind::Absent;
+  if (S_ISREG(status.st_mode)) return PathKind::File;
+  return S_ISDIR(status.st_mode) ? PathKind::Folder : PathKind::Other;
 }
 
-bool FolderExists(std::string_view path) {
-  struct stat status {};
-  return StatusOf(path, status) && S_ISDIR(status.st_mode);
+std::error_code CreateOneFolder(const std::string& path) {
+  return ::mkdir(path.c_str(), 0777) == 0 ? std::error_code() : LastSystemError();
 }
 
-void MakeFolder(std::string_view path) {
-  if (FolderExists(path)) return;
-  const std::string folder = FolderOf(path);
-  if (!folder.empty() && folder.size() < path.size()) MakeFolder(folder);
-  if (::mkdir(std::string(path).c_str(), 0777) == 0 || FolderExists(path)) return;
-  throw PathError("Der Ordner kann nicht angelegt werden", path, LastSystemError());
+std::error_code RemoveEmptyFolder(const std::string& path) {
+  return ::rmdir(path.c_str()) == 0 ? std::error_code() : LastSystemError();
 }
 
 void RemoveFolderTree(std::string_view path) {
-  std::error_code failure;
-  std::filesystem::remove_all(ToPath(path), failure);
-  if (failure) throw PathError("Der Ordner kann nicht gelöscht werden", path, failure);
+  const std::string folder(path);
+  RemoveEntry(AT_FDCWD, folder, folder);
 }
 
 void MoveFolder(std::string_view from, std::string_view to) {
@@ -70,39 +108,16 @@ void MoveFolder(std::string_view from, std::string_view to) {
 }
 
 void DeleteFile(std::string_view path) {
-  if (::unlink(std::string(path).c_str()) == 0 || errno == ENOENT) return;
+  if (::unlink(std::string(path).c_str()) == 0 || IsAbsent(errno)) return;
   throw PathError("Die Datei kann nicht gelöscht werden", path, LastSystemError());
 }
 
 FileStamp StampOf(std::string_view path) {
   struct stat status {};
-  if (!StatusOf(path, status)) return {};
-  return StampFrom(status);
-}
-
-std::string ReadWholeFile(std::string_view path) {
-  const char* const what = "Die Datei kann nicht gelesen werden";
-  const FileHandle file(::open(std::string(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  struct stat status {};
-  if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0) {
-    throw PathError(what, path, LastSystemError());
-  }
-  if (S_ISDIR(status.st_mode)) {
-    throw PathError(what, path, std::make_error_code(std::errc::is_a_directory));
-  }
-  std::string content(static_cast<std::size_t>(status.st_size), '\0');
-  std::size_t filled = 0;
-  while (true) {
-    // One byte beyond the expected size finds the end, and files that have grown since.
-    if (filled == content.size()) content.resize(std::max<std::size_t>(filled + filled / 2, 4096));
-    const ssize_t count = ::read(file.Get(), content.data() + filled, content.size() - filled);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw PathError(what, path, LastSystemError());
-    filled += static_cast<std::size_t>(count);
-    if (count == 0 || filled == static_cast<std::size_t>(status.st_size)) break;
-  }
-  content.resize(filled);
-  return content;
+  std::error_code failure;
+  if (StatusOf(path, status, failure)) return StampFrom(status);
+  if (failure) throw PathError("Die Datei kann nicht gelesen werden", path, failure);
+  return {};
 }
 
 std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {

@@ -1,10 +1,10 @@
-#include <algorithm>
-
 #include "tools/Error.h"
 #include "tools/FileHandle_win.h"
 #include "tools/FileStamp_win.h"
 #include "tools/Files.h"
 #include "tools/FolderListing.h"
+#include "tools/FolderSteps.h"
+#include "tools/HeldFile_win.h"
 #include "tools/Path.h"
 #include "tools/WindowsApi.h"
 #include "tools/WindowsPath.h"
@@ -14,7 +14,25 @@ namespace tools {
 
 namespace {
 
-DWORD AttributesOf(std::string_view path) { return GetFileAttributesW(LongPath(path).c_str()); }
+std::error_code SystemError(DWORD error) {
+  return {static_cast<int>(error), std::system_category()};
+}
+
+/// Errors that tell that nothing is there, names that cannot be any among them.
+bool IsAbsent(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
+         error == ERROR_INVALID_NAME || error == ERROR_BAD_PATHNAME || error == ERROR_DIRECTORY ||
+         error == ERROR_INVALID_DRIVE;
+}
+
+/// INVALID_FILE_ATTRIBUTES when nothing is there, with a `failure` when the system cannot tell.
+DWORD AttributesOf(std::string_view path, std::error_code& failure) {
+  const DWORD attributes = GetFileAttributesW(LongPath(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES && !IsAbsent(GetLastError())) {
+    failure = LastSystemError();
+  }
+  return attributes;
+}
 
 /// Junctions and symbolic links of folders.
 bool IsFolderLink(DWORD attributes) {
@@ -46,66 +64,74 @@ class FolderSearch {
   HANDLE handle_;
 };
 
-/// Removes everything; a link is removed itself. Returns false where something stays, with the
-/// system's last error telling why.
-bool RemoveTree(const std::wstring& path, DWORD attributes) {
+[[noreturn]] void FailToRemove(const std::wstring& path, DWORD error) {
+  // The user knows the path without the prefix of LongPath.
+  std::wstring_view shown(path);
+  const bool share = shown.starts_with(LR"(\\?\UNC\)");
+  if (shown.starts_with(LR"(\\?\)")) shown.remove_prefix(share ? 8 : 4);
+  throw PathError("Der Ordner kann nicht gelöscht werden", (share ? R"(\\)" : "") + FromWide(shown),
+                  SystemError(error));
+}
+
+/// Removes everything; a link is removed itself.
+void RemoveTree(const std::wstring& path, DWORD attributes) {
   if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     SetFileAttributesW(path.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
   }
-  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return DeleteFileW(path.c_str()) != 0;
-  if (!IsFolderLink(attributes)) {
+  const bool folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (folder && !IsFolderLink(attributes)) {
     FolderSearch search(path);
-    if (!search.IsOpen()) return false;
+    if (!search.IsOpen()) FailToRemove(path, GetLastError());
     do {
       if (search.IsDots()) continue;
-      const std::wstring child = path + L"\\" + search.Data().cFileName;
-      if (!RemoveTree(child, search.Data().dwFileAttributes)) return false;
+      RemoveTree(path + L"\\" + search.Data().cFileName, search.Data().dwFileAttributes);
     } while (search.Next());
   }
-  return RemoveDirectoryW(path.c_str()) != 0;
+  const DWORD error = RetryWhileHeld(HeldWhen::Changing, [&] {
+    return (folder ? RemoveDirectoryW(path.c_str()) : DeleteFileW(path.c_str())) != 0;
+  });
+  if (error != 0 && !IsAbsent(error)) FailToRemove(path, error);
 }
 
 }  // namespace
 
-bool FileExists(std::string_view path) {
-  const DWORD attributes = AttributesOf(path);
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+PathKind KindOf(std::string_view path, std::error_code& failure) {
+  const DWORD attributes = AttributesOf(path, failure);
+  if (attributes == INVALID_FILE_ATTRIBUTES) return PathKind::Absent;
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Folder : PathKind::File;
 }
 
-bool FolderExists(std::string_view path) {
-  const DWORD attributes = AttributesOf(path);
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+std::error_code CreateOneFolder(const std::string& path) {
+  return CreateDirectoryW(LongPath(path).c_str(), nullptr) != 0 ? std::error_code()
+                                                                : LastSystemError();
 }
 
-void MakeFolder(std::string_view path) {
-  if (FolderExists(path)) return;
-  const std::string folder = FolderOf(path);
-  if (!folder.empty() && folder.size() < path.size()) MakeFolder(folder);
-  if (CreateDirectoryW(LongPath(path).c_str(), nullptr) != 0) return;
-  const std::error_code cause = LastSystemError();
-  if (FolderExists(path)) return;
-  throw PathError("Der Ordner kann nicht angelegt werden", path, cause);
+std::error_code RemoveEmptyFolder(const std::string& path) {
+  return RemoveDirectoryW(LongPath(path).c_str()) != 0 ? std::error_code() : LastSystemError();
 }
 
 void RemoveFolderTree(std::string_view path) {
-  const DWORD attributes = AttributesOf(path);
-  if (attributes == INVALID_FILE_ATTRIBUTES && !FolderExists(path)) return;
-  if (!RemoveTree(LongPath(path), attributes)) {
-    throw PathError("Der Ordner kann nicht gelöscht werden", path, LastSystemError());
-  }
+  std::error_code failure;
+  const DWORD attributes = AttributesOf(path, failure);
+  if (failure) throw PathError("Der Ordner kann nicht gelöscht werden", path, failure);
+  if (attributes != INVALID_FILE_ATTRIBUTES) RemoveTree(LongPath(path), attributes);
 }
 
 void MoveFolder(std::string_view from, std::string_view to) {
-  if (MoveFileExW(LongPath(from).c_str(), LongPath(to).c_str(), 0) != 0) return;
-  throw PathError("Der Ordner kann nicht umbenannt werden", from, LastSystemError());
+  const std::wstring source = LongPath(from);
+  const std::wstring target = LongPath(to);
+  const DWORD error = RetryWhileHeld(
+      HeldWhen::Changing, [&] { return MoveFileExW(source.c_str(), target.c_str(), 0) != 0; });
+  if (error != 0)
+    throw PathError("Der Ordner kann nicht umbenannt werden", from, SystemError(error));
 }
 
 void DeleteFile(std::string_view path) {
-  if (DeleteFileW(LongPath(path).c_str()) != 0) return;
-  const DWORD error = GetLastError();
-  if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return;
-  throw PathError("Die Datei kann nicht gelöscht werden", path,
-                  {static_cast<int>(error), std::system_category()});
+  const std::wstring longPath = LongPath(path);
+  const DWORD error =
+      RetryWhileHeld(HeldWhen::Changing, [&] { return DeleteFileW(longPath.c_str()) != 0; });
+  if (error == 0 || IsAbsent(error)) return;
+  throw PathError("Die Datei kann nicht gelöscht werden", path, SystemError(error));
 }
 
 FileStamp StampOf(std::string_view path) {
@@ -113,36 +139,13 @@ FileStamp StampOf(std::string_view path) {
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   BY_HANDLE_FILE_INFORMATION information{};
-  if (!file.IsOpen() || GetFileInformationByHandle(file.Get(), &information) == 0) return {};
-  return StampFrom(information);
-}
-
-std::string ReadWholeFile(std::string_view path) {
-  const char* const what = "Die Datei kann nicht gelesen werden";
-  if (FolderExists(path)) {
-    throw PathError(what, path, std::make_error_code(std::errc::is_a_directory));
+  if (file.IsOpen() && GetFileInformationByHandle(file.Get(), &information) != 0) {
+    return StampFrom(information);
   }
-  const FileHandle file(CreateFileW(LongPath(path).c_str(), GENERIC_READ,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-  LARGE_INTEGER size{};
-  if (!file.IsOpen() || GetFileSizeEx(file.Get(), &size) == 0) {
-    throw PathError(what, path, LastSystemError());
+  if (!IsAbsent(GetLastError())) {
+    throw PathError("Die Datei kann nicht gelesen werden", path, LastSystemError());
   }
-  constexpr std::size_t kMostPerCall = std::size_t{1} << 30U;
-  std::string content(static_cast<std::size_t>(size.QuadPart), '\0');
-  std::size_t filled = 0;
-  while (filled < content.size()) {
-    DWORD count = 0;
-    const auto wanted = static_cast<DWORD>(std::min(content.size() - filled, kMostPerCall));
-    if (ReadFile(file.Get(), content.data() + filled, wanted, &count, nullptr) == 0) {
-      throw PathError(what, path, LastSystemError());
-    }
-    if (count == 0) break;
-    filled += count;
-  }
-  content.resize(filled);
-  return content;
+  return {};
 }
 
 std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {

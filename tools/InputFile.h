@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -12,8 +13,15 @@ namespace tools {
 
 class InputFile {
  public:
+  /// What opening does while another program holds the file so that nobody may read it (on Windows
+  /// virus scanners and indexers do, for moments).
+  enum class WhenHeld {
+    Fail,
+    Wait  ///< tries again for about a second
+  };
+
   /// Opens the file. Raises Error naming the path when it cannot be read or is not a regular file.
-  explicit InputFile(const std::string& path);
+  explicit InputFile(const std::string& path, WhenHeld whenHeld = WhenHeld::Fail);
   ~InputFile();
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
@@ -29,5 +37,10 @@ class InputFile {
   struct State;
   std::unique_ptr<State> state_;
 };
+
+/// The bytes of `file`, of which about `expectedBytes` are expected; nothing when there are more
+/// than `maximumBytes`. Raises Error.
+[[nodiscard]] std::optional<std::string> ReadToEnd(const InputFile& file, std::size_t expectedBytes,
+                                                   std::size_t maximumBytes);
 
 }  // namespace tools

@@ -26,8 +26,8 @@ struct InputFile::State {
   }
 };
 
-// Not blocking: opening a pipe would wait for a writer.
-InputFile::InputFile(const std::string& path)
+// Not blocking: opening a pipe would wait for a writer. Nobody holds a file against readers here.
+InputFile::InputFile(const std::string& path, WhenHeld /*whenHeld*/)
     : state_(new State{path, FileHandle(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))}) {
   if (!state_->file.IsOpen()) state_->Fail(LastSystemError());
   const struct stat status = state_->Status();

@@ -3,6 +3,7 @@
 #include "tools/Error.h"
 #include "tools/FileHandle_win.h"
 #include "tools/FileStamp_win.h"
+#include "tools/HeldFile_win.h"
 #include "tools/InputFile.h"
 #include "tools/WindowsPath.h"
 
@@ -17,16 +18,24 @@ struct InputFile::State {
   }
 };
 
-InputFile::InputFile(const std::string& path)
-    : state_(new State{path, FileHandle(CreateFileW(
-                                 LongPath(path).c_str(), GENERIC_READ,
-                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                 OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr))}) {
-  if (!state_->file.IsOpen()) {
-    const std::error_code cause = LastSystemError();
+InputFile::InputFile(const std::string& path, WhenHeld whenHeld)
+    : state_(new State{path, FileHandle(INVALID_HANDLE_VALUE)}) {
+  const std::wstring longPath = LongPath(path);
+  const DWORD error = RetryWhileHeld(
+      HeldWhen::Reading,
+      [&] {
+        return state_->file.Take(CreateFileW(
+            longPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+            nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+      },
+      [whenHeld] { return whenHeld == WhenHeld::Wait; });
+  if (error != 0) {
+    std::error_code ignored;
     // The system only says "access denied" of a folder.
-    if (FolderExists(path)) state_->Fail(std::make_error_code(std::errc::is_a_directory));
-    state_->Fail(cause);
+    if (KindOf(path, ignored) == PathKind::Folder) {
+      state_->Fail(std::make_error_code(std::errc::is_a_directory));
+    }
+    state_->Fail({static_cast<int>(error), std::system_category()});
   }
   if (GetFileType(state_->file.Get()) != FILE_TYPE_DISK) {
     state_->Fail(std::make_error_code(std::errc::invalid_argument));

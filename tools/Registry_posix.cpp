@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "tools/Error.h"
 #include "tools/Files.h"
 #include "tools/Path.h"
 #include "tools/Registry.h"
@@ -50,7 +51,13 @@ class PosixRegistry : public Registry {
 
   std::string Read(RegistryRoot root, std::string_view keyPath, std::string_view valueName,
                    std::string_view defaultValue) override {
-    return values_.Read(path_, Section(root, keyPath), Key(valueName), defaultValue);
+    try {
+      return values_.Read(path_, Section(root, keyPath), Key(valueName), defaultValue);
+    } catch (const Error&) {
+      // As on Windows: a preference that cannot be read must not keep the program from starting.
+      // Writing one raises the error.
+      return std::string(defaultValue);
+    }
   }
 
   void Write(RegistryRoot root, std::string_view keyPath, std::string_view valueName,

@@ -1,11 +1,13 @@
 #include "tools/SettingsStore.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "tools/Error.h"
 #include "tools/FolderLock.h"
+#include "tools/InputFile.h"
 #include "tools/Path.h"
 
 namespace tools {
@@ -15,7 +17,7 @@ namespace {
 /// Parsed files are forgotten, the longest unused first, when their contents exceed this size.
 constexpr std::uint64_t kMostKeptBytes = std::uint64_t{24} << 20U;
 /// A larger file is no settings file.
-constexpr std::uint64_t kLargestFileBytes = std::uint64_t{1} << 30U;
+constexpr std::size_t kLargestFileBytes = std::size_t{1} << 30U;
 
 void WriteFile(Disk& disk, const std::string& path, const SettingsFile& content) {
   ReplacementFile replacement(disk, path);
@@ -23,12 +25,39 @@ void WriteFile(Disk& disk, const std::string& path, const SettingsFile& content)
   replacement.Commit(ReplacementFile::Durability::Flushed);
 }
 
+struct StampedContent {
+  FileStamp stamp;  ///< `exists` is false for a file that is not there
+  std::string content;
+};
+
+StampedContent ReadExisting(const std::string& path) {
+  const InputFile file(path, InputFile::WhenHeld::Wait);
+  const FileStamp stamp = file.Stamp();
+  std::optional<std::string> content =
+      ReadToEnd(file, static_cast<std::size_t>(stamp.size), kLargestFileBytes);
+  if (!content) {
+    throw PathError("Die Einstellungsdatei ist zu groß", path,
+                    std::make_error_code(std::errc::file_too_large));
+  }
+  return {stamp, std::move(*content)};
+}
+
+StampedContent ReadSettingsFile(const std::string& path) {
+  if (!StampOf(path).exists) return {};
+  try {
+    return ReadExisting(path);
+  } catch (const Error&) {
+    // It may have been deleted since the first look.
+    if (!StampOf(path).exists) return {};
+    throw;
+  }
+}
+
 }  // namespace
 
 struct SettingsStore::Entry {
   std::shared_ptr<SettingsFile> file;
-  FileStamp stamp;         ///< of the file on disk that `file` was read from
-  std::string unreadable;  ///< why a file that is there cannot be read
+  FileStamp stamp;  ///< of the file on disk that `file` was read from
   std::uint64_t lastUse = 0;
   std::uint64_t checkedInBatch = 0;  ///< the batch in which the stamp was compared last
   bool pending = false;              ///< holds writes that are not on disk yet
@@ -50,7 +79,6 @@ std::shared_ptr<const SettingsFile> SettingsStore::Load(const std::string& path)
 void SettingsStore::Write(const std::string& path, std::string_view section, std::string_view key,
                           std::string_view value) {
   Entry& entry = Fetch(path);
-  if (!entry.unreadable.empty()) throw Error(entry.unreadable);
   if (entry.file.use_count() > 1) {
     // Somebody reads a snapshot: it must not change under them.
     entry.file = entry.file->Clone();
@@ -82,28 +110,24 @@ SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
   Entry& entry = *lastEntry_;
   entry.lastUse = ++uses_;
   if (entry.pending || (batch_ != 0 && entry.checkedInBatch == batch_)) return entry;
-  entry.checkedInBatch = batch_;
-  if (!entry.file || StampOf(path) != entry.stamp) {
-    ReadFromDisk(path, entry);
-    ForgetOldest(entry);
+  try {
+    if (!entry.file || StampOf(path) != entry.stamp) {
+      ReadFromDisk(path, entry);
+      ForgetOldest(entry);
+    }
+  } catch (...) {
+    // The next call tries again.
+    Forget(path);
+    throw;
   }
+  entry.checkedInBatch = batch_;
   return entry;
 }
 
 void SettingsStore::ReadFromDisk(const std::string& path, Entry& entry) {
-  entry.unreadable.clear();
-  SetStamp(entry, StampOf(path));
-  std::string content;
-  try {
-    if (entry.stamp.size > kLargestFileBytes) {
-      throw PathError("Die Einstellungsdatei ist zu groß", path,
-                      std::make_error_code(std::errc::file_too_large));
-    }
-    if (entry.stamp.exists) content = ReadWholeFile(path);
-  } catch (const Error& error) {
-    entry.unreadable = error.what();
-  }
-  entry.file = std::make_shared<SettingsFile>(std::move(content));
+  StampedContent now = ReadSettingsFile(path);
+  SetStamp(entry, now.stamp);
+  entry.file = std::make_shared<SettingsFile>(std::move(now.content));
 }
 
 void SettingsStore::Replace(const std::string& path, Entry& entry) {
@@ -111,7 +135,6 @@ void SettingsStore::Replace(const std::string& path, Entry& entry) {
   if (StampOf(path) != entry.stamp) {
     const std::shared_ptr<SettingsFile> written = entry.file;
     ReadFromDisk(path, entry);
-    if (!entry.unreadable.empty()) throw Error(entry.unreadable);
     written->ReplayWrites(*entry.file);
   }
   WriteFile(disk_, path, *entry.file);

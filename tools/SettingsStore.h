@@ -25,7 +25,8 @@ class SettingsStore {
   SettingsStore(const SettingsStore&) = delete;
   SettingsStore& operator=(const SettingsStore&) = delete;
 
-  /// The stored value, or `defaultValue` when the file, section or key is absent or unreadable.
+  /// The stored value, or `defaultValue` when the file, section or key is absent. Raises Error for
+  /// a file that is there but cannot be read; the next call tries again.
   [[nodiscard]] std::string Read(const std::string& path, std::string_view section,
                                  std::string_view key, std::string_view defaultValue);
 
@@ -41,7 +42,7 @@ class SettingsStore {
   void ReplaceFile(const std::string& path, const SettingsFile& content);
 
   /// The file as it is now (pending writes of a batch included), for many reads of one consistent
-  /// state. A missing or unreadable file reads as an empty one. Never null.
+  /// state. A missing file reads as an empty one. Never null. Raises Error as Read does.
   [[nodiscard]] std::shared_ptr<const SettingsFile> Load(const std::string& path);
 
   /// Collects the writes of one operation; each file is read once and replaced once. A batch inside

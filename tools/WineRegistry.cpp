@@ -37,21 +37,22 @@ WineRegistry::Place WineRegistry::Locate(RegistryRoot root, std::string_view key
 const WineRegistryFile& WineRegistry::Fetch(const std::string& fileName) {
   CachedFile& file = files_[fileName];
   const std::string path = JoinPath(folder_, fileName);
-  const FileStamp stamp = StampOf(path);
-  if (stamp == file.stamp) return file.keys;
-  file.stamp = stamp;
   try {
+    const FileStamp stamp = StampOf(path);
+    if (stamp == file.stamp) return file.keys;
     file.keys = WineRegistryFile(stamp.exists ? ReadWholeFile(path) : std::string());
+    file.stamp = stamp;
   } catch (const Error&) {
-    // Browsing offers what is there; a file that cannot be read offers nothing.
-    file.keys = WineRegistryFile("");
+    // Browsing offers what is there; a file that cannot be read offers nothing, until it can.
+    file = {};
   }
   return file.keys;
 }
 
 std::vector<std::string> WineRegistry::SubkeyNames(RegistryRoot root, std::string_view keyPath) {
   if (root == RegistryRoot::Users && TrimKeyPath(keyPath).empty()) {
-    if (!FileExists(JoinPath(folder_, kDefaultUserFile))) return {};
+    std::error_code ignored;
+    if (KindOf(JoinPath(folder_, kDefaultUserFile), ignored) != PathKind::File) return {};
     return {std::string(kDefaultUserKey)};
   }
   const Place place = Locate(root, keyPath);

@@ -84,11 +84,17 @@ TEST_F(SettingsStoreTest, AFailureAtAnyStepLeavesTheOldFileAndNothingBeside) {
   }
 }
 
-TEST_F(SettingsStoreTest, AFolderInTheFilesPlaceReadsAsDefaultAndIsNotReplaced) {
+TEST_F(SettingsStoreTest, WhatIsThereButNoFileIsAnErrorUntilItIsOne) {
   folder_.MakeFolder("a.product");
-  EXPECT_EQ(store_.Read(path_, "A", "b", "d"), "d");
+  for (int call = 1; call <= 2; ++call) {
+    EXPECT_THAT(tests::ErrorOf([&] { (void)store_.Read(path_, "A", "b", "d"); }),
+                testing::HasSubstr(path_ + " (Der Pfad bezeichnet einen Ordner)"));
+  }
   EXPECT_THROW(Write("b", "1"), Error);
   EXPECT_TRUE(FolderExists(path_));
+  RemoveFolderTree(path_);
+  EXPECT_EQ(store_.Read(path_, "A", "b", "d"), "d");
+  EXPECT_EQ(store_.Read(folder_.Write("datei", "") + "/a.product", "A", "b", "d"), "d");
 }
 
 TEST_F(SettingsStoreTest, ManyFilesAreReadWithoutKeepingThemAll) {

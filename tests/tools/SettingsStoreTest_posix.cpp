@@ -6,27 +6,54 @@
 
 namespace tools {
 
-// Rights do not bind the superuser, who acts here as a user without any.
-TEST(ProtectedSettingsTest, AReadOnlyFolderOrFileIsAnErrorThatNamesItAndKeepsTheFile) {
+/// What `action` does as a user without any rights: rights do not bind the superuser.
+template <typename Action>
+static std::string ErrorWithoutRights(const Action& action) {
   constexpr uid_t kNobody = 65534;
   const bool superuser = ::geteuid() == 0;
+  EXPECT_EQ(superuser ? ::seteuid(kNobody) : 0, 0);
+  const std::string error = tests::ErrorOf(action);
+  EXPECT_EQ(superuser ? ::seteuid(0) : 0, 0);
+  return error;
+}
+
+TEST(ProtectedSettingsTest, AReadOnlyFolderOrFileIsAnErrorThatNamesItAndKeepsTheFile) {
   const std::pair<mode_t, mode_t> modes[] = {{0644, 0555}, {0444, 0777}};
   for (const auto& [fileMode, folderMode] : modes) {
     const tests::TemporaryFolder folder;
     const std::string path = folder.Write("a.product", "[A]\nb=alt\n");
     ::chmod(path.c_str(), fileMode);
     ::chmod(folder.Path().c_str(), folderMode);
-    ASSERT_EQ(superuser ? ::seteuid(kNobody) : 0, 0);
     SystemDisk disk;
     const std::string error =
-        tests::ErrorOf([&] { SettingsStore(disk).Write(path, "A", "b", "neu"); });
-    ASSERT_EQ(superuser ? ::seteuid(0) : 0, 0);
+        ErrorWithoutRights([&] { SettingsStore(disk).Write(path, "A", "b", "neu"); });
     ::chmod(folder.Path().c_str(), 0755);
     EXPECT_THAT(error, testing::HasSubstr(folder.Path()));
     EXPECT_THAT(error, testing::EndsWith("(Zugriff verweigert)"));
     EXPECT_EQ(folder.Read("a.product"), "[A]\nb=alt\n");
     EXPECT_EQ(FindFiles(folder.Path(), "*", true).size(), 1U);
   }
+}
+
+// Neither a file nor a folder that may not be looked into counts as one that is not there.
+TEST(ProtectedSettingsTest, AnUnreadableFileIsAnErrorForReadersUntilItCanBeRead) {
+  const tests::TemporaryFolder folder;
+  const std::string path = folder.Write("ordner/a.product", "[A]\nb=alt\n");
+  SystemDisk disk;
+  SettingsStore store(disk);
+  const std::pair<std::string, mode_t> locks[] = {{path, 0644}, {folder.Path("ordner"), 0755}};
+  for (const auto& [locked, before] : locks) {
+    ::chmod(locked.c_str(), 0);
+    EXPECT_THAT(ErrorWithoutRights([&] { (void)store.Read(path, "A", "b", ""); }),
+                testing::HasSubstr(path + " (Zugriff verweigert)"));
+    EXPECT_THAT(ErrorWithoutRights([&] { (void)store.Load(path); }), testing::HasSubstr(path));
+    ::chmod(locked.c_str(), before);
+    EXPECT_EQ(store.Read(path, "A", "b", ""), "alt");
+    folder.Write("ordner/a.product", "[A]\nb=alt\n");
+  }
+  ::chmod(folder.Path("ordner").c_str(), 0);
+  EXPECT_THAT(ErrorWithoutRights([&] { (void)FileExists(path); }), testing::HasSubstr(path));
+  EXPECT_THAT(ErrorWithoutRights([&] { (void)FolderExists(path); }), testing::HasSubstr(path));
 }
 
 }  // namespace tools
