@@ -59,6 +59,14 @@ std::string MapCharacters(std::string_view text, Mapping mapping) {
   return result;
 }
 
+/// Where the quotation ends that `text` begins with, blanks aside; 0 when it begins with none.
+std::size_t QuotationEnd(std::string_view text, char quote) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos || text[first] != quote) return 0;
+  const std::size_t closing = text.find(quote, first + 1);
+  return closing == std::string_view::npos ? 0 : closing;
+}
+
 }  // namespace
 
 std::string FoldCase(std::string_view text) { return MapCharacters(text, FoldCharacter); }
@@ -94,18 +102,12 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
 std::vector<std::string> SplitList(std::string_view text, char separator, char quote) {
   std::vector<std::string> items;
   if (text.empty()) return items;
-  std::size_t begin = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == quote) {
-      const std::size_t closing = text.find(quote, i + 1);
-      if (closing != std::string_view::npos) i = closing;
-    } else if (text[i] == separator) {
-      items.emplace_back(text.substr(begin, i - begin));
-      begin = i + 1;
-    }
+  for (;;) {
+    const std::size_t end = text.find(separator, QuotationEnd(text, quote));
+    items.emplace_back(text.substr(0, end));
+    if (end == std::string_view::npos) return items;
+    text.remove_prefix(end + 1);
   }
-  items.emplace_back(text.substr(begin));
-  return items;
 }
 
 bool IsValidUtf8(std::string_view text) {

@@ -23,9 +23,10 @@ namespace tools {
 [[nodiscard]] std::string ReplaceAll(std::string_view text, std::string_view what,
                                      std::string_view with);
 
-/// The items between the separators. A separator between two quote characters does not split; the
-/// quote characters stay in their item, and one that is never closed protects nothing. Empty text
-/// has no items; a trailing separator is followed by an empty item.
+/// The items between the separators. A separator in a quotation does not split. A quotation opens
+/// at an item's first character, blanks aside; its quote characters stay in the item, and one that
+/// is never closed protects nothing. Empty text has no items; a trailing separator is followed by
+/// an empty item.
 [[nodiscard]] std::vector<std::string> SplitList(std::string_view text, char separator, char quote);
 
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
