@@ -22,18 +22,6 @@ constexpr std::string_view kCount = "Count";
 constexpr std::string_view kComponentWord = "component";
 constexpr std::string_view kComponentEnding = ".component";
 
-/// The number in `text`, the value of "Count" in this section of the file at `path`.
-std::int32_t SlotCount(const std::string& text, std::string_view section, const std::string& path) {
-  std::int32_t count = -1;
-  try {
-    count = tools::ToInt32(text);
-  } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): told below, with file and key
-  }
-  if (count >= 0) return count;
-  throw tools::Error("Die Anzahl ist ungültig: " + path + " ([" + std::string(section) +
-                     "] Count=" + text + ")");
-}
-
 std::string ComponentFileName(std::int32_t component) {
   return std::string(kComponentWord).append(std::to_string(component)).append(kComponentEnding);
 }
@@ -140,7 +128,7 @@ void ModProject::SetProductTitle(std::string_view title) {
 }
 
 std::int32_t ModProject::VersionCount() const {
-  return SlotCount(ReadProductSetting(kVersions, kCount, "0"), kVersions, productPath_);
+  return StoredCount(ReadProductSetting(kVersions, kCount, "0"), productPath_, kVersions, kCount);
 }
 
 std::string ModProject::VersionString(std::int32_t version) const {
@@ -160,8 +148,8 @@ std::vector<std::int32_t> ModProject::VersionSlots() const {
 }
 
 std::int32_t ModProject::ComponentCount(std::int32_t version) const {
-  return SlotCount(ReadVersionSetting(version, kComponents, kCount, "0"), kComponents,
-                   VersionFilePath(version));
+  return StoredCount(ReadVersionSetting(version, kComponents, kCount, "0"),
+                     VersionFilePath(version), kComponents, kCount);
 }
 
 std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t component) const {

@@ -5,8 +5,6 @@
 #include <utility>
 
 #include "model/SlotNumbers.h"
-#include "tools/Error.h"
-#include "tools/Numbers.h"
 #include "tools/Text.h"
 
 namespace model {
@@ -33,9 +31,8 @@ bool SamePath(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-RegistryKeys::RegistryKeys(SettingReader read, SettingWriter write,
-                           std::function<std::string()> wholeText)
-    : read_(std::move(read)), write_(std::move(write)), wholeText_(std::move(wholeText)) {}
+RegistryKeys::RegistryKeys(SettingReader read, SettingWriter write, Source source)
+    : read_(std::move(read)), write_(std::move(write)), source_(std::move(source)) {}
 
 std::vector<std::string> RegistryKeys::Paths() const {
   std::vector<std::string> paths;
@@ -52,7 +49,7 @@ std::vector<RegistryValue> RegistryKeys::ValuesOf(std::string_view path) const {
   return values;
 }
 
-bool RegistryKeys::Store(std::string_view path, const std::vector<RegistryValue>& values) {
+void RegistryKeys::Store(std::string_view path, const std::vector<RegistryValue>& values) {
   const std::vector<std::int32_t> slots = SlotsOf(path);
   const std::int32_t slot = slots.empty() ? FreeSlot() : slots.front();
   if (slots.empty()) {
@@ -67,7 +64,6 @@ bool RegistryKeys::Store(std::string_view path, const std::vector<RegistryValue>
     write_(section, Numbered(kValue, number, kName), value.name);
     write_(section, Numbered(kValue, number, kSetting), value.setting);
   }
-  return slots.empty();
 }
 
 void RegistryKeys::Free(std::string_view path) {
@@ -75,11 +71,7 @@ void RegistryKeys::Free(std::string_view path) {
 }
 
 std::int32_t RegistryKeys::Count(std::string_view section, std::string_view key) const {
-  try {
-    return std::max(tools::ToInt32(read_(section, key, "0")), 0);
-  } catch (const tools::Error&) {
-    return 0;
-  }
+  return StoredCount(read_(section, key, "0"), source_.path(), section, key);
 }
 
 std::string RegistryKeys::PathIn(std::int32_t slot) const {
@@ -88,7 +80,7 @@ std::string RegistryKeys::PathIn(std::int32_t slot) const {
 
 std::vector<std::int32_t> RegistryKeys::Numbers(std::string_view word, std::string_view ending,
                                                 std::int32_t count) const {
-  if (count > kCheapSlotCount) return SlotsNamedIn(wholeText_(), word, count, ending);
+  if (count > kCheapSlotCount) return SlotsNamedIn(source_.text(), word, count, ending);
   std::vector<std::int32_t> numbers(static_cast<std::size_t>(count));
   std::iota(numbers.begin(), numbers.end(), 1);
   return numbers;

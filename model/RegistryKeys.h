@@ -24,12 +24,18 @@ struct RegistryValue {
   bool operator==(const RegistryValue&) const = default;
 };
 
-/// Keys are told apart ignoring case and the blanks around them.
+/// Keys are told apart ignoring case and the blanks around them. What reads raises
+/// tools::Error naming file and key for a number of slots or values that is negative or too large.
 class RegistryKeys {
  public:
-  /// `wholeText` gives the text of the settings file that `read` reads, and is asked only when a
-  /// stored count is so large that not every slot can be looked at.
-  RegistryKeys(SettingReader read, SettingWriter write, std::function<std::string()> wholeText);
+  /// The settings file that keys are read from.
+  struct Source {
+    std::function<std::string()> path;
+    /// Asked only when a stored count is so large that not every slot can be looked at.
+    std::function<std::string()> text;
+  };
+
+  RegistryKeys(SettingReader read, SettingWriter write, Source source);
 
   /// The paths in the slots that are not free, in slot order.
   [[nodiscard]] std::vector<std::string> Paths() const;
@@ -40,9 +46,8 @@ class RegistryKeys {
 
   /// Stores a key's values in the first slot with that path. Without one the first free slot is
   /// taken, or a new one, and its number becomes the number of slots: taking a freed slot hides
-  /// those above it. Values of higher numbers stay where they are. Returns true when a slot was
-  /// taken. Raises tools::Error.
-  bool Store(std::string_view path, const std::vector<RegistryValue>& values);
+  /// those above it. Values of higher numbers stay where they are. Raises tools::Error.
+  void Store(std::string_view path, const std::vector<RegistryValue>& values);
 
   /// Frees every slot with that path; the values stay where they are. Raises tools::Error.
   void Free(std::string_view path);
@@ -61,7 +66,7 @@ class RegistryKeys {
 
   SettingReader read_;
   SettingWriter write_;
-  std::function<std::string()> wholeText_;
+  Source source_;
 };
 
 /// A path as the registry page reads it from what the author typed.

@@ -4,7 +4,7 @@ namespace pages {
 
 void EditorPage::ApplyChanges() {
   if (host_ == nullptr) return;
-  host_->InOneWrite([this] { WriteSettings(); });
+  host_->InOneWrite(*this, [this] { WriteSettings(); });
   SettingsWritten();
   dirty_ = false;
 }

@@ -9,8 +9,9 @@
 
 namespace pages {
 
-/// A page shows and edits one aspect of the selected node. It keeps its state itself between
-/// ReadSettings and ApplyChanges, and reads and writes through its host only.
+/// A page shows and edits one aspect of the selected node. Its controls hold what was typed until
+/// ApplyChanges, unless a page says that it writes some of it sooner. The settings that it edits it
+/// reads and writes through its host; what else it shows comes from the PageServices.
 class EditorPage : public QWidget, public model::OpenPage {
   Q_OBJECT
 
@@ -19,7 +20,7 @@ class EditorPage : public QWidget, public model::OpenPage {
 
   /// The page's capability of that number; no page has any.
   [[nodiscard]] virtual int GetCaps(int /*capability*/) const { return 0; }
-  /// Loads the controls from the settings.
+  /// Loads the controls from the settings. Raises tools::Error when they cannot be read.
   virtual void ReadSettings() = 0;
   /// Shows the page's help; no page has any.
   virtual void DisplayHelp() {}
@@ -27,13 +28,15 @@ class EditorPage : public QWidget, public model::OpenPage {
   /// The host must outlive the page.
   void SetHost(PageHost* host) { host_ = host; }
 
-  /// Writes the page's state in one replacement of the settings file, then counts as unchanged.
+  /// Writes what the page has changed in one replacement of the settings file, then counts as
+  /// unchanged.
   void ApplyChanges() final;
   [[nodiscard]] bool IsDirty() const override { return dirty_; }
   void SetDirty(bool dirty) override { dirty_ = dirty; }
 
  protected:
-  /// Writes the page's state through the host. Raises tools::Error.
+  /// Hands the page's state to the host's Save, all of it, whether it was changed or not; may be
+  /// called twice. Raises tools::Error.
   virtual void WriteSettings() = 0;
   /// What WriteSettings wrote is in the file. The page changes its controls here, not while
   /// writing: a write that fails must leave what the user typed.

@@ -8,6 +8,8 @@
 
 namespace pages {
 
+class EditorPage;
+
 class PageHost {
  public:
   virtual ~PageHost() = default;
@@ -16,14 +18,17 @@ class PageHost {
   PageHost& operator=(const PageHost&) = delete;
 
   /// A setting of the selected product, version or component; the default when it is absent.
+  /// Raises tools::Error for a file that is there but cannot be read.
   [[nodiscard]] virtual std::string Read(std::string_view section, std::string_view key,
                                          std::string_view defaultValue) = 0;
-  /// Writes a setting of the selected node; does nothing while no product is open. Raises
-  /// tools::Error.
+  /// Sets a setting of the selected node, within InOneWrite only: what the page does not show
+  /// otherwise than it read it keeps its stored text. Raises tools::Error.
   virtual void Save(std::string_view section, std::string_view key, std::string_view value) = 0;
-  /// Runs `writes`, whose Save calls become one replacement of the file; when it raises an error,
-  /// none of them is written.
-  virtual void InOneWrite(const std::function<void()>& writes) = 0;
+  /// Runs `writes`, whose Save calls become one replacement of the file; it may run twice. Asks the
+  /// author first where `page` would overwrite what another program has changed. Raises
+  /// tools::Error when the author refuses and when writing fails: nothing is written then. Does
+  /// nothing while no product is open.
+  virtual void InOneWrite(const EditorPage& page, const std::function<void()>& writes) = 0;
 
   /// A hint for the status bar.
   virtual void StatusTextChanged(const std::string& text) = 0;

@@ -126,14 +126,16 @@ void tabBuildOptions::ReadSettings() {
   const QScopedValueRollback loading(loading_, true);
   cmbInstallerType->setCurrentIndex(StoredPosition(kInstallerType, cmbInstallerType->count()));
   ChangeInstallerType();
-  cmbConfiguration->setCurrentIndex(StoredPosition(kActiveConfig, cmbConfiguration->count()));
-  ShowConfiguration();
+  ShowConfiguration(StoredPosition(kActiveConfig, cmbConfiguration->count()));
 }
 
 void tabBuildOptions::WriteSettings() {
-  Host()->Save(kCommon, kInstallerType, std::to_string(cmbInstallerType->currentIndex() + 1));
-  Host()->Save(kCommon, kActiveConfig, std::to_string(Configuration()));
-  const std::string section = SectionOf(Configuration());
+  if (cmbInstallerType->currentIndex() >= 0) {
+    Host()->Save(kCommon, kInstallerType, std::to_string(cmbInstallerType->currentIndex() + 1));
+  }
+  if (shownPosition_ < 0) return;
+  Host()->Save(kCommon, kActiveConfig, std::to_string(shownPosition_ + 1));
+  const std::string section = SectionOf(shownPosition_ + 1);
   Host()->Save(section, kOutputFolder, ToUtf8(propsConfig->GetProperty(kFolderRow)));
   Host()->Save(section, kLocale, ToUtf8(propsConfig->GetProperty(kLanguageRow)));
 }
@@ -147,14 +149,13 @@ void tabBuildOptions::ChangeConfiguration() {
   if (loading_) return;
   const QScopedValueRollback loading(loading_, true);
   const int chosen = cmbConfiguration->currentIndex();
-  const int shown = StoredPosition(kActiveConfig, cmbConfiguration->count());
-  if (chosen == shown) return;
+  if (chosen == shownPosition_) return;
   // Until the change is stored, the list shows what is: an error on the way leaves it so.
-  cmbConfiguration->setCurrentIndex(shown);
+  cmbConfiguration->setCurrentIndex(shownPosition_);
   if (IsDirty() && !SaveBeforeChange()) return;
-  Host()->Save(kCommon, kActiveConfig, std::to_string(chosen + 1));
-  cmbConfiguration->setCurrentIndex(chosen);
-  ShowConfiguration();
+  Host()->InOneWrite(*this,
+                     [&] { Host()->Save(kCommon, kActiveConfig, std::to_string(chosen + 1)); });
+  ShowConfiguration(chosen);
 }
 
 bool tabBuildOptions::SaveBeforeChange() {
@@ -170,9 +171,11 @@ bool tabBuildOptions::SaveBeforeChange() {
   return true;
 }
 
-void tabBuildOptions::ShowConfiguration() {
-  const std::int32_t configuration = Configuration();
+void tabBuildOptions::ShowConfiguration(int position) {
+  const std::int32_t configuration = position + 1;
   const std::string section = SectionOf(configuration);
+  cmbConfiguration->setCurrentIndex(position);
+  shownPosition_ = position;
   propsConfig->Clear();
   propsConfig->AddProperty(kNameRow, Text(335), cmbConfiguration->currentText(), 1, true);
   propsConfig->AddProperty(
@@ -181,8 +184,6 @@ void tabBuildOptions::ShowConfiguration() {
                              services_.project.DefaultOutputFolder(configuration))));
   propsConfig->AddProperty(kLanguageRow, Text(345), ToQString(Host()->Read(section, kLocale, "0")));
 }
-
-std::int32_t tabBuildOptions::Configuration() const { return cmbConfiguration->currentIndex() + 1; }
 
 int tabBuildOptions::StoredPosition(std::string_view key, int count) const {
   const double number = std::nearbyint(tools::LeadingNumber(Host()->Read(kCommon, key, "1")));

@@ -17,7 +17,8 @@ namespace pages {
 /// Reads and writes the version's file: section "BuildCommon" with "InstallerType" and
 /// "ActiveConfig", and per configuration n section "Build<n>" with "OutputFolder" and "Locale".
 /// Choosing another configuration stores it as the active one at once; unsaved changes are offered
-/// for saving first.
+/// for saving first. Where a stored number names nothing, nothing is chosen, and what is not chosen
+/// is not written.
 class tabBuildOptions : public EditorPage {
   Q_OBJECT
 
@@ -39,14 +40,14 @@ class tabBuildOptions : public EditorPage {
   void ChangeConfiguration();
   /// Saves unsaved changes if the author agrees; false when the author does not.
   [[nodiscard]] bool SaveBeforeChange();
-  void ShowConfiguration();
-  /// The number of the configuration chosen; 0 when none is.
-  [[nodiscard]] std::int32_t Configuration() const;
+  /// Shows the configuration at that position of the list; none at -1.
+  void ShowConfiguration(int position);
   /// The list position that a setting of the section "BuildCommon" stands for, -1 for none.
   [[nodiscard]] int StoredPosition(std::string_view key, int count) const;
 
   PageServices services_;
   bool loading_ = false;
+  int shownPosition_ = -1;  ///< list position of the configuration in the grid, -1 for none
 
   QLabel* lblInstallerType;
   QComboBox* cmbInstallerType;

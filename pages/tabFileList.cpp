@@ -13,11 +13,14 @@
 #include <QSplitter>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 #include "model/FileEntryFields.h"
 #include "model/FolderTable.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
+#include "tools/Error.h"
 #include "tools/FileInformation.h"
 #include "tools/Files.h"
 #include "tools/Path.h"
@@ -39,12 +42,30 @@ namespace {
 constexpr int kFileSystemFolders = 1;  ///< flags of the shell's folder browser
 constexpr int kEditBox = 16;
 
+constexpr std::size_t kMostNamedPaths = 10;  ///< in the message about refused files
+
+constexpr std::string_view kType = "Type";
 constexpr const char* kExisting = "Existing";
 constexpr const char* kVersion = "Version";
 constexpr const char* kFileDateTime = "FileDateTime";
 
 QString FromLatin1(std::string_view text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+bool IsControlCharacter(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+
+std::string RefusalOf(const std::vector<std::string>& paths) {
+  std::string text = model::LoadText(442);
+  const std::size_t named = std::min(paths.size(), kMostNamedPaths);
+  for (std::size_t i = 0; i < named; ++i) {
+    std::string path = paths[i];
+    std::replace_if(path.begin(), path.end(), IsControlCharacter, '?');
+    text.append("\n").append(path);
+  }
+  if (named == paths.size()) return text;
+  const std::string others = std::to_string(paths.size() - named);
+  return text.append("\n").append(tools::ReplaceAll(model::LoadText(443), "%count%", others));
 }
 
 template <typename Widget>
@@ -82,6 +103,7 @@ void tabFileList::BuildBrowser() {
   fraBrowser = Named(new QGroupBox(Text(249)), u"fraBrowser"_s);
   lblDestinationFolder = Named(new QLabel(Text(251)), u"lblDestinationFolder"_s);
   cmbDestinationFolder = Named(new QComboBox, u"cmbDestinationFolder"_s);
+  tools::IgnoreWheelWithoutFocus(*cmbDestinationFolder);
   cmbDestinationFolder->setAccessibleName(lblDestinationFolder->text());
   cmbDestinationFolder->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   lblDestinationFolder->setBuddy(cmbDestinationFolder);
@@ -152,6 +174,8 @@ void tabFileList::ConnectEvents() {
   connect(cmdRemoveFile, &QPushButton::clicked, this, Guarded(dialogs, [this] { RemoveFile(); }));
   connect(lsvBrowser->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           Guarded(dialogs, [this] { ShowSelectedEntry(); }));
+  // Its source may have come or changed meanwhile.
+  connect(lsvBrowser, &QTreeView::clicked, this, Guarded(dialogs, [this] { ShowSelectedEntry(); }));
   propsFile->OnEditProperty([](const QString& name, QString&, EditReaction& reaction) {
     for (const char* fixed : {kVersion, kFileDateTime, "ID", kExisting}) {
       if (name == QLatin1StringView(fixed)) reaction = EditReaction::NotEditable;
@@ -180,18 +204,38 @@ void tabFileList::FillDestinationFolders() {
 std::string tabFileList::Title() const { return model::LoadText(233); }
 
 void tabFileList::ReadSettings() {
-  // Writes nothing; but within one write the file on disk is looked at once, not for each key.
-  Host()->InOneWrite([this] {
-    entries_ = model::ReadFileEntries([this](auto section, auto key, auto defaultValue) {
-      return Host()->Read(section, key, defaultValue);
-    });
-  });
+  std::vector<bool> hasType;  // of the entries read so far
+  model::FileEntries entries =
+      model::ReadFileEntries([&](auto section, auto key, auto defaultValue) {
+        if (key == kType) hasType.push_back(IsTypeStored(section));
+        return Host()->Read(section, key, defaultValue);
+      });
+  entries_ = std::move(entries);
+  untyped_.clear();
+  auto typed = hasType.begin();
+  for (const model::ICFile& entry : entries_) {
+    if (!*typed++) untyped_.insert(entry.ID);
+  }
   RefreshFileList();
 }
 
+bool tabFileList::IsTypeStored(std::string_view section) const {
+  return !Host()->Read(section, kType, "").empty() ||
+         Host()->Read(section, kType, model::kBuildDefaultType).empty();
+}
+
 void tabFileList::WriteSettings() {
+  auto entry = entries_.begin();  // the one whose keys are written
+  bool first = true;
   model::WriteFileEntries(
-      [this](auto section, auto key, auto value) { Host()->Save(section, key, value); }, entries_);
+      [&](auto section, auto key, auto value) {
+        if (key != kType) return Host()->Save(section, key, value);
+        if (!std::exchange(first, false)) ++entry;
+        if (!untyped_.contains(entry->ID)) return Host()->Save(section, key, value);
+        // Builds read a missing type as a single file: it must not become the 0 that is shown.
+        if (IsTypeStored(section)) Host()->Save(section, key, model::kBuildDefaultType);
+      },
+      entries_);
 }
 
 void tabFileList::RefreshFileList() {
@@ -199,9 +243,19 @@ void tabFileList::RefreshFileList() {
   propsFile->Clear();
 }
 
-void tabFileList::AddFileEntry(const std::string& path) {
-  AppendEntry(path);
-  RefreshFileList();
+void tabFileList::AddFileEntry(const std::string& path) { AddFileEntries({path}); }
+
+void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
+  std::vector<std::string> refused;
+  for (const std::string& path : paths) {
+    if (std::any_of(path.begin(), path.end(), IsControlCharacter)) {
+      refused.push_back(path);
+    } else {
+      AppendEntry(path);
+    }
+  }
+  if (refused.size() < paths.size()) RefreshFileList();
+  if (!refused.empty()) throw tools::Error(RefusalOf(refused));
 }
 
 void tabFileList::AppendEntry(const std::string& path) {
@@ -231,10 +285,7 @@ void tabFileList::AddFolder(bool withSubfolders) {
   const std::string folder = services_.dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
   if (folder.empty()) return;
   const tools::WaitCursor wait;
-  const std::vector<std::string> paths = tools::FindFiles(folder, "*.*", withSubfolders);
-  if (paths.empty()) return;
-  for (const std::string& path : paths) AppendEntry(path);
-  RefreshFileList();
+  AddFileEntries(tools::FindFiles(folder, "*.*", withSubfolders));
 }
 
 void tabFileList::RemoveFile() {
@@ -290,6 +341,7 @@ void tabFileList::ChangeProperty(const QString& name, const QString& text) {
   const std::string id = entry->ID;
   try {
     entries_.SetField(id, tools::ToUtf8(name), tools::ToUtf8(text));
+    if (name == FromLatin1(kType)) untyped_.erase(id);
   } catch (...) {
     // The grid shows the refused text already.
     ShowSelectedEntry();

@@ -3,6 +3,9 @@
 
 #include <QList>
 #include <array>
+#include <string>
+#include <unordered_set>
+#include <vector>
 
 #include "grid/ctlPropertyEditor.h"
 #include "model/FileEntries.h"
@@ -22,7 +25,8 @@ namespace pages {
 
 /// Lists the entries of one destination folder at a time and shows the fields of the selected one
 /// in a grid. All changes stay in memory until they are applied. Entries of a folder that cannot be
-/// chosen are kept, but never listed.
+/// chosen are kept, but never listed. An entry that is stored without a type shows 0, which is not
+/// written unless the author sets it.
 ///
 /// Moving, and removing by the menu, are commands without an action so far; entries are removed
 /// by the button.
@@ -38,7 +42,8 @@ class tabFileList : public EditorPage {
   void ReadSettings() override;
 
   /// Adds an entry for the file at this path, to be installed in the chosen destination folder, and
-  /// lists it.
+  /// lists it. Raises tools::Error for a path with control characters: settings cannot hold a line
+  /// break.
   void AddFileEntry(const std::string& path);
   /// Lists the entries of the chosen destination folder anew; none is selected then.
   void RefreshFileList();
@@ -58,6 +63,8 @@ class tabFileList : public EditorPage {
   void AddFile();
   void AddFolder(bool withSubfolders);
   void RemoveFile();
+  /// The same for many paths: those that cannot be added are named by the error, the others are.
+  void AddFileEntries(const std::vector<std::string>& paths);
   /// Adds an entry without listing it.
   void AppendEntry(const std::string& path);
   /// The entry selected in the list; null when there is none.
@@ -67,11 +74,14 @@ class tabFileList : public EditorPage {
   void ChangeProperty(const QString& name, const QString& text);
   void SelectEntry(const std::string& id);
   [[nodiscard]] std::int32_t ChosenFolder() const;
+  /// True when that section has the key "Type", be it empty.
+  [[nodiscard]] bool IsTypeStored(std::string_view section) const;
   void ShowPopup(const QPoint& globalPosition);
 
   PageServices services_;
   tools::GuidSource guids_;
   model::FileEntries entries_;
+  std::unordered_set<std::string> untyped_;  ///< IDs of entries that were stored without a type
   FileListModel* shownEntries_;
   bool filling_ = false;  ///< the list of destination folders is being filled
 

@@ -8,13 +8,11 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QSplitter>
 #include <QStringListModel>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <functional>
-#include <set>
 
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
@@ -45,6 +43,9 @@ constexpr std::int32_t kNotSet = 389;
 
 constexpr std::string_view kDefaultValue = "@";
 
+/// What the page shows of a stored text: bytes that are not UTF-8 become replacement characters.
+std::string AsShown(std::string_view text) { return ToUtf8(ToQString(text)); }
+
 bool IsSame(std::string_view a, std::string_view b) {
   return tools::EqualIgnoringCase(tools::TrimBlanks(a), tools::TrimBlanks(b));
 }
@@ -53,16 +54,14 @@ bool IsSame(std::string_view a, std::string_view b) {
 
 tabRegistryEditor::tabRegistryEditor(const PageServices& services, QWidget* parent)
     : EditorPage(parent),
+      project_(services.project),
       dialogs_(services.dialogs),
       registry_(services.registry),
       keys_([this](auto section, auto key,
                    auto defaultValue) { return Host()->Read(section, key, defaultValue); },
             [this](auto section, auto key, auto value) { Host()->Save(section, key, value); },
-            [this, &project = services.project] {
-              return project.Settings()
-                  .Load(project.ComponentFilePath(Host()->VersionIndex(), Host()->ComponentIndex()))
-                  ->Render();
-            }),
+            {.path = [this] { return FilePath(); },
+             .text = [this] { return project_.Settings().Load(FilePath())->Render(); }}),
       subkeys_(new QStringListModel(this)) {
   setFont(tools::FormFont());
   auto* path = BuildPath();
@@ -141,14 +140,15 @@ void tabRegistryEditor::BuildValues() {
 }
 
 void tabRegistryEditor::ConnectEvents() {
-  const auto goToTyped = Guarded(dialogs_, [this] {
-    if (!loading_) Navigate(ToUtf8(cmbRegPath->currentText()));
-  });
+  const auto goToTyped = Guarded(dialogs_, [this] { Navigate(ToUtf8(cmbRegPath->currentText())); });
+  // Qt's combo box takes the end of typing, leaving the box too, for choosing the entry that reads
+  // like the text.
+  disconnect(cmbRegPath->lineEdit(), &QLineEdit::editingFinished, cmbRegPath, nullptr);
   connect(cmbRegPath, &QComboBox::activated, this, goToTyped);
   connect(cmbRegPath->lineEdit(), &QLineEdit::returnPressed, this, goToTyped);
   connect(lstSubkeys, &QListView::doubleClicked, this,
           Guarded(dialogs_, [this](const QModelIndex& index) {
-            OpenEntry(ToUtf8(index.data().toString()));
+            if (index.isValid()) OpenEntry(ToUtf8(index.data().toString()));
           }));
   connect(cmdAddValue, &QPushButton::clicked, this, Guarded(dialogs_, [this] { AddValue(); }));
   connect(cmdRemoveValue, &QPushButton::clicked, this,
@@ -161,33 +161,40 @@ void tabRegistryEditor::ConnectEvents() {
 std::string tabRegistryEditor::Title() const { return LoadText(235); }
 
 void tabRegistryEditor::ReadSettings() {
-  const QScopedValueRollback loading(loading_, true);
-  cmbRegPath->clear();
-  for (const std::string& path : keys_.Paths()) cmbRegPath->addItem(ToQString(path));
-  shownKey_.clear();
   Show(std::string(tools::RegistryRootName(tools::RegistryRoot::LocalMachine)));
 }
 
-void tabRegistryEditor::WriteSettings() { SaveShownValues(); }
+std::string tabRegistryEditor::FilePath() const {
+  return project_.ComponentFilePath(Host()->VersionIndex(), Host()->ComponentIndex());
+}
+
+void tabRegistryEditor::WriteSettings() {
+  if (currentPath_.empty()) return;
+  const std::vector<model::RegistryValue> values = ValuesInGrid();
+  if (values.empty() || values == shownValues_) return;
+  keys_.Store(currentPath_, values);
+}
 
 void tabRegistryEditor::SettingsWritten() { Show({}); }
 
 void tabRegistryEditor::Navigate(const std::string& path) {
-  SaveShownValues();
+  Host()->InOneWrite(*this, [this] { WriteSettings(); });
   Show(path);
 }
 
-void tabRegistryEditor::SaveShownValues() {
-  if (shownKey_.empty()) return;
+std::vector<model::RegistryValue> tabRegistryEditor::ValuesInGrid() const {
   std::vector<model::RegistryValue> values;
-  for (std::string& name : NamesToStore()) {
-    const std::string setting = ToUtf8(propRegValues->GetProperty(ToQString(name)));
-    values.push_back({std::move(name), setting});
+  for (const std::string& name : NamesToStore()) {
+    model::RegistryValue value{name, ToUtf8(propRegValues->GetProperty(ToQString(name)))};
+    const auto stored = storedValues_.find(name);
+    if (stored != storedValues_.end()) {
+      value.name = stored->second.name;
+      if (value.setting == AsShown(stored->second.setting)) value.setting = stored->second.setting;
+    }
+    values.push_back(std::move(value));
   }
-  if (values.empty()) return;
-  bool slotTaken = false;
-  Host()->InOneWrite([&] { slotTaken = keys_.Store(shownKey_, values); });
-  if (slotTaken) cmbRegPath->addItem(ToQString(shownKey_));
+  if (!values.empty()) values.insert(values.end(), hiddenValues_.begin(), hiddenValues_.end());
+  return values;
 }
 
 std::vector<std::string> tabRegistryEditor::NamesToStore() const {
@@ -202,48 +209,72 @@ std::vector<std::string> tabRegistryEditor::NamesToStore() const {
 }
 
 void tabRegistryEditor::Show(const std::string& path) {
-  const std::string topLevel = LoadText(kTopLevel);
-  const model::RegistryPath parts = model::ParseRegistryPath(path, topLevel);
-  propRegValues->setEnabled(!parts.path.empty() && parts.path != topLevel);
-  currentPath_ = parts.path;
-  propRegValues->Clear();
+  const model::RegistryPath parts = model::ParseRegistryPath(path, LoadText(kTopLevel));
   const auto root = tools::FindRegistryRoot(parts.hive);
-  if (root) {
-    ShowKey(*root, parts.subkey);
-  } else {
-    ShowTopLevel();
-  }
-  shownKey_ = currentPath_;
+  const std::string shown = root ? parts.path : std::string();
+  // Whatever can fail comes first: the page must not show one key's values under another's name.
+  const std::vector<std::string> paths = keys_.Paths();
+  const std::vector<model::RegistryValue> values =
+      root ? keys_.ValuesOf(shown) : std::vector<model::RegistryValue>();
+  const QStringList entries = root ? EntriesOf(*root, parts.subkey) : Hives();
+  currentPath_ = shown;
+  propRegValues->setEnabled(root.has_value());
+  cmdAddValue->setEnabled(root.has_value());
+  subkeys_->setStringList(entries);
+  ShowPath(paths);
+  ShowValues(values);
 }
 
-void tabRegistryEditor::ShowTopLevel() {
-  cmbRegPath->setEditText(Text(kTopLevel));
+void tabRegistryEditor::ShowPath(const std::vector<std::string>& paths) {
+  cmbRegPath->clear();
+  for (const std::string& path : paths) cmbRegPath->addItem(ToQString(path));
+  // Up and Down go on from the key that is shown.
+  const auto shown = std::find_if(paths.begin(), paths.end(), [this](const std::string& path) {
+    return IsSame(path, currentPath_);
+  });
+  cmbRegPath->setCurrentIndex(
+      shown == paths.end() ? -1 : static_cast<int>(std::distance(paths.begin(), shown)));
+  cmbRegPath->setEditText(currentPath_.empty() ? Text(kTopLevel) : ToQString(currentPath_));
+}
+
+QStringList tabRegistryEditor::Hives() {
   QStringList hives;
   for (const auto& [root, name] : tools::kRegistryRoots) hives.append(ToQString(name));
-  subkeys_->setStringList(hives);
+  return hives;
 }
 
-void tabRegistryEditor::ShowKey(tools::RegistryRoot root, const std::string& subkey) {
-  cmbRegPath->setEditText(ToQString(currentPath_));
-  propRegValues->AddProperty(ToQString(kDefaultValue), Text(381), Text(kNotSet));
+QStringList tabRegistryEditor::EntriesOf(tools::RegistryRoot root,
+                                         const std::string& subkey) const {
   QStringList entries{Text(kToTopLevel), Text(kLevelUp)};
   for (const std::string& name : registry_.SubkeyNames(root, subkey)) {
     entries.append(ToQString(name));
   }
-  AddStoredValues();
   entries.append({Text(kNewKey), Text(kRemoveAllValues)});
-  subkeys_->setStringList(entries);
+  return entries;
 }
 
-void tabRegistryEditor::AddStoredValues() {
-  std::set<std::string, std::less<>> names;
-  for (const auto& [name, setting] : keys_.ValuesOf(currentPath_)) {
-    if (name == kDefaultValue) {
-      propRegValues->SetProperty(ToQString(name), ToQString(setting));
-    } else if (names.insert(name).second) {
-      // Of two equal names the first is the one that a save writes again.
-      propRegValues->AddProperty(ToQString(name), ToQString(name), ToQString(setting));
-    }
+void tabRegistryEditor::ShowValues(const std::vector<model::RegistryValue>& values) {
+  propRegValues->Clear();
+  storedValues_.clear();
+  hiddenValues_.clear();
+  if (!currentPath_.empty()) {
+    propRegValues->AddProperty(ToQString(kDefaultValue), Text(381), Text(kNotSet));
+  }
+  for (const model::RegistryValue& value : values) ShowValue(value);
+  shownValues_ = ValuesInGrid();
+}
+
+void tabRegistryEditor::ShowValue(const model::RegistryValue& value) {
+  const QString name = ToQString(value.name);
+  const auto [stored, isNew] = storedValues_.try_emplace(ToUtf8(name), value);
+  if (value.name == kDefaultValue) {
+    stored->second = value;
+    propRegValues->SetProperty(name, ToQString(value.setting));
+  } else if (isNew && !name.isEmpty()) {
+    propRegValues->AddProperty(name, name, ToQString(value.setting));
+  } else if (name.isEmpty() || stored->second.name != value.name) {
+    // The grid cannot show it. Of two equal names the first is the one that a save writes again.
+    hiddenValues_.push_back(value);
   }
 }
 
@@ -263,6 +294,7 @@ void tabRegistryEditor::OpenEntry(const std::string& text) {
 
 void tabRegistryEditor::OpenNewKey() {
   const std::string name = dialogs_.InputBox(LoadText(387), LoadText(386), "NewSubkey");
+  if (tools::TrimBlanks(name).empty()) return;
   for (const QString& entry : subkeys_->stringList()) {
     if (IsSame(ToUtf8(entry), name)) Warn(388, 386);
   }
@@ -279,7 +311,7 @@ void tabRegistryEditor::RemoveAllValues() {
       tools::MessageAnswer::Ok) {
     return;
   }
-  Host()->InOneWrite([this] { keys_.Free(currentPath_); });
+  Host()->InOneWrite(*this, [this] { keys_.Free(currentPath_); });
   Show(currentPath_);
 }
 

@@ -26,7 +26,9 @@ EditorTabs::EditorTabs(EditorArea& area, model::ModProject& project, tools::Dial
       project_(project),
       dialogs_(dialogs),
       pageRegistry_(pageRegistry),
-      services_{.project = project, .dialogs = dialogs, .registry = registry} {}
+      services_{.project = project, .dialogs = dialogs, .registry = registry},
+      settings_(project,
+                [](std::string_view text) { return tools::ToUtf8(tools::ToQString(text)); }) {}
 
 EditorTabs::~EditorTabs() = default;
 
@@ -59,14 +61,40 @@ void EditorTabs::OfferChanges(pages::EditorPage& page) {
   area_.ShowHourglass(false);
 }
 
-void EditorTabs::Prepare(std::string_view pageList, std::int32_t version, std::int32_t component) {
-  version_ = version;
-  component_ = component;
-  int position = 0;
-  for (const std::string& name : tools::SplitList(pageList, ';', '"')) {
-    const QString controlName = QStringLiteral("EditorTab%1").arg(++position);
-    tools::Guard(dialogs_, [&] { pages_.push_back(MakePage(name, controlName)); });
+void EditorTabs::AllowOverwriting(const pages::EditorPage& page, const std::string& file) {
+  const auto withNames = [&](std::int32_t text) {
+    const std::string named = tools::ReplaceAll(model::LoadText(text), "%title%", page.Title());
+    return tools::ReplaceAll(named, "%file%", file);
+  };
+  if (dialogs_.ShowMessage({.text = withNames(440),
+                            .caption = tools::StandardText(tools::kTextQuestion),
+                            .icon = tools::MessageIcon::Question,
+                            .buttons = tools::MessageButtons::YesNo,
+                            .defaultAnswer = tools::MessageAnswer::No}) !=
+      tools::MessageAnswer::Yes) {
+    throw tools::Error(withNames(441));
   }
+}
+
+void EditorTabs::Prepare(std::string_view pageList, std::int32_t version, std::int32_t component) {
+  std::vector<std::string> reasons;
+  {
+    // All pages see the file as it is now, and it is compared with the disk once for all its keys.
+    const tools::SettingsStore::Batch reading(project_.Settings());
+    settings_.Select(version, component);
+    int position = 0;
+    for (const std::string& name : tools::SplitList(pageList, ';', '"')) {
+      const QString controlName = QStringLiteral("EditorTab%1").arg(++position);
+      try {
+        pages_.push_back(MakePage(name, controlName));
+      } catch (const std::exception& error) {
+        if (std::find(reasons.begin(), reasons.end(), error.what()) == reasons.end()) {
+          reasons.emplace_back(error.what());
+        }
+      }
+    }
+  }
+  for (const std::string& reason : reasons) tools::ShowError(dialogs_, reason);
 }
 
 std::unique_ptr<pages::EditorPage> EditorTabs::MakePage(const std::string& pageName,
@@ -83,8 +111,7 @@ std::unique_ptr<pages::EditorPage> EditorTabs::MakePage(const std::string& pageN
   page->setObjectName(controlName);
   page->setVisible(false);
   page->SetHost(this);
-  // A large component is read key by key: inside a batch its file is compared with the disk once.
-  InOneWrite([&] { page->ReadSettings(); });
+  page->ReadSettings();
   page->SetDirty(false);
   return page;
 }
@@ -107,27 +134,15 @@ void EditorTabs::StatusTextChanged(const std::string& text) { area_.ShowStatusTe
 
 std::string EditorTabs::Read(std::string_view section, std::string_view key,
                              std::string_view defaultValue) {
-  if (version_ != 0 && component_ != 0) {
-    return project_.ReadComponentSetting(version_, component_, section, key, defaultValue);
-  }
-  if (version_ != 0) return project_.ReadVersionSetting(version_, section, key, defaultValue);
-  return project_.ReadProductSetting(section, key, defaultValue);
+  return settings_.Read(section, key, defaultValue);
 }
 
 void EditorTabs::Save(std::string_view section, std::string_view key, std::string_view value) {
-  if (version_ != 0 && component_ != 0) {
-    project_.WriteComponentSetting(version_, component_, section, key, value);
-  } else if (version_ != 0) {
-    project_.WriteVersionSetting(version_, section, key, value);
-  } else {
-    project_.WriteProductSetting(section, key, value);
-  }
+  settings_.Save(section, key, value);
 }
 
-void EditorTabs::InOneWrite(const std::function<void()>& writes) {
-  tools::SettingsStore::Batch batch(project_.Settings());
-  writes();
-  batch.Commit();
+void EditorTabs::InOneWrite(const pages::EditorPage& page, const std::function<void()>& writes) {
+  settings_.InOneWrite(writes, [&](const std::string& file) { AllowOverwriting(page, file); });
 }
 
 }  // namespace shell

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "model/ModProject.h"
+#include "model/NodeSettings.h"
 #include "model/OpenPages.h"
 #include "pages/PageHost.h"
 #include "pages/PageRegistry.h"
@@ -31,7 +32,8 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   void Reset(bool ask) override;
   /// Makes the pages of a node, hidden: each is a control of the class "Packwright." and its name,
   /// under the name "EditorTab" and its position in the list, and has read its settings. A page
-  /// that cannot be made or read is reported and left out.
+  /// that cannot be made or read is left out, and the reason reported: once, where it is that of
+  /// several pages.
   void Prepare(std::string_view pageList, std::int32_t version, std::int32_t component);
 
   [[nodiscard]] std::int32_t Count() const override;
@@ -43,14 +45,17 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   [[nodiscard]] std::string Read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue) override;
   void Save(std::string_view section, std::string_view key, std::string_view value) override;
-  void InOneWrite(const std::function<void()>& writes) override;
-  [[nodiscard]] std::int32_t VersionIndex() const override { return version_; }
-  [[nodiscard]] std::int32_t ComponentIndex() const override { return component_; }
+  void InOneWrite(const pages::EditorPage& page, const std::function<void()>& writes) override;
+  [[nodiscard]] std::int32_t VersionIndex() const override { return settings_.Version(); }
+  [[nodiscard]] std::int32_t ComponentIndex() const override { return settings_.Component(); }
 
  private:
   [[nodiscard]] std::unique_ptr<pages::EditorPage> MakePage(const std::string& pageName,
                                                             const QString& controlName);
   void OfferChanges(pages::EditorPage& page);
+  /// Asks whether saving this page may undo what another program did to the file; raises
+  /// tools::Error when it may not.
+  void AllowOverwriting(const pages::EditorPage& page, const std::string& file);
 
   EditorArea& area_;
   model::ModProject& project_;
@@ -58,8 +63,7 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   const pages::PageRegistry& pageRegistry_;
   pages::PageServices services_;
   std::vector<std::unique_ptr<pages::EditorPage>> pages_;
-  std::int32_t version_ = 0;
-  std::int32_t component_ = 0;
+  model::NodeSettings settings_;
 };
 
 }  // namespace shell

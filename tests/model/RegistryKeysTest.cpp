@@ -14,12 +14,12 @@ class RegistryKeysTest : public testing::Test {
   RegistryKeys keys_{
       [this](auto section, auto key, auto fallback) { return file_->Read(section, key, fallback); },
       [this](auto section, auto key, auto value) { file_->Write(section, key, value); },
-      [this] { return file_->Render(); }};
+      {.path = [] { return "K.component"; }, .text = [this] { return file_->Render(); }}};
 };
 
 TEST_F(RegistryKeysTest, StoresValuesInOrderAndLeavesThoseOfHigherNumbers) {
-  EXPECT_TRUE(keys_.Store("HKEY_USERS\\Ä", {{"@", "x"}, {"Größe \"1\"", " y "}, {"", ""}}));
-  EXPECT_FALSE(keys_.Store(" hkey_users\\ä ", {{"n", "1"}}));
+  keys_.Store("HKEY_USERS\\Ä", {{"@", "x"}, {"Größe \"1\"", " y "}, {"", ""}});
+  keys_.Store(" hkey_users\\ä ", {{"n", "1"}});
   EXPECT_THAT(keys_.Paths(), ElementsAre("HKEY_USERS\\Ä"));
   EXPECT_THAT(keys_.ValuesOf("HKEY_USERS\\Ä"), ElementsAre(RegistryValue{"n", "1"}));
   EXPECT_EQ(file_->Read("RegKey1", "Val2Setting", ""), " y ");
@@ -38,6 +38,12 @@ TEST_F(RegistryKeysTest, FreesEverySlotOfAKeyAndTakesTheFirstFreeOne) {
   EXPECT_THAT(keys_.Paths(), ElementsAre("A", "New"));
 }
 
+TEST_F(RegistryKeysTest, StoresIntoTheFirstOfEqualSlots) {
+  SetText("[Registry]\nKeys=3\nKey1=A\nKey2=B\nKey3=b\n");
+  keys_.Store("b", {{"n", "1"}});
+  EXPECT_EQ(file_->Read("RegKey2", "Val1Name", "") + file_->Read("RegKey3", "Val1Name", "-"), "n-");
+}
+
 TEST_F(RegistryKeysTest, CopesWithAnyStoredCount) {
   SetText(
       "[Registry]\nKeys=2147483647\nKey2000000000=Far\nkey1=Near\n"
@@ -46,10 +52,11 @@ TEST_F(RegistryKeysTest, CopesWithAnyStoredCount) {
   EXPECT_THAT(keys_.ValuesOf("Near"), ElementsAre(RegistryValue{"v", ""}));
   keys_.Store("New", {});
   EXPECT_EQ(file_->Read("Registry", "Key2", ""), "New");
-  for (const char* bad : {"-1", "99999999999", "viele"}) {
-    SetText(std::string("[Registry]\nKey1=A\nKeys=") + bad);
-    EXPECT_THAT(keys_.Paths(), ElementsAre());
-  }
+  SetText("[Registry]\nKey1=A\nKeys=viele");
+  EXPECT_THAT(keys_.Paths(), ElementsAre());
+  SetText("[Registry]\nKeys=1\nKey1=A\n[RegKey1]\nValues=99999999999");
+  EXPECT_EQ(tests::ErrorOf([this] { (void)keys_.ValuesOf("A"); }),
+            "Die Anzahl ist ungültig: K.component ([RegKey1] Values=99999999999)");
 }
 
 TEST(RegistryPathTest, ReadsWhatTheAuthorTyped) {

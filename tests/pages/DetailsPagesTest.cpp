@@ -1,4 +1,6 @@
+#include "grid/ctlPropertyEditor.h"
 #include "tests/support/desktop/PageFixture.h"
+#include "tools/Text.h"
 
 namespace tests {
 
@@ -59,6 +61,10 @@ class DetailsPagesTest : public QObject {
     QVERIFY(!f.page->IsDirty());
     f.page->ApplyChanges();
     QCOMPARE(f.File(f.kProductFile) + f.File(f.kVersionFile), before);
+    auto& properties = Child<grid::ctlPropertyEditor>(*f.page, "propsVersion");
+    properties.AddProperty("P", "Eigenschaft", "alt");
+    properties.SetProperty("P", "neu");
+    QVERIFY(f.page->IsDirty());
   }
 
   void AbsentCatalogueDataHaveDefaults() {
@@ -77,7 +83,11 @@ class DetailsPagesTest : public QObject {
       QVERIFY2(f.page->IsDirty(), name);
     }
     f.page->SetDirty(false);
-    QTest::keyClick(&Child(*f.page, "cmbProgramType"), Qt::Key_Down);
+    for (const auto& [key, subtypes] :
+         {std::pair(Qt::Key_Down, 2), {Qt::Key_Down, 0}, {Qt::Key_Up, 2}}) {
+      QTest::keyClick(&Child(*f.page, "cmbProgramType"), key);
+      QCOMPARE(Child<QComboBox>(*f.page, "cmbProgramSubtype").count(), subtypes);
+    }
     QVERIFY(f.page->IsDirty());
     f.page->ApplyChanges();
     QVERIFY(!f.page->IsDirty());
@@ -90,6 +100,14 @@ class DetailsPagesTest : public QObject {
     }
     f.page->ApplyChanges();
     QVERIFY(f.File(f.kVersionFile).endsWith("SubType=Malen\n"));
+  }
+
+  void BytesThatAreNotUtf8SurviveASave() {
+    const std::string stored = "[Tessel]\nKey=\xFF\nTitle=\xEF\xBB\xBFt\nType=1\nSubType=\xC3\n";
+    TesselPage f(stored);
+    Type(Child(*f.page, "txtTesselKey"), "k");
+    f.page->ApplyChanges();
+    QCOMPARE(f.folder.Read(f.kVersionFile), tools::ReplaceAll(stored, "\xFF", "k"));
   }
 
   void AStoredProgramTypeThatIsNoneSelectsNone() {

@@ -47,6 +47,23 @@ class tabBuildOptionsTest : public QObject {
     QTest::keyClick(&Child(*f.page, "cmbInstallerType"), Qt::Key_Down);
     QVERIFY(f.Shown().startsWith("Tessel-Installer|" + pages::Text(338)));
     QVERIFY(f.page->IsDirty());
+    f.page->ApplyChanges();
+    QCOMPARE(f.File(f.kVersionFile), "[BuildCommon]\nInstallerType=1\nActiveConfig=99999999999\n");
+
+    const char* none = "[BuildCommon]\nInstallerType=2\nActiveConfig=0\n";
+    Fixture untouched(none);
+    untouched.page->ApplyChanges();
+    QCOMPARE(untouched.File(f.kVersionFile), none);
+  }
+
+  void AChoiceIsComparedWithTheConfigurationInTheGrid() {
+    Fixture f("[Build1]\nOutputFolder=d\nLocale=1\n[Build2]\nOutputFolder=r\nLocale=2\n");
+    const QString release = f.File(f.kVersionFile) + "\n[BuildCommon]\nActiveConfig=2\n";
+    f.folder.Write(f.kVersionFile, release.toStdString());  // by another program
+    f.ChooseNext();
+    QVERIFY(f.Shown().endsWith("|Release|Konfiguration=Release|Ausgabeordner=r|Sprache (LCID)=2"));
+    f.page->ApplyChanges();
+    QCOMPARE(f.File(f.kVersionFile), release + "InstallerType=1\n");
   }
 
   void AnotherConfigurationIsStoredAtOnceAndItsNameCannotBeEdited() {

@@ -1,4 +1,6 @@
 #include <QDir>
+#include <QWheelEvent>
+#include <filesystem>
 
 #include "model/TextTable.h"
 #include "tests/support/desktop/PageFixture.h"
@@ -49,8 +51,8 @@ class tabFileListTest : public QObject {
     QCOMPARE(folders.itemText(31), "Benutzerdefiniert");
     QVERIFY(!Child(*f.page, "cmdRemoveFile").isEnabled() && !Grid(*f.page).isEnabled());
 
-    f.dialogs.ExpectBrowseFolder("Alle Dateien in diesem Ordner werden",
-                                 f.folder.MakeFolder("leer"));
+    f.folder.Write("leer/tief/d", "x");
+    f.dialogs.ExpectBrowseFolder("Alle Dateien in diesem Ordner werden", f.folder.Path("leer"));
     PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
     QVERIFY(!f.page->IsDirty());
     f.Choose(38);
@@ -92,6 +94,12 @@ class tabFileListTest : public QObject {
     QVERIFY(f.Fields().endsWith("|Essenziell=1"));
     Edit(*f.page, "Eintragstyp", "1");
     QVERIFY(f.Fields().contains("Vorhanden=Nicht vorhanden"));
+    f.Select(0);
+    f.folder.MakeFolder("Demo/leer");
+    std::filesystem::remove(f.folder.Path("Demo/q/da.txt"));
+    f.Select(0);
+    QVERIFY(f.Fields().contains("Vorhanden=Nicht vorhanden"));
+    f.Select(1);
     Click(f.List(), f.List().currentIndex(), Qt::ControlModifier);
     QCOMPARE(f.Fields(), "");  // no entry is selected any more
   }
@@ -108,8 +116,9 @@ class tabFileListTest : public QObject {
     QTRY_VERIFY(f.Fields().endsWith("|Essenziell=-1"));
     QVERIFY(Rows(f.List()).startsWith("ü; \"漢\""));
     QCOMPARE(f.List().selectionModel()->selectedRows().size(), 1);
+    QVERIFY(f.page->IsDirty());
     Edit(script, *f.page, "Eintragstyp", "1");
-    for (const char* fixed : {"GUID", "Vorhanden"}) {
+    for (const char* fixed : {"GUID", "Vorhanden", "Version", "Datum"}) {
       DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), fixed));
       QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(239));
     }
@@ -128,6 +137,59 @@ class tabFileListTest : public QObject {
     QCOMPARE(Rows(f.List()) + f.Fields(), "");
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("File1", {"Permanent", "TargetFolder"}), "0|3");
+  }
+
+  void PathsWithControlCharactersAreRefusedByNameAndOnlyThey() {
+    Fixture f("");
+    f.dialogs.ExpectOpenFile("Startmenü Programme", f.folder.Path("b\n.txt"));
+    Press(*f.page, "cmdAddFile");
+    QVERIFY(Told(f.dialogs).endsWith(f.Path("b?.txt")));
+    QVERIFY(!f.page->IsDirty());
+    try {
+      for (int i = 0; i < 12; ++i) f.folder.Write("Q/\t" + std::to_string(i), "x");
+    } catch (const std::exception&) {
+      QSKIP("this file system has no such names");
+    }
+    f.folder.Write("Q/gut", "x");
+    f.dialogs.ExpectBrowseFolder("Alle Dateien in diesem Ordner werden", f.folder.Path("Q"));
+    PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
+    QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?7") + "\nund 2 weitere"));
+    f.page->ApplyChanges();
+    QCOMPARE(f.Stored("Files", {"Count"}) + f.Stored("File1", {"SourceName"}), "1gut");
+  }
+
+  void AnEntryWithoutATypeBuildsAsBeforeUntilItIsSet() {
+    const char* entries =
+        "[Files]\nCount=4\n[File1]\nID=a\nType=2\n[File2]\nID=b\nTargetFolder=2\n"
+        "[File3]\nID=c\nTargetFolder=2\n[File4]\nID=d\nType=\n";
+    const auto types = [](const Fixture& f) {
+      QStringList stored;
+      for (const char* n : {"File1", "File2", "File3", "File4"}) stored += f.Stored(n, {"Type"});
+      return stored.join('|');
+    };
+    Fixture f(entries);
+    f.Select(0);
+    QVERIFY(f.Fields().startsWith("Eintragstyp=0|"));
+    f.page->ApplyChanges();
+    QCOMPARE(types(f), "2|-|-|0");
+    Edit(*f.page, "Eintragstyp", "2");
+    Edit(*f.page, "Eintragstyp", "0");
+    f.page->ApplyChanges();
+    QCOMPARE(types(f), "2|0|-|0");
+    f.Select(0);
+    Press(*f.page, "cmdRemoveFile");
+    f.page->ApplyChanges();
+    QCOMPARE(types(f), "2|1|0|0");
+  }
+
+  void TheWheelOverAnUnfocusedFolderBoxChangesNothing() {
+    Fixture f("");
+    auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
+    f.List().setFocus();
+    QWheelEvent turn({5, 5}, folders.mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {},
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&folders, &turn);
+    QCOMPARE(folders.currentIndex(), 0);
   }
 
   void OnlyTheButtonRemovesAnEntry() {
@@ -165,7 +227,8 @@ class tabFileListTest : public QObject {
     QVERIFY(Rows(f.List()).endsWith("letzte=%ProgramFiles%\\"));
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("File50000", {"SourceName"}), "letzte");
-    f.page->ReadSettings();
+    f.Open("tabFileList", 1, 1);
+    f.Choose(38);
     QCOMPARE(f.List().model()->rowCount(), 50000);
   }
 };

@@ -72,9 +72,13 @@ class tabRegistryEditorTest : public QObject {
     for (const auto& [entry, path] : ways) {
       f.Go(entry);
       QCOMPARE(f.ShownPath(), path);
-      QCOMPARE(Grid(*f.page).isEnabled(), f.ShownPath() != "Arbeitsplatz");
+      for (const char* editor : {"lsvProps", "cmdAddValue"}) {
+        QCOMPARE(Child(*f.page, editor).isEnabled(), f.ShownPath() != "Arbeitsplatz");
+      }
     }
     QCOMPARE(f.List().model()->rowCount(), 7);
+    Q_EMIT f.List().doubleClicked({});  // beside the entries
+    QCOMPARE(f.ShownPath(), "Arbeitsplatz");
     f.List().setCurrentIndex(RowWith(f.List(), kMachine));
     QTest::keyClick(&f.List(), Qt::Key_Return);
     QCOMPARE(f.ShownPath(), kMachine);
@@ -88,7 +92,8 @@ class tabRegistryEditorTest : public QObject {
     for (const char* unknown : {"arbeitsplatz\\HKEY_USERS", "hkey_users", "Arbeitsplatz", ""}) {
       f.TypePath(unknown);
       QCOMPARE(f.ShownPath(), "Arbeitsplatz");
-      QCOMPARE(f.List().model()->rowCount(), 7);
+      f.Go(kMachine);
+      QCOMPARE(f.ShownPath(), kMachine);
     }
     QCOMPARE(f.File(f.kComponentFile), kNoSettings);
   }
@@ -131,6 +136,7 @@ class tabRegistryEditorTest : public QObject {
     QVERIFY(f.Values().endsWith("|a=1"));
     QVERIFY(f.page->IsDirty());
     QCOMPARE(f.File(f.kComponentFile), kNoSettings);
+    QCOMPARE(Child<QComboBox>(*f.page, "cmbRegPath").count(), 0);
 
     f.disk.FailAt(FaultyDisk::Step::Write, 1000);
     f.page->ApplyChanges();
@@ -144,10 +150,12 @@ class tabRegistryEditorTest : public QObject {
     f.AddValue("a;b", "1");
     f.AddValue("\"c;d\"", "2");
     f.AddValue("@;", "3");
+    f.AddValue("5\"", "4");
+    f.AddValue("3\"", "5");
     f.Go("(Arbeitsplatz)");
     f.Go(kMachine);
-    QCOMPARE(f.Values(), QString(kUnset) + "|a=|b=|\"c;d\"=2");
-    QCOMPARE(f.Stored("RegKey1", {"Values"}), "5");
+    QCOMPARE(f.Values(), QString(kUnset) + "|a=|b=|\"c;d\"=2|5\"=4|3\"=5");
+    QCOMPARE(f.Stored("RegKey1", {"Values"}), "7");
   }
 
   void AValueIsAddedOnlyUnderAFreeName() {
@@ -171,8 +179,8 @@ class tabRegistryEditorTest : public QObject {
     f.GoToNewKey(" SOFTWARE ");
     QCOMPARE(Told(f.dialogs), pages::Text(386) + "|" + pages::Text(388));
     QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
-    f.GoToNewKey("");
-    QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE\\");
+    f.GoToNewKey(" ");
+    QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
   }
 
   void AFreedSlotIsUsedAgainAndHidesThoseAboveIt() {
@@ -181,8 +189,10 @@ class tabRegistryEditorTest : public QObject {
         "[RegKey2]\nValues=1\nVal1Name=n\nVal1Setting=x\n");
     auto& path = Child<QComboBox>(*f.page, "cmbRegPath");
     QCOMPARE(path.count(), 3);
-    QTest::keyClick(&path, Qt::Key_Down);
-    QCOMPARE(f.ShownPath(), "HKEY_USERS\\k2");
+    for (const char* key : {"k1", "k2"}) {
+      QTest::keyClick(&path, Qt::Key_Down);
+      QCOMPARE(f.ShownPath(), QString("HKEY_USERS\\") + key);
+    }
     f.TypePath("HKEY_USERS\\K2");
     QVERIFY(f.Values().endsWith("|n=x"));
     for (const MessageAnswer answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
@@ -191,6 +201,7 @@ class tabRegistryEditorTest : public QObject {
       QCOMPARE(f.Values() == kUnset, answer == MessageAnswer::Ok);
     }
     QCOMPARE(f.Stored("Registry", {"Key2", "Keys"}), "|3");
+    QCOMPARE(path.count(), 2);
     QCOMPARE(f.Stored("RegKey2", {"Val1Name"}), "n");
 
     f.TypePath("HKEY_USERS\\neu");
@@ -206,6 +217,39 @@ class tabRegistryEditorTest : public QObject {
         "[RegKey2]\nValues=3\nVal1Name=n\nVal1Setting=2\nVal2Name=m\nVal2Setting=3\n");
     f.TypePath("HKEY_USERS\\a");
     QCOMPARE(f.Values(), "(Standardwert)=d|n=1|m=3");
+  }
+
+  void OnlyChoosingAndEnterLeaveAKeyAndOnce() {
+    Fixture f("[Registry]\nKeys=1\nKey1=HKEY_USERS\\a\n");
+    f.AddValue("v", "1");
+    Type(Child(*f.page, "cmbRegPath"), "HKEY_USERS\\a");
+    f.List().setFocus();
+    QVERIFY(f.Values().endsWith("|v=1"));
+    f.disk.FailAt(FaultyDisk::Step::Write, 1);
+    QTest::keyClick(&Child(*f.page, "cmbRegPath"), Qt::Key_Return);
+    QCOMPARE(f.dialogs.Messages().size(), 1U);
+    QVERIFY(f.Values().endsWith("|v=1"));
+  }
+
+  void WhatTheGridCannotShowKeepsItsBytes() {
+    const std::string stored =
+        "[Registry]\nKeys=1\nKey1=HKEY_USERS\\a\n[RegKey1]\nValues=4\n"
+        "Val1Name=\xFF\nVal1Setting=\xFF;\nVal2Name=\xFE\nVal2Setting=2\n"
+        "Val3Name=x\nVal3Setting=\xFE\nVal4Name=\nVal4Setting=4\n";
+    Fixture f(stored);
+    f.TypePath("HKEY_USERS\\a");
+    f.page->ApplyChanges();
+    QCOMPARE(f.folder.Read(f.kComponentFile), stored);
+    f.TypePath("HKEY_USERS\\a");
+    Edit(*f.page, "(Standardwert)", "neu");
+    f.page->ApplyChanges();
+    const tools::SettingsFile file(f.folder.Read(f.kComponentFile));
+    std::string values;
+    for (const char* key : {"Val1Name", "Val2Name", "Val2Setting", "Val3Name", "Val3Setting",
+                            "Val4Name", "Val4Setting", "Val5Name", "Val5Setting", "Values"}) {
+      values += file.Read("RegKey1", key, "-") + "|";
+    }
+    QCOMPARE(values, "@|\xFF|\xFF;|x|\xFE|\xFE|2||4|5|");
   }
 };
 

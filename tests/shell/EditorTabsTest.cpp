@@ -1,8 +1,24 @@
+#include <filesystem>
+
 #include "tests/support/desktop/PageFixture.h"
+#include "tools/Error.h"
 
 namespace tests {
 
 using tools::MessageAnswer;
+
+namespace {
+
+/// A page that cannot tell whether it has changes.
+struct BrokenPage : pages::EditorPage {
+  using EditorPage::EditorPage;
+  [[nodiscard]] std::string Title() const override { return "kaputt"; }
+  void ReadSettings() override {}
+  void WriteSettings() override {}
+  [[nodiscard]] bool IsDirty() const override { throw tools::Error("kaputt"); }
+};
+
+}  // namespace
 
 /// The host of the pages, with the program's own pages.
 class EditorTabsTest : public QObject {
@@ -21,6 +37,22 @@ class EditorTabsTest : public QObject {
     QCOMPARE(f.File(f.kComponentFile), equalIds);
   }
 
+  void TellsOnceOfAFileThatCannotBeReadAndShowsThePagesThatNeedAnother() {
+    PageFixture f;
+    for (const char* file : {f.kVersionFile, f.kComponentFile}) {
+      std::filesystem::remove(f.folder.Path(file));
+      f.folder.MakeFolder(file);
+    }
+    f.tabs.Prepare("tabFileList;tabRegistryEditor", 1, 1);
+    QCOMPARE(f.tabs.Count(), 0);
+    QCOMPARE(f.dialogs.Messages().size(), 1U);
+    QVERIFY(Told(f.dialogs).contains(f.Path(f.kComponentFile)));
+    f.tabs.Prepare("tabBuildOptions;tabVersionDetails;tabTesselRegistration", 1, 0);
+    QCOMPARE(f.tabs.Count(), 1);
+    QCOMPARE(f.tabs.Item(1).objectName(), "EditorTab2");
+    QCOMPARE(f.dialogs.Messages().size(), 2U);
+  }
+
   void OffersEachChangedPageByItsTitleAndNoOther() {
     PageFixture f;
     f.tabs.Prepare("tabBuildOptions;tabTesselRegistration;tabFeatures", 1, 0);
@@ -28,9 +60,46 @@ class EditorTabsTest : public QObject {
     f.dialogs.ExpectQuestion("der Seite \"Erstellungs-Optionen\" übernehmen?", MessageAnswer::Yes);
     f.dialogs.ExpectQuestion("der Seite \"Tessel-Datenbank\" übernehmen?", MessageAnswer::No);
     f.tabs.Reset(true);
+    QCOMPARE(f.dialogs.Messages().back().icon, tools::MessageIcon::Question);
+    QCOMPARE(f.dialogs.Messages().back().defaultAnswer, MessageAnswer::Yes);
     QVERIFY(f.area.findChildren<QWidget*>().isEmpty());
     QVERIFY(f.File(f.kVersionFile).contains("\nActiveConfig=1\n"));
     QVERIFY(!f.File(f.kVersionFile).contains("[Tessel]"));
+  }
+
+  void APageWhoseChangesAreUnknownStaysWithThoseBehindIt() {
+    PageFixture f;
+    f.pageRegistry.Add("broken",
+                       [](const auto&, QWidget* parent) { return new BrokenPage(parent); });
+    f.tabs.Prepare("tabFeatures;broken;tabSetupProcedure", 1, 0);
+    f.tabs.Reset(true);
+    QCOMPARE(f.tabs.Count(), 2);
+    QCOMPARE(f.tabs.Item(1).Title(), "kaputt");
+    f.tabs.ShowTab(2);
+    QVERIFY(f.tabs.Item(1).isHidden() && !f.tabs.Item(2).isHidden());
+    f.tabs.ShowTab(3);
+    QVERIFY(f.tabs.Item(2).isHidden());
+  }
+
+  void AsksBeforeAPageOverwritesWhatAnotherProgramChanged() {
+    PageFixture f;
+    f.Open("tabProductDetails", 0, 0);
+    Edit(*f.page, "Autor", "Änne");
+    const std::string theirs = "[Product]\nTitle=Demo\nAuthor=Bert\n";
+    f.folder.Write(f.kProductFile, theirs);
+    f.dialogs.ExpectQuestion(
+        "seit die Seite \"Produkt\" sie gelesen hat:\n" + f.folder.Path(f.kProductFile),
+        MessageAnswer::No);
+    QVERIFY_THROWS_EXCEPTION(tools::Error, f.page->ApplyChanges());
+    const tools::Message& question = f.dialogs.Messages().back();
+    QCOMPARE(question.icon, tools::MessageIcon::Question);
+    QCOMPARE(question.defaultAnswer, MessageAnswer::No);
+    QCOMPARE(f.folder.Read(f.kProductFile), theirs);
+    QVERIFY(f.page->IsDirty());
+    QVERIFY(Rows(Grid(*f.page)).contains("Autor=Änne"));
+    f.dialogs.ExpectQuestion("Möchten Sie", MessageAnswer::Yes);
+    f.page->ApplyChanges();
+    QVERIFY(f.File(f.kProductFile).contains("\nAuthor=Änne\n"));
   }
 
   void AsksNothingWhenToldNotToAndDoesNotReportAFailureToApply() {

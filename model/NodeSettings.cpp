@@ -1,0 +1,158 @@
+#include "model/NodeSettings.h"
+
+#include <utility>
+
+#include "tools/Error.h"
+#include "tools/Files.h"
+
+namespace model {
+
+namespace {
+
+std::string NoteKey(std::string_view section, std::string_view key) {
+  return std::string(section).append("\n").append(key);
+}
+
+}  // namespace
+
+void NodeSettings::Select(std::int32_t version, std::int32_t component) {
+  version_ = version;
+  component_ = component;
+  noted_.clear();
+  readLater_ = false;
+  try {
+    seen_ = project_.Settings().Load(FilePath());
+  } catch (const tools::Error&) {
+    // Each page that needs the file meets this error itself.
+    seen_ = std::make_shared<tools::SettingsFile>();
+  }
+}
+
+std::string NodeSettings::FilePath() const {
+  if (version_ != 0 && component_ != 0) return project_.ComponentFilePath(version_, component_);
+  return version_ != 0 ? project_.VersionFilePath(version_) : project_.ProductPath();
+}
+
+std::string NodeSettings::Read(std::string_view section, std::string_view key,
+                               std::string_view defaultValue) {
+  std::string value =
+      version_ != 0 && component_ != 0
+          ? project_.ReadComponentSetting(version_, component_, section, key, defaultValue)
+      : version_ != 0 ? project_.ReadVersionSetting(version_, section, key, defaultValue)
+                      : project_.ReadProductSetting(section, key, defaultValue);
+  NoteRead(section, key, defaultValue, value);
+  return value;
+}
+
+void NodeSettings::NoteRead(std::string_view section, std::string_view key,
+                            std::string_view defaultValue, std::string_view value) {
+  const auto stored = seen_->Find(section, key);
+  if (value == stored.value_or("")) {
+    if (readLater_) noted_.erase(NoteKey(section, key));
+    return;
+  }
+  noted_.insert_or_assign(NoteKey(section, key), value);
+  if (stored || value != defaultValue) readLater_ = true;
+}
+
+NodeSettings::Seen NodeSettings::SeenOf(std::string_view section, std::string_view key) const {
+  const auto stored = seen_->Find(section, key);
+  if (!noted_.empty() && (readLater_ || !stored)) {
+    const auto note = noted_.find(NoteKey(section, key));
+    if (note != noted_.end()) {
+      return {.text = note->second, .stored = stored.has_value(), .noted = true};
+    }
+  }
+  return {.text = stored.value_or(""), .stored = stored.has_value()};
+}
+
+void NodeSettings::InOneWrite(const std::function<void()>& writes,
+                              const AllowOverwriting& allowOverwriting) {
+  if (!project_.IsOpen()) return;
+  const std::string file = FilePath();
+  mode_ = Mode::Edits;
+  if (EditsMeetOtherChanges(file, writes)) {
+    allowOverwriting(file);
+    mode_ = Mode::All;
+  }
+  tools::SettingsStore::Batch batch(project_.Settings());
+  current_ = project_.Settings().Load(file);
+  writtenNotes_.clear();
+  writes();
+  Commit(batch, file);
+}
+
+bool NodeSettings::EditsMeetOtherChanges(const std::string& file,
+                                         const std::function<void()>& writes) {
+  const tools::SettingsStore::Batch batch(project_.Settings());
+  current_ = project_.Settings().Load(file);
+  // Writing to a node that is gone fails, there is nothing to ask about.
+  if (current_ == seen_ || !tools::FileExists(file)) return false;
+  mode_ = Mode::Compare;
+  edits_ = false;
+  otherChanges_ = false;
+  writes();
+  mode_ = Mode::Edits;
+  return edits_ && otherChanges_;
+}
+
+void NodeSettings::Save(std::string_view section, std::string_view key, std::string_view value) {
+  const auto current = current_->Find(section, key);
+  const Seen seen = SeenOf(section, key);
+  // A number that was never stored is read as an empty text and written as 0.
+  const bool fills =
+      !seen.stored && !current && (value == seen.text || (seen.text.empty() && value == "0"));
+  const bool edited =
+      !fills && value != seen.text && (seen.text.empty() || value != asShown_(seen.text));
+  switch (mode_) {
+    case Mode::Compare:
+      if (edited && current != value) edits_ = true;
+      if (current != value && current.value_or(seen.noted ? seen.text : "") != seen.text) {
+        otherChanges_ = true;
+      }
+      break;
+    case Mode::Edits:
+      if (fills || (edited && current != value)) Write(section, key, value);
+      break;
+    case Mode::All: {
+      const std::string_view text = fills || edited ? value : seen.text;
+      if (current != text) Write(section, key, text);
+      break;
+    }
+  }
+}
+
+void NodeSettings::Write(std::string_view section, std::string_view key, std::string_view value) {
+  if (!noted_.empty()) writtenNotes_.push_back(NoteKey(section, key));
+  if (version_ != 0 && component_ != 0) {
+    project_.WriteComponentSetting(version_, component_, section, key, value);
+  } else if (version_ != 0) {
+    project_.WriteVersionSetting(version_, section, key, value);
+  } else {
+    project_.WriteProductSetting(section, key, value);
+  }
+}
+
+void NodeSettings::Commit(tools::SettingsStore::Batch& batch, const std::string& file) {
+  tools::SettingsStore& store = project_.Settings();
+  const auto written = store.Load(file);
+  if (written == current_) return;  // nothing was
+  const bool unchanged = std::exchange(current_, nullptr) == seen_;
+  // The commit makes the store forget what was written.
+  auto seen = unchanged ? written : SeenWithWritesOf(*written);
+  batch.Commit();
+  // Another program was faster than the commit, which has joined both: what it wrote is unseen.
+  if (unchanged && store.Load(file) != written) seen = SeenWithWritesOf(*written);
+  seen_ = std::move(seen);
+  for (const std::string& note : writtenNotes_) noted_.erase(note);
+}
+
+std::shared_ptr<const tools::SettingsFile> NodeSettings::SeenWithWritesOf(
+    const tools::SettingsFile& written) const {
+  auto seen = seen_->Clone();
+  written.ReplayWrites(*seen);
+  seen->ForgetWrites();
+  return seen;
+}
+
+}  // namespace model

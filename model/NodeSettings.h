@@ -1,0 +1,98 @@
+// The settings of the selected node as its open pages have seen them, so that saving a page writes
+// what its author changed and nothing else: another program may work on the same file.
+//
+// A text is edited when it is not what the page has read. Writing tells three cases apart:
+//   - an edited text is written;
+//   - a text as it was read is left alone, whatever the file holds by now, and written only where
+//     the key has never been stored: so a page's defaults become settings when it is saved;
+//   - where the page has edited something, and another program has changed something that the page
+//     would write, the author decides. If the page's state is to count, all of it is written: a
+//     numbered list that is half one program's and half the other's would be neither's.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "model/ModProject.h"
+#include "tools/SettingsFile.h"
+
+namespace model {
+
+class NodeSettings {
+ public:
+  /// What a page shows of a stored text, and writes when nobody edits it: bytes that are not UTF-8
+  /// become replacement characters there.
+  using AsShown = std::function<std::string(std::string_view text)>;
+  /// Asks whether changes from outside to this file may be overwritten; raises an error to refuse.
+  using AllowOverwriting = std::function<void(const std::string& file)>;
+
+  /// `project` must outlive this object. No node is selected.
+  NodeSettings(ModProject& project, AsShown asShown)
+      : project_(project), asShown_(std::move(asShown)) {}
+
+  /// Selects a node by its slots (0 where none is selected) and forgets what was seen of the last.
+  /// A file that cannot be read is told by the first Read.
+  void Select(std::int32_t version, std::int32_t component);
+  [[nodiscard]] std::int32_t Version() const { return version_; }
+  [[nodiscard]] std::int32_t Component() const { return component_; }
+
+  /// A setting of the node; the default when it is absent. Raises tools::Error for a file that is
+  /// there but cannot be read.
+  [[nodiscard]] std::string Read(std::string_view section, std::string_view key,
+                                 std::string_view defaultValue);
+
+  /// Runs `writes`, whose Save calls become one replacement of the file; it may run twice and must
+  /// give the same both times. What it, `allowOverwriting` or the disk raises leaves the file as it
+  /// was. Does nothing while no product is open.
+  void InOneWrite(const std::function<void()>& writes, const AllowOverwriting& allowOverwriting);
+  /// Offers the text of a key by the rules above, each key once in a write.
+  void Save(std::string_view section, std::string_view key, std::string_view value);
+
+ private:
+  enum class Mode {
+    Compare,  ///< nothing is written: do edits meet changes from outside?
+    Edits,
+    All
+  };
+  struct Seen {
+    std::string_view text;
+    bool stored = false;  ///< in the file as it was when the node was selected
+    bool noted = false;   ///< by a later or a default text
+  };
+
+  [[nodiscard]] std::string FilePath() const;
+  [[nodiscard]] Seen SeenOf(std::string_view section, std::string_view key) const;
+  void NoteRead(std::string_view section, std::string_view key, std::string_view defaultValue,
+                std::string_view value);
+  [[nodiscard]] bool EditsMeetOtherChanges(const std::string& file,
+                                           const std::function<void()>& writes);
+  void Write(std::string_view section, std::string_view key, std::string_view value);
+  void Commit(tools::SettingsStore::Batch& batch, const std::string& file);
+  [[nodiscard]] std::shared_ptr<const tools::SettingsFile> SeenWithWritesOf(
+      const tools::SettingsFile& written) const;
+
+  ModProject& project_;
+  AsShown asShown_;
+  std::int32_t version_ = 0;
+  std::int32_t component_ = 0;
+
+  /// The file as it was when the node was selected, with the pages' own writes since then.
+  std::shared_ptr<const tools::SettingsFile> seen_ = std::make_shared<tools::SettingsFile>();
+  /// By section and key: the defaults that absent keys were read as (but for empty ones), and texts
+  /// that were read later and stood otherwise in `seen_`.
+  std::unordered_map<std::string, std::string> noted_;
+  bool readLater_ = false;  ///< `noted_` holds more than defaults
+
+  Mode mode_ = Mode::Edits;
+  std::shared_ptr<const tools::SettingsFile> current_;  ///< as a write finds the file
+  std::vector<std::string> writtenNotes_;               ///< keys of `noted_` that a write stores
+  bool edits_ = false;                                  ///< Compare found an edited text
+  bool otherChanges_ = false;                           ///< and one that another program changed
+};
+
+}  // namespace model

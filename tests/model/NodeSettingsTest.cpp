@@ -1,0 +1,112 @@
+#include <algorithm>
+
+#include "model/NodeSettings.h"
+#include "tests/support/Testing.h"
+#include "tools/Disk.h"
+
+namespace model {
+
+/// The product's node, with a page that reads and writes "A" and "B" of the section "S".
+class NodeSettingsTest : public testing::Test {
+ protected:
+  /// Another program writes the whole file.
+  void Put(const std::string& settings) { path_ = folder_.Write("d.product", "[S]\n" + settings); }
+  [[nodiscard]] std::string Stored() const { return folder_.Read("d.product").substr(4); }
+
+  /// Opens the page: "A" and "B" as it shows them.
+  std::string Open(const std::string& settings) {
+    Put(settings);
+    project_.SetProductPath(path_);
+    node_.Select(0, 0);
+    return node_.Read("S", "A", "a") + "|" + node_.Read("S", "B", "");
+  }
+
+  /// Saves the page, `meanwhile` running in the midst of it. Returns what the author was asked.
+  std::string Save(
+      const char* a, const char* b, const std::function<void()>& meanwhile = [] {}) {
+    std::string asked;
+    node_.InOneWrite(
+        [&] {
+          node_.Save("S", "A", a);
+          node_.Save("S", "B", b);
+          meanwhile();
+        },
+        [&](const std::string& file) {
+          asked = file == path_ ? "asked" : file;
+          if (!allow_) throw tools::Error("refused");
+        });
+    return asked;
+  }
+
+  tests::TemporaryFolder folder_;
+  std::string path_;
+  bool allow_ = true;
+  tools::SystemDisk disk_;
+  tools::SettingsStore store_{disk_};
+  ModProject project_{store_};
+  NodeSettings node_{project_, [](std::string_view text) {
+                       std::string shown(text);
+                       std::replace(shown.begin(), shown.end(), '\xFF', '?');
+                       return shown;
+                     }};
+};
+
+TEST_F(NodeSettingsTest, WritesEditsAndDefaultsAndLeavesTheRestToOtherPrograms) {
+  struct Row {
+    const char* seen;
+    const char* a;  ///< what the page writes
+    const char* b;
+    const char* meanwhile;  ///< what another program has made of the file
+    const char* asked;
+    const char* result;
+  };
+  const Row rows[] = {
+      {"A=1\nB=2\n", "1", "2", "A=9\nC=1\n", "", "A=9\nC=1\n"},
+      {"A=1\nB=2\n", "3", "2", "C=1\nA=1\nB=2\n", "", "C=1\nA=3\nB=2\n"},
+      {"A=1\nB=2\n", "3", "2", "A=1\nB=9\n", "asked", "A=3\nB=2\n"},
+      {"A=1\nB=2\n", "3", "2", "A=9\nB=2\n", "asked", "A=3\nB=2\n"},
+      {"A=1\nB=2\n", "3", "2", "A=1\n", "asked", "A=3\nB=2\n"},
+      {"A=1\nB=2\n", "3", "2", "A=3\nB=2\n", "", "A=3\nB=2\n"},
+      {"", "a", "", "C=1\n", "", "C=1\nA=a\nB=\n"},
+      {"", "a", "0", "C=1\n", "", "C=1\nA=a\nB=0\n"},
+      {"", "a", "", "A=9\n", "", "A=9\nB=\n"},
+      {"", "b", "", "A=9\n", "asked", "A=b\nB=\n"},
+      {"A=\xFF\nB=\xFF\n", "?", "?", "A=\xFF\nB=\xFF\nC=\n", "", "A=\xFF\nB=\xFF\nC=\n"},
+      {"A=\xFF\nB=\xFF\n", "?", "2", "A=9\nB=\xFF\n", "asked", "A=\xFF\nB=2\n"},
+  };
+  for (const Row& row : rows) {
+    Open(row.seen);
+    Put(row.meanwhile);
+    EXPECT_EQ(Save(row.a, row.b), row.asked) << row.seen << row.meanwhile;
+    EXPECT_EQ(Stored(), row.result) << row.seen << row.meanwhile;
+  }
+}
+
+TEST_F(NodeSettingsTest, ARefusalKeepsTheFileAndTheQuestionComesAgain) {
+  EXPECT_EQ(Open("B=2\n"), "a|2");
+  Put("B=9\n");
+  allow_ = false;
+  for (int save = 0; save < 2; ++save) {
+    EXPECT_EQ(tests::ErrorOf([&] { (void)Save("a", "3"); }), "refused");
+    EXPECT_EQ(Stored(), "B=9\n");
+  }
+  EXPECT_EQ(Open("B=9\n"), "a|9");
+  EXPECT_EQ(Save("a", "3"), "");
+}
+
+TEST_F(NodeSettingsTest, WhatThePageWroteIsItsOwnAndWhatItHasNotReadStaysUnseen) {
+  Open("A=1\nB=2\n");
+  EXPECT_EQ(Save("3", "2"), "");
+  EXPECT_EQ(Save("4", "2", [&] { Put("A=3\nB=9\n"); }), "") << "the commit joins both";
+  EXPECT_EQ(Stored(), "A=4\nB=9\n");
+  EXPECT_EQ(Save("4", "2"), "");
+  EXPECT_EQ(Stored(), "A=4\nB=9\n");
+  EXPECT_EQ(Save("5", "2"), "asked");
+  EXPECT_EQ(Save("6", "2"), "");
+  Put("A=6\nB=8\n");
+  EXPECT_EQ(node_.Read("S", "B", ""), "8");
+  EXPECT_EQ(Save("7", "8"), "") << "read anew";
+  EXPECT_EQ(Stored(), "A=7\nB=8\n");
+}
+
+}  // namespace model
