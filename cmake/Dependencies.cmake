@@ -21,6 +21,7 @@ function(packwright_header_only target header)
 endfunction()
 
 packwright_find(libdeflate libdeflate.h deflate)
+packwright_find(libzip zip.h zip)
 packwright_find(utf8proc utf8proc.h utf8proc)
 if(WIN32)
   # The cross-build links it statically; without this its header would import it from a DLL.

@@ -10,8 +10,8 @@
 # Installs as root, or through sudo; asks nothing. Only a missing package causes an apt call.
 set -eu
 
-packages_build="cmake g++ ninja-build libcli11-dev libdeflate-dev libutf8proc-dev nlohmann-json3-dev
-  zlib1g-dev"
+packages_build="cmake g++ ninja-build libcli11-dev libdeflate-dev libutf8proc-dev libzip-dev
+  nlohmann-json3-dev zlib1g-dev"
 packages_desktop="librsvg2-bin qt6-base-dev qt6-translations-l10n"
 packages_run="qt6-wayland unzip"
 packages_test="libgmock-dev libgtest-dev unzip"

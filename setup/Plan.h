@@ -1,0 +1,56 @@
+// What a setup will do, in the order in which the runtime does it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace setup {
+
+/// How a file is put at its target.
+enum class CopyRule {
+  Add,            ///< leaves a file that is there
+  ReplaceSafely,  ///< replaces one, also one that is in use
+  Copy,           ///< replaces one
+};
+
+/// One file: unpacked if it comes from an archive, then installed, then registered if it is to be.
+struct PlannedFile {
+  std::uint32_t line = 0;       ///< script line of the statement that installs it
+  std::uint32_t component = 0;  ///< position in Plan::components
+  CopyRule rule = CopyRule::Add;
+  bool registersItself = false;
+  bool pathReminder = false;      ///< a comment reminds of registering its path
+  bool vital = false;             ///< the installation ends when it cannot be installed
+  bool deletesTemporary = false;  ///< the unpacked file is deleted afterwards
+  bool packaged = false;          ///< `stored` is a member of the archive
+  std::string target;             ///< as the script has it
+  std::string stored;             ///< member name, or path below the setup's folder with "\"
+};
+
+/// The application's entry in the runtime's catalogue.
+struct Registration {
+  std::string key;
+  std::string title;
+  std::string type;  ///< a number
+  bool operator==(const Registration&) const = default;
+};
+
+struct ScriptHead {
+  std::string year;
+  std::string author;
+  std::string toolVersion;
+};
+
+struct Plan {
+  ScriptHead head;
+  std::string confirmation;  ///< the question at the beginning; empty when there is none
+  std::optional<Registration> registration;
+  std::string folderProposal;  ///< the default of %InstallPath%; empty when none is chosen
+  std::string archive;         ///< its name in the setup's folder; empty when nothing is unpacked
+  std::vector<std::string> components;  ///< their titles
+  std::vector<PlannedFile> files;
+};
+
+}  // namespace setup

@@ -1,0 +1,208 @@
+#include "setup/ScriptReader.h"
+#include "tests/support/Testing.h"
+#include "tools/Text.h"
+
+namespace setup {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+// A script of one packaged file that replaces safely, and one that is added and registered.
+constexpr std::string_view kScript = R"(' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL
+' Copyright (C) 2031 by Änne by Müller
+' Created with Quillon Packwright 1.2.3
+
+Sub InstallMain()
+'Display a message allowing the user to cancel installation
+If Ask("Probe installieren?") = False Then
+	CancelInstall "Abbruch", True
+End If
+
+SetAppKey "probe", "Die Probe"
+RegPrd "probe", "Die Probe", 3
+
+SelectInstallFolder PathStr("%ProgramFiles%\Probe")
+
+'Install files for "Das "Programm""
+If Extract("%SrcPath%\Probe.zip", "1.dll", "%TempPath%\1.dll") Then
+If Not ReplSafe("%TempPath%\1.dll", "%InstallPath%\a.dll", , True) Then
+ErrMsg "Fehler bei %InstallPath%\a.dll", "Fehler"
+CancelInstall "Fehler beim Installieren von Dateien"
+Else
+'TO-DO: Register path for this file...
+End If
+Del "%TempPath%\1.dll"
+End If
+If Extract("%SrcPath%\Probe.zip", "2.txt", "%TempPath%\2.txt") Then
+If Not Add("%TempPath%\2.txt", "C:\Texte\b.txt") Then
+ErrMsg "Fehler", "Fehler"
+Else
+'Self-register this file
+SelfReg "C:\Texte\b.txt"
+End If
+Del "%TempPath%\2.txt"
+End If
+
+End Sub
+
+'--- End of installation script ---
+)";
+
+ScriptReading Read(std::string_view script) {
+  ScriptReader reader("s.install");
+  for (const std::string& line : tools::SplitList(script, '\n', '\0')) reader.Line(line);
+  return reader.Finish();
+}
+
+std::string Changed(std::string_view from, std::string_view to) {
+  EXPECT_NE(kScript.find(from), std::string_view::npos) << from;
+  return tools::ReplaceAll(kScript, from, to);
+}
+
+std::vector<std::string> Texts(const ScriptReading& reading) {
+  std::vector<std::string> texts;
+  for (const Finding& finding : reading.findings) {
+    texts.push_back(std::to_string(finding.line) + ": " + finding.text);
+  }
+  return texts;
+}
+
+}  // namespace
+
+TEST(ScriptReader, ReadsAScriptIntoAPlan) {
+  const ScriptReading reading = Read(kScript);
+  EXPECT_THAT(Texts(reading), IsEmpty());
+  const Plan& plan = reading.plan;
+  EXPECT_EQ(plan.head.year + "|" + plan.head.author + "|" + plan.head.toolVersion,
+            "2031|Änne by Müller|1.2.3");
+  EXPECT_EQ(plan.confirmation, "Probe installieren?");
+  EXPECT_EQ(plan.registration, (Registration{"probe", "Die Probe", "3"}));
+  EXPECT_EQ(plan.folderProposal, "%ProgramFiles%\\Probe");
+  EXPECT_EQ(plan.archive, "Probe.zip");
+  EXPECT_THAT(plan.components, ElementsAre("Das \"Programm\""));
+
+  ASSERT_EQ(plan.files.size(), 2U);
+  const PlannedFile& first = plan.files[0];
+  EXPECT_EQ(first.stored + "|" + first.target, "1.dll|%InstallPath%\\a.dll");
+  EXPECT_EQ(first.rule, CopyRule::ReplaceSafely);
+  EXPECT_EQ(first.line, 18U);
+  EXPECT_TRUE(first.packaged && first.vital && first.registersItself && first.pathReminder &&
+              first.deletesTemporary);
+  const PlannedFile& second = plan.files[1];
+  EXPECT_EQ(second.stored + "|" + second.target, "2.txt|C:\\Texte\\b.txt");
+  EXPECT_EQ(second.rule, CopyRule::Add);
+  EXPECT_TRUE(second.registersItself);
+  EXPECT_FALSE(second.vital || second.pathReminder);
+}
+
+TEST(ScriptReader, ReadsFilesThatAreNotPackaged) {
+  std::string script = Changed(
+      "If Extract(\"%SrcPath%\\Probe.zip\", \"1.dll\", "
+      "\"%TempPath%\\1.dll\") Then\nIf Not ReplSafe(\"%TempPath%",
+      "If Not ReplSafe(\"%SrcPath%\\InstallPath");
+  script = tools::ReplaceAll(script, "Del \"%TempPath%\\1.dll\"\nEnd If\n", "");
+  const ScriptReading reading = Read(script);
+  EXPECT_THAT(Texts(reading), IsEmpty());
+  ASSERT_EQ(reading.plan.files.size(), 2U);
+  EXPECT_EQ(reading.plan.files[0].stored, "InstallPath\\1.dll");
+  EXPECT_FALSE(reading.plan.files[0].packaged || reading.plan.files[0].deletesTemporary);
+}
+
+TEST(ScriptReader, NamesLineColumnAndWhatTheRuntimeExpects) {
+  const struct {
+    std::string_view from, to, finding;
+  } cases[] = {
+      // A quotation mark in a value ends it.
+      {"\"Probe installieren?\"", "\"\"Probe\" installieren?\"",
+       "7: Die Laufzeit kann diese Zeile nicht lesen; erwartet in Spalte 10: \")\"."},
+      {"\"probe\", \"Die Probe\", 3", "\"probe\", \"Die Probe\", drei", "eine Zahl"},
+      {"If Not Add", "If Add", "erwartet in Spalte 4: Ask, Extract oder Not"},
+      {", , True)", ", True)", "erwartet in Spalte 60: \",\""},
+      {", , True)", ", , Wahr)", "True oder False"},
+      {") = False Then", ") Then", "erwartet in Spalte 31: \"=\""},
+      {"Sub InstallMain()", "Sub Main()", "InstallMain"},
+      {"RegPrd", "Reg", "eine bekannte Anweisung"},
+      {"Del \"%TempPath%\\1.dll\"", "Del \"%TempPath%\\1.dll\" jetzt", "das Ende der Zeile"},
+      {"SelfReg \"C:\\Texte\\b.txt\"", "SelfReg \"C:\\Texte\\b.txt", "schließendes"},
+      {"Fehler bei", "Fehler\x01", "ein druckbares Zeichen"},
+      {"Fehler bei", "Fehler\xFF", "Text in UTF-8"},
+      {"End Sub", "End If\nEnd Sub",
+       "36: Diese Anweisung kann hier nicht stehen; erwartet: If Ask"},
+      {"End Sub", "End Sub\nDel \"x\"", "das Ende des Skripts"},
+      {"\nEnd Sub", "", "Das Skript endet zu früh; erwartet: End Sub"},
+      {"Else\n'Self", "'Self", "erwartet: ErrMsg, CancelInstall, Else oder End If"},
+      {"Del \"%TempPath%\\1.dll\"", "Del \"%TempPath%\\2.dll\"",
+       "die entpackte Datei %TempPath%\\1.dll"},
+      {"SelfReg \"C:", "SelfReg \"D:", "die installierte Datei C:\\Texte\\b.txt"},
+      {"ReplSafe(\"%TempPath%\\1.dll", "ReplSafe(\"%TempPath%\\2.dll", "die entpackte Datei"},
+      {"\"%TempPath%\\2.txt\") Then", "\"%TempPath%\\..\\2.txt\") Then", "das Entpacken nach"},
+      {"Probe.zip\", \"2.txt", "Probe2.zip\", \"2.txt", "das Archiv %SrcPath%\\Probe.zip"},
+      {"%SrcPath%\\Probe.zip", "%SrcPath%\\..\\Probe.zip", "ein Archiv im Ordner %SrcPath%"},
+      {"C:\\Texte\\b", "%Texte%\\b", "Der Zielordner %Texte% ist unbekannt."},
+      {"Texte\\b.txt", "nul\\b.txt", "Windows erlaubt diesen Namen nicht: \"nul\"."},
+      {"RegPrd \"probe\"", "RegPrd \"andere\"", "wie bei SetAppKey"},
+      {"SetAppKey \"probe\", \"Die Probe\"", "", "einmal SetAppKey"},
+      {"Copyright", "Copyleft", "2: Erwartet: ' Copyright (C) Jahr by Autor"},
+      {"'Install files", "'Files", "vor der ersten Datei"},
+  };
+  for (const auto& one : cases) {
+    const std::vector<std::string> found = Texts(Read(Changed(one.from, one.to)));
+    EXPECT_THAT(found, testing::Contains(HasSubstr(one.finding))) << one.to;
+  }
+}
+
+TEST(ScriptReader, SkipsTheBlockOfAnIfThatCannotBeRead) {
+  const ScriptReading reading =
+      Read(Changed("Extract(\"%SrcPath%\\Probe.zip\", \"1.dll", "Extract(\"\"\", \"1"));
+  EXPECT_THAT(Texts(reading), ElementsAre(HasSubstr("17: ")));
+  ASSERT_EQ(reading.plan.files.size(), 1U);
+  EXPECT_EQ(reading.plan.files[0].stored, "2.txt");
+}
+
+TEST(ScriptReader, TakesNoSourceFromOutsideTheSetup) {
+  for (const char* source : {"%SrcPath%\\..\\x.txt", "C:\\x.txt", "%SrcPath%\\C:\\x", "%SrcPath%",
+                             "%SrcPath%\\\\x", "%TempPath%\\x.txt"}) {
+    const ScriptReading reading = Read(
+        Changed("'Install files", "'Install files for \"A\"\nIf Not Copy(\"" + std::string(source) +
+                                      "\", \"C:\\x.txt\") Then\nEnd If\n'Install files"));
+    EXPECT_THAT(Texts(reading), ElementsAre(HasSubstr("eine Datei unter %SrcPath%"))) << source;
+    EXPECT_EQ(reading.plan.files.at(0).stored, "");
+  }
+}
+
+TEST(ScriptReader, CountsFindingsThatItDoesNotKeep) {
+  ScriptReader reader("s.install");
+  reader.Line("' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL");
+  for (std::size_t i = 0; i < kKeptFindings + 10; ++i) reader.Line("Unfug");
+  const ScriptReading reading = reader.Finish();
+  EXPECT_EQ(reading.findings.size(), kKeptFindings);
+  EXPECT_EQ(reading.furtherFindings, 11U);  // with the missing end
+}
+
+TEST(ScriptFile, NamesAFileThatIsNoScript) {
+  const tests::TemporaryFolder folder;
+  const std::string script(kScript);
+  EXPECT_EQ(ReadScript(folder.Write("lf", script)).plan.files.size(), 2U);
+  const ScriptReading windows =
+      ReadScript(folder.Write("crlf", tools::ReplaceAll(script, "\n", "\r\n")));
+  EXPECT_THAT(Texts(windows), IsEmpty());
+  EXPECT_EQ(windows.plan.files.size(), 2U);
+
+  const struct {
+    std::string content, error;
+  } cases[] = {
+      {"", "Das ist kein Installationsskript von Packwright: "},
+      {"; another tool's script\n", "Das ist kein Installationsskript von Packwright: "},
+      {"\xEF\xBB\xBF" + script, "Das ist kein Installationsskript von Packwright: "},
+      {script + "'" + std::string(kLongestScriptLine, 'x'), "Eine Zeile des Skripts ist zu lang: "},
+  };
+  for (const auto& one : cases) {
+    const std::string path = folder.Write("falsch", one.content);
+    EXPECT_EQ(tests::ErrorOf([&] { (void)ReadScript(path); }), one.error + path);
+  }
+}
+
+}  // namespace setup
