@@ -64,12 +64,13 @@ std::vector<std::string> Input(Random& random) {
   for (std::uint64_t damage = random() % 4; damage > 0; --damage) {
     const std::size_t at = random() % lines.size();
     const std::size_t other = random() % lines.size();
+    const std::string copy = lines[other];
     switch (random() % 4) {
       case 0:
         lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(at));
         break;
       case 1:
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), std::string(lines[other]));
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), copy);
         break;
       case 2:
         std::swap(lines[at], lines[other]);
