@@ -24,6 +24,7 @@ packwright_find(libdeflate libdeflate.h deflate)
 packwright_find(libzip zip.h zip)
 packwright_find(utf8proc utf8proc.h utf8proc)
 if(WIN32)
-  # The cross-build links it statically; without this its header would import it from a DLL.
+  # The cross-build links them statically; without this their headers would import from a DLL.
   target_compile_definitions(utf8proc INTERFACE UTF8PROC_STATIC)
+  target_compile_definitions(libzip INTERFACE ZIP_STATIC)
 endif()

@@ -2,9 +2,11 @@
 include(GNUInstallDirs)
 set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/packwright)
 
-install(TARGETS packwright-build RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES packaging/man/packwright-build.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES README.md CHANGELOG.md docs/file-formats.md docs/headless-builds.md
+install(TARGETS packwright-build packwright-setup RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES packaging/man/packwright-build.1 packaging/man/packwright-setup.1
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES README.md CHANGELOG.md docs/checking-setups.md docs/file-formats.md
+        docs/headless-builds.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 if(TARGET packwright)
   install(TARGETS packwright RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

@@ -6,7 +6,7 @@ foreach(library IN ITEMS libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
   list(APPEND runtime_libraries ${path})
 endforeach()
 
-install(TARGETS packwright-build RUNTIME DESTINATION .)
+install(TARGETS packwright-build packwright-setup RUNTIME DESTINATION .)
 install(FILES ${runtime_libraries} DESTINATION .)
 install(FILES README.md CHANGELOG.md DESTINATION .)
 file(GLOB documents CONFIGURE_DEPENDS docs/*.md docs/*.png)

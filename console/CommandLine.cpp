@@ -1,9 +1,9 @@
 #include "console/CommandLine.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <ostream>
 
+#include "console/GermanOptions.h"
 #include "tools/Versions.h"
 
 namespace console {
@@ -42,40 +42,6 @@ void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& show
   app.set_help_flag("--help,-h", "Diese Hilfe anzeigen");
 }
 
-void LabelInGerman(CLI::App& app) {
-  const auto formatter = std::make_shared<CLI::Formatter>();
-  formatter->label("Usage", "Aufruf");
-  formatter->label("OPTIONS", "OPTIONEN");
-  formatter->label("Positionals", "Argumente");
-  formatter->label("Options", "Optionen");
-  formatter->label("TEXT", "");
-  formatter->label("Excludes", "nicht mit");
-  formatter->column_width(24);
-  app.formatter(formatter);
-  for (CLI::Option* const option : app.get_options()) {
-    if (option->get_positional()) continue;
-    option->group("Optionen");
-    // A flag takes no value: "--zip=false" is a bad call.
-    if (option->get_expected_max() == 0) option->disable_flag_override();
-  }
-  app.footer(kExitCodes);
-}
-
-std::string GermanText(const CLI::ParseError& error) {
-  const std::string detail = error.what();
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-    // The library lists the arguments behind the last colon.
-    return "Unbekanntes Argument:" + detail.substr(std::min(detail.size(), detail.rfind(':') + 1));
-  }
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
-    return "Einer Option fehlt ihr Wert: " + detail.substr(0, detail.find(':'));
-  }
-  if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
-    return "Optionen schließen einander aus: " + detail;
-  }
-  return "Ungültiger Aufruf: " + detail;
-}
-
 /// What is wrong with a call whose options are known ones; empty when it can run.
 std::string Objection(const CommandLine& line) {
   if (line.product.empty()) return "Die Produktdatei fehlt.";
@@ -95,7 +61,7 @@ std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& argu
   bool showVersion = false;
   CLI::App app(kDescription, "packwright-build");
   DefineOptions(app, line, zipWanted, showVersion);
-  LabelInGerman(app);
+  LabelInGerman(app, kExitCodes);
 
   std::string objection;
   exitCode = ExitCode::Built;

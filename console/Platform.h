@@ -19,6 +19,9 @@ namespace console {
 /// True when standard error is a terminal, so that a line on it can be written again and again.
 [[nodiscard]] bool ErrorsGoToTerminal();
 
+/// True when standard output is a terminal, so that tables on it are for people.
+[[nodiscard]] bool OutputGoesToTerminal();
+
 /// From now on Ctrl+C, a closed terminal and a request to end set a flag instead of ending the
 /// program, so that it can tidy up.
 void WatchForInterrupt();

@@ -33,6 +33,8 @@ std::string WorkingFolder() {
 
 bool ErrorsGoToTerminal() { return ::isatty(STDERR_FILENO) == 1; }
 
+bool OutputGoesToTerminal() { return ::isatty(STDOUT_FILENO) == 1; }
+
 void WatchForInterrupt() {
   struct sigaction action {};
   action.sa_handler = OnSignal;

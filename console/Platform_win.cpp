@@ -22,6 +22,11 @@ BOOL WINAPI OnControl(DWORD event) {
   return TRUE;
 }
 
+bool IsConsole(DWORD handle) {
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(handle), &mode) != 0;
+}
+
 }  // namespace
 
 std::vector<std::string> ProgramArguments(int, const char* const*) {
@@ -46,10 +51,9 @@ std::string WorkingFolder() {
   return tools::FromWide(folder);
 }
 
-bool ErrorsGoToTerminal() {
-  DWORD mode = 0;
-  return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
-}
+bool ErrorsGoToTerminal() { return IsConsole(STD_ERROR_HANDLE); }
+
+bool OutputGoesToTerminal() { return IsConsole(STD_OUTPUT_HANDLE); }
 
 void WatchForInterrupt() { SetConsoleCtrlHandler(OnControl, TRUE); }
 

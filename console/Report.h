@@ -21,6 +21,7 @@ struct Streams {
   std::ostream& output;
   std::ostream& errors;
   bool errorsAreTerminal = false;
+  bool outputIsTerminal = false;
 };
 
 /// A build's observer that also says everything else that the program has to say.

@@ -17,6 +17,8 @@ std::string ReasonOf(const zip_error_t& error) {
       return "kein Verzeichnis; kein Zip-Archiv oder abgeschnitten";
     case ZIP_ER_INCONS:
       return "Verzeichnis und Inhalt widersprechen sich";
+    case ZIP_ER_EXISTS:
+      return "zwei Einträge mit einem Namen";
     case ZIP_ER_EOF:
       return "abgeschnitten";
     case ZIP_ER_MEMORY:
@@ -77,11 +79,6 @@ void Archive::IndexNames() {
   for (std::uint32_t i = 0; i < byName_.size(); ++i) byName_[i] = i;
   const auto nameOf = [this](std::uint32_t i) { return members_[i].name; };
   std::ranges::sort(byName_, {}, nameOf);
-  const auto twin = std::ranges::adjacent_find(byName_, {}, nameOf);
-  if (twin != byName_.end()) {
-    throw tools::Error("Das Archiv hat zwei Einträge mit einem Namen: " + path_ + " (" +
-                       std::string(nameOf(*twin)) + ")");
-  }
 }
 
 const Member* Archive::Find(std::string_view name) const {

@@ -5,6 +5,7 @@
 
 #include "setup/Folders.h"
 #include "setup/TargetPath.h"
+#include "tools/Names.h"
 
 namespace setup {
 
@@ -27,6 +28,11 @@ constexpr std::string_view kExpected[] = {
 
 std::string_view FileNameOf(std::string_view scriptPath) {
   return scriptPath.substr(scriptPath.find_last_of("\\/") + 1);
+}
+
+// Windows leaves the dot at the end out, which the name of a file without extension has.
+bool IsTemporaryName(const std::string& name) {
+  return tools::IsPortableFileName(name.ends_with('.') ? name.substr(0, name.size() - 1) : name);
 }
 
 // True for a path that stays below the folder from which it is taken.
@@ -220,10 +226,8 @@ void ScriptReader::BeginExtract(const Statement& statement) {
   } else if (known != archive) {
     Report("Erwartet: das Archiv %SrcPath%\\" + known + ".");
   }
-  const TargetPath place = SplitTarget(extractedTo_);
-  if (place.parts.size() != 1 ||
-      extractedTo_ != "%TempPath%\\" + std::string(FileNameOf(member_)) ||
-      !ObjectionTo(place).empty()) {
+  const std::string name(FileNameOf(member_));
+  if (extractedTo_ != "%TempPath%\\" + name || !IsTemporaryName(name)) {
     Report("Erwartet: das Entpacken nach %TempPath%\\ unter dem Namen im Archiv.");
   }
 }

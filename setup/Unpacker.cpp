@@ -27,7 +27,7 @@ class PackedBytes {
   PackedBytes(const Archive& archive, const Member& member) : archive_(archive), member_(member) {
     const std::lock_guard lock(archive.library_->mutex);
     file_ = zip_fopen_index(archive.library_->zip, member.index, ZIP_FL_COMPRESSED);
-    if (file_ == nullptr) Raise();
+    if (file_ == nullptr) Raise(ZIP_ER_READ);
   }
   ~PackedBytes() {
     const std::lock_guard lock(archive_.library_->mutex);
@@ -40,14 +40,16 @@ class PackedBytes {
   std::string_view Next(std::string& buffer) {
     const std::lock_guard lock(archive_.library_->mutex);
     const zip_int64_t count = zip_fread(file_, buffer.data(), buffer.size());
-    if (count < 0) Raise();
+    // Of a stored member the library checks the checksum itself.
+    if (count < 0) Raise(zip_error_code_zip(zip_file_get_error(file_)));
     return std::string_view(buffer).substr(0, static_cast<std::size_t>(count));
   }
 
  private:
-  [[noreturn]] void Raise() const {
+  [[noreturn]] void Raise(int error) const {
     archive_.library_->file.RaiseFailure();
-    RaiseDamaged(archive_, member_, "Daten nicht lesbar");
+    RaiseDamaged(archive_, member_,
+                 error == ZIP_ER_CRC ? "Prüfsumme stimmt nicht" : "Daten nicht lesbar");
   }
 
   const Archive& archive_;

@@ -31,6 +31,7 @@ add mingw-w64 mingw-w64-x86-64-dev $doc/mingw-w64-x86-64-dev/copyright \
   "libwinpthread-1.dll, start-up code"
 add libdeflate libdeflate-dev "$(echo $sources/libdeflate-[0-9]*/debian/copyright)" "in the programs"
 add utf8proc libutf8proc-dev "$(echo $sources/utf8proc-[0-9]*/debian/copyright)" "in the programs"
+add libzip libzip-dev "$(echo $sources/libzip-[0-9]*/debian/copyright)" "in packwright-setup.exe"
 add zlib libz-mingw-w64-dev $doc/libz-mingw-w64-dev/copyright "in the programs"
 add cli11 libcli11-dev $doc/libcli11-dev/copyright "in packwright-build.exe"
 add nlohmann-json nlohmann-json3-dev $doc/nlohmann-json3-dev/copyright "in packwright-build.exe"

@@ -33,15 +33,23 @@ build_libdeflate() {
   cd "$root"
 }
 
-if [ ! -f "$sources/fetched" ]; then
-  packaging/windows/debian-source.sh "$sources" libdeflate utf8proc
-  touch "$sources/fetched"
-fi
+for source in libdeflate utf8proc libzip; do
+  if [ ! -f "$sources/fetched-$source" ]; then
+    packaging/windows/debian-source.sh "$sources" $source
+    touch "$sources/fetched-$source"
+  fi
+done
 if [ ! -f "$prefix/lib/libdeflate.a" ]; then
   build_libdeflate "$(echo "$sources"/libdeflate-[0-9]*/)"
 fi
 if [ ! -f "$prefix/lib/libutf8proc.a" ]; then
   build_with_cmake "$(echo "$sources"/utf8proc-[0-9]*/)" utf8proc -DUTF8PROC_ENABLE_TESTING=OFF
+fi
+if [ ! -f "$prefix/lib/libzip.a" ]; then
+  build_with_cmake "$(echo "$sources"/libzip-[0-9]*/)" libzip -DENABLE_BZIP2=OFF \
+    -DENABLE_COMMONCRYPTO=OFF -DENABLE_GNUTLS=OFF -DENABLE_LZMA=OFF -DENABLE_MBEDTLS=OFF \
+    -DENABLE_OPENSSL=OFF -DENABLE_WINDOWS_CRYPTO=OFF -DENABLE_ZSTD=OFF -DBUILD_DOC=OFF \
+    -DBUILD_EXAMPLES=OFF -DBUILD_REGRESS=OFF -DBUILD_TOOLS=OFF
 fi
 if [ ! -f "$prefix/lib/libgtest.a" ]; then
   build_with_cmake /usr/src/googletest googletest -DBUILD_GMOCK=ON

@@ -1,0 +1,93 @@
+#include "console/setup/JsonSetupReport.h"
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+namespace console {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// File names need not be UTF-8: what is not becomes U+FFFD.
+void WriteLine(std::ostream& output, const Json& object) {
+  output << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+Json HeadOf(const setup::Setup& setup) {
+  const setup::Plan& plan = setup.plan;
+  Json head{{"event", "setup"},
+            {"name", NameOf(setup)},
+            {"script", setup.scriptPath},
+            {"year", plan.head.year},
+            {"author", plan.head.author},
+            {"toolVersion", plan.head.toolVersion},
+            {"confirmation", plan.confirmation},
+            {"registration", nullptr},
+            {"folder", plan.folderProposal},
+            {"archive", plan.archive}};
+  if (plan.registration) {
+    head["registration"] = {{"key", plan.registration->key},
+                            {"title", plan.registration->title},
+                            {"type", plan.registration->type}};
+  }
+  return head;
+}
+
+}  // namespace
+
+const char* RuleName(setup::CopyRule rule) {
+  switch (rule) {
+    case setup::CopyRule::Add:
+      return "add";
+    case setup::CopyRule::ReplaceSafely:
+      return "replaceSafely";
+    case setup::CopyRule::Copy:
+      return "copy";
+  }
+  return "";
+}
+
+void JsonSetupReport::Failure(const std::string& text) {
+  WriteLine(Output(), {{"event", "failure"}, {"text", text}});
+}
+
+void JsonSetupReport::OnFinding(const setup::Finding& finding) {
+  WriteLine(Output(), {{"event", "finding"},
+                       {"file", finding.file},
+                       {"line", finding.line},
+                       {"text", finding.text},
+                       {"component", finding.component},
+                       {"componentTitle", finding.componentTitle},
+                       {"entry", finding.entry}});
+}
+
+void JsonSetupReport::FindingsEnd(std::size_t count) {
+  if (!Quiet()) WriteLine(Output(), {{"event", "findings"}, {"count", count}});
+}
+
+void JsonSetupReport::Listing(const setup::Setup& setup) {
+  if (!Quiet()) WriteLine(Output(), HeadOf(setup));
+  for (const setup::PlannedFile& file : setup.plan.files) {
+    const std::optional<std::uint64_t> size = setup::SizeOf(setup, file);
+    WriteLine(Output(), {{"event", "file"},
+                         {"component", setup.plan.components[file.component]},
+                         {"target", file.target},
+                         {"size", size ? Json(*size) : Json()},
+                         {"rule", RuleName(file.rule)},
+                         {"registersItself", file.registersItself},
+                         {"vital", file.vital},
+                         {"stored", file.stored},
+                         {"line", file.line}});
+  }
+}
+
+void JsonSetupReport::ShowProgress(const tools::Progress& progress) {
+  WriteLine(Output(), {{"event", "progress"},
+                       {"filesDone", progress.filesDone},
+                       {"filesTotal", progress.filesTotal},
+                       {"bytesDone", progress.bytesDone},
+                       {"bytesTotal", progress.bytesTotal}});
+}
+
+}  // namespace console

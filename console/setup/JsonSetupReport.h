@@ -1,0 +1,32 @@
+// The report of packwright-setup for programs: one JSON object a line on standard output. Its
+// "event" is one of
+//
+//   setup      name, script, year, author, toolVersion, confirmation, registration, folder, archive
+//   file       component, target, size, rule, registersItself, vital, stored, line
+//   finding    file, line, text, component, componentTitle, entry
+//   findings   count
+//   progress   filesDone, filesTotal, bytesDone, bytesTotal
+//   failure    text
+#pragma once
+
+#include "console/setup/SetupReport.h"
+
+namespace console {
+
+class JsonSetupReport : public SetupReport {
+ public:
+  using SetupReport::SetupReport;
+
+  void Failure(const std::string& text) override;
+  void OnFinding(const setup::Finding& finding) override;
+  void FindingsEnd(std::size_t count) override;
+  void Listing(const setup::Setup& setup) override;
+
+ protected:
+  void ShowProgress(const tools::Progress& progress) override;
+};
+
+/// "add", "replaceSafely" or "copy".
+[[nodiscard]] const char* RuleName(setup::CopyRule rule);
+
+}  // namespace console

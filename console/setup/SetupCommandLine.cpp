@@ -1,0 +1,81 @@
+#include "console/setup/SetupCommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include "console/GermanOptions.h"
+#include "tools/Versions.h"
+
+namespace console {
+
+namespace {
+
+using Command = SetupCommandLine::Command;
+
+constexpr const char* kDescription =
+    "Liest ein fertiges Setup, wie es die Laufzeit liest, und sagt, was es tut.";
+
+constexpr const char* kExitCodes =
+    "Rückgabewert:\n"
+    "  0  keine Beanstandung\n"
+    "  1  Beanstandungen gefunden\n"
+    "  2  falscher Aufruf, Setup nicht lesbar\n"
+    "  3  abgelehnt oder abgebrochen\n";
+
+CLI::App* AddCommand(CLI::App& app, SetupCommandLine& line, Command command, const char* name,
+                     const char* description) {
+  CLI::App* const sub = app.add_subcommand(name, description);
+  sub->add_option("SETUP", line.setup, "Ausgabeordner oder Skript (*.install)")->required();
+  sub->add_flag("--json", line.json, "Ausgabe als JSON, ein Objekt je Zeile");
+  sub->add_flag("--quiet", line.quiet, "Nur Zeilen der Tabelle und Beanstandungen");
+  sub->set_help_flag("--help,-h", "Diese Hilfe anzeigen");
+  sub->final_callback([&line, command] { line.command = command; });
+  sub->group("Befehle");
+  LabelInGerman(*sub, kExitCodes);
+  return sub;
+}
+
+void DefineCommands(CLI::App& app, SetupCommandLine& line) {
+  AddCommand(app, line, Command::List, "list", "Auflisten, was das Setup installieren würde");
+  app.require_subcommand(0, 1);
+}
+
+}  // namespace
+
+std::optional<SetupCommandLine> ParseSetupCommandLine(const std::vector<std::string>& arguments,
+                                                      std::ostream& output, std::ostream& errors,
+                                                      ExitCode& exitCode) {
+  SetupCommandLine line;
+  bool showVersion = false;
+  CLI::App app(kDescription, "packwright-setup");
+  app.add_flag("--version", showVersion, "Version dieses Programms anzeigen");
+  app.set_help_flag("--help,-h", "Diese Hilfe anzeigen");
+  LabelInGerman(app, kExitCodes);
+  DefineCommands(app, line);
+
+  std::string objection;
+  exitCode = ExitCode::Built;
+  try {
+    // The library takes the arguments from the last to the first.
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    if (showVersion) {
+      output << "packwright-setup " << tools::FormatVersion(tools::ToolVersion()) << '\n';
+      return std::nullopt;
+    }
+    if (!app.get_subcommands().empty()) return line;
+    objection = "Der Befehl fehlt.";
+  } catch (const CLI::CallForHelp&) {
+    output << app.help();
+    return std::nullopt;
+  } catch (const CLI::RequiredError& error) {
+    objection = "Ein Argument fehlt: " +
+                std::string(error.what()).substr(0, std::string(error.what()).find(' '));
+  } catch (const CLI::ParseError& error) {
+    objection = GermanText(error);
+  }
+  errors << "packwright-setup: " << objection << "\nHilfe: packwright-setup --help\n";
+  exitCode = ExitCode::BadCall;
+  return std::nullopt;
+}
+
+}  // namespace console

@@ -1,0 +1,27 @@
+// What a call of packwright-setup asks for.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "console/CommandLine.h"
+
+namespace console {
+
+struct SetupCommandLine {
+  enum class Command { List };
+  Command command = Command::List;
+  std::string setup;   ///< output folder or script
+  bool json = false;   ///< one JSON object a line instead of text
+  bool quiet = false;  ///< only rows and findings
+};
+
+/// Reads the arguments (UTF-8, without the program's name). Without a result the call ends here
+/// with `exitCode`: help and version go to `output`, what is wrong with the call to `errors`.
+[[nodiscard]] std::optional<SetupCommandLine> ParseSetupCommandLine(
+    const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors,
+    ExitCode& exitCode);
+
+}  // namespace console

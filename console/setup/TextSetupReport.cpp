@@ -1,0 +1,156 @@
+#include "console/setup/TextSetupReport.h"
+
+#include <ostream>
+
+#include "console/TextReport.h"
+
+namespace console {
+
+namespace {
+
+// ECMA-48 control functions: back to the line's begin, erase to its end.
+constexpr const char* kEraseLine = "\r\x1B[K";
+
+const std::vector<std::string> kColumns{"Ziel",          "Größe",      "Vorhandene Datei",
+                                        "Registrierung", "Bei Fehler", "Abgelegt als"};
+const std::vector<Align> kAlignment{Align::Left, Align::Right, Align::Left,
+                                    Align::Left, Align::Left,  Align::Left};
+
+std::string RuleText(setup::CopyRule rule) {
+  switch (rule) {
+    case setup::CopyRule::Add:
+      return "bleibt";
+    case setup::CopyRule::ReplaceSafely:
+      return "ersetzt (sicher)";
+    case setup::CopyRule::Copy:
+      return "ersetzt";
+  }
+  return {};
+}
+
+std::string SizeText(const std::optional<std::uint64_t>& size, bool forPeople) {
+  if (!size) return "fehlt";
+  return forPeople ? ByteText(*size) : std::to_string(*size);
+}
+
+std::vector<std::string> RowOf(const setup::Setup& setup, const setup::PlannedFile& file,
+                               bool forPeople) {
+  return {file.target,
+          SizeText(setup::SizeOf(setup, file), forPeople),
+          RuleText(file.rule),
+          file.registersItself ? "ja" : "nein",
+          file.vital ? "Abbruch" : "weiter",
+          file.stored};
+}
+
+std::string RegistrationText(const setup::Plan& plan) {
+  if (!plan.registration) return "keine";
+  return plan.registration->key + ", \"" + plan.registration->title + "\", Typ " +
+         plan.registration->type;
+}
+
+std::string PlaceText(const setup::Finding& finding) {
+  std::string place = finding.file;
+  if (finding.line != 0) place += ", Zeile " + std::to_string(finding.line);
+  return place.empty() ? place : place + ": ";
+}
+
+std::string OriginText(const setup::Finding& finding) {
+  if (finding.componentTitle.empty() && finding.component == 0) return {};
+  std::string origin = " [Komponente ";
+  if (finding.component != 0) origin += std::to_string(finding.component) + " ";
+  origin += "\"" + finding.componentTitle + "\"";
+  if (finding.entry != 0) origin += ", Eintrag " + std::to_string(finding.entry);
+  return origin + "]";
+}
+
+}  // namespace
+
+void TextSetupReport::Failure(const std::string& text) {
+  ClearProgress();
+  Errors() << "packwright-setup: " << text << std::endl;
+}
+
+void TextSetupReport::OnFinding(const setup::Finding& finding) {
+  ClearProgress();
+  Errors() << "Fehler: " << PlaceText(finding) << finding.text << OriginText(finding) << std::endl;
+}
+
+void TextSetupReport::FindingsEnd(std::size_t count) {
+  ClearProgress();
+  if (Quiet() || count == 0) return;
+  Errors() << count << (count == 1 ? " Beanstandung.\n" : " Beanstandungen.\n");
+}
+
+void TextSetupReport::Listing(const setup::Setup& setup) {
+  if (!Quiet()) ListHead(setup);
+  ListFiles(setup);
+}
+
+void TextSetupReport::ListHead(const setup::Setup& setup) {
+  const setup::Plan& plan = setup.plan;
+  std::uint64_t bytes = 0;
+  for (const setup::PlannedFile& file : plan.files) bytes += SizeOf(setup, file).value_or(0);
+  const std::vector<std::vector<std::string>> lines{
+      {"Setup", NameOf(setup)},
+      {"Erstellt",
+       plan.head.year + " von " + plan.head.author + " mit Packwright " + plan.head.toolVersion},
+      {"Rückfrage", plan.confirmation.empty() ? "keine" : plan.confirmation},
+      {"Tessel-Datenbank", RegistrationText(plan)},
+      {"Installationsordner", plan.folderProposal.empty() ? "keiner" : plan.folderProposal},
+      {"Archiv", plan.archive.empty() ? "keines" : plan.archive},
+      {"Dateien", std::to_string(plan.files.size()) + ", " + ByteText(bytes)},
+  };
+  Table table({Align::Left, Align::Left});
+  for (const auto& line : lines) {
+    if (GetStreams().outputIsTerminal) {
+      table.Add(line);
+    } else {
+      WriteTabbed(Output(), line);
+    }
+  }
+  table.WriteAligned(Output(), "");
+  if (GetStreams().outputIsTerminal) return;
+  std::vector<std::string> columns = kColumns;
+  columns.insert(columns.begin(), "Komponente");
+  WriteTabbed(Output(), columns);
+}
+
+void TextSetupReport::ListFiles(const setup::Setup& setup) {
+  const setup::Plan& plan = setup.plan;
+  const bool aligned = GetStreams().outputIsTerminal;
+  Table table(kAlignment);
+  for (std::size_t i = 0; i < plan.files.size(); ++i) {
+    const setup::PlannedFile& file = plan.files[i];
+    const std::string& component = plan.components[file.component];
+    std::vector<std::string> row = RowOf(setup, file, aligned);
+    if (!aligned) {
+      row.insert(row.begin(), component);
+      WriteTabbed(Output(), std::move(row));
+      continue;
+    }
+    const bool first = i == 0 || plan.files[i - 1].component != file.component;
+    if (first) {
+      table.WriteAligned(Output(), "  ");
+      Output() << "\nKomponente \"" << component << "\"\n";
+      if (!Quiet()) table.Add(kColumns);
+    }
+    table.Add(std::move(row));
+  }
+  table.WriteAligned(Output(), "  ");
+}
+
+void TextSetupReport::ShowProgress(const tools::Progress& progress) {
+  if (!GetStreams().errorsAreTerminal) return;
+  Errors() << kEraseLine << progress.filesDone << " von " << progress.filesTotal << " Dateien, "
+           << ByteText(progress.bytesDone) << " von " << ByteText(progress.bytesTotal)
+           << std::flush;
+  progressShown_ = true;
+}
+
+void TextSetupReport::ClearProgress() {
+  if (progressShown_) Errors() << kEraseLine;
+  progressShown_ = false;
+}
+
+}  // namespace console

@@ -1,0 +1,31 @@
+// The report of packwright-setup for people: findings and a progress line on standard error, tables
+// on standard output.
+#pragma once
+
+#include "console/setup/SetupReport.h"
+#include "console/setup/Table.h"
+
+namespace console {
+
+class TextSetupReport : public SetupReport {
+ public:
+  using SetupReport::SetupReport;
+
+  void Failure(const std::string& text) override;
+  void OnFinding(const setup::Finding& finding) override;
+  void FindingsEnd(std::size_t count) override;
+  void Listing(const setup::Setup& setup) override;
+
+ protected:
+  void ShowProgress(const tools::Progress& progress) override;
+
+ private:
+  /// Takes the progress line off the terminal, so that another line can take its place.
+  void ClearProgress();
+  void ListHead(const setup::Setup& setup);
+  void ListFiles(const setup::Setup& setup);
+
+  bool progressShown_ = false;
+};
+
+}  // namespace console

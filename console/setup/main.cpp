@@ -1,0 +1,23 @@
+// packwright-setup: says what a finished setup does, without the runtime that it is made for.
+#include <exception>
+#include <iostream>
+
+#include "console/Platform.h"
+#include "console/setup/SetupProgram.h"
+
+int main(int argc, char** argv) {
+  try {
+    console::WatchForInterrupt();
+    const console::Surroundings surroundings{
+        .streams = {std::cout, std::cerr, console::ErrorsGoToTerminal(),
+                    console::OutputGoesToTerminal()},
+        .workingFolder = console::WorkingFolder(),
+        .programFolder = console::ProgramFolder(),
+        .interrupted = console::WasInterrupted};
+    return static_cast<int>(
+        console::RunSetupProgram(console::ProgramArguments(argc, argv), surroundings));
+  } catch (const std::exception& error) {
+    std::cerr << "packwright-setup: " << error.what() << '\n';
+    return static_cast<int>(console::ExitCode::Stopped);
+  }
+}

@@ -1,0 +1,116 @@
+#include <sstream>
+
+#include "console/setup/SetupProgram.h"
+#include "tests/support/BuildFixture.h"
+#include "tools/Text.h"
+
+namespace console {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class SetupProgramTest : public tests::BuildFixture {
+ protected:
+  SetupProgramTest() {
+    settings_["makezip"] = "1";
+    product_.AddComponent(
+        "Über",
+        {Source("a.exe", std::string(1500, 'a'),
+                "Overwrite=1\nSelfRegisterDLL=1\nTargetName=ä.exe\n"),
+         Source("b.txt", "bb", "Overwrite=1\nVital=0\nTargetSubFolder=x\n"), Source("c", "")});
+  }
+
+  ExitCode Call(const std::vector<std::string>& arguments, bool terminal = false) {
+    std::ostringstream output;
+    std::ostringstream errors;
+    const ExitCode code =
+        RunSetupProgram(arguments, {.streams = {output, errors, terminal, terminal},
+                                    .workingFolder = folder_.Path(),
+                                    .programFolder = {}});
+    output_ = output.str();
+    errors_ = errors.str();
+    return code;
+  }
+
+  std::string output_;
+  std::string errors_;
+};
+
+TEST_F(SetupProgramTest, ListsWhatASetupWouldInstallForPeople) {
+  Run();
+  EXPECT_EQ(Call({"list", "aus"}, true), ExitCode::Built) << errors_;
+  EXPECT_THAT(output_, HasSubstr("Tessel-Datenbank     keine\n"
+                                 "Installationsordner  %ProgramFiles%\\Probe\n"
+                                 "Archiv               Probe.zip\n"
+                                 "Dateien              3, 1,5 kB\n\n"));
+  EXPECT_THAT(
+      output_,
+      HasSubstr(
+          "\nKomponente \"Über\"\n"
+          "  Ziel                     Größe  Vorhandene Datei  Registrierung  Bei Fehler  Abgelegt "
+          "als\n"
+          "  %InstallPath%\\ä.exe     1,5 kB  ersetzt (sicher)  ja             Abbruch     1.exe\n"
+          "  %InstallPath%\\x\\b.txt  2 Bytes  ersetzt           nein           weiter      2.txt\n"
+          "  %InstallPath%\\c        0 Bytes  bleibt            nein           Abbruch     3.\n"));
+}
+
+TEST_F(SetupProgramTest, ListsTheSameForProgramsPackagedAndNot) {
+  const std::string rows =
+      "Über\t%InstallPath%\\ä.exe\t1500\tersetzt (sicher)\tja\tAbbruch\t1.exe\n"
+      "Über\t%InstallPath%\\x\\b.txt\t2\tersetzt\tnein\tweiter\t2.txt\n"
+      "Über\t%InstallPath%\\c\t0\tbleibt\tnein\tAbbruch\t3.\n";
+  Run();
+  EXPECT_EQ(Call({"list", "--quiet", "aus/Probe.install"}), ExitCode::Built) << errors_;
+  EXPECT_EQ(output_, rows);
+  EXPECT_EQ(Call({"list", "--json", "aus"}), ExitCode::Built);
+  EXPECT_THAT(output_,
+              HasSubstr("\"target\":\"%InstallPath%\\\\x\\\\b.txt\",\"size\":2,\"rule\":\"copy\""));
+
+  settings_["makezip"] = "0";
+  dialogs_.ExpectQuestion("bereits Dateien", tools::MessageAnswer::Yes);
+  Run();
+  EXPECT_EQ(Call({"list", "--quiet", "aus"}), ExitCode::Built) << errors_;
+  std::string tree = tools::ReplaceAll(rows, "\t1.exe", "\tInstallPath\\a.exe");
+  tree = tools::ReplaceAll(tree, "\t2.txt", "\tInstallPath\\x\\b.txt");
+  EXPECT_EQ(output_, tools::ReplaceAll(tree, "\t3.", "\tInstallPath\\c"));
+}
+
+TEST_F(SetupProgramTest, TellsFindingsWithTheirPlace) {
+  Run();
+  std::string script = Out("Probe.install");
+  script = tools::ReplaceAll(script, "\"2.txt\"", "\"4.txt\"");
+  script = tools::ReplaceAll(script, "%TempPath%\\2.txt", "%TempPath%\\4.txt");
+  folder_.Write("aus/Probe.install", tools::ReplaceAll(script, "End Sub", "Unfug\r\nEnd Sub"));
+  EXPECT_EQ(Call({"list", "aus"}), ExitCode::BuiltWithErrors);
+  const std::string path = folder_.Path("aus/Probe.install");
+  EXPECT_THAT(
+      tools::SplitList(errors_, '\n', '\0'),
+      ElementsAre("Fehler: " + path +
+                      ", Zeile 39: Die Laufzeit kann diese Zeile nicht lesen; "
+                      "erwartet in Spalte 1: eine bekannte Anweisung. [Komponente \"Über\"]",
+                  "Fehler: " + path +
+                      ", Zeile 24: Das Setup enthält diese Datei nicht: 4.txt "
+                      "[Komponente \"Über\"]",
+                  "2 Beanstandungen.", ""));
+}
+
+TEST_F(SetupProgramTest, RefusesCallsThatItCannotCarryOut) {
+  const struct {
+    std::vector<std::string> arguments;
+    std::string text;
+  } cases[] = {
+      {{}, "Der Befehl fehlt."},
+      {{"list"}, "Ein Argument fehlt: SETUP"},
+      {{"list", "aus", "--bunt"}, "Unbekanntes Argument: --bunt"},
+      {{"zeige", "aus"}, "Unbekanntes Argument:"},
+      {{"list", "nirgends"}, "Das Setup wurde nicht gefunden: "},
+  };
+  for (const auto& one : cases) {
+    EXPECT_EQ(Call(one.arguments), ExitCode::BadCall) << one.text;
+    EXPECT_THAT(errors_, HasSubstr("packwright-setup: " + one.text));
+  }
+  EXPECT_EQ(Call({"--version"}), ExitCode::Built);
+  EXPECT_THAT(output_, HasSubstr("packwright-setup "));
+}
+
+}  // namespace console
