@@ -33,7 +33,7 @@ for file in "$package"/*.exe "$package"/*.dll "$package"/*/*.dll; do
 done
 
 # Windows' own view of the programs: version, icon, manifest.
-for program in packwright packwright-build; do
+for program in packwright packwright-build packwright-setup; do
   x86_64-w64-mingw32-objdump -h "$package/$program.exe" | grep -q '\.rsrc' ||
     fail "$program.exe has no resources"
   grep -q longPathAware "$package/$program.exe" || fail "$program.exe has no manifest"
