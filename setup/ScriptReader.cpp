@@ -14,11 +14,13 @@ namespace {
 constexpr std::string_view kFirstLine = "' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL";
 constexpr std::string_view kReminder = "TO-DO: Register path for this file...";
 
+constexpr std::string_view kExpectedInMain =
+    "If Ask, SetAppKey, RegPrd, SelectInstallFolder, If Extract, If Not Add, If Not ReplSafe, "
+    "If Not Copy oder End Sub";
 // What the runtime takes in each block, as a finding names it.
 constexpr std::string_view kExpected[] = {
     "Sub InstallMain()",
-    "If Ask, SetAppKey, RegPrd, SelectInstallFolder, If Extract, If Not Add, If Not ReplSafe, "
-    "If Not Copy oder End Sub",
+    kExpectedInMain,
     "CancelInstall oder End If",
     "If Not Add, If Not ReplSafe, If Not Copy, Del oder End If",
     "ErrMsg, CancelInstall, Else oder End If",

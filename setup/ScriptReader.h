@@ -58,7 +58,7 @@ class ScriptReader {
 
   void Report(std::string text);
   void Misplaced();
-  void HeadLine(std::string_view comment);
+  void HeadLine(std::string_view line);
   void Comment(std::string_view comment);
   void Accept(const Statement& statement);
   void Perform(const Statement& statement);
