@@ -134,15 +134,13 @@ void NodeSettings::Write(std::string_view section, std::string_view key, std::st
 }
 
 void NodeSettings::Commit(tools::SettingsStore::Batch& batch, const std::string& file) {
-  tools::SettingsStore& store = project_.Settings();
-  const auto written = store.Load(file);
+  const auto written = project_.Settings().Load(file);
   if (written == current_) return;  // nothing was
-  const bool unchanged = std::exchange(current_, nullptr) == seen_;
-  // The commit makes the store forget what was written.
-  auto seen = unchanged ? written : SeenWithWritesOf(*written);
+  // Before the commit, after which the store no longer tells what was written. Where another
+  // program is faster than the commit, that joins both in another object: what it wrote stays
+  // unseen.
+  auto seen = std::exchange(current_, nullptr) == seen_ ? written : SeenWithWritesOf(*written);
   batch.Commit();
-  // Another program was faster than the commit, which has joined both: what it wrote is unseen.
-  if (unchanged && store.Load(file) != written) seen = SeenWithWritesOf(*written);
   seen_ = std::move(seen);
   for (const std::string& note : writtenNotes_) noted_.erase(note);
 }
