@@ -150,6 +150,7 @@ void ctlPropertyEditor::showEvent(QShowEvent* event) {
 }
 
 void ctlPropertyEditor::EditRow(const QModelIndex& index) {
+  if (!index.isValid()) return;  // right of the columns, in Qt 6.4
   // A copy of the key: the host may remove the row in its handlers.
   tools::Guard(dialogs_, [this, key = rows_->At(index.row()).key] { EditProperty(key); });
 }

@@ -11,7 +11,8 @@ enum class MessageIcon { Exclamation, Question, Information, Critical };
 enum class MessageButtons { Ok, OkCancel, YesNo };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
-/// A message box. `defaultAnswer` names the button that Enter presses.
+/// A message box. `defaultAnswer` names the button that Enter presses. One with Yes and No stays
+/// until the user answers it.
 struct Message {
   std::string text;
   std::string caption;

@@ -102,7 +102,11 @@ class ctlPropertyEditorTest : public QObject {
     const ModalScript script;  // expects no window
     QWidget* viewport = f.List().viewport();
     const QPoint row = f.List().visualRect(f.Cell(0, 1)).center();
-    QTest::mouseDClick(viewport, Qt::LeftButton, {}, QPoint(20, viewport->height() - 5));
+    for (const QPoint& empty :
+         {QPoint(20, viewport->height() - 5), QPoint(viewport->width() - 5, row.y())}) {
+      QTest::mouseClick(viewport, Qt::LeftButton, {}, empty);
+      QTest::mouseDClick(viewport, Qt::LeftButton, {}, empty);
+    }
     QTest::mouseClick(viewport, Qt::LeftButton, {}, row);
     QTest::mouseDClick(viewport, Qt::RightButton, {}, row);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2, Qt::Key_Space, Qt::Key_X}) {
@@ -177,6 +181,17 @@ class ctlPropertyEditorTest : public QObject {
     QHelpEvent hover(QEvent::ToolTip, cell, f.List().viewport()->mapToGlobal(cell));
     QApplication::sendEvent(f.List().viewport(), &hover);
     QVERIFY(QToolTip::text().contains("&lt;b&gt;/a"));
+  }
+
+  void TheCurrentRowIsTheSelectedOne() {
+    Fixture f;
+    QCOMPARE(f.grid.SelectedProperty(), "A");  // since it has the focus
+    Click(f.List(), f.Cell(1, 1));
+    QTest::mouseClick(f.List().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      f.List().visualRect(f.Cell(1, 1)).center());
+    QTRY_COMPARE(f.grid.SelectedProperty(), "B");
+    f.grid.RemoveProperty("B");
+    QCOMPARE(f.grid.SelectedProperty(), "A");
   }
 
   void KeysAndMouseArePassedOn() {

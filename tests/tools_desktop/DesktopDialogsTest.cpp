@@ -1,7 +1,9 @@
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QScreen>
 
 #include "tests/support/desktop/ModalScript.h"
 #include "tools/desktop/BusyNotice.h"
@@ -62,13 +64,12 @@ class DesktopDialogsTest : public QObject {
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   }
 
-  void EnterPressesTheDefaultButtonAndEscapeTheRejectingOne() {
+  void EnterPressesTheDefaultButtonAndEscapeCancelOrTheOnlyOne() {
     using enum MessageAnswer;
     const std::vector<std::tuple<MessageButtons, MessageAnswer, Qt::Key, MessageAnswer>> cases{
         {MessageButtons::Ok, Ok, Qt::Key_Escape, Ok},
         {MessageButtons::YesNo, No, Qt::Key_Return, No},
         {MessageButtons::YesNo, Yes, Qt::Key_Return, Yes},
-        {MessageButtons::YesNo, Yes, Qt::Key_Escape, No},
         {MessageButtons::OkCancel, Cancel, Qt::Key_Return, Cancel},
         {MessageButtons::OkCancel, Ok, Qt::Key_Escape, Cancel}};
     for (const auto& [buttons, byDefault, key, expected] : cases) {
@@ -79,6 +80,27 @@ class DesktopDialogsTest : public QObject {
                    {.text = "?", .caption = "", .buttons = buttons, .defaultAnswer = byDefault}),
                expected);
     }
+  }
+
+  void AYesNoQuestionStaysUntilItIsAnswered() {
+    const auto answer = [this](const std::function<void(QWidget&)>& leave) {
+      ModalScript script;
+      script.Expect<QWidget>("messageBox", [&leave](QWidget& box) {
+        leave(box);
+        const bool stays = box.isVisible();
+        Press(box, "cmdYes");
+        QVERIFY(stays);
+        QVERIFY(!box.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+      });
+      QCOMPARE(dialogs_.ShowMessage({.text = "?",
+                                     .caption = "",
+                                     .buttons = MessageButtons::YesNo,
+                                     .defaultAnswer = MessageAnswer::No}),
+               MessageAnswer::Yes);
+    };
+    answer([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    answer([](QWidget& box) { PressCloseBox(box); });
+    answer([](QWidget& box) { box.close(); });
   }
 
   void TypingReplacesTheInputBoxsDefaultText() {
@@ -166,6 +188,41 @@ class DesktopDialogsTest : public QObject {
     QVERIFY(notice.contentsRect().contains(bar.geometry()));
   }
 
+  void ABusyNoticeIsNeverTooSmallForItsTexts_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("pointSize");
+    QTest::newRow("short") << "Bitte warten" << 9;
+    QTest::newRow("large font") << "Das Setup wird erzeugt, bitte warten..." << 20;
+    QTest::newRow("long text") << QString("Bitte warten ").repeated(60) << 9;
+    QTest::newRow("long word") << QString(900, 'x') << 9;
+  }
+  void ABusyNoticeIsNeverTooSmallForItsTexts() {
+    QFETCH(const QString, text);
+    QFETCH(const int, pointSize);
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSize(pointSize);
+    QApplication::setFont(font);
+    tools::BusyNotice notice(text, nullptr);
+    QApplication::setFont(before);
+    notice.ShowProgress({.filesDone = 1});
+    notice.ShowProgress({.filesDone = 999'999,
+                         .filesTotal = 999'999,
+                         .bytesDone = 1'000'000'000'000,
+                         .bytesTotal = 1'000'000'000'000});
+    const auto& label = Child<QLabel>(notice, "lblText");
+    const QRect needed = label.fontMetrics().boundingRect(QRect(0, 0, label.width(), 0),
+                                                          Qt::TextWordWrap, label.text());
+    QVERIFY2(label.rect().width() >= needed.width(), "lblText");
+    QVERIFY2(label.rect().height() >= needed.height(), "lblText");
+    const auto& progress = Child(notice, "lblProgress");
+    QVERIFY2(progress.width() >= progress.sizeHint().width(), "lblProgress");
+    for (const QWidget* part : notice.findChildren<QWidget*>()) {
+      QVERIFY2(notice.rect().contains(part->geometry()), qPrintable(part->objectName()));
+    }
+    QVERIFY(notice.width() <= notice.screen()->availableGeometry().width());
+  }
+
   void ProgressReportsInQuickSuccessionAlwaysShowTheLastOne() {
     tools::BusyNotice notice("Bitte warten", nullptr);
     const PaintCounter paints;
@@ -194,14 +251,16 @@ class DesktopDialogsTest : public QObject {
     QCOMPARE(window_->text(), "a");
   }
 
-  void ABusyNoticeThatNobodyWithdrawsLocksNothingAndGoesByEscapeOrWithItsWindow() {
+  void ABusyNoticeCannotBeClosedLocksNothingAndGoesWithItsWindow() {
     const int token = dialogs_.ShowBusyNotice("Bitte warten");
     dialogs_.ShowBusyNotice("Noch etwas");
     QTest::keyClicks(window_.get(), "b");
     QCOMPARE(window_->text(), "b");
     const QPointer<QWidget> notice = &Child(*window_, "busyNotice");
     QTest::keyClick(notice, Qt::Key_Escape);
-    QVERIFY(!notice->isVisible());
+    PressCloseBox(*notice);
+    QVERIFY(notice->isVisible());
+    QVERIFY(!notice->windowFlags().testFlag(Qt::WindowCloseButtonHint));
     window_.reset();
     QVERIFY(notice == nullptr);
     dialogs_.UpdateBusyNotice(token, {.filesDone = 1});

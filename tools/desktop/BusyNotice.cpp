@@ -1,10 +1,12 @@
 #include "tools/desktop/BusyNotice.h"
 
+#include <QCloseEvent>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -62,14 +64,36 @@ QString ProgressText(const Progress& progress) {
   return text;
 }
 
+// Gives a word that is wider than `width` pixels places to break.
+QString WithBreaksInLongWords(const QString& text, const QFontMetrics& metrics, int width) {
+  QStringList words = text.split(u' ');
+  for (QString& word : words) {
+    if (metrics.horizontalAdvance(word) <= width) continue;
+    for (qsizetype i = word.size() - 1; i > 0; --i) {
+      if (!word.at(i).isLowSurrogate()) word.insert(i, QChar(0x200B));
+    }
+  }
+  return words.join(u' ');
+}
+
+// Makes the label as wide as its text, within the screen, and as high as the text is then.
+void FitText(QLabel& label) {
+  const int width = std::min(std::max(label.sizeHint().width(), kMinimumWidth),
+                             label.screen()->availableGeometry().width() / 2);
+  label.setText(WithBreaksInLongWords(label.text(), label.fontMetrics(), width));
+  label.setWordWrap(true);
+  label.setMinimumSize(width, label.heightForWidth(width));
+}
+
 }  // namespace
 
 BusyNotice::BusyNotice(const QString& text, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                          Qt::WindowCloseButtonHint),
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       lblProgress_(new QLabel(this)),
       prgProgress_(new QProgressBar(this)) {
   setObjectName(u"busyNotice"_s);
+  // The window it stands over keeps the keyboard.
+  setAttribute(Qt::WA_ShowWithoutActivating);
   setWindowTitle(parent != nullptr ? parent->window()->windowTitle()
                                    : QGuiApplication::applicationDisplayName());
   setAccessibleName(text);
@@ -77,6 +101,7 @@ BusyNotice::BusyNotice(const QString& text, QWidget* parent)
   auto* lblText = new QLabel(text, this);
   lblText->setObjectName(u"lblText"_s);
   lblText->setTextFormat(Qt::PlainText);
+  FitText(*lblText);
   lblProgress_->setObjectName(u"lblProgress"_s);
   lblProgress_->hide();
   prgProgress_->setObjectName(u"prgProgress"_s);
@@ -89,7 +114,6 @@ BusyNotice::BusyNotice(const QString& text, QWidget* parent)
   layout->addWidget(lblText);
   layout->addWidget(prgProgress_);
   layout->addWidget(lblProgress_);
-  setMinimumWidth(kMinimumWidth);
   ShowAtOnce();
 }
 
@@ -121,7 +145,10 @@ void BusyNotice::ShowAtOnce() {
   } while (!windowHandle()->isExposed() && !deadline.hasExpired());
 }
 
+void BusyNotice::closeEvent(QCloseEvent* event) { event->ignore(); }
+
 void BusyNotice::PaintNow() {
+  layout()->activate();  // the window grows before it is painted
   repaint();
   PaintWithoutUserInput();
   sincePaint_.start();

@@ -12,8 +12,9 @@ class QProgressBar;
 namespace tools {
 
 /// Appears at once, although the program handles no events while it works: every call that changes
-/// the window also paints it. What the user does meanwhile is dropped. It is not modal: one that
-/// nobody withdraws stays until the user closes it, and locks nothing.
+/// the window also paints it. What the user does meanwhile is dropped, and he cannot close it. It
+/// is not modal: one that nobody withdraws stays until the window it belongs to goes, and locks
+/// nothing. It grows with its texts.
 ///
 /// `lblText` holds the text; from the first progress on, `prgProgress` shows the bytes done (the
 /// files, where the bytes are not known) and `lblProgress` both as text.
@@ -30,6 +31,12 @@ class BusyNotice : public QDialog {
 
   /// Drops what the user did while the program was busy and closes the window.
   void Withdraw();
+
+  /// Escape does nothing.
+  void reject() override {}
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void ShowAtOnce();

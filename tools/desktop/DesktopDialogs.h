@@ -14,8 +14,9 @@ namespace tools {
 class BusyNotice;
 
 /// Every window belongs to the modal dialog that is open, else to the parent window. Button texts
-/// are German whatever the desktop's language. Escape and the close box give Cancel, No, or OK
-/// where it is the only button. While a question is open, the normal pointer is shown.
+/// are German whatever the desktop's language. Escape and the close box give Cancel, or OK where it
+/// is the only button; a Yes/No question can only be answered. While a question is open, the normal
+/// pointer is shown.
 class DesktopDialogs : public Dialogs {
  public:
   /// `parent` is the main window; without one the dialogs stand on their own.

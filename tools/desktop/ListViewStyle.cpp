@@ -1,11 +1,53 @@
 #include "tools/desktop/ListViewStyle.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QTreeView>
 
 #include "tools/desktop/ListItemDelegate.h"
 
 namespace tools {
+
+namespace {
+
+/// Belongs to the view that it watches.
+class CurrentRowSelector : public QObject {
+ public:
+  explicit CurrentRowSelector(QAbstractItemView& view) : QObject(&view), view_(view) {
+    view.installEventFilter(this);
+    // Queued: both change in the middle of a removal, and one ahead of the other.
+    const QItemSelectionModel* selection = view.selectionModel();
+    connect(selection, &QItemSelectionModel::selectionChanged, this,
+            &CurrentRowSelector::SelectCurrent, Qt::QueuedConnection);
+    connect(selection, &QItemSelectionModel::currentChanged, this,
+            &CurrentRowSelector::SelectCurrent, Qt::QueuedConnection);
+    connect(view.model(), &QAbstractItemModel::rowsRemoved, this,
+            &CurrentRowSelector::SelectCurrent);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn && view_.model() != nullptr) {
+      const auto reason = static_cast<const QFocusEvent*>(event)->reason();
+      // A click chooses its own row; selecting another one first would scroll the list under it.
+      if (reason != Qt::MouseFocusReason && !view_.currentIndex().isValid()) {
+        view_.setCurrentIndex(view_.model()->index(0, 0, view_.rootIndex()));
+      }
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  void SelectCurrent() {
+    const QModelIndex current = view_.currentIndex();
+    if (current.isValid() && !view_.selectionModel()->isSelected(current)) {
+      view_.setCurrentIndex(current);
+    }
+  }
+
+  QAbstractItemView& view_;
+};
+
+}  // namespace
 
 void ApplyListViewStyle(QTreeView& view) {
   view.setRootIsDecorated(false);
@@ -22,6 +64,9 @@ void ApplyListViewStyle(QTreeView& view) {
   view.header()->setStretchLastSection(false);
   view.header()->setHighlightSections(false);
   view.header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  SelectCurrentRow(view);
 }
+
+void SelectCurrentRow(QAbstractItemView& view) { new CurrentRowSelector(view); }
 
 }  // namespace tools

@@ -1,6 +1,7 @@
 #include "tools/desktop/MessageWindow.h"
 
 #include <QAbstractButton>
+#include <QCloseEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <array>
@@ -54,6 +55,7 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
   return QMessageBox::Ok;
 }
 
+/// The answer of Escape and the close box, where the box has them.
 MessageAnswer RejectingAnswer(MessageButtons buttons) {
   switch (buttons) {
     case MessageButtons::Ok:
@@ -80,6 +82,36 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+/// A message box that Escape and the close box leave only where one of its buttons says the same:
+/// neither answers a Yes/No question.
+class MessageBox : public QMessageBox {
+ public:
+  MessageBox(MessageButtons buttons, QWidget* owner)
+      : QMessageBox(owner), mustAnswer_(buttons == MessageButtons::YesNo) {
+    if (mustAnswer_) {
+      setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                     Qt::MSWindowsFixedSizeDialogHint);
+    }
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (mustAnswer_ && event->matches(QKeySequence::Cancel)) return;
+    QMessageBox::keyPressEvent(event);
+  }
+  // Not every window system leaves the close box away.
+  void closeEvent(QCloseEvent* event) override {
+    if (mustAnswer_) {
+      event->ignore();
+    } else {
+      QMessageBox::closeEvent(event);
+    }
+  }
+
+ private:
+  bool mustAnswer_;
+};
+
 void PrepareButtons(QMessageBox& box, const Message& message) {
   box.setStandardButtons(ButtonsOf(message.buttons));
   const MessageAnswer rejecting = RejectingAnswer(message.buttons);
@@ -96,7 +128,7 @@ void PrepareButtons(QMessageBox& box, const Message& message) {
 }  // namespace
 
 MessageAnswer RunMessageBox(const Message& message, QWidget* owner) {
-  QMessageBox box(owner);
+  MessageBox box(message.buttons, owner);
   box.setObjectName(u"messageBox"_s);
   box.setFont(FormFont());
   box.setIcon(IconOf(message.icon));

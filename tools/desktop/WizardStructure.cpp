@@ -109,6 +109,8 @@ void WizardStructure::Run(const std::string& startPage) {
   FillStepBar();
   Show(startPage, {});
   exec();
+  // Some window systems would give the keyboard to nobody.
+  if (parentWidget() != nullptr) parentWidget()->activateWindow();
 }
 
 void WizardStructure::FillStepBar() {
