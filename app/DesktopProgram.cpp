@@ -25,6 +25,7 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
       operations_(project_, dialogs_, clock_, newProductForm_),
       pageRegistry_(pages::AllPages()),
       wizards_({.project = project_,
+                .operations = operations_,
                 .dialogs = dialogs_,
                 .clock = clock_,
                 .disk = disk_,

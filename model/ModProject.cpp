@@ -156,11 +156,15 @@ std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t compon
   return ReadComponentSetting(version, component, "Component", "Title", "");
 }
 
-std::vector<std::int32_t> ModProject::ComponentSlots(std::int32_t version) const {
+std::vector<std::int32_t> ModProject::PossibleComponentSlots(std::int32_t version) const {
   const std::int32_t count = ComponentCount(version);
-  std::vector<std::int32_t> slots =
-      count <= kCheapSlotCount ? SlotsUpTo(count)
-                               : ComponentFiles(tools::FolderOf(VersionFilePath(version)), count);
+  return count <= kCheapSlotCount
+             ? SlotsUpTo(count)
+             : ComponentFiles(tools::FolderOf(VersionFilePath(version)), count);
+}
+
+std::vector<std::int32_t> ModProject::ComponentSlots(std::int32_t version) const {
+  std::vector<std::int32_t> slots = PossibleComponentSlots(version);
   std::erase_if(
       slots, [this, version](std::int32_t slot) { return ComponentTitle(version, slot).empty(); });
   return slots;

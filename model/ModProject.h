@@ -78,6 +78,8 @@ class ModProject {
   [[nodiscard]] std::int32_t ComponentCount(std::int32_t version) const;
   /// The component's title, empty for a free slot.
   [[nodiscard]] std::string ComponentTitle(std::int32_t version, std::int32_t component) const;
+  /// The slots that a version's components can have, ascending, without a look at each file.
+  [[nodiscard]] std::vector<std::int32_t> PossibleComponentSlots(std::int32_t version) const;
   /// The slots of the components there are in a version, ascending; quick as above. Raises
   /// tools::Error when the version's folder cannot be searched.
   [[nodiscard]] std::vector<std::int32_t> ComponentSlots(std::int32_t version) const;

@@ -4,11 +4,11 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTreeWidgetItemIterator>
-#include <exception>
 #include <memory>
 #include <utility>
 
 #include "model/TextTable.h"
+#include "tools/Path.h"
 #include "tools/desktop/QtText.h"
 
 namespace shell {
@@ -42,6 +42,7 @@ ProjectTree::ProjectTree(QWidget* parent) : QTreeWidget(parent) {
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setMouseTracking(true);
   connect(this, &QTreeWidget::itemClicked, this, [this] { itemClicked_ = true; });
+  connect(this, &QTreeWidget::itemCollapsed, this, &ProjectTree::SelectInsteadOfHidden);
 }
 
 QTreeWidgetItem* ProjectTree::SelectedItem() const {
@@ -63,37 +64,41 @@ QTreeWidgetItem* ProjectTree::MakeItem(const Node& node, const std::string& text
 }
 
 void ProjectTree::AddComponents(const model::ModProject& project, std::int32_t version,
-                                QTreeWidgetItem& parent) const {
+                                QTreeWidgetItem& parent, ErrorList& errors) const {
+  std::vector<std::int32_t> slots;
+  errors.Try([&] { slots = project.PossibleComponentSlots(version); });
   QList<QTreeWidgetItem*> items;
-  for (const std::int32_t slot : project.ComponentSlots(version)) {
-    items.append(MakeItem(ComponentNode(version, slot), project.ComponentTitle(version, slot)));
+  for (const std::int32_t slot : slots) {
+    errors.Try([&] {
+      const std::string title = project.ComponentTitle(version, slot);
+      if (!title.empty()) items.append(MakeItem(ComponentNode(version, slot), title));
+    });
   }
   parent.addChildren(items);
 }
 
-void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVersion) {
+void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVersion,
+                       ErrorList& errors) {
   const Node selected = SelectedNode();
   clear();
   if (!project.IsOpen()) return;
-  std::unique_ptr<QTreeWidgetItem> product(MakeItem(ProductNode(), project.ProductTitle()));
+  std::string title = tools::FileNamePart(project.ProductPath());
+  std::vector<std::int32_t> versions;
+  errors.Try([&] { title = project.ProductTitle(); });
+  errors.Try([&] { versions = project.VersionSlots(); });
+  std::unique_ptr<QTreeWidgetItem> product(MakeItem(ProductNode(), title));
   QTreeWidgetItem* latest = nullptr;
-  std::exception_ptr failure;
-  for (const std::int32_t slot : project.VersionSlots()) {
+  for (const std::int32_t slot : versions) {
     QTreeWidgetItem* version =
         MakeItem(VersionNode(slot), model::LoadText(220) + " " + project.VersionString(slot));
     product->addChild(version);
     if (slot == latestVersion) latest = version;
-    try {
-      AddComponents(project, slot, *version);
-    } catch (const std::exception&) {
-      failure = std::current_exception();
-    }
+    AddComponents(project, slot, *version, errors);
   }
   addTopLevelItem(product.get());
   product.release()->setExpanded(true);
   if (latest != nullptr) latest->setExpanded(true);
   Select(selected);
-  if (failure) std::rethrow_exception(failure);
 }
 
 void ProjectTree::SetProductTitle(const std::string& title) {
@@ -153,6 +158,15 @@ void ProjectTree::keyPressEvent(QKeyEvent* event) {
 void ProjectTree::contextMenuEvent(QContextMenuEvent* event) {
   // The mouse has its own rule, above.
   if (event->reason() == QContextMenuEvent::Keyboard) ShowMenuAtSelection();
+}
+
+// The mouse or key event that collapses a node finds another one selected in its end, and tells.
+void ProjectTree::SelectInsteadOfHidden(QTreeWidgetItem* collapsed) {
+  const QTreeWidgetItem* selected = SelectedItem();
+  if (selected == nullptr) return;
+  for (const auto* above = selected->parent(); above != nullptr; above = above->parent()) {
+    if (above == collapsed) setCurrentItem(collapsed);
+  }
 }
 
 void ProjectTree::ShowMenuAtSelection() {

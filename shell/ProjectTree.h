@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "model/ModProject.h"
+#include "shell/ErrorList.h"
 #include "shell/IconList.h"
 #include "shell/NodeKey.h"
 
@@ -20,9 +21,9 @@ class ProjectTree : public QTreeWidget {
 
   /// Shows the product's nodes as they are in its files: its own node and that of `latestVersion`
   /// expanded, the node that was selected still selected where it is visible. Empties the tree when
-  /// no product is open. Raises tools::Error when a version's components cannot be told; the tree
-  /// then lacks no other node.
-  void Fill(const model::ModProject& project, std::int32_t latestVersion);
+  /// no product is open. A file that cannot be read costs only the nodes that it tells of, and is
+  /// added to `errors`.
+  void Fill(const model::ModProject& project, std::int32_t latestVersion, ErrorList& errors);
   /// Changes the product node's text.
   void SetProductTitle(const std::string& title);
 
@@ -30,7 +31,8 @@ class ProjectTree : public QTreeWidget {
   [[nodiscard]] Node SelectedNode() const;
 
  Q_SIGNALS:
-  /// The user clicked a node, also one selected already, or selected another by key.
+  /// The user clicked a node, also one selected already, or selected another by key or by
+  /// collapsing a node above the selected one.
   void NodeClicked();
   /// The user asked for the selected node's menu.
   void MenuWanted(const QPoint& globalPosition);
@@ -47,8 +49,9 @@ class ProjectTree : public QTreeWidget {
   [[nodiscard]] QTreeWidgetItem* SelectedItem() const;
   [[nodiscard]] QTreeWidgetItem* MakeItem(const Node& node, const std::string& text) const;
   void AddComponents(const model::ModProject& project, std::int32_t version,
-                     QTreeWidgetItem& parent) const;
+                     QTreeWidgetItem& parent, ErrorList& errors) const;
   void Select(const Node& node);
+  void SelectInsteadOfHidden(QTreeWidgetItem* collapsed);
   void ShowMenuAtSelection();
 
   QIcon productIcon_;

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "model/OpenPages.h"
+
 namespace shell {
 
 class WizardStarter {
@@ -12,9 +14,10 @@ class WizardStarter {
   WizardStarter(const WizardStarter&) = delete;
   WizardStarter& operator=(const WizardStarter&) = delete;
 
-  /// Shows the wizard for a version of the open product until the user leaves it.
-  virtual void StartSetupWizard(std::int32_t version) = 0;
-  virtual void StartUpdateWizard(std::int32_t version) = 0;
+  /// Shows the wizard for a version of the open product until the user leaves it. `pages` are those
+  /// of the version.
+  virtual void StartSetupWizard(std::int32_t version, model::OpenPages& pages) = 0;
+  virtual void StartUpdateWizard(std::int32_t version, model::OpenPages& pages) = 0;
 };
 
 }  // namespace shell

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "model/TextTable.h"
+#include "shell/ErrorList.h"
 #include "shell/IconList.h"
 #include "shell/MainToolBar.h"
 #include "shell/NodeKey.h"
@@ -179,9 +180,11 @@ void frmMain::UpdateProjectState() {
     SetFixedCaptions();
   }
   EnableDisableAll(open);
-  UpdateTree();
-  UpdateEditor();
+  ErrorList errors;
+  FillTree(errors);
+  errors.Try([this] { UpdateEditor(); });
   if (open) trvProjectTree->setFocus();
+  errors.Show(services_.dialogs);
 }
 
 void frmMain::EnableDisableAll(bool enable) {
@@ -194,15 +197,25 @@ void frmMain::EnableDisableAll(bool enable) {
 }
 
 void frmMain::UpdateTree() {
+  ErrorList errors;
+  FillTree(errors);
+  errors.Show(services_.dialogs);
+}
+
+void frmMain::FillTree(ErrorList& errors) {
   // Thousands of components are read: inside a batch each file is compared with the disk once.
   const tools::SettingsStore::Batch batch(services_.project.Settings());
-  trvProjectTree->Fill(services_.project, services_.operations.LatestVersion());
+  std::int32_t latest = 0;
+  errors.Try([&] { latest = services_.operations.LatestVersion(); });
+  trvProjectTree->Fill(services_.project, latest, errors);
 }
 
 void frmMain::UpdateEditor() {
   editorTabs_.Reset(true);
   const QSignalBlocker quiet(tabDataEditor);
   while (tabDataEditor->count() > 0) tabDataEditor->removeTab(0);
+  // First: a product file that cannot be read is told once, not by each page.
+  trvProjectTree->SetProductTitle(services_.project.ProductTitle());
   const Node node = trvProjectTree->SelectedNode();
   const NodeSlots slots = SlotsOf(node);
   editorTabs_.Prepare(PageListOf(node), slots.version, slots.component);
@@ -210,7 +223,6 @@ void frmMain::UpdateEditor() {
     tabDataEditor->addTab(tools::ToQString(editorTabs_.Item(i).Title()));
   }
   OnTabClick();
-  trvProjectTree->SetProductTitle(services_.project.ProductTitle());
 }
 
 void frmMain::OnTabClick() {
@@ -276,7 +288,8 @@ void frmMain::OnToolButton(const QString& key) {
   if (key == QLatin1String("updatewiz")) StartWizard(318, &WizardStarter::StartUpdateWizard);
 }
 
-void frmMain::StartWizard(std::int32_t titleNumber, void (WizardStarter::*start)(std::int32_t)) {
+void frmMain::StartWizard(std::int32_t titleNumber,
+                          void (WizardStarter::*start)(std::int32_t, model::OpenPages&)) {
   if (!services_.project.IsOpen()) {
     Refuse(323, titleNumber);
     return;
@@ -287,7 +300,7 @@ void frmMain::StartWizard(std::int32_t titleNumber, void (WizardStarter::*start)
     return;
   }
   if (wizards_ == nullptr) throw tools::Error("Der Assistent ist nicht vorhanden.");
-  (wizards_->*start)(SlotsOf(node).version);
+  (wizards_->*start)(SlotsOf(node).version, editorTabs_);
 }
 
 void frmMain::Refuse(std::int32_t textNumber, std::int32_t captionNumber) {

@@ -26,6 +26,7 @@ class QVBoxLayout;
 
 namespace shell {
 
+class ErrorList;
 class MainToolBar;
 class ProjectTree;
 class TitleLabel;
@@ -52,6 +53,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void ConnectWizards(WizardStarter& wizards) { wizards_ = &wizards; }
 
   void EnableDisableAll(bool enable);
+  // Files that cannot be read cost only what they would show; one message then tells of them all.
   void UpdateProjectState() override;
   void UpdateTree() override;
   /// Makes the pages of the selected node; those of the node before are offered for applying.
@@ -76,11 +78,13 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void OnMenuItem(QAction* item, std::function<void()> command);
 
   void OnToolButton(const QString& key);
+  void FillTree(ErrorList& errors);
   void OnTabClick();
   void PopUpNodeMenu(const QPoint& globalPosition);
   void DeleteSelectedNode();
   void DropPages();
-  void StartWizard(std::int32_t titleNumber, void (WizardStarter::*start)(std::int32_t));
+  void StartWizard(std::int32_t titleNumber,
+                   void (WizardStarter::*start)(std::int32_t, model::OpenPages&));
   void Refuse(std::int32_t textNumber, std::int32_t captionNumber);
 
   MainServices services_;

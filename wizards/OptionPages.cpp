@@ -8,12 +8,12 @@
 namespace wizards {
 
 tools::WizardPageRegistry OptionPages(const model::ModProject& project, std::int32_t versionIndex,
-                                      tools::Dialogs& dialogs) {
+                                      tools::Dialogs& dialogs, UnsavedPages& unsaved) {
   const std::string library = kOptionPageLibrary;
   tools::WizardPageRegistry pages;
   pages.Add(library + "wizSetup_Config",
-            [&project, versionIndex, &dialogs](tools::WizardDataStore& store, QWidget* parent) {
-              return new wizSetup_Config(project, versionIndex, dialogs, store, parent);
+            [&, versionIndex](tools::WizardDataStore& store, QWidget* parent) {
+              return new wizSetup_Config(project, versionIndex, dialogs, unsaved, store, parent);
             });
   pages.Add(library + "wizSetup_Output",
             [&project, versionIndex, &dialogs](tools::WizardDataStore& store, QWidget* parent) {

@@ -6,6 +6,7 @@
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
 #include "tools/desktop/WizardPageRegistry.h"
+#include "wizards/UnsavedPages.h"
 
 namespace wizards {
 
@@ -14,6 +15,6 @@ namespace wizards {
 /// must outlive the registry and the pages.
 [[nodiscard]] tools::WizardPageRegistry OptionPages(const model::ModProject& project,
                                                     std::int32_t versionIndex,
-                                                    tools::Dialogs& dialogs);
+                                                    tools::Dialogs& dialogs, UnsavedPages& unsaved);
 
 }  // namespace wizards

@@ -9,16 +9,18 @@ namespace wizards {
 
 ProgramWizards::ProgramWizards(BuildServices services) : services_(std::move(services)) {}
 
-void ProgramWizards::StartSetupWizard(std::int32_t version) {
-  const tools::WizardPageRegistry pages =
-      OptionPages(services_.project, version, services_.dialogs);
-  SetupWizard(services_, version, Frames(pages)).Start();
+void ProgramWizards::StartSetupWizard(std::int32_t version, model::OpenPages& pages) {
+  UnsavedPages unsaved(pages, services_.operations);
+  const tools::WizardPageRegistry optionPages =
+      OptionPages(services_.project, version, services_.dialogs, unsaved);
+  SetupWizard(services_, version, Frames(optionPages)).Start();
 }
 
-void ProgramWizards::StartUpdateWizard(std::int32_t version) {
-  const tools::WizardPageRegistry pages =
-      OptionPages(services_.project, version, services_.dialogs);
-  UpdateWizard(services_.dialogs, Frames(pages)).Start();
+void ProgramWizards::StartUpdateWizard(std::int32_t version, model::OpenPages& pages) {
+  UnsavedPages unsaved(pages, services_.operations);
+  const tools::WizardPageRegistry optionPages =
+      OptionPages(services_.project, version, services_.dialogs, unsaved);
+  UpdateWizard(services_.dialogs, Frames(optionPages)).Start();
 }
 
 ProgramWizard::FrameMaker ProgramWizards::Frames(const tools::WizardPageRegistry& pages) const {

@@ -17,8 +17,8 @@ class ProgramWizards : public shell::WizardStarter {
   /// The window that the wizards belong to; without one they stand on their own.
   void SetParent(QWidget* parent) { parent_ = parent; }
 
-  void StartSetupWizard(std::int32_t version) override;
-  void StartUpdateWizard(std::int32_t version) override;
+  void StartSetupWizard(std::int32_t version, model::OpenPages& pages) override;
+  void StartUpdateWizard(std::int32_t version, model::OpenPages& pages) override;
 
  private:
   [[nodiscard]] ProgramWizard::FrameMaker Frames(const tools::WizardPageRegistry& pages) const;

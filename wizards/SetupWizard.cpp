@@ -4,9 +4,9 @@
 
 #include "build/BuildSetup.h"
 #include "model/TextTable.h"
-#include "tools/Numbers.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/WaitCursor.h"
+#include "wizards/StoredOptions.h"
 
 namespace wizards {
 
@@ -76,16 +76,12 @@ std::string SetupWizard::LoadPage(const std::string& key) {
 }
 
 void SetupWizard::FillDataStore(tools::WizardDataStore& store) {
-  const model::ModProject& project = services_.project;
-  const std::int32_t active =
-      tools::ToInt32(project.ReadVersionSetting(versionIndex_, "BuildCommon", "ActiveConfig", "1"));
-  const std::string config = std::to_string(active);
-  store["installertype"] =
-      project.ReadVersionSetting(versionIndex_, "BuildCommon", "InstallerType", "1");
+  const StoredOptions stored(services_.project, versionIndex_);
+  const std::int32_t active = stored.ActiveConfiguration();
+  store["installertype"] = stored.InstallerType();
   store["language"] = "";
-  store["config"] = config;
-  store["folder"] = project.ReadVersionSetting(versionIndex_, "Build" + config, "OutputFolder",
-                                               project.DefaultOutputFolder(active));
+  store["config"] = std::to_string(active);
+  store["folder"] = stored.Of(active).folder;
   store["makezip"] = "";
   store["includeexe"] = "";
   store["includetessel"] = "";

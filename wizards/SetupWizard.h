@@ -5,15 +5,17 @@
 #include <string>
 
 #include "model/ModProject.h"
+#include "model/ModProjectOperations.h"
 #include "tools/Clock.h"
 #include "tools/Disk.h"
 #include "wizards/ProgramWizard.h"
 
 namespace wizards {
 
-/// What the wizard's build works with. The references must outlive the wizard.
+/// What the wizards work with. The references must outlive them.
 struct BuildServices {
   const model::ModProject& project;
+  model::ModProjectOperations& operations;
   tools::Dialogs& dialogs;
   const tools::Clock& clock;
   tools::Disk& disk;

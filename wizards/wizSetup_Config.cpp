@@ -5,7 +5,10 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QVBoxLayout>
 
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
@@ -35,11 +38,11 @@ void PrepareLanguages(QComboBox& box) {
 }  // namespace
 
 wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t versionIndex,
-                                 tools::Dialogs& dialogs, tools::WizardDataStore& DataStore,
-                                 QWidget* parent)
+                                 tools::Dialogs& dialogs, UnsavedPages& unsaved,
+                                 tools::WizardDataStore& DataStore, QWidget* parent)
     : WizardOptionPage(DataStore, parent),
-      project_(project),
-      versionIndex_(versionIndex),
+      stored_(project, versionIndex),
+      unsaved_(unsaved),
       cmbConfiguration_(new QComboBox(this)),
       cmbLanguage_(new QComboBox(this)),
       lblLanguageNote_(new QLabel(u"Geben Sie eine Sprachkennung (LCID) als Zahl ein oder wählen "
@@ -51,12 +54,17 @@ wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t 
   lblLanguageNote_->setObjectName(u"lblLanguageNote"_s);
   lblLanguageNote_->setWordWrap(true);
 
-  auto* layout = new QFormLayout(this);
+  auto* options = new QFormLayout;
+  options->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  options->addRow(ToQString(LoadText(360)), cmbConfiguration_);
+  options->addRow(ToQString(LoadText(359)), cmbLanguage_);
+  options->addRow(QString(), lblLanguageNote_);
+  auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  layout->addRow(ToQString(LoadText(360)), cmbConfiguration_);
-  layout->addRow(ToQString(LoadText(359)), cmbLanguage_);
-  layout->addRow(QString(), lblLanguageNote_);
+  layout->addLayout(options);
+  layout->addSpacing(fontMetrics().height());
+  layout->addWidget(MakeUnsavedRow(dialogs));
+  layout->addStretch();
   cmbConfiguration_->setAccessibleName(ToQString(LoadText(335)));
   cmbLanguage_->setAccessibleName(ToQString(LoadText(345)));
 
@@ -66,39 +74,71 @@ wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t 
           tools::Guarded(dialogs, [this] { TakeLanguage(); }));
 }
 
+QWidget* wizSetup_Config::MakeUnsavedRow(tools::Dialogs& dialogs) {
+  fraUnsavedPages_ = new QWidget(this);
+  auto* icon = new QLabel(fraUnsavedPages_);
+  const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(iconSize));
+  lblUnsavedPages_ = new QLabel(fraUnsavedPages_);
+  lblUnsavedPages_->setObjectName(u"lblUnsavedPages"_s);
+  lblUnsavedPages_->setTextFormat(Qt::PlainText);
+  lblUnsavedPages_->setWordWrap(true);
+  auto* cmdSavePages = new QPushButton(ToQString(LoadText(421)), fraUnsavedPages_);
+  cmdSavePages->setObjectName(u"cmdSavePages"_s);
+  cmdSavePages->setAutoDefault(false);
+  auto* row = new QGridLayout(fraUnsavedPages_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setColumnStretch(1, 1);
+  row->addWidget(icon, 0, 0, Qt::AlignTop);
+  row->addWidget(lblUnsavedPages_, 0, 1);
+  row->addWidget(cmdSavePages, 1, 1, Qt::AlignLeft);
+  connect(cmdSavePages, &QPushButton::clicked, this,
+          tools::Guarded(dialogs, [this] { SavePages(); }));
+  return fraUnsavedPages_;
+}
+
+void wizSetup_Config::ShowUnsavedPages() {
+  QString text = ToQString(LoadText(420));
+  const std::vector<std::string> titles = unsaved_.Titles();
+  for (const std::string& title : titles) text += u"\n\u2022 "_s + ToQString(title);
+  lblUnsavedPages_->setText(text);
+  fraUnsavedPages_->setVisible(!titles.empty());
+}
+
+void wizSetup_Config::SavePages() {
+  const std::int32_t configuration = Configuration();
+  const bool wasActive = configuration == stored_.ActiveConfiguration();
+  const StoredOptions::Proposal before = stored_.Of(configuration);
+  unsaved_.Save();
+  // The button that has the focus will hide; else the frame's next button would get it.
+  cmbConfiguration_->setFocus();
+  SetValue("installertype", stored_.InstallerType());
+  Follow(before, wasActive ? stored_.ActiveConfiguration() : configuration);
+  ShowValues();
+}
+
 void wizSetup_Config::ShowValues() {
+  ShowUnsavedPages();
   const QSignalBlocker quiet(cmbConfiguration_);
-  const std::int32_t configuration = tools::ToInt32(Value("config"));
+  const std::int32_t configuration = Configuration();
   const bool known = configuration >= 1 && configuration <= cmbConfiguration_->count();
   cmbConfiguration_->setCurrentIndex(known ? configuration - 1 : -1);
   ShowLanguage();
 }
 
 void wizSetup_Config::ChooseConfiguration(std::int32_t configuration) {
-  const std::int32_t before = tools::ToInt32(Value("config"));
-  Propose("folder", StoredFolder(before), StoredFolder(configuration));
-  const std::string language = StoredLanguage(configuration);
-  if (Value("language").empty()) {
-    SetValue("language", language);
-  } else {
-    Propose("language", StoredLanguage(before), language);
-  }
-  SetValue("config", std::to_string(configuration));
+  Follow(stored_.Of(Configuration()), configuration);
   ShowLanguage();
 }
 
-void wizSetup_Config::Propose(const char* name, const std::string& before, const std::string& now) {
-  if (Value(name) == before) SetValue(name, now);
-}
+std::int32_t wizSetup_Config::Configuration() const { return tools::ToInt32(Value("config")); }
 
-std::string wizSetup_Config::StoredFolder(std::int32_t configuration) const {
-  return project_.ReadVersionSetting(versionIndex_, "Build" + std::to_string(configuration),
-                                     "OutputFolder", project_.DefaultOutputFolder(configuration));
-}
-
-std::string wizSetup_Config::StoredLanguage(std::int32_t configuration) const {
-  return LanguageNumber(project_.ReadVersionSetting(
-      versionIndex_, "Build" + std::to_string(configuration), "Locale", ""));
+void wizSetup_Config::Follow(const StoredOptions::Proposal& before, std::int32_t configuration) {
+  const StoredOptions::Proposal now = stored_.Of(configuration);
+  const std::string language = Value("language");
+  if (Value("folder") == before.folder) SetValue("folder", now.folder);
+  if (language.empty() || language == before.language) SetValue("language", now.language);
+  SetValue("config", std::to_string(configuration));
 }
 
 void wizSetup_Config::TakeLanguage() {

@@ -6,6 +6,8 @@
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
 #include "tools/desktop/WizardOptionPage.h"
+#include "wizards/StoredOptions.h"
+#include "wizards/UnsavedPages.h"
 
 class QComboBox;
 class QLabel;
@@ -16,13 +18,17 @@ namespace wizards {
 /// (LCID) or the name of a common language. Choosing a configuration also proposes the output
 /// folder and the language stored for it, each unless the author has set another one than was
 /// proposed before.
+///
+/// The build takes what is stored: `lblUnsavedPages` names the open pages with changes that are
+/// not, and `cmdSavePages` stores them. The values then follow what is stored now, as above.
 class wizSetup_Config : public tools::WizardOptionPage {
   Q_OBJECT
 
  public:
   /// For the version in slot `versionIndex`. The references must outlive the page.
   wizSetup_Config(const model::ModProject& project, std::int32_t versionIndex,
-                  tools::Dialogs& dialogs, tools::WizardDataStore& DataStore, QWidget* parent);
+                  tools::Dialogs& dialogs, UnsavedPages& unsaved, tools::WizardDataStore& DataStore,
+                  QWidget* parent);
 
   void ShowValues() override;
 
@@ -30,16 +36,21 @@ class wizSetup_Config : public tools::WizardOptionPage {
   void ChooseConfiguration(std::int32_t configuration);
   void TakeLanguage();
   void ShowLanguage();
-  /// Replaces the value when it is what was proposed before.
-  void Propose(const char* name, const std::string& before, const std::string& now);
-  [[nodiscard]] std::string StoredFolder(std::int32_t configuration) const;
-  [[nodiscard]] std::string StoredLanguage(std::int32_t configuration) const;
+  [[nodiscard]] QWidget* MakeUnsavedRow(tools::Dialogs& dialogs);
+  void ShowUnsavedPages();
+  void SavePages();
+  /// The configuration chosen; 0 for a value that is no number.
+  [[nodiscard]] std::int32_t Configuration() const;
+  /// Takes the configuration, and what is proposed for it in place of what was proposed before.
+  void Follow(const StoredOptions::Proposal& before, std::int32_t configuration);
 
-  const model::ModProject& project_;
-  std::int32_t versionIndex_;
+  StoredOptions stored_;
+  UnsavedPages& unsaved_;
   QComboBox* cmbConfiguration_;
   QComboBox* cmbLanguage_;
   QLabel* lblLanguageNote_;
+  QWidget* fraUnsavedPages_;
+  QLabel* lblUnsavedPages_;
 };
 
 }  // namespace wizards

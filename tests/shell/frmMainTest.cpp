@@ -4,6 +4,7 @@
 #include <QTabBar>
 
 #include "grid/ctlPropertyEditor.h"
+#include "shell/NodeKey.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/OpenedProgram.h"
 #include "tools/SettingsFile.h"
@@ -15,10 +16,16 @@ using tools::MessageAnswer;
 namespace {
 
 struct FakeWizards : shell::WizardStarter {
-  void StartSetupWizard(std::int32_t version) override { started += {"setup", version}; }
-  void StartUpdateWizard(std::int32_t version) override { started += {"update", version}; }
+  void StartSetupWizard(std::int32_t version, model::OpenPages& pages) override {
+    started += {"setup", version};
+    titleOfFirstPage = pages.Item(1).Title();
+  }
+  void StartUpdateWizard(std::int32_t version, model::OpenPages& /*pages*/) override {
+    started += {"update", version};
+  }
 
   QList<std::pair<QString, std::int32_t>> started;
+  std::string titleOfFirstPage;
 };
 
 }  // namespace
@@ -123,6 +130,66 @@ class frmMainTest : public QObject {
     QCOMPARE(program_->SelectedKey() + TabTitles(), "");
   }
 
+  void FilesThatCannotBeReadCostOnlyTheirOwnNodesAndAreToldInOneMessage() {
+    home_->Write("P/Version 1.10.0/component1.component/ein Ordner", "");
+    home_->Write("P/Version 1.9.0/product.version/ein Ordner", "");
+    program_->Open(product_);
+    QCOMPARE(program_->Nodes(),
+             "product=Probe|[v1=Version 1.2.0]|[v1c1=Alt]|v3=Version 1.10.0|"
+             "[v3c2=Programm]|[v4=Version 1.9.0]");
+    QCOMPARE(dialogs_->Messages().size(), 1U);
+    QVERIFY(Told(*dialogs_).startsWith("Fehler|"));
+    QVERIFY(Told(*dialogs_).contains("component1.component"));
+    QVERIFY(Told(*dialogs_).contains("Version 1.9.0"));
+    program_->Click("v3c2");
+    QCOMPARE(TabTitles(), "Dateien|Registrierung");
+  }
+
+  void ManyFilesThatCannotBeReadAreToldInAMessageThatFitsOnTheScreen() {
+    home_->Write("P/Version 1.10.0/product.version", "[Components]\nCount=40\n");
+    for (int i = 11; i <= 40; ++i) {
+      home_->Write("P/Version 1.10.0/component" + std::to_string(i) + ".component/x", "");
+    }
+    program_->Open(product_);
+    QCOMPARE(dialogs_->Messages().size(), 1U);
+    QCOMPARE(Told(*dialogs_).count(".component"), 8);
+    QVERIFY(Told(*dialogs_).endsWith("weitere Fehler: 22"));
+  }
+
+  void ACountOutOfRangeIsToldAndTheRestIsShown() {
+    home_->Write("P/Probe.product",
+                 "[General]\nVersion=1.0\n[Product]\nTitle=Probe\n[Versions]\nCount=-4\n");
+    program_->Open(product_);
+    QCOMPARE(program_->Nodes(), "product=Probe");
+    QCOMPARE(dialogs_->Messages().size(), 1U);
+    program_->Click("product");
+    QCOMPARE(TabTitles(), "Produkt");
+  }
+
+  void SlotsOfSeveralDigitsComeBackFromTheirKeys() {
+    const shell::Node node = shell::ComponentNode(12, 345);
+    QCOMPARE(node.key, "v12c345");
+    QCOMPARE(shell::SlotsOf(node).version, 12);
+    QCOMPARE(shell::SlotsOf(node).component, 345);
+    QCOMPARE(shell::SlotsOf(shell::VersionNode(67)).version, 67);
+  }
+
+  void MenusAndPanesHaveTheirTexts() {
+    QStringList texts;
+    for (const char* item :
+         {"mnuProductAddVersion", "mnuVersionAddComponent", "mnuVersionDelete",
+          "mnuVersionProperties", "mnuComponentDelete", "mnuComponentProperties"}) {
+      texts += Child<QAction>(program_->window, item).text();
+    }
+    QCOMPARE(texts.join('|'),
+             "Version hinzufügen...|Komponente hinzufügen...|Löschen|Eigenschaften|Löschen|"
+             "Eigenschaften");
+    QCOMPARE(Shown(program_->window,
+                   {"lblProjectTreeTitle", "lblDataEditorTitle", "lblProjectTreeInfo"}),
+             "Projekt-Struktur |Projekt-Editor |Rechtsklicken Sie auf ein Element, um ein "
+             "Kontextmenü einzublenden.");
+  }
+
   void ClicksAndArrowKeysShowTheNodesPages() {
     program_->Open(product_);
     QTest::keyClick(&program_->Tree(), Qt::Key_Down);
@@ -138,6 +205,23 @@ class frmMainTest : public QObject {
     QCOMPARE(TabTitles(), "Dateien|Registrierung");
     program_->Click("product", Qt::MiddleButton);
     QCOMPARE(program_->SelectedKey(), "v3c2");
+  }
+
+  void CollapsingANodeThatHidesTheSelectedOneSelectsItAndOffersTheChanges() {
+    program_->Open(product_);
+    program_->Click("v3c2");
+    auto* page = dynamic_cast<model::OpenPage*>(&Child(program_->window, "EditorTab1"));
+    page->SetDirty(true);
+    dialogs_->ExpectQuestion("auf der Seite \"Dateien\"", MessageAnswer::No);
+    const QRect item = program_->Tree().visualItemRect(program_->Tree().topLevelItem(0)->child(1));
+    QTest::mouseClick(program_->Tree().viewport(), Qt::LeftButton, {},
+                      QPoint(item.left() - program_->Tree().indentation() / 2, item.center().y()));
+    QVERIFY(program_->Nodes().contains("|[v3=Version 1.10.0]|"));
+    QCOMPARE(program_->SelectedKey(), "v3");
+    QVERIFY(TabTitles().startsWith("Version|"));
+    QTest::keyClick(&program_->Tree(), Qt::Key_Left);
+    QTest::keyClick(&program_->Tree(), Qt::Key_Left);
+    QCOMPARE(program_->SelectedKey() + TabTitles(), "productProdukt");
   }
 
   void TheSelectedNodesMenuOpensByKeyAndByTheRightButtonWhereverItIsPressed() {
@@ -254,6 +338,7 @@ class frmMainTest : public QObject {
     program_->Press("updatewiz");
     const decltype(wizards.started) expected{{"setup", 3}, {"update", 4}};
     QCOMPARE(wizards.started, expected);
+    QCOMPARE(wizards.titleOfFirstPage, "Version");
   }
 
   void HintsOfPagesStayUntilThePointerMovesOverTreeOrStatusBar() {

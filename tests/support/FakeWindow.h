@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -14,18 +15,21 @@
 namespace tests {
 
 struct FakePage : model::OpenPage {
-  std::string Title() const override { return "Probe"; }
+  [[nodiscard]] std::string Title() const override { return title; }
   void ApplyChanges() override {
     ++applied;
     if (!failure.empty()) throw std::runtime_error(failure);
+    if (write) write();
     dirty = false;
   }
   [[nodiscard]] bool IsDirty() const override { return dirty; }
   void SetDirty(bool value) override { dirty = value; }
 
+  std::string title = "Probe";
   int applied = 0;
   bool dirty = false;
-  std::string failure;  ///< raised by ApplyChanges when not empty
+  std::function<void()> write;  ///< what ApplyChanges writes
+  std::string failure;          ///< raised by ApplyChanges when not empty
 };
 
 struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {

@@ -1,5 +1,6 @@
 #include <QCheckBox>
 
+#include "tests/support/FakeWindow.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "wizards/OptionPages.h"
@@ -31,12 +32,13 @@ struct Sample {
     project.SetProductPath(folder.Write("demo.product",
                                         "[General]\nVersion=1.0\n[Product]\nTitle=Demo\n"
                                         "[Versions]\nCount=1\nVer1=1.2.0\n"));
+    operations.Connect(window, window);
   }
 
   void StartSetup(const std::function<void(WizardStructure&)>& act) {
     ModalScript script;
     script.Expect<WizardStructure>("wizardStructure", act);
-    wizards::ProgramWizards(services).StartSetupWizard(1);
+    wizards::ProgramWizards(services).StartSetupWizard(1, window);
   }
 
   TemporaryFolder folder;
@@ -45,7 +47,11 @@ struct Sample {
   model::ModProject project{settings};
   ScriptedDialogs dialogs;
   FixedClock clock;
-  wizards::BuildServices services{project, dialogs, clock, disk, folder.Path("programm")};
+  FakeWindow window;
+  model::ModProjectOperations operations{project, dialogs, clock, window};
+  wizards::UnsavedPages unsaved{window, operations};
+  wizards::BuildServices services{project, operations, dialogs,
+                                  clock,   disk,       folder.Path("programm")};
 };
 
 /// An option page for the sample's version, with these values of the wizard.
@@ -54,7 +60,7 @@ struct OptionPage : Sample {
              const std::string& buildKeys = {})
       : Sample(buildKeys), store(values) {
     const std::string progId = std::string("PackwrightWizards.wizSetup_") + name;
-    page.reset(wizards::OptionPages(project, 1, dialogs).Create(progId, store, nullptr));
+    page.reset(wizards::OptionPages(project, 1, dialogs, unsaved).Create(progId, store, nullptr));
     page->ShowValues();
     page->show();
   }
@@ -136,11 +142,56 @@ class WizardsTest : public QObject {
       Press(frame, "cmdNext");
       Press(frame, "cmdCancel");
     });
-    wizards::ProgramWizards(sample.services).StartUpdateWizard(1);
+    wizards::ProgramWizards(sample.services).StartUpdateWizard(1, sample.window);
     QVERIFY(sample.dialogs.Messages().empty());
     const tools::WizardPage end = wizards::UpdateWizard(sample.dialogs, {}).ShowPage("summary");
     QCOMPARE(end.PageTitle, "Nothing to it");
     QVERIFY(end.AllowFinish && end.ForwardStep.empty());
+  }
+
+  void ThePagesOfTheSetupWizardHaveTheirTexts_data() {
+    QTest::addColumn<int>("style");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<QString>("next");
+    QTest::newRow("intro")
+        << 1 << "Willkommen"
+        << "Mit diesem Assistenten können Sie Schritt für Schritt aus einem Setup-Projekt ein "
+           "fertiges Installationsprogramm erzeugen.\r\nEinige der Optionen, die dieser Assistent "
+           "zur Generierung des Setup-Programms verwendet, müssen vorher für die Version "
+           "festgelegt werden (siehe Registerkarte \"Erstellungs-Optionen\" im Projekt-Editor)."
+           "\r\n\r\nKlicken Sie auf \"Weiter\", um fortzufahren."
+        << "configuration";
+    QTest::newRow("configuration") << 2 << "Konfiguration wählen"
+                                   << "Legen Sie die zu erstellende Konfiguration und Sprache fest"
+                                   << "output";
+    QTest::newRow("output") << 2 << "Ausgabe-Optionen"
+                            << "Geben Sie an, wo das Setup erstellt werden soll"
+                            << "packaging";
+    QTest::newRow("packaging") << 2 << "Verpackung"
+                               << "Legen Sie die Optionen zur Verpackung des fertigen Setups fest"
+                               << "ready";
+    QTest::newRow("ready")
+        << 3 << "Setup erstellen"
+        << "Der Assistent hat jetzt genügend Informationen, um das Setup zu erstellen.\r\n\r\n"
+           "Klicken Sie auf \"Fertig stellen\", um den Vorgang abzuschließen."
+        << "";
+    QTest::newRow("...") << 2 << ""
+                         << ""
+                         << "";
+  }
+  void ThePagesOfTheSetupWizardHaveTheirTexts() {
+    QFETCH(const int, style);
+    QFETCH(const QString, title);
+    QFETCH(const QString, description);
+    QFETCH(const QString, next);
+    const Sample sample;
+    const tools::WizardPage page =
+        wizards::SetupWizard(sample.services, 1, {}).ShowPage(QTest::currentDataTag());
+    QCOMPARE(page.PageStyle, style);
+    QCOMPARE(tools::ToQString(page.PageTitle), title);
+    QCOMPARE(tools::ToQString(page.PageDescription), description);
+    QCOMPARE(tools::ToQString(page.ForwardStep), next);
   }
 
   void AFrameThatCannotBeMadeIsReported() {
@@ -171,6 +222,42 @@ class WizardsTest : public QObject {
     Type(Child(*f.page, "cmbLanguage"), "1055");
     QTest::keyClick(&configuration, Qt::Key_Down);
     QCOMPARE(f.store["language"], "1055");
+  }
+
+  void UnsavedPagesAreNamedAndSavedAndTheValuesFollowUnlessTheAuthorSetOthers() {
+    OptionPage f("Config", {{"config", "1"}, {"folder", "alt"}}, "[Build1]\nOutputFolder=alt\n");
+    auto& notice = Child(*f.page, "lblUnsavedPages");
+    QVERIFY(!notice.isVisible());
+    f.window.pages.resize(2);
+    f.window.pages[0].title = "Setup-Typen";
+    FakePage& options = f.window.pages[1];
+    options.title = "Erstellungs-Optionen";
+    const auto save = [&](const std::string& active, const std::string& folder) {
+      options.dirty = true;
+      options.write = [&f, active, folder] {
+        f.project.WriteVersionSetting(1, "BuildCommon", "ActiveConfig", active);
+        f.project.WriteVersionSetting(1, "BuildCommon", "InstallerType", active);
+        f.project.WriteVersionSetting(1, "Build" + active, "OutputFolder", folder);
+        f.project.WriteVersionSetting(1, "Build" + active, "Locale", "1031");
+      };
+      f.page->ShowValues();
+      QVERIFY(notice.isVisible());
+      QVERIFY(Shown(*f.page, "lblUnsavedPages").endsWith(":\n• Erstellungs-Optionen"));
+      Press(*f.page, "cmdSavePages");
+      QVERIFY(!notice.isVisible());
+      QCOMPARE(f.page->focusWidget(), &Child(*f.page, "cmbConfiguration"));
+    };
+    save("2", "neu");
+    QCOMPARE(Values(f.store), "config=2|folder=neu|installertype=2|language=1031");
+    QCOMPARE(Shown(*f.page, {"cmbConfiguration", "cmbLanguage"}),
+             "Release|1031 – Deutsch (Deutschland)");
+    // The author's own folder, then also his own configuration.
+    f.store["folder"] = "eigener";
+    save("1", "alt");
+    QCOMPARE(Values(f.store), "config=1|folder=eigener|installertype=1|language=1031");
+    f.store["config"] = "2";
+    save("1", "anders");
+    QCOMPARE(Values(f.store), "config=2|folder=eigener|installertype=1|language=1031");
   }
 
   void ALanguageIsTypedAsNumberOrNameAndAnythingElseIsRefusedInPlace() {
