@@ -1,193 +1,141 @@
 #include "build/BuildCheck.h"
 
 #include <algorithm>
-#include <unordered_map>
-#include <utility>
+#include <string_view>
+#include <tuple>
 
-#include "build/InstallScript.h"
+#include "build/CheckFiles.h"
+#include "build/CheckSettings.h"
+#include "build/ComponentFiles.h"
+#include "build/Findings.h"
 #include "build/OutputFolder.h"
-#include "build/StoredNameMap.h"
-#include "build/Survey.h"
-#include "build/TreeStore.h"
-#include "model/FolderTable.h"
-#include "tools/Error.h"
+#include "build/OutputNames.h"
+#include "tools/InputFile.h"
 #include "tools/Names.h"
 #include "tools/Path.h"
-#include "tools/Text.h"
 
 namespace build {
 
 namespace {
-
-// Values stand between double quotes in a script line, and cannot be escaped there.
-bool BreaksScriptLine(std::string_view value) {
-  return std::any_of(value.begin(), value.end(),
-                     [](char c) { return c == '"' || (c >= 0 && c < ' '); });
-}
 
 bool IsWholeNumber(std::string_view text) {
   if (text.starts_with('-')) text.remove_prefix(1);
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// Paths that Windows takes for one get one key.
-std::string PathKey(std::string_view path) {
-  std::string key = tools::LowerCase(tools::ReplaceAll(path, "/", "\\"));
-  const auto doubled = [](char a, char b) { return a == '\\' && b == '\\'; };
-  key.erase(std::unique(key.begin(), key.end(), doubled), key.end());
-  return key;
-}
-
-/// A file of the version: where it comes from in the product.
-struct Origin {
-  const SurveyedComponent* component;
-  std::int32_t entry;
-  std::string_view path;
-};
-
 class Checker {
  public:
-  Checker(const model::ModProject& project, const BuildOptions& options, std::int32_t version,
-          const SurveyStep& step)
-      : project_(project),
-        options_(options),
-        version_(version),
-        survey_(SurveyVersion(project, version, step)) {}
+  Checker(const model::ModProject& project, const BuildSettings& settings, std::int32_t version,
+          const std::string& programFolder)
+      : project_(project), settings_(settings), version_(version), programFolder_(programFolder) {}
 
-  std::vector<BuildMessage> Run() {
-    CheckOutputFolder();
-    CheckTitle();
-    CheckCatalogue();
-    for (const SurveyedComponent& component : survey_.components) {
-      for (const SurveyedEntry& entry : component.entries) CheckEntry(component, entry);
-      if (component.problem) Report(*component.problem, {component.slot, component.title, 0});
+  std::vector<BuildMessage> Run(const SurveyStep& step) {
+    findings_.Try({}, [this] { options_ = ReadBuildOptions(settings_); });
+    CheckProductSettings(project_, version_, findings_);
+    findings_.Try({}, [&] {
+      survey_ =
+          SurveyVersion(project_, version_, OutputFolderPath(options_.folder, project_), step);
+    });
+    for (const BuildMessage& unread : survey_.unread) {
+      findings_.Report(unread.text, {unread.component, {}, 0});
     }
-    return std::move(findings_);
+    findings_.Try({}, [this] { CheckOutputFolder(); });
+    findings_.Try({}, [this] { CheckTitle(); });
+    findings_.Try({}, [this] { CheckCatalogue(); });
+    if (options_.includeWrapper) CheckProgram(kWrapperSource);
+    if (options_.includeRuntime) CheckProgram(kRuntimeName);
+    findings_.Try({}, [this] { CheckComponentFiles(); });
+    FileCheck files(options_, title_, outputFolder_, findings_);
+    for (const SurveyedComponent& component : survey_.components) files.Check(component);
+    return InOrder();
   }
 
  private:
   void CheckOutputFolder() {
-    if (!NormalizeOutputFolder(options_.folder, project_, survey_.locations).empty()) return;
-    Report("Der Ausgabeordner ist ungültig: " + options_.folder);
+    const OutputFolder folder =
+        AcceptOutputFolder(options_.folder, project_, survey_.sourceFolders);
+    outputFolder_ = folder.path;
+    if (!folder.IsAccepted()) {
+      findings_.Report("Der Ausgabeordner ist ungültig. " + folder.reason);
+    }
   }
 
   void CheckTitle() {
-    const std::string title = project_.ProductTitle();
+    title_ = project_.ProductTitle();
     // The second is the longest of the names made from it.
-    if (!tools::IsPortableFileName(title) || !tools::IsPortableFileName(title + ".install")) {
-      Report("Die Produktbezeichnung kann kein Dateiname sein: " + title);
+    if (!tools::IsPortableFileName(title_) || !tools::IsPortableFileName(title_ + kScriptEnding)) {
+      findings_.Report("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
-    CheckValue("Die Produktbezeichnung", title, {});
+    CheckValue("Die Produktbezeichnung", title_);
   }
 
-  // Without a key the script registers nothing.
+  // Without a key the script registers nothing. The editor proposes "?" where it has no better one.
   void CheckCatalogue() {
     const auto tessel = [this](std::string_view key, std::string_view value) {
       return project_.ReadVersionSetting(version_, "Tessel", key, value);
     };
     const std::string key = tessel("Key", "");
     if (key.empty()) return;
-    CheckValue("Der Tessel-Anwendungsschlüssel", key, {});
-    CheckValue("Die Programmbezeichnung der Tessel-Datenbank", tessel("Title", ""), {});
+    const std::string title = tessel("Title", "");
+    if (key == "?") findings_.Report("Der Tessel-Anwendungsschlüssel ist noch \"?\"");
+    if (title == "?")
+      findings_.Report("Die Programmbezeichnung der Tessel-Datenbank ist noch \"?\"");
+    CheckValue("Der Tessel-Anwendungsschlüssel", key);
+    CheckValue("Die Programmbezeichnung der Tessel-Datenbank", title);
     const std::string type = tessel("Type", "1");
-    if (!IsWholeNumber(type)) Report("Der Programmtyp ist keine Zahl: " + type);
+    if (!IsWholeNumber(type)) findings_.Report("Der Programmtyp ist keine Zahl: " + type);
   }
 
-  void CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed) {
-    const Place place = component.PlaceOf(surveyed);
-    if (surveyed.problem) Report(*surveyed.problem, place);
-    if (surveyed.problem && surveyed.problem->fault == SourceFault::None) return;
-    const model::ICFile& entry = surveyed.file;
-    if (!IsInstalled(entry)) return;
-    if (model::FolderMacro(entry.TargetFolder).empty()) {
-      Report("Unbekannte Nummer des Zielordners: " + std::to_string(entry.TargetFolder), place);
-    }
-    for (const std::string& path : surveyed.sources) {
-      CheckFile(entry, {&component, surveyed.number, path}, place);
-    }
+  void CheckProgram(const char* name) {
+    findings_.Try({},
+                  [&] { const tools::InputFile readable(tools::JoinPath(programFolder_, name)); });
   }
 
-  static bool IsInstalled(const model::ICFile& entry) {
-    return entry.Type == model::ICFile::kSingleFile || entry.Type == model::ICFile::kFolderScan;
-  }
-
-  void CheckFile(const model::ICFile& entry, const Origin& origin, const Place& place) {
-    const std::string target = ScriptTarget(entry, origin.path);
-    CheckValue("Der Zielpfad", target, place);
-    CheckMeeting(targets_, "Gleiches Ziel '" + target + "'", PathKey(target), origin, place);
-    if (options_.packaged) {
-      const std::string extension = tools::Extension(origin.path);
-      CheckValue("Die Dateinamenserweiterung", extension, place);
-      std::string key = entry.ID + "\n";
-      CheckMeeting(stored_, "Gleiche ID '" + entry.ID + "' und Quelle", key.append(origin.path),
-                   origin, place);
-    } else {
-      const std::string stored = TreeStoredName(entry, origin.path);
-      CheckValue("Der Ablagename", stored, place);
-      CheckTreeName(stored, origin, place);
+  void CheckComponentFiles() {
+    const std::int32_t count = project_.ComponentCount(version_);
+    for (const std::int32_t slot : ComponentFileSlots(project_, version_)) {
+      CheckComponentSettings(project_, version_, slot, findings_);
+      if (slot <= count) continue;
+      findings_.Report("Die Komponentendatei liegt jenseits der Anzahl der Komponenten (" +
+                           std::to_string(count) +
+                           "): " + project_.ComponentFilePath(version_, slot),
+                       {slot, {}, 0}, Severity::Warning);
     }
   }
 
-  void CheckTreeName(const std::string& stored, const Origin& origin, const Place& place) {
-    try {
-      std::string key;
-      for (const std::string& part : PlainParts(stored)) key.append("\\").append(part);
-      CheckMeeting(stored_, "Gleicher Ablagename '" + stored + "'", PathKey(key), origin, place);
-    } catch (const tools::Error& error) {
-      Report(error.what(), place);
-    }
-  }
-
-  using Meetings = std::unordered_map<std::string, Origin>;
-
-  void CheckMeeting(Meetings& seen, const std::string& what, std::string key, const Origin& origin,
-                    const Place& place) {
-    const auto [first, added] = seen.try_emplace(std::move(key), origin);
-    if (added) return;
-    const Origin& other = first->second;
-    std::string text = what + " für '";
-    text.append(origin.path).append("' wie für '").append(other.path);
-    text.append("' (Komponente '").append(other.component->title).append("', Datei ");
-    Report(text.append(std::to_string(other.entry)).append(")"), place);
-  }
-
-  void CheckValue(std::string_view what, const std::string& value, const Place& place) {
+  void CheckValue(std::string_view what, const std::string& value) {
     if (!BreaksScriptLine(value)) return;
     std::string text(what);
-    Report(text.append(" enthält ein Zeichen, das im Installationsskript nicht stehen kann: ")
-               .append(value),
-           place);
+    findings_.Report(
+        text.append(" enthält ein Zeichen, das im Installationsskript nicht stehen kann: ")
+            .append(value));
   }
 
-  void Report(const SurveyProblem& problem, const Place& place) {
-    Report(problem.userText, place);
-    findings_.back().severity = problem.severity;
-  }
-
-  void Report(const std::string& text, const Place& place = {}) {
-    BuildMessage finding;
-    finding.text = text;
-    finding.component = place.component;
-    finding.componentTitle = place.componentTitle;
-    finding.entry = place.entry;
-    findings_.push_back(std::move(finding));
+  std::vector<BuildMessage> InOrder() {
+    std::vector<BuildMessage> found = findings_.Take();
+    std::stable_sort(found.begin(), found.end(), [](const BuildMessage& a, const BuildMessage& b) {
+      return std::tie(a.component, a.entry) < std::tie(b.component, b.entry);
+    });
+    return found;
   }
 
   const model::ModProject& project_;
-  BuildOptions options_;
+  const BuildSettings& settings_;
   std::int32_t version_;
+  std::string programFolder_;
+  BuildOptions options_;
+  std::string title_;
+  std::string outputFolder_;
   Survey survey_;
-  Meetings targets_;
-  Meetings stored_;
-  std::vector<BuildMessage> findings_;
+  Findings findings_;
 };
 
 }  // namespace
 
 std::vector<BuildMessage> CheckBuild(const model::ModProject& project,
                                      const BuildSettings& settings, std::int32_t versionIndex,
-                                     const SurveyStep& step) {
-  return Checker(project, ReadBuildOptions(settings), versionIndex, step).Run();
+                                     const std::string& programFolder, const SurveyStep& step) {
+  return Checker(project, settings, versionIndex, programFolder).Run(step);
 }
 
 }  // namespace build

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "build/BuildSettings.h"
@@ -12,15 +13,14 @@
 namespace build {
 
 /// The problems that a build of the version in slot `versionIndex` with these settings would have,
-/// general ones first, then by component and entry: an output folder that would be refused; a
-/// product title that cannot be a file name; values that break a line of the installation script;
-/// missing sources and folder scans that find nothing; targets with an unknown folder number; files
-/// that meet at one target or under one stored name. The texts are German and name both places
-/// where two are concerned. Raises tools::Error for settings out of range and an unsafe version
-/// text, and what `step` raises.
+/// and damage in its settings; general ones first, then by component and entry. The texts are
+/// German and name both places where two are concerned. When nothing is found, a build has no
+/// warning and no error, unless something changes meanwhile. `programFolder` is that of the build.
+/// Raises only what `step` raises besides tools::Error.
 [[nodiscard]] std::vector<BuildMessage> CheckBuild(const model::ModProject& project,
                                                    const BuildSettings& settings,
                                                    std::int32_t versionIndex,
+                                                   const std::string& programFolder,
                                                    const SurveyStep& step = {});
 
 }  // namespace build

@@ -10,7 +10,9 @@
 #include "build/BuildProgress.h"
 #include "build/Collection.h"
 #include "build/OutputFolder.h"
+#include "build/OutputNames.h"
 #include "build/ScriptPass.h"
+#include "build/SetupStage.h"
 #include "build/StoredNameMap.h"
 #include "build/Survey.h"
 #include "build/TreeStore.h"
@@ -26,7 +28,6 @@ namespace build {
 namespace {
 
 constexpr const char* kLineBreak = "\r\n";
-constexpr const char* kLogName = "build.log";
 
 class Build {
  public:
@@ -45,38 +46,82 @@ class Build {
     if (IsDangerousFileTitle(title_)) {
       throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
-    survey_ = SurveyVersion(environment_.project, version_, [this] { progress_.AskLeave(); });
+    survey_ = SurveyVersion(environment_.project, version_,
+                            OutputFolderPath(options_.folder, environment_.project),
+                            [this] { progress_.AskLeave(); });
+    if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
+    const ScriptHead head = MakeScriptHead();
     // A wish to stop that came meanwhile counts before anything is deleted.
     progress_.Start(survey_.files, survey_.bytes);
-    if (!PrepareOutputFolder()) return false;
-    StoreFiles();
-    WriteInstallScript(environment_.disk, InOutputFolder(title_ + ".install"), MakeScriptHead(),
-                       options_.packaged, survey_, names_);
-    CopyPrograms();
-    WriteLog();
-    return true;
+    if (!AcceptOutputFolder()) return false;
+    stage_.emplace(environment_.disk, outputFolder_);
+    try {
+      MakeSetup(head);
+    } catch (const tools::Error& error) {
+      const std::string text = stage_->WithUsersPaths(error.what());
+      if (text == error.what()) throw;
+      throw tools::Error(text, error.Cause());
+    }
+    return Publish();
   }
 
   [[nodiscard]] const BuildSummary& Summary() const { return summary_; }
 
  private:
-  bool PrepareOutputFolder() {
-    const model::ModProject& project = environment_.project;
-    outputFolder_ = NormalizeOutputFolder(options_.folder, project, survey_.locations);
+  bool AcceptOutputFolder() {
+    const OutputFolder folder =
+        build::AcceptOutputFolder(options_.folder, environment_.project, survey_.sourceFolders);
+    outputFolder_ = folder.path;
     summary_.outputFolder = outputFolder_;
-    if (outputFolder_.empty()) {
+    if (!folder.IsAccepted()) {
       ShowRefusal(model::LoadText(348), tools::kTextError);
-      return Stop(BuildOutcome::InvalidOutputFolder, model::LoadText(348));
+      return Stop(BuildOutcome::InvalidOutputFolder, model::LoadText(348) + " " + folder.reason);
     }
-    if (tools::FolderExists(outputFolder_) &&
-        !tools::FindFiles(outputFolder_, "*.*", true).empty()) {
-      if (!MayEmptyOutputFolder()) {
-        return Stop(BuildOutcome::OutputFolderInUse, model::LoadText(349));
+    replaces_ = HoldsFiles(outputFolder_);
+    if (!replaces_ || MayEmptyOutputFolder()) return true;
+    return Stop(BuildOutcome::OutputFolderInUse, model::LoadText(349));
+  }
+
+  void MakeSetup(const ScriptHead& head) {
+    StoreFiles();
+    WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
+                       survey_, names_);
+    CopyPrograms();
+    tools::WriteTextFile(environment_.disk, InStage(kLogName), log_.Text(),
+                         tools::ReplacementFile::Durability::Cached);
+    summary_.warnings = log_.WarningCount();
+    summary_.errors = log_.ErrorCount();
+  }
+
+  // Log, script and files of one setup move in together or not at all.
+  bool Publish() {
+    if (isIncomplete_ && replaces_) {
+      const std::string reason =
+          std::string(summary_.diskFull ? "Der Datenträger ist voll. "
+                                        : "Das Archiv konnte nicht erstellt werden. ") +
+          model::LoadText(416);
+      ShowRefusal(model::LoadText(355) + kLineBreak + reason, tools::kTextWarning);
+      return Stop(BuildOutcome::Incomplete, model::LoadText(355) + " " + reason);
+    }
+    try {
+      if (const std::optional<tools::Error> left = stage_->Publish(replaces_)) {
+        return StopStuck(
+            "Das Setup ist erstellt, aber der alte Inhalt des Ausgabeordners ist nicht "
+            "ganz gelöscht. " +
+            std::string(left->what()));
       }
-      if (!RemoveOutputFolder()) return false;
+    } catch (const tools::Error& error) {
+      return StopStuck(error.what());
     }
-    tools::MakeFolder(outputFolder_);
+    if (log_.ErrorCount() == 0) return true;
+    const std::string where = tools::ReplaceAll(model::LoadText(356), "%log%", kLogName);
+    ShowRefusal(model::LoadText(355) + kLineBreak + where, tools::kTextWarning);
     return true;
+  }
+
+  bool StopStuck(const std::string& reason) {
+    ShowRefusal(reason, tools::kTextError);
+    return Stop(BuildOutcome::OutputFolderStuck, reason);
   }
 
   bool Stop(BuildOutcome outcome, std::string reason) {
@@ -94,16 +139,6 @@ class Build {
     return environment_.dialogs.ShowMessage(question) == tools::MessageAnswer::Yes;
   }
 
-  bool RemoveOutputFolder() {
-    try {
-      tools::RemoveFolderTree(outputFolder_);
-      return true;
-    } catch (const tools::Error& error) {
-      ShowRefusal(error.what(), tools::kTextError);
-      return Stop(BuildOutcome::OutputFolderStuck, error.what());
-    }
-  }
-
   void ShowRefusal(const std::string& text, std::int32_t caption) {
     tools::Message message;
     message.text = text;
@@ -115,9 +150,11 @@ class Build {
     progress_.Start(survey_.files, survey_.bytes);
     const std::unique_ptr<FileStore> store = MakeStore();
     summary_.diskFull = CollectFiles(survey_, *store, names_, log_);
+    isIncomplete_ = summary_.diskFull;
     if (const std::optional<tools::Error> failure = store->Finish()) {
+      isIncomplete_ = true;
       NoteDiskFull(failure->Cause());
-      log_.LogError("Unable to compress setup files", {}, failure->what());
+      log_.LogError("Unable to compress setup files", {}, stage_->WithUsersPaths(failure->what()));
     }
     summary_.files = store->Totals().files;
     summary_.bytesIn = store->Totals().bytesIn;
@@ -126,8 +163,11 @@ class Build {
   }
 
   std::unique_ptr<FileStore> MakeStore() {
-    if (!options_.packaged) return std::make_unique<TreeStore>(outputFolder_, progress_);
-    return std::make_unique<ArchiveStore>(environment_.disk, InOutputFolder(title_ + ".zip"),
+    if (!options_.packaged) {
+      return std::make_unique<TreeStore>(stage_->Path(), OwnNamesInTree(options_, title_),
+                                         progress_);
+    }
+    return std::make_unique<ArchiveStore>(environment_.disk, InStage(title_ + kArchiveEnding),
                                           progress_);
   }
 
@@ -148,38 +188,27 @@ class Build {
   }
 
   void CopyPrograms() {
-    if (options_.includeWrapper) CopyProgram("Wrapper.exe", "Setup.exe", "setup wrapper");
+    if (options_.includeWrapper) CopyProgram(kWrapperSource, kWrapperName, "setup wrapper");
     if (options_.includeRuntime) {
-      CopyProgram("InstallTessel.msi", "InstallTessel.msi", "Tessel installer");
+      CopyProgram(kRuntimeName, kRuntimeName, "Tessel installer");
     }
   }
 
   void CopyProgram(std::string_view name, std::string_view targetName, const std::string& what) {
-    const tools::CopyResult copy = tools::CopyFile(
-        tools::JoinPath(environment_.programFolder, name), InOutputFolder(targetName));
+    const tools::CopyResult copy =
+        tools::CopyFile(tools::JoinPath(environment_.programFolder, name), InStage(targetName));
     if (copy.Succeeded()) return;
     NoteDiskFull(copy.cause);
     log_.LogError("Unable to copy " + what + " to output folder: " + copy.errorText);
   }
 
-  void WriteLog() {
-    const std::string path = InOutputFolder(kLogName);
-    tools::WriteTextFile(environment_.disk, path, log_.Text(),
-                         tools::ReplacementFile::Durability::Cached);
-    summary_.warnings = log_.WarningCount();
-    summary_.errors = log_.ErrorCount();
-    if (log_.ErrorCount() == 0) return;
-    const std::string where =
-        tools::ReplaceAll(model::LoadText(356), "%log%", tools::FileNamePart(path));
-    ShowRefusal(model::LoadText(355) + kLineBreak + where, tools::kTextWarning);
-  }
-
   void NoteDiskFull(std::error_code cause) {
     summary_.diskFull = summary_.diskFull || tools::IsDiskFull(cause);
+    isIncomplete_ = isIncomplete_ || summary_.diskFull;
   }
 
-  [[nodiscard]] std::string InOutputFolder(std::string_view name) const {
-    return tools::JoinPath(outputFolder_, name);
+  [[nodiscard]] std::string InStage(std::string_view name) const {
+    return tools::JoinPath(stage_->Path(), name);
   }
 
   const BuildEnvironment& environment_;
@@ -191,6 +220,9 @@ class Build {
   Survey survey_;
   StoredNameMap names_;
   std::string outputFolder_;
+  bool replaces_ = false;  ///< the output folder holds files, and they may be deleted
+  bool isIncomplete_ = false;
+  std::optional<SetupStage> stage_;
   BuildSummary summary_;
 };
 

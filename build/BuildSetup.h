@@ -37,10 +37,15 @@ struct BuildEnvironment {
 /// Builds the version in slot `versionIndex`. Problems with single files are logged and the build
 /// goes on; the status observer gets them as they happen, and how the build ended.
 ///
-/// Raises tools::Error, after tidying up, when the build cannot run or end at all: settings out of
-/// range, a product title that no file name can hold, an unsafe version text, a full or read-only
-/// disk for the output folder, the script or the log. Errors of the status observer pass through.
-/// In each of these cases the temporary folder and an unfinished archive are gone.
+/// The setup is made in a hidden folder inside the output folder and takes the old content's place
+/// when it is whole: archive or tree, script, programs and log. A setup that lacks files because
+/// the disk is full or the archive failed only moves in where it replaces nothing.
+///
+/// Raises tools::Error, after tidying up, when the build cannot run or end at all: settings that
+/// cannot be read or are out of range, a product title that no file name can hold, an unsafe
+/// version text, a version without a usable file, a full or read-only disk for the output folder,
+/// the script or the log. Errors of the status observer pass through. In each of these cases the
+/// output folder holds what it held before.
 void BuildSetup(const BuildEnvironment& environment, const BuildSettings& settings,
                 std::int32_t versionIndex);
 

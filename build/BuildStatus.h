@@ -25,12 +25,13 @@ enum class BuildOutcome {
   Finished,             ///< reached its end; problems are in the log
   InvalidOutputFolder,  ///< refused: the output folder is invalid
   OutputFolderInUse,    ///< refused: it holds files and the user kept them
-  OutputFolderStuck,    ///< stopped: it could not be emptied
+  OutputFolderStuck,    ///< stopped: its old content could not be taken away, or not all of it
+  Incomplete,           ///< stopped: files of the setup are missing, and the old one was kept
 };
 
 struct BuildSummary {
   BuildOutcome outcome = BuildOutcome::Finished;
-  std::string reason;  ///< why a build that did not reach its end was refused or stopped
+  std::string reason;  ///< why a build that did not reach its end was refused or stopped (German)
   std::string outputFolder;
   std::uint64_t files = 0;     ///< files stored
   std::uint64_t bytesIn = 0;   ///< their size

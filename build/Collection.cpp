@@ -12,20 +12,22 @@ class Collector {
   void Visit(const SurveyedComponent& component) {
     for (const SurveyedEntry& surveyed : component.entries) {
       const Place place = component.PlaceOf(surveyed);
-      if (surveyed.problem) LogProblem(*surveyed.problem, place);
+      LogProblems(surveyed.problems, place);
       for (const std::string& path : surveyed.sources) Store(surveyed.file, path, place);
     }
-    if (component.problem) LogProblem(*component.problem, {component.slot, component.title, 0});
+    LogProblems(component.problems, {component.slot, component.title, 0});
   }
 
   [[nodiscard]] bool DiskFull() const { return diskFull_; }
 
  private:
-  void LogProblem(const SurveyProblem& problem, const Place& place) {
-    if (problem.severity == Severity::Warning) {
-      log_.LogWarning(problem.logText, place);
-    } else {
-      log_.LogError(problem.logText, place);
+  void LogProblems(const std::vector<SurveyProblem>& problems, const Place& place) {
+    for (const SurveyProblem& problem : problems) {
+      if (problem.severity == Severity::Warning) {
+        log_.LogWarning(problem.logText, place);
+      } else {
+        log_.LogError(problem.logText, place, problem.detail);
+      }
     }
   }
 
@@ -36,7 +38,14 @@ class Collector {
       std::string text = "Unable to copy file '" + path + "' to ";
       log_.LogError(text.append(store_.PlaceName()).append(": ").append(stored.copy.errorText),
                     place);
-    } else if (!names_.Record(entry.ID, path, stored.name)) {
+      return;
+    }
+    if (!stored.replaced.empty()) {
+      std::string text = "File '" + path + "' replaces '" + stored.replaced;
+      log_.LogWarning(text.append("': both are stored as '").append(stored.name).append("'"),
+                      place);
+    }
+    if (!names_.Record(entry.ID, path, stored.name)) {
       log_.LogWarning(
           "Stored name of '" + path + "' is already recorded under ID '" + entry.ID + "'", place);
     }

@@ -16,6 +16,7 @@ namespace build {
 struct StoredFile {
   tools::CopyResult copy;  ///< failed: the file is not stored
   std::string name;        ///< the stored name, as the installation script writes it
+  std::string replaced;    ///< the source whose copy this one took the place of; mostly empty
 };
 
 struct StoreTotals {

@@ -25,7 +25,7 @@ bool IsReplacedSafely(std::string_view scriptPath) {
   return extension == "ocx" || extension == "dll" || extension == "exe";
 }
 
-// The statement that puts the file at its target, without its arguments' closing parenthesis.
+// The call that puts the file at its target; it is true where that succeeds.
 std::string CopyStatement(const model::ICFile& entry, const std::string& source,
                           const std::string& target) {
   const std::string arguments = "(" + Quoted(source) + ", " + Quoted(target);

@@ -53,7 +53,7 @@ void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead h
                        packaged);
   script.Begin();
   for (const SurveyedComponent& component : survey.components) {
-    WriteComponent(script, component, names);
+    if (component.isInstalled) WriteComponent(script, component, names);
   }
   script.End();
   file.Commit();

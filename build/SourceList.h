@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "build/BuildStatus.h"
@@ -10,28 +9,44 @@
 
 namespace build {
 
-/// Why an entry stands for no file.
+/// Why an entry does not stand for all the files it should.
 enum class SourceFault {
-  None,
+  Value,       ///< one of its values cannot be read
   Missing,     ///< a single file that is not there
   NoMatch,     ///< a folder scan that finds nothing
-  Unreadable,  ///< a folder scan that failed
+  Unreadable,  ///< a folder of a scan that cannot be read
+  DeadLink,    ///< a link in a scan that leads nowhere
+  Type,        ///< its type is neither a single file nor a folder scan
+};
+
+/// A problem that is found before anything is built; the log gets it when the build comes to its
+/// place.
+struct SurveyProblem {
+  SourceFault fault = SourceFault::Value;
+  Severity severity = Severity::Error;
+  std::string logText;   ///< as the log tells it
+  std::string userText;  ///< the same for the screen (German)
+  std::string detail{};  ///< a cause that the log's text does not hold
 };
 
 struct SourceList {
   std::vector<std::string> paths;  ///< full paths, in the order of installation
   std::vector<std::string> links;  ///< those of a folder scan that may be links
-  SourceFault fault = SourceFault::None;
-  std::string logText;   ///< the fault as the log tells it
-  std::string userText;  ///< the same for the screen (German)
+  std::vector<SurveyProblem> problems;
+};
+
+/// Where sources are looked for.
+struct SourceScope {
+  std::string productFolder;  ///< relative source folders are taken from it
+  /// Scans pass over this folder and what lies in it; empty: none.
+  std::string outputFolder;
 };
 
 /// The entry's source folder; a relative one is taken from the product's folder.
 [[nodiscard]] std::string SourceFolderOf(const model::ICFile& entry,
                                          const std::string& productFolder);
 
-/// A single file gives its path, a folder scan every file it finds, any other type nothing and no
-/// fault.
-[[nodiscard]] SourceList ListSources(const model::ICFile& entry, const std::string& productFolder);
+/// A single file gives its path, a folder scan every file it finds, any other type nothing.
+[[nodiscard]] SourceList ListSources(const model::ICFile& entry, const SourceScope& scope);
 
 }  // namespace build

@@ -1,14 +1,20 @@
 #include "build/Survey.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <limits>
+#include <memory>
 #include <utility>
 
+#include "build/ComponentFiles.h"
+#include "build/SettingsText.h"
 #include "model/SlotNumbers.h"
 #include "tools/Error.h"
 #include "tools/Files.h"
 #include "tools/Numbers.h"
 #include "tools/Path.h"
 #include "tools/SettingsFile.h"
+#include "tools/Text.h"
 
 namespace build {
 
@@ -16,36 +22,117 @@ namespace {
 
 // Entries up to this number are visited whether they are stored or not.
 constexpr std::int32_t kMaximumEntries = 1'000'000;
+constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
 
 std::string InComponent(const std::string& title) { return " of component '" + title + "'"; }
 
+SurveyProblem ValueProblem(std::string logText, std::string userText) {
+  return {SourceFault::Value, Severity::Error, std::move(logText), std::move(userText)};
+}
+
+bool IsNoComponent(const tools::SettingsFile& settings) {
+  if (settings.Find("Component", "Title")) return false;
+  const std::string text = settings.Render();
+  const std::vector<std::string_view> names = SectionNames(text);
+  return std::none_of(names.begin(), names.end(), [](std::string_view name) {
+    return tools::EqualIgnoringCase(name, "Component");
+  });
+}
+
 class Surveyor {
  public:
-  Surveyor(const model::ModProject& project, std::int32_t version, const SurveyStep& step)
+  Surveyor(const model::ModProject& project, std::int32_t version, std::string outputFolder,
+           const SurveyStep& step)
       : project_(project),
         version_(version),
-        step_(step),
-        productFolder_(project.ProductFolder()) {}
+        scope_{project.ProductFolder(), std::move(outputFolder)},
+        step_(step) {}
 
-  Survey Run() {
-    for (const std::int32_t slot : project_.ComponentSlots(version_)) VisitComponent(slot);
+  /// Without `lookForSources` only the folders of the sources are gathered.
+  Survey Run(bool lookForSources) {
+    onlyFolders_ = !lookForSources;
+    RequireVersionFile(project_, version_);
+    const std::int32_t count = project_.ComponentCount(version_);
+    for (const std::int32_t slot : ComponentFileSlots(project_, version_)) {
+      if (slot <= count) VisitSlot(slot);
+    }
     return std::move(survey_);
   }
 
  private:
-  void VisitComponent(std::int32_t slot) {
+  void VisitSlot(std::int32_t slot) {
     SurveyedComponent component;
     component.slot = slot;
-    component.title = project_.ComponentTitle(version_, slot);
-    settings_ = project_.Settings().Load(project_.ComponentFilePath(version_, slot));
-    try {
-      VisitEntries(component, model::ReadFileCount(read_));
-    } catch (const tools::Error& error) {
-      AddProblem(component.problem,
-                 "Files" + InComponent(component.title) + " cannot be counted: " + error.what(),
-                 std::string("Die Anzahl der Dateien ist ungültig: ") + error.what());
+    const std::string path = project_.ComponentFilePath(version_, slot);
+    if (LookAt(path) == tools::PathKind::Folder) {
+      NoteNoComponent(component, path, std::make_error_code(std::errc::is_a_directory));
+    } else if (Load(slot, path)) {
+      VisitComponent(component, path);
+    } else {
+      return;
     }
-    survey_.components.push_back(std::move(component));
+    const bool isFree = !component.isInstalled && component.problems.empty();
+    if (!isFree) survey_.components.push_back(std::move(component));
+  }
+
+  // What cannot be read is noted for the caller: nothing may be deleted then.
+  bool Load(std::int32_t slot, const std::string& path) {
+    settings_.reset();
+    try {
+      if (LookAt(path) == tools::PathKind::Absent) {
+        throw tools::PathError("Die Datei kann nicht gelesen werden", path,
+                               std::make_error_code(std::errc::no_such_file_or_directory));
+      }
+      settings_ = project_.Settings().Load(path);
+    } catch (const tools::Error& error) {
+      BuildMessage message;
+      message.text = error.what();
+      message.component = slot;
+      survey_.unread.push_back(std::move(message));
+    }
+    return settings_ != nullptr;
+  }
+
+  void VisitComponent(SurveyedComponent& component, const std::string& path) {
+    if (IsNoComponent(*settings_)) {
+      NoteNoComponent(component, path, {});
+      AddStoredLocations(kAnyNumber);
+      return;
+    }
+    component.title = settings_->Read("Component", "Title", "");
+    component.isInstalled = !component.title.empty();
+    std::int32_t count = kAnyNumber;
+    try {
+      count = model::ReadFileCount(read_);
+      if (component.isInstalled && !onlyFolders_) {
+        VisitEntries(component, count);
+        return;
+      }
+      if (!component.isInstalled && count > 0) NoteUntitled(component, count);
+    } catch (const tools::Error& error) {
+      component.problems.push_back(ValueProblem(
+          "Files" + InComponent(component.title) + " cannot be counted: " + error.what(),
+          std::string("Die Anzahl der Dateien ist ungültig: ") + error.what()));
+    }
+    AddStoredLocations(count);
+  }
+
+  static void NoteNoComponent(SurveyedComponent& component, const std::string& path,
+                              std::error_code cause) {
+    component.isInstalled = false;
+    std::string reason = path;
+    if (cause) reason.append(" (").append(tools::SystemErrorText(cause)).append(")");
+    component.problems.push_back(ValueProblem("File holds no component: " + reason,
+                                              "Die Datei enthält keine Komponente: " + reason));
+  }
+
+  static void NoteUntitled(SurveyedComponent& component, std::int32_t count) {
+    const std::string files = std::to_string(count);
+    component.problems.push_back(
+        {SourceFault::Value, Severity::Warning,
+         "Component " + std::to_string(component.slot) + " is left out: it has files (" + files +
+             ") but no title",
+         "Die Komponente hat Dateien (" + files + "), aber keine Bezeichnung"});
   }
 
   void VisitEntries(SurveyedComponent& component, std::int32_t count) {
@@ -58,10 +145,9 @@ class Surveyor {
     if (stored.size() == static_cast<std::size_t>(count)) return;
     const std::string have = std::to_string(stored.size());
     const std::string want = std::to_string(count);
-    AddProblem(
-        component.problem,
+    component.problems.push_back(ValueProblem(
         "Only " + have + " of " + want + " files" + InComponent(component.title) + " are stored",
-        "Nur " + have + " von " + want + " Dateien sind vorhanden");
+        "Nur " + have + " von " + want + " Dateien sind vorhanden"));
   }
 
   void VisitEntry(SurveyedComponent& component, std::int32_t number) {
@@ -69,21 +155,21 @@ class Surveyor {
     SurveyedEntry surveyed;
     surveyed.number = number;
     try {
-      surveyed.file = model::ReadFileEntry(read_, number, model::kBuildDefaultType);
+      surveyed.file = model::ReadFileEntry(read_, number, model::EntryUse::Build);
       const model::ICFile& entry = surveyed.file;
       AddLocation(entry);
       if (entry.Exclude == 1) return;
-      SourceList list = ListSources(entry, productFolder_);
-      if (list.fault != SourceFault::None) AddProblem(surveyed.problem, list);
+      SourceList list = ListSources(entry, scope_);
       for (const std::string& path : list.links) AddLinkedLocation(path);
       surveyed.sources = std::move(list.paths);
+      surveyed.problems = std::move(list.problems);
     } catch (const tools::Error& error) {
       AddUnreadLocation(number);
       if (IsExcluded(number)) return;
-      AddProblem(surveyed.problem,
-                 "File " + std::to_string(number) + InComponent(component.title) +
-                     " is left out: " + error.what(),
-                 error.what());
+      surveyed.problems.push_back(ValueProblem("File " + std::to_string(number) +
+                                                   InComponent(component.title) +
+                                                   " is left out: " + error.what(),
+                                               error.what()));
     }
     for (const std::string& path : surveyed.sources) {
       if (step_) step_();
@@ -93,34 +179,38 @@ class Surveyor {
   }
 
   [[nodiscard]] bool IsExcluded(std::int32_t number) const {
-    const std::string section = "File" + std::to_string(number);
-    return tools::LeadingNumber(settings_->Read(section, "Exclude", "0")) == 1;
+    const std::string text = settings_->Read(model::FileEntrySection(number), "Exclude", "0");
+    return tools::LeadingNumber(text) == 1;
   }
 
   // Many entries share their folder: the set holds each place once.
   void AddLocation(const model::ICFile& entry) {
     const bool scan = entry.Type == model::ICFile::kFolderScan;
     if (!scan && entry.Type != model::ICFile::kSingleFile) return;
-    const bool below = scan && entry.IncludeChildren != 0;
-    const std::string folder = SourceFolderOf(entry, productFolder_);
-    survey_.locations.insert({folder, below ? entry.SourceName : std::string{}});
+    const std::string folder = SourceFolderOf(entry, scope_.productFolder);
+    survey_.sourceFolders.insert(folder);
     if (scan) return;
     // The name may hold a folder part, and the file may be a link.
     const std::string path = tools::JoinPath(folder, entry.SourceName);
-    survey_.locations.insert({tools::FolderOf(path), {}});
+    survey_.sourceFolders.insert(tools::FolderOf(path));
     AddLinkedLocation(path);
   }
 
   // An entry that cannot be read has sources all the same, whose loss would hurt as much.
   void AddUnreadLocation(std::int32_t number) {
-    const std::string section = "File" + std::to_string(number);
+    const std::string section = model::FileEntrySection(number);
     model::ICFile entry;
     entry.SourcePath = settings_->Read(section, "SourcePath", "");
     entry.SourceName = settings_->Read(section, "SourceName", "");
-    entry.IncludeChildren = 1;
     for (const std::int16_t type : {model::ICFile::kSingleFile, model::ICFile::kFolderScan}) {
       entry.Type = type;
       AddLocation(entry);
+    }
+  }
+
+  void AddStoredLocations(std::int32_t count) {
+    for (const std::int32_t number : model::SlotsNamedIn(settings_->Render(), "File", count)) {
+      AddUnreadLocation(number);
     }
   }
 
@@ -128,7 +218,7 @@ class Surveyor {
   void AddLinkedLocation(const std::string& path) {
     std::error_code ignored;
     if (!std::filesystem::is_symlink(tools::ToPath(path), ignored)) return;
-    survey_.locations.insert({tools::FolderOf(tools::CanonicalPath(path)), {}});
+    survey_.sourceFolders.insert(tools::FolderOf(tools::CanonicalPath(path)));
   }
 
   void Measure(const std::string& path) {
@@ -139,23 +229,11 @@ class Surveyor {
     }
   }
 
-  static void AddProblem(std::unique_ptr<SurveyProblem>& problem, std::string logText,
-                         std::string userText) {
-    problem = std::make_unique<SurveyProblem>();
-    problem->logText = std::move(logText);
-    problem->userText = std::move(userText);
-  }
-
-  static void AddProblem(std::unique_ptr<SurveyProblem>& problem, const SourceList& list) {
-    AddProblem(problem, list.logText, list.userText);
-    problem->fault = list.fault;
-    if (list.fault == SourceFault::NoMatch) problem->severity = Severity::Warning;
-  }
-
   const model::ModProject& project_;
   std::int32_t version_;
+  SourceScope scope_;
   const SurveyStep& step_;
-  std::string productFolder_;
+  bool onlyFolders_ = false;
   std::shared_ptr<const tools::SettingsFile> settings_;  ///< of the component that is visited
   const model::SettingReader read_ = [this](std::string_view section, std::string_view key,
                                             std::string_view value) {
@@ -167,9 +245,13 @@ class Surveyor {
 }  // namespace
 
 Survey SurveyVersion(const model::ModProject& project, std::int32_t version,
-                     const SurveyStep& step) {
-  (void)project.VersionFilePath(version);  // raises the error of an unsafe version text
-  return Surveyor(project, version, step).Run();
+                     const std::string& outputFolder, const SurveyStep& step) {
+  return Surveyor(project, version, outputFolder, step).Run(true);
+}
+
+std::set<std::string> SourceFoldersOf(const model::ModProject& project, std::int32_t version) {
+  const SurveyStep noStep;
+  return Surveyor(project, version, {}, noStep).Run(false).sourceFolders;
 }
 
 }  // namespace build

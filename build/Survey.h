@@ -6,57 +6,42 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "build/BuildLog.h"
-#include "build/BuildStatus.h"
 #include "build/SourceList.h"
 #include "model/ICFile.h"
 #include "model/ModProject.h"
 
 namespace build {
 
-/// A problem found by the survey; the log gets it when the build comes to its place.
-struct SurveyProblem {
-  Severity severity = Severity::Error;
-  SourceFault fault = SourceFault::None;  ///< None: a value that cannot be read
-  std::string logText;
-  std::string userText;  ///< the same for the screen (German)
-};
-
 /// An entry that takes part in the build (excluded ones do not).
 struct SurveyedEntry {
   std::int32_t number = 0;
-  model::ICFile file;                      ///< as it was read; empty when it could not be
-  std::vector<std::string> sources;        ///< full paths, in order
-  std::unique_ptr<SurveyProblem> problem;  ///< null when there is none
+  model::ICFile file;                ///< as it was read; empty when it could not be
+  std::vector<std::string> sources;  ///< full paths, in order
+  std::vector<SurveyProblem> problems;
 };
 
 struct SurveyedComponent {
   std::int32_t slot = 0;
   std::string title;
+  bool isInstalled = true;  ///< false: its file is of no use, and the script does not name it
   std::deque<SurveyedEntry> entries;
-  std::unique_ptr<SurveyProblem> problem;  ///< of the component itself, null when there is none
+  std::vector<SurveyProblem> problems;  ///< of the component itself
 
   [[nodiscard]] Place PlaceOf(const SurveyedEntry& entry) const {
     return {slot, title, entry.number};
   }
 };
 
-/// A place that holds sources, of excluded entries too.
-struct SourceLocation {
-  std::string folder;   ///< full path
-  std::string pattern;  ///< what a scan of its subfolders looks for; empty when none looks there
-
-  auto operator<=>(const SourceLocation&) const = default;
-};
-
 struct Survey {
-  std::vector<SurveyedComponent> components;
-  std::set<SourceLocation> locations;
+  std::vector<SurveyedComponent> components;  ///< slots that are free are not among them
+  std::set<std::string> sourceFolders;        ///< full paths; those of excluded entries too
+  /// Components whose files are there but cannot be read: what they hold is not known.
+  std::vector<BuildMessage> unread;
   std::uint64_t files = 0;
   std::uint64_t bytes = 0;
 };
@@ -64,9 +49,15 @@ struct Survey {
 /// Called before each entry and each file; may raise an error to stop.
 using SurveyStep = std::function<void()>;
 
-/// Surveys the version in slot `version`. Raises tools::Error for an unsafe version text and a
-/// version folder that cannot be searched, and what `step` raises.
+/// Surveys the version in slot `version`, passing over `outputFolder` in scans. Raises tools::Error
+/// for an unsafe version text, a version folder that cannot be searched, a version file that is
+/// missing, cannot be read or holds no settings, and what `step` raises.
 [[nodiscard]] Survey SurveyVersion(const model::ModProject& project, std::int32_t version,
-                                   const SurveyStep& step = {});
+                                   const std::string& outputFolder, const SurveyStep& step = {});
+
+/// The folders that the sources of the version lie in, without a look at the sources themselves: a
+/// scan's links are not known. Raises tools::Error where settings cannot be read.
+[[nodiscard]] std::set<std::string> SourceFoldersOf(const model::ModProject& project,
+                                                    std::int32_t version);
 
 }  // namespace build

@@ -1,56 +1,47 @@
 #include "build/TreeStore.h"
 
 #include <utility>
-#include <vector>
 
-#include "model/FolderTable.h"
 #include "tools/Path.h"
-#include "tools/Text.h"
 
 namespace build {
 
 namespace {
 
-// Folder below the output folder, with "\" between its parts.
-std::string ScriptFolder(const model::ICFile& entry) {
-  std::string folder = tools::ReplaceAll(model::FolderMacro(entry.TargetFolder), "%", "");
-  if (!entry.TargetSubFolder.empty()) {
-    folder.append("\\").append(tools::ReplaceAll(entry.TargetSubFolder, "/", "\\"));
+// The log tells it behind "Unable to copy file ...".
+std::string FaultText(const TreePlace& place) {
+  switch (place.fault) {
+    case TreePlace::Fault::OwnName:
+      return "the name belongs to a file that the build makes itself";
+    case TreePlace::Fault::FileInTheWay:
+      return std::string("a folder of its target is a file already, copied from '")
+          .append(place.other)
+          .append("'");
+    case TreePlace::Fault::FolderInTheWay:
+      return "a folder of that name is there already";
+    case TreePlace::Fault::None:
+      break;
   }
-  return folder;
+  return {};
 }
 
 }  // namespace
 
-std::string TreeStoredName(const model::ICFile& entry, std::string_view sourcePath) {
-  return ScriptFolder(entry) + "\\" + tools::FileNamePart(sourcePath);
-}
-
-std::vector<std::string> PlainParts(const std::string& scriptPath) {
-  std::vector<std::string> parts;
-  for (std::string& part : tools::SplitList(scriptPath, '\\', '\0')) {
-    if (part.empty() || part == ".") continue;
-    if (part != "..") {
-      parts.push_back(std::move(part));
-    } else if (parts.empty()) {
-      throw tools::Error("Der Zielordner liegt außerhalb des Ausgabeordners: " + scriptPath);
-    } else {
-      parts.pop_back();
-    }
-  }
-  return parts;
-}
-
-TreeStore::TreeStore(std::string outputFolder, BuildProgress& progress)
-    : outputFolder_(std::move(outputFolder)), progress_(progress) {}
+TreeStore::TreeStore(std::string folder, const std::vector<std::string>& ownNames,
+                     BuildProgress& progress)
+    : folder_(std::move(folder)), places_(ownNames), progress_(progress) {}
 
 StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourcePath) {
   StoredFile stored;
   stored.name = TreeStoredName(entry, sourcePath);
   std::string target;
   try {
-    target =
-        tools::JoinPath(MakeTargetFolder(ScriptFolder(entry)), tools::FileNamePart(sourcePath));
+    const TreePlace place = places_.Take(entry, sourcePath);
+    stored.copy.errorText = FaultText(place);
+    if (stored.copy.Succeeded()) {
+      stored.replaced = place.other;
+      target = PathOf(place);
+    }
   } catch (const tools::Error& error) {
     stored.copy.errorText = error.what();
     stored.copy.cause = error.Cause();
@@ -69,15 +60,15 @@ StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourc
   return stored;
 }
 
-// Neighbouring files mostly share their folder: it is made once.
-std::string TreeStore::MakeTargetFolder(const std::string& scriptFolder) {
-  if (!lastFolder_.empty() && scriptFolder == lastScriptFolder_) return lastFolder_;
-  std::string folder = outputFolder_;
-  for (const std::string& part : PlainParts(scriptFolder)) folder = tools::JoinPath(folder, part);
-  tools::MakeFolder(folder);
-  lastFolder_ = folder;
-  lastScriptFolder_ = scriptFolder;
-  return folder;
+std::string TreeStore::PathOf(const TreePlace& place) {
+  std::string path = tools::JoinPath(folder_, place.path);
+  std::string folder = tools::FolderOf(path);
+  // Neighbouring files mostly share their folder: it is made once.
+  if (folder != lastFolder_) {
+    tools::MakeFolder(folder);
+    lastFolder_ = std::move(folder);
+  }
+  return path;
 }
 
 }  // namespace build

@@ -2,26 +2,22 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "build/BuildProgress.h"
 #include "build/FileStore.h"
+#include "build/TreePlaces.h"
 
 namespace build {
 
-/// The name under which a tree stores an entry's file: destination folder's macro name, target
-/// subfolder and the source's file name, joined by "\".
-[[nodiscard]] std::string TreeStoredName(const model::ICFile& entry, std::string_view sourcePath);
-
-/// The parts of a path with "\" between them, "." and ".." worked out. Raises tools::Error when
-/// they lead above the path's beginning.
-[[nodiscard]] std::vector<std::string> PlainParts(const std::string& scriptPath);
-
 class TreeStore : public FileStore {
  public:
-  /// The folder must exist; `progress` must outlive the store.
-  TreeStore(std::string outputFolder, BuildProgress& progress);
+  /// The folder must exist; `progress` must outlive the store. `ownNames`: names in the folder that
+  /// are kept for the build itself.
+  TreeStore(std::string folder, const std::vector<std::string>& ownNames, BuildProgress& progress);
 
-  /// A target subfolder whose ".." parts lead out of the output folder fails.
+  /// Fails for a target subfolder whose ".." parts lead out of the folder, a name of the build's
+  /// own and a folder and a file of one name. `sourcePath` must outlive the store.
   [[nodiscard]] StoredFile Store(const model::ICFile& entry,
                                  const std::string& sourcePath) override;
   [[nodiscard]] std::string_view PlaceName() const override { return "new location"; }
@@ -29,14 +25,15 @@ class TreeStore : public FileStore {
   [[nodiscard]] const StoreTotals& Totals() const override { return totals_; }
 
  private:
-  [[nodiscard]] std::string MakeTargetFolder(const std::string& scriptFolder);
+  /// The full path of a place in the tree, whose folder is made. Raises tools::Error.
+  [[nodiscard]] std::string PathOf(const TreePlace& place);
 
-  std::string outputFolder_;
+  std::string folder_;
+  TreePlaces places_;
   BuildProgress& progress_;
   std::uint64_t filesDone_ = 0;
   StoreTotals totals_;
-  std::string lastFolder_;  ///< the folder that was made last, and below it
-  std::string lastScriptFolder_;
+  std::string lastFolder_;  ///< the folder that was made last
 };
 
 }  // namespace build

@@ -17,8 +17,9 @@ constexpr const char* kExitCodes =
     "Rückgabewert:\n"
     "  0  ohne Fehler erstellt\n"
     "  1  erstellt, mit Fehlern im Protokoll (--check: Beanstandungen gefunden)\n"
-    "  2  falscher Aufruf, Produkt nicht lesbar, Version unbekannt\n"
-    "  3  abgelehnt oder abgebrochen (Ausgabeordner ungültig oder nicht leer, Datenträger voll)\n";
+    "  2  falscher Aufruf, Produkt nicht gefunden, Format oder Version unbekannt\n"
+    "  3  abgelehnt oder abgebrochen (Einstellungen nicht lesbar, Ausgabeordner ungültig oder\n"
+    "     nicht leer, Datenträger voll)\n";
 
 void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& showVersion) {
   app.add_option("PRODUKT", line.product, "Produktdatei (*.product)");

@@ -12,8 +12,9 @@ namespace console {
 enum class ExitCode {
   Built = 0,            ///< built (or checked) without errors
   BuiltWithErrors = 1,  ///< built, with errors in the log; or the check found something
-  BadCall = 2,          ///< bad usage, unreadable product, unknown version
-  Stopped = 3           ///< refused or stopped: output folder invalid or not empty, disk full
+  BadCall = 2,          ///< bad usage, no such product, unknown format or version
+  Stopped = 3           ///< refused or stopped: settings that cannot be read, output folder invalid
+                        ///< or not empty, disk full
 };
 
 struct CommandLine {

@@ -4,7 +4,8 @@
 //   product          title, versions: [{version, slot, components: [{slot, title}]}]
 //   checked          findings
 //   summary          outcome, outputFolder, files, bytesIn, bytesOut, ratio, seconds, warnings,
-//   errors failure          text
+//                    errors
+//   failure          text
 #pragma once
 
 #include "console/Report.h"

@@ -29,11 +29,11 @@ struct BadCall {
 };
 
 void OpenProduct(model::ModProject& project, const std::string& path) {
+  project.SetProductPath(path);
   if (!tools::FileExists(path)) throw BadCall{"Die Produktdatei wurde nicht gefunden: " + path};
   if (!project.HasKnownFormat(path)) {
     throw BadCall{"Die Produktdatei ist nicht lesbar oder besitzt ein ungültiges Format: " + path};
   }
-  project.SetProductPath(path);
 }
 
 std::int32_t FindVersion(const model::ModProject& project, const std::string& wanted) {
@@ -55,8 +55,9 @@ std::string StoredOutputFolder(const model::ModProject& project, std::int32_t ve
   std::int32_t number = 1;
   try {
     number = tools::ToInt32(configuration);
-  } catch (const tools::Error&) {
-    throw BadCall{"Die aktive Konfiguration der Version ist ungültig: " + configuration};
+  } catch (const tools::Error& error) {
+    throw tools::Error("Die aktive Konfiguration der Version ist ungültig: " +
+                       std::string(error.what()));
   }
   return project.ReadVersionSetting(version, "Build" + std::to_string(number), "OutputFolder",
                                     project.DefaultOutputFolder(number));
@@ -82,13 +83,28 @@ build::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t 
   return settings;
 }
 
-ExitCode Check(const model::ModProject& project, const build::BuildSettings& settings,
-               std::int32_t version, Report& report) {
-  const std::vector<build::BuildMessage> findings =
-      build::CheckBuild(project, settings, version, [&report] { report.GoOn(); });
+ExitCode TellFindings(const std::vector<build::BuildMessage>& findings, Report& report) {
   for (const build::BuildMessage& finding : findings) report.OnMessage(finding);
   report.CheckEnd(findings.size());
   return findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
+}
+
+/// What keeps the product from being opened, or the version from being found, is a finding too.
+ExitCode Check(model::ModProject& project, const CommandLine& line,
+               const Surroundings& surroundings, Report& report) {
+  try {
+    OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
+    const std::int32_t version = FindVersion(project, line.version);
+    const build::BuildSettings settings =
+        SettingsFor(project, version, line, surroundings.workingFolder);
+    return TellFindings(build::CheckBuild(project, settings, version, surroundings.programFolder,
+                                          [&report] { report.GoOn(); }),
+                        report);
+  } catch (const tools::Error& error) {
+    build::BuildMessage finding;
+    finding.text = error.what();
+    return TellFindings({finding}, report);
+  }
 }
 
 ExitCode Conclude(Report& report) {
@@ -118,26 +134,20 @@ ExitCode Build(const model::ModProject& project, const build::BuildSettings& set
   tools::ConsoleDialogs dialogs(silent, line.overwrite ? tools::ConsoleDialogs::Policy::Agree
                                                        : tools::ConsoleDialogs::Policy::Refuse);
   const tools::SystemClock clock;
-  tools::SystemDisk disk;
   const build::BuildEnvironment environment{.project = project,
                                             .dialogs = dialogs,
                                             .clock = clock,
-                                            .disk = disk,
+                                            .disk = surroundings.disk,
                                             .status = report,
                                             .programFolder = surroundings.programFolder};
-  try {
-    build::BuildSetup(environment, settings, version);
-  } catch (const tools::Error& error) {
-    report.Failure(error.what());
-    return ExitCode::Stopped;
-  }
+  build::BuildSetup(environment, settings, version);
   return Conclude(report);
 }
 
 ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& report) {
-  tools::SystemDisk disk;
-  tools::SettingsStore store(disk);
+  tools::SettingsStore store(surroundings.disk);
   model::ModProject project(store);
+  if (line.check) return Check(project, line, surroundings, report);
   OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
   if (line.list) {
     report.Listing(project);
@@ -146,7 +156,6 @@ ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& 
   const std::int32_t version = FindVersion(project, line.version);
   const build::BuildSettings settings =
       SettingsFor(project, version, line, surroundings.workingFolder);
-  if (line.check) return Check(project, settings, version, report);
   return Build(project, settings, version, line, surroundings, report);
 }
 
@@ -172,10 +181,11 @@ ExitCode RunProgram(const std::vector<std::string>& arguments, const Surrounding
     return ExitCode::Stopped;
   } catch (const BadCall& bad) {
     report->Failure(bad.text);
+    return ExitCode::BadCall;
   } catch (const tools::Error& error) {
     report->Failure(error.what());
+    return ExitCode::Stopped;
   }
-  return ExitCode::BadCall;
 }
 
 }  // namespace console

@@ -6,6 +6,7 @@
 
 #include "console/CommandLine.h"
 #include "console/Report.h"
+#include "tools/Disk.h"
 
 namespace console {
 
@@ -14,6 +15,7 @@ struct Surroundings {
   Streams streams;
   std::string workingFolder;  ///< relative paths on the command line are taken from it
   std::string programFolder;  ///< holds Wrapper.exe and InstallTessel.msi
+  tools::Disk& disk;
   Report::InterruptTest interrupted = [] { return false; };
 };
 

@@ -46,6 +46,8 @@ std::string OutcomeName(build::BuildOutcome outcome) {
       return "output-folder-in-use";
     case build::BuildOutcome::OutputFolderStuck:
       return "output-folder-stuck";
+    case build::BuildOutcome::Incomplete:
+      return "incomplete";
   }
   return {};
 }

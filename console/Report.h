@@ -68,7 +68,7 @@ class Report : public build::BuildStatus {
 /// The size of what came out as a part of what went in; 1 when nothing went in.
 [[nodiscard]] double Ratio(const build::BuildSummary& summary);
 
-/// "complete", "refused" and so on: the outcome's name in JSON.
+/// The outcome's name in JSON: "finished", "invalid-output-folder" and so on.
 [[nodiscard]] std::string OutcomeName(build::BuildOutcome outcome);
 
 }  // namespace console

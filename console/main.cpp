@@ -8,10 +8,12 @@
 int main(int argc, char** argv) {
   try {
     console::WatchForInterrupt();
+    tools::SystemDisk disk;
     const console::Surroundings surroundings{
         .streams = {std::cout, std::cerr, console::ErrorsGoToTerminal()},
         .workingFolder = console::WorkingFolder(),
         .programFolder = console::ProgramFolder(),
+        .disk = disk,
         .interrupted = console::WasInterrupted};
     return static_cast<int>(
         console::RunProgram(console::ProgramArguments(argc, argv), surroundings));

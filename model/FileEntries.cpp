@@ -38,7 +38,7 @@ FileEntries ReadFileEntries(const SettingReader& read) {
   FileEntries entries;
   // A count far beyond the entries there are ends at the second missing one: both have no ID.
   for (std::int32_t number = 1; number <= count; ++number) {
-    entries.Add(ReadFileEntry(read, number, kEditorDefaultType));
+    entries.Add(ReadFileEntry(read, number, EntryUse::Edit));
   }
   return entries;
 }

@@ -9,9 +9,9 @@ namespace {
 constexpr std::string_view kCountSection = "Files";
 constexpr std::string_view kCountKey = "Count";
 
-std::string EntrySection(std::int32_t number) { return "File" + std::to_string(number); }
-
 }  // namespace
+
+std::string FileEntrySection(std::int32_t number) { return "File" + std::to_string(number); }
 
 std::int32_t ReadFileCount(const SettingReader& read) {
   return tools::ToInt32(read(kCountSection, kCountKey, "0"));
@@ -21,17 +21,20 @@ void WriteFileCount(const SettingWriter& write, std::int32_t count) {
   write(kCountSection, kCountKey, std::to_string(count));
 }
 
-ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, std::string_view defaultType) {
-  const std::string section = EntrySection(number);
+ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, EntryUse use) {
+  const std::string section = FileEntrySection(number);
   const auto text = [&](std::string_view key) { return read(section, key, ""); };
   const auto flag = [&](std::string_view key) { return tools::ToInt16(text(key)); };
   ICFile entry;
-  entry.Type = tools::ToInt16(read(section, "Type", defaultType));
+  const bool builds = use == EntryUse::Build;
+  entry.Type = tools::ToInt16(read(section, "Type", builds ? kBuildDefaultType : ""));
   entry.Exclude = flag("Exclude");
   entry.ID = text("ID");
-  entry.IncludeChildren = flag("IncludeChildren");
+  if (!builds || entry.Type == ICFile::kFolderScan) {
+    entry.IncludeChildren = flag("IncludeChildren");
+  }
   entry.Overwrite = flag("Overwrite");
-  entry.Permanent = flag("Permanent");
+  if (!builds) entry.Permanent = flag("Permanent");
   entry.RegisterPath = flag("RegisterPath");
   entry.SelfRegisterDLL = flag("SelfRegisterDLL");
   entry.SourceName = text("SourceName");
@@ -44,7 +47,7 @@ ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, std::string
 }
 
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry) {
-  const std::string section = EntrySection(number);
+  const std::string section = FileEntrySection(number);
   const auto text = [&](std::string_view key, std::string_view value) {
     write(section, key, value);
   };

@@ -35,18 +35,25 @@ using SettingReader =
     std::function<std::string(std::string_view, std::string_view, std::string_view)>;
 using SettingWriter = std::function<void(std::string_view, std::string_view, std::string_view)>;
 
-/// What a stored entry without "Type" reads as: nothing in the editor, a single file in a build.
-inline constexpr std::string_view kEditorDefaultType = "";
+/// What a build reads where an entry has no "Type".
 inline constexpr std::string_view kBuildDefaultType = "1";
+
+/// What an entry is read for. The editor needs every number. A build passes over those that it does
+/// not use: "Permanent", and "IncludeChildren" of a single file; they stay 0.
+enum class EntryUse {
+  Edit,  ///< without "Type": 0, which installs nothing
+  Build  ///< without "Type": 1, a single file
+};
 
 /// The number of entries: section "Files", key "Count". Raises Error on overflow.
 [[nodiscard]] std::int32_t ReadFileCount(const SettingReader& read);
 void WriteFileCount(const SettingWriter& write, std::int32_t count);
 
-/// Entry `number` (1-based): section "File" followed by the number. Raises Error when a number does
-/// not fit its field.
-[[nodiscard]] ICFile ReadFileEntry(const SettingReader& read, std::int32_t number,
-                                   std::string_view defaultType);
+/// The section of entry `number` (1-based): "File" followed by the number.
+[[nodiscard]] std::string FileEntrySection(std::int32_t number);
+
+/// Entry `number`. Raises Error when a number that `use` needs does not fit its field.
+[[nodiscard]] ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, EntryUse use);
 /// Writes the fourteen keys of entry `number`.
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry);
 

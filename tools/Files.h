@@ -60,11 +60,9 @@ using CopyProgress = std::function<void(std::uint64_t bytesSoFar)>;
 /// characters, "*.*" matches every file, case does not count. A folder's own files come in byte
 /// order of their names, then, with `includeSubfolders`, its subfolders in byte order, each in
 /// turn. Links to files count as files; links to folders are not followed. A folder that does not
-/// exist has no files; one that cannot be read raises Error. `links` receives those that may be
-/// links: all links are among them.
+/// exist has no files; one that cannot be read raises Error (SearchFiles in FindFiles.h goes on).
 [[nodiscard]] std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
-                                                 bool includeSubfolders,
-                                                 std::vector<std::string>* links = nullptr);
+                                                 bool includeSubfolders);
 
 /// True when `pattern` matches the file name by the rules of FindFiles.
 [[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view pattern);

@@ -28,18 +28,24 @@ bool StatusOf(std::string_view path, struct stat& status, std::error_code& failu
   return false;
 }
 
-/// The kind of an entry that readdir did not tell, or that is a link.
-bool KindOf(int folder, const dirent& entry, FolderItem::Kind& kind) {
+/// Looks at an entry whose kind readdir did not tell, or that is a link. Returns false for what a
+/// listing passes over.
+bool LookAt(int folder, FolderItem& item) {
+  const char* const name = item.name.c_str();
   struct stat status {};
-  if (::fstatat(folder, entry.d_name, &status, 0) != 0) return false;
-  if (S_ISREG(status.st_mode)) {
-    kind = FolderItem::Kind::File;
+  struct stat own {};
+  if (::fstatat(folder, name, &own, AT_SYMLINK_NOFOLLOW) != 0) {
+    item.kind = FolderItem::Kind::Dead;
+    item.cause = LastSystemError();
+    return errno != ENOENT;  // else it has vanished since
+  }
+  if (::fstatat(folder, name, &status, 0) != 0) {
+    item.kind = FolderItem::Kind::Dead;
+    item.cause = LastSystemError();
     return true;
   }
-  kind = FolderItem::Kind::Folder;
-  return S_ISDIR(status.st_mode) && entry.d_type != DT_LNK &&
-         ::fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-         S_ISDIR(status.st_mode);
+  item.kind = S_ISREG(status.st_mode) ? FolderItem::Kind::File : FolderItem::Kind::Folder;
+  return S_ISREG(status.st_mode) || S_ISDIR(own.st_mode);
 }
 
 [[noreturn]] void FailToRemove(const std::string& path, std::error_code cause) {
@@ -132,11 +138,11 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
   while (const dirent* entry = ::readdir(stream.get())) {
     const std::string_view name(entry->d_name);
     if (name != "." && name != "..") {
-      FolderItem::Kind kind =
-          entry->d_type == DT_DIR ? FolderItem::Kind::Folder : FolderItem::Kind::File;
+      FolderItem item{.name = std::string(name), .mayBeLink = entry->d_type != DT_REG};
+      if (entry->d_type == DT_DIR) item.kind = FolderItem::Kind::Folder;
       if (entry->d_type == DT_REG || entry->d_type == DT_DIR ||
-          KindOf(::dirfd(stream.get()), *entry, kind)) {
-        items.push_back({std::string(name), kind, entry->d_type != DT_REG});
+          LookAt(::dirfd(stream.get()), item)) {
+        items.push_back(std::move(item));
       }
     }
     errno = 0;

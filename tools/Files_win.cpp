@@ -93,6 +93,15 @@ void RemoveTree(const std::wstring& path, DWORD attributes) {
   if (error != 0 && !IsAbsent(error)) FailToRemove(path, error);
 }
 
+/// For a link to a file. One that cannot be looked at leads somewhere: reading it tells more.
+bool LeadsNowhere(const std::string& path) {
+  try {
+    return !StampOf(path).exists;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 PathKind KindOf(std::string_view path, std::error_code& failure) {
@@ -159,9 +168,15 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
     const DWORD attributes = search.Data().dwFileAttributes;
     if (search.IsDots() || IsFolderLink(attributes)) continue;
     const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    items.push_back({FromWide(search.Data().cFileName),
-                     isFolder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
-                     (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0});
+    FolderItem item{FromWide(search.Data().cFileName),
+                    isFolder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
+                    (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0,
+                    {}};
+    if (item.mayBeLink && LeadsNowhere(JoinPath(folder, item.name))) {
+      item.kind = FolderItem::Kind::Dead;
+      item.cause = std::make_error_code(std::errc::no_such_file_or_directory);
+    }
+    items.push_back(std::move(item));
   } while (search.Next());
   if (GetLastError() != ERROR_NO_MORE_FILES) failure = LastSystemError();
   return items;

@@ -1,3 +1,5 @@
+#include "tools/FindFiles.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -5,6 +7,7 @@
 #include "tools/Files.h"
 #include "tools/FolderListing.h"
 #include "tools/Path.h"
+#include "tools/TemporaryName.h"
 #include "tools/Text.h"
 
 namespace tools {
@@ -115,36 +118,90 @@ bool MatchesCompiled(std::string_view name, std::string_view compiled) {
   return PatternMatcher(folded, compiled).Matches();
 }
 
-void CollectFiles(const std::string& folder, std::string_view compiled, bool includeSubfolders,
-                  std::vector<std::string>& files, std::vector<std::string>* links) {
-  std::error_code failure;
-  std::vector<FolderItem> items = ListFolder(folder, failure);
-  if (failure) throw PathError("Der Ordner kann nicht gelesen werden", folder, failure);
-  std::sort(items.begin(), items.end(),
-            [](const FolderItem& a, const FolderItem& b) { return a.name < b.name; });
-  const std::string prefix = EnsureTrailingSeparator(folder);
-  for (const FolderItem& item : items) {
-    if (item.kind == FolderItem::Kind::File && MatchesCompiled(item.name, compiled)) {
-      files.push_back(prefix + item.name);
-      if (links != nullptr && item.mayBeLink) links->push_back(files.back());
+class Searcher {
+ public:
+  Searcher(std::string_view pattern, const FileSearch& search)
+      : compiled_(CompilePattern(pattern)), search_(search) {
+    if (!search.leaveOut.empty()) leaveOut_ = StampOf(search.leaveOut);
+  }
+
+  FoundFiles Run(const std::string& folder) {
+    Visit(folder, true);
+    return std::move(found_);
+  }
+
+ private:
+  void Visit(const std::string& folder, bool isTop) {
+    if (IsLeftOut(folder)) return;
+    std::error_code failure;
+    std::vector<FolderItem> items = ListFolder(folder, failure);
+    if (failure && !(isTop && IsAbsent(failure))) {
+      found_.unreadFolders.push_back({folder, failure});
+    }
+    if (search_.skipTemporary) {
+      std::erase_if(items, [](const FolderItem& item) { return IsTemporaryName(item.name); });
+    }
+    std::sort(items.begin(), items.end(),
+              [](const FolderItem& a, const FolderItem& b) { return a.name < b.name; });
+    const std::string prefix = EnsureTrailingSeparator(folder);
+    for (const FolderItem& item : items) {
+      if (item.kind != FolderItem::Kind::Folder && !IsEnough()) Take(prefix, item);
+    }
+    if (!search_.includeSubfolders) return;
+    for (const FolderItem& item : items) {
+      if (item.kind == FolderItem::Kind::Folder && !IsEnough()) Visit(prefix + item.name, false);
     }
   }
-  if (!includeSubfolders) return;
-  for (const FolderItem& item : items) {
-    if (item.kind == FolderItem::Kind::Folder) {
-      CollectFiles(prefix + item.name, compiled, true, files, links);
+
+  void Take(const std::string& prefix, const FolderItem& item) {
+    if (!MatchesCompiled(item.name, compiled_)) return;
+    if (item.kind == FolderItem::Kind::Dead) {
+      found_.deadLinks.push_back({prefix + item.name, item.cause});
+      return;
+    }
+    found_.paths.push_back(prefix + item.name);
+    if (item.mayBeLink) found_.links.push_back(found_.paths.back());
+  }
+
+  [[nodiscard]] bool IsEnough() const { return found_.paths.size() >= search_.atMost; }
+
+  // One folder has many spellings (case, links above it), but one place on its volume.
+  [[nodiscard]] bool IsLeftOut(const std::string& folder) const {
+    if (!leaveOut_.exists) return false;
+    try {
+      const FileStamp stamp = StampOf(folder);
+      return stamp.exists && stamp.device == leaveOut_.device &&
+             stamp.identity == leaveOut_.identity;
+    } catch (const Error&) {
+      return false;  // it cannot be listed either, which says why
     }
   }
-}
+
+  static bool IsAbsent(std::error_code failure) {
+    return failure == std::errc::no_such_file_or_directory || failure == std::errc::not_a_directory;
+  }
+
+  std::string compiled_;
+  const FileSearch& search_;
+  FileStamp leaveOut_;
+  FoundFiles found_;
+};
 
 }  // namespace
 
+FoundFiles SearchFiles(std::string_view folder, std::string_view pattern,
+                       const FileSearch& search) {
+  return Searcher(pattern, search).Run(std::string(folder));
+}
+
 std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
-                                   bool includeSubfolders, std::vector<std::string>* links) {
-  std::vector<std::string> files;
-  if (!FolderExists(folder)) return files;
-  CollectFiles(std::string(folder), CompilePattern(pattern), includeSubfolders, files, links);
-  return files;
+                                   bool includeSubfolders) {
+  FoundFiles found = SearchFiles(folder, pattern, {.includeSubfolders = includeSubfolders});
+  if (!found.unreadFolders.empty()) {
+    const UnseenPath& unread = found.unreadFolders.front();
+    throw PathError("Der Ordner kann nicht gelesen werden", unread.path, unread.cause);
+  }
+  return std::move(found.paths);
 }
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {

@@ -9,15 +9,21 @@
 namespace tools {
 
 struct FolderItem {
-  enum class Kind { File, Folder };
+  enum class Kind {
+    File,
+    Folder,
+    Dead  ///< a link that leads nowhere, or something that cannot be looked at
+  };
 
   std::string name;
   Kind kind = Kind::File;
-  bool mayBeLink = false;  ///< false where the system says for nothing that it is none
+  bool mayBeLink = false;   ///< false where the system says for nothing that it is none
+  std::error_code cause{};  ///< why it is Dead
 };
 
-/// The files (links to files among them) and subfolders (links to folders left out) of a folder, in
-/// no particular order; everything else is passed over. `failure` says why it cannot be read.
+/// The files (links to files among them), subfolders (links to folders left out) and dead names of
+/// a folder, in no particular order; everything else is passed over. `failure` says why it cannot
+/// be read to its end.
 [[nodiscard]] std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure);
 
 }  // namespace tools

@@ -1,6 +1,5 @@
 #include "wizards/wizSetup_Output.h"
 
-#include <QDirIterator>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -10,6 +9,7 @@
 #include <QStyle>
 
 #include "build/OutputFolder.h"
+#include "build/Survey.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
 #include "tools/desktop/FormStyle.h"
@@ -26,13 +26,6 @@ using tools::ToQString;
 namespace {
 
 constexpr int kFolderBrowserFlags = 17;
-
-// Stops at the first file, for the question is asked with every key.
-bool HoldsFiles(const std::string& folder) {
-  QDirIterator files(ToQString(folder), QDir::Files | QDir::Hidden | QDir::System,
-                     QDirIterator::Subdirectories);
-  return files.hasNext();
-}
 
 std::string ConfigurationName(const std::string& value) {
   const std::int32_t configuration = tools::ToInt32(value);
@@ -132,6 +125,8 @@ void wizSetup_Output::ShowValues() {
   Show(*txtOverviewConfiguration_, ConfigurationName(Value("config")));
   const std::string language = Value("language");
   Show(*txtOverviewLanguage_, language.empty() ? language : LanguageText(tools::ToInt32(language)));
+  // Once, not with every key: that reads every component.
+  sourceFolders_ = build::SourceFoldersOf(project_, versionIndex_);
   const QSignalBlocker quiet(txtFolder_);
   txtFolder_->setText(ToQString(Value("folder")));
   ShowFolder();
@@ -148,13 +143,13 @@ void wizSetup_Output::TakeFolder() {
 }
 
 void wizSetup_Output::ShowFolder() {
-  // Where the sources lie is checked by the build, which knows them.
-  const std::string folder = build::NormalizeOutputFolder(Value("folder"), project_, {});
-  Show(*txtOverviewFolder_, folder);
-  if (folder.empty()) {
-    Warn(LoadText(348));
+  const build::OutputFolder folder =
+      build::AcceptOutputFolder(Value("folder"), project_, sourceFolders_);
+  Show(*txtOverviewFolder_, folder.path);
+  if (!folder.IsAccepted()) {
+    Warn(LoadText(348) + ' ' + folder.reason);
   } else {
-    Warn(HoldsFiles(folder) ? LoadText(349) : std::string());
+    Warn(build::HoldsFiles(folder.path) ? LoadText(349) : std::string());
   }
 }
 

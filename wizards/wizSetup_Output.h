@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
+#include <string>
 
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
@@ -40,6 +42,7 @@ class wizSetup_Output : public tools::WizardOptionPage {
   const model::ModProject& project_;
   std::int32_t versionIndex_;
   tools::Dialogs& dialogs_;
+  std::set<std::string> sourceFolders_;
   QLineEdit* txtFolder_;
   QWidget* fraFolderWarning_;
   QLabel* lblFolderWarning_;

@@ -5,6 +5,7 @@
 #include <map>
 #include <thread>
 
+#include "build/BuildCheck.h"
 #include "tests/support/BuildFixture.h"
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/ZipReader.h"
@@ -27,6 +28,16 @@ class ArchiveBuildTest : public tests::BuildFixture {
     ::unsetenv("TMPDIR");
   }
 
+  /// Every file in the output folder, hidden ones too, as "name=content" lines.
+  [[nodiscard]] std::string Contents() {
+    std::string contents;
+    for (const std::string& path : tools::FindFiles(folder_.Path("aus"), "*", true)) {
+      contents +=
+          path.substr(folder_.Path("aus/").size()) + "=" + tools::ReadWholeFile(path) + "\n";
+    }
+    return contents;
+  }
+
   [[nodiscard]] Members Archive() {
     Members members;
     for (const auto& entry : tests::ReadZip(Out("Probe.zip"))) {
@@ -38,9 +49,12 @@ class ArchiveBuildTest : public tests::BuildFixture {
 
 TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) {
   const std::string large(9'000'000, 'a');
-  product_.AddComponent("A", {Source("1/readme.txt", large, "TargetFolder=38\nTargetName=l.txt\n"),
-                              Source("2/ohne", "")});
-  product_.AddComponent("B", {tests::TestProduct::Scan(folder_.Path("quelle/3"), "*.*")});
+  product_.AddComponent(
+      "A", {Source("1/readme.txt", large, "TargetFolder=38\nTargetName=l.txt\nVital=2\n"),
+            Source("2/ohne", "")});
+  product_.AddComponent(
+      "B", {"IncludeChildren=2\n" + tests::TestProduct::Scan(folder_.Path("quelle/3"), "*.*")});
+  project_.WriteVersionSetting(1, "Tessel", "Key", "k");
   folder_.Write("quelle/3/b/readme.txt", "drei");
   folder_.Write("quelle/3/Ärger.DLL", "zwei");
   Run();
@@ -59,6 +73,7 @@ Del "%TempPath%\1.txt"
 End If
 If Extract()S",
                                                   "\n", "\r\n")));
+  EXPECT_THAT(script, HasSubstr("RegPrd \"k\", \"Probe\", 1\r\n"));
   EXPECT_THAT(script, HasSubstr("%TempPath%\\4.txt\", \"%InstallPath%\\readme.txt"));
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
   EXPECT_EQ(summary_->files, 4U);
@@ -104,37 +119,126 @@ TEST_F(ArchiveBuildTest, SurvivesAnArchiveThatFillsTheDisk) {
   EXPECT_THAT(Out("Probe.install"), HasSubstr("2.txt"));
 }
 
-TEST_F(ArchiveBuildTest, LeavesNothingBehindWhenStopped) {
+TEST_F(ArchiveBuildTest, KeepsTheOldSetupWhenTheNewOneLacksItsArchive) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/Probe.zip", "alt");
+  tests::FaultyDisk full(disk_);
+  full.FailAt(tests::FaultyDisk::Step::Write, 1);
+  onProgress_ = [&](const tools::Progress& progress) {
+    if (progress.filesDone == 1) full.FailAt(tests::FaultyDisk::Step::Write, 0);
+  };
+  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+  Run(full);
+  EXPECT_EQ(summary_->outcome, BuildOutcome::Incomplete);
+  EXPECT_EQ(dialogs_.LastMessage(),
+            "Warnung|Beim Erstellen sind Fehler aufgetreten.\r\nDer Datenträger ist voll. Der "
+            "bisherige Inhalt des Ausgabeordners bleibt unverändert.");
+  EXPECT_EQ(Contents(), "Probe.zip=alt\n");
+}
+
+// Whenever a build stops, the output folder is as it was.
+TEST_F(ArchiveBuildTest, LeavesEverythingAsItWasWhenStopped) {
   product_.AddComponent("A", {Source("a.txt", "a"), Source("b", "b")});
-  for (const std::uint64_t bytes : {0U, 1U}) {
-    onProgress_ = [bytes](const tools::Progress& progress) {
-      if (progress.filesTotal > 0 && progress.bytesDone >= bytes) throw tools::Error("genug");
-      // The next report is not held back for coming too soon.
-      std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    };
-    EXPECT_EQ(tests::ErrorOf([&] { Run(); }), "genug");
-    EXPECT_TRUE(tools::FindFiles(folder_.Path("aus"), "*", true).empty());
-    EXPECT_TRUE(messages_.empty());
-    EXPECT_EQ(dialogs_.OpenNotices(), 0U);
+  folder_.Write("aus/Probe.zip", "alt");
+  for (const std::string makezip : {"0", "1"}) {
+    settings_["makezip"] = makezip;
+    for (const int phase : {0, 1, 2, 3}) {
+      SCOPED_TRACE(phase);
+      int starts = 0;
+      onProgress_ = [&](const tools::Progress& progress) {
+        if (progress.filesTotal > 0 && progress.filesDone == 0) ++starts;
+        if (phase == 0 || (phase == 1 && starts == 2) ||
+            (phase > 1 && progress.filesDone + 1 >= static_cast<unsigned>(phase))) {
+          throw tools::Error("genug");
+        }
+        // The next report is not held back for coming too soon.
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+      };
+      if (phase > 0) dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+      EXPECT_EQ(tests::ErrorOf([&] { Run(); }), "genug");
+      EXPECT_EQ(Contents(), "Probe.zip=alt\n");
+      EXPECT_TRUE(messages_.empty());
+      EXPECT_EQ(dialogs_.OpenNotices(), 0U);
+    }
   }
 }
 
-TEST_F(ArchiveBuildTest, AWishToStopDuringTheSurveyKeepsTheOldSetup) {
-  folder_.Write("aus/alt.zip", "alt");
-  onProgress_ = [](const tools::Progress&) { throw tools::Error("genug"); };
-  EXPECT_THROW(Run(), tools::Error);
-  EXPECT_EQ(Out("alt.zip"), "alt");
+/// A disk that cannot move one file or folder, wherever it is.
+class PinningDisk : public tools::SystemDisk {
+ public:
+  explicit PinningDisk(std::string pinned) : pinned_(std::move(pinned)) {}
+  void Replace(const std::string& from, const std::string& to) override {
+    if (from == pinned_ || to == pinned_) {
+      throw tools::PathError("", to, std::make_error_code(std::errc::device_or_resource_busy));
+    }
+    tools::SystemDisk::Replace(from, to);
+  }
+
+ private:
+  std::string pinned_;
+};
+
+TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/Probe.install", "alt");
+  folder_.Write("aus/alter Ordner/x", "x");
+  std::filesystem::create_symlink(folder_.Path("quelle"), folder_.Path("aus/Verweis"));
+  const std::string before = Contents();
+  for (const char* pinned : {"aus/alter Ordner", "aus/Probe.zip", "aus/build.log"}) {
+    PinningDisk disk(folder_.Path(pinned));
+    dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+    Run(disk);
+    EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
+    EXPECT_EQ(summary_->reason,
+              "Der Inhalt des Ausgabeordners kann nicht ersetzt werden: " + folder_.Path(pinned) +
+                  " (Wird von einem anderen Programm verwendet)");
+    EXPECT_EQ(Contents(), before);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
+  }
+  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+  Run();
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
+  EXPECT_FALSE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
+  EXPECT_EQ(folder_.Read("quelle/a.txt"), "a");
+}
+
+TEST_F(ArchiveBuildTest, RemovesWhatAKilledBuildLeftAndCountsItForNothing) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/.packwright-0123456789abcdef.tmp/Probe.zip", "halb");
+  Run();
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
 }
 
 TEST_F(ArchiveBuildTest, RefusesAFolderThatALinkedSourceLiesIn) {
   folder_.Write("echt/a.txt", "a");
   folder_.MakeFolder("quelle");
   std::filesystem::create_symlink(folder_.Path("echt/a.txt"), folder_.Path("quelle/a.txt"));
-  product_.AddComponent("A", {tests::TestProduct::File(folder_.Path("quelle/a.txt"))});
   settings_["folder"] = folder_.Path("echt");
+  for (const std::string& entry : {tests::TestProduct::File(folder_.Path("quelle/a.txt")),
+                                   tests::TestProduct::Scan(folder_.Path("quelle"), "*")}) {
+    project_.WriteVersionSetting(1, "Components", "Count", "0");
+    product_.AddComponent("A", {entry});
+    Run();
+    EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
+    EXPECT_EQ(folder_.Read("echt/a.txt"), "a");
+  }
+}
+
+TEST_F(ArchiveBuildTest, TellsWhatAScanCannotSee) {
+  folder_.Write("quelle/a.txt", "a");
+  std::filesystem::create_symlink("nirgends", folder_.Path("quelle/b.txt"));
+  std::filesystem::create_symlink("kreis", folder_.Path("kreis"));
+  product_.AddComponent("A", {tests::TestProduct::Scan(folder_.Path("quelle"), "*.txt"),
+                              tests::TestProduct::Scan(folder_.Path("kreis"), "*")});
   Run();
-  EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
-  EXPECT_EQ(folder_.Read("echt/a.txt"), "a");
+  EXPECT_EQ(LogLines(),
+            "Warning: Link leads to no file '" + folder_.Path("quelle/b.txt") +
+                "': Datei oder Ordner nicht gefunden\r\n"
+                "ERROR: Unable to read folder '" +
+                folder_.Path("kreis") + "': " +
+                std::make_error_code(std::errc::too_many_symbolic_link_levels).message() + "\r\n");
+  EXPECT_EQ(Archive(), (Members{{"1.txt", "a"}}));
+  EXPECT_EQ(CheckBuild(project_, settings_, 1, "").size(), 2U);
 }
 
 }  // namespace build

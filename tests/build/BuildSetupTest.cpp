@@ -27,8 +27,8 @@ If Ask("Die Installation von Probe kann jetzt durchgeführt werden. Möchten Sie
 End If
 
 'Register the program with Tessel if it's not already known
-SetAppKey " ", "Probe"
-RegPrd " ", "Probe", 1
+SetAppKey " ", "Katalog"
+RegPrd " ", "Katalog", 4
 
 'Allow the user to select installation folder
 SelectInstallFolder PathStr("%ProgramFiles%\Probe")
@@ -56,13 +56,17 @@ End Sub
 
 TEST_F(BuildSetupTest, MakesATreeOfDestinationFoldersWithScriptAndLog) {
   project_.WriteVersionSetting(1, "Tessel", "Key", " ");
+  project_.WriteVersionSetting(1, "Tessel", "Title", "Katalog");
+  project_.WriteVersionSetting(1, "Tessel", "Type", "4");
+  settings_["makezip"] = "2";
   settings_.insert({{"installertype", "9"}, {"config", "7"}, {"language", "1031"}});
   const std::string source = folder_.Write("Produkt/dateien/ü/start.dat", "MZ");
   folder_.Write("Produkt/hilfe/lies mich.txt", "Hallo");
   product_.AddComponent("Programm",
                         {"SourcePath=dateien\\ü\nSourceName=start.dat\nTargetFolder=38\n"
                          "TargetSubFolder=a\\b/c\nTargetName=anders.dat\nOverwrite=1\n"
-                         "RegisterPath=1\nSelfRegisterDLL=1\n"});
+                         "RegisterPath=1\nSelfRegisterDLL=1\nVital=-1\nPermanent=99999\n"
+                         "IncludeChildren=99999\n"});
   product_.AddComponent("", {});
   product_.AddComponent("Hilfe", {"Type=2\nSourcePath=hilfe/\nSourceName=*.TXT\nTargetFolder=2004\n"
                                   "TargetSubFolder=D_\\Ziel\nVital=0\nRegisterPath=2\n"});
@@ -98,6 +102,7 @@ TEST_F(BuildSetupTest, LogsProblemsInVisitingOrderAndGoesOn) {
                   "Warning: No files found in 'quelle\\leer' matching '*.xyz'",
                   StartsWith("ERROR: Unable to copy file '" + folder_.Path("quelle/b.txt") +
                              "' to new location: "),
+                  "Warning: Entry of type 3 is left out",
                   StartsWith("ERROR: File 2 of component 'B' is left out: "),
                   StartsWith("ERROR: Unable to copy Tessel installer to output folder: "), ""));
   EXPECT_FALSE(folder_.Holds("draussen"));
@@ -107,7 +112,7 @@ TEST_F(BuildSetupTest, LogsProblemsInVisitingOrderAndGoesOn) {
   EXPECT_EQ(messages_.at(2).componentTitle, "A");
   EXPECT_EQ(messages_.at(2).entry, 3);
   EXPECT_EQ(summary_->errors, 4);
-  EXPECT_EQ(summary_->warnings, 1);
+  EXPECT_EQ(summary_->warnings, 2);
   EXPECT_EQ(dialogs_.LastMessage(),
             "Warnung|Beim Erstellen sind Fehler aufgetreten.\r\nDie Fehler wurden in einer "
             "Protokolldatei mit dem Namen \"build.log\" im Ausgabe-Ordner gespeichert.");
@@ -141,6 +146,7 @@ TEST_F(BuildSetupTest, RefusesABlankOutputFolderAndAsksBeforeItEmptiesOneThatHol
   Run();
   EXPECT_EQ(dialogs_.LastMessage(), "Fehler|Der Ausgabeordner ist ungültig.");
   EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
+  EXPECT_EQ(summary_->reason, "Der Ausgabeordner ist ungültig. Es ist kein Ordner angegeben.");
   EXPECT_EQ(dialogs_.OpenNotices(), 2U) << "refusals leave the notice";
 }
 
@@ -154,6 +160,76 @@ TEST_F(BuildSetupTest, RefusesNamesThatLeadElsewhere) {
   EXPECT_THROW(Run(), tools::Error);
   EXPECT_FALSE(folder_.Holds("aus"));
   EXPECT_EQ(dialogs_.OpenNotices(), 0U);
+}
+
+TEST_F(BuildSetupTest, TellsWhichFilesMeetInATreeAndKeepsTheLater) {
+  product_.AddComponent(
+      "A", {Source("1/index.html", "eins"), Source("2/INDEX.html", "zwei"),
+            Source("3/log.txt", "3", "TargetSubFolder=..\\Build.log\n"),
+            Source("3/probe.INSTALL", "3", "TargetSubFolder=..\n"),
+            Source("4/x", "vier", "TargetSubFolder=index.HTML\n"), Source("5/Setup.exe", "5"),
+            Source("1/index.html", "eins", "TargetFolder=38\nID={anders}\n")});
+  Run();
+  const std::string copy = "ERROR: Unable to copy file '" + folder_.Path("quelle/");
+  const std::string own =
+      "' to new location: the name belongs to a file that the build makes itself";
+  EXPECT_THAT(tools::SplitList(tools::ReplaceAll(LogLines(), "\r\n", "\n"), '\n', '\0'),
+              ElementsAre("Warning: File '" + folder_.Path("quelle/2/INDEX.html") + "' replaces '" +
+                              folder_.Path("quelle/1/index.html") +
+                              "': both are stored as 'InstallPath\\INDEX.html'",
+                          copy + "3/log.txt" + own, copy + "3/probe.INSTALL" + own,
+                          copy +
+                              "4/x' to new location: a folder of its target is a file already, "
+                              "copied from '" +
+                              folder_.Path("quelle/2/INDEX.html") + "'",
+                          ""));
+  EXPECT_EQ(Out("InstallPath/index.html") + Out("ProgramFiles/index.html"), "zweieins");
+  EXPECT_THAT(Out("Probe.install"), AllOf(HasSubstr("\\InstallPath\\index.html\", "),
+                                          HasSubstr("\\ProgramFiles\\index.html\", ")));
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 5U);
+}
+
+TEST_F(BuildSetupTest, LeavesOutComponentsOfNoUseWithAWord) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  product_.AddComponent("", {Source("b.txt", "b")});
+  for (int slot = 3; slot <= 6; ++slot) product_.AddComponent("", {});
+  folder_.Write("Produkt/Version 1.0.0/component3.component", std::string(50, '\0'));
+  tools::DeleteFile(folder_.Path("Produkt/Version 1.0.0/component4.component"));
+  tools::DeleteFile(folder_.Path("Produkt/Version 1.0.0/component5.component"));
+  folder_.MakeFolder("Produkt/Version 1.0.0/component5.component");
+  Run();
+  const std::string none =
+      "ERROR: File holds no component: " + folder_.Path("Produkt/Version 1.0.0/component");
+  EXPECT_EQ(LogLines(), "Warning: Component 2 is left out: it has files (1) but no title\r\n" +
+                            none + "3.component\r\n" + none +
+                            "5.component (Der Pfad bezeichnet einen Ordner)\r\n");
+  EXPECT_THAT(Out("Probe.install"), Not(HasSubstr("b.txt")));
+}
+
+TEST_F(BuildSetupTest, DoesNotBuildAVersionWithoutAUsableFile) {
+  const std::string path = folder_.Path("Produkt/Version 1.0.0/product.version");
+  folder_.Write("aus/alt.zip", "alt");
+  for (const std::string& content : {std::string(), std::string(20, '\0'), std::string("x=1")}) {
+    folder_.Write("Produkt/Version 1.0.0/product.version", content);
+    EXPECT_EQ(tests::ErrorOf([&] { Run(); }),
+              "Die Datei der Version ist leer oder beschädigt: " + path);
+  }
+  tools::DeleteFile(path);
+  EXPECT_EQ(tests::ErrorOf([&] { Run(); }), "Die Datei der Version fehlt: " + path);
+  EXPECT_EQ(Out("alt.zip"), "alt");
+}
+
+TEST_F(BuildSetupTest, ScansPassOverTheOutputFolder) {
+  settings_["folder"] = "Ausgabe\\Debug";
+  product_.AddComponent("A", {"ID={1}\nType=2\nSourcePath=.\nSourceName=*\n"
+                              "IncludeChildren=1\nTargetFolder=2001\n"});
+  for (int run = 1; run <= 2; ++run) {
+    if (run == 2) dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+    Run();
+    EXPECT_EQ(summary_->outcome, BuildOutcome::Finished) << summary_->reason;
+    EXPECT_EQ(summary_->files, 3U);
+    EXPECT_TRUE(messages_.empty());
+  }
 }
 
 TEST_F(BuildSetupTest, GoesByTheSourcesItFoundAtFirst) {

@@ -2,7 +2,6 @@
 #include <tuple>
 
 #include "build/InstallScript.h"
-#include "build/ScriptPath.h"
 #include "tests/support/Testing.h"
 #include "tools/Text.h"
 
@@ -69,10 +68,6 @@ TEST(InstallScriptTest, TargetsAreFolderSubfolderAndName) {
   EXPECT_EQ(target(38, "", ""), "%ProgramFiles%\\b.txt");
   EXPECT_EQ(target(0, "x\\y", ""), "\\x\\y\\b.txt");
   EXPECT_EQ(target(2004, "C:\\Ziel", "c.txt"), "C:\\Ziel\\c.txt");
-  EXPECT_EQ(ScriptFileName("a.b\\c/d"), "c/d");
-  EXPECT_EQ(ScriptExtension("a.b\\c"), "");
-  EXPECT_EQ(ScriptExtension("a\\b.c.dll"), "dll");
-  EXPECT_EQ(ScriptExtension("7."), "");
 }
 
 }  // namespace build

@@ -7,33 +7,42 @@ namespace build {
 
 class OutputFolderTest : public tests::BuildFixture {
  protected:
-  std::string Normalize(const std::string& text) {
-    return NormalizeOutputFolder(text, project_, SurveyVersion(project_, 1).locations);
+  OutputFolder Accept(const std::string& text) {
+    return AcceptOutputFolder(text, project_, SurveyVersion(project_, 1, {}).sourceFolders);
   }
-  /// Whether each of these folders is refused: "x" for one that is, "-" for one that is not.
+  /// The rule that refuses each of these folders, as a letter: "-" for one that is accepted.
   std::string Refused(const std::vector<std::string>& names) {
     std::string refused;
     for (const std::string& name : names) {
-      refused += Normalize(folder_.Path(name)).empty() ? 'x' : '-';
+      const OutputFolder folder = Accept(folder_.Path(name));
+      refused += "-brhpsf"[static_cast<std::size_t>(folder.refusal)];
+      EXPECT_EQ(folder.IsAccepted(), folder.reason.empty()) << name;
+      EXPECT_EQ(folder.IsAccepted(), !folder.path.empty()) << name;
     }
     return refused;
   }
 };
 
 TEST_F(OutputFolderTest, TakesRelativeTextFromTheProductFolder) {
-  EXPECT_EQ(Normalize(" Ausgabe\\x/../Debug\t"), folder_.Path("Produkt/Ausgabe/Debug"));
-  EXPECT_EQ(Normalize("..\\aus\\"), folder_.Path("aus"));
-  EXPECT_EQ(Normalize(folder_.Path("neu/tief/")), folder_.Path("neu/tief"));
+  EXPECT_EQ(Accept(" Ausgabe\\x/../Debug\t").path, folder_.Path("Produkt/Ausgabe/Debug"));
+  EXPECT_EQ(Accept("..\\aus\\").path, folder_.Path("aus"));
+  EXPECT_EQ(Accept(folder_.Path("neu/tief/")).path, folder_.Path("neu/tief"));
 }
 
 TEST_F(OutputFolderTest, RefusesBlankTextRootAndHome) {
   const std::string home = tools::SpecialFolder(tools::kProfileFolder);
   const std::string root = tools::FromPath(tools::ToPath(folder_.Path()).root_path());
-  for (const std::string& text : {std::string(), std::string(" \t "), root, root + "x/..", home,
-                                  home + "/x/..", tools::FolderOf(home)}) {
-    EXPECT_EQ(Normalize(text), "") << text;
-  }
-  EXPECT_NE(Normalize(home + "/packwright-test-output"), "");
+  const std::pair<std::string, FolderRefusal> rows[] = {
+      {"", FolderRefusal::Blank},
+      {" \t ", FolderRefusal::Blank},
+      {root, FolderRefusal::Root},
+      {root + "x/..", FolderRefusal::Root},
+      {home, FolderRefusal::Home},
+      {home + "/x/..", FolderRefusal::Home},
+      {home + "/packwright-test-output", FolderRefusal::None}};
+  for (const auto& [text, refusal] : rows) EXPECT_EQ(Accept(text).refusal, refusal) << text;
+  EXPECT_FALSE(Accept(tools::FolderOf(home)).IsAccepted());
+  EXPECT_EQ(Accept(root).reason, "Er ist der oberste Ordner eines Datenträgers: " + root);
 }
 
 TEST_F(OutputFolderTest, RefusesFoldersThatHoldTheProduct) {
@@ -41,19 +50,25 @@ TEST_F(OutputFolderTest, RefusesFoldersThatHoldTheProduct) {
   project_.WriteProductSetting("Versions", "Ver2", "2.0.0");
   EXPECT_EQ(Refused({"", "Produkt", "Produkt/.", "Produkt/Version 1.0.0", "Produkt/Version 2.0.0",
                      "Produkt/x/../Version 1.0.0", "Produkt/Version 3.0.0", "Produkt2"}),
-            "xxxxxx--");
+            "pppppp--");
 }
 
-TEST_F(OutputFolderTest, RefusesFoldersThatHoldSources) {
+TEST_F(OutputFolderTest, RefusesFoldersThatHoldSourcesWhateverTheirEntriesSay) {
   product_.AddComponent("A", {Source("a/a.txt", "a"), Source("b/b.txt", "b", "Exclude=1\n"),
                               tests::TestProduct::Scan(folder_.Path("quelle/c"), "*.txt")});
   product_.AddComponent("B", {Source("d/d.txt", "d", "Vital=99999\n")});
-  folder_.Write("quelle/c/aus/liste.dat", "");
-  EXPECT_EQ(Refused({"quelle", "quelle/a", "quelle/b", "quelle/c", "quelle/d", "quelle/a/aus",
-                     "quelle/c/aus"}),
-            "xxxxx--");
-  folder_.Write("quelle/c/aus/tief/liste.txt", "");
-  EXPECT_EQ(Refused({"quelle/c/aus"}), "x");
+  product_.AddComponent("", {Source("e/e.txt", "e")});
+  product_.AddComponent("C", {Source("f/f.txt", "f")});
+  project_.WriteComponentSetting(1, 4, "Files", "Count", "3000000000");
+  folder_.Write("quelle/c/aus/liste.txt", "");
+  EXPECT_EQ(Refused({"quelle", "quelle/a", "quelle/b", "quelle/c", "quelle/d", "quelle/e",
+                     "quelle/f", "quelle/a/aus", "quelle/c/aus"}),
+            "sssssss--");
+}
+
+TEST_F(OutputFolderTest, RefusesAPlaceThatAFileTakes) {
+  folder_.Write("datei", "x");
+  EXPECT_EQ(Refused({"datei", "datei/tief/er", "datei2"}), "ff-");
 }
 
 }  // namespace build

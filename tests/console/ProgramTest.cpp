@@ -11,6 +11,21 @@ namespace console {
 using testing::HasSubstr;
 using testing::StartsWith;
 
+/// A disk with room again behind the first file.
+class OnceFullDisk : public tools::SystemDisk {
+ public:
+  [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path) override {
+    if (std::exchange(full_, false)) {
+      throw tools::PathError("", path, std::make_error_code(std::errc::no_space_on_device));
+    }
+    return tools::SystemDisk::CreateNew(path);
+  }
+  void Fill() { full_ = true; }
+
+ private:
+  bool full_ = false;
+};
+
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest() {
@@ -28,7 +43,7 @@ class ProgramTest : public testing::Test {
     std::ostringstream errors;
     const std::string folder = folder_.Path();
     const ExitCode code =
-        RunProgram(arguments, {{output, errors, false}, folder, folder, interrupted_});
+        RunProgram(arguments, {{output, errors, false}, folder, folder, disk_, interrupted_});
     output_ = output.str();
     errors_ = errors.str();
     return code;
@@ -46,6 +61,7 @@ class ProgramTest : public testing::Test {
   tests::TestProduct product_{folder_};
   std::string output_;
   std::string errors_;
+  OnceFullDisk disk_;
   Report::InterruptTest interrupted_ = [] { return false; };
 };
 
@@ -73,6 +89,7 @@ TEST_F(ProgramTest, RefusesAnOutputFolderWithFilesUnlessTold) {
   EXPECT_FALSE(folder_.Holds("aus/wichtig.txt"));
   for (const char* folder : {"Produkt", "", " "}) {
     EXPECT_EQ(Build({"--output", folder, "--overwrite"}), ExitCode::Stopped);
+    EXPECT_THAT(errors_, HasSubstr("Der Ausgabeordner ist ungültig. E"));
   }
   EXPECT_TRUE(folder_.Holds("aus/Probe.zip"));
   EXPECT_TRUE(folder_.Holds("Produkt/Probe.product"));
@@ -129,6 +146,25 @@ TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
   EXPECT_THAT(output_, HasSubstr("--overwrite"));
   EXPECT_EQ(Run({"--version"}), ExitCode::Built);
   EXPECT_THAT(output_, StartsWith("packwright-build "));
+}
+
+TEST_F(ProgramTest, AFullDiskIsAnExitCodeOfItsOwn) {
+  disk_.Fill();
+  EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
+  EXPECT_THAT(errors_, HasSubstr("Das Setup ist unvollständig: Der Datenträger ist voll."));
+  EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Built);
+  disk_.Fill();
+  EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Stopped);
+  EXPECT_THAT(errors_, HasSubstr("Der bisherige Inhalt des Ausgabeordners bleibt unverändert."));
+  EXPECT_TRUE(folder_.Holds("aus/Probe.zip"));
+}
+
+TEST_F(ProgramTest, TellsNumbersThatAreOutOfRange) {
+  product_.Project().WriteVersionSetting(1, "BuildCommon", "ActiveConfig", "3000000000");
+  EXPECT_EQ(Build({}), ExitCode::Stopped);
+  EXPECT_THAT(errors_, HasSubstr("Die aktive Konfiguration der Version ist ungültig"));
+  EXPECT_EQ(Build({"--check"}), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(output_, HasSubstr("1 Beanstandung."));
 }
 
 TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {

@@ -14,6 +14,11 @@ namespace tests {
 
 class BuildFixture : public testing::Test, protected build::BuildStatus {
  protected:
+  /// The version has no components yet.
+  BuildFixture() {
+    folder_.Write("Produkt/Version 1.0.0/product.version", "[Components]\nCount=0\n");
+  }
+
   /// Writes a source file and gives an entry for it, with these settings of its own.
   std::string Source(const std::string& name, const std::string& content,
                      const std::string& settings = {}) {

@@ -290,15 +290,19 @@ class WizardsTest : public QObject {
     OptionPage f("Output", {{"folder", "leer"}});
     auto& warning = Child(*f.page, "lblFolderWarning");
     QVERIFY(!warning.isVisible());
-    f.dialogs.ExpectBrowseFolder("Wählen Sie einen Ordner", f.folder.Path("quelle"));
+    f.folder.Write("alt/Setup.exe", "");
+    f.dialogs.ExpectBrowseFolder("Wählen Sie einen Ordner", f.folder.Path("alt"));
     Press(*f.page, "cmdBrowse");
-    QCOMPARE(f.store["folder"], f.folder.Path("quelle"));
+    QCOMPARE(f.store["folder"], f.folder.Path("alt"));
     QVERIFY(warning.isVisible());
     QVERIFY(Shown(*f.page, "lblFolderWarning").startsWith("Im gewählten Ausgabeverzeichnis sind"));
     Type(Child(*f.page, "txtFolder"), ".");
-    QCOMPARE(Shown(*f.page, "lblFolderWarning"), "Der Ausgabeordner ist ungültig.");
+    QVERIFY(Shown(*f.page, "lblFolderWarning")
+                .startsWith("Der Ausgabeordner ist ungültig. Er enthält das Produkt"));
     QVERIFY(f.Overview().endsWith("|n/v"));
-    QTest::keyClicks(&Child(*f.page, "txtFolder"), "/leer");
+    Type(Child(*f.page, "txtFolder"), "quelle");
+    QVERIFY(Shown(*f.page, "lblFolderWarning").contains("liegen Quelldateien"));
+    Type(Child(*f.page, "txtFolder"), "./leer");
     QVERIFY(!warning.isVisible());
     f.dialogs.ExpectBrowseFolder("Wählen Sie einen Ordner", "");
     Press(*f.page, "cmdBrowse");

@@ -1,0 +1,109 @@
+// Files and folders that are there and cannot be read, seen by a user without special rights.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <sstream>
+
+#include "console/Program.h"
+#include "tests/support/TestProduct.h"
+#include "tests/support/Testing.h"
+
+namespace console {
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+/// The superuser may read everything: while this lives, it is nobody.
+class AsNobody {
+ public:
+  AsNobody() {
+    if (::geteuid() == 0 && ::seteuid(65534) != 0) ADD_FAILURE() << "still the superuser";
+  }
+  ~AsNobody() {
+    if (::getuid() == 0 && ::seteuid(0) != 0) ADD_FAILURE() << "nobody for good";
+  }
+  AsNobody(const AsNobody&) = delete;
+  AsNobody& operator=(const AsNobody&) = delete;
+};
+
+class UnreadableTest : public testing::Test {
+ protected:
+  UnreadableTest() {
+    product_.AddComponent("Gut", {tests::TestProduct::File(folder_.Write("src/a.txt", "a"))});
+    product_.AddComponent("Baum", {tests::TestProduct::Scan(folder_.Path("baum"), "*")});
+    folder_.Write("baum/1/b.txt", "b");
+    folder_.Write("baum/2/c.txt", "c");
+    folder_.Write("aus/alt.zip", "alt");
+    SetMode("", 0755);
+    SetMode("aus", 0777);
+  }
+  ~UnreadableTest() override {
+    if (!locked_.empty()) SetMode(locked_, 0755);
+  }
+
+  void SetMode(const std::string& name, mode_t mode) const {
+    EXPECT_EQ(::chmod(folder_.Path(name).c_str(), mode), 0);
+  }
+  /// Takes all rights from a file or folder, and gives the one before it back.
+  void Lock(const std::string& name) {
+    if (!locked_.empty()) SetMode(locked_, 0755);
+    locked_ = name;
+    SetMode(name, 0);
+  }
+  ExitCode Run(std::vector<std::string> arguments) {
+    std::ostringstream output;
+    std::ostringstream errors;
+    arguments.insert(arguments.begin(), folder_.Path("Produkt/Probe.product"));
+    const AsNobody nobody;
+    tools::SystemDisk disk;
+    const ExitCode code = RunProgram(arguments, {{output, errors, false}, "/", "/", disk});
+    text_ = output.str() + errors.str();
+    return code;
+  }
+
+  tests::TemporaryFolder folder_;
+  tests::TestProduct product_{folder_};
+  std::string locked_;
+  std::string text_;
+};
+
+TEST_F(UnreadableTest, SettingsEndABuildBeforeItChangesAnythingAndAreAFindingOfTheCheck) {
+  const std::string version = "Produkt/Version 1.0.0";
+  for (const std::string& name :
+       {std::string("Produkt/Probe.product"), version + "/product.version",
+        version + "/component2.component", version}) {
+    SCOPED_TRACE(name);
+    Lock(name);
+    const auto named = AllOf(HasSubstr(folder_.Path(name)), HasSubstr("Zugriff verweigert"));
+    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("aus"), "--overwrite"}), ExitCode::Stopped);
+    EXPECT_THAT(text_, named);
+    EXPECT_EQ(folder_.Read("aus/alt.zip"), "alt");
+    EXPECT_EQ(Run({"--list"}), ExitCode::Stopped);
+    EXPECT_THAT(text_, named);
+    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("aus"), "--check"}),
+              ExitCode::BuiltWithErrors);
+    EXPECT_THAT(text_, named);
+  }
+}
+
+TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolder) {
+  Lock("baum/1");
+  EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("aus"), "--overwrite", "--no-zip"}),
+            ExitCode::BuiltWithErrors);
+  EXPECT_THAT(folder_.Read("aus/build.log"),
+              HasSubstr("\nERROR: Unable to read folder '" + folder_.Path("baum/1") +
+                        "': Zugriff verweigert\r\n"));
+  EXPECT_EQ(folder_.Read("aus/InstallPath/c.txt"), "c");
+  EXPECT_EQ(Run({"1.0.0", "--check"}), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(text_, AllOf(HasSubstr("Der Ordner kann nicht gelesen werden: " +
+                                     folder_.Path("baum/1") + " (Zugriff verweigert)"),
+                           HasSubstr("1 Beanstandung.")));
+}
+
+TEST_F(UnreadableTest, ASourceIsFoundByTheCheckToo) {
+  Lock("src/a.txt");
+  EXPECT_EQ(Run({"1.0.0", "--check"}), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(text_, AllOf(HasSubstr(folder_.Path("src/a.txt")), HasSubstr("1 Beanstandung.")));
+}
+
+}  // namespace console

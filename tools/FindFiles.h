@@ -1,0 +1,41 @@
+// Searching a folder tree for files, for callers who must know what the search could not see.
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+namespace tools {
+
+struct FileSearch {
+  bool includeSubfolders = false;
+  /// This folder, however a path spells it, is passed over with all that lies in it. Empty: none.
+  std::string leaveOut{};
+  /// Passes over what this program keeps on disk for a moment (TemporaryName.h).
+  bool skipTemporary = false;
+  /// The search ends when it has found so many files.
+  std::size_t atMost = std::numeric_limits<std::size_t>::max();
+};
+
+/// A place that a search could not look into.
+struct UnseenPath {
+  std::string path;
+  std::error_code cause;
+};
+
+struct FoundFiles {
+  std::vector<std::string> paths;  ///< full paths, in the order that FindFiles gives
+  std::vector<std::string> links;  ///< those of `paths` that may be links: all links are among them
+  std::vector<UnseenPath> unreadFolders;
+  std::vector<UnseenPath> deadLinks;  ///< matching names that lead to no file or folder
+};
+
+/// The search of FindFiles (Files.h), which goes on past what it cannot read. A folder that does
+/// not exist has no files.
+[[nodiscard]] FoundFiles SearchFiles(std::string_view folder, std::string_view pattern,
+                                     const FileSearch& search);
+
+}  // namespace tools
