@@ -17,7 +17,7 @@ cmake --build --preset release
 setup=out/setup
 echo
 out/release/bin/packwright-build examples/Messprotokoll/Messprotokoll.product 1.1.0 \
-  --output "$setup" --overwrite
+  --output "$setup" --overwrite --prove
 echo
 echo "The setup lies in $PWD/$setup:"
 ls -l "$setup"

@@ -16,7 +16,7 @@ constexpr const char* kDescription =
 constexpr const char* kExitCodes =
     "Rückgabewert:\n"
     "  0  ohne Fehler erstellt\n"
-    "  1  erstellt, mit Fehlern im Protokoll (--check: Beanstandungen gefunden)\n"
+    "  1  erstellt, mit Fehlern im Protokoll (--check, --prove: Beanstandungen)\n"
     "  2  falscher Aufruf, Produkt nicht gefunden, Format oder Version unbekannt\n"
     "  3  abgelehnt oder abgebrochen (Einstellungen nicht lesbar, Ausgabeordner ungültig oder\n"
     "     nicht leer, Datenträger voll)\n";
@@ -36,6 +36,7 @@ void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& show
   app.add_flag("--runtime", line.runtime, "Installationsprogramm für Tessel hinzufügen");
   app.add_flag("--overwrite", line.overwrite, "Einen Ausgabeordner mit Dateien vorher leeren");
   app.add_flag("--check", line.check, "Nur prüfen und nichts schreiben");
+  app.add_flag("--prove", line.prove, "Nach dem Erstellen beweisen, dass das Setup alles enthält");
   app.add_flag("--json", line.json, "Meldungen als JSON, ein Objekt je Zeile");
   app.add_flag("--quiet", line.quiet, "Kein Fortschritt und keine Zusammenfassung");
   app.add_flag("--list", line.list, "Versionen und Komponenten auflisten");
@@ -49,6 +50,7 @@ std::string Objection(const CommandLine& line) {
   if (line.version.empty() && !line.list)
     return "Die Version fehlt (--list zeigt die vorhandenen).";
   if (line.list && line.check) return "--list und --check schließen einander aus.";
+  if (line.prove && (line.list || line.check)) return "--prove gehört zum Erstellen eines Setups.";
   return {};
 }
 

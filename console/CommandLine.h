@@ -27,6 +27,7 @@ struct CommandLine {
   bool runtime = false;    ///< add the runtime's installer
   bool overwrite = false;  ///< empty an output folder that holds files
   bool check = false;      ///< look for problems, write nothing
+  bool prove = false;      ///< prove the setup after the build
   bool json = false;       ///< one JSON object a line instead of text
   bool quiet = false;      ///< no progress and no summary
   bool list = false;       ///< list versions and components

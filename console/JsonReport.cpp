@@ -46,6 +46,14 @@ void JsonReport::CheckEnd(std::size_t findings) {
   if (!quiet_) WriteLine(Output(), {{"event", "checked"}, {"findings", findings}});
 }
 
+void JsonReport::ProofEnd(const setup::ProofResult& result) {
+  if (quiet_) return;
+  WriteLine(Output(), {{"event", "proof"},
+                       {"proven", result.findings.empty()},
+                       {"files", result.files},
+                       {"bytes", result.bytes}});
+}
+
 void JsonReport::Listing(const model::ModProject& project) {
   Json versions = Json::array();
   for (const std::int32_t version : project.VersionSlots()) {

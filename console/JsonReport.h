@@ -5,6 +5,7 @@
 //   checked          findings
 //   summary          outcome, outputFolder, files, bytesIn, bytesOut, ratio, seconds, warnings,
 //                    errors
+//   proof            proven, files, bytes
 //   failure          text
 #pragma once
 
@@ -19,6 +20,7 @@ class JsonReport : public Report {
   void OnMessage(const build::BuildMessage& message) override;
   void Failure(const std::string& text) override;
   void CheckEnd(std::size_t findings) override;
+  void ProofEnd(const setup::ProofResult& result) override;
   void Listing(const model::ModProject& project) override;
   void Summary() override;
 

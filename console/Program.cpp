@@ -7,6 +7,8 @@
 #include "build/BuildCheck.h"
 #include "build/BuildSetup.h"
 #include "console/JsonReport.h"
+#include "console/ProductProof.h"
+#include "console/ProductVersion.h"
 #include "console/TextReport.h"
 #include "model/ModProject.h"
 #include "tools/Clock.h"
@@ -22,33 +24,6 @@
 namespace console {
 
 namespace {
-
-/// Thrown where a call turns out to be one that cannot be carried out.
-struct BadCall {
-  std::string text;
-};
-
-void OpenProduct(model::ModProject& project, const std::string& path) {
-  project.SetProductPath(path);
-  if (!tools::FileExists(path)) throw BadCall{"Die Produktdatei wurde nicht gefunden: " + path};
-  if (!project.HasKnownFormat(path)) {
-    throw BadCall{"Die Produktdatei ist nicht lesbar oder besitzt ein ungültiges Format: " + path};
-  }
-}
-
-std::int32_t FindVersion(const model::ModProject& project, const std::string& wanted) {
-  std::string known;
-  for (const std::int32_t version : project.VersionSlots()) {
-    const std::string text = project.VersionString(version);
-    if (tools::EqualIgnoringCase(tools::TrimBlanks(text), tools::TrimBlanks(wanted))) {
-      return version;
-    }
-    known += (known.empty() ? "" : ", ") + text;
-  }
-  throw BadCall{
-      "Das Produkt hat keine Version " + wanted +
-      (known.empty() ? std::string(" (keine vorhanden)") : " (vorhanden: " + known + ")")};
-}
 
 std::string StoredOutputFolder(const model::ModProject& project, std::int32_t version,
                                const std::string& configuration) {
@@ -126,6 +101,29 @@ ExitCode Conclude(Report& report) {
   return result.errors > 0 ? ExitCode::BuiltWithErrors : ExitCode::Built;
 }
 
+void Tell(const setup::Finding& finding, Report& report) {
+  std::string place = finding.file;
+  if (finding.line != 0) place += ", Zeile " + std::to_string(finding.line);
+  report.OnMessage({build::Severity::Error, finding.text, place, finding.component,
+                    finding.componentTitle, finding.entry});
+}
+
+/// Proves the setup that was just built; its findings are told like the errors of the build.
+ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version, Report& report) {
+  const tools::SystemClock clock;
+  setup::ProofResult result;
+  try {
+    result =
+        ProveVersion(setup::OpenSetup(report.Result().outputFolder), project, version, clock,
+                     [&report](const tools::Progress& progress) { report.OnProgress(progress); });
+  } catch (const tools::Error& error) {
+    result.findings.push_back({.text = error.what()});
+  }
+  for (const setup::Finding& finding : result.findings) Tell(finding, report);
+  report.ProofEnd(result);
+  return result.findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
+}
+
 ExitCode Build(const model::ModProject& project, const build::BuildSettings& settings,
                std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
                Report& report) {
@@ -141,7 +139,8 @@ ExitCode Build(const model::ModProject& project, const build::BuildSettings& set
                                             .status = report,
                                             .programFolder = surroundings.programFolder};
   build::BuildSetup(environment, settings, version);
-  return Conclude(report);
+  const ExitCode code = Conclude(report);
+  return line.prove && code == ExitCode::Built ? ProveBuilt(project, version, report) : code;
 }
 
 ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& report) {

@@ -10,6 +10,7 @@
 #include "build/BuildStatus.h"
 #include "console/CommandLine.h"
 #include "model/ModProject.h"
+#include "setup/Proof.h"
 
 namespace console {
 
@@ -41,6 +42,8 @@ class Report : public build::BuildStatus {
   virtual void Failure(const std::string& text) = 0;
   /// What --check found has been reported; `findings` of them.
   virtual void CheckEnd(std::size_t findings) = 0;
+  /// The end of a proof whose findings have been told as messages.
+  virtual void ProofEnd(const setup::ProofResult& result) = 0;
   /// The versions and components of a product.
   virtual void Listing(const model::ModProject& project) = 0;
   /// The end of a build that reached its end.

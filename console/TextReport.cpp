@@ -44,6 +44,11 @@ void TextReport::CheckEnd(std::size_t findings) {
   }
 }
 
+void TextReport::ProofEnd(const setup::ProofResult& result) {
+  ClearProgress();
+  if (!quiet_ && result.findings.empty()) Output() << ProofText(result) << '\n';
+}
+
 void TextReport::Listing(const model::ModProject& project) {
   Output() << project.ProductTitle() << '\n';
   for (const std::int32_t version : project.VersionSlots()) {
@@ -102,6 +107,11 @@ std::string ByteText(std::uint64_t bytes) {
     ++unit;
   }
   return DecimalText(number, unit == 0 ? 0 : 1) + kUnits[unit];
+}
+
+std::string ProofText(const setup::ProofResult& result) {
+  return "Bewiesen: " + std::to_string(result.files) + " Dateien, " + ByteText(result.bytes) +
+         " kommen ganz und unverändert an, und sonst nichts.";
 }
 
 std::string MessageLine(const build::BuildMessage& message) {

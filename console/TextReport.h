@@ -13,6 +13,7 @@ class TextReport : public Report {
   void OnMessage(const build::BuildMessage& message) override;
   void Failure(const std::string& text) override;
   void CheckEnd(std::size_t findings) override;
+  void ProofEnd(const setup::ProofResult& result) override;
   void Listing(const model::ModProject& project) override;
   void Summary() override;
 
@@ -29,6 +30,9 @@ class TextReport : public Report {
 
 /// "1,5 MB": a number of bytes with a decimal prefix, one digit after the comma from kB on.
 [[nodiscard]] std::string ByteText(std::uint64_t bytes);
+
+/// What a proof without findings says.
+[[nodiscard]] std::string ProofText(const setup::ProofResult& result);
 
 /// A number with `digits` digits after the comma.
 [[nodiscard]] std::string DecimalText(double number, int digits);

@@ -15,10 +15,19 @@ enum class CopyRule {
   Copy,           ///< replaces one
 };
 
+/// What the user is told when a file cannot be installed.
+struct FailureText {
+  std::string message;  ///< with "%file%" where the target stands; empty: nothing is said
+  std::string caption;
+  std::string cancellation;  ///< the reason with which the installation ends, if it does
+  bool operator==(const FailureText&) const = default;
+};
+
 /// One file: unpacked if it comes from an archive, then installed, then registered if it is to be.
 struct PlannedFile {
   std::uint32_t line = 0;       ///< script line of the statement that installs it
   std::uint32_t component = 0;  ///< position in Plan::components
+  std::uint32_t failure = 0;    ///< position in Plan::failures
   CopyRule rule = CopyRule::Add;
   bool registersItself = false;
   bool pathReminder = false;      ///< a comment reminds of registering its path
@@ -46,10 +55,12 @@ struct ScriptHead {
 struct Plan {
   ScriptHead head;
   std::string confirmation;  ///< the question at the beginning; empty when there is none
+  std::string cancellation;  ///< what ends the installation when the user declines
   std::optional<Registration> registration;
   std::string folderProposal;  ///< the default of %InstallPath%; empty when none is chosen
   std::string archive;         ///< its name in the setup's folder; empty when nothing is unpacked
   std::vector<std::string> components;  ///< their titles
+  std::vector<FailureText> failures;    ///< those that differ
   std::vector<PlannedFile> files;
 };
 

@@ -6,6 +6,7 @@
 #include "setup/Folders.h"
 #include "setup/TargetPath.h"
 #include "tools/Names.h"
+#include "tools/Text.h"
 
 namespace setup {
 
@@ -184,7 +185,11 @@ void ScriptReader::Perform(const Statement& statement) {
       EndBlock();
       break;
     case Kind::CancelInstall:
-      if (blocks_.back() == Block::Install) file_.vital = true;
+      Cancel(statement.arguments[0]);
+      break;
+    case Kind::ErrMsg:
+      failure_.message = tools::ReplaceAll(statement.arguments[0], file_.target, "%file%");
+      failure_.caption = statement.arguments[1];
       break;
     case Kind::SetAppKey:
     case Kind::RegPrd:
@@ -201,7 +206,6 @@ void ScriptReader::Perform(const Statement& statement) {
       break;
     case Kind::Blank:
     case Kind::Comment:
-    case Kind::ErrMsg:
       break;
   }
 }
@@ -236,6 +240,7 @@ void ScriptReader::BeginExtract(const Statement& statement) {
 
 void ScriptReader::BeginInstall(const Statement& statement) {
   file_ = {};
+  failure_ = {};
   file_.line = line_;
   std::vector<std::string>& components = reading_.plan.components;
   if (components.empty()) {
@@ -271,9 +276,33 @@ void ScriptReader::EndBlock() {
   blocks_.pop_back();
   std::vector<PlannedFile>& files = reading_.plan.files;
   if (block == Block::Install || block == Block::Installed) {
-    files.push_back(std::move(file_));
+    EndFile();
   } else if (block == Block::Extract && files.size() == firstOfExtract_ && !unreadableInExtract_) {
     Report("Die entpackte Datei " + member_ + " wird nicht installiert.");
+  }
+}
+
+void ScriptReader::EndFile() {
+  // The texts of all files are a few: those that came last are looked at.
+  constexpr std::size_t kLookedAt = 8;
+  std::vector<FailureText>& known = reading_.plan.failures;
+  const auto end =
+      known.rend() - static_cast<std::ptrdiff_t>(known.size() - std::min(kLookedAt, known.size()));
+  auto found = std::find(known.rbegin(), end, failure_);
+  if (found == end) {
+    known.push_back(failure_);
+    found = known.rbegin();
+  }
+  file_.failure = static_cast<std::uint32_t>(known.rend() - found - 1);
+  reading_.plan.files.push_back(std::move(file_));
+}
+
+void ScriptReader::Cancel(std::string_view reason) {
+  if (blocks_.back() == Block::Ask) {
+    reading_.plan.cancellation = reason;
+  } else {
+    file_.vital = true;
+    failure_.cancellation = reason;
   }
 }
 

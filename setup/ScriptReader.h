@@ -68,6 +68,8 @@ class ScriptReader {
   void BeginInstall(const Statement& statement);
   void TakeSource(std::string_view source);
   void EndBlock();
+  void EndFile();
+  void Cancel(std::string_view reason);
   void Register(const Statement& statement);
   void ProposeFolder(std::string_view path);
   void SelfRegister(std::string_view path);
@@ -85,6 +87,7 @@ class ScriptReader {
   bool unreadableInExtract_ = false;
   std::string titleOfKey_;  ///< of SetAppKey
   PlannedFile file_;        ///< inside Install and Installed
+  FailureText failure_;     ///< of it
 };
 
 /// Reads the script file. Raises tools::Error that names it when it cannot be read, has an endless

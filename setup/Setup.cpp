@@ -12,7 +12,7 @@ namespace setup {
 
 namespace {
 
-constexpr std::size_t kPieceBytes = std::size_t{256} << 10U;
+constexpr std::size_t kPieceBytes = std::size_t{64} << 10U;
 
 std::string ScriptOf(const std::string& path) {
   if (!tools::FolderExists(path)) {

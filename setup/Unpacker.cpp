@@ -11,7 +11,7 @@ namespace setup {
 
 namespace {
 
-constexpr std::size_t kPieceBytes = std::size_t{256} << 10U;
+constexpr std::size_t kPieceBytes = std::size_t{64} << 10U;
 
 [[noreturn]] void RaiseDamaged(const Archive& archive, const Member& member,
                                const std::string& reason) {

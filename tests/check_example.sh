@@ -1,5 +1,5 @@
 #!/bin/sh
-# Builds both versions of the example product and fails on any error, warning or finding.
+# Builds both versions of the example product and fails on any error, warning or finding, of the proof too.
 #
 #   check_example.sh PACKWRIGHT_BUILD WORK_FOLDER
 set -eu
@@ -9,7 +9,7 @@ product=$(dirname "$0")/../examples/Messprotokoll/Messprotokoll.product
 
 for version in 1.0.0 1.1.0; do
   "$program" "$product" $version --check --output "$work/$version"
-  "$program" "$product" $version --zip --overwrite --output "$work/$version"
+  "$program" "$product" $version --zip --overwrite --prove --output "$work/$version"
   # A log without problems is its banner, its date and an empty line.
   [ "$(wc -l <"$work/$version/build.log")" = 3 ] || {
     cat "$work/$version/build.log" >&2

@@ -34,6 +34,18 @@ Json HeadOf(const setup::Setup& setup) {
   return head;
 }
 
+const char* OutcomeName(setup::InstalledFile::Outcome outcome) {
+  switch (outcome) {
+    case setup::InstalledFile::Outcome::New:
+      return "new";
+    case setup::InstalledFile::Outcome::Replaced:
+      return "replaced";
+    case setup::InstalledFile::Outcome::Kept:
+      return "kept";
+  }
+  return "";
+}
+
 }  // namespace
 
 const char* RuleName(setup::CopyRule rule) {
@@ -80,6 +92,33 @@ void JsonSetupReport::Listing(const setup::Setup& setup) {
                          {"stored", file.stored},
                          {"line", file.line}});
   }
+}
+
+void JsonSetupReport::Installed(const setup::InstalledFile& file) {
+  WriteLine(Output(), {{"event", "installed"},
+                       {"target", file.planned.target},
+                       {"place", file.place},
+                       {"outcome", OutcomeName(file.outcome)},
+                       {"redirected", file.IsRedirected()}});
+}
+
+void JsonSetupReport::InstallationEnd(const setup::InstallationTotals& totals,
+                                      const std::string& folder) {
+  if (Quiet()) return;
+  WriteLine(Output(), {{"event", "unpacked"},
+                       {"folder", folder},
+                       {"created", totals.created},
+                       {"replaced", totals.replaced},
+                       {"kept", totals.kept},
+                       {"bytes", totals.bytes}});
+}
+
+void JsonSetupReport::ProofEnd(const setup::ProofResult& result) {
+  if (Quiet()) return;
+  WriteLine(Output(), {{"event", "proof"},
+                       {"proven", result.findings.empty()},
+                       {"files", result.files},
+                       {"bytes", result.bytes}});
 }
 
 void JsonSetupReport::ShowProgress(const tools::Progress& progress) {

@@ -3,6 +3,9 @@
 //
 //   setup      name, script, year, author, toolVersion, confirmation, registration, folder, archive
 //   file       component, target, size, rule, registersItself, vital, stored, line
+//   installed  target, place, outcome, redirected
+//   unpacked   folder, created, replaced, kept, bytes
+//   proof      proven, files, bytes
 //   finding    file, line, text, component, componentTitle, entry
 //   findings   count
 //   progress   filesDone, filesTotal, bytesDone, bytesTotal
@@ -21,6 +24,9 @@ class JsonSetupReport : public SetupReport {
   void OnFinding(const setup::Finding& finding) override;
   void FindingsEnd(std::size_t count) override;
   void Listing(const setup::Setup& setup) override;
+  void Installed(const setup::InstalledFile& file) override;
+  void InstallationEnd(const setup::InstallationTotals& totals, const std::string& folder) override;
+  void ProofEnd(const setup::ProofResult& result) override;
 
  protected:
   void ShowProgress(const tools::Progress& progress) override;

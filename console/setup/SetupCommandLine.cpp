@@ -31,13 +31,27 @@ CLI::App* AddCommand(CLI::App& app, SetupCommandLine& line, Command command, con
   sub->set_help_flag("--help,-h", "Diese Hilfe anzeigen");
   sub->final_callback([&line, command] { line.command = command; });
   sub->group("Befehle");
-  LabelInGerman(*sub, kExitCodes);
   return sub;
 }
 
 void DefineCommands(CLI::App& app, SetupCommandLine& line) {
   AddCommand(app, line, Command::List, "list", "Auflisten, was das Setup installieren würde");
+  AddCommand(app, line, Command::Unpack, "unpack",
+             "Das Setup zur Probe in einen Ordner installieren")
+      ->add_option("--into", line.into, "Ordner der Probe: leer oder noch nicht da")
+      ->type_name("ORDNER")
+      ->required();
+  CLI::App* const prove = AddCommand(app, line, Command::Prove, "prove",
+                                     "Beweisen, dass das Setup die Version ganz enthält");
+  prove->add_option("--product", line.product, "Produktdatei (*.product)")
+      ->type_name("DATEI")
+      ->required();
+  prove->add_option("--version", line.version, "Version, zum Beispiel 1.0.0")
+      ->type_name("VERSION")
+      ->required();
   app.require_subcommand(0, 1);
+  LabelInGerman(app, kExitCodes);
+  for (CLI::App* const sub : app.get_subcommands({})) LabelInGerman(*sub, kExitCodes);
 }
 
 }  // namespace
@@ -50,7 +64,6 @@ std::optional<SetupCommandLine> ParseSetupCommandLine(const std::vector<std::str
   CLI::App app(kDescription, "packwright-setup");
   app.add_flag("--version", showVersion, "Version dieses Programms anzeigen");
   app.set_help_flag("--help,-h", "Diese Hilfe anzeigen");
-  LabelInGerman(app, kExitCodes);
   DefineCommands(app, line);
 
   std::string objection;
@@ -68,8 +81,8 @@ std::optional<SetupCommandLine> ParseSetupCommandLine(const std::vector<std::str
     output << app.help();
     return std::nullopt;
   } catch (const CLI::RequiredError& error) {
-    objection = "Ein Argument fehlt: " +
-                std::string(error.what()).substr(0, std::string(error.what()).find(' '));
+    const std::string detail = error.what();  // "NAME is required"
+    objection = "Ein Argument fehlt: " + detail.substr(0, detail.find(' '));
   } catch (const CLI::ParseError& error) {
     objection = GermanText(error);
   }

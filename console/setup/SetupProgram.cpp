@@ -3,18 +3,32 @@
 #include <memory>
 #include <optional>
 
+#include "console/ProductProof.h"
+#include "console/ProductVersion.h"
 #include "console/setup/JsonSetupReport.h"
 #include "console/setup/SetupCommandLine.h"
 #include "console/setup/TextSetupReport.h"
 #include "setup/Setup.h"
+#include "setup/TestInstallation.h"
+#include "tools/Disk.h"
 #include "tools/Error.h"
 #include "tools/Path.h"
+#include "tools/SettingsStore.h"
 
 namespace console {
 
 namespace {
 
 using Command = SetupCommandLine::Command;
+
+/// Opens the setup that the call names.
+setup::Setup Open(const std::string& path) {
+  try {
+    return setup::OpenSetup(path);
+  } catch (const tools::Error& error) {
+    throw BadCall{error.what()};
+  }
+}
 
 /// Tells the findings; the exit code that they ask for.
 ExitCode Conclude(const std::vector<setup::Finding>& findings, std::size_t further,
@@ -40,10 +54,43 @@ void FindMissingFiles(setup::Setup& setup) {
 }
 
 ExitCode List(const std::string& path, SetupReport& report) {
-  setup::Setup setup = setup::OpenSetup(path);
+  setup::Setup setup = Open(path);
   FindMissingFiles(setup);
   report.Listing(setup);
   return Conclude(setup.findings, setup.furtherFindings, report);
+}
+
+ExitCode Unpack(const std::string& path, const std::string& folder, tools::Disk& disk,
+                SetupReport& report) {
+  setup::Setup setup = Open(path);
+  FindMissingFiles(setup);
+  // The runtime would stop in the middle: no place to begin.
+  if (!setup.findings.empty()) return Conclude(setup.findings, setup.furtherFindings, report);
+  if (!setup::IsFreeFolder(folder)) {
+    report.Failure("Der Ordner der Probe ist nicht leer: " + folder);
+    return ExitCode::Stopped;
+  }
+  const setup::InstallationTotals totals =
+      setup::InstallInto(setup, folder, disk,
+                         {[&](const setup::InstalledFile& file) { report.Installed(file); },
+                          [&](const tools::Progress& progress) { report.OnProgress(progress); }});
+  report.InstallationEnd(totals, folder);
+  return ExitCode::Built;
+}
+
+ExitCode Prove(const std::string& path, const SetupCommandLine& line,
+               const Surroundings& surroundings, SetupReport& report) {
+  const setup::Setup setup = Open(path);
+  tools::SettingsStore store(surroundings.disk);
+  model::ModProject project(store);
+  OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
+  const std::int32_t version = FindVersion(project, line.version);
+  const setup::ProofResult result =
+      ProveVersion(setup, project, version, tools::SystemClock(),
+                   [&](const tools::Progress& progress) { report.OnProgress(progress); });
+  const ExitCode code = Conclude(result.findings, result.furtherFindings, report);
+  report.ProofEnd(result);
+  return code;
 }
 
 ExitCode Run(const SetupCommandLine& line, const Surroundings& surroundings, SetupReport& report) {
@@ -51,6 +98,11 @@ ExitCode Run(const SetupCommandLine& line, const Surroundings& surroundings, Set
   switch (line.command) {
     case Command::List:
       return List(path, report);
+    case Command::Prove:
+      return Prove(path, line, surroundings, report);
+    case Command::Unpack:
+      return Unpack(path, tools::ResolvePath(line.into, surroundings.workingFolder),
+                    surroundings.disk, report);
   }
   return ExitCode::BadCall;
 }
@@ -76,10 +128,13 @@ ExitCode RunSetupProgram(const std::vector<std::string>& arguments,
   } catch (const Interrupted&) {
     report->Failure("Abgebrochen.");
     return ExitCode::Stopped;
+  } catch (const BadCall& bad) {
+    report->Failure(bad.text);
+    return ExitCode::BadCall;
   } catch (const tools::Error& error) {
     report->Failure(error.what());
+    return ExitCode::Stopped;
   }
-  return ExitCode::BadCall;
 }
 
 }  // namespace console

@@ -19,7 +19,7 @@ SetupReport::SetupReport(Streams streams, Report::InterruptTest interrupted, boo
 void SetupReport::OnProgress(const tools::Progress& progress) {
   if (interrupted_()) throw Interrupted();
   const auto now = std::chrono::steady_clock::now();
-  if (quiet_ || now - lastShown_ < kProgressInterval) return;
+  if (quiet_ || progress.filesTotal == 0 || now - lastShown_ < kProgressInterval) return;
   lastShown_ = now;
   ShowProgress(progress);
 }

@@ -7,7 +7,9 @@
 
 #include "console/Report.h"
 #include "setup/Finding.h"
+#include "setup/Proof.h"
 #include "setup/Setup.h"
+#include "setup/TestInstallation.h"
 #include "tools/Dialogs.h"
 
 namespace console {
@@ -30,6 +32,12 @@ class SetupReport {
   virtual void FindingsEnd(std::size_t count) = 0;
   /// What the setup would install.
   virtual void Listing(const setup::Setup& setup) = 0;
+  /// A file of a test installation.
+  virtual void Installed(const setup::InstalledFile& file) = 0;
+  virtual void InstallationEnd(const setup::InstallationTotals& totals,
+                               const std::string& folder) = 0;
+  /// The end of a proof whose findings have been told.
+  virtual void ProofEnd(const setup::ProofResult& result) = 0;
 
  protected:
   virtual void ShowProgress(const tools::Progress& progress) = 0;

@@ -140,6 +140,30 @@ void TextSetupReport::ListFiles(const setup::Setup& setup) {
   table.WriteAligned(Output(), "  ");
 }
 
+void TextSetupReport::Installed(const setup::InstalledFile& file) {
+  // Where the other files are is plain to see.
+  if (!file.IsRedirected() || Quiet()) return;
+  ClearProgress();
+  Output() << file.planned.target << " -> " << file.place << '\n';
+}
+
+void TextSetupReport::InstallationEnd(const setup::InstallationTotals& totals,
+                                      const std::string& folder) {
+  ClearProgress();
+  if (Quiet()) return;
+  Output() << "Zur Probe installiert: " << folder << '\n'
+           << "  Neu:        " << totals.created << '\n'
+           << "  Ersetzt:    " << totals.replaced << '\n'
+           << "  Geblieben:  " << totals.kept << '\n'
+           << "  Bytes:      " << ByteText(totals.bytes) << '\n';
+}
+
+void TextSetupReport::ProofEnd(const setup::ProofResult& result) {
+  ClearProgress();
+  if (Quiet() || !result.findings.empty()) return;
+  Output() << ProofText(result) << '\n';
+}
+
 void TextSetupReport::ShowProgress(const tools::Progress& progress) {
   if (!GetStreams().errorsAreTerminal) return;
   Errors() << kEraseLine << progress.filesDone << " von " << progress.filesTotal << " Dateien, "

@@ -15,6 +15,9 @@ class TextSetupReport : public SetupReport {
   void OnFinding(const setup::Finding& finding) override;
   void FindingsEnd(std::size_t count) override;
   void Listing(const setup::Setup& setup) override;
+  void Installed(const setup::InstalledFile& file) override;
+  void InstallationEnd(const setup::InstallationTotals& totals, const std::string& folder) override;
+  void ProofEnd(const setup::ProofResult& result) override;
 
  protected:
   void ShowProgress(const tools::Progress& progress) override;

@@ -8,11 +8,13 @@
 int main(int argc, char** argv) {
   try {
     console::WatchForInterrupt();
+    tools::SystemDisk disk;
     const console::Surroundings surroundings{
         .streams = {std::cout, std::cerr, console::ErrorsGoToTerminal(),
                     console::OutputGoesToTerminal()},
         .workingFolder = console::WorkingFolder(),
         .programFolder = console::ProgramFolder(),
+        .disk = disk,
         .interrupted = console::WasInterrupted};
     return static_cast<int>(
         console::RunSetupProgram(console::ProgramArguments(argc, argv), surroundings));

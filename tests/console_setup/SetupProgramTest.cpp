@@ -26,7 +26,8 @@ class SetupProgramTest : public tests::BuildFixture {
     const ExitCode code =
         RunSetupProgram(arguments, {.streams = {output, errors, terminal, terminal},
                                     .workingFolder = folder_.Path(),
-                                    .programFolder = {}});
+                                    .programFolder = {},
+                                    .disk = disk_});
     output_ = output.str();
     errors_ = errors.str();
     return code;
@@ -75,6 +76,33 @@ TEST_F(SetupProgramTest, ListsTheSameForProgramsPackagedAndNot) {
   EXPECT_EQ(output_, tools::ReplaceAll(tree, "\t3.", "\tInstallPath\\c"));
 }
 
+TEST_F(SetupProgramTest, InstallsIntoAnEmptyFolder) {
+  product_.AddComponent("Fest",
+                        {Source("d.txt", "d", "TargetFolder=2004\nTargetSubFolder=C:\\D\n")});
+  Run();
+  EXPECT_EQ(Call({"unpack", "aus", "--into", "probe"}), ExitCode::Built) << errors_;
+  EXPECT_THAT(output_, HasSubstr("C:\\D\\d.txt -> C/D/d.txt\nZur Probe installiert: "));
+  EXPECT_EQ(folder_.Read("probe/InstallPath/x/b.txt") + folder_.Read("probe/C/D/d.txt"), "bbd");
+  EXPECT_EQ(Call({"unpack", "aus", "--into", "probe"}), ExitCode::Stopped);
+  EXPECT_THAT(errors_, HasSubstr("nicht leer"));
+  folder_.Write("aus/Probe.install", tools::ReplaceAll(Out("Probe.install"), "End Sub", ""));
+  EXPECT_EQ(Call({"unpack", "aus", "--into", "neu"}), ExitCode::BuiltWithErrors);
+  EXPECT_FALSE(folder_.Holds("neu"));
+}
+
+TEST_F(SetupProgramTest, ProvesASetup) {
+  Run();
+  const std::vector<std::string> call{"prove",     "aus",  "--product", "Produkt/Probe.product",
+                                      "--version", "1.0.0"};
+  folder_.Write("aus/Probe.install", tools::ReplaceAll(Out("Probe.install"), "2031", "2020"));
+  EXPECT_EQ(Call(call), ExitCode::Built) << errors_;
+  EXPECT_EQ(output_,
+            "Bewiesen: 3 Dateien, 1,5 kB kommen ganz und unverändert an, und sonst nichts.\n");
+  folder_.Write("quelle/b.txt", "bc");
+  EXPECT_EQ(Call(call), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(errors_, HasSubstr("[Komponente 1 \"Über\", Eintrag 2]\n1 Beanstandung.\n"));
+}
+
 TEST_F(SetupProgramTest, TellsFindingsWithTheirPlace) {
   Run();
   std::string script = Out("Probe.install");
@@ -95,6 +123,7 @@ TEST_F(SetupProgramTest, TellsFindingsWithTheirPlace) {
 }
 
 TEST_F(SetupProgramTest, RefusesCallsThatItCannotCarryOut) {
+  Run();
   const struct {
     std::vector<std::string> arguments;
     std::string text;
@@ -103,6 +132,8 @@ TEST_F(SetupProgramTest, RefusesCallsThatItCannotCarryOut) {
       {{"list"}, "Ein Argument fehlt: SETUP"},
       {{"list", "aus", "--bunt"}, "Unbekanntes Argument: --bunt"},
       {{"zeige", "aus"}, "Unbekanntes Argument:"},
+      {{"prove", "aus", "--product", "nichts.product", "--version", "1.0.0"},
+       "Die Produktdatei wurde nicht gefunden"},
       {{"list", "nirgends"}, "Das Setup wurde nicht gefunden: "},
   };
   for (const auto& one : cases) {

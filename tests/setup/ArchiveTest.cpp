@@ -64,7 +64,7 @@ TEST_F(ArchiveTest, NamesArchiveAndMemberWhenTheBytesAreNotThoseOfTheDirectory) 
 }
 
 TEST_F(ArchiveTest, NamesAFileThatIsCutOffAnywhere) {
-  const std::string whole = tests::MakeZip({{"1.txt", "eins"}, {"2.txt", long_, true}});
+  const std::string whole = tests::MakeZip({{"1.txt", "eins"}, {"2.txt", "zwei", true}});
   for (std::size_t size = 0; size < whole.size(); ++size) {
     const std::string path = folder_.Write("a.zip", whole.substr(0, size));
     EXPECT_THAT(tests::ErrorOf([&] { const Archive archive(path); }), HasSubstr(path)) << size;

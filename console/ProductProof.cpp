@@ -1,0 +1,102 @@
+#include "console/ProductProof.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "tools/StandardTexts.h"
+#include "tools/Text.h"
+
+namespace console {
+
+namespace {
+
+setup::ExpectedEntry ExpectedEntryOf(const build::SurveyedComponent& component,
+                                     build::SurveyedEntry& entry) {
+  const model::ICFile& file = entry.file;
+  return {.component = component.slot,
+          .componentTitle = component.title,
+          .entry = entry.number,
+          .targetFolder = file.TargetFolder,
+          .targetSubFolder = file.TargetSubFolder,
+          .targetName = file.TargetName,
+          .overwrites = file.Overwrite != 0,
+          .registersItself = file.SelfRegisterDLL == 1,
+          .pathReminder = file.RegisterPath == 1,
+          .vital = file.Vital != 0,
+          .sources = std::move(entry.sources)};
+}
+
+// What kept the version from being surveyed whole. Warnings are no fault of the setup.
+std::vector<setup::Finding> ProblemsOf(const build::Survey& survey) {
+  std::vector<setup::Finding> findings;
+  for (const build::BuildMessage& unread : survey.unread) {
+    findings.push_back({.text = unread.text, .component = unread.component});
+  }
+  const auto add = [&](const std::vector<build::SurveyProblem>& problems,
+                       const build::SurveyedComponent& component, std::int32_t entry) {
+    for (const build::SurveyProblem& problem : problems) {
+      if (problem.severity != build::Severity::Error) continue;
+      findings.push_back({.text = problem.userText,
+                          .component = component.slot,
+                          .componentTitle = component.title,
+                          .entry = entry});
+    }
+  };
+  for (const build::SurveyedComponent& component : survey.components) {
+    add(component.problems, component, 0);
+    for (const build::SurveyedEntry& entry : component.entries) {
+      add(entry.problems, component, entry.number);
+    }
+  }
+  return findings;
+}
+
+}  // namespace
+
+setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int32_t version,
+                                     build::Survey& survey, const tools::Clock& clock) {
+  setup::ExpectedSetup expected;
+  expected.title = project.ReadProductSetting("Product", "Title", "");
+  expected.author = project.ReadProductSetting("Product", "Author", "");
+  expected.confirmation = tools::ReplaceAll(model::LoadText(351), "%title%", expected.title);
+  expected.cancellation = model::LoadText(352);
+  expected.failure = {.message = model::LoadText(353),
+                      .caption = tools::StandardText(tools::kTextError),
+                      .cancellation = model::LoadText(354)};
+  expected.latestYear = clock.Year();
+  const std::string key = project.ReadVersionSetting(version, "Tessel", "Key", "");
+  if (!key.empty()) {
+    expected.registration = {key,
+                             project.ReadVersionSetting(version, "Tessel", "Title", expected.title),
+                             project.ReadVersionSetting(version, "Tessel", "Type", "1")};
+  }
+  for (build::SurveyedComponent& component : survey.components) {
+    for (build::SurveyedEntry& entry : component.entries) {
+      if (!entry.sources.empty()) {
+        expected.entries.push_back(ExpectedEntryOf(component, entry));
+      }
+    }
+  }
+  return expected;
+}
+
+setup::ProofResult ProveVersion(const setup::Setup& setup, const model::ModProject& project,
+                                std::int32_t version, const tools::Clock& clock,
+                                const std::function<void(const tools::Progress&)>& onProgress) {
+  setup::ExpectedSetup expected;
+  std::vector<setup::Finding> problems;
+  {
+    build::Survey survey =
+        build::SurveyVersion(project, version, setup.folder, [&onProgress] { onProgress({}); });
+    problems = ProblemsOf(survey);
+    expected = ExpectedSetupOf(project, version, survey, clock);
+  }
+  setup::ProofResult result =
+      setup::Prove(setup, expected, std::thread::hardware_concurrency(), onProgress);
+  result.findings.insert(result.findings.begin(), problems.begin(), problems.end());
+  return result;
+}
+
+}  // namespace console
