@@ -22,7 +22,7 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
       dialogs_(dialogs != nullptr ? *dialogs : desktopDialogs_),
       project_(settings_),
       newProductForm_(*registry_, dialogs_),
-      operations_(project_, dialogs_, clock_, newProductForm_),
+      operations_(project_, disk_, dialogs_, clock_, newProductForm_),
       pageRegistry_(pages::AllPages()),
       wizards_({.project = project_,
                 .operations = operations_,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 #include <utility>
 
 #include "model/SlotNumbers.h"
@@ -46,7 +47,6 @@ std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::
 }  // namespace
 
 bool IsSafeVersionText(std::string_view version) {
-  if (version.find("..") != std::string_view::npos) return false;
   return std::none_of(version.begin(), version.end(), [](char c) {
     return c == '/' || c == '\\' || c == ':' || c == '\x7F' || (c >= 0 && c < ' ');
   });
@@ -75,7 +75,9 @@ std::string ModProject::ReadProductSetting(std::string_view section, std::string
 
 void ModProject::WriteProductSetting(std::string_view section, std::string_view key,
                                      std::string_view value) {
-  if (IsOpen()) settings_.Write(productPath_, section, key, value);
+  if (!IsOpen()) return;
+  RequireProduct();
+  settings_.Write(productPath_, section, key, value);
 }
 
 std::string ModProject::ReadVersionSetting(std::int32_t version, std::string_view section,
@@ -87,7 +89,11 @@ std::string ModProject::ReadVersionSetting(std::int32_t version, std::string_vie
 
 void ModProject::WriteVersionSetting(std::int32_t version, std::string_view section,
                                      std::string_view key, std::string_view value) {
-  if (IsOpen()) settings_.Write(VersionFilePath(version), section, key, value);
+  if (!IsOpen()) return;
+  const std::string path = VersionFilePath(version);
+  // One look for the many writes of a batch.
+  if (!settings_.IsBeingWritten(path)) RequireVersion(version);
+  settings_.Write(path, section, key, value);
 }
 
 std::string ModProject::ReadComponentSetting(std::int32_t version, std::int32_t component,
@@ -100,7 +106,28 @@ std::string ModProject::ReadComponentSetting(std::int32_t version, std::int32_t 
 void ModProject::WriteComponentSetting(std::int32_t version, std::int32_t component,
                                        std::string_view section, std::string_view key,
                                        std::string_view value) {
-  if (IsOpen()) settings_.Write(ComponentFilePath(version, component), section, key, value);
+  if (!IsOpen()) return;
+  const std::string path = ComponentFilePath(version, component);
+  if (!settings_.IsBeingWritten(path)) RequireComponent(version, component);
+  settings_.Write(path, section, key, value);
+}
+
+void ModProject::RequireProduct() const {
+  if (settings_.Exists(productPath_)) return;
+  throw tools::PathError("Die Projektdatei ist nicht mehr vorhanden", productPath_, {});
+}
+
+void ModProject::RequireVersion(std::int32_t version) const {
+  const std::string path = VersionFilePath(version);
+  if (!VersionString(version).empty() && settings_.Exists(path)) return;
+  throw tools::PathError("Die Version ist nicht mehr vorhanden", path, {});
+}
+
+void ModProject::RequireComponent(std::int32_t version, std::int32_t component) const {
+  RequireVersion(version);
+  if (!ComponentTitle(version, component).empty()) return;
+  throw tools::PathError("Die Komponente ist nicht mehr vorhanden",
+                         ComponentFilePath(version, component), {});
 }
 
 std::string ModProject::VersionFilePath(std::int32_t version) const {
@@ -168,6 +195,18 @@ std::vector<std::int32_t> ModProject::ComponentSlots(std::int32_t version) const
   std::erase_if(
       slots, [this, version](std::int32_t slot) { return ComponentTitle(version, slot).empty(); });
   return slots;
+}
+
+std::vector<std::string> ModProject::StoredVersionTexts() const {
+  if (!IsOpen()) return {};
+  std::vector<std::string> texts;
+  constexpr std::int32_t kAnySlot = std::numeric_limits<std::int32_t>::max();
+  for (const std::int32_t slot :
+       SlotsNamedIn(settings_.Load(productPath_)->Render(), kVersionKey, kAnySlot)) {
+    texts.push_back(VersionString(slot));
+  }
+  std::erase(texts, std::string());
+  return texts;
 }
 
 std::string ModProject::DefaultOutputFolder(std::int32_t configuration) const {

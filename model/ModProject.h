@@ -56,6 +56,12 @@ class ModProject {
   void WriteComponentSetting(std::int32_t version, std::int32_t component, std::string_view section,
                              std::string_view key, std::string_view value);
 
+  /// Raise tools::Error naming the file when the open product, a version (its slot or its file) or
+  /// a component (its title) is gone.
+  void RequireProduct() const;
+  void RequireVersion(std::int32_t version) const;
+  void RequireComponent(std::int32_t version, std::int32_t component) const;
+
   /// Paths of the files that hold the settings of a version and of a component; empty while no
   /// product is open. Raises tools::Error when the stored version text could lead out of the
   /// product's folder (see IsSafeVersionText).
@@ -74,6 +80,8 @@ class ModProject {
   [[nodiscard]] std::string VersionString(std::int32_t version) const;
   /// The slots of the versions there are, ascending. Quick whatever the count in the file says.
   [[nodiscard]] std::vector<std::int32_t> VersionSlots() const;
+  /// The texts of all versions that the product file holds, those beyond a damaged count too.
+  [[nodiscard]] std::vector<std::string> StoredVersionTexts() const;
   /// The highest component slot ever used in a version; 0 and errors as above.
   [[nodiscard]] std::int32_t ComponentCount(std::int32_t version) const;
   /// The component's title, empty for a free slot.
@@ -95,8 +103,8 @@ class ModProject {
   std::string productPath_;
 };
 
-/// False for a version text that holds path separators, "..", a colon or control characters: a
-/// folder named after it could lie outside the product's folder.
+/// False for a version text that holds path separators, a colon or control characters: a folder
+/// named after it could lie outside the product's folder.
 [[nodiscard]] bool IsSafeVersionText(std::string_view version);
 
 }  // namespace model

@@ -7,6 +7,7 @@
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/Files.h"
+#include "tools/Leftovers.h"
 #include "tools/Path.h"
 #include "tools/SpecialFolders.h"
 #include "tools/StandardTexts.h"
@@ -40,10 +41,14 @@ std::string Trimmed(const std::string& text) { return std::string(tools::TrimBla
 
 }  // namespace
 
-ModProjectOperations::ModProjectOperations(ModProject& project, tools::Dialogs& dialogs,
-                                           const tools::Clock& clock,
+ModProjectOperations::ModProjectOperations(ModProject& project, tools::Disk& disk,
+                                           tools::Dialogs& dialogs, const tools::Clock& clock,
                                            NewProductForm& newProductForm)
-    : project_(project), dialogs_(dialogs), clock_(clock), newProductForm_(newProductForm) {}
+    : project_(project),
+      disk_(disk),
+      dialogs_(dialogs),
+      clock_(clock),
+      newProductForm_(newProductForm) {}
 
 void ModProjectOperations::Connect(MainView& view, OpenPages& pages) {
   view_ = &view;
@@ -65,13 +70,19 @@ bool ModProjectOperations::CreateProduct(const model::NewProduct& product) {
                                      tools::MessageAnswer::No) != tools::MessageAnswer::Yes) {
     return false;
   }
-  if (!folder.empty()) tools::MakeFolder(folder);
-  // One replacement: an older product file of that name stays until the new one is whole.
   tools::SettingsFile file;
   file.Write("General", "Version", ModProject::kFormatVersion);
   file.Write("Product", "Title", Trimmed(product.title));
   file.Write("Product", "Author", Trimmed(product.author));
-  project_.Settings().ReplaceFile(path, file);
+  Change([&](Undo& undo) {
+    if (!folder.empty()) {
+      for (const std::string& made : disk_.MakeFolder(folder)) {
+        undo.Add([this, made] { disk_.DiscardFolder(made); });
+      }
+    }
+    // One replacement: an older product file of that name stays until the new one is whole.
+    project_.Settings().ReplaceFile(path, file);
+  });
   return OpenProduct(path);
 }
 
@@ -162,7 +173,6 @@ void ModProjectOperations::AddVersion() {
   }
   if (version.empty()) return;
   CreateVersion(version, latest);
-  view_->UpdateTree();
 }
 
 std::string ModProjectOperations::NextVersionText(std::int32_t latest) const {
@@ -173,91 +183,166 @@ std::string ModProjectOperations::NextVersionText(std::int32_t latest) const {
 }
 
 bool ModProjectOperations::VersionExists(const std::string& version) const {
-  const std::vector<std::int32_t> used = project_.VersionSlots();
   // A free slot's text is empty, and an empty answer is compared like any other.
-  if (version.empty()) return FirstFreeSlot(used) <= project_.VersionCount();
+  if (version.empty()) return FirstFreeSlot(project_.VersionSlots()) <= project_.VersionCount();
+  const std::vector<std::string> stored = project_.StoredVersionTexts();
   const std::string wanted = tools::LowerCase(version);
-  return std::any_of(used.begin(), used.end(), [&](std::int32_t slot) {
-    return Trimmed(tools::LowerCase(project_.VersionString(slot))) == wanted;
+  return std::any_of(stored.begin(), stored.end(), [&](const std::string& text) {
+    return Trimmed(tools::LowerCase(text)) == wanted || HaveOneFolder(text, version);
   });
 }
 
-// The folder comes first and is taken back when the settings cannot be written, so that a version
-// that is listed always has its folder.
+// File systems have their own ideas of which names are one.
+bool ModProjectOperations::HaveOneFolder(const std::string& stored,
+                                         const std::string& version) const {
+  if (!IsSafeVersionText(stored) || !IsSafeVersionText(version)) return false;
+  const tools::FileStamp one = tools::StampOf(project_.VersionFolder(stored));
+  const tools::FileStamp other = tools::StampOf(project_.VersionFolder(version));
+  return one.exists && other.exists && one.device == other.device && one.identity == other.identity;
+}
+
+std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
+    std::int32_t latest) const {
+  auto file = latest == 0 ? std::make_shared<tools::SettingsFile>()
+                          : project_.Settings().Load(project_.VersionFilePath(latest))->Clone();
+  file->Write("General", "Created", clock_.DateTimeText());
+  return file;
+}
+
+// The folder is made whole under another name. A folder that has the version's name already goes
+// when the version is there, so that an error leaves it too as it was. The product file, which
+// makes the version visible, comes last.
 void ModProjectOperations::CreateVersion(const std::string& version, std::int32_t latest) {
-  RequireProductFile();
+  project_.RequireProduct();
   const std::string folder = project_.VersionFolder(version);
-  const std::string file = tools::JoinPath(folder, ModProject::kVersionFileName);
-  const std::string inherited = latest == 0 ? std::string() : project_.VersionFilePath(latest);
+  const std::shared_ptr<tools::SettingsFile> file = NewVersionFile(latest);
   std::int32_t slot = FirstFreeSlot(project_.VersionSlots());
   // A damaged count must not make a slot beyond it look free.
   while (!project_.VersionString(slot).empty()) ++slot;
-  tools::RemoveFolderTree(folder);
-  tools::MakeFolder(folder);
+  const std::string old = tools::TemporaryNameBeside(folder);
+  Change([&](Undo& undo) {
+    const std::string fresh = WriteVersionFolder(folder, *file, undo);
+    if (tools::FolderExists(folder)) {
+      disk_.MoveFolder(folder, old);
+      const auto held = std::make_shared<tools::HeldTemporary>(old);
+      undo.Add([&, held] { disk_.MoveFolder(old, folder); });
+    }
+    disk_.MoveFolder(fresh, folder);
+    undo.Add([=, this] { disk_.MoveFolder(folder, fresh); });
+    ListVersion(slot, version);
+  });
+  RemoveAndShow(old);
+}
+
+std::string ModProjectOperations::WriteVersionFolder(const std::string& folder,
+                                                     const tools::SettingsFile& file, Undo& undo) {
   try {
-    if (tools::FileExists(inherited)) {
-      const tools::CopyResult copy = tools::CopyFile(inherited, file);
-      if (!copy.Succeeded()) {
-        throw tools::PathError("Die Version kann nicht kopiert werden", inherited, copy.cause);
-      }
-    }
-    tools::SettingsStore::Batch batch(project_.Settings());
-    if (project_.VersionCount() < slot) {
-      project_.WriteProductSetting(kVersions, kCount, std::to_string(slot));
-    }
-    project_.WriteProductSetting(kVersions, NumberedKey("Ver", slot), version);
-    project_.WriteVersionSetting(slot, "General", "Created", clock_.DateTimeText());
-    batch.Commit();
-  } catch (...) {
-    if (project_.VersionString(slot) != version) tools::RemoveFolderTree(folder);
-    throw;
+    const auto held = std::make_shared<tools::HeldTemporary>(
+        folder, [this](const std::string& path) { disk_.MakeFolder(path); });
+    undo.Add([this, held] { RemoveIfThere(held->Path()); });
+    tools::WriteTextFile(disk_, tools::JoinPath(held->Path(), ModProject::kVersionFileName),
+                         file.Render(), tools::ReplacementFile::Durability::Flushed);
+    return held->Path();
+  } catch (const tools::Error& error) {
+    throw tools::PathError("Die Version kann nicht angelegt werden", folder, error.Cause());
   }
 }
 
-// Writing to a product that is gone would leave a file that holds next to nothing in its place.
-void ModProjectOperations::RequireProductFile() const {
-  if (!tools::FileExists(project_.ProductPath())) {
-    throw tools::PathError("Die Projektdatei ist nicht mehr vorhanden", project_.ProductPath(), {});
+void ModProjectOperations::ListVersion(std::int32_t slot, const std::string& version) {
+  tools::SettingsStore::Batch batch(project_.Settings());
+  if (project_.VersionCount() < slot) {
+    project_.WriteProductSetting(kVersions, kCount, std::to_string(slot));
   }
+  project_.WriteProductSetting(kVersions, NumberedKey("Ver", slot), version);
+  batch.Commit();
 }
 
-// The folder is first renamed, which happens wholly or not at all: an error leaves the version
-// either as it was or deleted.
-void ModProjectOperations::DeleteVersion(std::int32_t version) {
+// The version first leaves the product file. Its folder is then renamed, which happens wholly or
+// not at all: an error leaves the version either as it was or deleted.
+void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string& shownText) {
   if (!ConfirmDeletion()) return;
-  RequireProductFile();
+  project_.RequireProduct();
+  if (IsOutdated(project_.VersionString(version), shownText)) return;
   const std::string folder = tools::FolderOf(project_.VersionFilePath(version));
   const std::string removed = tools::TemporaryNameBeside(folder);
-  const bool exists = tools::FolderExists(folder);
-  if (exists) tools::MoveFolder(folder, removed);
-  try {
-    project_.WriteProductSetting(kVersions, NumberedKey("Ver", version), "");
-  } catch (...) {
-    if (exists) tools::MoveFolder(removed, folder);
-    throw;
-  }
-  view_->UpdateTree();
-  tools::RemoveFolderTree(removed);
+  const std::string key = NumberedKey("Ver", version);
+  Change([&](Undo& undo) {
+    project_.WriteProductSetting(kVersions, key, "");
+    undo.Add([&] { project_.WriteProductSetting(kVersions, key, shownText); });
+    if (tools::FolderExists(folder)) disk_.MoveFolder(folder, removed);
+  });
+  RemoveAndShow(removed);
 }
 
+// The count comes first: a slot more that is free shows nowhere. The component's file, which makes
+// it visible, comes last, and anew: one that was left in the slot is not inherited.
 void ModProjectOperations::AddComponent(std::int32_t version) {
   const std::string title = Trimmed(dialogs_.InputBox(LoadText(228), LoadText(223), LoadText(229)));
   if (title.empty()) return;
+  project_.RequireVersion(version);
   std::int32_t slot = FirstFreeSlot(project_.ComponentSlots(version));
   // A damaged count must not make a slot beyond it look free.
   while (!project_.ComponentTitle(version, slot).empty()) ++slot;
-  tools::SettingsStore::Batch batch(project_.Settings());
-  if (project_.ComponentCount(version) < slot) {
-    project_.WriteVersionSetting(version, kComponents, kCount, std::to_string(slot));
-  }
-  project_.WriteComponentSetting(version, slot, "Component", "Title", title);
-  batch.Commit();
+  tools::SettingsFile file;
+  file.Write("Component", "Title", title);
+  Change([&](Undo& undo) {
+    if (project_.ComponentCount(version) < slot) {
+      const std::string versionFile = project_.VersionFilePath(version);
+      const auto before = project_.Settings().Load(versionFile);
+      project_.WriteVersionSetting(version, kComponents, kCount, std::to_string(slot));
+      undo.Add([=, this] { project_.Settings().ReplaceFile(versionFile, *before); });
+    }
+    project_.Settings().ReplaceFile(project_.ComponentFilePath(version, slot), file);
+  });
   view_->UpdateTree();
 }
 
-void ModProjectOperations::DeleteComponent(std::int32_t version, std::int32_t component) {
+void ModProjectOperations::DeleteComponent(std::int32_t version, std::int32_t component,
+                                           const std::string& shownVersion,
+                                           const std::string& shownTitle) {
   if (!ConfirmDeletion()) return;
-  tools::DeleteFile(project_.ComponentFilePath(version, component));
+  if (IsOutdated(project_.VersionString(version), shownVersion) ||
+      IsOutdated(project_.ComponentTitle(version, component), shownTitle)) {
+    return;
+  }
+  disk_.DeleteFile(project_.ComponentFilePath(version, component));
+  view_->UpdateTree();
+}
+
+bool ModProjectOperations::IsOutdated(const std::string& stored, const std::string& shown) {
+  if (stored == shown) return false;
+  Refuse(LoadText(400), LoadText(224));
+  view_->UpdateTree();
+  return true;
+}
+
+void ModProjectOperations::Change(const std::function<void(Undo&)>& steps) {
+  Undo undo;
+  try {
+    steps(undo);
+  } catch (const tools::Error& error) {
+    const std::string stayed = undo.Run();
+    if (stayed.empty()) throw;
+    // What is there now may be neither the old nor the new: the tree shows it.
+    view_->UpdateTree();
+    throw tools::Error(std::string(error.what()) + "\nNicht alles wurde zurückgenommen: " + stayed,
+                       error.Cause());
+  }
+}
+
+void ModProjectOperations::RemoveIfThere(const std::string& folder) {
+  if (tools::FolderExists(folder)) disk_.RemoveFolderTree(folder);
+}
+
+// A removal that fails leaves the operation done, and the tree shows it all the same.
+void ModProjectOperations::RemoveAndShow(const std::string& folder) {
+  try {
+    const tools::HeldTemporary held(folder);
+    RemoveIfThere(folder);
+  } catch (...) {
+    view_->UpdateTree();
+    throw;
+  }
   view_->UpdateTree();
 }
 

@@ -6,22 +6,26 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "model/MainView.h"
 #include "model/ModProject.h"
 #include "model/NewProductForm.h"
 #include "model/OpenPages.h"
+#include "model/Undo.h"
 #include "tools/Clock.h"
 #include "tools/Dialogs.h"
+#include "tools/Disk.h"
 
 namespace model {
 
 class ModProjectOperations {
  public:
   /// The references must outlive this object.
-  ModProjectOperations(ModProject& project, tools::Dialogs& dialogs, const tools::Clock& clock,
-                       NewProductForm& newProductForm);
+  ModProjectOperations(ModProject& project, tools::Disk& disk, tools::Dialogs& dialogs,
+                       const tools::Clock& clock, NewProductForm& newProductForm);
 
   /// The window and its pages, which are made after this object and call it. Call before any other
   /// operation; both must outlive this object's use.
@@ -42,9 +46,13 @@ class ModProjectOperations {
   /// The slot of the highest version, 0 when there is none; of equal ones the first.
   [[nodiscard]] std::int32_t LatestVersion() const;
   void AddVersion();
-  void DeleteVersion(std::int32_t version);
+  /// `shownText` is the version's text as the tree was told it; when the slot holds another one now
+  /// (another program changed the product), says so, refreshes the tree and deletes nothing.
+  void DeleteVersion(std::int32_t version, const std::string& shownText);
   void AddComponent(std::int32_t version);
-  void DeleteComponent(std::int32_t version, std::int32_t component);
+  /// `shownVersion` and `shownTitle` as above.
+  void DeleteComponent(std::int32_t version, std::int32_t component,
+                       const std::string& shownVersion, const std::string& shownTitle);
 
  private:
   tools::MessageAnswer Ask(const std::string& text, const std::string& caption,
@@ -54,11 +62,23 @@ class ModProjectOperations {
   [[nodiscard]] std::string AskForProductFile();
   [[nodiscard]] std::string NextVersionText(std::int32_t latest) const;
   [[nodiscard]] bool VersionExists(const std::string& version) const;
+  [[nodiscard]] bool HaveOneFolder(const std::string& stored, const std::string& version) const;
+  [[nodiscard]] std::shared_ptr<tools::SettingsFile> NewVersionFile(std::int32_t latest) const;
   void CreateVersion(const std::string& version, std::int32_t latest);
-  void RequireProductFile() const;
+  /// Makes what will be `folder` under a temporary name, which is returned.
+  std::string WriteVersionFolder(const std::string& folder, const tools::SettingsFile& file,
+                                 Undo& undo);
+  void ListVersion(std::int32_t slot, const std::string& version);
   bool ConfirmDeletion();
+  bool IsOutdated(const std::string& stored, const std::string& shown);
+  /// Runs the steps of an operation; when one fails, takes back those before it and raises the
+  /// error, which then also tells what stayed.
+  void Change(const std::function<void(Undo&)>& steps);
+  void RemoveIfThere(const std::string& folder);
+  void RemoveAndShow(const std::string& folder);
 
   ModProject& project_;
+  tools::Disk& disk_;
   tools::Dialogs& dialogs_;
   const tools::Clock& clock_;
   NewProductForm& newProductForm_;

@@ -78,7 +78,7 @@ class Installer {
 
   void Write(const PlannedFile& file, const Place& place) {
     disk_.Discard(place.path);
-    const std::unique_ptr<tools::OutputFile> output = disk_.CreateNew(place.path);
+    const std::unique_ptr<tools::OutputFile> output = disk_.CreateNew(place.path, place.path);
     reader_.Read(file, [&](std::string_view bytes) {
       output->Write(bytes);
       totals_.bytes += bytes.size();

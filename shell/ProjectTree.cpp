@@ -17,11 +17,16 @@ namespace {
 
 constexpr int kKeyRole = Qt::UserRole;
 constexpr int kTagRole = Qt::UserRole + 1;
+constexpr int kStoredRole = Qt::UserRole + 2;  ///< the stored text, bytes that no screen shows too
 
 Node NodeOf(const QTreeWidgetItem* item) {
   if (item == nullptr) return {};
   return {tools::ToUtf8(item->data(0, kTagRole).toString()),
           tools::ToUtf8(item->data(0, kKeyRole).toString())};
+}
+
+std::string StoredTextOf(const QTreeWidgetItem* item) {
+  return item == nullptr ? std::string() : item->data(0, kStoredRole).toByteArray().toStdString();
 }
 
 bool IsArrowKey(int key) {
@@ -52,6 +57,12 @@ QTreeWidgetItem* ProjectTree::SelectedItem() const {
 
 Node ProjectTree::SelectedNode() const { return NodeOf(SelectedItem()); }
 
+ShownTexts ProjectTree::SelectedTexts() const {
+  const QTreeWidgetItem* item = SelectedItem();
+  if (SelectedNode().tag != kComponentTag) return {StoredTextOf(item), {}};
+  return {StoredTextOf(item->parent()), StoredTextOf(item)};
+}
+
 QTreeWidgetItem* ProjectTree::MakeItem(const Node& node, const std::string& text) const {
   auto* item = new QTreeWidgetItem;
   item->setText(0, tools::ToQString(text));
@@ -71,7 +82,9 @@ void ProjectTree::AddComponents(const model::ModProject& project, std::int32_t v
   for (const std::int32_t slot : slots) {
     errors.Try([&] {
       const std::string title = project.ComponentTitle(version, slot);
-      if (!title.empty()) items.append(MakeItem(ComponentNode(version, slot), title));
+      if (title.empty()) return;
+      items.append(MakeItem(ComponentNode(version, slot), title));
+      items.back()->setData(0, kStoredRole, QByteArray::fromStdString(title));
     });
   }
   parent.addChildren(items);
@@ -89,8 +102,9 @@ void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVers
   std::unique_ptr<QTreeWidgetItem> product(MakeItem(ProductNode(), title));
   QTreeWidgetItem* latest = nullptr;
   for (const std::int32_t slot : versions) {
-    QTreeWidgetItem* version =
-        MakeItem(VersionNode(slot), model::LoadText(220) + " " + project.VersionString(slot));
+    const std::string text = project.VersionString(slot);
+    QTreeWidgetItem* version = MakeItem(VersionNode(slot), model::LoadText(220) + " " + text);
+    version->setData(0, kStoredRole, QByteArray::fromStdString(text));
     product->addChild(version);
     if (slot == latestVersion) latest = version;
     AddComponents(project, slot, *version, errors);

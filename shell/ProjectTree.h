@@ -11,6 +11,12 @@
 
 namespace shell {
 
+/// What the product held when a node was shown.
+struct ShownTexts {
+  std::string version;    ///< the version's text
+  std::string component;  ///< the component's title, empty for a version
+};
+
 /// Pressing the right button does not select: the menu belongs to the node that is selected
 /// already, wherever the pointer is.
 class ProjectTree : public QTreeWidget {
@@ -29,6 +35,8 @@ class ProjectTree : public QTreeWidget {
 
   /// The selected node; the default one when none is.
   [[nodiscard]] Node SelectedNode() const;
+  /// The stored texts that the selected version or component was shown with.
+  [[nodiscard]] ShownTexts SelectedTexts() const;
 
  Q_SIGNALS:
   /// The user clicked a node, also one selected already, or selected another by key or by

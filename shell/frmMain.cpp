@@ -259,10 +259,12 @@ void frmMain::PopUpNodeMenu(const QPoint& globalPosition) {
 void frmMain::DeleteSelectedNode() {
   const Node node = trvProjectTree->SelectedNode();
   const NodeSlots slots = SlotsOf(node);
+  const ShownTexts shown = trvProjectTree->SelectedTexts();
   tools::Guard(services_.dialogs, [&] {
-    if (node.tag == kVersionTag) services_.operations.DeleteVersion(slots.version);
+    if (node.tag == kVersionTag) services_.operations.DeleteVersion(slots.version, shown.version);
     if (node.tag == kComponentTag) {
-      services_.operations.DeleteComponent(slots.version, slots.component);
+      services_.operations.DeleteComponent(slots.version, slots.component, shown.version,
+                                           shown.component);
     }
   });
   // Its pages could only write to files that are gone, or to a later node of the same slot.

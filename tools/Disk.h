@@ -5,10 +5,15 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "tools/Files.h"
 
 namespace tools {
 
-/// A file being written. Every operation raises Error naming the path.
+class HeldTemporary;
+
+/// A file being written. Every operation raises Error naming the file that it will become.
 class OutputFile {
  public:
   virtual ~OutputFile() = default;
@@ -28,7 +33,7 @@ class OutputFile {
   virtual void Close() = 0;
 };
 
-/// The steps that change a disk when a file is replaced.
+/// The steps that change a disk when a product is edited.
 class Disk {
  public:
   virtual ~Disk() = default;
@@ -36,8 +41,10 @@ class Disk {
   Disk(const Disk&) = delete;
   Disk& operator=(const Disk&) = delete;
 
-  /// Creates a file that must not exist yet. Raises Error.
-  [[nodiscard]] virtual std::unique_ptr<OutputFile> CreateNew(const std::string& path) = 0;
+  /// Creates a file, which must not exist yet and will become `target`: its errors name that.
+  /// Raises Error.
+  [[nodiscard]] virtual std::unique_ptr<OutputFile> CreateNew(const std::string& path,
+                                                              const std::string& target) = 0;
   /// Renames `from` to `to`, replacing `to` in one step; `to` keeps its access rights. Raises
   /// Error.
   virtual void Replace(const std::string& from, const std::string& to) = 0;
@@ -46,15 +53,33 @@ class Disk {
   virtual void SyncFolder(const std::string& folder) noexcept = 0;
   /// Removes a file if it is there; failures are passed over (it tidies up after an error).
   virtual void Discard(const std::string& path) noexcept = 0;
+  /// Removes an empty folder; failures are passed over as above.
+  virtual void DiscardFolder(const std::string& path) noexcept = 0;
+
+  // The operations of Files.h, which says what they do and raise.
+  virtual std::vector<std::string> MakeFolder(const std::string& path) = 0;
+  virtual void RemoveFolderTree(const std::string& path) = 0;
+  virtual void MoveFolder(const std::string& from, const std::string& to) = 0;
+  virtual void DeleteFile(const std::string& path) = 0;
+  [[nodiscard]] virtual CopyResult CopyFile(const std::string& source, const std::string& target,
+                                            const CopyProgress& progress) = 0;
 };
 
 /// The machine's own disk.
 class SystemDisk : public Disk {
  public:
-  [[nodiscard]] std::unique_ptr<OutputFile> CreateNew(const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> CreateNew(const std::string& path,
+                                                      const std::string& target) override;
   void Replace(const std::string& from, const std::string& to) override;
   void SyncFolder(const std::string& folder) noexcept override;
   void Discard(const std::string& path) noexcept override;
+  void DiscardFolder(const std::string& path) noexcept override;
+  std::vector<std::string> MakeFolder(const std::string& path) override;
+  void RemoveFolderTree(const std::string& path) override;
+  void MoveFolder(const std::string& from, const std::string& to) override;
+  void DeleteFile(const std::string& path) override;
+  [[nodiscard]] CopyResult CopyFile(const std::string& source, const std::string& target,
+                                    const CopyProgress& progress) override;
 };
 
 /// A file that takes its target's place only when it is whole: written under a temporary name
@@ -81,8 +106,8 @@ class ReplacementFile {
  private:
   Disk& disk_;
   std::string target_;
-  std::string temporary_;
   std::unique_ptr<OutputFile> file_;
+  std::unique_ptr<HeldTemporary> temporary_;  ///< null once it has become the target
 };
 
 /// Creates or replaces the file with the text, by way of a ReplacementFile. Raises Error.

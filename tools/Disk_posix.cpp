@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <utility>
 
 #include "tools/Disk.h"
 #include "tools/Error.h"
@@ -17,7 +18,8 @@ namespace {
 
 class SystemOutputFile : public OutputFile {
  public:
-  SystemOutputFile(std::string path, int descriptor) : path_(std::move(path)), file_(descriptor) {}
+  SystemOutputFile(std::string target, int descriptor)
+      : target_(std::move(target)), file_(descriptor) {}
 
   void Write(std::string_view bytes) override {
     WriteBytes(end_, bytes);
@@ -52,22 +54,23 @@ class SystemOutputFile : public OutputFile {
   }
 
   [[noreturn]] void Fail() const {
-    throw PathError("Die Datei kann nicht geschrieben werden", path_, LastSystemError());
+    throw PathError("Die Datei kann nicht geschrieben werden", target_, LastSystemError());
   }
 
-  std::string path_;
+  std::string target_;  ///< what errors name
   FileHandle file_;
   std::uint64_t end_ = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path) {
+std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path,
+                                                  const std::string& target) {
   const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   if (descriptor < 0) {
-    throw PathError("Die Datei kann nicht angelegt werden", path, LastSystemError());
+    throw PathError("Die Datei kann nicht angelegt werden", target, LastSystemError());
   }
-  return std::make_unique<SystemOutputFile>(path, descriptor);
+  return std::make_unique<SystemOutputFile>(target, descriptor);
 }
 
 void SystemDisk::Replace(const std::string& from, const std::string& to) {

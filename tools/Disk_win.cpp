@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "tools/Disk.h"
 #include "tools/Error.h"
@@ -15,7 +16,7 @@ namespace {
 
 class SystemOutputFile : public OutputFile {
  public:
-  SystemOutputFile(std::string path, HANDLE handle) : path_(std::move(path)), file_(handle) {}
+  SystemOutputFile(std::string target, HANDLE handle) : target_(std::move(target)), file_(handle) {}
 
   void Write(std::string_view bytes) override {
     WriteBytes(end_, bytes);
@@ -58,10 +59,10 @@ class SystemOutputFile : public OutputFile {
   }
 
   [[noreturn]] void Fail() const {
-    throw PathError("Die Datei kann nicht geschrieben werden", path_, LastSystemError());
+    throw PathError("Die Datei kann nicht geschrieben werden", target_, LastSystemError());
   }
 
-  std::string path_;
+  std::string target_;  ///< what errors name
   FileHandle file_;
   std::uint64_t end_ = 0;
 };
@@ -75,13 +76,14 @@ bool IsProtected(const std::wstring& path) {
 
 }  // namespace
 
-std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path) {
+std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path,
+                                                  const std::string& target) {
   const HANDLE handle = CreateFileW(LongPath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                     CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) {
-    throw PathError("Die Datei kann nicht angelegt werden", path, LastSystemError());
+    throw PathError("Die Datei kann nicht angelegt werden", target, LastSystemError());
   }
-  return std::make_unique<SystemOutputFile>(path, handle);
+  return std::make_unique<SystemOutputFile>(target, handle);
 }
 
 void SystemDisk::Replace(const std::string& from, const std::string& to) {

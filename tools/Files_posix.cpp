@@ -14,6 +14,7 @@
 #include "tools/FolderListing.h"
 #include "tools/FolderSteps.h"
 #include "tools/Path.h"
+#include "tools/TemporaryName.h"
 
 namespace tools {
 
@@ -99,7 +100,7 @@ std::error_code CreateOneFolder(const std::string& path) {
   return ::mkdir(path.c_str(), 0777) == 0 ? std::error_code() : LastSystemError();
 }
 
-std::error_code RemoveEmptyFolder(const std::string& path) {
+std::error_code RemoveEmptyFolder(const std::string& path) noexcept {
   return ::rmdir(path.c_str()) == 0 ? std::error_code() : LastSystemError();
 }
 
@@ -110,7 +111,8 @@ void RemoveFolderTree(std::string_view path) {
 
 void MoveFolder(std::string_view from, std::string_view to) {
   if (::rename(std::string(from).c_str(), std::string(to).c_str()) == 0) return;
-  throw PathError("Der Ordner kann nicht umbenannt werden", from, LastSystemError());
+  throw PathError("Der Ordner kann nicht umbenannt werden", IsTemporaryName(from) ? to : from,
+                  LastSystemError());
 }
 
 void DeleteFile(std::string_view path) {

@@ -6,6 +6,7 @@
 #include "tools/FolderSteps.h"
 #include "tools/HeldFile_win.h"
 #include "tools/Path.h"
+#include "tools/TemporaryName.h"
 #include "tools/WindowsApi.h"
 #include "tools/WindowsPath.h"
 #include "tools/WindowsText.h"
@@ -115,7 +116,7 @@ std::error_code CreateOneFolder(const std::string& path) {
                                                                 : LastSystemError();
 }
 
-std::error_code RemoveEmptyFolder(const std::string& path) {
+std::error_code RemoveEmptyFolder(const std::string& path) noexcept {
   return RemoveDirectoryW(LongPath(path).c_str()) != 0 ? std::error_code() : LastSystemError();
 }
 
@@ -132,7 +133,8 @@ void MoveFolder(std::string_view from, std::string_view to) {
   const DWORD error = RetryWhileHeld(
       HeldWhen::Changing, [&] { return MoveFileExW(source.c_str(), target.c_str(), 0) != 0; });
   if (error != 0)
-    throw PathError("Der Ordner kann nicht umbenannt werden", from, SystemError(error));
+    throw PathError("Der Ordner kann nicht umbenannt werden", IsTemporaryName(from) ? to : from,
+                    SystemError(error));
 }
 
 void DeleteFile(std::string_view path) {

@@ -10,6 +10,6 @@ namespace tools {
 [[nodiscard]] std::error_code CreateOneFolder(const std::string& path);
 
 /// Removes an empty folder. Returns the system's reason when it cannot.
-std::error_code RemoveEmptyFolder(const std::string& path);
+std::error_code RemoveEmptyFolder(const std::string& path) noexcept;
 
 }  // namespace tools

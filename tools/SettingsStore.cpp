@@ -8,6 +8,7 @@
 #include "tools/Error.h"
 #include "tools/FolderLock.h"
 #include "tools/InputFile.h"
+#include "tools/Leftovers.h"
 #include "tools/Path.h"
 
 namespace tools {
@@ -16,13 +17,20 @@ namespace {
 
 /// Parsed files are forgotten, the longest unused first, when their contents exceed this size.
 constexpr std::uint64_t kMostKeptBytes = std::uint64_t{24} << 20U;
+/// But never those used last: reading a component asks for the product, the version and the
+/// component in turn, and any of them could be larger than all that is kept.
+constexpr std::size_t kAlwaysKept = 4;
 /// A larger file is no settings file.
 constexpr std::size_t kLargestFileBytes = std::size_t{1} << 30U;
 
-void WriteFile(Disk& disk, const std::string& path, const SettingsFile& content) {
-  ReplacementFile replacement(disk, path);
-  content.Render([&replacement](std::string_view part) { replacement.File().Write(part); });
-  replacement.Commit(ReplacementFile::Durability::Flushed);
+/// The file has been replaced: an error now must not look like a failed replacement. Without a
+/// stamp the next call reads the file again.
+FileStamp StampAfterWriting(const std::string& path) {
+  try {
+    return StampOf(path);
+  } catch (const Error&) {
+    return {};
+  }
 }
 
 struct StampedContent {
@@ -60,7 +68,7 @@ struct SettingsStore::Entry {
   FileStamp stamp;  ///< of the file on disk that `file` was read from
   std::uint64_t lastUse = 0;
   std::uint64_t checkedInBatch = 0;  ///< the batch in which the stamp was compared last
-  bool pending = false;              ///< holds writes that are not on disk yet
+  std::uint64_t firstWrite = 0;      ///< when writes that are not on disk yet began; 0: none
 };
 
 SettingsStore::SettingsStore(Disk& disk) : disk_(disk) {}
@@ -70,6 +78,16 @@ SettingsStore::~SettingsStore() = default;
 std::string SettingsStore::Read(const std::string& path, std::string_view section,
                                 std::string_view key, std::string_view defaultValue) {
   return Fetch(path).file->Read(section, key, defaultValue);
+}
+
+bool SettingsStore::Exists(const std::string& path) {
+  const Entry& entry = Fetch(path);
+  return entry.stamp.exists || entry.firstWrite != 0;
+}
+
+bool SettingsStore::IsBeingWritten(const std::string& path) const {
+  const auto found = entries_.find(path);
+  return found != entries_.end() && found->second->firstWrite != 0;
 }
 
 std::shared_ptr<const SettingsFile> SettingsStore::Load(const std::string& path) {
@@ -84,7 +102,7 @@ void SettingsStore::Write(const std::string& path, std::string_view section, std
     entry.file = entry.file->Clone();
   }
   if (!entry.file->Write(section, key, value) && entry.stamp.exists) return;
-  entry.pending = true;
+  if (entry.firstWrite == 0) entry.firstWrite = uses_;
   if (batch_ != 0) return;
   try {
     Replace(path, entry);
@@ -96,7 +114,7 @@ void SettingsStore::Write(const std::string& path, std::string_view section, std
 
 void SettingsStore::ReplaceFile(const std::string& path, const SettingsFile& content) {
   const FolderLock lock(FolderOf(path));
-  WriteFile(disk_, path, content);
+  WriteFile(path, content);
   if (entries_.contains(path)) Forget(path);
 }
 
@@ -109,11 +127,11 @@ SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
   }
   Entry& entry = *lastEntry_;
   entry.lastUse = ++uses_;
-  if (entry.pending || (batch_ != 0 && entry.checkedInBatch == batch_)) return entry;
+  if (entry.firstWrite != 0 || (batch_ != 0 && entry.checkedInBatch == batch_)) return entry;
   try {
     if (!entry.file || StampOf(path) != entry.stamp) {
       ReadFromDisk(path, entry);
-      ForgetOldest(entry);
+      ForgetOldest();
     }
   } catch (...) {
     // The next call tries again.
@@ -134,21 +152,35 @@ void SettingsStore::Replace(const std::string& path, Entry& entry) {
   const FolderLock lock(FolderOf(path));
   if (StampOf(path) != entry.stamp) {
     const std::shared_ptr<SettingsFile> written = entry.file;
+    const bool existed = entry.stamp.exists;
     ReadFromDisk(path, entry);
+    if (existed && !entry.stamp.exists) {
+      throw PathError("Die Datei ist nicht mehr vorhanden", path, {});
+    }
     written->ReplayWrites(*entry.file);
   }
-  WriteFile(disk_, path, *entry.file);
-  SetStamp(entry, StampOf(path));
+  WriteFile(path, *entry.file);
+  SetStamp(entry, StampAfterWriting(path));
   entry.file->ForgetWrites();
-  entry.pending = false;
+  entry.firstWrite = 0;
+}
+
+void SettingsStore::WriteFile(const std::string& path, const SettingsFile& content) {
+  const std::string folder = FolderOf(path);
+  if (tidiedFolders_.insert(folder).second) RemoveLeftovers(folder);
+  ReplacementFile replacement(disk_, path);
+  content.Render([&replacement](std::string_view part) { replacement.File().Write(part); });
+  replacement.Commit(ReplacementFile::Durability::Flushed);
 }
 
 std::vector<std::string> SettingsStore::PendingPaths() const {
-  std::vector<std::string> paths;
+  std::vector<std::pair<std::uint64_t, std::string>> pending;
   for (const auto& [path, entry] : entries_) {
-    if (entry->pending) paths.push_back(path);
+    if (entry->firstWrite != 0) pending.emplace_back(entry->firstWrite, path);
   }
-  std::sort(paths.begin(), paths.end());
+  std::sort(pending.begin(), pending.end());
+  std::vector<std::string> paths;
+  for (auto& [time, path] : pending) paths.push_back(std::move(path));
   return paths;
 }
 
@@ -172,17 +204,16 @@ void SettingsStore::Forget(const std::string& path) {
   entries_.erase(entry);
 }
 
-void SettingsStore::ForgetOldest(const Entry& except) {
+void SettingsStore::ForgetOldest() {
   if (keptBytes_ <= kMostKeptBytes) return;
-  std::vector<std::pair<std::uint64_t, std::string>> candidates;
-  for (const auto& [path, entry] : entries_) {
-    if (entry.get() != &except && !entry->pending) candidates.emplace_back(entry->lastUse, path);
-  }
-  std::sort(candidates.begin(), candidates.end());
+  std::vector<std::pair<std::uint64_t, std::string>> byUse;
+  for (const auto& [path, entry] : entries_) byUse.emplace_back(entry->lastUse, path);
+  std::sort(byUse.begin(), byUse.end());
+  byUse.resize(byUse.size() - std::min(byUse.size(), kAlwaysKept));
   // Making room for more than the one file keeps this from being done for every file that follows.
-  for (const auto& [use, path] : candidates) {
+  for (const auto& [use, path] : byUse) {
     if (keptBytes_ <= kMostKeptBytes / 2) return;
-    Forget(path);
+    if (entries_.at(path)->firstWrite == 0) Forget(path);
   }
 }
 

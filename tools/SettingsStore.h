@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "tools/Disk.h"
@@ -16,7 +17,8 @@ namespace tools {
 
 /// Reads and writes settings. A parsed file is kept and used again as long as the file's time, size
 /// and identity are those it was read with; a write is visible to the next read at once. Files not
-/// used lately are forgotten, so that memory stays bounded.
+/// used lately are forgotten, so that memory stays bounded; the few used last are kept whatever
+/// their sizes.
 class SettingsStore {
  public:
   /// `disk` must outlive the store.
@@ -41,6 +43,13 @@ class SettingsStore {
   /// then unchanged.
   void ReplaceFile(const std::string& path, const SettingsFile& content);
 
+  /// True when the file is there, or will be once the running batch commits. Raises Error as Read
+  /// does.
+  [[nodiscard]] bool Exists(const std::string& path);
+
+  /// True when the running batch has written to the file.
+  [[nodiscard]] bool IsBeingWritten(const std::string& path) const;
+
   /// The file as it is now (pending writes of a batch included), for many reads of one consistent
   /// state. A missing file reads as an empty one. Never null. Raises Error as Read does.
   [[nodiscard]] std::shared_ptr<const SettingsFile> Load(const std::string& path);
@@ -56,7 +65,9 @@ class SettingsStore {
     ~Batch();
     Batch(const Batch&) = delete;
     Batch& operator=(const Batch&) = delete;
-    /// Replaces the files written to. Raises Error at the first that fails; the rest is dropped.
+    /// Replaces the files written to, in the order of their first writes. Raises Error at the first
+    /// that fails; the rest is dropped. A file that was there and has been deleted meanwhile fails:
+    /// it is not made again from the writes alone.
     void Commit();
 
    private:
@@ -70,19 +81,22 @@ class SettingsStore {
   Entry& Fetch(const std::string& path);
   void ReadFromDisk(const std::string& path, Entry& entry);
   void Replace(const std::string& path, Entry& entry);
+  void WriteFile(const std::string& path, const SettingsFile& content);
+  /// The files with writes that are not on disk, in the order of their first ones.
   [[nodiscard]] std::vector<std::string> PendingPaths() const;
   void CommitPending();
   void DropPending();
   void SetStamp(Entry& entry, const FileStamp& stamp);
   void Forget(const std::string& path);
-  void ForgetOldest(const Entry& except);
+  void ForgetOldest();
 
   Disk& disk_;
   std::unordered_map<std::string, std::unique_ptr<Entry>> entries_;
-  std::string lastPath_;         ///< the file asked for last, and
+  std::unordered_set<std::string> tidiedFolders_;  ///< looked through for leftovers
+  std::string lastPath_;                           ///< the file asked for last, and
   Entry* lastEntry_ = nullptr;   ///< what is known of it: the next call mostly asks for it too
   std::uint64_t keptBytes_ = 0;  ///< size of the files that entries_ holds
-  std::uint64_t uses_ = 0;       ///< counts calls of Fetch: the entries' order of use
+  std::uint64_t uses_ = 0;       ///< counts calls of Fetch: the order of uses and writes
   std::uint64_t batch_ = 0;      ///< number of the running batch, 0 outside
   std::uint64_t lastBatch_ = 0;
 };

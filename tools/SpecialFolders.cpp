@@ -2,12 +2,22 @@
 
 #include "tools/Error.h"
 #include "tools/Files.h"
+#include "tools/Path.h"
+#include "tools/PrivateFolder.h"
 
 namespace tools {
 
+PrivateTemporaryFolder::PrivateTemporaryFolder() {
+  const std::string base = SpecialFolder(kTemporaryFolder);
+  RemoveLeftovers(base);
+  held_ = std::make_unique<HeldTemporary>(JoinPath(base, "x"), &MakePrivateFolder);
+}
+
 PrivateTemporaryFolder::~PrivateTemporaryFolder() {
+  const std::string path = Path();
+  held_.reset();
   try {
-    RemoveFolderTree(path_);
+    RemoveFolderTree(path);
   } catch (const Error&) {
     // A destructor has nobody to tell; what stays lies in the system's temporary folder.
   }

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+
+#include "tools/Leftovers.h"
 
 namespace tools {
 
@@ -19,7 +22,7 @@ inline constexpr std::int32_t kTemporaryFolder = 1003;  ///< the system's tempor
 
 /// A fresh folder inside the system's temporary folder that only this user can enter, so that
 /// nobody else can prepare or read what lies in it. It is removed with all its contents by the
-/// destructor.
+/// destructor, or after a killed process by the next one that makes such a folder.
 class PrivateTemporaryFolder {
  public:
   /// Raises Error.
@@ -28,10 +31,10 @@ class PrivateTemporaryFolder {
   PrivateTemporaryFolder(const PrivateTemporaryFolder&) = delete;
   PrivateTemporaryFolder& operator=(const PrivateTemporaryFolder&) = delete;
 
-  [[nodiscard]] const std::string& Path() const { return path_; }
+  [[nodiscard]] const std::string& Path() const { return held_->Path(); }
 
  private:
-  std::string path_;
+  std::unique_ptr<HeldTemporary> held_;
 };
 
 }  // namespace tools

@@ -1,13 +1,14 @@
 #include <pwd.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <fstream>
 #include <string_view>
 
 #include "tools/Error.h"
-#include "tools/Files.h"
 #include "tools/Path.h"
+#include "tools/PrivateFolder.h"
 #include "tools/ReadStream.h"
 #include "tools/SpecialFolders.h"
 #include "tools/Text.h"
@@ -92,12 +93,9 @@ std::string SpecialFolder(std::int32_t number) {
   }
 }
 
-PrivateTemporaryFolder::PrivateTemporaryFolder()
-    : path_(JoinPath(SpecialFolder(kTemporaryFolder), "packwright-XXXXXX")) {
-  // mkdtemp gives the folder to its owner alone (mode 0700) and takes no name that exists.
-  if (mkdtemp(path_.data()) == nullptr) {
-    throw PathError("Der temporäre Ordner kann nicht angelegt werden", path_, LastSystemError());
-  }
+void MakePrivateFolder(const std::string& path) {
+  if (::mkdir(path.c_str(), 0700) == 0) return;
+  throw PathError("Der temporäre Ordner kann nicht angelegt werden", path, LastSystemError());
 }
 
 }  // namespace tools

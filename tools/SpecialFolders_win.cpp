@@ -10,8 +10,8 @@
 // clang-format on
 
 #include "tools/Error.h"
-#include "tools/Guid.h"
 #include "tools/Path.h"
+#include "tools/PrivateFolder.h"
 #include "tools/SpecialFolders.h"
 #include "tools/WindowsPath.h"
 #include "tools/WindowsText.h"
@@ -69,12 +69,9 @@ std::string SpecialFolder(std::int32_t number) {
   return WithoutTrailingSeparator(FromWide(buffer.data()));
 }
 
-PrivateTemporaryFolder::PrivateTemporaryFolder() {
-  std::string name = NewGuidText();
-  name = "packwright-" + name.substr(1, name.size() - 2);
-  path_ = JoinPath(TemporaryFolder(), name);
+void MakePrivateFolder(const std::string& path) {
   const std::wstring sid = UserSid();
-  if (sid.empty()) throw PathError(kCannotMake, path_, LastSystemError());
+  if (sid.empty()) throw PathError(kCannotMake, path, LastSystemError());
 
   // Protected from what the parent folder grants, full access for the user alone, inherited by all
   // that lies inside.
@@ -82,13 +79,13 @@ PrivateTemporaryFolder::PrivateTemporaryFolder() {
   PSECURITY_DESCRIPTOR descriptor = nullptr;
   if (ConvertStringSecurityDescriptorToSecurityDescriptorW(rights.c_str(), SDDL_REVISION_1,
                                                            &descriptor, nullptr) == 0) {
-    throw PathError(kCannotMake, path_, LastSystemError());
+    throw PathError(kCannotMake, path, LastSystemError());
   }
   const std::unique_ptr<void, LocalMemory> owner(descriptor);
   SECURITY_ATTRIBUTES attributes{sizeof(SECURITY_ATTRIBUTES), descriptor, FALSE};
   // Fails when the name exists, so nobody can have prepared the folder.
-  if (CreateDirectoryW(LongPath(path_).c_str(), &attributes) == 0) {
-    throw PathError(kCannotMake, path_, LastSystemError());
+  if (CreateDirectoryW(LongPath(path).c_str(), &attributes) == 0) {
+    throw PathError(kCannotMake, path, LastSystemError());
   }
 }
 

@@ -154,9 +154,10 @@ class WholeWayTest : public QObject {
   void BuildWithoutTheWizard() {
     std::ostringstream output;
     std::ostringstream errors;
+    tools::SystemDisk disk;
     const auto result = console::RunProgram(
         {"produkt/demo.product", "1.2.0", "--output", work_->Path("ohne Fenster")},
-        {{output, errors, false}, work_->Path(), work_->Path()});
+        {{output, errors, false}, work_->Path(), work_->Path(), disk});
     QVERIFY2(result == console::ExitCode::Built, errors.str().c_str());
   }
 

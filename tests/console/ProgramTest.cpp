@@ -14,11 +14,12 @@ using testing::StartsWith;
 /// A disk with room again behind the first file.
 class OnceFullDisk : public tools::SystemDisk {
  public:
-  [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path) override {
+  [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path,
+                                                             const std::string& target) override {
     if (std::exchange(full_, false)) {
-      throw tools::PathError("", path, std::make_error_code(std::errc::no_space_on_device));
+      throw tools::PathError("", target, std::make_error_code(std::errc::no_space_on_device));
     }
-    return tools::SystemDisk::CreateNew(path);
+    return tools::SystemDisk::CreateNew(path, target);
   }
   void Fill() { full_ = true; }
 

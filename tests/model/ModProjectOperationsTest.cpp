@@ -6,6 +6,8 @@
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/Testing.h"
 #include "tools/Files.h"
+#include "tools/Path.h"
+#include "tools/SpecialFolders.h"
 
 namespace model {
 
@@ -31,9 +33,9 @@ class ModProjectOperationsTest : public testing::Test {
     dialogs_.ExpectInputBox(LoadText(228), answer);
     operations_.AddComponent(1);
   }
-  void DeleteVersion(MessageAnswer answer) {
+  void DeleteVersion(MessageAnswer answer, const std::string& shown = "1.0.0") {
     dialogs_.ExpectQuestion(LoadText(226), answer);
-    operations_.DeleteVersion(1);
+    operations_.DeleteVersion(1, shown);
   }
   [[nodiscard]] std::size_t FileCount() const {
     return tools::FindFiles(folder_.Path(), "*", true).size();
@@ -47,7 +49,7 @@ class ModProjectOperationsTest : public testing::Test {
   tests::ScriptedDialogs dialogs_;
   tests::FixedClock clock_;
   tests::FakeWindow window_;
-  ModProjectOperations operations_{project_, dialogs_, clock_, window_};
+  ModProjectOperations operations_{project_, disk_, dialogs_, clock_, window_};
 };
 
 TEST_F(ModProjectOperationsTest, CreatesAProductAndReplacesOneOnlyWhenTold) {
@@ -58,6 +60,7 @@ TEST_F(ModProjectOperationsTest, CreatesAProductAndReplacesOneOnlyWhenTold) {
   EXPECT_FALSE(operations_.NewProduct());
   EXPECT_EQ(dialogs_.LastMessage(), LoadText(215) + "|" + LoadText(214));
   EXPECT_EQ(dialogs_.Messages().back().defaultAnswer, MessageAnswer::No);
+  EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
   dialogs_.ExpectQuestion(LoadText(214), MessageAnswer::Yes);
   disk_.FailAt(FaultyDisk::Step::Write, 1);
   EXPECT_THROW(operations_.NewProduct(), tools::Error);
@@ -82,6 +85,11 @@ TEST_F(ModProjectOperationsTest, RefusesFilesThatAreNoProducts) {
   }
   dialogs_.ExpectOpenFile(LoadText(205), "");
   EXPECT_FALSE(operations_.OpenProduct(""));
+  const tools::OpenFileRequest& request = dialogs_.LastOpenFile();
+  EXPECT_EQ(request.initialFolder,
+            tools::JoinPath(tools::SpecialFolder(tools::kDocumentsFolder), "Installationen"));
+  EXPECT_EQ(request.filter, "Produkte (*.product)|*.product");
+  EXPECT_EQ(request.defaultExtension, "product");
   EXPECT_FALSE(project_.IsOpen());
 }
 
@@ -89,9 +97,18 @@ TEST_F(ModProjectOperationsTest, ClosingWarnsOfChangedPagesAndSavingGoesOnPastOn
   OpenProduct("");
   window_.pages.resize(2);
   for (tests::FakePage& page : window_.pages) page.dirty = true;
-  dialogs_.ExpectQuestion(LoadText(206), MessageAnswer::Cancel);
-  EXPECT_FALSE(operations_.CloseProduct(true));
-  EXPECT_TRUE(project_.IsOpen());
+  const std::function<bool()> closing[] = {[&] { return operations_.CloseProduct(true); },
+                                           [&] { return operations_.NewProduct(); },
+                                           [&] { return operations_.OpenProduct(""); }};
+  for (const auto& close : closing) {
+    dialogs_.ExpectQuestion(LoadText(206), MessageAnswer::Cancel);
+    EXPECT_FALSE(close());
+    EXPECT_TRUE(project_.IsOpen());
+    EXPECT_EQ(dialogs_.LastMessage(), "Warnung|" + LoadText(206));
+    EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
+    EXPECT_EQ(dialogs_.Messages().back().defaultAnswer, MessageAnswer::Ok);
+  }
+  EXPECT_THAT(window_.resets, ElementsAre());
   window_.pages[0].failure = "Seite kaputt";
   operations_.SaveAllPages();
   EXPECT_EQ(window_.pages[1].applied, 1);
@@ -119,30 +136,25 @@ TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatestAndTakesTheFirstFre
 }
 
 TEST_F(ModProjectOperationsTest, RefusesVersionsThatExistOrLeadElsewhere) {
-  OpenProduct("Count=3\nVer1=1.0.0-Ä\nVer3=2.0\n");
-  for (const char* answer : {" 1.0.0-ä ", "2.0", ""}) {
+  OpenProduct("Count=3\nVer1=1.0.0-Ä\nVer3=\"2.0 \"\nVer9=9.0\n");
+  folder_.MakeFolder("Version 9.0");
+  for (const char* answer : {" 1.0.0-ä ", "1.0.0-Ä", "2.0", "9.0", ""}) {
     AddVersion(answer);
     EXPECT_EQ(dialogs_.Messages().back().text, LoadText(227)) << answer;
   }
-  for (const char* answer : {"../../x", "a/b", "a\\b", "..", "C:x"}) {
+  for (const char* answer : {"../../x", "a/b", "a\\b", "C:x", "1\x01"}) {
     EXPECT_THROW(AddVersion(answer), tools::Error) << answer;
   }
   EXPECT_EQ(project_.VersionString(2), "");
   EXPECT_EQ(window_.treeUpdates, 0);
-}
-
-TEST_F(ModProjectOperationsTest, AnAdditionThatFailsOrIsCancelledLeavesNeitherFolderNorEntry) {
-  OpenProduct("Count=1\nVer1=1.0.0\n");
-  AddVersion("  ");
-  EXPECT_EQ(dialogs_.LastMessage(), "");
-  disk_.FailAt(FaultyDisk::Step::Replace, 1);
-  EXPECT_THROW(AddVersion("1.0.1"), tools::Error);
-  EXPECT_FALSE(folder_.Holds("Version 1.0.1"));
-  EXPECT_EQ(project_.VersionCount(), 1);
+  EXPECT_TRUE(folder_.Holds("Version 9.0"));
+  AddVersion("  1..0");
+  EXPECT_TRUE(folder_.Holds("Version 1..0/product.version"));
 }
 
 TEST_F(ModProjectOperationsTest, ADamagedCountDoesNotMakeTakenSlotsFree) {
   OpenProduct("Count=1\nVer1=1.0.0\n");
+  folder_.Write("Version 1.0.0/product.version", "");
   folder_.Write("Version 1.0.0/component1.component", "[Component]\nTitle=A\n");
   AddComponent("B");
   EXPECT_EQ(project_.ComponentTitle(1, 1) + project_.ComponentTitle(1, 2), "AB");
@@ -164,27 +176,44 @@ TEST_F(ModProjectOperationsTest, DeletesAVersionWithItsFolderAfterConfirmation) 
   folder_.Write("Version 1.0.0/product.version", "");
   folder_.Write("Version 2.0.0/product.version", "");
   DeleteVersion(MessageAnswer::No);
-  disk_.FailAt(FaultyDisk::Step::Replace, 1);
-  EXPECT_THROW(DeleteVersion(MessageAnswer::Yes), tools::Error);
+  EXPECT_EQ(dialogs_.LastMessage(), LoadText(224) + "|" + LoadText(226));
+  EXPECT_EQ(dialogs_.Messages().back().defaultAnswer, MessageAnswer::No);
+  EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
   EXPECT_TRUE(folder_.Holds("Version 1.0.0/product.version"));
-  EXPECT_EQ(project_.VersionString(1), "1.0.0");
-
-  disk_.FailAt(FaultyDisk::Step::Replace, 0);
   DeleteVersion(MessageAnswer::Yes);
   EXPECT_EQ(project_.VersionString(1), "");
   EXPECT_EQ(project_.VersionCount(), 2);
   EXPECT_EQ(FileCount(), 2U);
 }
 
+TEST_F(ModProjectOperationsTest, DeletesNothingWhenTheSlotHoldsSomethingElseThanShown) {
+  OpenProduct("Count=1\nVer1=1.0.0\n");
+  folder_.Write("Version 1.0.0/product.version", "[Components]\nCount=1\n");
+  folder_.Write("Version 1.0.0/component1.component", "[Component]\nTitle=A\n");
+  DeleteVersion(MessageAnswer::Yes, "2.0.0");
+  EXPECT_EQ(dialogs_.LastMessage(), LoadText(224) + "|" + LoadText(400));
+  EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
+  const std::pair<const char*, const char*> shown[] = {{"1.0.0", "B"}, {"2.0.0", "A"}};
+  for (const auto& [version, title] : shown) {
+    dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
+    operations_.DeleteComponent(1, 1, version, title);
+    EXPECT_EQ(dialogs_.LastMessage(), LoadText(224) + "|" + LoadText(400));
+  }
+  EXPECT_EQ(FileCount(), 3U);
+  EXPECT_EQ(window_.treeUpdates, 3);
+}
+
 TEST_F(ModProjectOperationsTest, ComponentsKeepTheirSlots) {
   OpenProduct("Count=1\nVer1=1.0.0\n");
-  folder_.MakeFolder("Version 1.0.0");
+  EXPECT_THROW(AddComponent("ohne Version"), tools::Error);
+  folder_.Write("Version 1.0.0/product.version", "");
   for (const char* title : {"A", " B ", "C"}) AddComponent(title);
   dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
-  operations_.DeleteComponent(1, 2);
+  operations_.DeleteComponent(1, 2, "1.0.0", "B");
   EXPECT_THAT(project_.ComponentSlots(1), ElementsAre(1, 3));
   EXPECT_EQ(project_.ComponentCount(1), 3);
 
+  folder_.Write("Version 1.0.0/component2.component", "[Files]\nCount=1\n[File1]\nID=alt\n");
   AddComponent("neu");
   EXPECT_EQ(folder_.Read("Version 1.0.0/component2.component"), "[Component]\nTitle=neu\n");
   AddComponent(" ");

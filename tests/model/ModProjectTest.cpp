@@ -1,6 +1,7 @@
 #include "model/ModProject.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
+#include "tools/Files.h"
 
 namespace model {
 
@@ -20,10 +21,11 @@ class ModProjectTest : public testing::Test {
 
 TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfProductVersionAndComponent) {
   project_.WriteVersionSetting(1, "Tessel", "Key", "k");
-  project_.WriteComponentSetting(1, 12, "Component", "Title", "Hilfe");
+  folder_.Write("Produkt/Version 1.0.0/component12.component", "[Component]\nTitle=Hilfe\n");
+  project_.WriteComponentSetting(1, 12, "Files", "Count", "0");
   EXPECT_EQ(folder_.Read("Produkt/Version 1.0.0/product.version"), "[Tessel]\nKey=k\n");
   EXPECT_EQ(folder_.Read("Produkt/Version 1.0.0/component12.component"),
-            "[Component]\nTitle=Hilfe\n");
+            "[Component]\nTitle=Hilfe\n\n[Files]\nCount=0\n");
   EXPECT_EQ(project_.ReadVersionSetting(1, "Tessel", "Key", "-"), "k");
   EXPECT_EQ(project_.ReadVersionSetting(2, "Tessel", "Key", "-"), "-");
   EXPECT_EQ(project_.ComponentTitle(1, 12), "Hilfe");
@@ -43,9 +45,30 @@ TEST_F(ModProjectTest, WritesAndReadsNothingWhileNoProductIsOpen) {
   EXPECT_EQ(project_.ReadComponentSetting(1, 1, "Component", "Title", "-"), "-");
   EXPECT_EQ(project_.VersionFilePath(1), "");
   EXPECT_EQ(folder_.Read("Produkt/Probe.product"), before);
-  EXPECT_FALSE(folder_.Holds("Produkt/Version 1.0.0/product.version"));
+  EXPECT_EQ(folder_.Read("Produkt/Version 1.0.0/product.version"), "");
   project_.SetProductPath("x.product");
   EXPECT_TRUE(tools::IsAbsolutePath(project_.ProductFolder()));
+}
+
+TEST_F(ModProjectTest, WritesNothingForWhatIsGone) {
+  product_.AddComponent("A", {});
+  const std::string component = folder_.Path("Produkt/Version 1.0.0/component1.component");
+  const auto writeAll = [&] {
+    EXPECT_THROW(project_.WriteComponentSetting(1, 1, "Files", "Count", "1"), tools::Error);
+    EXPECT_THROW(project_.WriteComponentSetting(1, 2, "Files", "Count", "1"), tools::Error);
+  };
+  folder_.Write("Produkt/Version 1.0.0/component1.component", "[Files]\nCount=0\n");
+  writeAll();
+  EXPECT_EQ(tools::ReadWholeFile(component), "[Files]\nCount=0\n");
+  tools::DeleteFile(component);
+  writeAll();
+  tools::DeleteFile(folder_.Path("Produkt/Version 1.0.0/product.version"));
+  writeAll();
+  EXPECT_THROW(project_.WriteVersionSetting(1, "Tessel", "Key", "k"), tools::Error);
+  EXPECT_THROW(project_.WriteVersionSetting(2, "Tessel", "Key", "k"), tools::Error);
+  tools::DeleteFile(project_.ProductPath());
+  EXPECT_THROW(project_.SetProductTitle("neu"), tools::Error);
+  EXPECT_TRUE(tools::FindFiles(folder_.Path(), "*", true).empty());
 }
 
 TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {
@@ -72,11 +95,12 @@ TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {
 TEST_F(ModProjectTest, FindsTheSlotsOfAnAbsurdCount) {
   WriteVersions("Count=2147483647\nver7=1.0.0\nVer007=2.0.0\nVer2147483647=3.0.0\nVer8=\n");
   EXPECT_THAT(project_.VersionSlots(), ElementsAre(7, 2147483647));
-  project_.WriteVersionSetting(7, "Components", "Count", "2000000000");
-  for (const std::int32_t slot : {30, 1999999999, 2000000001}) {
-    project_.WriteComponentSetting(7, slot, "Component", "Title", "A");
+  folder_.Write("Produkt/Version 1.0.0/product.version", "[Components]\nCount=2000000000\n");
+  for (const char* slot : {"30", "1999999999", "2000000001"}) {
+    folder_.Write(std::string("Produkt/Version 1.0.0/component") + slot + ".component",
+                  "[Component]\nTitle=A\n");
   }
-  project_.WriteComponentSetting(7, 31, "Component", "Title", "");
+  folder_.Write("Produkt/Version 1.0.0/component31.component", "");
   EXPECT_THAT(project_.ComponentSlots(7), ElementsAre(30, 1999999999));
 }
 

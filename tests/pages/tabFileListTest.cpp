@@ -14,7 +14,7 @@ constexpr const char* kOneEntry = "[Files]\nCount=1\n[File1]\nID=a\nType=2\nTarg
 /// The page of a component with these entries.
 struct Fixture : PageFixture {
   explicit Fixture(const std::string& entries) {
-    folder.Write(kComponentFile, entries);
+    folder.Write(kComponentFile, "[Component]\nTitle=Kern\n" + entries);
     Open("tabFileList", 1, 1);
   }
 

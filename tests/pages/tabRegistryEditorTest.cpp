@@ -15,10 +15,10 @@ constexpr const char* kMachine = "HKEY_LOCAL_MACHINE";
 
 /// The page of a component with these settings, on a machine with some keys.
 struct Fixture : PageFixture {
-  explicit Fixture(const std::string& settings = kNoSettings) {
+  explicit Fixture(const std::string& settings = {}) {
     MakeMachineKey("Software\\Quillon\\Tessel", {"Path"});
     MakeMachineKey("Software\\Über uns");
-    folder.Write(kComponentFile, settings);
+    folder.Write(kComponentFile, kNoSettings + settings);
     Reopen();
   }
 
@@ -238,7 +238,7 @@ class tabRegistryEditorTest : public QObject {
     Fixture f(stored);
     f.TypePath("HKEY_USERS\\a");
     f.page->ApplyChanges();
-    QCOMPARE(f.folder.Read(f.kComponentFile), stored);
+    QCOMPARE(f.folder.Read(f.kComponentFile), kNoSettings + stored);
     f.TypePath("HKEY_USERS\\a");
     Edit(*f.page, "(Standardwert)", "neu");
     f.page->ApplyChanges();

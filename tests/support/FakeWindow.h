@@ -34,7 +34,10 @@ struct FakePage : model::OpenPage {
 
 struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {
   void UpdateProjectState() override { ++stateUpdates; }
-  void UpdateTree() override { ++treeUpdates; }
+  void UpdateTree() override {
+    ++treeUpdates;
+    if (onUpdateTree) onUpdateTree();
+  }
   void ShowHourglass(bool shown) override { hourglass = shown; }
   [[nodiscard]] std::int32_t Count() const override { return std::int32_t(pages.size()); }
   model::OpenPage& Item(std::int32_t index) override { return pages.at(std::size_t(index - 1)); }
@@ -43,6 +46,7 @@ struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {
 
   int stateUpdates = 0;  ///< how often the window was asked to refresh, and
   int treeUpdates = 0;   ///< its tree
+  std::function<void()> onUpdateTree;
   bool hourglass = false;
   std::deque<FakePage> pages;
   std::vector<bool> resets;                     ///< the `ask` of each Reset

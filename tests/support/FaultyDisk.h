@@ -6,33 +6,79 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "tools/Disk.h"
 #include "tools/Error.h"
+#include "tools/TemporaryName.h"
 
 namespace tests {
 
 /// Forwards everything to another disk but the one step that was chosen to fail.
 class FaultyDisk : public tools::Disk {
  public:
-  enum class Step { Create, Write, Sync, Close, Replace };
+  enum class Step {
+    Create,
+    Write,
+    Sync,
+    Close,
+    Replace,
+    MakeFolder,
+    RemoveFolderTree,
+    MoveFolder,
+    DeleteFile,
+    CopyFile
+  };
+  static constexpr std::size_t kSteps = 10;
 
   /// `disk` must outlive this object.
   explicit FaultyDisk(tools::Disk& disk) : disk_(disk) {}
 
-  /// The `call`-th call (from 1) of a step, and every later one, fails: the disk is full.
-  void FailAt(Step step, int call) { failingCall_[static_cast<std::size_t>(step)] = call; }
+  /// The `call`-th call (from 1) of a step, and every later one, fails: the disk is full. 0 ends
+  /// that.
+  void FailAt(Step step, int call) { At(step) = {call, false, 0}; }
+  /// That one call fails, counted from now.
+  void FailOnce(Step step, int call) { At(step) = {call, true, 0}; }
+  /// How often a step was called since the last FailAt or FailOnce for it.
+  [[nodiscard]] int Calls(Step step) { return At(step).calls; }
 
-  [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path) override {
-    Pass(Step::Create, path);
-    return std::make_unique<File>(*this, path, disk_.CreateNew(path));
+  [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path,
+                                                             const std::string& target) override {
+    Pass(Step::Create, target);
+    return std::make_unique<File>(*this, target, disk_.CreateNew(path, target));
   }
   void Replace(const std::string& from, const std::string& to) override {
     Pass(Step::Replace, to);
     disk_.Replace(from, to);
   }
+  std::vector<std::string> MakeFolder(const std::string& path) override {
+    Pass(Step::MakeFolder, path);
+    return disk_.MakeFolder(path);
+  }
+  void RemoveFolderTree(const std::string& path) override {
+    Pass(Step::RemoveFolderTree, path);
+    disk_.RemoveFolderTree(path);
+  }
+  void MoveFolder(const std::string& from, const std::string& to) override {
+    Pass(Step::MoveFolder, tools::IsTemporaryName(from) ? to : from);
+    disk_.MoveFolder(from, to);
+  }
+  void DeleteFile(const std::string& path) override {
+    Pass(Step::DeleteFile, path);
+    disk_.DeleteFile(path);
+  }
+  [[nodiscard]] tools::CopyResult CopyFile(const std::string& source, const std::string& target,
+                                           const tools::CopyProgress& progress) override {
+    try {
+      Pass(Step::CopyFile, target);
+    } catch (const tools::Error& error) {
+      return {.errorText = tools::SystemErrorText(error.Cause()), .cause = error.Cause()};
+    }
+    return disk_.CopyFile(source, target, progress);
+  }
   void SyncFolder(const std::string& folder) noexcept override { disk_.SyncFolder(folder); }
   void Discard(const std::string& path) noexcept override { disk_.Discard(path); }
+  void DiscardFolder(const std::string& path) noexcept override { disk_.DiscardFolder(path); }
 
  private:
   class File : public tools::OutputFile {
@@ -40,16 +86,16 @@ class FaultyDisk : public tools::Disk {
     File(FaultyDisk& disk, std::string path, std::unique_ptr<tools::OutputFile> file)
         : disk_(disk), path_(std::move(path)), file_(std::move(file)) {}
 
-    void Write(std::string_view bytes) override { At(Step::Write).Write(bytes); }
+    void Write(std::string_view bytes) override { AtStep(Step::Write).Write(bytes); }
     void WriteAt(std::uint64_t offset, std::string_view bytes) override {
-      At(Step::Write).WriteAt(offset, bytes);
+      AtStep(Step::Write).WriteAt(offset, bytes);
     }
     void Truncate(std::uint64_t size) override { file_->Truncate(size); }
-    void Sync() override { At(Step::Sync).Sync(); }
-    void Close() override { At(Step::Close).Close(); }
+    void Sync() override { AtStep(Step::Sync).Sync(); }
+    void Close() override { AtStep(Step::Close).Close(); }
 
    private:
-    tools::OutputFile& At(Step step) {
+    tools::OutputFile& AtStep(Step step) {
       disk_.Pass(step, path_);
       return *file_;
     }
@@ -59,17 +105,26 @@ class FaultyDisk : public tools::Disk {
     std::unique_ptr<tools::OutputFile> file_;
   };
 
+  struct Fault {
+    int call = 0;  ///< 0: none
+    bool once = false;
+    int calls = 0;  ///< so far
+  };
+
+  Fault& At(Step step) { return faults_.at(static_cast<std::size_t>(step)); }
+
   /// Counts a call of a step and raises tools::Error naming the path when it is to fail.
   void Pass(Step step, const std::string& path) {
-    const auto index = static_cast<std::size_t>(step);
-    if (++calls_[index] < failingCall_[index] || failingCall_[index] == 0) return;
+    Fault& fault = At(step);
+    ++fault.calls;
+    if (fault.call == 0 || fault.calls < fault.call) return;
+    if (fault.once && fault.calls > fault.call) return;
     throw tools::PathError("Die Datei kann nicht geschrieben werden", path,
                            std::make_error_code(std::errc::no_space_on_device));
   }
 
   tools::Disk& disk_;
-  std::array<int, 5> failingCall_{};
-  std::array<int, 5> calls_{};
+  std::array<Fault, kSteps> faults_{};
 };
 
 }  // namespace tests

@@ -48,6 +48,8 @@ class ScriptedDialogs : public tools::Dialogs {
   }
   /// The default text of the input box shown last.
   [[nodiscard]] const std::string& LastDefaultText() const { return lastDefaultText_; }
+  /// The open-file dialog shown last.
+  [[nodiscard]] const tools::OpenFileRequest& LastOpenFile() const { return lastOpenFile_; }
   /// The texts of every busy notice shown so far.
   [[nodiscard]] const std::vector<std::string>& Notices() const { return notices_; }
   /// How many busy notices have not been withdrawn.
@@ -71,6 +73,7 @@ class ScriptedDialogs : public tools::Dialogs {
     return Take("input box", prompt).text;
   }
   std::string OpenFile(const tools::OpenFileRequest& request) override {
+    lastOpenFile_ = request;
     return Take("open-file dialog", request.title).text;
   }
   std::string BrowseFolder(const std::string& title, int /*flags*/) override {
@@ -110,6 +113,7 @@ class ScriptedDialogs : public tools::Dialogs {
   std::deque<Expectation> expected_;
   std::vector<tools::Message> messages_;
   std::string lastDefaultText_;
+  tools::OpenFileRequest lastOpenFile_;
   std::vector<std::string> notices_;
   std::set<int> openNotices_;
 };

@@ -15,7 +15,7 @@ class TestProduct {
  public:
   /// The product lies in the subfolder "Produkt" of `folder`, with the title "Probe".
   explicit TestProduct(const TemporaryFolder& folder) : folder_(folder) {
-    folder.MakeFolder("Produkt/Version 1.0.0");
+    folder.Write("Produkt/Version 1.0.0/product.version", "");
     project_.SetProductPath(
         folder.Write("Produkt/Probe.product",
                      "[General]\nVersion=1.0\n[Product]\nTitle=Probe\nAuthor=Änne Müller\n"

@@ -2,11 +2,13 @@
 
 #include <filesystem>
 
-#include "tests/support/Testing.h"
+#include "tests/support/WithoutRights.h"
 #include "tools/Disk.h"
 #include "tools/Files.h"
 
 namespace tools {
+
+using tests::ErrorWithoutRights;
 
 TEST(LinksTest, FilesAreFollowedAndFoldersAreNot) {
   const tests::TemporaryFolder folder;
@@ -34,6 +36,21 @@ TEST(LinksTest, ReplacingThroughALinkKeepsTheLinkAndTheRights) {
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.product")));
   EXPECT_EQ(folder.Read("echt.product"), "neu");
   EXPECT_EQ(std::filesystem::status(target).permissions(), std::filesystem::perms{0640});
+}
+
+TEST(FolderErrorsTest, NameThePathThatStoppedThemAndTheTrueCause) {
+  const tests::TemporaryFolder folder;
+  const std::string file = folder.Write("baum/zu/datei", "x");
+  ::chmod(folder.Path().c_str(), 0755);
+  ::chmod(folder.Path("baum/zu").c_str(), 0555);
+  EXPECT_THAT(ErrorWithoutRights([&] { RemoveFolderTree(folder.Path("baum")); }),
+              testing::EndsWith(": " + file + " (Zugriff verweigert)"));
+  EXPECT_THAT(ErrorWithoutRights([&] { MakeFolder(folder.Path("baum/zu/neu/tief")); }),
+              testing::EndsWith(": " + folder.Path("baum/zu/neu") + " (Zugriff verweigert)"));
+  EXPECT_THAT(tests::ErrorOf([&] { MakeFolder(file + "/neu"); }),
+              testing::EndsWith(" (Ein Teil des Pfades ist kein Ordner)"));
+  EXPECT_THROW(MakeFolder(folder.Path("neu/" + std::string(300, 'x'))), Error);
+  EXPECT_FALSE(folder.Holds("neu"));
 }
 
 TEST(CopyFileTest, RefusesWhatIsNoRegularFileButNotFilesWhoseSizeTheSystemHides) {

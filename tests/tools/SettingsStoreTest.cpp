@@ -58,6 +58,31 @@ TEST_F(SettingsStoreTest, ABatchReplacesTheFileOnceAndKeepsWhatOthersWrite) {
   EXPECT_EQ(Stored(), "[A]\nb=fremd\nx=fremd\nc=4\n") << "what was on disk is not written again";
 }
 
+TEST_F(SettingsStoreTest, ABatchCommitsInTheOrderOfFirstWritesUpToTheOneThatFails) {
+  const std::vector<std::string> orders[] = {{"a", "b", "c"}, {"c", "b", "a"}, {"b", "C", "a"}};
+  for (const std::vector<std::string>& names : orders) {
+    const tests::TemporaryFolder folder;
+    tests::FaultyDisk faulty(disk_);
+    faulty.FailAt(tests::FaultyDisk::Step::Replace, 3);
+    SettingsStore store(faulty);
+    SettingsStore::Batch batch(store);
+    for (const std::string& name : names) store.Write(folder.Path(name), "A", "b", "1");
+    store.Write(folder.Path(names[0]), "A", "c", "2");
+    EXPECT_THROW(batch.Commit(), Error);
+    EXPECT_TRUE(folder.Holds(names[0]) && folder.Holds(names[1])) << names[0];
+    EXPECT_FALSE(folder.Holds(names[2])) << names[0];
+  }
+}
+
+TEST_F(SettingsStoreTest, AFileDeletedMeanwhileIsNotMadeAgainFromABatchsWrites) {
+  Write("b", "1");
+  SettingsStore::Batch batch(store_);
+  Write("c", "2");
+  DeleteFile(path_);
+  EXPECT_THAT(tests::ErrorOf([&] { batch.Commit(); }), testing::EndsWith(": " + path_));
+  EXPECT_FALSE(folder_.Holds("a.product"));
+}
+
 TEST_F(SettingsStoreTest, ABatchWithoutCommitChangesNothing) {
   Write("b", "1");
   {
@@ -97,13 +122,20 @@ TEST_F(SettingsStoreTest, WhatIsThereButNoFileIsAnErrorUntilItIsOne) {
   EXPECT_EQ(store_.Read(folder_.Write("datei", "") + "/a.product", "A", "b", "d"), "d");
 }
 
-TEST_F(SettingsStoreTest, ManyFilesAreReadWithoutKeepingThemAll) {
-  const std::string filler(3U << 20U, 'x');
-  for (const std::string name :
-       {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "0"}) {
+TEST_F(SettingsStoreTest, ManyFilesAreReadButOnlyThoseUsedLastStayInMemoryWhateverTheirSize) {
+  const std::string filler(25U << 20U, 'x');
+  Write("b", "1");
+  const auto product = store_.Load(path_);
+  std::vector<std::weak_ptr<const SettingsFile>> seen;
+  for (const std::string name : {"0", "1", "2", "3", "4"}) {
     folder_.Write(name, "[A]\nb=" + name + "\n; " + filler + "\n");
-    EXPECT_EQ(store_.Read(folder_.Path(name), "A", "b", ""), name);
+    const auto large = store_.Load(folder_.Path(name));
+    EXPECT_EQ(large->Read("A", "b", ""), name);
+    EXPECT_EQ(store_.Load(path_), product) << name;
+    EXPECT_EQ(store_.Load(folder_.Path(name)), large) << name;
+    seen.push_back(large);
   }
+  EXPECT_TRUE(seen.front().expired());
 }
 
 }  // namespace tools

@@ -36,8 +36,10 @@ TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFileAndDefaultsLieInTheHomeFo
 
 TEST_F(XdgFoldersTest, OnlyItsUserMayEnterAPrivateFolder) {
   setenv("TMPDIR", folder_.Path().c_str(), 1);
+  folder_.Write(".packwright-0123456789abcdef.tmp/rest", "of a killed build");
   const PrivateTemporaryFolder temporary;
-  EXPECT_TRUE(temporary.Path().starts_with(folder_.Path("packwright-")));
+  EXPECT_TRUE(temporary.Path().starts_with(folder_.Path(".packwright-")));
+  EXPECT_FALSE(folder_.Holds(".packwright-0123456789abcdef.tmp"));
   struct stat status {};
   ASSERT_EQ(stat(temporary.Path().c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777, 0700U);

@@ -48,7 +48,7 @@ struct Sample {
   ScriptedDialogs dialogs;
   FixedClock clock;
   FakeWindow window;
-  model::ModProjectOperations operations{project, dialogs, clock, window};
+  model::ModProjectOperations operations{project, disk, dialogs, clock, window};
   wizards::UnsavedPages unsaved{window, operations};
   wizards::BuildServices services{project, operations, dialogs,
                                   clock,   disk,       folder.Path("programm")};

@@ -1,0 +1,25 @@
+#include "model/Undo.h"
+
+#include <utility>
+
+#include "tools/Error.h"
+
+namespace model {
+
+void Undo::Add(std::function<void()> step) { steps_.push_back(std::move(step)); }
+
+std::string Undo::Run() {
+  std::string failures;
+  while (!steps_.empty()) {
+    try {
+      steps_.back()();
+    } catch (const tools::Error& error) {
+      if (!failures.empty()) failures += "; ";
+      failures += error.what();
+    }
+    steps_.pop_back();
+  }
+  return failures;
+}
+
+}  // namespace model

@@ -1,0 +1,162 @@
+// Every operation on several files, with each step that changes the disk failing in turn.
+#include <filesystem>
+#include <map>
+
+#include "model/ModProjectOperations.h"
+#include "model/TextTable.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/FaultyDisk.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/Testing.h"
+#include "tools/Files.h"
+#include "tools/Path.h"
+#include "tools/TemporaryName.h"
+
+namespace model {
+
+using tests::FaultyDisk;
+using Step = FaultyDisk::Step;
+
+/// An open product "1.0.0" with a component, a free slot for another, and the window that shows it.
+class OpenedProduct {
+ public:
+  explicit OpenedProduct(const std::string& fileName) {
+    operations.Connect(window, window);
+    window.onUpdateTree = [this] { shown = Listing(); };
+    folder.Write("Version 1.0.0/product.version", "[Components]\nCount=1\n");
+    folder.Write("Version 1.0.0/component1.component", "[Component]\nTitle=A\n");
+    folder.Write("Version 1.0.0/component2.component", "[Files]\nCount=7\n");
+    folder.Write("Version 1.0.1/rest.txt", "in the way of the next version");
+    operations.OpenProduct(
+        folder.Write(fileName, "[General]\nVersion=1.0\n[Versions]\nCount=1\nVer1=1.0.0\n"));
+    shown = Listing();
+  }
+
+  /// The versions and components of the product, as its files have them.
+  std::string Listing() {
+    std::string text = project.ProductPath();
+    for (const std::int32_t version : project.VersionSlots()) {
+      text += "|" + project.VersionString(version);
+      for (const std::int32_t slot : project.ComponentSlots(version)) {
+        text += "," + project.ComponentTitle(version, slot);
+      }
+    }
+    return text;
+  }
+
+  /// Everything in the folder; with `temporary`, what waits to be removed too.
+  [[nodiscard]] std::map<std::string, std::string> Content(bool temporary) const {
+    std::map<std::string, std::string> content;
+    std::filesystem::recursive_directory_iterator walk(tools::ToPath(folder.Path()));
+    for (auto entry = begin(walk); entry != end(walk); ++entry) {
+      const std::string path = tools::FromPath(entry->path());
+      if (!temporary && tools::IsTemporaryName(path)) {
+        entry.disable_recursion_pending();
+      } else {
+        content[path.substr(folder.Path().size())] =
+            entry->is_directory() ? "folder" : tools::ReadWholeFile(path);
+      }
+    }
+    return content;
+  }
+
+  tests::TemporaryFolder folder;
+  tools::SystemDisk systemDisk;
+  FaultyDisk disk{systemDisk};
+  tools::SettingsStore store{disk};
+  ModProject project{store};
+  tests::ScriptedDialogs dialogs;
+  tests::FixedClock clock;
+  tests::FakeWindow window;
+  ModProjectOperations operations{project, disk, dialogs, clock, window};
+  std::string shown;  ///< the listing that the tree shows
+};
+
+struct Operation {
+  const char* name;
+  void (*run)(OpenedProduct&);
+};
+
+static const Operation kOperations[] = {
+    {"add version",
+     [](OpenedProduct& p) {
+       p.dialogs.ExpectInputBox("Haupt.Neben.Revision", "1.0.1");
+       p.operations.AddVersion();
+     }},
+    {"delete version",
+     [](OpenedProduct& p) {
+       p.dialogs.ExpectQuestion(LoadText(226), tools::MessageAnswer::Yes);
+       p.operations.DeleteVersion(1, "1.0.0");
+     }},
+    {"add component",
+     [](OpenedProduct& p) {
+       p.dialogs.ExpectInputBox(LoadText(228), "B");
+       p.operations.AddComponent(1);
+     }},
+    {"delete component",
+     [](OpenedProduct& p) {
+       p.dialogs.ExpectQuestion(LoadText(226), tools::MessageAnswer::Yes);
+       p.operations.DeleteComponent(1, 1, "1.0.0", "A");
+     }},
+    {"new product", [](OpenedProduct& p) {
+       p.window.newProduct = NewProduct{"Neu", "Ich", p.folder.Path("neu/tief/neu.product")};
+       p.operations.NewProduct();
+     }}};
+
+/// Fails the `call`-th call of `step`; false when the operation has no such call.
+static bool FailAndRetry(const Operation& operation, const std::string& fileName, Step step,
+                         int call) {
+  OpenedProduct whole(fileName);
+  const auto old = whole.Content(true);
+  operation.run(whole);
+  OpenedProduct product(fileName);
+  product.disk.FailOnce(step, call);
+  const std::string error = tests::ErrorOf([&] { operation.run(product); });
+  if (product.disk.Calls(step) < call) return false;
+
+  const std::string where = std::string(operation.name) + " in " + fileName + ", step " +
+                            std::to_string(static_cast<int>(step)) + ", call " +
+                            std::to_string(call);
+  EXPECT_NE(error, "no error") << where;
+  EXPECT_THAT(error, testing::HasSubstr(product.folder.Path())) << where;
+  EXPECT_THAT(error, testing::HasSubstr("Kein Speicherplatz")) << where;
+  // What could not be removed at the end is hidden, and named.
+  const bool done = step == Step::RemoveFolderTree;
+  EXPECT_EQ(product.Content(!done), done ? whole.Content(true) : old) << where;
+  EXPECT_EQ(done, error.find(".packwright-") != std::string::npos) << where << error;
+  if (product.project.IsOpen()) {
+    EXPECT_EQ(product.shown, product.Listing()) << where;
+  }
+  if (done) return true;
+  operation.run(product);
+  EXPECT_EQ(product.Content(true), whole.Content(true)) << where << ", again";
+  return true;
+}
+
+TEST(OperationFailuresTest, LeaveTheProductAsItWasAndCanBeTriedAgain) {
+  for (const Operation& operation : kOperations) {
+    int failures = 0;
+    for (const char* fileName : {"Demo.product", "demo.product"}) {
+      for (std::size_t step = 0; step < FaultyDisk::kSteps; ++step) {
+        int call = 1;
+        while (FailAndRetry(operation, fileName, static_cast<Step>(step), call)) ++call;
+        failures += call - 1;
+      }
+    }
+    EXPECT_GT(failures, 0) << operation.name;
+  }
+}
+
+TEST(OperationFailuresTest, WhatCannotBeTakenBackIsToldBesideTheFirstError) {
+  OpenedProduct product("demo.product");
+  product.disk.FailAt(Step::MoveFolder, 1);
+  product.disk.FailAt(Step::Replace, 2);
+  const std::string error = tests::ErrorOf([&] { kOperations[1].run(product); });
+  EXPECT_THAT(error, testing::HasSubstr("Version 1.0.0 (Kein Speicherplatz"));
+  EXPECT_THAT(error, testing::HasSubstr("zurückgenommen: "));
+  EXPECT_THAT(error, testing::HasSubstr("demo.product (Kein Speicherplatz"));
+  EXPECT_EQ(product.shown, product.Listing());
+}
+
+}  // namespace model

@@ -1,0 +1,12 @@
+// What the system has to say of a temporary file or folder that may be a leftover.
+#pragma once
+
+#include <string>
+
+namespace tools {
+
+/// Calls `remove` when `path` belongs to this user and to no running program; returns whether it
+/// did.
+bool RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&));
+
+}  // namespace tools

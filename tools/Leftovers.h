@@ -1,0 +1,54 @@
+// Temporary files and folders that a killed program left behind: told from those in use, and
+// removed.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tools {
+
+/// Marks a temporary file or folder as in use for as long as this object or its process lives: by a
+/// lock on it (an open handle on Windows), which the system takes back when the process ends
+/// however that happens. On file systems that cannot lock, nothing is marked and nothing is
+/// removed.
+class TemporaryHold {
+ public:
+  explicit TemporaryHold(const std::string& path);
+  ~TemporaryHold();
+  TemporaryHold(const TemporaryHold&) = delete;
+  TemporaryHold& operator=(const TemporaryHold&) = delete;
+
+  /// True when another program has taken it for a leftover before it was marked.
+  [[nodiscard]] bool IsLost() const { return lost_; }
+
+ private:
+  struct Mark;
+  std::unique_ptr<Mark> mark_;
+  bool lost_ = false;
+};
+
+/// A temporary file or folder beside `target`, marked as in use. What becomes of it is its owner's
+/// business; a folder that is held cannot be written to by a SettingsStore, which locks it too.
+class HeldTemporary {
+ public:
+  /// `create` makes the file or folder under the name that it is given, which nothing has yet. It
+  /// is called again, with another name, when a program that tidies up was quicker than the mark.
+  HeldTemporary(std::string_view target, const std::function<void(const std::string&)>& create);
+  /// For what has a temporary name already, because it was renamed to be removed.
+  explicit HeldTemporary(std::string path);
+
+  [[nodiscard]] const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+  std::unique_ptr<TemporaryHold> hold_;
+};
+
+/// Removes the temporary files and folders of this program's making (see TemporaryName.h) that lie
+/// in `folder`, belong to this user, and whose process has ended. What cannot be removed stays, for
+/// the next time.
+void RemoveLeftovers(const std::string& folder) noexcept;
+
+}  // namespace tools
