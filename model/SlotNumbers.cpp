@@ -5,26 +5,22 @@
 
 #include "tools/Error.h"
 #include "tools/Numbers.h"
+#include "tools/Text.h"
 
 namespace model {
 
 namespace {
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool SameAscii(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
-}
-
 bool StartsWithWord(std::string_view name, std::string_view word) {
-  return name.size() > word.size() && SameAscii(name.substr(0, word.size()), word);
+  return name.size() > word.size() &&
+         tools::EqualIgnoringAsciiCase(name.substr(0, word.size()), word);
 }
 
 std::string_view WithoutEnding(std::string_view name, std::string_view ending) {
   if (name.size() < ending.size()) return {};
   const std::size_t rest = name.size() - ending.size();
-  return SameAscii(name.substr(rest), ending) ? name.substr(0, rest) : std::string_view();
+  return tools::EqualIgnoringAsciiCase(name.substr(rest), ending) ? name.substr(0, rest)
+                                                                  : std::string_view();
 }
 
 // The section name or key that a line of a settings file begins with.

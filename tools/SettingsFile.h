@@ -1,4 +1,4 @@
-// One settings file in memory: sections of Key=Value lines, parsed once, edited and rendered again.
+// One settings file in memory: sections of Key=Value lines, edited and rendered again.
 //
 // The text is UTF-8, lines end in LF (CR LF and a byte-order mark are accepted and kept). A line
 // that begins with ";" is a comment. The value is everything after the first "=" without the blanks
@@ -6,13 +6,18 @@
 // or quotes at a value's ends. Sections and keys are found ignoring ASCII case, and the first of
 // two equal ones counts. Comments, unknown lines, the order of lines and bytes that are not UTF-8
 // survive an edit.
+//
+// Reading changes what is remembered of earlier searches: one thread at a time uses an object.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace tools {
 
@@ -20,10 +25,9 @@ class SettingsFile {
  public:
   /// An empty file.
   SettingsFile();
-  /// The file with this content. Any bytes are accepted.
+  /// The file with this content. Any bytes are accepted; raises Error beyond 4 GiB.
   explicit SettingsFile(std::string content);
   ~SettingsFile();
-  SettingsFile(const SettingsFile&) = delete;
   SettingsFile& operator=(const SettingsFile&) = delete;
 
   /// The value of a key, or nothing. The view lives as long as this object and its next Write.
@@ -35,9 +39,9 @@ class SettingsFile {
                                  std::string_view defaultValue) const;
 
   /// Sets a value, adding section and key where they are missing. Returns false when it stood there
-  /// already. Raises Error for a line break in the value, and for a name that a line cannot hold
-  /// (an empty one, one with line breaks or blanks around it, a key with "=" or a leading ";" or
-  /// "[").
+  /// already. Raises Error for a line break in the value, for a name that a line cannot hold (an
+  /// empty one, one with line breaks or blanks around it, a key with "=" or a leading ";" or "["),
+  /// and when all that was written comes to 4 GiB; nothing is changed then.
   bool Write(std::string_view section, std::string_view key, std::string_view value);
 
   /// Receives a part of the content.
@@ -54,11 +58,82 @@ class SettingsFile {
   /// Repeats on `other` the writes made on this object since the last ForgetWrites.
   void ReplayWrites(SettingsFile& other) const;
   /// The writes made so far are safe elsewhere and are not repeated any more.
-  void ForgetWrites();
+  void ForgetWrites() { written_.clear(); }
 
  private:
-  class Document;
-  std::unique_ptr<Document> document_;
+  class NameIndex;
+
+  /// A place in text_: the first byte of a line.
+  using Place = std::uint32_t;
+  /// A position in sections_.
+  using SectionNumber = std::uint32_t;
+
+  /// The part of text_ from a section's header to the next one. Nothing but blank lines stands
+  /// before the header.
+  struct Section {
+    Place begin = 0;
+    Place end = 0;
+  };
+  /// A key of the line at `line`.
+  struct Key {
+    Place line = 0;
+    Place begin = 0;
+    Place end = 0;
+  };
+  /// Lines that were written to one section after each other: the part of text_ from `begin` up to
+  /// where the next ones begin. Lines without a key may be among them.
+  struct WrittenLines {
+    SectionNumber section = 0;
+    Place begin = 0;
+  };
+
+  SettingsFile(const SettingsFile& other);
+
+  void FindSections();
+  void CheckRoom(std::size_t bytes) const;
+
+  [[nodiscard]] std::string_view Text(Place begin, Place end) const;
+  [[nodiscard]] std::string_view LineAt(Place line) const;
+  /// The line that stands at a line's place by now.
+  [[nodiscard]] std::string_view CurrentLine(Place line) const;
+  [[nodiscard]] std::string_view NameOf(SectionNumber section) const;
+
+  [[nodiscard]] std::optional<SectionNumber> FindSection(std::string_view name) const;
+  [[nodiscard]] std::optional<Place> FindLine(SectionNumber section, std::string_view key) const;
+  /// Calls `visit(Place line, std::string_view key)` for the Key=Value lines of a part of text_ or
+  /// of a section.
+  template <typename Visit>
+  void ForEachKey(Place begin, Place end, Visit visit) const;
+  template <typename Visit>
+  void ForEachKey(SectionNumber section, Visit visit) const;
+  /// True for a section that is searched by an index, not key by key.
+  [[nodiscard]] bool IsLarge(SectionNumber section) const;
+  [[nodiscard]] NameIndex& KeyIndexOf(SectionNumber section) const;
+  [[nodiscard]] const std::vector<Key>& KeysOf(SectionNumber section) const;
+
+  Place Append(std::string_view text);
+  SectionNumber AddSection(std::string_view name);
+  void AddLine(SectionNumber section, std::string_view line, std::size_t keySize);
+  /// Where a section's blank lines at its end begin.
+  [[nodiscard]] Place EndWithoutBlankLines(const Section& section) const;
+
+  std::string text_;  ///< the content as it was read, and behind it every line written since
+  std::string_view lineEnd_ = "\n";
+  std::vector<Section> sections_;  ///< the first one is what stands before all headers
+  /// Lines that follow a section's text, but stand before blank lines at its end.
+  std::unordered_map<SectionNumber, std::vector<Place>> added_;
+  std::unordered_map<Place, Place> replaced_;  ///< lines, and the lines that took their places
+  std::vector<WrittenLines> written_;          ///< what ReplayWrites is to repeat
+
+  // Made when they are first needed.
+  mutable std::unique_ptr<NameIndex> sectionIndex_;
+  mutable std::unordered_map<SectionNumber, std::unique_ptr<NameIndex>> keyIndexes_;
+  // The section found last and the keys of the small section searched last: the next search is
+  // mostly for them too.
+  mutable std::string lastName_;
+  mutable std::optional<SectionNumber> lastSection_;
+  mutable std::vector<Key> keys_;
+  mutable std::optional<SectionNumber> keysSection_;
 };
 
 }  // namespace tools

@@ -9,11 +9,7 @@ namespace tools {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
-
 bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
-
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 /// Reads the character at the beginning of `text`. Returns its length in bytes, or 0 when it is not
 /// UTF-8.
@@ -80,12 +76,6 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
   }
   if (i == a.size() || i == b.size()) return a.size() == b.size();
   return FoldCase(a.substr(i)) == FoldCase(b.substr(i));
-}
-
-std::string_view TrimBlanks(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  text.remove_suffix(text.size() - (text.find_last_not_of(kBlanks) + 1));
-  return text;
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {

@@ -7,6 +7,11 @@
 
 namespace tools {
 
+/// An ASCII letter in lower case; any other byte as it is.
+[[nodiscard]] inline char LowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
 /// `text` with Unicode's simple case folding applied, for comparisons that ignore case: Ü and ü
 /// become one, ß and ss stay two, as in file names. Bytes that are not UTF-8 are kept as they are.
 [[nodiscard]] std::string FoldCase(std::string_view text);
@@ -16,8 +21,24 @@ namespace tools {
 /// `text` with Unicode letters turned to lower case; bytes that are not UTF-8 are kept.
 [[nodiscard]] std::string LowerCase(std::string_view text);
 
-/// `text` without the blanks (spaces and tabs) around it; a view into `text`.
-[[nodiscard]] std::string_view TrimBlanks(std::string_view text);
+/// Compares ignoring the case of ASCII letters alone.
+[[nodiscard]] inline bool EqualIgnoringAsciiCase(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i] != b[i] && LowerAscii(a[i]) != LowerAscii(b[i])) return false;
+  }
+  return true;
+}
+
+/// Spaces and tabs are blanks.
+[[nodiscard]] inline bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+/// `text` without the blanks around it; a view into `text`.
+[[nodiscard]] inline std::string_view TrimBlanks(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
 
 /// `text` with every occurrence of `what` (not empty, compared exactly) replaced by `with`.
 [[nodiscard]] std::string ReplaceAll(std::string_view text, std::string_view what,

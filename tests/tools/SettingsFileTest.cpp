@@ -56,10 +56,13 @@ TEST(SettingsFileTest, RefusesWhatALineCannotHold) {
 }
 
 TEST(SettingsFileTest, ReadsDamagedFilesAsFarAsTheyGo) {
-  EXPECT_EQ(SettingsFile(std::string(1000, '\0')).Read("A", "b", "d"), "d");
-  EXPECT_EQ(SettingsFile("[A]\nb=ganz\nc=hal").Read("A", "c", "d"), "hal");
-  EXPECT_EQ(SettingsFile("[A").Read("A", "b", "d"), "d");
-  EXPECT_EQ(SettingsFile("[A]\nb=\"").Read("A", "b", "d"), "\"");
+  const std::pair<std::string, const char*> cases[] = {{std::string(1000, '\0'), "d"},
+                                                       {"[A]\na=ganz\nb=hal", "hal"},
+                                                       {"[A", "d"},
+                                                       {"[A]\nb=\"", "\""}};
+  for (const auto& [content, value] : cases) {
+    EXPECT_EQ(SettingsFile(content).Read("A", "b", "d"), value) << content;
+  }
   const std::string wide(100U << 20U, 'x');
   SettingsFile file("[A]\n" + wide + "\nb=da\n");
   EXPECT_EQ(file.Read("A", "b", "d"), "da");
@@ -72,9 +75,11 @@ TEST(SettingsFileTest, LargeSectionsStayConsistentWhileTheyGrow) {
   for (int i = 1; i <= 200; ++i) file.Write("A", "K" + std::to_string(i), std::to_string(i));
   file.Write("A", "k150", "neu");
   const SettingsFile again(file.Render());
-  EXPECT_EQ(again.Read("A", "K1", "") + again.Read("A", "K150", "") + again.Read("A", "K200", ""),
-            "1neu200");
-  EXPECT_EQ(again.Read("B", "x", ""), "1");
+  const std::string values[][3] = {
+      {"A", "K1", "1"}, {"A", "K150", "neu"}, {"A", "K200", "200"}, {"B", "x", "1"}};
+  for (const auto& [section, key, value] : values) {
+    EXPECT_EQ(again.Read(section, key, ""), value) << key;
+  }
 }
 
 TEST(SettingsFileTest, ManySectionsThatAreAddedAndChangedInTurnKeepTheirLines) {
