@@ -57,7 +57,7 @@ std::string MapCharacters(std::string_view text, Mapping mapping) {
 
 /// Where the quotation ends that `text` begins with, blanks aside; 0 when it begins with none.
 std::size_t QuotationEnd(std::string_view text, char quote) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
+  const std::size_t first = text.find_first_not_of(" \t");
   if (first == std::string_view::npos || text[first] != quote) return 0;
   const std::size_t closing = text.find(quote, first + 1);
   return closing == std::string_view::npos ? 0 : closing;
