@@ -1,6 +1,7 @@
 #include "setup/ArchiveLibrary.h"
 
-#include "tools/Error.h"
+#include <algorithm>
+#include <string_view>
 
 namespace setup {
 
@@ -32,9 +33,23 @@ zip_int64_t LibraryFile::Serve(void* file, void* data, zip_uint64_t size,
   }
 }
 
+// The library asks for the parts of each header one by one; members mostly lie side by side.
+std::size_t LibraryFile::ReadAhead(std::span<char> buffer) {
+  constexpr std::size_t kAheadBytes = std::size_t{16} << 10U;
+  if (at_ < aheadBegin_ || at_ >= aheadBegin_ + ahead_.size()) {
+    if (buffer.size() >= kAheadBytes) return file_.ReadAt(at_, buffer);
+    ahead_.resize(kAheadBytes);
+    aheadBegin_ = at_;
+    ahead_.resize(file_.ReadAt(at_, ahead_));
+  }
+  const std::string_view known = std::string_view(ahead_).substr(at_ - aheadBegin_, buffer.size());
+  std::ranges::copy(known, buffer.begin());
+  return known.size();
+}
+
 zip_int64_t LibraryFile::Read(std::span<char> buffer) {
   try {
-    const std::size_t count = file_.ReadAt(at_, buffer);
+    const std::size_t count = ReadAhead(buffer);
     at_ += count;
     return static_cast<zip_int64_t>(count);
   } catch (...) {

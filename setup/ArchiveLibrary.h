@@ -35,12 +35,15 @@ class LibraryFile {
 
  private:
   [[nodiscard]] zip_int64_t Read(std::span<char> buffer);
+  [[nodiscard]] std::size_t ReadAhead(std::span<char> buffer);
   [[nodiscard]] zip_int64_t Seek(void* arguments, zip_uint64_t size);
   [[nodiscard]] zip_int64_t Describe(void* stat, zip_uint64_t size);
 
   tools::InputFile file_;
   std::uint64_t size_;
   std::uint64_t at_ = 0;
+  std::string ahead_;             ///< bytes of the file that were read beyond what was asked for
+  std::uint64_t aheadBegin_ = 0;  ///< and where they begin
   zip_error_t error_{};
   std::exception_ptr failure_;
 };

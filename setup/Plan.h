@@ -15,6 +15,9 @@ enum class CopyRule {
   Copy,           ///< replaces one
 };
 
+/// What the rule does to a file that is there (German).
+[[nodiscard]] const char* RuleText(CopyRule rule);
+
 /// What the user is told when a file cannot be installed.
 struct FailureText {
   std::string message;  ///< with "%file%" where the target stands; empty: nothing is said

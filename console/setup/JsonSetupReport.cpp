@@ -46,6 +46,22 @@ const char* OutcomeName(setup::InstalledFile::Outcome outcome) {
   return "";
 }
 
+const char* KindName(setup::Difference::Kind kind) {
+  switch (kind) {
+    case setup::Difference::Kind::Head:
+      return "head";
+    case setup::Difference::Kind::Added:
+      return "added";
+    case setup::Difference::Kind::Removed:
+      return "removed";
+    case setup::Difference::Kind::Renamed:
+      return "renamed";
+    case setup::Difference::Kind::Changed:
+      return "changed";
+  }
+  return "";
+}
+
 }  // namespace
 
 const char* RuleName(setup::CopyRule rule) {
@@ -119,6 +135,25 @@ void JsonSetupReport::ProofEnd(const setup::ProofResult& result) {
                        {"proven", result.findings.empty()},
                        {"files", result.files},
                        {"bytes", result.bytes}});
+}
+
+void JsonSetupReport::Differences(const setup::SetupComparison& comparison) {
+  for (const setup::Difference& difference : comparison.differences) {
+    WriteLine(Output(), {{"event", "difference"},
+                         {"kind", KindName(difference.kind)},
+                         {"target", difference.target},
+                         {"oldTarget", difference.oldTarget},
+                         {"what", difference.what},
+                         {"oldValue", difference.oldValue},
+                         {"newValue", difference.newValue}});
+  }
+  if (Quiet()) return;
+  WriteLine(Output(), {{"event", "compared"},
+                       {"differences", comparison.differences.size()},
+                       {"oldFiles", comparison.oldFiles},
+                       {"newFiles", comparison.newFiles},
+                       {"oldBytes", comparison.oldBytes},
+                       {"newBytes", comparison.newBytes}});
 }
 
 void JsonSetupReport::ShowProgress(const tools::Progress& progress) {

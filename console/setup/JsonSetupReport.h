@@ -6,6 +6,8 @@
 //   installed  target, place, outcome, redirected
 //   unpacked   folder, created, replaced, kept, bytes
 //   proof      proven, files, bytes
+//   difference kind, target, oldTarget, what, oldValue, newValue
+//   compared   differences, oldFiles, newFiles, oldBytes, newBytes
 //   finding    file, line, text, component, componentTitle, entry
 //   findings   count
 //   progress   filesDone, filesTotal, bytesDone, bytesTotal
@@ -27,6 +29,7 @@ class JsonSetupReport : public SetupReport {
   void Installed(const setup::InstalledFile& file) override;
   void InstallationEnd(const setup::InstallationTotals& totals, const std::string& folder) override;
   void ProofEnd(const setup::ProofResult& result) override;
+  void Differences(const setup::SetupComparison& comparison) override;
 
  protected:
   void ShowProgress(const tools::Progress& progress) override;

@@ -18,7 +18,7 @@ constexpr const char* kDescription =
 constexpr const char* kExitCodes =
     "Rückgabewert:\n"
     "  0  keine Beanstandung\n"
-    "  1  Beanstandungen gefunden\n"
+    "  1  Beanstandungen gefunden; die Setups unterscheiden sich (compare)\n"
     "  2  falscher Aufruf, Setup nicht lesbar\n"
     "  3  abgelehnt oder abgebrochen\n";
 
@@ -48,6 +48,9 @@ void DefineCommands(CLI::App& app, SetupCommandLine& line) {
       ->required();
   prove->add_option("--version", line.version, "Version, zum Beispiel 1.0.0")
       ->type_name("VERSION")
+      ->required();
+  AddCommand(app, line, Command::Compare, "compare", "Sagen, was ein neues Setup anders macht")
+      ->add_option("NEU", line.newSetup, "Das neue Setup; SETUP ist das alte")
       ->required();
   app.require_subcommand(0, 1);
   LabelInGerman(app, kExitCodes);

@@ -11,14 +11,15 @@
 namespace console {
 
 struct SetupCommandLine {
-  enum class Command { List, Unpack, Prove };
+  enum class Command { List, Unpack, Prove, Compare };
   Command command = Command::List;
-  std::string setup;    ///< output folder or script
-  std::string into;     ///< folder of a test installation
-  std::string product;  ///< product file of a proof
-  std::string version;  ///< and its version
-  bool json = false;    ///< one JSON object a line instead of text
-  bool quiet = false;   ///< only rows and findings
+  std::string setup;     ///< output folder or script
+  std::string into;      ///< folder of a test installation
+  std::string product;   ///< product file of a proof
+  std::string version;   ///< and its version
+  std::string newSetup;  ///< what `setup` is compared with
+  bool json = false;     ///< one JSON object a line instead of text
+  bool quiet = false;    ///< only rows and findings
 };
 
 /// Reads the arguments (UTF-8, without the program's name). Without a result the call ends here

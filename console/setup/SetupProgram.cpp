@@ -8,6 +8,7 @@
 #include "console/setup/JsonSetupReport.h"
 #include "console/setup/SetupCommandLine.h"
 #include "console/setup/TextSetupReport.h"
+#include "setup/Comparison.h"
 #include "setup/Setup.h"
 #include "setup/TestInstallation.h"
 #include "tools/Disk.h"
@@ -93,11 +94,24 @@ ExitCode Prove(const std::string& path, const SetupCommandLine& line,
   return code;
 }
 
+ExitCode Compare(const std::string& oldPath, const std::string& newPath, SetupReport& report) {
+  const setup::Setup before = Open(oldPath);
+  const setup::Setup after = Open(newPath);
+  const setup::SetupComparison comparison = setup::CompareSetups(before, after);
+  report.Differences(comparison);
+  std::vector<setup::Finding> findings = before.findings;
+  findings.insert(findings.end(), after.findings.begin(), after.findings.end());
+  const ExitCode code = Conclude(findings, before.furtherFindings + after.furtherFindings, report);
+  return comparison.differences.empty() ? code : ExitCode::BuiltWithErrors;
+}
+
 ExitCode Run(const SetupCommandLine& line, const Surroundings& surroundings, SetupReport& report) {
   const std::string path = tools::ResolvePath(line.setup, surroundings.workingFolder);
   switch (line.command) {
     case Command::List:
       return List(path, report);
+    case Command::Compare:
+      return Compare(path, tools::ResolvePath(line.newSetup, surroundings.workingFolder), report);
     case Command::Prove:
       return Prove(path, line, surroundings, report);
     case Command::Unpack:

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "console/Report.h"
+#include "setup/Comparison.h"
 #include "setup/Finding.h"
 #include "setup/Proof.h"
 #include "setup/Setup.h"
@@ -38,6 +39,8 @@ class SetupReport {
                                const std::string& folder) = 0;
   /// The end of a proof whose findings have been told.
   virtual void ProofEnd(const setup::ProofResult& result) = 0;
+  /// What a new setup does other than an old one.
+  virtual void Differences(const setup::SetupComparison& comparison) = 0;
 
  protected:
   virtual void ShowProgress(const tools::Progress& progress) = 0;

@@ -16,18 +16,6 @@ const std::vector<std::string> kColumns{"Ziel",          "Größe",      "Vorhan
 const std::vector<Align> kAlignment{Align::Left, Align::Right, Align::Left,
                                     Align::Left, Align::Left,  Align::Left};
 
-std::string RuleText(setup::CopyRule rule) {
-  switch (rule) {
-    case setup::CopyRule::Add:
-      return "bleibt";
-    case setup::CopyRule::ReplaceSafely:
-      return "ersetzt (sicher)";
-    case setup::CopyRule::Copy:
-      return "ersetzt";
-  }
-  return {};
-}
-
 std::string SizeText(const std::optional<std::uint64_t>& size, bool forPeople) {
   if (!size) return "fehlt";
   return forPeople ? ByteText(*size) : std::to_string(*size);
@@ -37,7 +25,7 @@ std::vector<std::string> RowOf(const setup::Setup& setup, const setup::PlannedFi
                                bool forPeople) {
   return {file.target,
           SizeText(setup::SizeOf(setup, file), forPeople),
-          RuleText(file.rule),
+          setup::RuleText(file.rule),
           file.registersItself ? "ja" : "nein",
           file.vital ? "Abbruch" : "weiter",
           file.stored};
@@ -47,6 +35,24 @@ std::string RegistrationText(const setup::Plan& plan) {
   if (!plan.registration) return "keine";
   return plan.registration->key + ", \"" + plan.registration->title + "\", Typ " +
          plan.registration->type;
+}
+
+std::string DifferenceText(const setup::Difference& difference) {
+  const std::string change =
+      difference.what + ": " + difference.oldValue + " -> " + difference.newValue;
+  switch (difference.kind) {
+    case setup::Difference::Kind::Head:
+      return change;
+    case setup::Difference::Kind::Added:
+      return "neu: " + difference.target;
+    case setup::Difference::Kind::Removed:
+      return "entfernt: " + difference.target;
+    case setup::Difference::Kind::Renamed:
+      return "umbenannt: " + difference.oldTarget + " -> " + difference.target;
+    case setup::Difference::Kind::Changed:
+      return "geändert: " + difference.target + ": " + change;
+  }
+  return {};
 }
 
 std::string PlaceText(const setup::Finding& finding) {
@@ -162,6 +168,16 @@ void TextSetupReport::ProofEnd(const setup::ProofResult& result) {
   ClearProgress();
   if (Quiet() || !result.findings.empty()) return;
   Output() << ProofText(result) << '\n';
+}
+
+void TextSetupReport::Differences(const setup::SetupComparison& comparison) {
+  for (const setup::Difference& difference : comparison.differences) {
+    Output() << DifferenceText(difference) << '\n';
+  }
+  if (Quiet()) return;
+  if (comparison.differences.empty()) Output() << "Kein Unterschied.\n";
+  Output() << "Dateien: " << comparison.oldFiles << " -> " << comparison.newFiles << ", "
+           << ByteText(comparison.oldBytes) << " -> " << ByteText(comparison.newBytes) << '\n';
 }
 
 void TextSetupReport::ShowProgress(const tools::Progress& progress) {

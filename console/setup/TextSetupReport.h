@@ -18,6 +18,7 @@ class TextSetupReport : public SetupReport {
   void Installed(const setup::InstalledFile& file) override;
   void InstallationEnd(const setup::InstallationTotals& totals, const std::string& folder) override;
   void ProofEnd(const setup::ProofResult& result) override;
+  void Differences(const setup::SetupComparison& comparison) override;
 
  protected:
   void ShowProgress(const tools::Progress& progress) override;

@@ -103,6 +103,42 @@ TEST_F(SetupProgramTest, ProvesASetup) {
   EXPECT_THAT(errors_, HasSubstr("[Komponente 1 \"Über\", Eintrag 2]\n1 Beanstandung.\n"));
 }
 
+TEST_F(SetupProgramTest, SaysWhatANewSetupDoesOtherwise) {
+  product_.AddComponent("Zwei", {Source("alt.txt", "alt"), Source("wandert.txt", "wandert")});
+  settings_["folder"] = folder_.Path("alt");
+  Run();
+  settings_["folder"] = folder_.Path("baum");
+  settings_["makezip"] = "0";
+  Run();
+  EXPECT_EQ(Call({"compare", "alt", "baum"}), ExitCode::Built) << errors_;
+  EXPECT_EQ(output_, "Kein Unterschied.\nDateien: 5 -> 5, 1,5 kB -> 1,5 kB\n");
+
+  project_.WriteVersionSetting(1, "Components", "Count", "1");
+  project_.WriteVersionSetting(1, "Tessel", "Key", "k");
+  product_.AddComponent(
+      "Zwei",
+      {Source("b2.txt", "anders", "TargetSubFolder=X\nTargetName=B.txt\n"),
+       Source("neu.txt", "neu"), Source("wandert.txt", "wandert", "TargetName=hierher.txt\n")});
+  settings_["folder"] = folder_.Path("neu");
+  Run();
+  EXPECT_EQ(Call({"compare", "alt", "neu", "--quiet"}), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(tools::SplitList(output_, '\n', '\0'),
+              ElementsAre("Tessel-Schlüssel:  -> k", "Tessel-Bezeichnung:  -> Probe",
+                          "Tessel-Programmtyp:  -> 1",
+                          "umbenannt: %InstallPath%\\wandert.txt -> %InstallPath%\\hierher.txt",
+                          "entfernt: %InstallPath%\\alt.txt", "neu: %InstallPath%\\neu.txt",
+                          "neu: %InstallPath%\\X\\B.txt", ""));
+  folder_.Write("neu/InstallPath/c", "c");
+  folder_.Write("neu/Probe.install",
+                tools::ReplaceAll(folder_.Read("neu/Probe.install"), "Not Copy(", "Not Add("));
+  EXPECT_EQ(Call({"compare", "neu", "alt", "--json"}), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(
+      output_,
+      AllOf(HasSubstr("\"what\":\"Inhalt\",\"oldValue\":\"1 Bytes\",\"newValue\":\"0 Bytes\""),
+            HasSubstr(
+                "\"what\":\"Vorhandene Datei\",\"oldValue\":\"bleibt\",\"newValue\":\"ersetzt\"")));
+}
+
 TEST_F(SetupProgramTest, TellsFindingsWithTheirPlace) {
   Run();
   std::string script = Out("Probe.install");
