@@ -14,20 +14,7 @@ namespace setup {
 
 namespace {
 
-/// What a file is made of, small enough to keep one for each file.
-struct Content {
-  std::uint64_t size = 0;
-  std::uint32_t checksum = 0;
-  bool missing = false;
-  auto operator<=>(const Content&) const = default;
-};
-
-struct Item {
-  std::string key;         ///< of the target
-  std::uint32_t turn = 0;  ///< which of the files that meet at the target
-  std::uint32_t file = 0;  ///< position in the plan
-  Content content;
-};
+using Item = SetupContents::Item;
 
 Content ContentOf(const Setup& setup, const PlannedFile& file, ContentReader& reader) {
   if (file.packaged) {
@@ -46,22 +33,6 @@ Content ContentOf(const Setup& setup, const PlannedFile& file, ContentReader& re
   return content;
 }
 
-/// The files of a setup in order of their targets.
-std::vector<Item> ItemsOf(const Setup& setup) {
-  std::vector<Item> items;
-  items.reserve(setup.plan.files.size());
-  ContentReader reader(setup);
-  for (std::uint32_t i = 0; i < setup.plan.files.size(); ++i) {
-    const PlannedFile& file = setup.plan.files[i];
-    items.push_back({TargetKey(file.target), 0, i, ContentOf(setup, file, reader)});
-  }
-  std::ranges::sort(items, {}, [](const Item& item) { return std::tie(item.key, item.file); });
-  for (std::size_t i = 1; i < items.size(); ++i) {
-    if (items[i].key == items[i - 1].key) items[i].turn = items[i - 1].turn + 1;
-  }
-  return items;
-}
-
 std::string SizeText(const Content& content) {
   return content.missing ? "fehlt" : std::to_string(content.size) + " Bytes";
 }
@@ -70,8 +41,8 @@ const char* YesNo(bool yes) { return yes ? "ja" : "nein"; }
 
 class Comparer {
  public:
-  Comparer(const Setup& before, const Setup& after)
-      : before_(before.plan), after_(after.plan), old_(ItemsOf(before)), new_(ItemsOf(after)) {}
+  Comparer(const SetupContents& before, const SetupContents& after)
+      : before_(before.plan), after_(after.plan), old_(before.items), new_(after.items) {}
 
   SetupComparison Run() {
     CompareHeads();
@@ -181,8 +152,8 @@ class Comparer {
 
   const Plan& before_;
   const Plan& after_;
-  const std::vector<Item> old_;
-  const std::vector<Item> new_;
+  const std::vector<Item>& old_;
+  const std::vector<Item>& new_;
   std::vector<const Item*> gone_;
   std::vector<const Item*> added_;
   SetupComparison result_;
@@ -190,7 +161,27 @@ class Comparer {
 
 }  // namespace
 
-SetupComparison CompareSetups(const Setup& before, const Setup& after) {
+SetupContents TakeContents(Setup& setup) {
+  SetupContents contents;
+  std::vector<Item>& items = contents.items;
+  items.reserve(setup.plan.files.size());
+  {
+    ContentReader reader(setup);
+    for (std::uint32_t i = 0; i < setup.plan.files.size(); ++i) {
+      const PlannedFile& file = setup.plan.files[i];
+      items.push_back({TargetKey(file.target), 0, i, ContentOf(setup, file, reader)});
+    }
+  }
+  contents.plan = std::move(setup.plan);
+  setup.archive.reset();
+  std::ranges::sort(items, {}, [](const Item& item) { return std::tie(item.key, item.file); });
+  for (std::size_t i = 1; i < items.size(); ++i) {
+    if (items[i].key == items[i - 1].key) items[i].turn = items[i - 1].turn + 1;
+  }
+  return contents;
+}
+
+SetupComparison CompareSetups(const SetupContents& before, const SetupContents& after) {
   return Comparer(before, after).Run();
 }
 

@@ -34,9 +34,34 @@ struct SetupComparison {
   std::uint64_t newBytes = 0;
 };
 
-/// Compares two setups by targets, where case does not count. Contents are compared by size and
-/// CRC-32: those of the archive's directory, or of the file itself where it is not packaged. Raises
-/// tools::Error when a file cannot be read.
-[[nodiscard]] SetupComparison CompareSetups(const Setup& before, const Setup& after);
+/// What a file is made of, small enough to keep one for each file.
+struct Content {
+  std::uint64_t size = 0;      ///< bytes
+  std::uint32_t checksum = 0;  ///< CRC-32
+  bool missing = false;
+  auto operator<=>(const Content&) const = default;
+};
+
+/// A setup's files in order of their targets. Does not hold the archive, so that two setups of many
+/// files take little more memory than one.
+struct SetupContents {
+  struct Item {
+    std::string key;         ///< of the target
+    std::uint32_t turn = 0;  ///< which of the files that meet at the target
+    std::uint32_t file = 0;  ///< position in the plan
+    Content content;
+  };
+  Plan plan;
+  std::vector<Item> items;
+};
+
+/// Takes the plan out of the setup and closes its archive. Contents are those of the archive's
+/// directory, or of the file itself where it is not packaged. Raises tools::Error when a file
+/// cannot be read.
+[[nodiscard]] SetupContents TakeContents(Setup& setup);
+
+/// Compares two setups by targets, where case does not count.
+[[nodiscard]] SetupComparison CompareSetups(const SetupContents& before,
+                                            const SetupContents& after);
 
 }  // namespace setup

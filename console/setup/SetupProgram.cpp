@@ -95,9 +95,11 @@ ExitCode Prove(const std::string& path, const SetupCommandLine& line,
 }
 
 ExitCode Compare(const std::string& oldPath, const std::string& newPath, SetupReport& report) {
-  const setup::Setup before = Open(oldPath);
-  const setup::Setup after = Open(newPath);
-  const setup::SetupComparison comparison = setup::CompareSetups(before, after);
+  setup::Setup before = Open(oldPath);
+  const setup::SetupContents oldContents = setup::TakeContents(before);
+  setup::Setup after = Open(newPath);
+  const setup::SetupContents newContents = setup::TakeContents(after);
+  const setup::SetupComparison comparison = setup::CompareSetups(oldContents, newContents);
   report.Differences(comparison);
   std::vector<setup::Finding> findings = before.findings;
   findings.insert(findings.end(), after.findings.begin(), after.findings.end());
