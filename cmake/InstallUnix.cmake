@@ -5,6 +5,11 @@ set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/packwright)
 install(TARGETS packwright-build packwright-setup RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES packaging/man/packwright-build.1 packaging/man/packwright-setup.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# bash looks for a file of each program's name.
+foreach(program IN ITEMS packwright-build packwright-setup)
+  install(FILES packaging/completion/packwright
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program})
+endforeach()
 install(FILES README.md CHANGELOG.md docs/checking-setups.md docs/file-formats.md
         docs/headless-builds.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
