@@ -32,7 +32,8 @@ dpkg-deb --extract "$package" "$root"
 for file in applications/packwright.desktop doc/packwright/user-guide.md \
   icons/hicolor/scalable/apps/packwright.svg man/man1/packwright.1 man/man1/packwright-build.1 \
   man/man1/packwright-setup.1 \
-  bash-completion/completions/packwright-build bash-completion/completions/packwright-setup doc/packwright/checking-setups.md \
+  bash-completion/completions/packwright-build bash-completion/completions/packwright-setup \
+  doc/packwright/checking-setups.md \
   metainfo/org.packwright.Packwright.metainfo.xml mime/packages/packwright.xml; do
   [ -s "$root/usr/share/$file" ] || fail "the package has no usr/share/$file"
 done
