@@ -31,16 +31,16 @@ std::string ReasonOf(const zip_error_t& error) {
 
 }  // namespace
 
-Archive::Archive(const std::string& path) : path_(path), library_(std::make_unique<Library>(path)) {
+Archive::Archive(const std::string& path) : path_(path), handle_(std::make_unique<Library>(path)) {
   // The library takes an empty file for an archive without members.
-  if (library_->file.Size() == 0) {
+  if (handle_->file.Size() == 0) {
     throw tools::Error("Das Archiv kann nicht gelesen werden: " + path + " (leere Datei)");
   }
   zip_error_t error;
   zip_error_init(&error);
-  library_->Open(&error);
-  if (library_->zip == nullptr) {
-    library_->file.RaiseFailure();
+  handle_->Open(&error);
+  if (handle_->zip == nullptr) {
+    handle_->file.RaiseFailure();
     const std::string reason = ReasonOf(error);
     zip_error_fini(&error);
     throw tools::Error("Das Archiv kann nicht gelesen werden: " + path + " (" + reason + ")");
@@ -53,14 +53,14 @@ Archive::Archive(const std::string& path) : path_(path), library_(std::make_uniq
 Archive::~Archive() = default;
 
 void Archive::ReadDirectory() {
-  const zip_int64_t count = zip_get_num_entries(library_->zip, 0);
+  const zip_int64_t count = zip_get_num_entries(handle_->zip, 0);
   members_.reserve(static_cast<std::size_t>(std::max<zip_int64_t>(count, 0)));
   for (zip_int64_t i = 0; i < count; ++i) {
     const auto index = static_cast<zip_uint64_t>(i);
     zip_stat_t stat;
     zip_stat_init(&stat);
     // The bytes of the name as they are: the script holds the same ones.
-    if (zip_stat_index(library_->zip, index, ZIP_FL_ENC_RAW, &stat) != 0 || stat.name == nullptr) {
+    if (zip_stat_index(handle_->zip, index, ZIP_FL_ENC_RAW, &stat) != 0 || stat.name == nullptr) {
       throw tools::Error("Das Archiv kann nicht gelesen werden: " + path_ + " (Eintrag " +
                          std::to_string(i + 1) + ")");
     }

@@ -51,7 +51,7 @@ class Archive {
   std::string path_;
   std::vector<Member> members_;
   std::vector<std::uint32_t> byName_;  ///< positions in members_, in order of their names
-  std::unique_ptr<Library> library_;
+  std::unique_ptr<Library> handle_;
 };
 
 /// Unpacks members, one after the other. Each thread has its own.

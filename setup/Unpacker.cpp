@@ -25,12 +25,12 @@ constexpr std::size_t kPieceBytes = std::size_t{64} << 10U;
 class PackedBytes {
  public:
   PackedBytes(const Archive& archive, const Member& member) : archive_(archive), member_(member) {
-    const std::lock_guard lock(archive.library_->mutex);
-    file_ = zip_fopen_index(archive.library_->zip, member.index, ZIP_FL_COMPRESSED);
+    const std::lock_guard lock(archive.handle_->mutex);
+    file_ = zip_fopen_index(archive.handle_->zip, member.index, ZIP_FL_COMPRESSED);
     if (file_ == nullptr) Raise(ZIP_ER_READ);
   }
   ~PackedBytes() {
-    const std::lock_guard lock(archive_.library_->mutex);
+    const std::lock_guard lock(archive_.handle_->mutex);
     if (file_ != nullptr) zip_fclose(file_);
   }
   PackedBytes(const PackedBytes&) = delete;
@@ -38,7 +38,7 @@ class PackedBytes {
 
   /// The next bytes; none at the end.
   std::string_view Next(std::string& buffer) {
-    const std::lock_guard lock(archive_.library_->mutex);
+    const std::lock_guard lock(archive_.handle_->mutex);
     const zip_int64_t count = zip_fread(file_, buffer.data(), buffer.size());
     // Of a stored member the library checks the checksum itself.
     if (count < 0) Raise(zip_error_code_zip(zip_file_get_error(file_)));
@@ -47,7 +47,7 @@ class PackedBytes {
 
  private:
   [[noreturn]] void Raise(int error) const {
-    archive_.library_->file.RaiseFailure();
+    archive_.handle_->file.RaiseFailure();
     RaiseDamaged(archive_, member_,
                  error == ZIP_ER_CRC ? "Prüfsumme stimmt nicht" : "Daten nicht lesbar");
   }

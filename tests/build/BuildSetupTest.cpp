@@ -170,18 +170,18 @@ TEST_F(BuildSetupTest, TellsWhichFilesMeetInATreeAndKeepsTheLater) {
             Source("4/x", "vier", "TargetSubFolder=index.HTML\n"), Source("5/Setup.exe", "5"),
             Source("1/index.html", "eins", "TargetFolder=38\nID={anders}\n")});
   Run();
-  const std::string copy = "ERROR: Unable to copy file '" + folder_.Path("quelle/");
-  const std::string own =
-      "' to new location: the name belongs to a file that the build makes itself";
+  const auto copy = [this](const std::string& source, const std::string& why) {
+    return "ERROR: Unable to copy file '" + folder_.Path("quelle/" + source) +
+           "' to new location: " + why;
+  };
+  const std::string own = "the name belongs to a file that the build makes itself";
   EXPECT_THAT(tools::SplitList(tools::ReplaceAll(LogLines(), "\r\n", "\n"), '\n', '\0'),
               ElementsAre("Warning: File '" + folder_.Path("quelle/2/INDEX.html") + "' replaces '" +
                               folder_.Path("quelle/1/index.html") +
                               "': both are stored as 'InstallPath\\INDEX.html'",
-                          copy + "3/log.txt" + own, copy + "3/probe.INSTALL" + own,
-                          copy +
-                              "4/x' to new location: a folder of its target is a file already, "
-                              "copied from '" +
-                              folder_.Path("quelle/2/INDEX.html") + "'",
+                          copy("3/log.txt", own), copy("3/probe.INSTALL", own),
+                          copy("4/x", "a folder of its target is a file already, copied from '" +
+                                          folder_.Path("quelle/2/INDEX.html") + "'"),
                           ""));
   EXPECT_EQ(Out("InstallPath/index.html") + Out("ProgramFiles/index.html"), "zweieins");
   EXPECT_THAT(Out("Probe.install"), AllOf(HasSubstr("\\InstallPath\\index.html\", "),

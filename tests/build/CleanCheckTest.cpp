@@ -13,7 +13,7 @@ class CleanCheckTest : public tests::BuildFixture {
  protected:
   CleanCheckTest() { folder_.Write("programm/Wrapper.exe", "W"); }
 
-  unsigned Below(unsigned limit) { return static_cast<unsigned>(random_() >> 8U) % limit; }
+  std::size_t Below(std::size_t limit) { return (std::size_t{random_()} >> 8U) % limit; }
   bool Seldom() { return Below(40) == 0; }
   template <std::size_t Size>
   std::string OneOf(const char* const (&texts)[Size]) {
@@ -73,7 +73,7 @@ class CleanCheckTest : public tests::BuildFixture {
   }
 
   void WriteComponent(int slot) {
-    const unsigned count = Below(5);
+    const std::size_t count = Below(5);
     std::string text = "[Component]\nTitle=K" + std::to_string(slot) +
                        "\n[Files]\nCount=" + std::to_string(count) + "\n";
     for (unsigned i = 1; i <= count; ++i) {
