@@ -35,7 +35,16 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                .dialogs = dialogs_,
                .registry = *registry_,
                .pageRegistry = pageRegistry_}) {
-  window_.ConnectWizards(wizards_);
+  using Launch = void (wizards::WizardLauncher::*)(std::int32_t, model::OpenPages&);
+  const auto launch = [this](Launch start) {
+    return tools::Guarded(dialogs_, [this, start](std::int32_t version, model::OpenPages& pages) {
+      (wizards_.*start)(version, pages);
+    });
+  };
+  QObject::connect(&window_, &shell::frmMain::SetupWizardWanted, &window_,
+                   launch(&wizards::WizardLauncher::StartSetupWizard));
+  QObject::connect(&window_, &shell::frmMain::UpdateWizardWanted, &window_,
+                   launch(&wizards::WizardLauncher::StartUpdateWizard));
   desktopDialogs_.SetParent(&window_);
   newProductForm_.SetParent(&window_);
   wizards_.SetParent(&window_);

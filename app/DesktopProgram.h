@@ -10,11 +10,11 @@
 #include "shell/NewProductDialog.h"
 #include "shell/frmMain.h"
 #include "tools/Clock.h"
-#include "tools/Disk.h"
-#include "tools/Registry.h"
-#include "tools/SettingsStore.h"
 #include "tools/desktop/DesktopDialogs.h"
-#include "wizards/ProgramWizards.h"
+#include "tools/files/Disk.h"
+#include "tools/registry/Registry.h"
+#include "tools/settings/SettingsStore.h"
+#include "wizards/WizardLauncher.h"
 
 namespace app {
 
@@ -46,7 +46,7 @@ class DesktopProgram {
   shell::NewProductDialog newProductForm_;
   model::ModProjectOperations operations_;
   pages::PageRegistry pageRegistry_;
-  wizards::ProgramWizards wizards_;
+  wizards::WizardLauncher wizards_;
   shell::frmMain window_;
 };
 

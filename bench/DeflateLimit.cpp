@@ -16,7 +16,7 @@
 #include <thread>
 #include <vector>
 
-#include "tools/Files.h"
+#include "tools/files/Files.h"
 
 namespace {
 

@@ -18,11 +18,11 @@
 
 #include "app/DesktopProgram.h"
 #include "model/ModProject.h"
-#include "tools/Disk.h"
-#include "tools/Files.h"
-#include "tools/Path.h"
-#include "tools/SettingsStore.h"
 #include "tools/desktop/QtText.h"
+#include "tools/files/Disk.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+#include "tools/settings/SettingsStore.h"
 
 namespace {
 

@@ -21,9 +21,9 @@
 #include "model/FileEntries.h"
 #include "shell/EditorTabs.h"
 #include "tools/ConsoleDialogs.h"
-#include "tools/Disk.h"
-#include "tools/Files.h"
-#include "tools/Path.h"
+#include "tools/files/Disk.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
 
 namespace {
 

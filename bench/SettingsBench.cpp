@@ -23,11 +23,11 @@
 #include <vector>
 
 #include "model/ICFile.h"
-#include "tools/Disk.h"
-#include "tools/Files.h"
-#include "tools/Path.h"
-#include "tools/SettingsFile.h"
-#include "tools/SettingsStore.h"
+#include "tools/files/Disk.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+#include "tools/settings/SettingsFile.h"
+#include "tools/settings/SettingsStore.h"
 
 namespace {
 

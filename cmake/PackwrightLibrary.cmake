@@ -14,10 +14,11 @@ function(packwright_sources variable)
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
-# packwright_library(FOLDER [dependencies...]) makes the static library packwright_FOLDER from the
-# sources of the current folder.
+# packwright_library(NAME [ROOMS subfolders...] [USES libraries...]) makes the static library
+# packwright_NAME from the sources of the current folder and of those subfolders.
 function(packwright_library name)
-  packwright_sources(sources ${CMAKE_CURRENT_SOURCE_DIR})
+  cmake_parse_arguments(PARSE_ARGV 1 library "" "" "ROOMS;USES")
+  packwright_sources(sources ${CMAKE_CURRENT_SOURCE_DIR} ${library_ROOMS})
   add_library(packwright_${name} STATIC ${sources})
-  target_link_libraries(packwright_${name} PUBLIC packwright_options ${ARGN})
+  target_link_libraries(packwright_${name} PUBLIC packwright_options ${library_USES})
 endfunction()

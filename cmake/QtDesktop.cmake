@@ -11,8 +11,9 @@ target_compile_definitions(
             QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_link_libraries(packwright_qt_options INTERFACE packwright_options Qt6::Widgets)
 
-# packwright_qt_library(NAME [dependencies...]) is packwright_library for a folder with Qt classes.
+# packwright_qt_library(NAME ...) is packwright_library for a folder with Qt classes.
 function(packwright_qt_library name)
   set(CMAKE_AUTOMOC ON)
-  packwright_library(${name} packwright_qt_options ${ARGN})
+  packwright_library(${name} ${ARGN})
+  target_link_libraries(packwright_${name} PUBLIC packwright_qt_options)
 endfunction()

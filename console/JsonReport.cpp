@@ -28,8 +28,8 @@ Json Components(const model::ModProject& project, std::int32_t version) {
 JsonReport::JsonReport(Streams streams, InterruptTest interrupted, bool quiet)
     : Report(streams, interrupted), quiet_(quiet) {}
 
-void JsonReport::OnMessage(const build::BuildMessage& message) {
-  const bool isError = message.severity == build::Severity::Error;
+void JsonReport::OnMessage(const engine::BuildMessage& message) {
+  const bool isError = message.severity == engine::Severity::Error;
   WriteLine(Output(), {{"event", isError ? "error" : "warning"},
                        {"text", message.text},
                        {"detail", message.detail},
@@ -67,7 +67,7 @@ void JsonReport::Listing(const model::ModProject& project) {
 
 void JsonReport::Summary() {
   if (quiet_) return;
-  const build::BuildSummary& result = Result();
+  const engine::BuildSummary& result = Result();
   WriteLine(Output(), {{"event", "summary"},
                        {"outcome", OutcomeName(result.outcome)},
                        {"outputFolder", result.outputFolder},

@@ -17,7 +17,7 @@ class JsonReport : public Report {
  public:
   JsonReport(Streams streams, InterruptTest interrupted, bool quiet);
 
-  void OnMessage(const build::BuildMessage& message) override;
+  void OnMessage(const engine::BuildMessage& message) override;
   void Failure(const std::string& text) override;
   void CheckEnd(std::size_t findings) override;
   void ProofEnd(const setup::ProofResult& result) override;

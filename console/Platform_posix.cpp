@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "console/Platform.h"
-#include "tools/Path.h"
+#include "tools/files/Path.h"
 
 namespace console {
 

@@ -12,8 +12,8 @@ namespace console {
 
 namespace {
 
-setup::ExpectedEntry ExpectedEntryOf(const build::SurveyedComponent& component,
-                                     build::SurveyedEntry& entry) {
+setup::ExpectedEntry ExpectedEntryOf(const engine::SurveyedComponent& component,
+                                     engine::SurveyedEntry& entry) {
   const model::ICFile& file = entry.file;
   return {.component = component.slot,
           .componentTitle = component.title,
@@ -29,24 +29,24 @@ setup::ExpectedEntry ExpectedEntryOf(const build::SurveyedComponent& component,
 }
 
 // What kept the version from being surveyed whole. Warnings are no fault of the setup.
-std::vector<setup::Finding> ProblemsOf(const build::Survey& survey) {
+std::vector<setup::Finding> ProblemsOf(const engine::Survey& survey) {
   std::vector<setup::Finding> findings;
-  for (const build::BuildMessage& unread : survey.unread) {
+  for (const engine::BuildMessage& unread : survey.unread) {
     findings.push_back({.text = unread.text, .component = unread.component});
   }
-  const auto add = [&](const std::vector<build::SurveyProblem>& problems,
-                       const build::SurveyedComponent& component, std::int32_t entry) {
-    for (const build::SurveyProblem& problem : problems) {
-      if (problem.severity != build::Severity::Error) continue;
+  const auto add = [&](const std::vector<engine::SurveyProblem>& problems,
+                       const engine::SurveyedComponent& component, std::int32_t entry) {
+    for (const engine::SurveyProblem& problem : problems) {
+      if (problem.severity != engine::Severity::Error) continue;
       findings.push_back({.text = problem.userText,
                           .component = component.slot,
                           .componentTitle = component.title,
                           .entry = entry});
     }
   };
-  for (const build::SurveyedComponent& component : survey.components) {
+  for (const engine::SurveyedComponent& component : survey.components) {
     add(component.problems, component, 0);
-    for (const build::SurveyedEntry& entry : component.entries) {
+    for (const engine::SurveyedEntry& entry : component.entries) {
       add(entry.problems, component, entry.number);
     }
   }
@@ -56,7 +56,7 @@ std::vector<setup::Finding> ProblemsOf(const build::Survey& survey) {
 }  // namespace
 
 setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int32_t version,
-                                     build::Survey& survey, const tools::Clock& clock) {
+                                     engine::Survey& survey, const tools::Clock& clock) {
   setup::ExpectedSetup expected;
   expected.title = project.ReadProductSetting("Product", "Title", "");
   expected.author = project.ReadProductSetting("Product", "Author", "");
@@ -72,8 +72,8 @@ setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int3
                              project.ReadVersionSetting(version, "Tessel", "Title", expected.title),
                              project.ReadVersionSetting(version, "Tessel", "Type", "1")};
   }
-  for (build::SurveyedComponent& component : survey.components) {
-    for (build::SurveyedEntry& entry : component.entries) {
+  for (engine::SurveyedComponent& component : survey.components) {
+    for (engine::SurveyedEntry& entry : component.entries) {
       if (!entry.sources.empty()) {
         expected.entries.push_back(ExpectedEntryOf(component, entry));
       }
@@ -88,8 +88,8 @@ setup::ProofResult ProveVersion(const setup::Setup& setup, const model::ModProje
   setup::ExpectedSetup expected;
   std::vector<setup::Finding> problems;
   {
-    build::Survey survey =
-        build::SurveyVersion(project, version, setup.folder, [&onProgress] { onProgress({}); });
+    engine::Survey survey =
+        engine::SurveyVersion(project, version, setup.folder, [&onProgress] { onProgress({}); });
     problems = ProblemsOf(survey);
     expected = ExpectedSetupOf(project, version, survey, clock);
   }

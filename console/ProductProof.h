@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "build/Survey.h"
+#include "engine/Survey.h"
 #include "model/ModProject.h"
 #include "setup/Proof.h"
 #include "tools/Clock.h"
@@ -14,7 +14,7 @@ namespace console {
 
 /// What the setup of the version has to hold. Takes the sources out of `survey`.
 [[nodiscard]] setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project,
-                                                   std::int32_t version, build::Survey& survey,
+                                                   std::int32_t version, engine::Survey& survey,
                                                    const tools::Clock& clock);
 
 /// Proves the setup on all processors. What kept the version from being surveyed whole, such as a

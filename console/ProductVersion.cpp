@@ -1,7 +1,7 @@
 #include "console/ProductVersion.h"
 
-#include "tools/Files.h"
 #include "tools/Text.h"
+#include "tools/files/Files.h"
 
 namespace console {
 

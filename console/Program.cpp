@@ -4,22 +4,22 @@
 #include <optional>
 #include <ostream>
 
-#include "build/BuildCheck.h"
-#include "build/BuildSetup.h"
 #include "console/JsonReport.h"
 #include "console/ProductProof.h"
 #include "console/ProductVersion.h"
 #include "console/TextReport.h"
+#include "engine/BuildCheck.h"
+#include "engine/BuildSetup.h"
 #include "model/ModProject.h"
 #include "tools/Clock.h"
 #include "tools/ConsoleDialogs.h"
-#include "tools/Disk.h"
 #include "tools/Error.h"
-#include "tools/Files.h"
 #include "tools/Numbers.h"
-#include "tools/Path.h"
-#include "tools/SettingsStore.h"
 #include "tools/Text.h"
+#include "tools/files/Disk.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+#include "tools/settings/SettingsStore.h"
 
 namespace console {
 
@@ -38,11 +38,11 @@ std::string StoredOutputFolder(const model::ModProject& project, std::int32_t ve
                                     project.DefaultOutputFolder(number));
 }
 
-build::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t version,
-                                 const CommandLine& line, const std::string& workingFolder) {
+engine::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t version,
+                                  const CommandLine& line, const std::string& workingFolder) {
   const std::string configuration =
       project.ReadVersionSetting(version, "BuildCommon", "ActiveConfig", "1");
-  build::BuildSettings settings;
+  engine::BuildSettings settings;
   settings["installertype"] =
       project.ReadVersionSetting(version, "BuildCommon", "InstallerType", "1");
   settings["config"] = configuration;
@@ -58,8 +58,8 @@ build::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t 
   return settings;
 }
 
-ExitCode TellFindings(const std::vector<build::BuildMessage>& findings, Report& report) {
-  for (const build::BuildMessage& finding : findings) report.OnMessage(finding);
+ExitCode TellFindings(const std::vector<engine::BuildMessage>& findings, Report& report) {
+  for (const engine::BuildMessage& finding : findings) report.OnMessage(finding);
   report.CheckEnd(findings.size());
   return findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
 }
@@ -70,26 +70,26 @@ ExitCode Check(model::ModProject& project, const CommandLine& line,
   try {
     OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
     const std::int32_t version = FindVersion(project, line.version);
-    const build::BuildSettings settings =
+    const engine::BuildSettings settings =
         SettingsFor(project, version, line, surroundings.workingFolder);
-    return TellFindings(build::CheckBuild(project, settings, version, surroundings.programFolder,
-                                          [&report] { report.GoOn(); }),
+    return TellFindings(engine::CheckBuild(project, settings, version, surroundings.programFolder,
+                                           [&report] { report.GoOn(); }),
                         report);
   } catch (const tools::Error& error) {
-    build::BuildMessage finding;
+    engine::BuildMessage finding;
     finding.text = error.what();
     return TellFindings({finding}, report);
   }
 }
 
 ExitCode Conclude(Report& report) {
-  const build::BuildSummary& result = report.Result();
-  if (result.outcome == build::BuildOutcome::OutputFolderInUse) {
+  const engine::BuildSummary& result = report.Result();
+  if (result.outcome == engine::BuildOutcome::OutputFolderInUse) {
     report.Failure("Der Ausgabeordner enthält Dateien (--overwrite leert ihn vorher): " +
                    result.outputFolder);
     return ExitCode::Stopped;
   }
-  if (result.outcome != build::BuildOutcome::Finished) {
+  if (result.outcome != engine::BuildOutcome::Finished) {
     report.Failure(result.reason);
     return ExitCode::Stopped;
   }
@@ -104,7 +104,7 @@ ExitCode Conclude(Report& report) {
 void Tell(const setup::Finding& finding, Report& report) {
   std::string place = finding.file;
   if (finding.line != 0) place += ", Zeile " + std::to_string(finding.line);
-  report.OnMessage({build::Severity::Error, finding.text, place, finding.component,
+  report.OnMessage({engine::Severity::Error, finding.text, place, finding.component,
                     finding.componentTitle, finding.entry});
 }
 
@@ -124,7 +124,7 @@ ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version, Repo
   return result.findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
 }
 
-ExitCode Build(const model::ModProject& project, const build::BuildSettings& settings,
+ExitCode Build(const model::ModProject& project, const engine::BuildSettings& settings,
                std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
                Report& report) {
   // The report says everything that a message box would; its questions are answered by an option.
@@ -132,13 +132,13 @@ ExitCode Build(const model::ModProject& project, const build::BuildSettings& set
   tools::ConsoleDialogs dialogs(silent, line.overwrite ? tools::ConsoleDialogs::Policy::Agree
                                                        : tools::ConsoleDialogs::Policy::Refuse);
   const tools::SystemClock clock;
-  const build::BuildEnvironment environment{.project = project,
-                                            .dialogs = dialogs,
-                                            .clock = clock,
-                                            .disk = surroundings.disk,
-                                            .status = report,
-                                            .programFolder = surroundings.programFolder};
-  build::BuildSetup(environment, settings, version);
+  const engine::BuildEnvironment environment{.project = project,
+                                             .dialogs = dialogs,
+                                             .clock = clock,
+                                             .disk = surroundings.disk,
+                                             .status = report,
+                                             .programFolder = surroundings.programFolder};
+  engine::BuildSetup(environment, settings, version);
   const ExitCode code = Conclude(report);
   return line.prove && code == ExitCode::Built ? ProveBuilt(project, version, report) : code;
 }
@@ -153,7 +153,7 @@ ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& 
     return ExitCode::Built;
   }
   const std::int32_t version = FindVersion(project, line.version);
-  const build::BuildSettings settings =
+  const engine::BuildSettings settings =
       SettingsFor(project, version, line, surroundings.workingFolder);
   return Build(project, settings, version, line, surroundings, report);
 }

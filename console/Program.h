@@ -6,7 +6,7 @@
 
 #include "console/CommandLine.h"
 #include "console/Report.h"
-#include "tools/Disk.h"
+#include "tools/files/Disk.h"
 
 namespace console {
 

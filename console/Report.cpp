@@ -31,22 +31,22 @@ double Report::SecondsSoFar() const {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun_).count();
 }
 
-double Ratio(const build::BuildSummary& summary) {
+double Ratio(const engine::BuildSummary& summary) {
   if (summary.bytesIn == 0) return 1.0;
   return static_cast<double>(summary.bytesOut) / static_cast<double>(summary.bytesIn);
 }
 
-std::string OutcomeName(build::BuildOutcome outcome) {
+std::string OutcomeName(engine::BuildOutcome outcome) {
   switch (outcome) {
-    case build::BuildOutcome::Finished:
+    case engine::BuildOutcome::Finished:
       return "finished";
-    case build::BuildOutcome::InvalidOutputFolder:
+    case engine::BuildOutcome::InvalidOutputFolder:
       return "invalid-output-folder";
-    case build::BuildOutcome::OutputFolderInUse:
+    case engine::BuildOutcome::OutputFolderInUse:
       return "output-folder-in-use";
-    case build::BuildOutcome::OutputFolderStuck:
+    case engine::BuildOutcome::OutputFolderStuck:
       return "output-folder-stuck";
-    case build::BuildOutcome::Incomplete:
+    case engine::BuildOutcome::Incomplete:
       return "incomplete";
   }
   return {};

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "build/BuildStatus.h"
 #include "console/CommandLine.h"
+#include "engine/BuildStatus.h"
 #include "model/ModProject.h"
 #include "setup/Proof.h"
 
@@ -26,7 +26,7 @@ struct Streams {
 };
 
 /// A build's observer that also says everything else that the program has to say.
-class Report : public build::BuildStatus {
+class Report : public engine::BuildStatus {
  public:
   /// Asks whether the user wants the build to end.
   using InterruptTest = bool (*)();
@@ -34,7 +34,7 @@ class Report : public build::BuildStatus {
   Report(Streams streams, InterruptTest interrupted);
 
   void OnProgress(const tools::Progress& progress) override;
-  void OnEnd(const build::BuildSummary& summary) override { summary_ = summary; }
+  void OnEnd(const engine::BuildSummary& summary) override { summary_ = summary; }
 
   /// Raises Interrupted when the user wants the call to end.
   void GoOn() const;
@@ -49,7 +49,7 @@ class Report : public build::BuildStatus {
   /// The end of a build that reached its end.
   virtual void Summary() = 0;
 
-  [[nodiscard]] const build::BuildSummary& Result() const { return summary_; }
+  [[nodiscard]] const engine::BuildSummary& Result() const { return summary_; }
   [[nodiscard]] double SecondsSoFar() const;
 
  protected:
@@ -63,15 +63,15 @@ class Report : public build::BuildStatus {
  private:
   Streams streams_;
   InterruptTest interrupted_;
-  build::BuildSummary summary_;
+  engine::BuildSummary summary_;
   std::chrono::steady_clock::time_point begun_;
   std::chrono::steady_clock::time_point lastShown_;
 };
 
 /// The size of what came out as a part of what went in; 1 when nothing went in.
-[[nodiscard]] double Ratio(const build::BuildSummary& summary);
+[[nodiscard]] double Ratio(const engine::BuildSummary& summary);
 
 /// The outcome's name in JSON: "finished", "invalid-output-folder" and so on.
-[[nodiscard]] std::string OutcomeName(build::BuildOutcome outcome);
+[[nodiscard]] std::string OutcomeName(engine::BuildOutcome outcome);
 
 }  // namespace console

@@ -25,7 +25,7 @@ std::string TimeLeft(const tools::Progress& progress, double seconds) {
 TextReport::TextReport(Streams streams, InterruptTest interrupted, bool quiet)
     : Report(streams, interrupted), quiet_(quiet) {}
 
-void TextReport::OnMessage(const build::BuildMessage& message) {
+void TextReport::OnMessage(const engine::BuildMessage& message) {
   ClearProgress();
   Errors() << MessageLine(message) << std::endl;
 }
@@ -62,7 +62,7 @@ void TextReport::Listing(const model::ModProject& project) {
 void TextReport::Summary() {
   ClearProgress();
   if (quiet_) return;
-  const build::BuildSummary& result = Result();
+  const engine::BuildSummary& result = Result();
   Output() << "Setup erstellt: " << result.outputFolder << '\n'
            << "  Dateien:    " << result.files << '\n'
            << "  Eingang:    " << ByteText(result.bytesIn) << '\n'
@@ -114,8 +114,8 @@ std::string ProofText(const setup::ProofResult& result) {
          " kommen ganz und unverändert an, und sonst nichts.";
 }
 
-std::string MessageLine(const build::BuildMessage& message) {
-  std::string line = message.severity == build::Severity::Error ? "Fehler: " : "Warnung: ";
+std::string MessageLine(const engine::BuildMessage& message) {
+  std::string line = message.severity == engine::Severity::Error ? "Fehler: " : "Warnung: ";
   line += message.text;
   if (!message.detail.empty()) line += " (" + message.detail + ")";
   if (message.component == 0) return line;

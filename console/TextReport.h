@@ -10,7 +10,7 @@ class TextReport : public Report {
  public:
   TextReport(Streams streams, InterruptTest interrupted, bool quiet);
 
-  void OnMessage(const build::BuildMessage& message) override;
+  void OnMessage(const engine::BuildMessage& message) override;
   void Failure(const std::string& text) override;
   void CheckEnd(std::size_t findings) override;
   void ProofEnd(const setup::ProofResult& result) override;
@@ -38,6 +38,6 @@ class TextReport : public Report {
 [[nodiscard]] std::string DecimalText(double number, int digits);
 
 /// "Fehler: ... [Komponente 2 "Hilfe", Eintrag 3]".
-[[nodiscard]] std::string MessageLine(const build::BuildMessage& message);
+[[nodiscard]] std::string MessageLine(const engine::BuildMessage& message);
 
 }  // namespace console

@@ -8,9 +8,9 @@
 #include "model/SlotNumbers.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"
-#include "tools/Files.h"
 #include "tools/Numbers.h"
-#include "tools/Path.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
 
 namespace model {
 

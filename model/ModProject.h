@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/SettingsStore.h"
+#include "tools/settings/SettingsStore.h"
 
 namespace model {
 

@@ -6,14 +6,14 @@
 
 #include "model/TextTable.h"
 #include "tools/Error.h"
-#include "tools/Files.h"
-#include "tools/Leftovers.h"
-#include "tools/Path.h"
-#include "tools/SpecialFolders.h"
 #include "tools/StandardTexts.h"
-#include "tools/TemporaryName.h"
 #include "tools/Text.h"
 #include "tools/Versions.h"
+#include "tools/files/Files.h"
+#include "tools/files/Leftovers.h"
+#include "tools/files/Path.h"
+#include "tools/files/SpecialFolders.h"
+#include "tools/files/TemporaryName.h"
 
 namespace model {
 

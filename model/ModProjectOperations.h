@@ -17,7 +17,7 @@
 #include "model/Undo.h"
 #include "tools/Clock.h"
 #include "tools/Dialogs.h"
-#include "tools/Disk.h"
+#include "tools/files/Disk.h"
 
 namespace model {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "tools/Error.h"
-#include "tools/Files.h"
+#include "tools/files/Files.h"
 
 namespace model {
 

@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "model/ModProject.h"
-#include "tools/SettingsFile.h"
+#include "tools/settings/SettingsFile.h"
 
 namespace model {
 

@@ -4,7 +4,7 @@
 
 #include "model/FolderTable.h"
 #include "pages/PageText.h"
-#include "tools/Path.h"
+#include "tools/files/Path.h"
 
 namespace pages {
 

@@ -8,7 +8,7 @@
 #include "model/ModProject.h"
 #include "pages/EditorPage.h"
 #include "tools/Dialogs.h"
-#include "tools/Registry.h"
+#include "tools/registry/Registry.h"
 
 namespace pages {
 

@@ -21,15 +21,15 @@
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/Error.h"
-#include "tools/FileInformation.h"
-#include "tools/Files.h"
-#include "tools/Path.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/ListViewStyle.h"
 #include "tools/desktop/WaitCursor.h"
+#include "tools/files/FileInformation.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
 
 namespace pages {
 

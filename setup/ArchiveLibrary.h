@@ -11,7 +11,7 @@
 #include <string>
 
 #include "setup/Archive.h"
-#include "tools/InputFile.h"
+#include "tools/files/InputFile.h"
 
 namespace setup {
 

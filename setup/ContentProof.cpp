@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "tools/Error.h"
-#include "tools/InputFile.h"
+#include "tools/files/InputFile.h"
 
 namespace setup {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "setup/Folders.h"
-#include "tools/Path.h"
 #include "tools/Text.h"
+#include "tools/files/Path.h"
 
 namespace setup {
 

@@ -1,8 +1,8 @@
 #include "setup/InstalledTree.h"
 
-#include "tools/Files.h"
-#include "tools/Path.h"
 #include "tools/Text.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
 
 namespace setup {
 

@@ -6,10 +6,10 @@
 #include "setup/ContentProof.h"
 #include "setup/ExpectedFiles.h"
 #include "setup/TargetPath.h"
-#include "tools/Files.h"
-#include "tools/Names.h"
-#include "tools/Path.h"
 #include "tools/Text.h"
+#include "tools/files/Files.h"
+#include "tools/files/Names.h"
+#include "tools/files/Path.h"
 
 namespace setup {
 

@@ -4,7 +4,7 @@
 
 #include "setup/ScriptReader.h"
 #include "tools/Error.h"
-#include "tools/InputFile.h"
+#include "tools/files/InputFile.h"
 
 namespace setup {
 

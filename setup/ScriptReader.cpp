@@ -5,8 +5,8 @@
 
 #include "setup/Folders.h"
 #include "setup/TargetPath.h"
-#include "tools/Names.h"
 #include "tools/Text.h"
+#include "tools/files/Names.h"
 
 namespace setup {
 

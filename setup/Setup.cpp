@@ -4,9 +4,9 @@
 
 #include "setup/TargetPath.h"
 #include "tools/Error.h"
-#include "tools/Files.h"
-#include "tools/InputFile.h"
-#include "tools/Path.h"
+#include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
+#include "tools/files/Path.h"
 
 namespace setup {
 

@@ -1,8 +1,8 @@
 #include "setup/TargetPath.h"
 
 #include "setup/Folders.h"
-#include "tools/Names.h"
 #include "tools/Text.h"
+#include "tools/files/Names.h"
 
 namespace setup {
 

@@ -5,8 +5,8 @@
 #include "setup/Folders.h"
 #include "setup/InstalledTree.h"
 #include "tools/Error.h"
-#include "tools/Files.h"
-#include "tools/Path.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
 
 namespace setup {
 

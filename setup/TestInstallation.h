@@ -14,7 +14,7 @@
 #include "setup/Setup.h"
 #include "setup/TargetPath.h"
 #include "tools/Dialogs.h"
-#include "tools/Disk.h"
+#include "tools/files/Disk.h"
 
 namespace setup {
 

@@ -6,11 +6,11 @@
 
 #include "model/TextTable.h"
 #include "tools/Error.h"
-#include "tools/SettingsStore.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
+#include "tools/settings/SettingsStore.h"
 
 namespace shell {
 

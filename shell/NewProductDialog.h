@@ -6,7 +6,7 @@
 
 #include "model/NewProductForm.h"
 #include "tools/Dialogs.h"
-#include "tools/Registry.h"
+#include "tools/registry/Registry.h"
 
 namespace shell {
 

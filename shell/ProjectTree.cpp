@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "model/TextTable.h"
-#include "tools/Path.h"
 #include "tools/desktop/QtText.h"
+#include "tools/files/Path.h"
 
 namespace shell {
 

@@ -1,7 +1,7 @@
 // Where the main window was when the program ended, as text in the preferences.
 #pragma once
 
-#include "tools/Registry.h"
+#include "tools/registry/Registry.h"
 
 class QSplitter;
 class QWidget;

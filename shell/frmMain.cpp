@@ -18,12 +18,11 @@
 #include "shell/ProjectTree.h"
 #include "shell/TitleLabel.h"
 #include "shell/WindowPlace.h"
-#include "tools/Error.h"
-#include "tools/Path.h"
-#include "tools/SettingsStore.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
 #include "tools/desktop/UserInputBlocker.h"
+#include "tools/files/Path.h"
+#include "tools/settings/SettingsStore.h"
 
 namespace shell {
 
@@ -286,12 +285,12 @@ void frmMain::OnToolButton(const QString& key) {
     trvProjectTree->SetProductTitle(services_.project.ProductTitle());
   }
   if (key == QLatin1String("close")) operations.CloseProduct(false);
-  if (key == QLatin1String("setupwiz")) StartWizard(317, &WizardStarter::StartSetupWizard);
-  if (key == QLatin1String("updatewiz")) StartWizard(318, &WizardStarter::StartUpdateWizard);
+  if (key == QLatin1String("setupwiz")) StartWizard(317, &frmMain::SetupWizardWanted);
+  if (key == QLatin1String("updatewiz")) StartWizard(318, &frmMain::UpdateWizardWanted);
 }
 
 void frmMain::StartWizard(std::int32_t titleNumber,
-                          void (WizardStarter::*start)(std::int32_t, model::OpenPages&)) {
+                          void (frmMain::*wanted)(std::int32_t, model::OpenPages&)) {
   if (!services_.project.IsOpen()) {
     Refuse(323, titleNumber);
     return;
@@ -301,8 +300,7 @@ void frmMain::StartWizard(std::int32_t titleNumber,
     Refuse(346, titleNumber);
     return;
   }
-  if (wizards_ == nullptr) throw tools::Error("Der Assistent ist nicht vorhanden.");
-  (wizards_->*start)(SlotsOf(node).version, editorTabs_);
+  Q_EMIT(this->*wanted)(SlotsOf(node).version, editorTabs_);
 }
 
 void frmMain::Refuse(std::int32_t textNumber, std::int32_t captionNumber) {

@@ -13,9 +13,8 @@
 #include "pages/PageRegistry.h"
 #include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
-#include "shell/WizardStarter.h"
 #include "tools/Dialogs.h"
-#include "tools/Registry.h"
+#include "tools/registry/Registry.h"
 
 class QLabel;
 class QMenu;
@@ -49,9 +48,6 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   explicit frmMain(const MainServices& services);
   ~frmMain() override;
 
-  /// The wizards, which are made after the window and use it. Must outlive the window's use.
-  void ConnectWizards(WizardStarter& wizards) { wizards_ = &wizards; }
-
   void EnableDisableAll(bool enable);
   // Files that cannot be read cost only what they would show; one message then tells of them all.
   void UpdateProjectState() override;
@@ -63,6 +59,11 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   [[nodiscard]] QWidget* PageParent() override { return picDataEditor; }
   void ShowStatusText(const std::string& text) override;
   void ShowHourglass(bool shown) override;
+
+ Q_SIGNALS:
+  /// The user asked for a wizard for the version in this slot; `pages` are the open editor pages.
+  void SetupWizardWanted(std::int32_t version, model::OpenPages& pages);
+  void UpdateWizardWanted(std::int32_t version, model::OpenPages& pages);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -84,11 +85,10 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void DeleteSelectedNode();
   void DropPages();
   void StartWizard(std::int32_t titleNumber,
-                   void (WizardStarter::*start)(std::int32_t, model::OpenPages&));
+                   void (frmMain::*wanted)(std::int32_t, model::OpenPages&));
   void Refuse(std::int32_t textNumber, std::int32_t captionNumber);
 
   MainServices services_;
-  WizardStarter* wizards_ = nullptr;
 
   MainToolBar* tbrMain = nullptr;
   QStatusBar* sbrMain = nullptr;

@@ -11,13 +11,13 @@
 #include "model/ModProject.h"
 #include "model/TextTable.h"
 #include "shell/Preferences.h"
-#include "tools/Names.h"
-#include "tools/Path.h"
-#include "tools/SpecialFolders.h"
 #include "tools/StandardTexts.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
+#include "tools/files/Names.h"
+#include "tools/files/Path.h"
+#include "tools/files/SpecialFolders.h"
 
 namespace shell {
 

@@ -4,7 +4,7 @@
 #include <QDialog>
 
 #include "tools/Dialogs.h"
-#include "tools/Registry.h"
+#include "tools/registry/Registry.h"
 
 class QLabel;
 class QLineEdit;

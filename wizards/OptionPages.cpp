@@ -1,6 +1,6 @@
 #include "wizards/OptionPages.h"
 
-#include "wizards/ProgramWizard.h"
+#include "wizards/WizardBase.h"
 #include "wizards/wizSetup_Config.h"
 #include "wizards/wizSetup_Output.h"
 #include "wizards/wizSetup_Packaging.h"

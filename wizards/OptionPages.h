@@ -5,7 +5,7 @@
 
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
-#include "tools/desktop/WizardPageRegistry.h"
+#include "tools/desktop/wizard/WizardPageRegistry.h"
 #include "wizards/UnsavedPages.h"
 
 namespace wizards {

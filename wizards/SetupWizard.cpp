@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "build/BuildSetup.h"
+#include "engine/BuildSetup.h"
 #include "model/TextTable.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/WaitCursor.h"
@@ -17,11 +17,11 @@ namespace {
 constexpr const char* kLineBreak = "\r\n";
 
 // The log, the message boxes and the busy notice tell the author everything.
-class NoStatus : public build::BuildStatus {
+class NoStatus : public engine::BuildStatus {
  public:
-  void OnMessage(const build::BuildMessage& /*message*/) override {}
+  void OnMessage(const engine::BuildMessage& /*message*/) override {}
   void OnProgress(const tools::Progress& /*progress*/) override {}
-  void OnEnd(const build::BuildSummary& /*summary*/) override {}
+  void OnEnd(const engine::BuildSummary& /*summary*/) override {}
 };
 
 tools::WizardPage OptionPage(std::int32_t title, std::int32_t description, const char* next) {
@@ -55,7 +55,7 @@ tools::WizardPage ReadyPage() {
 
 SetupWizard::SetupWizard(const BuildServices& services, std::int32_t versionIndex,
                          FrameMaker makeFrame)
-    : ProgramWizard(services.dialogs, std::move(makeFrame)),
+    : WizardBase(services.dialogs, std::move(makeFrame)),
       services_(services),
       versionIndex_(versionIndex) {}
 
@@ -96,13 +96,13 @@ void SetupWizard::Finish(tools::WizardStructure& ParentWizard) {
 void SetupWizard::Build(const tools::WizardDataStore& store) {
   const tools::WaitCursor hourglass;
   NoStatus status;
-  const build::BuildEnvironment environment{.project = services_.project,
-                                            .dialogs = services_.dialogs,
-                                            .clock = services_.clock,
-                                            .disk = services_.disk,
-                                            .status = status,
-                                            .programFolder = services_.programFolder};
-  build::BuildSetup(environment, store, versionIndex_);
+  const engine::BuildEnvironment environment{.project = services_.project,
+                                             .dialogs = services_.dialogs,
+                                             .clock = services_.clock,
+                                             .disk = services_.disk,
+                                             .status = status,
+                                             .programFolder = services_.programFolder};
+  engine::BuildSetup(environment, store, versionIndex_);
 }
 
 }  // namespace wizards

@@ -7,8 +7,8 @@
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "tools/Clock.h"
-#include "tools/Disk.h"
-#include "wizards/ProgramWizard.h"
+#include "tools/files/Disk.h"
+#include "wizards/WizardBase.h"
 
 namespace wizards {
 
@@ -25,7 +25,7 @@ struct BuildServices {
 /// The pages are "intro", "configuration", "output", "packaging" and "ready", in this order.
 /// "config" and "folder" of the data store begin with the version's active configuration and its
 /// output folder; "language" and the packaging options begin empty.
-class SetupWizard : public ProgramWizard {
+class SetupWizard : public WizardBase {
  public:
   /// For the version in slot `versionIndex` of the open product.
   SetupWizard(const BuildServices& services, std::int32_t versionIndex, FrameMaker makeFrame);

@@ -4,13 +4,13 @@
 
 #include <string>
 
-#include "wizards/ProgramWizard.h"
+#include "wizards/WizardBase.h"
 
 namespace wizards {
 
-class UpdateWizard : public ProgramWizard {
+class UpdateWizard : public WizardBase {
  public:
-  using ProgramWizard::ProgramWizard;
+  using WizardBase::WizardBase;
 
   [[nodiscard]] std::string Title() override;
   [[nodiscard]] tools::WizardPage ShowPage(const std::string& key) override;

@@ -5,7 +5,7 @@
 
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
-#include "tools/desktop/WizardOptionPage.h"
+#include "tools/desktop/wizard/WizardOptionPage.h"
 #include "wizards/StoredOptions.h"
 #include "wizards/UnsavedPages.h"
 

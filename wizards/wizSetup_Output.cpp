@@ -8,8 +8,8 @@
 #include <QSignalBlocker>
 #include <QStyle>
 
-#include "build/OutputFolder.h"
-#include "build/Survey.h"
+#include "engine/OutputFolder.h"
+#include "engine/Survey.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
 #include "tools/desktop/FormStyle.h"
@@ -126,7 +126,7 @@ void wizSetup_Output::ShowValues() {
   const std::string language = Value("language");
   Show(*txtOverviewLanguage_, language.empty() ? language : LanguageText(tools::ToInt32(language)));
   // Once, not with every key: that reads every component.
-  sourceFolders_ = build::SourceFoldersOf(project_, versionIndex_);
+  sourceFolders_ = engine::SourceFoldersOf(project_, versionIndex_);
   const QSignalBlocker quiet(txtFolder_);
   txtFolder_->setText(ToQString(Value("folder")));
   ShowFolder();
@@ -143,13 +143,13 @@ void wizSetup_Output::TakeFolder() {
 }
 
 void wizSetup_Output::ShowFolder() {
-  const build::OutputFolder folder =
-      build::AcceptOutputFolder(Value("folder"), project_, sourceFolders_);
+  const engine::OutputFolder folder =
+      engine::AcceptOutputFolder(Value("folder"), project_, sourceFolders_);
   Show(*txtOverviewFolder_, folder.path);
   if (!folder.IsAccepted()) {
     Warn(LoadText(348) + ' ' + folder.reason);
   } else {
-    Warn(build::HoldsFiles(folder.path) ? LoadText(349) : std::string());
+    Warn(engine::HoldsFiles(folder.path) ? LoadText(349) : std::string());
   }
 }
 

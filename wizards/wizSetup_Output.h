@@ -7,7 +7,7 @@
 
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
-#include "tools/desktop/WizardOptionPage.h"
+#include "tools/desktop/wizard/WizardOptionPage.h"
 
 class QFormLayout;
 class QLabel;

@@ -3,7 +3,7 @@
 #include <QCheckBox>
 #include <QVBoxLayout>
 
-#include "build/BuildSettings.h"
+#include "engine/BuildSettings.h"
 #include "model/TextTable.h"
 #include "tools/desktop/QtText.h"
 
@@ -33,10 +33,10 @@ QCheckBox* wizSetup_Packaging::AddOption(const QString& name, const std::string&
 }
 
 void wizSetup_Packaging::ShowValues() {
-  const build::BuildOptions options =
-      build::ReadBuildOptions({{"makezip", Value("makezip")},
-                               {"includeexe", Value("includeexe")},
-                               {"includetessel", Value("includetessel")}});
+  const engine::BuildOptions options =
+      engine::ReadBuildOptions({{"makezip", Value("makezip")},
+                                {"includeexe", Value("includeexe")},
+                                {"includetessel", Value("includetessel")}});
   chkMakeZip_->setChecked(options.packaged);
   chkIncludeExe_->setChecked(options.includeWrapper);
   chkIncludeTessel_->setChecked(options.includeRuntime);

@@ -1,7 +1,7 @@
 // The wizard's page for what the finished setup consists of.
 #pragma once
 
-#include "tools/desktop/WizardOptionPage.h"
+#include "tools/desktop/wizard/WizardOptionPage.h"
 
 class QCheckBox;
 

@@ -11,10 +11,10 @@
 #include "setup/Comparison.h"
 #include "setup/Setup.h"
 #include "setup/TestInstallation.h"
-#include "tools/Disk.h"
 #include "tools/Error.h"
-#include "tools/Path.h"
-#include "tools/SettingsStore.h"
+#include "tools/files/Disk.h"
+#include "tools/files/Path.h"
+#include "tools/settings/SettingsStore.h"
 
 namespace console {
 

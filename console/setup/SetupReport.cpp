@@ -1,6 +1,6 @@
 #include "console/setup/SetupReport.h"
 
-#include "tools/Path.h"
+#include "tools/files/Path.h"
 
 namespace console {
 

@@ -21,7 +21,7 @@
 #include "model/TextTable.h"
 #include "shell/GuardedApplication.h"
 #include "tools/desktop/QtText.h"
-#include "tools/desktop/WizardStructure.h"
+#include "tools/desktop/wizard/WizardStructure.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "tests/support/ZipReader.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/OpenedProgram.h"
-#include "tools/desktop/WizardStructure.h"
+#include "tools/desktop/wizard/WizardStructure.h"
 
 namespace tests {
 

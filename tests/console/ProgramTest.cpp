@@ -3,8 +3,8 @@
 #include "console/Program.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
-#include "tools/Files.h"
 #include "tools/Text.h"
+#include "tools/files/Files.h"
 
 namespace console {
 

@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "tools/Error.h"
-#include "tools/SettingsFile.h"
+#include "tools/settings/SettingsFile.h"
 
 namespace {
 

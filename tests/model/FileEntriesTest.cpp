@@ -1,7 +1,7 @@
 #include "model/FileEntries.h"
 #include "model/FileEntryFields.h"
 #include "tests/support/Testing.h"
-#include "tools/SettingsFile.h"
+#include "tools/settings/SettingsFile.h"
 
 namespace model {
 

@@ -5,9 +5,9 @@
 #include "tests/support/FixedClock.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/Testing.h"
-#include "tools/Files.h"
-#include "tools/Path.h"
-#include "tools/SpecialFolders.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+#include "tools/files/SpecialFolders.h"
 
 namespace model {
 

@@ -1,7 +1,7 @@
 #include "model/ModProject.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
-#include "tools/Files.h"
+#include "tools/files/Files.h"
 
 namespace model {
 

@@ -2,7 +2,7 @@
 
 #include "model/NodeSettings.h"
 #include "tests/support/Testing.h"
-#include "tools/Disk.h"
+#include "tools/files/Disk.h"
 
 namespace model {
 

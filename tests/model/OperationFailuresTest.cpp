@@ -9,9 +9,9 @@
 #include "tests/support/FixedClock.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/Testing.h"
-#include "tools/Files.h"
-#include "tools/Path.h"
-#include "tools/TemporaryName.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+#include "tools/files/TemporaryName.h"
 
 namespace model {
 

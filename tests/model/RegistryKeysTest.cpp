@@ -1,6 +1,6 @@
 #include "model/RegistryKeys.h"
 #include "tests/support/Testing.h"
-#include "tools/SettingsFile.h"
+#include "tools/settings/SettingsFile.h"
 
 namespace model {
 

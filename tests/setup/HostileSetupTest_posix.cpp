@@ -4,7 +4,7 @@
 #include "setup/Setup.h"
 #include "setup/TestInstallation.h"
 #include "tests/support/Testing.h"
-#include "tools/Path.h"
+#include "tools/files/Path.h"
 
 namespace setup {
 

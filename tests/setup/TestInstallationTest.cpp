@@ -3,7 +3,7 @@
 #include "setup/TestInstallation.h"
 #include "tests/support/Testing.h"
 #include "tests/support/ZipMaker.h"
-#include "tools/Path.h"
+#include "tools/files/Path.h"
 
 namespace setup {
 

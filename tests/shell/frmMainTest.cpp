@@ -7,28 +7,11 @@
 #include "shell/NodeKey.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/OpenedProgram.h"
-#include "tools/SettingsFile.h"
+#include "tools/settings/SettingsFile.h"
 
 namespace tests {
 
 using tools::MessageAnswer;
-
-namespace {
-
-struct FakeWizards : shell::WizardStarter {
-  void StartSetupWizard(std::int32_t version, model::OpenPages& pages) override {
-    started += {"setup", version};
-    titleOfFirstPage = pages.Item(1).Title();
-  }
-  void StartUpdateWizard(std::int32_t version, model::OpenPages& /*pages*/) override {
-    started += {"update", version};
-  }
-
-  QList<std::pair<QString, std::int32_t>> started;
-  std::string titleOfFirstPage;
-};
-
-}  // namespace
 
 class frmMainTest : public QObject {
   Q_OBJECT
@@ -325,8 +308,17 @@ class frmMainTest : public QObject {
   }
 
   void WizardsStartForTheSelectedVersionOnly() {
-    FakeWizards wizards;
-    program_->window.ConnectWizards(wizards);
+    QList<std::pair<QString, std::int32_t>> started;
+    std::string titleOfFirstPage;
+    connect(&program_->window, &shell::frmMain::SetupWizardWanted, this,
+            [&](std::int32_t version, model::OpenPages& pages) {
+              started += {"setup", version};
+              titleOfFirstPage = pages.Item(1).Title();
+            });
+    connect(&program_->window, &shell::frmMain::UpdateWizardWanted, this,
+            [&](std::int32_t version) {
+              started += {"update", version};
+            });
     program_->Open(product_);
     program_->Press("setupwiz");
     program_->Click("v3c2");
@@ -336,9 +328,9 @@ class frmMainTest : public QObject {
     program_->Press("setupwiz");
     program_->Click("v4");
     program_->Press("updatewiz");
-    const decltype(wizards.started) expected{{"setup", 3}, {"update", 4}};
-    QCOMPARE(wizards.started, expected);
-    QCOMPARE(wizards.titleOfFirstPage, "Version");
+    const decltype(started) expected{{"setup", 3}, {"update", 4}};
+    QCOMPARE(started, expected);
+    QCOMPARE(titleOfFirstPage, "Version");
   }
 
   void HintsOfPagesStayUntilThePointerMovesOverTreeOrStatusBar() {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "build/BuildSetup.h"
+#include "engine/BuildSetup.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/TestProduct.h"
@@ -12,7 +12,7 @@
 
 namespace tests {
 
-class BuildFixture : public testing::Test, protected build::BuildStatus {
+class BuildFixture : public testing::Test, protected engine::BuildStatus {
  protected:
   /// The version has no components yet.
   BuildFixture() {
@@ -28,17 +28,17 @@ class BuildFixture : public testing::Test, protected build::BuildStatus {
   void Run() { Run(disk_); }
   void Run(tools::Disk& disk) {
     summary_.reset();
-    build::BuildSetup({product_.Project(), dialogs_, clock_, disk, *this, folder_.Path("programm"),
-                       tools::Version{1, 2, 3}},
-                      settings_, 1);
+    engine::BuildSetup({product_.Project(), dialogs_, clock_, disk, *this, folder_.Path("programm"),
+                        tools::Version{1, 2, 3}},
+                       settings_, 1);
   }
 
-  void OnMessage(const build::BuildMessage& message) override { messages_.push_back(message); }
+  void OnMessage(const engine::BuildMessage& message) override { messages_.push_back(message); }
   void OnProgress(const tools::Progress& progress) override {
     progress_ = progress;
     if (onProgress_) onProgress_(progress);
   }
-  void OnEnd(const build::BuildSummary& end) override { summary_ = end; }
+  void OnEnd(const engine::BuildSummary& end) override { summary_ = end; }
 
   [[nodiscard]] std::string Out(const std::string& name) { return folder_.Read("aus/" + name); }
   [[nodiscard]] bool HasOut(const std::string& name) { return folder_.Holds("aus/" + name); }
@@ -56,11 +56,11 @@ class BuildFixture : public testing::Test, protected build::BuildStatus {
   ScriptedDialogs dialogs_;
   FixedClock clock_;
   tools::SystemDisk disk_;
-  build::BuildSettings settings_{{"folder", folder_.Path("aus")}, {"makezip", "0"}};
+  engine::BuildSettings settings_{{"folder", folder_.Path("aus")}, {"makezip", "0"}};
 
-  std::vector<build::BuildMessage> messages_;
+  std::vector<engine::BuildMessage> messages_;
   tools::Progress progress_;  ///< as reported last
-  std::optional<build::BuildSummary> summary_;
+  std::optional<engine::BuildSummary> summary_;
   /// The first report comes when the sources are listed, the second when the output folder is ready
   /// and nothing is stored yet.
   std::function<void(const tools::Progress&)> onProgress_;

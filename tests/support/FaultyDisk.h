@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "tools/Disk.h"
 #include "tools/Error.h"
-#include "tools/TemporaryName.h"
+#include "tools/files/Disk.h"
+#include "tools/files/TemporaryName.h"
 
 namespace tests {
 

@@ -3,8 +3,8 @@
 #include <fstream>
 #include <random>
 
-#include "tools/Files.h"
-#include "tools/Path.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
 
 namespace tests {
 

@@ -7,7 +7,7 @@
 
 #include "model/ModProject.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tools/Path.h"
+#include "tools/files/Path.h"
 
 namespace tests {
 

@@ -4,8 +4,8 @@
 #include "tests/support/FixedClock.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "wizards/OptionPages.h"
-#include "wizards/ProgramWizards.h"
 #include "wizards/UpdateWizard.h"
+#include "wizards/WizardLauncher.h"
 
 namespace tests {
 
@@ -38,7 +38,7 @@ struct Sample {
   void StartSetup(const std::function<void(WizardStructure&)>& act) {
     ModalScript script;
     script.Expect<WizardStructure>("wizardStructure", act);
-    wizards::ProgramWizards(services).StartSetupWizard(1, window);
+    wizards::WizardLauncher(services).StartSetupWizard(1, window);
   }
 
   TemporaryFolder folder;
@@ -142,7 +142,7 @@ class WizardsTest : public QObject {
       Press(frame, "cmdNext");
       Press(frame, "cmdCancel");
     });
-    wizards::ProgramWizards(sample.services).StartUpdateWizard(1, sample.window);
+    wizards::WizardLauncher(sample.services).StartUpdateWizard(1, sample.window);
     QVERIFY(sample.dialogs.Messages().empty());
     const tools::WizardPage end = wizards::UpdateWizard(sample.dialogs, {}).ShowPage("summary");
     QCOMPARE(end.PageTitle, "Nothing to it");

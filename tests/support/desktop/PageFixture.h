@@ -6,7 +6,7 @@
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/UserHome.h"
-#include "tools/SettingsFile.h"
+#include "tools/settings/SettingsFile.h"
 
 namespace tests {
 

@@ -1,0 +1,101 @@
+#include "engine/ArchiveStore.h"
+
+#include <utility>
+
+#include "tools/files/FileContent.h"
+#include "tools/files/Path.h"
+
+namespace engine {
+
+namespace {
+
+constexpr tools::ArchiveOptions kOptions{3, 12, 0};
+
+}  // namespace
+
+ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
+                           BuildProgress& progress)
+    : progress_(progress), folder_(tools::JoinPath(private_.Path(), "PackwrightTemp")) {
+  tools::MakeFolder(folder_);
+  WithArchive([&] {
+    writer_ = std::make_unique<tools::ArchiveWriter>(
+        disk, archivePath, kOptions, [this](const tools::ArchiveTotals& totals) {
+          totals_ = {totals.files, totals.bytesIn, totals.bytesOut};
+          ReportProgress();
+        });
+  });
+}
+
+StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, const std::string& sourcePath) {
+  StoredFile stored;
+  stored.name = std::to_string(++counter_) + "." + tools::Extension(sourcePath);
+  std::optional<tools::FileContent> content;
+  try {
+    content = tools::ReadFileUpTo(sourcePath, tools::ArchiveWriter::kMaximumContentBytes);
+  } catch (const tools::Error& error) {
+    stored.copy = {.errorText = tools::SystemErrorText(error.Cause()), .cause = error.Cause()};
+  }
+  if (content) {
+    stored.copy.bytes = content->bytes.size();
+    Archive(
+        [&](tools::ArchiveWriter& writer) { writer.AddContent(std::move(*content), stored.name); });
+  } else if (stored.copy.Succeeded()) {
+    StoreCopy(sourcePath, stored);
+  }
+  copiedBytes_ += stored.copy.bytes;
+  if (!stored.copy.Succeeded()) ++failedCopies_;
+  return stored;
+}
+
+void ArchiveStore::StoreCopy(const std::string& sourcePath, StoredFile& stored) {
+  const std::string copy = tools::JoinPath(folder_, stored.name);
+  stored.copy = tools::CopyFile(sourcePath, copy, [this](std::uint64_t) { ReportProgress(); });
+  if (!stored.copy.Succeeded()) return;
+  Archive([&](tools::ArchiveWriter& writer) { writer.AddFile(copy, stored.name); });
+}
+
+template <typename Action>
+void ArchiveStore::Archive(const Action& action) {
+  if (writer_) WithArchive([&] { action(*writer_); });
+  ReportProgress();
+}
+
+std::optional<tools::Error> ArchiveStore::Finish() {
+  if (writer_) {
+    WithArchive([&] {
+      const tools::ArchiveTotals totals = writer_->Finish();
+      totals_ = {totals.files, totals.bytesIn, totals.bytesOut};
+    });
+  }
+  writer_.reset();
+  ReportProgress();
+  return failure_;
+}
+
+// Tells failures of the archive, which the build survives, from an observer's wish to stop.
+template <typename Action>
+void ArchiveStore::WithArchive(const Action& action) {
+  try {
+    action();
+  } catch (const tools::Error& error) {
+    if (stopped_) throw;
+    failure_ = error;
+    writer_.reset();
+    totals_ = {};
+  }
+}
+
+void ArchiveStore::ReportProgress() {
+  try {
+    if (failure_) {
+      progress_.Report(static_cast<std::uint64_t>(counter_), copiedBytes_);
+    } else {
+      progress_.Report(totals_.files + failedCopies_, totals_.bytesIn);
+    }
+  } catch (...) {
+    stopped_ = true;
+    throw;
+  }
+}
+
+}  // namespace engine

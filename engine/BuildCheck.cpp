@@ -1,0 +1,141 @@
+#include "engine/BuildCheck.h"
+
+#include <algorithm>
+#include <string_view>
+#include <tuple>
+
+#include "engine/CheckFiles.h"
+#include "engine/CheckSettings.h"
+#include "engine/ComponentFiles.h"
+#include "engine/Findings.h"
+#include "engine/OutputFolder.h"
+#include "engine/OutputNames.h"
+#include "tools/files/InputFile.h"
+#include "tools/files/Names.h"
+#include "tools/files/Path.h"
+
+namespace engine {
+
+namespace {
+
+bool IsWholeNumber(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+class Checker {
+ public:
+  Checker(const model::ModProject& project, const BuildSettings& settings, std::int32_t version,
+          const std::string& programFolder)
+      : project_(project), settings_(settings), version_(version), programFolder_(programFolder) {}
+
+  std::vector<BuildMessage> Run(const SurveyStep& step) {
+    findings_.Try({}, [this] { options_ = ReadBuildOptions(settings_); });
+    CheckProductSettings(project_, version_, findings_);
+    findings_.Try({}, [&] {
+      survey_ =
+          SurveyVersion(project_, version_, OutputFolderPath(options_.folder, project_), step);
+    });
+    for (const BuildMessage& unread : survey_.unread) {
+      findings_.Report(unread.text, {unread.component, {}, 0});
+    }
+    findings_.Try({}, [this] { CheckOutputFolder(); });
+    findings_.Try({}, [this] { CheckTitle(); });
+    findings_.Try({}, [this] { CheckCatalogue(); });
+    if (options_.includeWrapper) CheckProgram(kWrapperSource);
+    if (options_.includeRuntime) CheckProgram(kRuntimeName);
+    findings_.Try({}, [this] { CheckComponentFiles(); });
+    FileCheck files(options_, title_, outputFolder_, findings_);
+    for (const SurveyedComponent& component : survey_.components) files.Check(component);
+    return InOrder();
+  }
+
+ private:
+  void CheckOutputFolder() {
+    const OutputFolder folder =
+        AcceptOutputFolder(options_.folder, project_, survey_.sourceFolders);
+    outputFolder_ = folder.path;
+    if (!folder.IsAccepted()) {
+      findings_.Report("Der Ausgabeordner ist ungültig. " + folder.reason);
+    }
+  }
+
+  void CheckTitle() {
+    title_ = project_.ProductTitle();
+    // The second is the longest of the names made from it.
+    if (!tools::IsPortableFileName(title_) || !tools::IsPortableFileName(title_ + kScriptEnding)) {
+      findings_.Report("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
+    }
+    CheckValue("Die Produktbezeichnung", title_);
+  }
+
+  // Without a key the script registers nothing. The editor proposes "?" where it has no better one.
+  void CheckCatalogue() {
+    const auto tessel = [this](std::string_view key, std::string_view value) {
+      return project_.ReadVersionSetting(version_, "Tessel", key, value);
+    };
+    const std::string key = tessel("Key", "");
+    if (key.empty()) return;
+    const std::string title = tessel("Title", "");
+    if (key == "?") findings_.Report("Der Tessel-Anwendungsschlüssel ist noch \"?\"");
+    if (title == "?")
+      findings_.Report("Die Programmbezeichnung der Tessel-Datenbank ist noch \"?\"");
+    CheckValue("Der Tessel-Anwendungsschlüssel", key);
+    CheckValue("Die Programmbezeichnung der Tessel-Datenbank", title);
+    const std::string type = tessel("Type", "1");
+    if (!IsWholeNumber(type)) findings_.Report("Der Programmtyp ist keine Zahl: " + type);
+  }
+
+  void CheckProgram(const char* name) {
+    findings_.Try({},
+                  [&] { const tools::InputFile readable(tools::JoinPath(programFolder_, name)); });
+  }
+
+  void CheckComponentFiles() {
+    const std::int32_t count = project_.ComponentCount(version_);
+    for (const std::int32_t slot : ComponentFileSlots(project_, version_)) {
+      CheckComponentSettings(project_, version_, slot, findings_);
+      if (slot <= count) continue;
+      findings_.Report("Die Komponentendatei liegt jenseits der Anzahl der Komponenten (" +
+                           std::to_string(count) +
+                           "): " + project_.ComponentFilePath(version_, slot),
+                       {slot, {}, 0}, Severity::Warning);
+    }
+  }
+
+  void CheckValue(std::string_view what, const std::string& value) {
+    if (!BreaksScriptLine(value)) return;
+    std::string text(what);
+    findings_.Report(
+        text.append(" enthält ein Zeichen, das im Installationsskript nicht stehen kann: ")
+            .append(value));
+  }
+
+  std::vector<BuildMessage> InOrder() {
+    std::vector<BuildMessage> found = findings_.Take();
+    std::stable_sort(found.begin(), found.end(), [](const BuildMessage& a, const BuildMessage& b) {
+      return std::tie(a.component, a.entry) < std::tie(b.component, b.entry);
+    });
+    return found;
+  }
+
+  const model::ModProject& project_;
+  const BuildSettings& settings_;
+  std::int32_t version_;
+  std::string programFolder_;
+  BuildOptions options_;
+  std::string title_;
+  std::string outputFolder_;
+  Survey survey_;
+  Findings findings_;
+};
+
+}  // namespace
+
+std::vector<BuildMessage> CheckBuild(const model::ModProject& project,
+                                     const BuildSettings& settings, std::int32_t versionIndex,
+                                     const std::string& programFolder, const SurveyStep& step) {
+  return Checker(project, settings, versionIndex, programFolder).Run(step);
+}
+
+}  // namespace engine

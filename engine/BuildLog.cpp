@@ -1,0 +1,60 @@
+#include "engine/BuildLog.h"
+
+#include <limits>
+
+#include "tools/Error.h"
+
+namespace engine {
+
+namespace {
+
+void CountUp(std::int32_t& count) {
+  if (count == std::numeric_limits<std::int32_t>::max()) {
+    throw tools::Error("Das Protokoll enthält zu viele Meldungen.");
+  }
+  ++count;
+}
+
+}  // namespace
+
+BuildLog::BuildLog(const tools::Clock& clock, BuildStatus& status)
+    : clock_(clock), status_(status) {}
+
+void BuildLog::BeginBuildLog() {
+  text_.clear();
+  errors_ = 0;
+  warnings_ = 0;
+  Append("Quillon Packwright Build Log", "");
+  Append("Created: ", clock_.DateTimeText());
+  Append("", "");
+}
+
+void BuildLog::LogWarning(std::string_view text, const Place& place) {
+  Append("Warning: ", text);
+  CountUp(warnings_);
+  Tell(Severity::Warning, text, place, {});
+}
+
+void BuildLog::LogError(std::string_view text, const Place& place, std::string_view detail) {
+  Append("ERROR: ", text);
+  CountUp(errors_);
+  Tell(Severity::Error, text, place, detail);
+}
+
+void BuildLog::Append(std::string_view prefix, std::string_view text) {
+  text_.append(prefix).append(text).append("\r\n");
+}
+
+void BuildLog::Tell(Severity severity, std::string_view text, const Place& place,
+                    std::string_view detail) {
+  BuildMessage message;
+  message.severity = severity;
+  message.text = text;
+  message.detail = detail;
+  message.component = place.component;
+  message.componentTitle = place.componentTitle;
+  message.entry = place.entry;
+  status_.OnMessage(message);
+}
+
+}  // namespace engine

@@ -1,0 +1,253 @@
+#include "engine/BuildSetup.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "engine/ArchiveStore.h"
+#include "engine/BuildLog.h"
+#include "engine/BuildProgress.h"
+#include "engine/Collection.h"
+#include "engine/OutputFolder.h"
+#include "engine/OutputNames.h"
+#include "engine/ScriptPass.h"
+#include "engine/SetupStage.h"
+#include "engine/StoredNameMap.h"
+#include "engine/Survey.h"
+#include "engine/TreeStore.h"
+#include "model/TextTable.h"
+#include "tools/Error.h"
+#include "tools/StandardTexts.h"
+#include "tools/Text.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+
+namespace engine {
+
+namespace {
+
+constexpr const char* kLineBreak = "\r\n";
+
+class Build {
+ public:
+  Build(const BuildEnvironment& environment, const BuildSettings& settings, std::int32_t version,
+        int notice)
+      : environment_(environment),
+        options_(ReadBuildOptions(settings)),
+        version_(version),
+        title_(environment.project.ProductTitle()),
+        log_(environment.clock, environment.status),
+        progress_(environment.dialogs, notice, environment.status) {}
+
+  /// Gives false when the build was refused or stopped at the output folder.
+  bool Run() {
+    log_.BeginBuildLog();
+    if (IsDangerousFileTitle(title_)) {
+      throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
+    }
+    survey_ = SurveyVersion(environment_.project, version_,
+                            OutputFolderPath(options_.folder, environment_.project),
+                            [this] { progress_.AskLeave(); });
+    if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
+    const ScriptHead head = MakeScriptHead();
+    // A wish to stop that came meanwhile counts before anything is deleted.
+    progress_.Start(survey_.files, survey_.bytes);
+    if (!AcceptOutputFolder()) return false;
+    stage_.emplace(environment_.disk, outputFolder_);
+    try {
+      MakeSetup(head);
+    } catch (const tools::Error& error) {
+      const std::string text = stage_->WithUsersPaths(error.what());
+      if (text == error.what()) throw;
+      throw tools::Error(text, error.Cause());
+    }
+    return Publish();
+  }
+
+  [[nodiscard]] const BuildSummary& Summary() const { return summary_; }
+
+ private:
+  bool AcceptOutputFolder() {
+    const OutputFolder folder =
+        engine::AcceptOutputFolder(options_.folder, environment_.project, survey_.sourceFolders);
+    outputFolder_ = folder.path;
+    summary_.outputFolder = outputFolder_;
+    if (!folder.IsAccepted()) {
+      ShowRefusal(model::LoadText(348), tools::kTextError);
+      return Stop(BuildOutcome::InvalidOutputFolder, model::LoadText(348) + " " + folder.reason);
+    }
+    replaces_ = HoldsFiles(outputFolder_);
+    if (!replaces_ || MayEmptyOutputFolder()) return true;
+    return Stop(BuildOutcome::OutputFolderInUse, model::LoadText(349));
+  }
+
+  void MakeSetup(const ScriptHead& head) {
+    StoreFiles();
+    WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
+                       survey_, names_);
+    CopyPrograms();
+    tools::WriteTextFile(environment_.disk, InStage(kLogName), log_.Text(),
+                         tools::ReplacementFile::Durability::Cached);
+    summary_.warnings = log_.WarningCount();
+    summary_.errors = log_.ErrorCount();
+  }
+
+  // Log, script and files of one setup move in together or not at all.
+  bool Publish() {
+    if (isIncomplete_ && replaces_) {
+      const std::string reason =
+          std::string(summary_.diskFull ? "Der Datenträger ist voll. "
+                                        : "Das Archiv konnte nicht erstellt werden. ") +
+          model::LoadText(416);
+      ShowRefusal(model::LoadText(355) + kLineBreak + reason, tools::kTextWarning);
+      return Stop(BuildOutcome::Incomplete, model::LoadText(355) + " " + reason);
+    }
+    try {
+      if (const std::optional<tools::Error> left = stage_->Publish(replaces_)) {
+        return StopStuck(
+            "Das Setup ist erstellt, aber der alte Inhalt des Ausgabeordners ist nicht "
+            "ganz gelöscht. " +
+            std::string(left->what()));
+      }
+    } catch (const tools::Error& error) {
+      return StopStuck(error.what());
+    }
+    if (log_.ErrorCount() == 0) return true;
+    const std::string where = tools::ReplaceAll(model::LoadText(356), "%log%", kLogName);
+    ShowRefusal(model::LoadText(355) + kLineBreak + where, tools::kTextWarning);
+    return true;
+  }
+
+  bool StopStuck(const std::string& reason) {
+    ShowRefusal(reason, tools::kTextError);
+    return Stop(BuildOutcome::OutputFolderStuck, reason);
+  }
+
+  bool Stop(BuildOutcome outcome, std::string reason) {
+    summary_.outcome = outcome;
+    summary_.reason = std::move(reason);
+    return false;
+  }
+
+  bool MayEmptyOutputFolder() {
+    tools::Message question;
+    question.text = model::LoadText(349) + kLineBreak + kLineBreak + model::LoadText(350);
+    question.caption = tools::StandardText(tools::kTextWarning);
+    question.buttons = tools::MessageButtons::YesNo;
+    question.defaultAnswer = tools::MessageAnswer::No;
+    return environment_.dialogs.ShowMessage(question) == tools::MessageAnswer::Yes;
+  }
+
+  void ShowRefusal(const std::string& text, std::int32_t caption) {
+    tools::Message message;
+    message.text = text;
+    message.caption = tools::StandardText(caption);
+    (void)environment_.dialogs.ShowMessage(message);
+  }
+
+  void StoreFiles() {
+    progress_.Start(survey_.files, survey_.bytes);
+    const std::unique_ptr<FileStore> store = MakeStore();
+    summary_.diskFull = CollectFiles(survey_, *store, names_, log_);
+    isIncomplete_ = summary_.diskFull;
+    if (const std::optional<tools::Error> failure = store->Finish()) {
+      isIncomplete_ = true;
+      NoteDiskFull(failure->Cause());
+      log_.LogError("Unable to compress setup files", {}, stage_->WithUsersPaths(failure->what()));
+    }
+    summary_.files = store->Totals().files;
+    summary_.bytesIn = store->Totals().bytesIn;
+    summary_.bytesOut = store->Totals().bytesOut;
+    progress_.Finish();
+  }
+
+  std::unique_ptr<FileStore> MakeStore() {
+    if (!options_.packaged) {
+      return std::make_unique<TreeStore>(stage_->Path(), OwnNamesInTree(options_, title_),
+                                         progress_);
+    }
+    return std::make_unique<ArchiveStore>(environment_.disk, InStage(title_ + kArchiveEnding),
+                                          progress_);
+  }
+
+  ScriptHead MakeScriptHead() const {
+    const model::ModProject& project = environment_.project;
+    const auto tessel = [&](std::string_view key, std::string_view value) {
+      return project.ReadVersionSetting(version_, "Tessel", key, value);
+    };
+    ScriptHead head;
+    head.year = environment_.clock.Year();
+    head.author = project.ReadProductSetting("Product", "Author", "");
+    head.toolVersion = environment_.toolVersion;
+    head.productTitle = title_;
+    head.catalogueKey = tessel("Key", "");
+    head.catalogueTitle = tessel("Title", title_);
+    head.catalogueType = tessel("Type", "1");
+    return head;
+  }
+
+  void CopyPrograms() {
+    if (options_.includeWrapper) CopyProgram(kWrapperSource, kWrapperName, "setup wrapper");
+    if (options_.includeRuntime) {
+      CopyProgram(kRuntimeName, kRuntimeName, "Tessel installer");
+    }
+  }
+
+  void CopyProgram(std::string_view name, std::string_view targetName, const std::string& what) {
+    const tools::CopyResult copy =
+        tools::CopyFile(tools::JoinPath(environment_.programFolder, name), InStage(targetName));
+    if (copy.Succeeded()) return;
+    NoteDiskFull(copy.cause);
+    log_.LogError("Unable to copy " + what + " to output folder: " + copy.errorText);
+  }
+
+  void NoteDiskFull(std::error_code cause) {
+    summary_.diskFull = summary_.diskFull || tools::IsDiskFull(cause);
+    isIncomplete_ = isIncomplete_ || summary_.diskFull;
+  }
+
+  [[nodiscard]] std::string InStage(std::string_view name) const {
+    return tools::JoinPath(stage_->Path(), name);
+  }
+
+  const BuildEnvironment& environment_;
+  BuildOptions options_;
+  std::int32_t version_;
+  std::string title_;
+  BuildLog log_;
+  BuildProgress progress_;
+  Survey survey_;
+  StoredNameMap names_;
+  std::string outputFolder_;
+  bool replaces_ = false;  ///< the output folder holds files, and they may be deleted
+  bool isIncomplete_ = false;
+  std::optional<SetupStage> stage_;
+  BuildSummary summary_;
+};
+
+}  // namespace
+
+bool IsDangerousFileTitle(std::string_view title) {
+  if (title == "." || title == "..") return true;
+  return std::any_of(title.begin(), title.end(), [](char c) {
+    const bool otherStream = c == ':' && tools::kPathSeparator == '\\';
+    return c == '/' || c == '\\' || c == '\x7F' || (c >= 0 && c < ' ') || otherStream;
+  });
+}
+
+void BuildSetup(const BuildEnvironment& environment, const BuildSettings& settings,
+                std::int32_t versionIndex) {
+  const int notice = environment.dialogs.ShowBusyNotice(model::LoadText(347));
+  try {
+    Build build(environment, settings, versionIndex, notice);
+    // A build that is refused leaves the notice to its owner.
+    if (build.Run()) environment.dialogs.WithdrawBusyNotice(notice);
+    environment.status.OnEnd(build.Summary());
+  } catch (...) {
+    environment.dialogs.WithdrawBusyNotice(notice);
+    throw;
+  }
+}
+
+}  // namespace engine

@@ -1,0 +1,130 @@
+#include "engine/CheckSettings.h"
+
+#include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/SettingsText.h"
+#include "model/ICFile.h"
+#include "model/SlotNumbers.h"
+#include "tools/Error.h"
+#include "tools/Numbers.h"
+#include "tools/Text.h"
+#include "tools/settings/SettingsFile.h"
+
+namespace engine {
+
+namespace {
+
+void CheckText(std::string_view text, const std::string& path, const Place& place,
+               Findings& findings) {
+  if (text.find('\0') != std::string_view::npos) {
+    findings.Report("Die Datei ist beschädigt (sie enthält Nullzeichen): " + path, place);
+  } else if (!tools::IsValidUtf8(text)) {
+    findings.Report("Die Datei ist nicht in UTF-8 geschrieben: " + path, place);
+  }
+  if (const std::size_t line = ConflictLine(text); line != 0) {
+    findings.Report("Die Datei enthält Konfliktmarken einer Zusammenführung: " + path + " (Zeile " +
+                        std::to_string(line) + ")",
+                    place);
+  }
+}
+
+void CheckFile(const model::ModProject& project, const std::string& path, Findings& findings) {
+  findings.Try({}, [&] {
+    if (LookAt(path) == tools::PathKind::File) {
+      CheckText(project.Settings().Load(path)->Render(), path, {}, findings);
+    }
+  });
+}
+
+class ComponentCheck {
+ public:
+  ComponentCheck(const tools::SettingsFile& settings, const Place& place, Findings& findings)
+      : settings_(settings), place_(place), findings_(findings) {}
+
+  void Run(const std::string& path) {
+    const std::string text = settings_.Render();
+    CheckText(text, path, place_, findings_);
+    CheckNumber("Registry", "Keys");
+    std::int32_t count = 0;
+    try {
+      count = model::ReadFileCount(read_);
+    } catch (const tools::Error&) {
+      return;  // the survey of the version finds that too
+    }
+    CheckSections(text, count);
+    for (const std::int32_t number : model::SlotsNamedIn(text, "File", count)) CheckEntry(number);
+  }
+
+ private:
+  void CheckNumber(std::string_view section, std::string_view key) {
+    findings_.Try(place_, [&] { (void)tools::ToInt32(settings_.Read(section, key, "0")); });
+  }
+
+  // Sections above the count mean nothing, and may be entries that a merge or an editor cut off.
+  void CheckSections(std::string_view text, std::int32_t count) {
+    std::string beyond;
+    for (const std::string_view name : SectionNames(text)) {
+      if (model::SlotNumberOf(name, "File") <= count) continue;
+      beyond.append(beyond.empty() ? "" : ", ").append(name);
+    }
+    if (beyond.empty()) return;
+    findings_.Report(
+        "Abschnitte jenseits der Anzahl der Dateien (" + std::to_string(count) + "): " + beyond,
+        place_, Severity::Warning);
+  }
+
+  void CheckEntry(std::int32_t number) {
+    Place place = place_;
+    place.entry = number;
+    findings_.Try(place, [&] { (void)model::ReadFileEntry(read_, number, model::EntryUse::Edit); });
+  }
+
+  const tools::SettingsFile& settings_;
+  Place place_;
+  Findings& findings_;
+  const model::SettingReader read_ = [this](std::string_view section, std::string_view key,
+                                            std::string_view value) {
+    return settings_.Read(section, key, value);
+  };
+};
+
+}  // namespace
+
+void CheckProductSettings(const model::ModProject& project, std::int32_t version,
+                          Findings& findings) {
+  CheckFile(project, project.ProductPath(), findings);
+  findings.Try({}, [&] { CheckFile(project, project.VersionFilePath(version), findings); });
+  findings.Try({}, [&] { (void)project.VersionSlots(); });
+  findings.Try({}, [&] { (void)project.ComponentCount(version); });
+  const auto checkNumber = [&](std::string_view section, std::string_view key) {
+    findings.Try({}, [&] {
+      const std::string text = project.ReadVersionSetting(version, section, key, "0");
+      try {
+        (void)tools::ToInt32(text);
+      } catch (const tools::Error& error) {
+        throw tools::Error(std::string(section).append("/").append(key) + ": " + error.what());
+      }
+    });
+  };
+  checkNumber("BuildCommon", "ActiveConfig");
+  checkNumber("BuildCommon", "InstallerType");
+  checkNumber("Build1", "Locale");
+  checkNumber("Build2", "Locale");
+}
+
+void CheckComponentSettings(const model::ModProject& project, std::int32_t version,
+                            std::int32_t slot, Findings& findings) {
+  findings.Try({slot, {}, 0}, [&] {
+    const std::string path = project.ComponentFilePath(version, slot);
+    if (LookAt(path) != tools::PathKind::File) return;
+    const std::shared_ptr<const tools::SettingsFile> settings = project.Settings().Load(path);
+    const std::string title = settings->Read("Component", "Title", "");
+    ComponentCheck(*settings, {slot, title, 0}, findings).Run(path);
+  });
+}
+
+}  // namespace engine

@@ -1,0 +1,68 @@
+#include "engine/Collection.h"
+
+namespace engine {
+
+namespace {
+
+class Collector {
+ public:
+  Collector(FileStore& store, StoredNameMap& names, BuildLog& log)
+      : store_(store), names_(names), log_(log) {}
+
+  void Visit(const SurveyedComponent& component) {
+    for (const SurveyedEntry& surveyed : component.entries) {
+      const Place place = component.PlaceOf(surveyed);
+      LogProblems(surveyed.problems, place);
+      for (const std::string& path : surveyed.sources) Store(surveyed.file, path, place);
+    }
+    LogProblems(component.problems, {component.slot, component.title, 0});
+  }
+
+  [[nodiscard]] bool DiskFull() const { return diskFull_; }
+
+ private:
+  void LogProblems(const std::vector<SurveyProblem>& problems, const Place& place) {
+    for (const SurveyProblem& problem : problems) {
+      if (problem.severity == Severity::Warning) {
+        log_.LogWarning(problem.logText, place);
+      } else {
+        log_.LogError(problem.logText, place, problem.detail);
+      }
+    }
+  }
+
+  void Store(const model::ICFile& entry, const std::string& path, const Place& place) {
+    const StoredFile stored = store_.Store(entry, path);
+    if (!stored.copy.Succeeded()) {
+      diskFull_ = diskFull_ || tools::IsDiskFull(stored.copy.cause);
+      std::string text = "Unable to copy file '" + path + "' to ";
+      log_.LogError(text.append(store_.PlaceName()).append(": ").append(stored.copy.errorText),
+                    place);
+      return;
+    }
+    if (!stored.replaced.empty()) {
+      std::string text = "File '" + path + "' replaces '" + stored.replaced;
+      log_.LogWarning(text.append("': both are stored as '").append(stored.name).append("'"),
+                      place);
+    }
+    if (!names_.Record(entry.ID, path, stored.name)) {
+      log_.LogWarning(
+          "Stored name of '" + path + "' is already recorded under ID '" + entry.ID + "'", place);
+    }
+  }
+
+  FileStore& store_;
+  StoredNameMap& names_;
+  BuildLog& log_;
+  bool diskFull_ = false;
+};
+
+}  // namespace
+
+bool CollectFiles(const Survey& survey, FileStore& store, StoredNameMap& names, BuildLog& log) {
+  Collector collector(store, names, log);
+  for (const SurveyedComponent& component : survey.components) collector.Visit(component);
+  return collector.DiskFull();
+}
+
+}  // namespace engine

@@ -1,0 +1,36 @@
+// What a check has found so far.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "engine/BuildLog.h"
+#include "engine/BuildStatus.h"
+#include "tools/Error.h"
+
+namespace engine {
+
+class Findings {
+ public:
+  /// Adds a problem; one that is known already at that place is passed over.
+  void Report(const std::string& text, const Place& place = {},
+              Severity severity = Severity::Error);
+
+  /// Runs a part of the check; what it could not read is a problem, and the check goes on.
+  template <typename Action>
+  void Try(const Place& place, const Action& action) {
+    try {
+      action();
+    } catch (const tools::Error& error) {
+      Report(error.what(), place);
+    }
+  }
+
+  [[nodiscard]] std::vector<BuildMessage> Take() { return std::move(found_); }
+
+ private:
+  std::vector<BuildMessage> found_;
+};
+
+}  // namespace engine

@@ -1,0 +1,133 @@
+#include "engine/InstallScript.h"
+
+#include <utility>
+
+#include "engine/ScriptPath.h"
+#include "model/FolderTable.h"
+#include "model/TextTable.h"
+#include "tools/StandardTexts.h"
+#include "tools/Text.h"
+#include "tools/files/Names.h"
+#include "tools/files/Path.h"
+
+namespace engine {
+
+namespace {
+
+std::string Quoted(std::string_view text) {
+  std::string quoted("\"");
+  quoted.append(text).append("\"");
+  return quoted;
+}
+
+bool IsReplacedSafely(std::string_view scriptPath) {
+  const std::string extension = tools::LowerCase(ScriptExtension(scriptPath));
+  return extension == "ocx" || extension == "dll" || extension == "exe";
+}
+
+// The call that puts the file at its target; it is true where that succeeds.
+std::string CopyStatement(const model::ICFile& entry, const std::string& source,
+                          const std::string& target) {
+  const std::string arguments = "(" + Quoted(source) + ", " + Quoted(target);
+  if (entry.Overwrite == 0) return "Add" + arguments + ")";
+  if (!IsReplacedSafely(source)) return "Copy" + arguments + ")";
+  return "ReplSafe" + arguments + ", , " + (entry.SelfRegisterDLL == 1 ? "True" : "False") + ")";
+}
+
+bool RegistersItself(const model::ICFile& entry, std::string_view source) {
+  return entry.SelfRegisterDLL == 1 && (entry.Overwrite == 0 || !IsReplacedSafely(source));
+}
+
+}  // namespace
+
+std::string ScriptTarget(const model::ICFile& entry, std::string_view sourcePath) {
+  std::string target;
+  if (entry.TargetFolder == model::kCustomFolder) {
+    target = entry.TargetSubFolder;
+  } else {
+    target = model::FolderMacro(entry.TargetFolder);
+    if (!entry.TargetSubFolder.empty()) target.append("\\").append(entry.TargetSubFolder);
+  }
+  target += '\\';
+  return target + (entry.TargetName.empty() ? tools::FileNamePart(sourcePath) : entry.TargetName);
+}
+
+InstallScript::InstallScript(Sink sink, ScriptHead head, bool packaged)
+    : sink_(std::move(sink)), head_(std::move(head)), packaged_(packaged) {}
+
+void InstallScript::Begin() {
+  WriteScriptLine("' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL");
+  WriteScriptLine("' Copyright (C) " + std::to_string(head_.year) + " by " + head_.author);
+  WriteScriptLine("' Created with Quillon Packwright " + tools::FormatVersion(head_.toolVersion));
+  WriteScriptLine("");
+  WriteScriptLine("Sub InstallMain()");
+  WriteScriptLine("'Display a message allowing the user to cancel installation");
+  const std::string ask = tools::ReplaceAll(model::LoadText(351), "%title%", head_.productTitle);
+  WriteScriptLine("If Ask(" + Quoted(ask) + ") = False Then");
+  WriteScriptLine("\tCancelInstall " + Quoted(model::LoadText(352)) + ", True");
+  WriteScriptLine("End If");
+  WriteScriptLine("");
+  if (!head_.catalogueKey.empty()) WriteRegistration();
+  WriteScriptLine("'Allow the user to select installation folder");
+  const std::string folder = tools::CleanFolderName(head_.productTitle, "X", 0, "_");
+  WriteScriptLine("SelectInstallFolder PathStr(" + Quoted("%ProgramFiles%\\" + folder) + ")");
+  WriteScriptLine("");
+}
+
+void InstallScript::WriteRegistration() {
+  const std::string arguments = Quoted(head_.catalogueKey) + ", " + Quoted(head_.catalogueTitle);
+  WriteScriptLine("'Register the program with Tessel if it's not already known");
+  WriteScriptLine("SetAppKey " + arguments);
+  WriteScriptLine("RegPrd " + arguments + ", " + head_.catalogueType);
+  WriteScriptLine("");
+}
+
+void InstallScript::BeginComponent(std::string_view title) {
+  WriteScriptLine("'Install files for " + Quoted(title));
+}
+
+void InstallScript::AddFile(const model::ICFile& entry, std::string_view sourcePath,
+                            std::string_view storedName) {
+  const std::string stored(storedName);
+  const std::string source = (packaged_ ? "%TempPath%\\" : "%SrcPath%\\") + stored;
+  const std::string target = ScriptTarget(entry, sourcePath);
+  if (packaged_) {
+    const std::string unpacked = "%TempPath%\\" + std::string(ScriptFileName(stored));
+    WriteScriptLine("If Extract(" + Quoted("%SrcPath%\\" + head_.productTitle + ".zip") + ", " +
+                    Quoted(stored) + ", " + Quoted(unpacked) + ") Then");
+  }
+  WriteScriptLine("If Not " + CopyStatement(entry, source, target) + " Then");
+  WriteFailure(entry, target);
+  WriteScriptLine("Else");
+  if (entry.RegisterPath == 1) WriteScriptLine("'TO-DO: Register path for this file...");
+  if (RegistersItself(entry, source)) {
+    WriteScriptLine("'Self-register this file");
+    WriteScriptLine("SelfReg " + Quoted(target));
+  }
+  WriteScriptLine("End If");
+  if (packaged_) {
+    WriteScriptLine("Del " + Quoted(source));
+    WriteScriptLine("End If");
+  }
+}
+
+void InstallScript::WriteFailure(const model::ICFile& entry, const std::string& target) {
+  const std::string text = tools::ReplaceAll(model::LoadText(353), "%file%", target);
+  WriteScriptLine("ErrMsg " + Quoted(text) + ", " + Quoted(tools::StandardText(tools::kTextError)));
+  if (entry.Vital != 0) WriteScriptLine("CancelInstall " + Quoted(model::LoadText(354)));
+}
+
+void InstallScript::EndComponent() { WriteScriptLine(""); }
+
+void InstallScript::End() {
+  WriteScriptLine("End Sub");
+  WriteScriptLine("");
+  WriteScriptLine("'--- End of installation script ---");
+}
+
+void InstallScript::WriteScriptLine(std::string_view line) {
+  sink_(line);
+  sink_("\r\n");
+}
+
+}  // namespace engine

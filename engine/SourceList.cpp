@@ -1,0 +1,83 @@
+#include "engine/SourceList.h"
+
+#include "tools/Error.h"
+#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/Path.h"
+
+namespace engine {
+
+namespace {
+
+SourceList SingleFile(const model::ICFile& entry, const std::string& folder) {
+  SourceList list;
+  std::string path = tools::JoinPath(folder, entry.SourceName);
+  std::error_code failure;
+  if (tools::KindOf(path, failure) == tools::PathKind::File) {
+    list.paths.push_back(std::move(path));
+    return list;
+  }
+  const std::string cause = failure ? tools::SystemErrorText(failure) : std::string{};
+  std::string userText = "Die Quelldatei fehlt: " + path;
+  if (failure) userText.append(" (").append(cause).append(")");
+  list.problems.push_back(
+      {SourceFault::Missing, Severity::Error, "File missing: " + path, std::move(userText), cause});
+  return list;
+}
+
+// One problem for each place: the log's text and the screen's, then the path, then the cause.
+void AddUnseen(SourceList& list, SourceFault fault, Severity severity,
+               const std::vector<tools::UnseenPath>& places, const std::string& logWhat,
+               const std::string& userWhat) {
+  for (const tools::UnseenPath& place : places) {
+    const std::string cause = tools::SystemErrorText(place.cause);
+    list.problems.push_back({fault, severity, logWhat + " '" + place.path + "': " + cause,
+                             userWhat + ": " + place.path + " (" + cause + ")"});
+  }
+}
+
+SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
+                      const SourceScope& scope) {
+  tools::FoundFiles found = tools::SearchFiles(folder, entry.SourceName,
+                                               {.includeSubfolders = entry.IncludeChildren != 0,
+                                                .leaveOut = scope.outputFolder,
+                                                .skipTemporary = true});
+  SourceList list;
+  AddUnseen(list, SourceFault::Unreadable, Severity::Error, found.unreadFolders,
+            "Unable to read folder", "Der Ordner kann nicht gelesen werden");
+  AddUnseen(list, SourceFault::DeadLink, Severity::Warning, found.deadLinks,
+            "Link leads to no file", "Die Verknüpfung führt zu keiner Datei");
+  if (found.paths.empty() && found.unreadFolders.empty()) {
+    list.problems.push_back(
+        {SourceFault::NoMatch, Severity::Warning,
+         "No files found in '" + entry.SourcePath + "' matching '" + entry.SourceName + "'",
+         "Keine Datei im Ordner '" + folder + "' passt zu '" + entry.SourceName + "'"});
+  }
+  list.paths = std::move(found.paths);
+  list.links = std::move(found.links);
+  return list;
+}
+
+SourceList OtherType(const model::ICFile& entry) {
+  const std::string type = std::to_string(entry.Type);
+  SourceList list;
+  list.problems.push_back({SourceFault::Type, Severity::Warning,
+                           "Entry of type " + type + " is left out",
+                           "Der Eintragstyp ist weder 1 noch 2: " + type});
+  return list;
+}
+
+}  // namespace
+
+std::string SourceFolderOf(const model::ICFile& entry, const std::string& productFolder) {
+  return tools::ResolvePath(entry.SourcePath, productFolder);
+}
+
+SourceList ListSources(const model::ICFile& entry, const SourceScope& scope) {
+  const std::string folder = SourceFolderOf(entry, scope.productFolder);
+  if (entry.Type == model::ICFile::kSingleFile) return SingleFile(entry, folder);
+  if (entry.Type == model::ICFile::kFolderScan) return FolderScan(entry, folder, scope);
+  return OtherType(entry);
+}
+
+}  // namespace engine

@@ -1,0 +1,257 @@
+#include "engine/Survey.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <utility>
+
+#include "engine/ComponentFiles.h"
+#include "engine/SettingsText.h"
+#include "model/SlotNumbers.h"
+#include "tools/Error.h"
+#include "tools/Numbers.h"
+#include "tools/Text.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+#include "tools/settings/SettingsFile.h"
+
+namespace engine {
+
+namespace {
+
+// Entries up to this number are visited whether they are stored or not.
+constexpr std::int32_t kMaximumEntries = 1'000'000;
+constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
+
+std::string InComponent(const std::string& title) { return " of component '" + title + "'"; }
+
+SurveyProblem ValueProblem(std::string logText, std::string userText) {
+  return {SourceFault::Value, Severity::Error, std::move(logText), std::move(userText)};
+}
+
+bool IsNoComponent(const tools::SettingsFile& settings) {
+  if (settings.Find("Component", "Title")) return false;
+  const std::string text = settings.Render();
+  const std::vector<std::string_view> names = SectionNames(text);
+  return std::none_of(names.begin(), names.end(), [](std::string_view name) {
+    return tools::EqualIgnoringCase(name, "Component");
+  });
+}
+
+class Surveyor {
+ public:
+  Surveyor(const model::ModProject& project, std::int32_t version, std::string outputFolder,
+           const SurveyStep& step)
+      : project_(project),
+        version_(version),
+        scope_{project.ProductFolder(), std::move(outputFolder)},
+        step_(step) {}
+
+  /// Without `lookForSources` only the folders of the sources are gathered.
+  Survey Run(bool lookForSources) {
+    onlyFolders_ = !lookForSources;
+    RequireVersionFile(project_, version_);
+    const std::int32_t count = project_.ComponentCount(version_);
+    for (const std::int32_t slot : ComponentFileSlots(project_, version_)) {
+      if (slot <= count) VisitSlot(slot);
+    }
+    return std::move(survey_);
+  }
+
+ private:
+  void VisitSlot(std::int32_t slot) {
+    SurveyedComponent component;
+    component.slot = slot;
+    const std::string path = project_.ComponentFilePath(version_, slot);
+    if (LookAt(path) == tools::PathKind::Folder) {
+      NoteNoComponent(component, path, std::make_error_code(std::errc::is_a_directory));
+    } else if (Load(slot, path)) {
+      VisitComponent(component, path);
+    } else {
+      return;
+    }
+    const bool isFree = !component.isInstalled && component.problems.empty();
+    if (!isFree) survey_.components.push_back(std::move(component));
+  }
+
+  // What cannot be read is noted for the caller: nothing may be deleted then.
+  bool Load(std::int32_t slot, const std::string& path) {
+    settings_.reset();
+    try {
+      if (LookAt(path) == tools::PathKind::Absent) {
+        throw tools::PathError("Die Datei kann nicht gelesen werden", path,
+                               std::make_error_code(std::errc::no_such_file_or_directory));
+      }
+      settings_ = project_.Settings().Load(path);
+    } catch (const tools::Error& error) {
+      BuildMessage message;
+      message.text = error.what();
+      message.component = slot;
+      survey_.unread.push_back(std::move(message));
+    }
+    return settings_ != nullptr;
+  }
+
+  void VisitComponent(SurveyedComponent& component, const std::string& path) {
+    if (IsNoComponent(*settings_)) {
+      NoteNoComponent(component, path, {});
+      AddStoredLocations(kAnyNumber);
+      return;
+    }
+    component.title = settings_->Read("Component", "Title", "");
+    component.isInstalled = !component.title.empty();
+    std::int32_t count = kAnyNumber;
+    try {
+      count = model::ReadFileCount(read_);
+      if (component.isInstalled && !onlyFolders_) {
+        VisitEntries(component, count);
+        return;
+      }
+      if (!component.isInstalled && count > 0) NoteUntitled(component, count);
+    } catch (const tools::Error& error) {
+      component.problems.push_back(ValueProblem(
+          "Files" + InComponent(component.title) + " cannot be counted: " + error.what(),
+          std::string("Die Anzahl der Dateien ist ungültig: ") + error.what()));
+    }
+    AddStoredLocations(count);
+  }
+
+  static void NoteNoComponent(SurveyedComponent& component, const std::string& path,
+                              std::error_code cause) {
+    component.isInstalled = false;
+    std::string reason = path;
+    if (cause) reason.append(" (").append(tools::SystemErrorText(cause)).append(")");
+    component.problems.push_back(ValueProblem("File holds no component: " + reason,
+                                              "Die Datei enthält keine Komponente: " + reason));
+  }
+
+  static void NoteUntitled(SurveyedComponent& component, std::int32_t count) {
+    const std::string files = std::to_string(count);
+    component.problems.push_back(
+        {SourceFault::Value, Severity::Warning,
+         "Component " + std::to_string(component.slot) + " is left out: it has files (" + files +
+             ") but no title",
+         "Die Komponente hat Dateien (" + files + "), aber keine Bezeichnung"});
+  }
+
+  void VisitEntries(SurveyedComponent& component, std::int32_t count) {
+    if (count <= kMaximumEntries) {
+      for (std::int32_t number = 1; number <= count; ++number) VisitEntry(component, number);
+      return;
+    }
+    const auto stored = model::SlotsNamedIn(settings_->Render(), "File", count);
+    for (const std::int32_t number : stored) VisitEntry(component, number);
+    if (stored.size() == static_cast<std::size_t>(count)) return;
+    const std::string have = std::to_string(stored.size());
+    const std::string want = std::to_string(count);
+    component.problems.push_back(ValueProblem(
+        "Only " + have + " of " + want + " files" + InComponent(component.title) + " are stored",
+        "Nur " + have + " von " + want + " Dateien sind vorhanden"));
+  }
+
+  void VisitEntry(SurveyedComponent& component, std::int32_t number) {
+    if (step_) step_();
+    SurveyedEntry surveyed;
+    surveyed.number = number;
+    try {
+      surveyed.file = model::ReadFileEntry(read_, number, model::EntryUse::Build);
+      const model::ICFile& entry = surveyed.file;
+      AddLocation(entry);
+      if (entry.Exclude == 1) return;
+      SourceList list = ListSources(entry, scope_);
+      for (const std::string& path : list.links) AddLinkedLocation(path);
+      surveyed.sources = std::move(list.paths);
+      surveyed.problems = std::move(list.problems);
+    } catch (const tools::Error& error) {
+      AddUnreadLocation(number);
+      if (IsExcluded(number)) return;
+      surveyed.problems.push_back(ValueProblem("File " + std::to_string(number) +
+                                                   InComponent(component.title) +
+                                                   " is left out: " + error.what(),
+                                               error.what()));
+    }
+    for (const std::string& path : surveyed.sources) {
+      if (step_) step_();
+      Measure(path);
+    }
+    component.entries.push_back(std::move(surveyed));
+  }
+
+  [[nodiscard]] bool IsExcluded(std::int32_t number) const {
+    const std::string text = settings_->Read(model::FileEntrySection(number), "Exclude", "0");
+    return tools::LeadingNumber(text) == 1;
+  }
+
+  // Many entries share their folder: the set holds each place once.
+  void AddLocation(const model::ICFile& entry) {
+    const bool scan = entry.Type == model::ICFile::kFolderScan;
+    if (!scan && entry.Type != model::ICFile::kSingleFile) return;
+    const std::string folder = SourceFolderOf(entry, scope_.productFolder);
+    survey_.sourceFolders.insert(folder);
+    if (scan) return;
+    // The name may hold a folder part, and the file may be a link.
+    const std::string path = tools::JoinPath(folder, entry.SourceName);
+    survey_.sourceFolders.insert(tools::FolderOf(path));
+    AddLinkedLocation(path);
+  }
+
+  // An entry that cannot be read has sources all the same, whose loss would hurt as much.
+  void AddUnreadLocation(std::int32_t number) {
+    const std::string section = model::FileEntrySection(number);
+    model::ICFile entry;
+    entry.SourcePath = settings_->Read(section, "SourcePath", "");
+    entry.SourceName = settings_->Read(section, "SourceName", "");
+    for (const std::int16_t type : {model::ICFile::kSingleFile, model::ICFile::kFolderScan}) {
+      entry.Type = type;
+      AddLocation(entry);
+    }
+  }
+
+  void AddStoredLocations(std::int32_t count) {
+    for (const std::int32_t number : model::SlotsNamedIn(settings_->Render(), "File", count)) {
+      AddUnreadLocation(number);
+    }
+  }
+
+  // A source that is a link lies where the link leads.
+  void AddLinkedLocation(const std::string& path) {
+    std::error_code ignored;
+    if (!std::filesystem::is_symlink(tools::ToPath(path), ignored)) return;
+    survey_.sourceFolders.insert(tools::FolderOf(tools::CanonicalPath(path)));
+  }
+
+  void Measure(const std::string& path) {
+    ++survey_.files;
+    try {
+      survey_.bytes += tools::StampOf(path).size;
+    } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): reading the file tells it
+    }
+  }
+
+  const model::ModProject& project_;
+  std::int32_t version_;
+  SourceScope scope_;
+  const SurveyStep& step_;
+  bool onlyFolders_ = false;
+  std::shared_ptr<const tools::SettingsFile> settings_;  ///< of the component that is visited
+  const model::SettingReader read_ = [this](std::string_view section, std::string_view key,
+                                            std::string_view value) {
+    return settings_->Read(section, key, value);
+  };
+  Survey survey_;
+};
+
+}  // namespace
+
+Survey SurveyVersion(const model::ModProject& project, std::int32_t version,
+                     const std::string& outputFolder, const SurveyStep& step) {
+  return Surveyor(project, version, outputFolder, step).Run(true);
+}
+
+std::set<std::string> SourceFoldersOf(const model::ModProject& project, std::int32_t version) {
+  const SurveyStep noStep;
+  return Surveyor(project, version, {}, noStep).Run(false).sourceFolders;
+}
+
+}  // namespace engine

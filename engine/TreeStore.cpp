@@ -1,0 +1,74 @@
+#include "engine/TreeStore.h"
+
+#include <utility>
+
+#include "tools/files/Path.h"
+
+namespace engine {
+
+namespace {
+
+// The log tells it behind "Unable to copy file ...".
+std::string FaultText(const TreePlace& place) {
+  switch (place.fault) {
+    case TreePlace::Fault::OwnName:
+      return "the name belongs to a file that the build makes itself";
+    case TreePlace::Fault::FileInTheWay:
+      return std::string("a folder of its target is a file already, copied from '")
+          .append(place.other)
+          .append("'");
+    case TreePlace::Fault::FolderInTheWay:
+      return "a folder of that name is there already";
+    case TreePlace::Fault::None:
+      break;
+  }
+  return {};
+}
+
+}  // namespace
+
+TreeStore::TreeStore(std::string folder, const std::vector<std::string>& ownNames,
+                     BuildProgress& progress)
+    : folder_(std::move(folder)), places_(ownNames), progress_(progress) {}
+
+StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourcePath) {
+  StoredFile stored;
+  stored.name = TreeStoredName(entry, sourcePath);
+  std::string target;
+  try {
+    const TreePlace place = places_.Take(entry, sourcePath);
+    stored.copy.errorText = FaultText(place);
+    if (stored.copy.Succeeded()) {
+      stored.replaced = place.other;
+      target = PathOf(place);
+    }
+  } catch (const tools::Error& error) {
+    stored.copy.errorText = error.what();
+    stored.copy.cause = error.Cause();
+  }
+  if (stored.copy.Succeeded()) {
+    stored.copy = tools::CopyFile(sourcePath, target, [this](std::uint64_t soFar) {
+      progress_.Report(filesDone_, totals_.bytesIn + soFar);
+    });
+  }
+  if (stored.copy.Succeeded()) {
+    ++totals_.files;
+    totals_.bytesIn += stored.copy.bytes;
+    totals_.bytesOut += stored.copy.bytes;
+  }
+  progress_.Report(++filesDone_, totals_.bytesIn);
+  return stored;
+}
+
+std::string TreeStore::PathOf(const TreePlace& place) {
+  std::string path = tools::JoinPath(folder_, place.path);
+  std::string folder = tools::FolderOf(path);
+  // Neighbouring files mostly share their folder: it is made once.
+  if (folder != lastFolder_) {
+    tools::MakeFolder(folder);
+    lastFolder_ = std::move(folder);
+  }
+  return path;
+}
+
+}  // namespace engine

@@ -1,0 +1,244 @@
+// Packaged builds, with the temporary folder watched.
+#include <stdlib.h>
+
+#include <filesystem>
+#include <map>
+#include <thread>
+
+#include "engine/BuildCheck.h"
+#include "tests/support/BuildFixture.h"
+#include "tests/support/FaultyDisk.h"
+#include "tests/support/ZipReader.h"
+#include "tools/Text.h"
+#include "tools/files/Files.h"
+
+namespace engine {
+
+using testing::HasSubstr;
+using Members = std::map<std::string, std::string>;
+
+class ArchiveBuildTest : public tests::BuildFixture {
+ protected:
+  ArchiveBuildTest() {
+    settings_["makezip"] = "1";
+    ::setenv("TMPDIR", folder_.MakeFolder("tmp").c_str(), 1);
+  }
+  ~ArchiveBuildTest() override {
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path("tmp"))) << "temporary files stay";
+    ::unsetenv("TMPDIR");
+  }
+
+  /// Every file in the output folder, hidden ones too, as "name=content" lines.
+  [[nodiscard]] std::string Contents() {
+    std::string contents;
+    for (const std::string& path : tools::FindFiles(folder_.Path("aus"), "*", true)) {
+      contents +=
+          path.substr(folder_.Path("aus/").size()) + "=" + tools::ReadWholeFile(path) + "\n";
+    }
+    return contents;
+  }
+
+  [[nodiscard]] Members Archive() {
+    Members members;
+    for (const auto& entry : tests::ReadZip(Out("Probe.zip"))) {
+      EXPECT_TRUE(members.emplace(entry.name, entry.content).second);
+    }
+    return members;
+  }
+};
+
+TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) {
+  const std::string large(9'000'000, 'a');
+  product_.AddComponent(
+      "A", {Source("1/readme.txt", large, "TargetFolder=38\nTargetName=l.txt\nVital=2\n"),
+            Source("2/ohne", "")});
+  product_.AddComponent(
+      "B", {"IncludeChildren=2\n" + tests::TestProduct::Scan(folder_.Path("quelle/3"), "*.*")});
+  project_.WriteVersionSetting(1, "Tessel", "Key", "k");
+  folder_.Write("quelle/3/b/readme.txt", "drei");
+  folder_.Write("quelle/3/Ärger.DLL", "zwei");
+  Run();
+  EXPECT_TRUE(Archive() ==
+              (Members{{"1.txt", large}, {"2.", ""}, {"3.DLL", "zwei"}, {"4.txt", "drei"}}));
+  EXPECT_EQ(LogLines(), "");
+  const std::string script = Out("Probe.install");
+  EXPECT_THAT(script, HasSubstr(tools::ReplaceAll(R"S('Install files for "A"
+If Extract("%SrcPath%\Probe.zip", "1.txt", "%TempPath%\1.txt") Then
+If Not Add("%TempPath%\1.txt", "%ProgramFiles%\l.txt") Then
+ErrMsg "Eine Datei konnte nicht installiert werden (%ProgramFiles%\l.txt)", "Fehler"
+CancelInstall "Fehler beim Installieren von Dateien"
+Else
+End If
+Del "%TempPath%\1.txt"
+End If
+If Extract()S",
+                                                  "\n", "\r\n")));
+  EXPECT_THAT(script, HasSubstr("RegPrd \"k\", \"Probe\", 1\r\n"));
+  EXPECT_THAT(script, HasSubstr("%TempPath%\\4.txt\", \"%InstallPath%\\readme.txt"));
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
+  EXPECT_EQ(summary_->files, 4U);
+  EXPECT_EQ(summary_->bytesIn, 9'000'008U);
+  EXPECT_EQ(summary_->bytesOut, Out("Probe.zip").size());
+  EXPECT_EQ(progress_.filesDone, 4U);
+
+  settings_["folder"] = folder_.Path("aus2");
+  Run();
+  EXPECT_TRUE(folder_.Read("aus2/Probe.zip") == Out("Probe.zip"));
+  EXPECT_EQ(folder_.Read("aus2/Probe.install"), script);
+}
+
+TEST_F(ArchiveBuildTest, LeavesOutWhatVanishedAndTakesWhatIsThere) {
+  product_.AddComponent("A", {Source("weg", "w"), Source("schrumpft", std::string(500'000, 's')),
+                              Source("bleibt", "b")});
+  onProgress_ = [this](const tools::Progress& progress) {
+    if (progress.filesTotal == 0 || progress.filesDone > 0) return;
+    tools::DeleteFile(folder_.Path("quelle/weg"));
+    folder_.Write("quelle/schrumpft", "s");
+  };
+  Run();
+  EXPECT_EQ(Archive(), (Members{{"2.", "s"}, {"3.", "b"}}));
+  EXPECT_THAT(LogLines(), testing::StartsWith("ERROR: Unable to copy file '" +
+                                              folder_.Path("quelle/weg") + "' to temp folder: "));
+  EXPECT_THAT(Out("Probe.install"), testing::Not(HasSubstr("\"1.\"")));
+}
+
+TEST_F(ArchiveBuildTest, SurvivesAnArchiveThatFillsTheDisk) {
+  product_.AddComponent("A", {Source("a.txt", "a"), Source("b.txt", "b")});
+  tests::FaultyDisk full(disk_);
+  full.FailAt(tests::FaultyDisk::Step::Write, 1);
+  // The archive's remains are gone when its failure is told, and there is room again.
+  onProgress_ = [&](const tools::Progress& progress) {
+    if (progress.filesDone == 2) full.FailAt(tests::FaultyDisk::Step::Write, 0);
+  };
+  Run(full);
+  EXPECT_EQ(LogLines(), "ERROR: Unable to compress setup files\r\n");
+  EXPECT_THAT(messages_.at(0).detail, HasSubstr("Kein Speicherplatz mehr"));
+  EXPECT_TRUE(summary_->diskFull);
+  EXPECT_EQ(summary_->files, 0U);
+  EXPECT_FALSE(HasOut("Probe.zip"));
+  EXPECT_THAT(Out("Probe.install"), HasSubstr("2.txt"));
+}
+
+TEST_F(ArchiveBuildTest, KeepsTheOldSetupWhenTheNewOneLacksItsArchive) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/Probe.zip", "alt");
+  tests::FaultyDisk full(disk_);
+  full.FailAt(tests::FaultyDisk::Step::Write, 1);
+  onProgress_ = [&](const tools::Progress& progress) {
+    if (progress.filesDone == 1) full.FailAt(tests::FaultyDisk::Step::Write, 0);
+  };
+  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+  Run(full);
+  EXPECT_EQ(summary_->outcome, BuildOutcome::Incomplete);
+  EXPECT_EQ(dialogs_.LastMessage(),
+            "Warnung|Beim Erstellen sind Fehler aufgetreten.\r\nDer Datenträger ist voll. Der "
+            "bisherige Inhalt des Ausgabeordners bleibt unverändert.");
+  EXPECT_EQ(Contents(), "Probe.zip=alt\n");
+}
+
+// Whenever a build stops, the output folder is as it was.
+TEST_F(ArchiveBuildTest, LeavesEverythingAsItWasWhenStopped) {
+  product_.AddComponent("A", {Source("a.txt", "a"), Source("b", "b")});
+  folder_.Write("aus/Probe.zip", "alt");
+  for (const std::string makezip : {"0", "1"}) {
+    settings_["makezip"] = makezip;
+    for (const int phase : {0, 1, 2, 3}) {
+      SCOPED_TRACE(phase);
+      int starts = 0;
+      onProgress_ = [&](const tools::Progress& progress) {
+        if (progress.filesTotal > 0 && progress.filesDone == 0) ++starts;
+        if (phase == 0 || (phase == 1 && starts == 2) ||
+            (phase > 1 && progress.filesDone + 1 >= static_cast<unsigned>(phase))) {
+          throw tools::Error("genug");
+        }
+        // The next report is not held back for coming too soon.
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+      };
+      if (phase > 0) dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+      EXPECT_EQ(tests::ErrorOf([&] { Run(); }), "genug");
+      EXPECT_EQ(Contents(), "Probe.zip=alt\n");
+      EXPECT_TRUE(messages_.empty());
+      EXPECT_EQ(dialogs_.OpenNotices(), 0U);
+    }
+  }
+}
+
+/// A disk that cannot move one file or folder, wherever it is.
+class PinningDisk : public tools::SystemDisk {
+ public:
+  explicit PinningDisk(std::string pinned) : pinned_(std::move(pinned)) {}
+  void Replace(const std::string& from, const std::string& to) override {
+    if (from == pinned_ || to == pinned_) {
+      throw tools::PathError("", to, std::make_error_code(std::errc::device_or_resource_busy));
+    }
+    tools::SystemDisk::Replace(from, to);
+  }
+
+ private:
+  std::string pinned_;
+};
+
+TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/Probe.install", "alt");
+  folder_.Write("aus/alter Ordner/x", "x");
+  std::filesystem::create_symlink(folder_.Path("quelle"), folder_.Path("aus/Verweis"));
+  const std::string before = Contents();
+  for (const char* pinned : {"aus/alter Ordner", "aus/Probe.zip", "aus/build.log"}) {
+    PinningDisk disk(folder_.Path(pinned));
+    dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+    Run(disk);
+    EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
+    EXPECT_EQ(summary_->reason,
+              "Der Inhalt des Ausgabeordners kann nicht ersetzt werden: " + folder_.Path(pinned) +
+                  " (Wird von einem anderen Programm verwendet)");
+    EXPECT_EQ(Contents(), before);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
+  }
+  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+  Run();
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
+  EXPECT_FALSE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
+  EXPECT_EQ(folder_.Read("quelle/a.txt"), "a");
+}
+
+TEST_F(ArchiveBuildTest, RemovesWhatAKilledBuildLeftAndCountsItForNothing) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/.packwright-0123456789abcdef.tmp/Probe.zip", "halb");
+  Run();
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
+}
+
+TEST_F(ArchiveBuildTest, RefusesAFolderThatALinkedSourceLiesIn) {
+  folder_.Write("echt/a.txt", "a");
+  folder_.MakeFolder("quelle");
+  std::filesystem::create_symlink(folder_.Path("echt/a.txt"), folder_.Path("quelle/a.txt"));
+  settings_["folder"] = folder_.Path("echt");
+  for (const std::string& entry : {tests::TestProduct::File(folder_.Path("quelle/a.txt")),
+                                   tests::TestProduct::Scan(folder_.Path("quelle"), "*")}) {
+    project_.WriteVersionSetting(1, "Components", "Count", "0");
+    product_.AddComponent("A", {entry});
+    Run();
+    EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
+    EXPECT_EQ(folder_.Read("echt/a.txt"), "a");
+  }
+}
+
+TEST_F(ArchiveBuildTest, TellsWhatAScanCannotSee) {
+  folder_.Write("quelle/a.txt", "a");
+  std::filesystem::create_symlink("nirgends", folder_.Path("quelle/b.txt"));
+  std::filesystem::create_symlink("kreis", folder_.Path("kreis"));
+  product_.AddComponent("A", {tests::TestProduct::Scan(folder_.Path("quelle"), "*.txt"),
+                              tests::TestProduct::Scan(folder_.Path("kreis"), "*")});
+  Run();
+  EXPECT_EQ(LogLines(),
+            "Warning: Link leads to no file '" + folder_.Path("quelle/b.txt") +
+                "': Datei oder Ordner nicht gefunden\r\n"
+                "ERROR: Unable to read folder '" +
+                folder_.Path("kreis") + "': " +
+                std::make_error_code(std::errc::too_many_symbolic_link_levels).message() + "\r\n");
+  EXPECT_EQ(Archive(), (Members{{"1.txt", "a"}}));
+  EXPECT_EQ(CheckBuild(project_, settings_, 1, "").size(), 2U);
+}
+
+}  // namespace engine

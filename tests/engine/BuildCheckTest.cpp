@@ -1,0 +1,143 @@
+#include "engine/BuildCheck.h"
+#include "engine/SettingsText.h"
+#include "tests/support/BuildFixture.h"
+#include "tools/Text.h"
+#include "tools/files/Files.h"
+
+namespace engine {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+using tests::TestProduct;
+
+class BuildCheckTest : public tests::BuildFixture {
+ protected:
+  /// Findings as "component/entry text", and a check that the disk is as before.
+  std::vector<std::string> Check() {
+    const auto before = tools::FindFiles(folder_.Path(), "*", true);
+    std::vector<std::string> found;
+    for (const BuildMessage& finding :
+         CheckBuild(project_, settings_, 1, folder_.Path("programm"))) {
+      found.push_back(std::to_string(finding.component) + "/" + std::to_string(finding.entry) +
+                      " " + finding.text);
+    }
+    EXPECT_EQ(tools::FindFiles(folder_.Path(), "*", true), before);
+    EXPECT_FALSE(folder_.Holds("aus"));
+    return found;
+  }
+  std::size_t ConflictLineOf(const std::string& name) { return ConflictLine(folder_.Read(name)); }
+};
+
+TEST_F(BuildCheckTest, ReportsTheProductFirst) {
+  settings_["folder"] = folder_.Path("Produkt");
+  project_.SetProductTitle("Foto \"1\"");
+  project_.WriteVersionSetting(1, "Tessel", "Key", "K\"");
+  project_.WriteVersionSetting(1, "Tessel", "Title", "?");
+  project_.WriteVersionSetting(1, "Tessel", "Type", "1a");
+  settings_["includeexe"] = "1";
+  EXPECT_THAT(
+      Check(),
+      ElementsAre("0/0 Der Ausgabeordner ist ungültig. Er enthält das Produkt oder eine seiner "
+                  "Versionen: " +
+                      folder_.Path("Produkt"),
+                  "0/0 Die Produktbezeichnung kann kein Dateiname sein: Foto \"1\"",
+                  StartsWith("0/0 Die Produktbezeichnung enthält ein Zeichen"),
+                  "0/0 Die Programmbezeichnung der Tessel-Datenbank ist noch \"?\"",
+                  StartsWith("0/0 Der Tessel-Anwendungsschlüssel enthält ein Zeichen"),
+                  "0/0 Der Programmtyp ist keine Zahl: 1a",
+                  HasSubstr(folder_.Path("programm/Wrapper.exe"))));
+}
+
+TEST_F(BuildCheckTest, ReportsSourcesTargetsAndValues) {
+  product_.AddComponent("A", {TestProduct::File(folder_.Path("fehlt")),
+                              TestProduct::File(folder_.Path("weg"), "Exclude=1\n"),
+                              TestProduct::Scan(folder_.Path("leer"), "*.x")});
+  product_.AddComponent("B", {Source("q.txt", "q", "TargetName=\"q\".txt\n"),
+                              Source("u.txt", "u", "TargetFolder=29\n"),
+                              Source("o.txt", "o", "TargetFolder=3000000000\n")});
+  EXPECT_THAT(Check(),
+              ElementsAre("1/1 Die Quelldatei fehlt: " + folder_.Path("fehlt"),
+                          "1/3 Keine Datei im Ordner '" + folder_.Path("leer") + "' passt zu '*.x'",
+                          StartsWith("2/1 Der Zielpfad enthält ein Zeichen"),
+                          "2/2 Unbekannte Nummer des Zielordners: 29", StartsWith("2/3 Überlauf")));
+}
+
+TEST_F(BuildCheckTest, ReportsFilesThatMeetWithBothPlaces) {
+  product_.AddComponent("A", {Source("1/Größe.txt", "1")});
+  product_.AddComponent(
+      "B", {Source("2/GRÖSSE.TXT", "2"), Source("3/größe.txt", "3", "TargetName=anders.txt\n")});
+  settings_["makezip"] = "1";
+  project_.WriteVersionSetting(1, "Tessel", "Type", "of no matter without a key");
+  EXPECT_THAT(Check(), ElementsAre());
+  product_.AddComponent("C", {Source("4/größe.TXT", "4")});
+  EXPECT_THAT(Check(),
+              ElementsAre("3/1 Gleiches Ziel '%InstallPath%\\größe.TXT' für '" +
+                          folder_.Path("quelle/4/größe.TXT") + "' wie für '" +
+                          folder_.Path("quelle/1/Größe.txt") + "' (Komponente 'A', Datei 1)"));
+  settings_["makezip"] = "0";
+  EXPECT_THAT(Check(),
+              ElementsAre(StartsWith("2/2 Gleicher Ablagename 'InstallPath\\größe.txt'"),
+                          StartsWith("3/1 Gleiches Ziel"), StartsWith("3/1 Gleicher Ablagename")));
+}
+
+TEST_F(BuildCheckTest, WorksOutWhereATreesFoldersLead) {
+  const std::string tooLong(256, 'n');
+  product_.AddComponent("A", {Source("1/a.txt", "1", "TargetSubFolder=y\n"),
+                              Source("2/a.txt", "2", "TargetSubFolder=x\\..\\y\n"),
+                              Source("3/b.txt", "3", "TargetSubFolder=..\\..\\x\n"),
+                              Source("4/c.txt", "4", "TargetSubFolder=" + tooLong + "\n"),
+                              Source("5/Build.LOG", "5", "TargetSubFolder=..\n"),
+                              Source("6/d.txt", "6", "TargetSubFolder=y\\A.TXT.\n"),
+                              Source("7/Y", "7"), Source("8/e.txt", "8", "TargetSubFolder=aux\n")});
+  EXPECT_THAT(Check(), ElementsAre(StartsWith("1/2 Gleicher Ablagename"),
+                                   StartsWith("1/3 Der Zielordner liegt außerhalb"),
+                                   StartsWith("1/4 Ein Teil des Zielpfads ist als Name zu lang"),
+                                   HasSubstr("gehört zu einer Datei, die der Build selbst anlegt"),
+                                   HasSubstr("braucht einen Ordner, wo eine Datei liegt: '" +
+                                             folder_.Path("quelle/2/a.txt") + "' (Komponente 'A'"),
+                                   HasSubstr("ist schon der Name eines Ordners"),
+                                   HasSubstr("den Windows nicht zulässt: aux")));
+}
+
+TEST_F(BuildCheckTest, ReportsDamagedSettings) {
+  const std::string version = folder_.Path("Produkt/Version 1.0.0/");
+  product_.AddComponent("A", {Source("a.txt", "a", "Permanent=99999\n"), Source("b.txt", "b")});
+  product_.AddComponent("B", {Source("c.txt", "c", "Type=3\n")});
+  product_.AddComponent("", {Source("d.txt", "d")});
+  for (int slot = 4; slot <= 7; ++slot) product_.AddComponent("N", {});
+  project_.WriteVersionSetting(1, "Components", "Count", "6");
+  project_.WriteVersionSetting(1, "BuildCommon", "ActiveConfig", "1e");
+  project_.WriteVersionSetting(1, "Build1", "Locale", "9999999999");
+  const std::string component = "Produkt/Version 1.0.0/component";
+  folder_.Write(component + "2.component",
+                folder_.Read(component + "2.component") + "[File7]\n<<<<<<< unser\n");
+  folder_.Write(component + "4.component", std::string(100, '\0'));
+  folder_.Write(component + "5.component",
+                "[Component]\nTitle=Gr\xFC\xDF"
+                "e\n");
+  tools::DeleteFile(folder_.Path(component + "6.component"));
+  EXPECT_THAT(
+      Check(),
+      ElementsAre(StartsWith("0/0 Build1/Locale: Überlauf"), StartsWith("1/1 Überlauf: 99999"),
+                  "2/0 Die Datei enthält Konfliktmarken einer Zusammenführung: " + version +
+                      "component2.component (Zeile " +
+                      std::to_string(ConflictLineOf(component + "2.component")) + ")",
+                  "2/0 Abschnitte jenseits der Anzahl der Dateien (1): File7",
+                  "2/1 Der Eintragstyp ist weder 1 noch 2: 3",
+                  "3/0 Die Komponente hat Dateien (1), aber keine Bezeichnung",
+                  StartsWith("4/0 Die Datei ist beschädigt"),
+                  StartsWith("4/0 Die Datei enthält keine Komponente"),
+                  StartsWith("5/0 Die Datei ist nicht in UTF-8"),
+                  StartsWith("7/0 Die Komponentendatei liegt jenseits der Anzahl")));
+}
+
+TEST_F(BuildCheckTest, ReportsAVersionWithoutAUsableFile) {
+  const std::string path = folder_.Path("Produkt/Version 1.0.0/product.version");
+  folder_.Write("Produkt/Version 1.0.0/product.version", "");
+  EXPECT_THAT(Check(), ElementsAre("0/0 Die Datei der Version ist leer oder beschädigt: " + path));
+  tools::DeleteFile(path);
+  EXPECT_THAT(Check(), ElementsAre("0/0 Die Datei der Version fehlt: " + path));
+}
+
+}  // namespace engine

@@ -1,0 +1,290 @@
+#include "engine/BuildSetup.h"
+#include "tests/support/BuildFixture.h"
+#include "tests/support/FaultyDisk.h"
+#include "tools/Text.h"
+#include "tools/files/FileInformation.h"
+#include "tools/files/Files.h"
+
+namespace engine {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+using tests::TestProduct;
+
+class BuildSetupTest : public tests::BuildFixture {};
+
+// An entry with every line that depends on a flag, and one without.
+constexpr const char* kScript = R"S(' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL
+' Copyright (C) 2031 by Änne Müller
+' Created with Quillon Packwright 1.2.3
+
+Sub InstallMain()
+'Display a message allowing the user to cancel installation
+If Ask("Die Installation von Probe kann jetzt durchgeführt werden. Möchten Sie fortfahren?") = False Then
+	CancelInstall "Abbruch durch Benutzer", True
+End If
+
+'Register the program with Tessel if it's not already known
+SetAppKey " ", "Katalog"
+RegPrd " ", "Katalog", 4
+
+'Allow the user to select installation folder
+SelectInstallFolder PathStr("%ProgramFiles%\Probe")
+
+'Install files for "Programm"
+If Not Copy("%SrcPath%\ProgramFiles\a\b\c\start.dat", "%ProgramFiles%\a\b/c\anders.dat") Then
+ErrMsg "Eine Datei konnte nicht installiert werden (%ProgramFiles%\a\b/c\anders.dat)", "Fehler"
+CancelInstall "Fehler beim Installieren von Dateien"
+Else
+'TO-DO: Register path for this file...
+'Self-register this file
+SelfReg "%ProgramFiles%\a\b/c\anders.dat"
+End If
+
+'Install files for "Hilfe"
+If Not Add("%SrcPath%\CUSTOM\D_\Ziel\lies mich.txt", "D_\Ziel\lies mich.txt") Then
+ErrMsg "Eine Datei konnte nicht installiert werden (D_\Ziel\lies mich.txt)", "Fehler"
+Else
+End If
+
+End Sub
+
+'--- End of installation script ---
+)S";
+
+TEST_F(BuildSetupTest, MakesATreeOfDestinationFoldersWithScriptAndLog) {
+  project_.WriteVersionSetting(1, "Tessel", "Key", " ");
+  project_.WriteVersionSetting(1, "Tessel", "Title", "Katalog");
+  project_.WriteVersionSetting(1, "Tessel", "Type", "4");
+  settings_["makezip"] = "2";
+  settings_.insert({{"installertype", "9"}, {"config", "7"}, {"language", "1031"}});
+  const std::string source = folder_.Write("Produkt/dateien/ü/start.dat", "MZ");
+  folder_.Write("Produkt/hilfe/lies mich.txt", "Hallo");
+  product_.AddComponent("Programm",
+                        {"SourcePath=dateien\\ü\nSourceName=start.dat\nTargetFolder=38\n"
+                         "TargetSubFolder=a\\b/c\nTargetName=anders.dat\nOverwrite=1\n"
+                         "RegisterPath=1\nSelfRegisterDLL=1\nVital=-1\nPermanent=99999\n"
+                         "IncludeChildren=99999\n"});
+  product_.AddComponent("", {});
+  product_.AddComponent("Hilfe", {"Type=2\nSourcePath=hilfe/\nSourceName=*.TXT\nTargetFolder=2004\n"
+                                  "TargetSubFolder=D_\\Ziel\nVital=0\nRegisterPath=2\n"});
+  Run();
+  const std::string target = "ProgramFiles/a/b/c/start.dat";
+  EXPECT_EQ(Out(target) + Out("CUSTOM/D_/Ziel/lies mich.txt"), "MZHallo");
+  EXPECT_EQ(tools::InformationOf(folder_.Path("aus/" + target)).dateTime,
+            tools::InformationOf(source).dateTime);
+  EXPECT_EQ(Out("Probe.install"), tools::ReplaceAll(kScript, "\n", "\r\n"));
+  EXPECT_EQ(LogLines(), "");
+  EXPECT_EQ(summary_->outcome, BuildOutcome::Finished);
+  EXPECT_EQ(summary_->files, 2U);
+  EXPECT_EQ(summary_->bytesOut, 7U);
+  EXPECT_THAT(dialogs_.Notices(), ElementsAre("Das Setup wird erzeugt, bitte warten..."));
+  EXPECT_EQ(dialogs_.OpenNotices() + dialogs_.Messages().size(), 0U);
+  EXPECT_FALSE(HasOut("Setup.exe"));
+}
+
+TEST_F(BuildSetupTest, LogsProblemsInVisitingOrderAndGoesOn) {
+  folder_.Write("programm/Wrapper.exe", "W");
+  settings_.insert({{"includeexe", "-1"}, {"includetessel", "2"}});
+  const std::string missing = folder_.Path("weg/fehlt.txt");
+  product_.AddComponent(
+      "A", {TestProduct::File(missing), TestProduct::Scan("quelle\\leer", "*.xyz"),
+            Source("b.txt", "b", "TargetSubFolder=..\\..\\draussen\n"),
+            TestProduct::File(missing, "Exclude=1\n"), TestProduct::File(missing, "Type=3\n")});
+  product_.AddComponent(
+      "B", {Source("c.txt", "c", "Exclude=2\n"), Source("d.txt", "d", "Vital=99999\n")});
+  Run();
+  EXPECT_THAT(
+      tools::SplitList(tools::ReplaceAll(LogLines(), "\r\n", "\n"), '\n', '\0'),
+      ElementsAre("ERROR: File missing: " + missing,
+                  "Warning: No files found in 'quelle\\leer' matching '*.xyz'",
+                  StartsWith("ERROR: Unable to copy file '" + folder_.Path("quelle/b.txt") +
+                             "' to new location: "),
+                  "Warning: Entry of type 3 is left out",
+                  StartsWith("ERROR: File 2 of component 'B' is left out: "),
+                  StartsWith("ERROR: Unable to copy Tessel installer to output folder: "), ""));
+  EXPECT_FALSE(folder_.Holds("draussen"));
+  EXPECT_EQ(Out("InstallPath/c.txt") + Out("Setup.exe"), "cW");
+  EXPECT_FALSE(HasOut("InstallPath/d.txt"));
+  EXPECT_EQ(messages_.at(1).severity, Severity::Warning);
+  EXPECT_EQ(messages_.at(2).componentTitle, "A");
+  EXPECT_EQ(messages_.at(2).entry, 3);
+  EXPECT_EQ(summary_->errors, 4);
+  EXPECT_EQ(summary_->warnings, 2);
+  EXPECT_EQ(dialogs_.LastMessage(),
+            "Warnung|Beim Erstellen sind Fehler aufgetreten.\r\nDie Fehler wurden in einer "
+            "Protokolldatei mit dem Namen \"build.log\" im Ausgabe-Ordner gespeichert.");
+}
+
+TEST_F(BuildSetupTest, ShowsNoMessageForWarningsAlone) {
+  const std::string twice = Source("a.txt", "a", "ID={1}\n");
+  product_.AddComponent("A", {twice, twice});
+  Run();
+  EXPECT_EQ(LogLines(), "Warning: Stored name of '" + folder_.Path("quelle/a.txt") +
+                            "' is already recorded under ID '{1}'\r\n");
+  EXPECT_EQ(dialogs_.LastMessage(), "");
+}
+
+TEST_F(BuildSetupTest, RefusesABlankOutputFolderAndAsksBeforeItEmptiesOneThatHoldsFiles) {
+  folder_.MakeFolder("aus/leer");
+  Run();
+  EXPECT_TRUE(HasOut("leer"));
+  dialogs_.ExpectQuestion("unwiderruflich gelöscht.\r\n\r\nMöchten Sie wirklich fortfahren?",
+                          tools::MessageAnswer::No);
+  folder_.Write("aus/build.log", "alt");
+  Run();
+  EXPECT_EQ(Out("build.log"), "alt");
+  EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderInUse);
+  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+  Run();
+  EXPECT_FALSE(HasOut("leer"));
+  EXPECT_EQ(LogLines(), "");
+
+  settings_["folder"] = "  ";
+  Run();
+  EXPECT_EQ(dialogs_.LastMessage(), "Fehler|Der Ausgabeordner ist ungültig.");
+  EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
+  EXPECT_EQ(summary_->reason, "Der Ausgabeordner ist ungültig. Es ist kein Ordner angegeben.");
+  EXPECT_EQ(dialogs_.OpenNotices(), 2U) << "refusals leave the notice";
+}
+
+TEST_F(BuildSetupTest, RefusesNamesThatLeadElsewhere) {
+  for (const char* title : {"../x", "a\\b", "..", "a\tb"}) {
+    project_.SetProductTitle(title);
+    EXPECT_THROW(Run(), tools::Error) << title;
+  }
+  project_.SetProductTitle("Probe");
+  project_.WriteProductSetting("Versions", "Ver1", "../..");
+  EXPECT_THROW(Run(), tools::Error);
+  EXPECT_FALSE(folder_.Holds("aus"));
+  EXPECT_EQ(dialogs_.OpenNotices(), 0U);
+}
+
+TEST_F(BuildSetupTest, TellsWhichFilesMeetInATreeAndKeepsTheLater) {
+  product_.AddComponent(
+      "A", {Source("1/index.html", "eins"), Source("2/INDEX.html", "zwei"),
+            Source("3/log.txt", "3", "TargetSubFolder=..\\Build.log\n"),
+            Source("3/probe.INSTALL", "3", "TargetSubFolder=..\n"),
+            Source("4/x", "vier", "TargetSubFolder=index.HTML\n"), Source("5/Setup.exe", "5"),
+            Source("1/index.html", "eins", "TargetFolder=38\nID={anders}\n")});
+  Run();
+  const auto copy = [this](const std::string& source, const std::string& why) {
+    return "ERROR: Unable to copy file '" + folder_.Path("quelle/" + source) +
+           "' to new location: " + why;
+  };
+  const std::string own = "the name belongs to a file that the build makes itself";
+  EXPECT_THAT(tools::SplitList(tools::ReplaceAll(LogLines(), "\r\n", "\n"), '\n', '\0'),
+              ElementsAre("Warning: File '" + folder_.Path("quelle/2/INDEX.html") + "' replaces '" +
+                              folder_.Path("quelle/1/index.html") +
+                              "': both are stored as 'InstallPath\\INDEX.html'",
+                          copy("3/log.txt", own), copy("3/probe.INSTALL", own),
+                          copy("4/x", "a folder of its target is a file already, copied from '" +
+                                          folder_.Path("quelle/2/INDEX.html") + "'"),
+                          ""));
+  EXPECT_EQ(Out("InstallPath/index.html") + Out("ProgramFiles/index.html"), "zweieins");
+  EXPECT_THAT(Out("Probe.install"), AllOf(HasSubstr("\\InstallPath\\index.html\", "),
+                                          HasSubstr("\\ProgramFiles\\index.html\", ")));
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 5U);
+}
+
+TEST_F(BuildSetupTest, LeavesOutComponentsOfNoUseWithAWord) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  product_.AddComponent("", {Source("b.txt", "b")});
+  for (int slot = 3; slot <= 6; ++slot) product_.AddComponent("", {});
+  folder_.Write("Produkt/Version 1.0.0/component3.component", std::string(50, '\0'));
+  tools::DeleteFile(folder_.Path("Produkt/Version 1.0.0/component4.component"));
+  tools::DeleteFile(folder_.Path("Produkt/Version 1.0.0/component5.component"));
+  folder_.MakeFolder("Produkt/Version 1.0.0/component5.component");
+  Run();
+  const std::string none =
+      "ERROR: File holds no component: " + folder_.Path("Produkt/Version 1.0.0/component");
+  EXPECT_EQ(LogLines(), "Warning: Component 2 is left out: it has files (1) but no title\r\n" +
+                            none + "3.component\r\n" + none +
+                            "5.component (Der Pfad bezeichnet einen Ordner)\r\n");
+  EXPECT_THAT(Out("Probe.install"), Not(HasSubstr("b.txt")));
+}
+
+TEST_F(BuildSetupTest, DoesNotBuildAVersionWithoutAUsableFile) {
+  const std::string path = folder_.Path("Produkt/Version 1.0.0/product.version");
+  folder_.Write("aus/alt.zip", "alt");
+  for (const std::string& content : {std::string(), std::string(20, '\0'), std::string("x=1")}) {
+    folder_.Write("Produkt/Version 1.0.0/product.version", content);
+    EXPECT_EQ(tests::ErrorOf([&] { Run(); }),
+              "Die Datei der Version ist leer oder beschädigt: " + path);
+  }
+  tools::DeleteFile(path);
+  EXPECT_EQ(tests::ErrorOf([&] { Run(); }), "Die Datei der Version fehlt: " + path);
+  EXPECT_EQ(Out("alt.zip"), "alt");
+}
+
+TEST_F(BuildSetupTest, ScansPassOverTheOutputFolder) {
+  settings_["folder"] = "Ausgabe\\Debug";
+  product_.AddComponent("A", {"ID={1}\nType=2\nSourcePath=.\nSourceName=*\n"
+                              "IncludeChildren=1\nTargetFolder=2001\n"});
+  for (int run = 1; run <= 2; ++run) {
+    if (run == 2) dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+    Run();
+    EXPECT_EQ(summary_->outcome, BuildOutcome::Finished) << summary_->reason;
+    EXPECT_EQ(summary_->files, 3U);
+    EXPECT_TRUE(messages_.empty());
+  }
+}
+
+TEST_F(BuildSetupTest, GoesByTheSourcesItFoundAtFirst) {
+  const std::string scan = "TargetFolder=38\n" + TestProduct::Scan(folder_.Path("quelle/1"), "*");
+  product_.AddComponent("A", {Source("1/weg.txt", "w"), Source("1/waechst.txt", "kurz"),
+                              Source("1/ordner.txt", "o"), scan});
+  onProgress_ = [this](const tools::Progress& progress) {
+    if (progress.filesTotal == 0 || progress.filesDone > 0 || !folder_.Holds("quelle/1/weg.txt"))
+      return;
+    EXPECT_EQ(progress.filesTotal, 6U);
+    tools::DeleteFile(folder_.Path("quelle/1/weg.txt"));
+    tools::DeleteFile(folder_.Path("quelle/1/ordner.txt"));
+    folder_.MakeFolder("quelle/1/ordner.txt");
+    folder_.Write("quelle/1/waechst.txt", std::string(300000, 'x'));
+    folder_.Write("quelle/1/neu.txt", "neu");
+  };
+  Run();
+  EXPECT_EQ(Out("InstallPath/waechst.txt").size(), 300000U);
+  EXPECT_FALSE(HasOut("ProgramFiles/neu.txt"));
+  EXPECT_EQ(summary_->errors, 4);
+  EXPECT_EQ(summary_->files, 2U);
+  EXPECT_EQ(progress_.filesDone, 6U);
+  EXPECT_THAT(Out("Probe.install"), AllOf(Not(HasSubstr("weg.txt")), Not(HasSubstr("neu.txt"))));
+}
+
+TEST_F(BuildSetupTest, StoresUnusualAndLongNames) {
+  const std::string longName = std::string(251, 'n') + ".txt";
+  std::string deep = "tief";
+  while (folder_.Path("quelle/" + deep).size() < 500) deep += "/Ordner 資料夾 Größe";
+  product_.AddComponent("Ä \"測試\"",
+                        {Source(longName, "lang"), Source(deep + "/Übergrößen  測試.txt", "tief")});
+  Run();
+  EXPECT_EQ(LogLines(), "");
+  EXPECT_EQ(Out("InstallPath/" + longName), "lang");
+  EXPECT_EQ(Out("InstallPath/Übergrößen  測試.txt"), "tief");
+  EXPECT_THAT(Out("Probe.install"), HasSubstr("%InstallPath%\\Übergrößen  測試.txt"));
+}
+
+TEST_F(BuildSetupTest, RaisesAFailureToWriteTheScript) {
+  tests::FaultyDisk full(disk_);
+  full.FailAt(tests::FaultyDisk::Step::Write, 1);
+  EXPECT_THAT(tests::ErrorOf([&] { Run(full); }), HasSubstr("Kein Speicherplatz"));
+  EXPECT_FALSE(HasOut("Probe.install"));
+  EXPECT_FALSE(summary_.has_value());
+  EXPECT_EQ(dialogs_.OpenNotices(), 0U);
+}
+
+TEST_F(BuildSetupTest, EndsOnAnAbsurdCountOfFiles) {
+  product_.AddComponent("A", {Source("a.txt", "a"), Source("b.txt", "b")});
+  project_.WriteComponentSetting(1, 1, "Files", "Count", "2147483647");
+  product_.AddComponent("B", {});
+  project_.WriteComponentSetting(1, 2, "Files", "Count", "2147483648");
+  Run();
+  EXPECT_EQ(Out("InstallPath/b.txt"), "b");
+  EXPECT_EQ(summary_->errors, 2);
+}
+
+}  // namespace engine

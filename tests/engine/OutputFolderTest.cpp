@@ -1,0 +1,74 @@
+#include "engine/OutputFolder.h"
+#include "engine/Survey.h"
+#include "tests/support/BuildFixture.h"
+#include "tools/files/SpecialFolders.h"
+
+namespace engine {
+
+class OutputFolderTest : public tests::BuildFixture {
+ protected:
+  OutputFolder Accept(const std::string& text) {
+    return AcceptOutputFolder(text, project_, SurveyVersion(project_, 1, {}).sourceFolders);
+  }
+  /// The rule that refuses each of these folders, as a letter: "-" for one that is accepted.
+  std::string Refused(const std::vector<std::string>& names) {
+    std::string refused;
+    for (const std::string& name : names) {
+      const OutputFolder folder = Accept(folder_.Path(name));
+      refused += "-brhpsf"[static_cast<std::size_t>(folder.refusal)];
+      EXPECT_EQ(folder.IsAccepted(), folder.reason.empty()) << name;
+      EXPECT_EQ(folder.IsAccepted(), !folder.path.empty()) << name;
+    }
+    return refused;
+  }
+};
+
+TEST_F(OutputFolderTest, TakesRelativeTextFromTheProductFolder) {
+  EXPECT_EQ(Accept(" Ausgabe\\x/../Debug\t").path, folder_.Path("Produkt/Ausgabe/Debug"));
+  EXPECT_EQ(Accept("..\\aus\\").path, folder_.Path("aus"));
+  EXPECT_EQ(Accept(folder_.Path("neu/tief/")).path, folder_.Path("neu/tief"));
+}
+
+TEST_F(OutputFolderTest, RefusesBlankTextRootAndHome) {
+  const std::string home = tools::SpecialFolder(tools::kProfileFolder);
+  const std::string root = tools::FromPath(tools::ToPath(folder_.Path()).root_path());
+  const std::pair<std::string, FolderRefusal> rows[] = {
+      {"", FolderRefusal::Blank},
+      {" \t ", FolderRefusal::Blank},
+      {root, FolderRefusal::Root},
+      {root + "x/..", FolderRefusal::Root},
+      {home, FolderRefusal::Home},
+      {home + "/x/..", FolderRefusal::Home},
+      {home + "/packwright-test-output", FolderRefusal::None}};
+  for (const auto& [text, refusal] : rows) EXPECT_EQ(Accept(text).refusal, refusal) << text;
+  EXPECT_FALSE(Accept(tools::FolderOf(home)).IsAccepted());
+  EXPECT_EQ(Accept(root).reason, "Er ist der oberste Ordner eines Datenträgers: " + root);
+}
+
+TEST_F(OutputFolderTest, RefusesFoldersThatHoldTheProduct) {
+  project_.WriteProductSetting("Versions", "Count", "2");
+  project_.WriteProductSetting("Versions", "Ver2", "2.0.0");
+  EXPECT_EQ(Refused({"", "Produkt", "Produkt/.", "Produkt/Version 1.0.0", "Produkt/Version 2.0.0",
+                     "Produkt/x/../Version 1.0.0", "Produkt/Version 3.0.0", "Produkt2"}),
+            "pppppp--");
+}
+
+TEST_F(OutputFolderTest, RefusesFoldersThatHoldSourcesWhateverTheirEntriesSay) {
+  product_.AddComponent("A", {Source("a/a.txt", "a"), Source("b/b.txt", "b", "Exclude=1\n"),
+                              tests::TestProduct::Scan(folder_.Path("quelle/c"), "*.txt")});
+  product_.AddComponent("B", {Source("d/d.txt", "d", "Vital=99999\n")});
+  product_.AddComponent("", {Source("e/e.txt", "e")});
+  product_.AddComponent("C", {Source("f/f.txt", "f")});
+  project_.WriteComponentSetting(1, 4, "Files", "Count", "3000000000");
+  folder_.Write("quelle/c/aus/liste.txt", "");
+  EXPECT_EQ(Refused({"quelle", "quelle/a", "quelle/b", "quelle/c", "quelle/d", "quelle/e",
+                     "quelle/f", "quelle/a/aus", "quelle/c/aus"}),
+            "sssssss--");
+}
+
+TEST_F(OutputFolderTest, RefusesAPlaceThatAFileTakes) {
+  folder_.Write("datei", "x");
+  EXPECT_EQ(Refused({"datei", "datei/tief/er", "datei2"}), "ff-");
+}
+
+}  // namespace engine

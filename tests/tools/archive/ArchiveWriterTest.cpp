@@ -1,0 +1,183 @@
+#include <filesystem>
+
+#include "tests/support/FaultyDisk.h"
+#include "tests/support/SampleBytes.h"
+#include "tests/support/Testing.h"
+#include "tests/support/ZipReader.h"
+#include "tools/archive/ArchiveWriter.h"
+#include "tools/archive/ZipFormat.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+
+namespace tools {
+
+using testing::HasSubstr;
+using tests::ReadZip;
+using tests::WordBytes;
+
+static constexpr std::size_t kBlock = 1U << 20U;
+static constexpr ArchiveOptions kSmallBlocks{.blockMegabytes = 1};
+
+class ArchiveWriterTest : public testing::Test {
+ protected:
+  // Archives files of "in" under their names, in this order.
+  ArchiveTotals Archive(const std::vector<std::string>& names,
+                        ArchiveOptions options = kSmallBlocks,
+                        const ArchiveWriter::ProgressCallback& progress = {}) {
+    ArchiveWriter writer(*disk_, archive_, options, progress);
+    for (const std::string& name : names) writer.AddFile(folder_.Path("in/" + name), name);
+    return writer.Finish();
+  }
+  [[nodiscard]] std::string ArchiveBytes() const { return folder_.Read("out/a.zip"); }
+
+  // The description of the error that `action` raises, after which an archive that was there is
+  // untouched and alone in its folder.
+  template <typename Action>
+  std::string FailureOf(const Action& action) {
+    folder_.Write("out/a.zip", "as before");
+    const std::string description = tests::ErrorOf(action);
+    EXPECT_TRUE(description == "no error" || ArchiveBytes() == "as before") << description;
+    EXPECT_EQ(FindFiles(folder_.Path("out"), "*", true).size(), 1U);
+    return description;
+  }
+
+  tests::TemporaryFolder folder_;
+  const std::string archive_ = folder_.MakeFolder("out") + kPathSeparator + "a.zip";
+  SystemDisk system_;
+  Disk* disk_ = &system_;
+};
+
+TEST_F(ArchiveWriterTest, HoldsWhatWasAddedInThatOrderWhateverTheNumberOfThreads) {
+  EXPECT_EQ(Archive({}).files, 0U);
+  EXPECT_TRUE(ReadZip(ArchiveBytes()).empty());
+  std::vector<std::pair<std::string, std::string>> files{
+      {"z.txt", "zzzzzzzzzzzzzzzzzzzzzzzzzzzzzzzz"},
+      {"Übersicht 東京.txt", WordBytes(100'000)},
+      {"empty", ""},
+      {"random", tests::RandomBytes(5000)},
+      {"block", WordBytes(kBlock)},
+      {"block and a byte", WordBytes(kBlock + 1)},
+      {"three blocks", tests::MixedBytes(3 * kBlock)},
+      {"random blocks", tests::RandomBytes(2 * kBlock + 7)},
+      {"a.txt", "a"}};
+  for (std::size_t i = 0; i < 300; ++i) files.emplace_back(std::to_string(i), WordBytes(i * 77));
+  std::vector<std::string> names;
+  std::uint64_t bytes = 0;
+  for (const auto& [name, content] : files) {
+    folder_.Write("in/" + name, content);
+    names.push_back(name);
+    bytes += content.size();
+  }
+  const ArchiveTotals totals = Archive(names);
+  EXPECT_EQ(totals.files, files.size());
+  EXPECT_EQ(totals.bytesIn, bytes);
+  EXPECT_EQ(totals.bytesOut, ArchiveBytes().size());
+
+  const std::string archive = ArchiveBytes();
+  for (const int threads : {1, 2, 7}) {
+    Archive(names, {.blockMegabytes = 1, .threads = threads});
+    EXPECT_TRUE(ArchiveBytes() == archive) << threads;
+  }
+
+  const std::vector<tests::ZipEntry> entries = ReadZip(archive);
+  ASSERT_EQ(entries.size(), files.size());
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const auto& [name, content] = files[i];
+    EXPECT_EQ(entries[i].name, name);
+    EXPECT_TRUE(entries[i].content == content) << name;
+    EXPECT_EQ(entries[i].utf8, name.starts_with("Ü")) << name;
+    EXPECT_EQ(entries[i].stored, name.starts_with("random") || content.size() < 2) << name;
+    EXPECT_EQ(entries[i].dosDateTime,
+              DosDateTime(StampOf(folder_.Path("in/" + name)).modifiedNanoseconds));
+  }
+}
+
+TEST_F(ArchiveWriterTest, PatternsAddFilesAtTheTopLevel) {
+  for (const char* name : {"in/b.txt", "in/a.txt", "in/c.bin", "in/deeper/d.txt"}) {
+    folder_.Write(name, name);
+  }
+  ArchiveWriter writer(*disk_, archive_, {});
+  writer.AddPattern(folder_.Path("in"), "*.TXT");
+  EXPECT_EQ(writer.Finish().files, 2U);
+  EXPECT_EQ(ReadZip(ArchiveBytes())[0].name, "a.txt");
+  EXPECT_EQ(ReadZip(ArchiveBytes())[1].content, "in/b.txt");
+}
+
+// Headers, blocks, the copy of what does not compress, the directory: every single call fails once.
+TEST_F(ArchiveWriterTest, ADiskThatFailsLeavesTheOldArchive) {
+  folder_.Write("in/small", WordBytes(1000));
+  folder_.Write("in/large", tests::RandomBytes(3 * kBlock));
+  using Step = tests::FaultyDisk::Step;
+  const std::pair<Step, int> steps[] = {
+      {Step::Create, 1}, {Step::Write, 9}, {Step::Close, 1}, {Step::Replace, 1}};
+  for (const auto& [step, leastCalls] : steps) {
+    int calls = 0;
+    for (std::string failure; failure != "no error"; ++calls) {
+      tests::FaultyDisk faulty(system_);
+      faulty.FailAt(step, calls + 1);
+      disk_ = &faulty;
+      failure = FailureOf([&] { Archive({"small", "large", "small"}); });
+      if (failure == "no error") break;
+      ASSERT_THAT(failure, HasSubstr(folder_.Path("out"))) << calls;
+      ASSERT_THAT(failure, HasSubstr("Kein Speicherplatz mehr")) << calls;
+    }
+    EXPECT_GE(calls, leastCalls);
+  }
+}
+
+TEST_F(ArchiveWriterTest, ASourceThatCannotBeReadIsNamed) {
+  folder_.MakeFolder("in/folder");
+  for (const std::string name : {"missing", "folder"}) {
+    EXPECT_THAT(FailureOf([&] { Archive({name}); }), HasSubstr(folder_.Path("in/" + name)));
+  }
+  EXPECT_THAT(FailureOf([&] { Archive({std::string(70'000, 'n')}); }), HasSubstr("zu lang"));
+}
+
+// What a build meets when sources live on.
+TEST_F(ArchiveWriterTest, ASmallSourceIsPackedAsItWasWhenItWasAdded) {
+  const std::string grows = folder_.Write("in/grows", "short");
+  const std::string goes = folder_.Write("in/goes", WordBytes(kBlock));
+  ArchiveWriter writer(*disk_, archive_, kSmallBlocks);
+  writer.AddFile(grows, "grows");
+  writer.AddFile(goes, "goes");
+  folder_.Write("in/grows", WordBytes(2 * kBlock));
+  DeleteFile(goes);
+  writer.Finish();
+  const std::vector<tests::ZipEntry> entries = ReadZip(ArchiveBytes());
+  EXPECT_EQ(entries[0].content, "short");
+  EXPECT_TRUE(entries[1].content == WordBytes(kBlock));
+}
+
+TEST_F(ArchiveWriterTest, ALargeSourceThatChangesIsRefused) {
+  const std::string content = WordBytes(40 * kBlock);
+  for (const std::size_t size : {std::size_t{10}, 3 * kBlock, 41 * kBlock}) {
+    const std::string path = folder_.Write("in/large", content);
+    const auto change = [&] {
+      ArchiveWriter writer(*disk_, archive_, {.blockMegabytes = 1, .threads = 1});
+      writer.AddFile(path, "large");
+      std::filesystem::resize_file(ToPath(path), size);
+      writer.Finish();
+    };
+    EXPECT_THAT(FailureOf(change), HasSubstr("geändert: " + path));
+  }
+}
+
+TEST_F(ArchiveWriterTest, TheProgressCallbackCanStopIt) {
+  folder_.Write("in/large", WordBytes(20 * kBlock));
+  int calls = 0;
+  const auto stop = [&calls](const ArchiveTotals& totals) {
+    ++calls;
+    EXPECT_GT(totals.bytesOut, 0U);
+    throw Error("stopped");
+  };
+  EXPECT_EQ(FailureOf([&] { Archive({"large", "large"}, kSmallBlocks, stop); }), "stopped");
+  EXPECT_EQ(calls, 1);
+}
+
+TEST_F(ArchiveWriterTest, AWriterThatIsDroppedLeavesTheOldArchive) {
+  const std::string path = folder_.Write("in/large", WordBytes(4 * kBlock));
+  FailureOf([&] { ArchiveWriter(*disk_, archive_, kSmallBlocks).AddFile(path, "large"); });
+  EXPECT_EQ(ArchiveBytes(), "as before");
+}
+
+}  // namespace tools

@@ -1,0 +1,47 @@
+#include "tests/support/SampleBytes.h"
+#include "tests/support/Testing.h"
+#include "tests/support/ZipReader.h"
+#include "tools/archive/BlockDeflate.h"
+#include "tools/archive/LastBlock.h"
+
+namespace tools {
+
+// Ends of all shapes: within a byte and on one, in stored, fixed and dynamic blocks.
+TEST(BlockDeflateTest, PartsOfAnyEndJoinToOneStream) {
+  constexpr std::size_t kBlock = 1U << 20U;
+  std::vector<std::string> parts{tests::RandomBytes(kBlock), std::string(kBlock, '\0'),
+                                 tests::MixedBytes(kBlock)};
+  for (std::size_t size = 0; size < 200; ++size) parts.push_back(tests::WordBytes(size));
+  for (unsigned seed = 1; seed <= 40; ++seed) parts.push_back(tests::WordBytes(60'000, seed));
+  BlockDeflater deflater(6, kBlock);
+  std::string source;
+  std::string stream;
+  for (const std::string& part : parts) {
+    source += part;
+    stream += deflater.DeflatePart(part);
+  }
+  stream += deflater.Deflate("the end");
+  EXPECT_TRUE(tests::Inflate(stream, source.size() + 7) == source + "the end");
+}
+
+TEST(BlockDeflateTest, TheLastBlockIsOnlyFoundWhereItIsLikely) {
+  BlockDeflater deflater(6, 1U << 20U);
+  LastBlockFinder finder;
+  for (unsigned seed = 1; seed <= 20; ++seed) {
+    const std::string source = tests::WordBytes(20'000 * seed, seed);
+    const std::string stream(deflater.Deflate(source));
+    const auto place = finder.Find(stream, source.size());
+    ASSERT_TRUE(place) << seed;
+    EXPECT_EQ((static_cast<unsigned char>(stream[place->beginBit / 8]) >> place->beginBit % 8) & 1,
+              1);
+    EXPECT_EQ((place->endBit + 7) / 8, stream.size());
+    EXPECT_FALSE(finder.Find(stream.substr(0, stream.size() - 1), source.size()));
+    EXPECT_FALSE(finder.Find(stream, 4000));
+  }
+  for (const std::string& source :
+       {tests::RandomBytes(50'000), std::string(), tests::WordBytes(300)}) {
+    EXPECT_FALSE(finder.Find(deflater.Deflate(source), source.size()));
+  }
+}
+
+}  // namespace tools

@@ -1,0 +1,173 @@
+
+#include "tests/support/desktop/ModalScript.h"
+#include "tools/Error.h"
+#include "tools/desktop/wizard/WizardPicture.h"
+#include "tools/desktop/wizard/WizardStructure.h"
+
+namespace tests {
+
+using tools::ToQString;
+using tools::WizardPage;
+using tools::WizardStructure;
+
+namespace {
+
+/// Shows the value "name" of the data store in `txtName`.
+struct NamePage : tools::WizardOptionPage {
+  NamePage(tools::WizardDataStore& store, QWidget* parent) : WizardOptionPage(store, parent) {
+    txtName.setObjectName("txtName");
+    connect(&txtName, &QLineEdit::textEdited, this,
+            [this](const QString& text) { SetValue("name", tools::ToUtf8(text)); });
+  }
+
+  void ShowValues() override { txtName.setText(ToQString(Value("name"))); }
+
+  QLineEdit txtName{this};
+};
+
+WizardPage Page(int style, const char* title, const char* next) {
+  WizardPage page;
+  page.PageStyle = style;
+  page.PageTitle = title;
+  page.PageDescription = std::string("Das ist\r\n") + title;
+  page.ForwardStep = next;
+  page.AllowFinish = *next == '\0';
+  return page;
+}
+
+/// Describes the pages it is given and writes down every event; the wizard is run by Run.
+struct ListedPages : tools::WizardDriver {
+  std::map<std::string, WizardPage> pages{{"intro", Page(1, "Anfang", "name")},
+                                          {"name", Page(2, "Name", "end")},
+                                          {"end", Page(3, "Ende", "")}};
+  std::vector<std::string> steps;
+  QStringList events;
+  std::string failing;  ///< key of a page that cannot be described
+  ScriptedDialogs dialogs;
+
+  void Run(const char* startPage, const std::function<void(WizardStructure&)>& act) {
+    tools::WizardPageRegistry registry;
+    registry.Add("Probe.NamePage", [](tools::WizardDataStore& store, QWidget* parent) {
+      return new NamePage(store, parent);
+    });
+    ModalScript script;
+    script.Expect<WizardStructure>("wizardStructure", act);
+    WizardStructure(*this, registry, dialogs).Run(startPage);
+  }
+
+  std::string Title() override { return "Probe-Assistent"; }
+  std::vector<std::string> GetStepBar() override { return steps; }
+  void ShowStepbar() override { events += "step bar"; }
+  WizardPage ShowPage(const std::string& key) override {
+    if (key == failing) throw tools::Error("Die Seite ist weg.");
+    return pages[key];
+  }
+  std::string LoadPage(const std::string& key) override {
+    return key == "name" ? "Probe.NamePage" : key == "end" ? "Probe.Unknown" : "";
+  }
+  void EnterPage(const tools::WizardStep& step) override {
+    Note(step.ComingFrom + "->" + step.GoingTo + (step.PageCtl != nullptr ? " control" : ""));
+  }
+  void LeavePage(const tools::WizardStep& step) override { Note("leave for " + step.GoingTo); }
+  void Finish(WizardStructure& frame) override { Note("finish " + frame.DataStore()["name"]); }
+  void Cancel(WizardStructure& /*frame*/) override { Note("cancel"); }
+  void ShowHelp(const std::string& key) override { Note("help " + key); }
+
+  void Note(const std::string& event) { events += ToQString(event); }
+};
+
+/// The names of the buttons that can be pressed.
+QString Enabled(const QWidget& window) {
+  QStringList names;
+  for (const char* name : {"cmdHelp", "cmdBack", "cmdNext", "cmdFinish", "cmdCancel"}) {
+    if (Child(window, name).isEnabled()) names += QString(name).mid(3);
+  }
+  return names.join(' ');
+}
+
+}  // namespace
+
+class WizardStructureTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void GoesThroughThePagesByButtonsAndEnterAndHandsOverTheDataStore() {
+    ListedPages driver;
+    driver.Run("intro", [](WizardStructure& frame) {
+      const auto& picture = *frame.findChild<tools::WizardPicture*>();
+      QCOMPARE(frame.windowTitle(), "Probe-Assistent");
+      QCOMPARE(Shown(frame, {"lblPageTitle", "lblPageDescription"}), "Anfang|Das ist\nAnfang");
+      QVERIFY(picture.isVisible() && !Child(frame, "lblStepBar").isVisible());
+      QCOMPARE(Enabled(frame), "Next Cancel");
+      Press(frame, "cmdNext");
+      QVERIFY(!picture.isVisible());
+      QCOMPARE(Enabled(frame), "Back Next Cancel");
+      QTest::keyClicks(frame.focusWidget(), "Ä b");
+      Press(frame, "cmdNext");
+      QVERIFY(!Child(frame, "txtName").isVisible());
+      QCOMPARE(Enabled(frame), "Back Finish Cancel");
+      Press(frame, "cmdBack");
+      QCOMPARE(Shown(frame, "txtName"), "Ä b");
+      QVERIFY(Child(frame, "txtName").isVisible());
+      Press(frame, "cmdBack");
+      QCOMPARE(Enabled(frame), "Next Cancel");
+      for (int i = 0; i < 3; ++i) QTest::keyClick(frame.focusWidget(), Qt::Key_Return);
+    });
+    const QString forward = "leave for name|intro->name control|leave for end|name->end|";
+    QCOMPARE(driver.events.join('|'), "->intro|" + forward +
+                                          "leave for name|end->name control|"
+                                          "leave for intro|name->intro|" +
+                                          forward + "finish Ä b");
+  }
+
+  void EscapeAndTheCloseBoxCancelWhereThePageAllowsIt() {
+    ListedPages driver;
+    driver.pages["end"].AllowCancel = false;
+    driver.Run("end", [](WizardStructure& frame) {
+      QTest::keyClick(frame.focusWidget(), Qt::Key_Escape);
+      frame.close();
+      QVERIFY(frame.isVisible());
+      Press(frame, "cmdFinish");
+    });
+    QCOMPARE(driver.events.back(), "finish ");
+    driver.Run("intro", [](WizardStructure& frame) { QTest::keyClick(&frame, Qt::Key_Escape); });
+    QCOMPARE(driver.events.back(), "cancel");
+  }
+
+  void HelpTheStepBarAndAPageNamedForBackAreAsTheDriverWantsThem() {
+    ListedPages driver;
+    driver.pages["name"].EnableHelp = true;
+    driver.pages["end"].BackStep = "intro";
+    driver.steps = {"Eins", "Zwei"};
+    driver.Run("intro", [](WizardStructure& frame) {
+      QCOMPARE(Shown(frame, "lblStepBar"), "Eins › Zwei");
+      QVERIFY(Child(frame, "lblStepBar").isVisible());
+      for (const char* button : {"cmdNext", "cmdHelp", "cmdNext"}) Press(frame, button);
+      Press(frame, "cmdBack");
+      QCOMPARE(frame.CurrentPage(), "intro");
+      QCOMPARE(Enabled(frame), "Next Cancel");  // the history is back at its visit, too
+      frame.close();
+    });
+    QCOMPARE(driver.events.front(), "step bar");
+    QVERIFY(driver.events.contains("help name"));
+  }
+
+  void AnErrorOfTheDriverIsShownAndThePageStays() {
+    ListedPages driver;
+    driver.failing = "end";
+    driver.Run("intro", [](WizardStructure& frame) {
+      for (int i = 0; i < 2; ++i) Press(frame, "cmdNext");
+      QCOMPARE(frame.CurrentPage(), "name");
+      Press(frame, "cmdBack");
+      QCOMPARE(frame.CurrentPage(), "intro");
+      frame.close();
+    });
+    QCOMPARE(driver.dialogs.LastMessage(), "Fehler|Die Seite ist weg.");
+    QVERIFY(!driver.events.contains("leave for end"));
+  }
+};
+
+}  // namespace tests
+
+QTEST_MAIN(tests::WizardStructureTest)
+#include "WizardStructureTest.moc"

@@ -1,0 +1,66 @@
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "tests/support/WithoutRights.h"
+#include "tools/files/Disk.h"
+#include "tools/files/Files.h"
+
+namespace tools {
+
+using tests::ErrorWithoutRights;
+
+TEST(LinksTest, FilesAreFollowedAndFoldersAreNot) {
+  const tests::TemporaryFolder folder;
+  folder.Write("baum/echt.txt", "x");
+  folder.Write("draußen/geheim.txt", "x");
+  for (const auto& [name, target] : {std::pair{"hinaus", "draußen"},
+                                     {"kreis", "baum"},
+                                     {"link.txt", "draußen/geheim.txt"},
+                                     {"tot.txt", "nirgends"}}) {
+    std::filesystem::create_symlink(folder.Path(target), folder.Path("baum") + "/" + name);
+  }
+  EXPECT_THAT(FindFiles(folder.Path("baum"), "*", true),
+              testing::ElementsAre(folder.Path("baum/echt.txt"), folder.Path("baum/link.txt")));
+  RemoveFolderTree(folder.Path("baum"));
+  EXPECT_TRUE(folder.Holds("draußen/geheim.txt"));
+}
+
+TEST(LinksTest, ReplacingThroughALinkKeepsTheLinkAndTheRights) {
+  const tests::TemporaryFolder folder;
+  const std::string target = folder.Write("echt.product", "alt");
+  ::chmod(target.c_str(), 0640);
+  std::filesystem::create_symlink("echt.product", folder.Path("link.product"));
+  SystemDisk disk;
+  WriteTextFile(disk, folder.Path("link.product"), "neu", ReplacementFile::Durability::Flushed);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.product")));
+  EXPECT_EQ(folder.Read("echt.product"), "neu");
+  EXPECT_EQ(std::filesystem::status(target).permissions(), std::filesystem::perms{0640});
+}
+
+TEST(FolderErrorsTest, NameThePathThatStoppedThemAndTheTrueCause) {
+  const tests::TemporaryFolder folder;
+  const std::string file = folder.Write("baum/zu/datei", "x");
+  ::chmod(folder.Path().c_str(), 0755);
+  ::chmod(folder.Path("baum/zu").c_str(), 0555);
+  EXPECT_THAT(ErrorWithoutRights([&] { RemoveFolderTree(folder.Path("baum")); }),
+              testing::EndsWith(": " + file + " (Zugriff verweigert)"));
+  EXPECT_THAT(ErrorWithoutRights([&] { MakeFolder(folder.Path("baum/zu/neu/tief")); }),
+              testing::EndsWith(": " + folder.Path("baum/zu/neu") + " (Zugriff verweigert)"));
+  EXPECT_THAT(tests::ErrorOf([&] { MakeFolder(file + "/neu"); }),
+              testing::EndsWith(" (Ein Teil des Pfades ist kein Ordner)"));
+  EXPECT_THROW(MakeFolder(folder.Path("neu/" + std::string(300, 'x'))), Error);
+  EXPECT_FALSE(folder.Holds("neu"));
+}
+
+TEST(CopyFileTest, RefusesWhatIsNoRegularFileButNotFilesWhoseSizeTheSystemHides) {
+  const tests::TemporaryFolder folder;
+  ASSERT_EQ(::mkfifo(folder.Path("pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(CopyFile(folder.Path("pipe"), folder.Path("ziel")).Succeeded());
+  EXPECT_FALSE(CopyFile("/dev/zero", folder.Path("ziel")).Succeeded());
+  EXPECT_FALSE(folder.Holds("ziel"));
+  ASSERT_TRUE(CopyFile("/proc/self/status", folder.Path("ziel")).Succeeded());
+  EXPECT_THAT(folder.Read("ziel"), testing::HasSubstr("Name:"));
+}
+
+}  // namespace tools

@@ -1,0 +1,48 @@
+#include <stdlib.h>
+#include <sys/stat.h>
+
+#include "tests/support/Testing.h"
+#include "tools/files/SpecialFolders.h"
+
+namespace tools {
+
+class XdgFoldersTest : public testing::Test {
+ protected:
+  XdgFoldersTest() {
+    setenv("HOME", folder_.Path().c_str(), 1);
+    setenv("XDG_CONFIG_HOME", "relative/is/ignored", 1);
+    unsetenv("TMPDIR");
+  }
+  ~XdgFoldersTest() override { unsetenv("TMPDIR"); }
+
+  const tests::TemporaryFolder folder_;
+};
+
+TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFileAndDefaultsLieInTheHomeFolder) {
+  EXPECT_EQ(SpecialFolder(kProfileFolder), folder_.Path());
+  EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path(".config"));
+  EXPECT_EQ(SpecialFolder(kDocumentsFolder), folder_.Path());
+  EXPECT_EQ(SpecialFolder(kTemporaryFolder), "/tmp");
+  setenv("XDG_CONFIG_HOME", (folder_.Path("settings") + "//").c_str(), 1);
+  EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path("settings"));
+  folder_.Write("settings/user-dirs.dirs",
+                "# a comment\nXDG_DOCUMENTS_DIR_X=\"/wrong\"\n#XDG_DOCUMENTS_DIR=\"/wrong\"\n"
+                " XDG_DOCUMENTS_DIR=\"$HOME/Eigene \\\"Büro\\\"-Dateien/\"\n");
+  EXPECT_EQ(SpecialFolder(kDocumentsFolder), folder_.Path("Eigene \"Büro\"-Dateien"));
+  folder_.Write("settings/user-dirs.dirs",
+                "XDG_DOCUMENTS_DIR=\"relative\"\nXDG_DOCUMENTS_DIR=\"/srv/docs\"\n");
+  EXPECT_EQ(SpecialFolder(kDocumentsFolder), "/srv/docs");
+}
+
+TEST_F(XdgFoldersTest, OnlyItsUserMayEnterAPrivateFolder) {
+  setenv("TMPDIR", folder_.Path().c_str(), 1);
+  folder_.Write(".packwright-0123456789abcdef.tmp/rest", "of a killed build");
+  const PrivateTemporaryFolder temporary;
+  EXPECT_TRUE(temporary.Path().starts_with(folder_.Path(".packwright-")));
+  EXPECT_FALSE(folder_.Holds(".packwright-0123456789abcdef.tmp"));
+  struct stat status {};
+  ASSERT_EQ(stat(temporary.Path().c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0700U);
+}
+
+}  // namespace tools

@@ -1,0 +1,72 @@
+#include "tools/archive/ArchiveAssembler.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "tools/archive/BlockDeflate.h"
+
+namespace tools {
+
+void ArchiveAssembler::AppendMembers(std::string_view bytes,
+                                     const std::vector<ZipMember>& members) {
+  for (ZipMember member : members) {
+    member.headerOffset += archiveBytes_;
+    AppendCentralRecord(directory_, member);
+    sourceBytes_ += member.sourceBytes;
+  }
+  Write(bytes);
+  members_ += members.size();
+}
+
+void ArchiveAssembler::BeginMember(ZipMember member) {
+  member_ = std::move(member);
+  member_.headerOffset = archiveBytes_;
+  const std::string header = LocalHeader(member_);
+  headerBytes_ = header.size();
+  Write(header);
+  ClearData();
+}
+
+void ArchiveAssembler::AppendData(std::string_view data, std::uint32_t crc32,
+                                  std::size_t sourceBytes) {
+  Write(data);
+  member_.crc32 = JoinCrc32(member_.crc32, crc32, sourceBytes);
+  member_.storedBytes += data.size();
+  member_.sourceBytes += sourceBytes;
+  sourceBytes_ += sourceBytes;
+}
+
+void ArchiveAssembler::RestartMember(ZipMethod method) {
+  archiveBytes_ = member_.headerOffset + headerBytes_;
+  file_.Truncate(archiveBytes_);
+  sourceBytes_ -= member_.sourceBytes;
+  ClearData();
+  member_.method = method;
+}
+
+void ArchiveAssembler::EndMember() {
+  const std::string header = LocalHeader(member_);
+  if (header.size() != headerBytes_) throw std::logic_error("a member outgrew its header");
+  file_.WriteAt(member_.headerOffset, header);
+  AppendCentralRecord(directory_, member_);
+  ++members_;
+}
+
+void ArchiveAssembler::Finish() {
+  const std::string end = DirectoryEnd(members_, directory_.size(), archiveBytes_);
+  Write(directory_);
+  Write(end);
+}
+
+void ArchiveAssembler::ClearData() {
+  member_.crc32 = 0;
+  member_.storedBytes = 0;
+  member_.sourceBytes = 0;
+}
+
+void ArchiveAssembler::Write(std::string_view bytes) {
+  file_.Write(bytes);
+  archiveBytes_ += bytes.size();
+}
+
+}  // namespace tools

@@ -1,0 +1,58 @@
+// Puts packed members together to an archive file.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/archive/ZipFormat.h"
+#include "tools/files/Disk.h"
+
+namespace tools {
+
+/// Appends to an empty file. Every operation raises Error when the file cannot be written. For one
+/// thread at a time, but for the counts.
+class ArchiveAssembler {
+ public:
+  /// `file` must outlive the assembler.
+  explicit ArchiveAssembler(OutputFile& file) : file_(file) {}
+
+  /// Whole members with their local headers; the offsets count from the start of `bytes`.
+  void AppendMembers(std::string_view bytes, const std::vector<ZipMember>& members);
+
+  /// A member whose data comes in parts. Its header is written at once with the sizes given and
+  /// once more, with method, sizes and checksum as they have come to be, by EndMember.
+  void BeginMember(ZipMember member);
+  /// `crc32` and `sourceBytes` belong to the source's bytes that `data` stands for.
+  void AppendData(std::string_view data, std::uint32_t crc32, std::size_t sourceBytes);
+  /// Takes back the data appended since BeginMember, to begin anew with another method.
+  void RestartMember(ZipMethod method);
+  void EndMember();
+
+  /// The member between BeginMember and EndMember, sizes and checksum so far.
+  [[nodiscard]] const ZipMember& CurrentMember() const { return member_; }
+
+  /// Writes the central directory.
+  void Finish();
+
+  /// What there is so far; any thread may ask at any time.
+  [[nodiscard]] std::uint64_t Members() const { return members_; }
+  [[nodiscard]] std::uint64_t SourceBytes() const { return sourceBytes_; }
+  [[nodiscard]] std::uint64_t ArchiveBytes() const { return archiveBytes_; }
+
+ private:
+  void ClearData();
+  void Write(std::string_view bytes);
+
+  OutputFile& file_;
+  std::string directory_;  // records, ready to be written: the most compact form to keep them in
+  ZipMember member_;
+  std::uint64_t headerBytes_ = 0;  // of member_
+  std::atomic<std::uint64_t> members_ = 0;
+  std::atomic<std::uint64_t> sourceBytes_ = 0;
+  std::atomic<std::uint64_t> archiveBytes_ = 0;
+};
+
+}  // namespace tools

@@ -1,0 +1,164 @@
+#include "tools/archive/ArchiveWriter.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <thread>
+#include <utility>
+
+#include "tools/Error.h"
+#include "tools/archive/ArchiveAssembler.h"
+#include "tools/archive/FileBlockJob.h"
+#include "tools/archive/MemberPacker.h"
+#include "tools/archive/OrderedWorkers.h"
+#include "tools/archive/SmallFilesJob.h"
+#include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
+#include "tools/files/Path.h"
+
+namespace tools {
+
+namespace {
+
+constexpr std::size_t kMebibyte = 1U << 20U;
+// Each takes about 10 MiB: more would break the promise of bounded memory on large machines.
+constexpr int kMaximumThreads = 8;
+constexpr std::size_t kWaitingJobs = 512;
+constexpr std::size_t kWaitingBytes = 6 * kMebibyte;
+// Outcomes that may wait for their turn, beyond the blocks that the threads work on.
+constexpr std::size_t kHeldBytes = 4 * kMebibyte;
+
+std::size_t BlockBytes(const ArchiveOptions& options) {
+  return static_cast<std::size_t>(std::clamp(options.blockMegabytes, 1, 8)) * kMebibyte;
+}
+
+int Level(const ArchiveOptions& options) { return std::clamp(options.effort, 2, 24) / 2; }
+
+OrderedWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
+  const int processors = static_cast<int>(std::thread::hardware_concurrency());
+  const int wanted = options.threads > 0 ? options.threads : processors;
+  const int threads = std::clamp(wanted, 1, kMaximumThreads);
+  return {.threads = threads,
+          .heldBytes = static_cast<std::size_t>(threads) * BlockBytes(options) + 2 * kHeldBytes,
+          .waitingJobs = kWaitingJobs,
+          .waitingBytes = kWaitingBytes};
+}
+
+}  // namespace
+
+class ArchiveWriter::Implementation {
+ public:
+  Implementation(Disk& disk, const std::string& archivePath, const ArchiveOptions& options,
+                 ProgressCallback progress)
+      : progress_(std::move(progress)),
+        blockBytes_(BlockBytes(options)),
+        archive_(disk, archivePath),
+        assembler_(archive_.File()),
+        workers_(WorkerLimits(options),
+                 [level = Level(options), blockBytes = blockBytes_] {
+                   return std::make_unique<MemberPacker>(level, blockBytes);
+                 }),
+        reportProgress_([this] { ReportProgress(); }) {}
+
+  void AddFile(const std::string& sourcePath, const std::string& memberName) {
+    CheckMember(memberName);
+    if (std::optional<FileContent> content = ReadFileUpTo(sourcePath, blockBytes_)) {
+      AddContent(std::move(*content), memberName);
+      return;
+    }
+    const ArchiveSource source{sourcePath, memberName, InputFile(sourcePath).Stamp()};
+    if (source.stamp.size <= blockBytes_) throw SourceChanged(source);
+    AddBlocks(std::make_shared<const ArchiveSource>(source));
+    ReportProgress();
+  }
+
+  void AddContent(FileContent content, const std::string& memberName) {
+    CheckMember(memberName);
+    if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
+    smallFiles_->Add(memberName, std::move(content));
+    if (smallFiles_->IsFull()) FlushSmallFiles();
+    ReportProgress();
+  }
+
+  ArchiveTotals Finish() {
+    FlushSmallFiles();
+    workers_.WaitForAll(reportProgress_);
+    assembler_.Finish();
+    ReportProgress();
+    archive_.Commit(ReplacementFile::Durability::Cached);
+    return Totals();
+  }
+
+ private:
+  void CheckMember(const std::string& name) {
+    workers_.RaiseFailure();
+    if (name.size() > kZipNameBytes) {
+      throw PathError("Der Name ist für ein Archiv zu lang", name, {});
+    }
+  }
+
+  void FlushSmallFiles() {
+    if (smallFiles_) workers_.Add(std::move(smallFiles_), reportProgress_);
+    smallFiles_.reset();
+  }
+
+  void AddBlocks(const std::shared_ptr<const ArchiveSource>& source) {
+    FlushSmallFiles();
+    const std::uint64_t blocks = FileBlockJob::Blocks(source->stamp.size, blockBytes_);
+    for (std::uint64_t i = 0; i < blocks; ++i) {
+      workers_.Add(std::make_unique<FileBlockJob>(assembler_, source, i, blockBytes_),
+                   reportProgress_);
+    }
+  }
+
+  [[nodiscard]] ArchiveTotals Totals() const {
+    return {assembler_.Members(), assembler_.SourceBytes(), assembler_.ArchiveBytes()};
+  }
+
+  // An observer's wish to stop ends the threads at once, and no later call goes on.
+  void ReportProgress() {
+    const ArchiveTotals totals = Totals();
+    if (!progress_ || totals.bytesOut == reportedBytesOut_) return;
+    reportedBytesOut_ = totals.bytesOut;
+    try {
+      progress_(totals);
+    } catch (...) {
+      workers_.Fail(std::current_exception());
+      throw;
+    }
+  }
+
+  ProgressCallback progress_;
+  std::size_t blockBytes_;
+  ReplacementFile archive_;
+  ArchiveAssembler assembler_;
+  OrderedWorkers workers_;  // ends before what it works on
+  OrderedWorkers::WaitCallback reportProgress_;
+  std::unique_ptr<SmallFilesJob> smallFiles_;
+  std::uint64_t reportedBytesOut_ = 0;
+};
+
+ArchiveWriter::ArchiveWriter(Disk& disk, const std::string& archivePath,
+                             const ArchiveOptions& options, ProgressCallback progress)
+    : implementation_(
+          std::make_unique<Implementation>(disk, archivePath, options, std::move(progress))) {}
+
+ArchiveWriter::~ArchiveWriter() = default;
+
+void ArchiveWriter::AddFile(const std::string& sourcePath, const std::string& memberName) {
+  implementation_->AddFile(sourcePath, memberName);
+}
+
+void ArchiveWriter::AddContent(FileContent content, const std::string& memberName) {
+  implementation_->AddContent(std::move(content), memberName);
+}
+
+void ArchiveWriter::AddPattern(std::string_view folder, std::string_view pattern) {
+  for (const std::string& path : FindFiles(folder, pattern, false)) {
+    implementation_->AddFile(path, FileNamePart(path));
+  }
+}
+
+ArchiveTotals ArchiveWriter::Finish() { return implementation_->Finish(); }
+
+}  // namespace tools

@@ -1,0 +1,74 @@
+// Writes a zip archive (PKWARE APPNOTE.TXT 6.3.x) on all processors.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tools/files/Disk.h"
+#include "tools/files/FileContent.h"
+
+namespace tools {
+
+/// The writer's three numeric options. Values outside their range become the nearest in it.
+struct ArchiveOptions {
+  /// Files above this size are cut into blocks of it, which are packed side by side; MiB, 1 to 8.
+  int blockMegabytes = 3;
+  /// Half a step of libdeflate's levels each: 2 is the fastest, 24 the smallest. 12, which is level
+  /// 6, makes smaller archives than common zip programs do at their default; one level more costs
+  /// a third more time and gains half a percent.
+  int effort = 12;
+  int threads = 0;  ///< worker threads, up to 8; 0 takes one for each processor
+};
+
+/// What an archive has come to.
+struct ArchiveTotals {
+  std::uint64_t files = 0;
+  std::uint64_t bytesIn = 0;
+  std::uint64_t bytesOut = 0;  ///< size of the archive file
+};
+
+/// Writes members in the order they are added, deflated (stored where that is not smaller), so that
+/// unchanged sources give the same bytes, whatever the number of threads. Members are compressed
+/// and written by worker threads that live inside the writer, while the caller goes on; memory is
+/// bounded by block size and threads. The archive takes its place only when Finish has succeeded:
+/// until then, and after any failure, the path is as it was.
+class ArchiveWriter {
+ public:
+  /// Called on the caller's own thread, inside AddFile and Finish, when members have been written;
+  /// may raise an error to stop.
+  using ProgressCallback = std::function<void(const ArchiveTotals& soFar)>;
+
+  /// `disk` must outlive the writer. Raises Error when the archive cannot be created.
+  ArchiveWriter(Disk& disk, const std::string& archivePath, const ArchiveOptions& options,
+                ProgressCallback progress = {});
+  /// Ends the worker threads; without Finish the archive is discarded.
+  ~ArchiveWriter();
+  ArchiveWriter(const ArchiveWriter&) = delete;
+  ArchiveWriter& operator=(const ArchiveWriter&) = delete;
+
+  /// Queues one file as member `memberName` ("/" separates folders). A file of up to one block is
+  /// read at once; a larger one is read until Finish returns, and a change of it meanwhile is an
+  /// Error. Blocks while the queue is full. Raises Error naming the path when the file cannot be
+  /// read; also for a member queued before, and then in all later calls.
+  void AddFile(const std::string& sourcePath, const std::string& memberName);
+
+  /// As AddFile, with a content that the caller has read: at most kMaximumContentBytes.
+  void AddContent(FileContent content, const std::string& memberName);
+  static constexpr std::size_t kMaximumContentBytes = std::size_t{1} << 20U;
+
+  /// Queues the files of a folder that match a pattern, each under its own name at the top level,
+  /// in the order of FindFiles. Raises Error.
+  void AddPattern(std::string_view folder, std::string_view pattern);
+
+  /// Writes what is queued and the directory, and puts the archive in its place. Raises Error.
+  ArchiveTotals Finish();
+
+ private:
+  class Implementation;
+  std::unique_ptr<Implementation> implementation_;
+};
+
+}  // namespace tools

@@ -1,0 +1,91 @@
+// Threads that run jobs side by side and deliver them in order.
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+#include <vector>
+
+#include "tools/archive/OrderedJob.h"
+
+namespace tools {
+
+/// The first error of a job, whether raised by Run or by Deliver, stops everything and is raised by
+/// the next call. All public operations belong to the thread that made the object.
+///
+/// Deliveries are made by the workers too: whoever completes the job that is next in order delivers
+/// it and those behind it that are complete, while the others go on.
+class OrderedWorkers {
+ public:
+  struct Limits {
+    int threads = 1;
+    /// Bytes that jobs may hold between their start and their delivery. A job that could hold more
+    /// runs when nothing else is held.
+    std::size_t heldBytes = 0;
+    std::size_t waitingJobs = 0;   ///< jobs that are not yet begun
+    std::size_t waitingBytes = 0;  ///< what these may hold, but for the one added last
+  };
+  /// Makes a thread's packer, on that thread.
+  using PackerFactory = std::function<std::unique_ptr<MemberPacker>()>;
+  /// Called on the caller's thread, several times a second, while it waits.
+  using WaitCallback = std::function<void()>;
+
+  /// Starts the threads; fewer when the system refuses some. Raises Error when it refuses all.
+  OrderedWorkers(const Limits& limits, PackerFactory makePacker);
+  /// Stops the threads; jobs that are not delivered are dropped.
+  ~OrderedWorkers();
+  OrderedWorkers(const OrderedWorkers&) = delete;
+  OrderedWorkers& operator=(const OrderedWorkers&) = delete;
+
+  /// Adds a job, waiting while too many are waiting. Raises the first error so far, and what
+  /// `whileWaiting` raises.
+  void Add(std::unique_ptr<OrderedJob> job, const WaitCallback& whileWaiting);
+  /// Waits until all jobs are delivered. Raises as Add does.
+  void WaitForAll(const WaitCallback& whileWaiting);
+  /// Raises the first error so far, if any.
+  void RaiseFailure();
+  /// Stops everything with an error of the caller's own, which later calls raise.
+  void Fail(std::exception_ptr failure);
+
+ private:
+  struct Slot {
+    std::unique_ptr<OrderedJob> job;
+    std::size_t heldBytes = 0;
+    bool complete = false;
+  };
+  using Lock = std::unique_lock<std::mutex>;
+
+  void Work();
+  [[nodiscard]] Slot* Take();
+  [[nodiscard]] bool MayTake() const;
+  void Complete(Slot& slot);
+  void DeliverComplete(Lock& lock);
+  template <typename Condition>
+  void CallerWaits(const WaitCallback& whileWaiting, const Condition& condition);
+
+  const Limits limits_;
+  const PackerFactory makePacker_;
+  std::stop_source stop_;
+  std::atomic<bool> failed_ = false;
+
+  std::mutex mutex_;  // guards what follows, but for the threads
+  std::condition_variable forWorkers_;
+  std::condition_variable forCaller_;
+  std::deque<std::unique_ptr<OrderedJob>> waiting_;
+  std::deque<Slot> begun_;  // in order; slots keep their place in memory
+  std::size_t waitingBytes_ = 0;
+  std::size_t heldBytes_ = 0;
+  bool delivering_ = false;
+  std::exception_ptr failure_;
+
+  std::vector<std::thread> threads_;
+};
+
+}  // namespace tools

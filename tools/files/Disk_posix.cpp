@@ -1,0 +1,107 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#include "tools/Error.h"
+#include "tools/files/Disk.h"
+#include "tools/files/FileHandle_posix.h"
+#include "tools/files/LinkTarget.h"
+#include "tools/files/Path.h"
+
+namespace tools {
+
+namespace {
+
+class SystemOutputFile : public OutputFile {
+ public:
+  SystemOutputFile(std::string target, int descriptor)
+      : target_(std::move(target)), file_(descriptor) {}
+
+  void Write(std::string_view bytes) override {
+    WriteBytes(end_, bytes);
+    end_ += bytes.size();
+  }
+
+  void WriteAt(std::uint64_t offset, std::string_view bytes) override { WriteBytes(offset, bytes); }
+
+  void Truncate(std::uint64_t size) override {
+    if (::ftruncate(file_.Get(), static_cast<off_t>(size)) != 0) Fail();
+    end_ = size;
+  }
+
+  void Sync() override {
+    if (::fsync(file_.Get()) != 0) Fail();
+  }
+
+  void Close() override {
+    if (!file_.Close()) Fail();
+  }
+
+ private:
+  void WriteBytes(std::uint64_t offset, std::string_view bytes) {
+    while (!bytes.empty()) {
+      const ssize_t count =
+          ::pwrite(file_.Get(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) Fail();
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+      offset += static_cast<std::uint64_t>(count);
+    }
+  }
+
+  [[noreturn]] void Fail() const {
+    throw PathError("Die Datei kann nicht geschrieben werden", target_, LastSystemError());
+  }
+
+  std::string target_;  ///< what errors name
+  FileHandle file_;
+  std::uint64_t end_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path,
+                                                  const std::string& target) {
+  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (descriptor < 0) {
+    throw PathError("Die Datei kann nicht angelegt werden", target, LastSystemError());
+  }
+  return std::make_unique<SystemOutputFile>(target, descriptor);
+}
+
+void SystemDisk::Replace(const std::string& from, const std::string& to) {
+  const char* const what = "Die Datei kann nicht ersetzt werden";
+  struct stat old {};
+  if (::stat(to.c_str(), &old) == 0) {
+    // A rename would pass over a write protection of the file itself.
+    if (::faccessat(AT_FDCWD, to.c_str(), W_OK, AT_EACCESS) != 0)
+      throw PathError(what, to, LastSystemError());
+    if (::chmod(from.c_str(), old.st_mode & 07777U) != 0) {
+      throw PathError(what, to, LastSystemError());
+    }
+    // Only the superuser may give a file away; for anyone else the new file is simply their own.
+    [[maybe_unused]] const int kept = ::chown(from.c_str(), old.st_uid, old.st_gid);
+  }
+  if (::rename(from.c_str(), to.c_str()) != 0) throw PathError(what, to, LastSystemError());
+}
+
+void SystemDisk::SyncFolder(const std::string& folder) noexcept {
+  const FileHandle handle(
+      ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (handle.IsOpen()) ::fsync(handle.Get());
+}
+
+void SystemDisk::Discard(const std::string& path) noexcept { ::unlink(path.c_str()); }
+
+std::string LinkTarget(std::string_view path) {
+  std::error_code failure;
+  if (!std::filesystem::is_symlink(ToPath(path), failure)) return std::string(path);
+  const std::filesystem::path target = std::filesystem::canonical(ToPath(path), failure);
+  return failure ? std::string(path) : FromPath(target);
+}
+
+}  // namespace tools

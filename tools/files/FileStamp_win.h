@@ -1,0 +1,24 @@
+// Windows only: what the system tells about a file, as a FileStamp.
+#pragma once
+
+#include "tools/WindowsApi.h"
+#include "tools/files/Files.h"
+
+namespace tools {
+
+[[nodiscard]] inline FileStamp StampFrom(const BY_HANDLE_FILE_INFORMATION& information) {
+  const auto join = [](DWORD high, DWORD low) {
+    return (static_cast<std::uint64_t>(high) << 32U) | low;
+  };
+  // FILETIME counts 100 ns steps since 1601-01-01.
+  constexpr std::int64_t kStepsTo1970 = 116'444'736'000'000'000;
+  const std::uint64_t steps =
+      join(information.ftLastWriteTime.dwHighDateTime, information.ftLastWriteTime.dwLowDateTime);
+  return {.exists = true,
+          .size = join(information.nFileSizeHigh, information.nFileSizeLow),
+          .modifiedNanoseconds = (static_cast<std::int64_t>(steps) - kStepsTo1970) * 100,
+          .device = information.dwVolumeSerialNumber,
+          .identity = join(information.nFileIndexHigh, information.nFileIndexLow)};
+}
+
+}  // namespace tools

@@ -1,0 +1,156 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+
+#include "tools/Error.h"
+#include "tools/files/FileHandle_posix.h"
+#include "tools/files/FileStamp_posix.h"
+#include "tools/files/Files.h"
+#include "tools/files/FolderListing.h"
+#include "tools/files/FolderSteps.h"
+#include "tools/files/Path.h"
+#include "tools/files/TemporaryName.h"
+
+namespace tools {
+
+namespace {
+
+bool IsAbsent(int error) { return error == ENOENT || error == ENOTDIR; }
+
+/// False when nothing is there, and with a `failure` when the system cannot tell.
+bool StatusOf(std::string_view path, struct stat& status, std::error_code& failure) {
+  if (::stat(std::string(path).c_str(), &status) == 0) return true;
+  if (!IsAbsent(errno)) failure = LastSystemError();
+  return false;
+}
+
+/// Looks at an entry whose kind readdir did not tell, or that is a link. Returns false for what a
+/// listing passes over.
+bool LookAt(int folder, FolderItem& item) {
+  const char* const name = item.name.c_str();
+  struct stat status {};
+  struct stat own {};
+  if (::fstatat(folder, name, &own, AT_SYMLINK_NOFOLLOW) != 0) {
+    item.kind = FolderItem::Kind::Dead;
+    item.cause = LastSystemError();
+    return errno != ENOENT;  // else it has vanished since
+  }
+  if (::fstatat(folder, name, &status, 0) != 0) {
+    item.kind = FolderItem::Kind::Dead;
+    item.cause = LastSystemError();
+    return true;
+  }
+  item.kind = S_ISREG(status.st_mode) ? FolderItem::Kind::File : FolderItem::Kind::Folder;
+  return S_ISREG(status.st_mode) || S_ISDIR(own.st_mode);
+}
+
+[[noreturn]] void FailToRemove(const std::string& path, std::error_code cause) {
+  throw PathError("Der Ordner kann nicht gelöscht werden", path, cause);
+}
+
+/// Everything in a folder but "." and "..".
+std::vector<std::string> NamesIn(int folder, const std::string& path) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::fdopendir(folder), ::closedir);
+  if (!stream) FailToRemove(path, LastSystemError());
+  std::vector<std::string> names;
+  errno = 0;
+  while (const dirent* entry = ::readdir(stream.get())) {
+    const std::string_view name(entry->d_name);
+    if (name != "." && name != "..") names.emplace_back(name);
+  }
+  if (errno != 0) FailToRemove(path, LastSystemError());
+  return names;
+}
+
+/// Removes `name` in the open folder `parent` with all that it holds; `path` is what an error
+/// calls it. Folders are opened by way of their parent and never through a link, so that nobody can
+/// lead the removal elsewhere meanwhile.
+void RemoveEntry(int parent, const std::string& name, const std::string& path) {
+  if (::unlinkat(parent, name.c_str(), 0) == 0 || errno == ENOENT) return;
+  const std::error_code cause = LastSystemError();
+  const FileHandle folder(
+      ::openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (!folder.IsOpen()) {
+    // What is no folder could not be unlinked; what is one could not be opened.
+    FailToRemove(path, errno == ENOTDIR || errno == ELOOP ? cause : LastSystemError());
+  }
+  for (const std::string& child : NamesIn(::dup(folder.Get()), path)) {
+    RemoveEntry(folder.Get(), child, JoinPath(path, child));
+  }
+  if (::unlinkat(parent, name.c_str(), AT_REMOVEDIR) != 0 && errno != ENOENT) {
+    FailToRemove(path, LastSystemError());
+  }
+}
+
+}  // namespace
+
+PathKind KindOf(std::string_view path, std::error_code& failure) {
+  struct stat status {};
+  if (!StatusOf(path, status, failure)) return PathKind::Absent;
+  if (S_ISREG(status.st_mode)) return PathKind::File;
+  return S_ISDIR(status.st_mode) ? PathKind::Folder : PathKind::Other;
+}
+
+std::error_code CreateOneFolder(const std::string& path) {
+  return ::mkdir(path.c_str(), 0777) == 0 ? std::error_code() : LastSystemError();
+}
+
+std::error_code RemoveEmptyFolder(const std::string& path) noexcept {
+  return ::rmdir(path.c_str()) == 0 ? std::error_code() : LastSystemError();
+}
+
+void RemoveFolderTree(std::string_view path) {
+  const std::string folder(path);
+  RemoveEntry(AT_FDCWD, folder, folder);
+}
+
+void MoveFolder(std::string_view from, std::string_view to) {
+  if (::rename(std::string(from).c_str(), std::string(to).c_str()) == 0) return;
+  throw PathError("Der Ordner kann nicht umbenannt werden", IsTemporaryName(from) ? to : from,
+                  LastSystemError());
+}
+
+void DeleteFile(std::string_view path) {
+  if (::unlink(std::string(path).c_str()) == 0 || IsAbsent(errno)) return;
+  throw PathError("Die Datei kann nicht gelöscht werden", path, LastSystemError());
+}
+
+FileStamp StampOf(std::string_view path) {
+  struct stat status {};
+  std::error_code failure;
+  if (StatusOf(path, status, failure)) return StampFrom(status);
+  if (failure) throw PathError("Die Datei kann nicht gelesen werden", path, failure);
+  return {};
+}
+
+std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {
+  std::vector<FolderItem> items;
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(std::string(folder).c_str()),
+                                                   ::closedir);
+  if (!stream) {
+    failure = LastSystemError();
+    return items;
+  }
+  errno = 0;
+  while (const dirent* entry = ::readdir(stream.get())) {
+    const std::string_view name(entry->d_name);
+    if (name != "." && name != "..") {
+      FolderItem item{.name = std::string(name), .mayBeLink = entry->d_type != DT_REG};
+      if (entry->d_type == DT_DIR) item.kind = FolderItem::Kind::Folder;
+      if (entry->d_type == DT_REG || entry->d_type == DT_DIR ||
+          LookAt(::dirfd(stream.get()), item)) {
+        items.push_back(std::move(item));
+      }
+    }
+    errno = 0;
+  }
+  if (errno != 0) failure = LastSystemError();
+  return items;
+}
+
+}  // namespace tools

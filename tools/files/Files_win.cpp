@@ -1,0 +1,187 @@
+#include "tools/Error.h"
+#include "tools/WindowsApi.h"
+#include "tools/WindowsText.h"
+#include "tools/files/FileHandle_win.h"
+#include "tools/files/FileStamp_win.h"
+#include "tools/files/Files.h"
+#include "tools/files/FolderListing.h"
+#include "tools/files/FolderSteps.h"
+#include "tools/files/HeldFile_win.h"
+#include "tools/files/Path.h"
+#include "tools/files/TemporaryName.h"
+#include "tools/files/WindowsPath.h"
+
+namespace tools {
+
+namespace {
+
+std::error_code SystemError(DWORD error) {
+  return {static_cast<int>(error), std::system_category()};
+}
+
+/// Errors that tell that nothing is there, names that cannot be any among them.
+bool IsAbsent(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
+         error == ERROR_INVALID_NAME || error == ERROR_BAD_PATHNAME || error == ERROR_DIRECTORY ||
+         error == ERROR_INVALID_DRIVE;
+}
+
+/// INVALID_FILE_ATTRIBUTES when nothing is there, with a `failure` when the system cannot tell.
+DWORD AttributesOf(std::string_view path, std::error_code& failure) {
+  const DWORD attributes = GetFileAttributesW(LongPath(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES && !IsAbsent(GetLastError())) {
+    failure = LastSystemError();
+  }
+  return attributes;
+}
+
+/// Junctions and symbolic links of folders.
+bool IsFolderLink(DWORD attributes) {
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+         (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
+class FolderSearch {
+ public:
+  explicit FolderSearch(const std::wstring& folder)
+      : handle_(FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &data_,
+                                 FindExSearchNameMatch, nullptr, 0)) {}
+  ~FolderSearch() {
+    if (IsOpen()) FindClose(handle_);
+  }
+  FolderSearch(const FolderSearch&) = delete;
+  FolderSearch& operator=(const FolderSearch&) = delete;
+
+  [[nodiscard]] bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+  [[nodiscard]] const WIN32_FIND_DATAW& Data() const { return data_; }
+  [[nodiscard]] bool IsDots() const {
+    const std::wstring_view name(data_.cFileName);
+    return name == L"." || name == L"..";
+  }
+  bool Next() { return FindNextFileW(handle_, &data_) != 0; }
+
+ private:
+  WIN32_FIND_DATAW data_{};
+  HANDLE handle_;
+};
+
+[[noreturn]] void FailToRemove(const std::wstring& path, DWORD error) {
+  // The user knows the path without the prefix of LongPath.
+  std::wstring_view shown(path);
+  const bool share = shown.starts_with(LR"(\\?\UNC\)");
+  if (shown.starts_with(LR"(\\?\)")) shown.remove_prefix(share ? 8 : 4);
+  throw PathError("Der Ordner kann nicht gelöscht werden", (share ? R"(\\)" : "") + FromWide(shown),
+                  SystemError(error));
+}
+
+/// Removes everything; a link is removed itself.
+void RemoveTree(const std::wstring& path, DWORD attributes) {
+  if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    SetFileAttributesW(path.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+  }
+  const bool folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (folder && !IsFolderLink(attributes)) {
+    FolderSearch search(path);
+    if (!search.IsOpen()) FailToRemove(path, GetLastError());
+    do {
+      if (search.IsDots()) continue;
+      RemoveTree(path + L"\\" + search.Data().cFileName, search.Data().dwFileAttributes);
+    } while (search.Next());
+  }
+  const DWORD error = RetryWhileHeld(HeldWhen::Changing, [&] {
+    return (folder ? RemoveDirectoryW(path.c_str()) : DeleteFileW(path.c_str())) != 0;
+  });
+  if (error != 0 && !IsAbsent(error)) FailToRemove(path, error);
+}
+
+/// For a link to a file. One that cannot be looked at leads somewhere: reading it tells more.
+bool LeadsNowhere(const std::string& path) {
+  try {
+    return !StampOf(path).exists;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+PathKind KindOf(std::string_view path, std::error_code& failure) {
+  const DWORD attributes = AttributesOf(path, failure);
+  if (attributes == INVALID_FILE_ATTRIBUTES) return PathKind::Absent;
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Folder : PathKind::File;
+}
+
+std::error_code CreateOneFolder(const std::string& path) {
+  return CreateDirectoryW(LongPath(path).c_str(), nullptr) != 0 ? std::error_code()
+                                                                : LastSystemError();
+}
+
+std::error_code RemoveEmptyFolder(const std::string& path) noexcept {
+  return RemoveDirectoryW(LongPath(path).c_str()) != 0 ? std::error_code() : LastSystemError();
+}
+
+void RemoveFolderTree(std::string_view path) {
+  std::error_code failure;
+  const DWORD attributes = AttributesOf(path, failure);
+  if (failure) throw PathError("Der Ordner kann nicht gelöscht werden", path, failure);
+  if (attributes != INVALID_FILE_ATTRIBUTES) RemoveTree(LongPath(path), attributes);
+}
+
+void MoveFolder(std::string_view from, std::string_view to) {
+  const std::wstring source = LongPath(from);
+  const std::wstring target = LongPath(to);
+  const DWORD error = RetryWhileHeld(
+      HeldWhen::Changing, [&] { return MoveFileExW(source.c_str(), target.c_str(), 0) != 0; });
+  if (error != 0)
+    throw PathError("Der Ordner kann nicht umbenannt werden", IsTemporaryName(from) ? to : from,
+                    SystemError(error));
+}
+
+void DeleteFile(std::string_view path) {
+  const std::wstring longPath = LongPath(path);
+  const DWORD error =
+      RetryWhileHeld(HeldWhen::Changing, [&] { return DeleteFileW(longPath.c_str()) != 0; });
+  if (error == 0 || IsAbsent(error)) return;
+  throw PathError("Die Datei kann nicht gelöscht werden", path, SystemError(error));
+}
+
+FileStamp StampOf(std::string_view path) {
+  const FileHandle file(CreateFileW(LongPath(path).c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (file.IsOpen() && GetFileInformationByHandle(file.Get(), &information) != 0) {
+    return StampFrom(information);
+  }
+  if (!IsAbsent(GetLastError())) {
+    throw PathError("Die Datei kann nicht gelesen werden", path, LastSystemError());
+  }
+  return {};
+}
+
+std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {
+  std::vector<FolderItem> items;
+  FolderSearch search(LongPath(folder));
+  if (!search.IsOpen()) {
+    failure = LastSystemError();
+    return items;
+  }
+  do {
+    const DWORD attributes = search.Data().dwFileAttributes;
+    if (search.IsDots() || IsFolderLink(attributes)) continue;
+    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    FolderItem item{FromWide(search.Data().cFileName),
+                    isFolder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
+                    (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0,
+                    {}};
+    if (item.mayBeLink && LeadsNowhere(JoinPath(folder, item.name))) {
+      item.kind = FolderItem::Kind::Dead;
+      item.cause = std::make_error_code(std::errc::no_such_file_or_directory);
+    }
+    items.push_back(std::move(item));
+  } while (search.Next());
+  if (GetLastError() != ERROR_NO_MORE_FILES) failure = LastSystemError();
+  return items;
+}
+
+}  // namespace tools

@@ -1,0 +1,60 @@
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "tools/files/FileHandle_posix.h"
+#include "tools/files/LeftoverLock.h"
+#include "tools/files/Leftovers.h"
+
+namespace tools {
+
+namespace {
+
+/// Opens a file for writing where possible (network file systems lock only such), or a folder.
+int OpenToLock(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (file >= 0 || errno != EISDIR) return file;
+  return ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+}
+
+bool IsStillAt(const FileHandle& handle, const std::string& path) {
+  struct stat opened {};
+  struct stat now {};
+  return ::fstat(handle.Get(), &opened) == 0 && ::lstat(path.c_str(), &now) == 0 &&
+         opened.st_dev == now.st_dev && opened.st_ino == now.st_ino;
+}
+
+}  // namespace
+
+struct TemporaryHold::Mark {
+  FileHandle handle;
+};
+
+TemporaryHold::TemporaryHold(const std::string& path)
+    : mark_(new Mark{FileHandle(OpenToLock(path))}) {
+  if (!mark_->handle.IsOpen()) {
+    lost_ = errno == ENOENT;
+  } else if (::flock(mark_->handle.Get(), LOCK_EX | LOCK_NB) != 0) {
+    lost_ = errno == EWOULDBLOCK;
+  } else {
+    lost_ = !IsStillAt(mark_->handle, path);
+  }
+}
+
+TemporaryHold::~TemporaryHold() = default;
+
+bool RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&)) {
+  const FileHandle handle(OpenToLock(path));
+  struct stat status {};
+  if (!handle.IsOpen() || ::fstat(handle.Get(), &status) != 0 || status.st_uid != ::geteuid() ||
+      ::flock(handle.Get(), LOCK_EX | LOCK_NB) != 0) {
+    return false;
+  }
+  remove(path);
+  return true;
+}
+
+}  // namespace tools

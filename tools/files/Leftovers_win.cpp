@@ -1,0 +1,43 @@
+#include "tools/files/FileHandle_win.h"
+#include "tools/files/LeftoverLock.h"
+#include "tools/files/Leftovers.h"
+#include "tools/files/WindowsPath.h"
+
+namespace tools {
+
+namespace {
+
+/// Opens a file or folder for reading, sharing it as `sharing` says.
+HANDLE OpenShared(const std::string& path, DWORD sharing) {
+  return CreateFileW(LongPath(path).c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING,
+                     FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+}  // namespace
+
+struct TemporaryHold::Mark {
+  FileHandle handle;
+};
+
+// Everything is shared, so that the owner can write, rename and remove; the open handle itself is
+// the mark.
+TemporaryHold::TemporaryHold(const std::string& path)
+    : mark_(new Mark{
+          FileHandle(OpenShared(path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE))}) {
+  if (mark_->handle.IsOpen()) return;
+  const DWORD error = GetLastError();
+  lost_ = error == ERROR_FILE_NOT_FOUND || error == ERROR_SHARING_VIOLATION;
+}
+
+TemporaryHold::~TemporaryHold() = default;
+
+bool RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&)) {
+  // Sharing nothing fails while anybody has it open.
+  FileHandle handle(OpenShared(path, 0));
+  if (!handle.IsOpen()) return false;
+  (void)handle.Close();
+  remove(path);
+  return true;
+}
+
+}  // namespace tools

@@ -1,0 +1,40 @@
+// The user's and the system's folders, and private temporary ones.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "tools/files/Leftovers.h"
+
+namespace tools {
+
+/// The shell's special-folder numbers (CSIDL) that this program asks for, and its own.
+inline constexpr std::int32_t kDocumentsFolder = 5;
+inline constexpr std::int32_t kUserDataFolder = 26;  ///< per-user application data (configuration)
+inline constexpr std::int32_t kProfileFolder = 40;   ///< the home folder
+inline constexpr std::int32_t kTemporaryFolder = 1003;  ///< the system's temporary folder
+
+/// The folder's path without a separator at its end; empty for a number that this system does not
+/// know. Windows answers with the shell's folders, other systems with the XDG base and user
+/// directories (freedesktop.org).
+[[nodiscard]] std::string SpecialFolder(std::int32_t number);
+
+/// A fresh folder inside the system's temporary folder that only this user can enter, so that
+/// nobody else can prepare or read what lies in it. It is removed with all its contents by the
+/// destructor, or after a killed process by the next one that makes such a folder.
+class PrivateTemporaryFolder {
+ public:
+  /// Raises Error.
+  PrivateTemporaryFolder();
+  ~PrivateTemporaryFolder();
+  PrivateTemporaryFolder(const PrivateTemporaryFolder&) = delete;
+  PrivateTemporaryFolder& operator=(const PrivateTemporaryFolder&) = delete;
+
+  [[nodiscard]] const std::string& Path() const { return held_->Path(); }
+
+ private:
+  std::unique_ptr<HeldTemporary> held_;
+};
+
+}  // namespace tools

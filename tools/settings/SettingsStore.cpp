@@ -1,0 +1,234 @@
+#include "tools/settings/SettingsStore.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "tools/Error.h"
+#include "tools/files/FolderLock.h"
+#include "tools/files/InputFile.h"
+#include "tools/files/Leftovers.h"
+#include "tools/files/Path.h"
+
+namespace tools {
+
+namespace {
+
+/// Parsed files are forgotten, the longest unused first, when their contents exceed this size.
+constexpr std::uint64_t kMostKeptBytes = std::uint64_t{24} << 20U;
+/// But never those used last: reading a component asks for the product, the version and the
+/// component in turn, and any of them could be larger than all that is kept.
+constexpr std::size_t kAlwaysKept = 4;
+/// A larger file is no settings file.
+constexpr std::size_t kLargestFileBytes = std::size_t{1} << 30U;
+
+/// The file has been replaced: an error now must not look like a failed replacement. Without a
+/// stamp the next call reads the file again.
+FileStamp StampAfterWriting(const std::string& path) {
+  try {
+    return StampOf(path);
+  } catch (const Error&) {
+    return {};
+  }
+}
+
+struct StampedContent {
+  FileStamp stamp;  ///< `exists` is false for a file that is not there
+  std::string content;
+};
+
+StampedContent ReadExisting(const std::string& path) {
+  const InputFile file(path, InputFile::WhenHeld::Wait);
+  const FileStamp stamp = file.Stamp();
+  std::optional<std::string> content =
+      ReadToEnd(file, static_cast<std::size_t>(stamp.size), kLargestFileBytes);
+  if (!content) {
+    throw PathError("Die Einstellungsdatei ist zu groß", path,
+                    std::make_error_code(std::errc::file_too_large));
+  }
+  return {stamp, std::move(*content)};
+}
+
+StampedContent ReadSettingsFile(const std::string& path) {
+  if (!StampOf(path).exists) return {};
+  try {
+    return ReadExisting(path);
+  } catch (const Error&) {
+    // It may have been deleted since the first look.
+    if (!StampOf(path).exists) return {};
+    throw;
+  }
+}
+
+}  // namespace
+
+struct SettingsStore::Entry {
+  std::shared_ptr<SettingsFile> file;
+  FileStamp stamp;  ///< of the file on disk that `file` was read from
+  std::uint64_t lastUse = 0;
+  std::uint64_t checkedInBatch = 0;  ///< the batch in which the stamp was compared last
+  std::uint64_t firstWrite = 0;      ///< when writes that are not on disk yet began; 0: none
+};
+
+SettingsStore::SettingsStore(Disk& disk) : disk_(disk) {}
+
+SettingsStore::~SettingsStore() = default;
+
+std::string SettingsStore::Read(const std::string& path, std::string_view section,
+                                std::string_view key, std::string_view defaultValue) {
+  return Fetch(path).file->Read(section, key, defaultValue);
+}
+
+bool SettingsStore::Exists(const std::string& path) {
+  const Entry& entry = Fetch(path);
+  return entry.stamp.exists || entry.firstWrite != 0;
+}
+
+bool SettingsStore::IsBeingWritten(const std::string& path) const {
+  const auto found = entries_.find(path);
+  return found != entries_.end() && found->second->firstWrite != 0;
+}
+
+std::shared_ptr<const SettingsFile> SettingsStore::Load(const std::string& path) {
+  return Fetch(path).file;
+}
+
+void SettingsStore::Write(const std::string& path, std::string_view section, std::string_view key,
+                          std::string_view value) {
+  Entry& entry = Fetch(path);
+  if (entry.file.use_count() > 1) {
+    // Somebody reads a snapshot: it must not change under them.
+    entry.file = entry.file->Clone();
+  }
+  if (!entry.file->Write(section, key, value) && entry.stamp.exists) return;
+  if (entry.firstWrite == 0) entry.firstWrite = uses_;
+  if (batch_ != 0) return;
+  try {
+    Replace(path, entry);
+  } catch (...) {
+    Forget(path);
+    throw;
+  }
+}
+
+void SettingsStore::ReplaceFile(const std::string& path, const SettingsFile& content) {
+  const FolderLock lock(FolderOf(path));
+  WriteFile(path, content);
+  if (entries_.contains(path)) Forget(path);
+}
+
+SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
+  if (lastEntry_ == nullptr || lastPath_ != path) {
+    std::unique_ptr<Entry>& entry = entries_[path];
+    if (!entry) entry = std::make_unique<Entry>();
+    lastPath_ = path;
+    lastEntry_ = entry.get();
+  }
+  Entry& entry = *lastEntry_;
+  entry.lastUse = ++uses_;
+  if (entry.firstWrite != 0 || (batch_ != 0 && entry.checkedInBatch == batch_)) return entry;
+  try {
+    if (!entry.file || StampOf(path) != entry.stamp) {
+      ReadFromDisk(path, entry);
+      ForgetOldest();
+    }
+  } catch (...) {
+    // The next call tries again.
+    Forget(path);
+    throw;
+  }
+  entry.checkedInBatch = batch_;
+  return entry;
+}
+
+void SettingsStore::ReadFromDisk(const std::string& path, Entry& entry) {
+  StampedContent now = ReadSettingsFile(path);
+  SetStamp(entry, now.stamp);
+  entry.file = std::make_shared<SettingsFile>(std::move(now.content));
+}
+
+void SettingsStore::Replace(const std::string& path, Entry& entry) {
+  const FolderLock lock(FolderOf(path));
+  if (StampOf(path) != entry.stamp) {
+    const std::shared_ptr<SettingsFile> written = entry.file;
+    const bool existed = entry.stamp.exists;
+    ReadFromDisk(path, entry);
+    if (existed && !entry.stamp.exists) {
+      throw PathError("Die Datei ist nicht mehr vorhanden", path, {});
+    }
+    written->ReplayWrites(*entry.file);
+  }
+  WriteFile(path, *entry.file);
+  SetStamp(entry, StampAfterWriting(path));
+  entry.file->ForgetWrites();
+  entry.firstWrite = 0;
+}
+
+void SettingsStore::WriteFile(const std::string& path, const SettingsFile& content) {
+  const std::string folder = FolderOf(path);
+  if (tidiedFolders_.insert(folder).second) RemoveLeftovers(folder);
+  ReplacementFile replacement(disk_, path);
+  content.Render([&replacement](std::string_view part) { replacement.File().Write(part); });
+  replacement.Commit(ReplacementFile::Durability::Flushed);
+}
+
+std::vector<std::string> SettingsStore::PendingPaths() const {
+  std::vector<std::pair<std::uint64_t, std::string>> pending;
+  for (const auto& [path, entry] : entries_) {
+    if (entry->firstWrite != 0) pending.emplace_back(entry->firstWrite, path);
+  }
+  std::sort(pending.begin(), pending.end());
+  std::vector<std::string> paths;
+  for (auto& [time, path] : pending) paths.push_back(std::move(path));
+  return paths;
+}
+
+void SettingsStore::CommitPending() {
+  for (const std::string& path : PendingPaths()) Replace(path, *entries_.at(path));
+}
+
+void SettingsStore::DropPending() {
+  for (const std::string& path : PendingPaths()) Forget(path);
+}
+
+void SettingsStore::SetStamp(Entry& entry, const FileStamp& stamp) {
+  keptBytes_ += stamp.size - entry.stamp.size;
+  entry.stamp = stamp;
+}
+
+void SettingsStore::Forget(const std::string& path) {
+  lastEntry_ = nullptr;
+  const auto entry = entries_.find(path);
+  keptBytes_ -= entry->second->stamp.size;
+  entries_.erase(entry);
+}
+
+void SettingsStore::ForgetOldest() {
+  if (keptBytes_ <= kMostKeptBytes) return;
+  std::vector<std::pair<std::uint64_t, std::string>> byUse;
+  for (const auto& [path, entry] : entries_) byUse.emplace_back(entry->lastUse, path);
+  std::sort(byUse.begin(), byUse.end());
+  byUse.resize(byUse.size() - std::min(byUse.size(), kAlwaysKept));
+  // Making room for more than the one file keeps this from being done for every file that follows.
+  for (const auto& [use, path] : byUse) {
+    if (keptBytes_ <= kMostKeptBytes / 2) return;
+    if (entries_.at(path)->firstWrite == 0) Forget(path);
+  }
+}
+
+SettingsStore::Batch::Batch(SettingsStore& store) : store_(store), outermost_(store.batch_ == 0) {
+  if (outermost_) store_.batch_ = ++store_.lastBatch_;
+}
+
+SettingsStore::Batch::~Batch() {
+  if (!outermost_) return;
+  store_.DropPending();
+  store_.batch_ = 0;
+}
+
+void SettingsStore::Batch::Commit() {
+  if (outermost_) store_.CommitPending();
+}
+
+}  // namespace tools

@@ -1,0 +1,104 @@
+// Settings addressed by file, section and key, over parsed files kept in memory.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "tools/files/Disk.h"
+#include "tools/files/Files.h"
+#include "tools/settings/SettingsFile.h"
+
+namespace tools {
+
+/// Reads and writes settings. A parsed file is kept and used again as long as the file's time, size
+/// and identity are those it was read with; a write is visible to the next read at once. Files not
+/// used lately are forgotten, so that memory stays bounded; the few used last are kept whatever
+/// their sizes.
+class SettingsStore {
+ public:
+  /// `disk` must outlive the store.
+  explicit SettingsStore(Disk& disk);
+  ~SettingsStore();
+  SettingsStore(const SettingsStore&) = delete;
+  SettingsStore& operator=(const SettingsStore&) = delete;
+
+  /// The stored value, or `defaultValue` when the file, section or key is absent. Raises Error for
+  /// a file that is there but cannot be read; the next call tries again.
+  [[nodiscard]] std::string Read(const std::string& path, std::string_view section,
+                                 std::string_view key, std::string_view defaultValue);
+
+  /// Stores a value, creating file, section and key as needed (the folder must exist). Outside a
+  /// batch the file is replaced at once; inside, when the batch commits. Raises Error for a value
+  /// or name that a settings file cannot hold, for a file that is there but cannot be read, and
+  /// when the file cannot be replaced; the file on disk is then unchanged.
+  void Write(const std::string& path, std::string_view section, std::string_view key,
+             std::string_view value);
+
+  /// Makes `content` the whole file, whatever it held before. Raises Error; the file on disk is
+  /// then unchanged.
+  void ReplaceFile(const std::string& path, const SettingsFile& content);
+
+  /// True when the file is there, or will be once the running batch commits. Raises Error as Read
+  /// does.
+  [[nodiscard]] bool Exists(const std::string& path);
+
+  /// True when the running batch has written to the file.
+  [[nodiscard]] bool IsBeingWritten(const std::string& path) const;
+
+  /// The file as it is now (pending writes of a batch included), for many reads of one consistent
+  /// state. A missing file reads as an empty one. Never null. Raises Error as Read does.
+  [[nodiscard]] std::shared_ptr<const SettingsFile> Load(const std::string& path);
+
+  /// Collects the writes of one operation; each file is read once and replaced once. A batch inside
+  /// a batch belongs to the outer one. Inside a batch a file is not checked for changes from
+  /// outside; when one has happened by the time of the commit, the writes are applied to the file
+  /// as it is then, so that other programs' settings of other keys stay.
+  class Batch {
+   public:
+    explicit Batch(SettingsStore& store);
+    /// Without a Commit the batch's writes are dropped.
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    /// Replaces the files written to, in the order of their first writes. Raises Error at the first
+    /// that fails; the rest is dropped. A file that was there and has been deleted meanwhile fails:
+    /// it is not made again from the writes alone.
+    void Commit();
+
+   private:
+    SettingsStore& store_;
+    bool outermost_;
+  };
+
+ private:
+  struct Entry;
+
+  Entry& Fetch(const std::string& path);
+  void ReadFromDisk(const std::string& path, Entry& entry);
+  void Replace(const std::string& path, Entry& entry);
+  void WriteFile(const std::string& path, const SettingsFile& content);
+  /// The files with writes that are not on disk, in the order of their first ones.
+  [[nodiscard]] std::vector<std::string> PendingPaths() const;
+  void CommitPending();
+  void DropPending();
+  void SetStamp(Entry& entry, const FileStamp& stamp);
+  void Forget(const std::string& path);
+  void ForgetOldest();
+
+  Disk& disk_;
+  std::unordered_map<std::string, std::unique_ptr<Entry>> entries_;
+  std::unordered_set<std::string> tidiedFolders_;  ///< looked through for leftovers
+  std::string lastPath_;                           ///< the file asked for last, and
+  Entry* lastEntry_ = nullptr;   ///< what is known of it: the next call mostly asks for it too
+  std::uint64_t keptBytes_ = 0;  ///< size of the files that entries_ holds
+  std::uint64_t uses_ = 0;       ///< counts calls of Fetch: the order of uses and writes
+  std::uint64_t batch_ = 0;      ///< number of the running batch, 0 outside
+  std::uint64_t lastBatch_ = 0;
+};
+
+}  // namespace tools
