@@ -310,6 +310,9 @@ class frmMainTest : public QObject {
   void WizardsStartForTheSelectedVersionOnly() {
     QList<std::pair<QString, std::int32_t>> started;
     std::string titleOfFirstPage;
+    // The program's own wizards would open and wait for an answer.
+    disconnect(&program_->window, &shell::frmMain::SetupWizardWanted, nullptr, nullptr);
+    disconnect(&program_->window, &shell::frmMain::UpdateWizardWanted, nullptr, nullptr);
     connect(&program_->window, &shell::frmMain::SetupWizardWanted, this,
             [&](std::int32_t version, model::OpenPages& pages) {
               started += {"setup", version};
