@@ -77,6 +77,7 @@ class Build {
       ShowRefusal(model::LoadText(348), tools::kTextError);
       return Stop(BuildOutcome::InvalidOutputFolder, model::LoadText(348) + " " + folder.reason);
     }
+    SetupStage::Recover(environment_.disk, outputFolder_);
     replaces_ = HoldsFiles(outputFolder_);
     if (!replaces_ || MayEmptyOutputFolder()) return true;
     return Stop(BuildOutcome::OutputFolderInUse, model::LoadText(349));

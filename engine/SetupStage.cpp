@@ -31,15 +31,52 @@ bool IsThere(const std::string& path) {
   return std::filesystem::exists(std::filesystem::symlink_status(tools::ToPath(path), ignored));
 }
 
+constexpr std::string_view kNew = "new";
+constexpr std::string_view kOld = "old";
+constexpr std::string_view kReplaced = "replaced";
+
+/// Moves what lies in `from`, if that is there, to the names that are free in `to`.
+void MoveContent(tools::Disk& disk, const std::string& from, const std::string& to) {
+  if (!IsThere(from)) return;
+  for (const std::string& name : NamesIn(from)) {
+    const std::string target = tools::JoinPath(to, name);
+    if (!IsThere(target)) disk.Replace(tools::JoinPath(from, name), target);
+  }
+}
+
 }  // namespace
+
+void SetupStage::Recover(tools::Disk& disk, const std::string& outputFolder) {
+  if (!tools::FolderExists(outputFolder)) return;
+  for (const std::string& name : NamesIn(outputFolder)) {
+    if (!tools::IsTemporaryName(name)) continue;
+    const std::string stage = tools::JoinPath(outputFolder, name);
+    std::optional<tools::FolderLock> lock;
+    try {
+      lock.emplace(stage);
+    } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): another build is still at it
+      continue;
+    }
+    // Only a new setup that is whole replaces an old one: once all of that is aside, go forward.
+    const bool isReplaced = IsThere(tools::JoinPath(stage, kReplaced));
+    MoveContent(disk, tools::JoinPath(stage, isReplaced ? kNew : kOld), outputFolder);
+    const std::string old = tools::JoinPath(stage, kOld);
+    // Somebody else's files have taken its names: it stays where it is.
+    if (!isReplaced && IsThere(old) && !NamesIn(old).empty()) continue;
+    try {
+      tools::RemoveFolderTree(stage);
+    } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the next build tries again
+    }
+  }
+}
 
 SetupStage::SetupStage(tools::Disk& disk, std::string outputFolder)
     : disk_(disk), outputFolder_(std::move(outputFolder)) {
   tools::MakeFolder(outputFolder_);
-  RemoveLeftovers();
   stage_ = tools::TemporaryNameBeside(InOutput("x"));
-  new_ = tools::JoinPath(stage_, "new");
-  old_ = tools::JoinPath(stage_, "old");
+  new_ = tools::JoinPath(stage_, kNew);
+  old_ = tools::JoinPath(stage_, kOld);
+  replaced_ = tools::JoinPath(stage_, kReplaced);
   try {
     tools::MakeFolder(stage_);
     lock_.emplace(stage_);
@@ -58,18 +95,6 @@ SetupStage::~SetupStage() {
   }
 }
 
-// A killed build holds no lock any more.
-void SetupStage::RemoveLeftovers() const {
-  for (const std::string& name : NamesIn(outputFolder_)) {
-    if (!tools::IsTemporaryName(name)) continue;
-    try {
-      const tools::FolderLock lock(InOutput(name));
-      tools::RemoveFolderTree(InOutput(name));
-    } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): another build is still at it
-    }
-  }
-}
-
 std::string SetupStage::WithUsersPaths(const std::string& text) const {
   return tools::ReplaceAll(text, new_, outputFolder_);
 }
@@ -80,17 +105,18 @@ std::optional<tools::Error> SetupStage::Publish(bool mayDelete) {
     // All of the old setup goes before any of the new one comes: whenever this ends, no mixture of
     // the two stands there.
     SetOldAside(mayDelete, names);
+    Move(old_, replaced_, outputFolder_);
     for (const std::string& name : names) {
       Move(tools::JoinPath(new_, name), InOutput(name), InOutput(name));
     }
   } catch (const tools::Error& error) {
     if (MoveBack()) throw;
     throw tools::Error(
-        std::string(error.what()) + ". Der bisherige Inhalt des Ausgabeordners liegt in " + old_,
+        std::string(error.what()) + ". Der bisherige Inhalt des Ausgabeordners liegt in " + stage_,
         error.Cause());
   }
   try {
-    tools::RemoveFolderTree(old_);
+    tools::RemoveFolderTree(replaced_);
     return std::nullopt;
   } catch (const tools::Error& error) {
     return error;
@@ -105,7 +131,6 @@ void SetupStage::SetOldAside(bool mayDelete, const std::vector<std::string>& new
   std::erase_if(old, [this](const std::string& name) {
     return tools::IsTemporaryName(name) || !IsThere(InOutput(name));
   });
-  if (old.empty()) return;
   tools::MakeFolder(old_);
   for (const std::string& name : old) {
     Move(InOutput(name), tools::JoinPath(old_, name), InOutput(name));

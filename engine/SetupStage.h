@@ -17,8 +17,14 @@ namespace engine {
 
 class SetupStage {
  public:
-  /// Creates the output folder where it is missing and the hidden folder in it, and removes what
-  /// killed builds left there. `disk` must outlive the stage. Raises tools::Error.
+  /// Puts right what killed builds left in an output folder: a setup that was moving in goes on
+  /// doing so, one that was being set aside goes back, and hidden folders that no running build
+  /// holds are removed. Call it before looking at what the folder holds. Raises tools::Error naming
+  /// what could not be moved; nothing is then removed.
+  static void Recover(tools::Disk& disk, const std::string& outputFolder);
+
+  /// Creates the output folder where it is missing and the hidden folder in it. `disk` must outlive
+  /// the stage. Raises tools::Error.
   SetupStage(tools::Disk& disk, std::string outputFolder);
   /// Removes what was not published.
   ~SetupStage();
@@ -39,7 +45,6 @@ class SetupStage {
   [[nodiscard]] std::optional<tools::Error> Publish(bool mayDelete);
 
  private:
-  void RemoveLeftovers() const;
   void SetOldAside(bool mayDelete, const std::vector<std::string>& newNames);
   void Move(const std::string& from, const std::string& to, const std::string& usersPath);
   /// Returns false when something could not go back.
@@ -50,7 +55,8 @@ class SetupStage {
   std::string outputFolder_;
   std::string stage_;                      ///< the hidden folder, and in it
   std::string new_;                        ///< the new setup, and
-  std::string old_;                        ///< the old content while the new one moves in
+  std::string old_;                        ///< the old content while it is set aside, and
+  std::string replaced_;                   ///< all of it, while the new one moves in
   std::optional<tools::FolderLock> lock_;  ///< tells other builds that the stage is in use
   bool isKept_ = false;  ///< the old content could not be put back, and is still in the stage
   std::vector<std::pair<std::string, std::string>> moved_;  ///< from and to

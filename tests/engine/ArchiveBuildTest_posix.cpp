@@ -209,6 +209,34 @@ TEST_F(ArchiveBuildTest, RemovesWhatAKilledBuildLeftAndCountsItForNothing) {
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
 }
 
+TEST_F(ArchiveBuildTest, PutsRightWhatABuildKilledAtItsEndLeft) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  const std::string stage = "aus/.packwright-0123456789abcdef.tmp/";
+  struct {
+    const char* what;
+    std::vector<std::string> left;
+    std::vector<std::string> expected;
+  } const cases[] = {
+      {"the old setup was being set aside", {"old/x", "new/y"}, {"x", "z"}},
+      {"the new setup was moving in", {"replaced/x", "new/y"}, {"y", "z"}},
+      {"somebody took a name meanwhile", {"old/z", "new/y"}, {"z"}},
+  };
+  for (const auto& [what, left, expected] : cases) {
+    SCOPED_TRACE(what);
+    tools::RemoveFolderTree(folder_.Path("aus"));
+    folder_.Write("aus/z", "z");
+    for (const std::string& name : left) folder_.Write(stage + name, name);
+    dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::No);
+    Run();
+    std::vector<std::string> found;
+    for (const std::string& path : tools::FindFiles(folder_.Path("aus"), "*", false)) {
+      found.push_back(tools::FileNamePart(path));
+    }
+    EXPECT_EQ(found, expected);
+    EXPECT_EQ(HasOut(".packwright-0123456789abcdef.tmp/old/z"), left.front() == "old/z");
+  }
+}
+
 TEST_F(ArchiveBuildTest, RefusesAFolderThatALinkedSourceLiesIn) {
   folder_.Write("echt/a.txt", "a");
   folder_.MakeFolder("quelle");
