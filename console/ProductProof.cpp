@@ -60,11 +60,12 @@ setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int3
   setup::ExpectedSetup expected;
   expected.title = project.ReadProductSetting("Product", "Title", "");
   expected.author = project.ReadProductSetting("Product", "Author", "");
-  expected.confirmation = tools::ReplaceAll(model::LoadText(351), "%title%", expected.title);
-  expected.cancellation = model::LoadText(352);
-  expected.failure = {.message = model::LoadText(353),
+  expected.confirmation = tools::ReplaceAll(model::LoadText(model::Text::ScriptConfirmation),
+                                            "%title%", expected.title);
+  expected.cancellation = model::LoadText(model::Text::ScriptCancelledByUser);
+  expected.failure = {.message = model::LoadText(model::Text::ScriptFileNotInstalled),
                       .caption = tools::StandardText(tools::kTextError),
-                      .cancellation = model::LoadText(354)};
+                      .cancellation = model::LoadText(model::Text::ScriptInstallationFailed)};
   expected.latestYear = clock.Year();
   const std::string key = project.ReadVersionSetting(version, "Tessel", "Key", "");
   if (!key.empty()) {

@@ -74,13 +74,15 @@ class Build {
     outputFolder_ = folder.path;
     summary_.outputFolder = outputFolder_;
     if (!folder.IsAccepted()) {
-      ShowRefusal(model::LoadText(348), tools::kTextError);
-      return Stop(BuildOutcome::InvalidOutputFolder, model::LoadText(348) + " " + folder.reason);
+      ShowRefusal(model::LoadText(model::Text::InvalidOutputFolder), tools::kTextError);
+      return Stop(BuildOutcome::InvalidOutputFolder,
+                  model::LoadText(model::Text::InvalidOutputFolder) + " " + folder.reason);
     }
     SetupStage::Recover(environment_.disk, outputFolder_);
     replaces_ = HoldsFiles(outputFolder_);
     if (!replaces_ || MayEmptyOutputFolder()) return true;
-    return Stop(BuildOutcome::OutputFolderInUse, model::LoadText(349));
+    return Stop(BuildOutcome::OutputFolderInUse,
+                model::LoadText(model::Text::OutputFolderHoldsFiles));
   }
 
   void MakeSetup(const ScriptHead& head) {
@@ -100,9 +102,11 @@ class Build {
       const std::string reason =
           std::string(summary_.diskFull ? "Der Datenträger ist voll. "
                                         : "Das Archiv konnte nicht erstellt werden. ") +
-          model::LoadText(416);
-      ShowRefusal(model::LoadText(355) + kLineBreak + reason, tools::kTextWarning);
-      return Stop(BuildOutcome::Incomplete, model::LoadText(355) + " " + reason);
+          model::LoadText(model::Text::OldSetupStays);
+      ShowRefusal(model::LoadText(model::Text::BuildHadErrors) + kLineBreak + reason,
+                  tools::kTextWarning);
+      return Stop(BuildOutcome::Incomplete,
+                  model::LoadText(model::Text::BuildHadErrors) + " " + reason);
     }
     try {
       if (const std::optional<tools::Error> left = stage_->Publish(replaces_)) {
@@ -115,8 +119,10 @@ class Build {
       return StopStuck(error.what());
     }
     if (log_.ErrorCount() == 0) return true;
-    const std::string where = tools::ReplaceAll(model::LoadText(356), "%log%", kLogName);
-    ShowRefusal(model::LoadText(355) + kLineBreak + where, tools::kTextWarning);
+    const std::string where =
+        tools::ReplaceAll(model::LoadText(model::Text::ErrorsAreLogged), "%log%", kLogName);
+    ShowRefusal(model::LoadText(model::Text::BuildHadErrors) + kLineBreak + where,
+                tools::kTextWarning);
     return true;
   }
 
@@ -133,7 +139,8 @@ class Build {
 
   bool MayEmptyOutputFolder() {
     tools::Message question;
-    question.text = model::LoadText(349) + kLineBreak + kLineBreak + model::LoadText(350);
+    question.text = model::LoadText(model::Text::OutputFolderHoldsFiles) + kLineBreak + kLineBreak +
+                    model::LoadText(model::Text::ReallyContinue);
     question.caption = tools::StandardText(tools::kTextWarning);
     question.buttons = tools::MessageButtons::YesNo;
     question.defaultAnswer = tools::MessageAnswer::No;
@@ -239,7 +246,8 @@ bool IsDangerousFileTitle(std::string_view title) {
 
 void BuildSetup(const BuildEnvironment& environment, const BuildSettings& settings,
                 std::int32_t versionIndex) {
-  const int notice = environment.dialogs.ShowBusyNotice(model::LoadText(347));
+  const int notice =
+      environment.dialogs.ShowBusyNotice(model::LoadText(model::Text::BuildingSetup));
   try {
     Build build(environment, settings, versionIndex, notice);
     // A build that is refused leaves the notice to its owner.

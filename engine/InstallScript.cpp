@@ -62,9 +62,11 @@ void InstallScript::Begin() {
   WriteScriptLine("");
   WriteScriptLine("Sub InstallMain()");
   WriteScriptLine("'Display a message allowing the user to cancel installation");
-  const std::string ask = tools::ReplaceAll(model::LoadText(351), "%title%", head_.productTitle);
+  const std::string ask = tools::ReplaceAll(model::LoadText(model::Text::ScriptConfirmation),
+                                            "%title%", head_.productTitle);
   WriteScriptLine("If Ask(" + Quoted(ask) + ") = False Then");
-  WriteScriptLine("\tCancelInstall " + Quoted(model::LoadText(352)) + ", True");
+  WriteScriptLine("\tCancelInstall " + Quoted(model::LoadText(model::Text::ScriptCancelledByUser)) +
+                  ", True");
   WriteScriptLine("End If");
   WriteScriptLine("");
   if (!head_.catalogueKey.empty()) WriteRegistration();
@@ -112,9 +114,12 @@ void InstallScript::AddFile(const model::ICFile& entry, std::string_view sourceP
 }
 
 void InstallScript::WriteFailure(const model::ICFile& entry, const std::string& target) {
-  const std::string text = tools::ReplaceAll(model::LoadText(353), "%file%", target);
+  const std::string text =
+      tools::ReplaceAll(model::LoadText(model::Text::ScriptFileNotInstalled), "%file%", target);
   WriteScriptLine("ErrMsg " + Quoted(text) + ", " + Quoted(tools::StandardText(tools::kTextError)));
-  if (entry.Vital != 0) WriteScriptLine("CancelInstall " + Quoted(model::LoadText(354)));
+  if (entry.Vital != 0)
+    WriteScriptLine("CancelInstall " +
+                    Quoted(model::LoadText(model::Text::ScriptInstallationFailed)));
 }
 
 void InstallScript::EndComponent() { WriteScriptLine(""); }

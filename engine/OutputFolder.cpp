@@ -50,7 +50,7 @@ std::string ObstacleOn(const std::string& path) {
   return {};
 }
 
-OutputFolder Refuse(FolderRefusal refusal, std::int32_t text, const std::string& place) {
+OutputFolder Refuse(FolderRefusal refusal, model::Text text, const std::string& place) {
   std::string reason = model::LoadText(text);
   if (!place.empty()) reason.append(": ").append(place);
   return {{}, refusal, std::move(reason)};
@@ -69,17 +69,20 @@ std::string OutputFolderPath(std::string_view text, const model::ModProject& pro
 OutputFolder AcceptOutputFolder(std::string_view text, const model::ModProject& project,
                                 const std::set<std::string>& sourceFolders) {
   const std::string path = OutputFolderPath(text, project);
-  if (path.empty()) return Refuse(FolderRefusal::Blank, 410, {});
-  if (IsRoot(path)) return Refuse(FolderRefusal::Root, 411, path);
+  if (path.empty()) return Refuse(FolderRefusal::Blank, model::Text::NoFolderGiven, {});
+  if (IsRoot(path)) return Refuse(FolderRefusal::Root, model::Text::FolderIsRoot, path);
   if (Holds(path, tools::SpecialFolder(tools::kProfileFolder))) {
-    return Refuse(FolderRefusal::Home, 412, path);
+    return Refuse(FolderRefusal::Home, model::Text::FolderHoldsHome, path);
   }
-  if (HoldsProduct(path, project)) return Refuse(FolderRefusal::Product, 413, path);
+  if (HoldsProduct(path, project))
+    return Refuse(FolderRefusal::Product, model::Text::FolderHoldsProduct, path);
   for (const std::string& folder : sourceFolders) {
-    if (Holds(path, folder)) return Refuse(FolderRefusal::Sources, 414, folder);
+    if (Holds(path, folder))
+      return Refuse(FolderRefusal::Sources, model::Text::FolderHoldsSources, folder);
   }
   const std::string obstacle = ObstacleOn(path);
-  if (!obstacle.empty()) return Refuse(FolderRefusal::NotAFolder, 415, obstacle);
+  if (!obstacle.empty())
+    return Refuse(FolderRefusal::NotAFolder, model::Text::FileInFoldersPlace, obstacle);
   return {path, FolderRefusal::None, {}};
 }
 

@@ -29,20 +29,20 @@ struct Writer {
 
 const std::array<FileEntryField, 14>& FileEntryFields() {
   static constexpr std::array<FileEntryField, 14> kFields{{
-      {"Type", 291, &ICFile::Type, true},
-      {"Exclude", 292, &ICFile::Exclude, true},
-      {"ID", 293, &ICFile::ID, false},
-      {"IncludeChildren", 294, &ICFile::IncludeChildren, true},
-      {"Overwrite", 295, &ICFile::Overwrite, true},
-      {"Permanent", 296, &ICFile::Permanent, true},
-      {"RegisterPath", 297, &ICFile::RegisterPath, true},
-      {"SelfRegisterDLL", 298, &ICFile::SelfRegisterDLL, true},
-      {"SourceName", 299, &ICFile::SourceName, true},
-      {"SourcePath", 300, &ICFile::SourcePath, true},
-      {"TargetFolder", 301, &ICFile::TargetFolder, true},
-      {"TargetName", 303, &ICFile::TargetName, true},
-      {"TargetSubFolder", 302, &ICFile::TargetSubFolder, true},
-      {"Vital", 358, &ICFile::Vital, true},
+      {"Type", Text::EntryType, &ICFile::Type, true},
+      {"Exclude", Text::EntryExclude, &ICFile::Exclude, true},
+      {"ID", Text::EntryGuid, &ICFile::ID, false},
+      {"IncludeChildren", Text::EntryIncludeSubfolders, &ICFile::IncludeChildren, true},
+      {"Overwrite", Text::EntryOverwrite, &ICFile::Overwrite, true},
+      {"Permanent", Text::EntryPermanent, &ICFile::Permanent, true},
+      {"RegisterPath", Text::EntryRegisterPath, &ICFile::RegisterPath, true},
+      {"SelfRegisterDLL", Text::EntrySelfRegister, &ICFile::SelfRegisterDLL, true},
+      {"SourceName", Text::EntrySourceName, &ICFile::SourceName, true},
+      {"SourcePath", Text::EntrySourceFolder, &ICFile::SourcePath, true},
+      {"TargetFolder", Text::EntryTargetFolder, &ICFile::TargetFolder, true},
+      {"TargetName", Text::EntryTargetName, &ICFile::TargetName, true},
+      {"TargetSubFolder", Text::EntryTargetSubfolder, &ICFile::TargetSubFolder, true},
+      {"Vital", Text::EntryVital, &ICFile::Vital, true},
   }};
   return kFields;
 }

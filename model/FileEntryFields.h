@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "model/ICFile.h"
+#include "model/TextTable.h"
 
 namespace model {
 
@@ -16,7 +17,7 @@ struct FileEntryField {
       std::variant<std::int16_t ICFile::*, std::int32_t ICFile::*, std::string ICFile::*>;
 
   std::string_view name;
-  std::int32_t titleNumber;  ///< its title in the text table
+  Text title;  ///< its title in the text table
   Member member;
   bool editable;
 };

@@ -211,9 +211,9 @@ std::vector<std::string> ModProject::StoredVersionTexts() const {
 
 std::string ModProject::DefaultOutputFolder(std::int32_t configuration) const {
   std::string name;
-  if (configuration == 1) name = LoadText(339);
-  if (configuration == 2) name = LoadText(340);
-  return tools::JoinPath(tools::JoinPath(ProductFolder(), LoadText(344)), name);
+  if (configuration == 1) name = LoadText(Text::Debug);
+  if (configuration == 2) name = LoadText(Text::Release);
+  return tools::JoinPath(tools::JoinPath(ProductFolder(), LoadText(Text::OutputFolderName)), name);
 }
 
 }  // namespace model

@@ -66,8 +66,9 @@ bool ModProjectOperations::CreateProduct(const model::NewProduct& product) {
   const std::string name = tools::FileNamePart(product.fileName);
   if (name.empty()) throw tools::Error("Der Dateiname fehlt: " + product.fileName);
   const std::string path = folder.empty() ? name : tools::JoinPath(folder, name);
-  if (tools::FileExists(path) && Ask(LoadText(214), LoadText(215), tools::MessageButtons::YesNo,
-                                     tools::MessageAnswer::No) != tools::MessageAnswer::Yes) {
+  if (tools::FileExists(path) &&
+      Ask(LoadText(Text::ProductFileExists), LoadText(Text::OverwriteWarning),
+          tools::MessageButtons::YesNo, tools::MessageAnswer::No) != tools::MessageAnswer::Yes) {
     return false;
   }
   tools::SettingsFile file;
@@ -92,11 +93,11 @@ bool ModProjectOperations::OpenProduct(const std::string& path) {
   if (chosen.empty()) return false;
   const std::string caption = tools::StandardText(tools::kTextError);
   if (!tools::FileExists(chosen)) {
-    Refuse(LoadText(216) + "\r\n" + chosen, caption);
+    Refuse(LoadText(Text::ProductFileNotFound) + "\r\n" + chosen, caption);
     return false;
   }
   if (!project_.HasKnownFormat(chosen)) {
-    Refuse(LoadText(217), caption);
+    Refuse(LoadText(Text::UnknownProductFormat), caption);
     return false;
   }
   project_.SetProductPath(chosen);
@@ -106,18 +107,19 @@ bool ModProjectOperations::OpenProduct(const std::string& path) {
 
 std::string ModProjectOperations::AskForProductFile() {
   const std::string extension(ModProject::kProductExtension);
-  return dialogs_.OpenFile({.title = LoadText(205),
-                            .initialFolder = tools::JoinPath(
-                                tools::SpecialFolder(tools::kDocumentsFolder), LoadText(213)),
-                            .filter = LoadText(310) + " (*." + extension + ")|*." + extension,
-                            .defaultExtension = extension});
+  return dialogs_.OpenFile(
+      {.title = LoadText(Text::OpenProject),
+       .initialFolder = tools::JoinPath(tools::SpecialFolder(tools::kDocumentsFolder),
+                                        LoadText(Text::ProductsFolder)),
+       .filter = LoadText(Text::Products) + " (*." + extension + ")|*." + extension,
+       .defaultExtension = extension});
 }
 
 bool ModProjectOperations::CloseProduct(bool ask) {
   if (!project_.IsOpen()) return true;
   if (ask && IsDirty() &&
-      Ask(LoadText(206), tools::StandardText(tools::kTextWarning), tools::MessageButtons::OkCancel,
-          tools::MessageAnswer::Ok) != tools::MessageAnswer::Ok) {
+      Ask(LoadText(Text::UnsavedChangesAreLost), tools::StandardText(tools::kTextWarning),
+          tools::MessageButtons::OkCancel, tools::MessageAnswer::Ok) != tools::MessageAnswer::Ok) {
     return false;
   }
   pages_->Reset(true);
@@ -164,11 +166,11 @@ std::int32_t ModProjectOperations::LatestVersion() const {
 
 void ModProjectOperations::AddVersion() {
   const std::int32_t latest = LatestVersion();
-  const std::string title = LoadText(222);
+  const std::string title = LoadText(Text::AddVersion);
   const std::string version =
-      Trimmed(dialogs_.InputBox(LoadText(221), title, NextVersionText(latest)));
+      Trimmed(dialogs_.InputBox(LoadText(Text::EnterVersion), title, NextVersionText(latest)));
   if (VersionExists(version)) {
-    Refuse(LoadText(227), title);
+    Refuse(LoadText(Text::VersionExists), title);
     return;
   }
   if (version.empty()) return;
@@ -277,7 +279,9 @@ void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string
 // The count comes first: a slot more that is free shows nowhere. The component's file, which makes
 // it visible, comes last, and anew: one that was left in the slot is not inherited.
 void ModProjectOperations::AddComponent(std::int32_t version) {
-  const std::string title = Trimmed(dialogs_.InputBox(LoadText(228), LoadText(223), LoadText(229)));
+  const std::string title =
+      Trimmed(dialogs_.InputBox(LoadText(Text::EnterComponentTitle), LoadText(Text::AddComponent),
+                                LoadText(Text::NewComponentTitle)));
   if (title.empty()) return;
   project_.RequireVersion(version);
   std::int32_t slot = FirstFreeSlot(project_.ComponentSlots(version));
@@ -311,7 +315,7 @@ void ModProjectOperations::DeleteComponent(std::int32_t version, std::int32_t co
 
 bool ModProjectOperations::IsOutdated(const std::string& stored, const std::string& shown) {
   if (stored == shown) return false;
-  Refuse(LoadText(400), LoadText(224));
+  Refuse(LoadText(Text::ProjectChangedElsewhere), LoadText(Text::Delete));
   view_->UpdateTree();
   return true;
 }
@@ -347,7 +351,7 @@ void ModProjectOperations::RemoveAndShow(const std::string& folder) {
 }
 
 bool ModProjectOperations::ConfirmDeletion() {
-  return Ask(LoadText(226), LoadText(224), tools::MessageButtons::YesNo,
+  return Ask(LoadText(Text::ConfirmDeletion), LoadText(Text::Delete), tools::MessageButtons::YesNo,
              tools::MessageAnswer::No) == tools::MessageAnswer::Yes;
 }
 

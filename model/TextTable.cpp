@@ -9,14 +9,14 @@ namespace model {
 namespace {
 
 struct NumberedText {
-  std::int32_t number;
+  Text number;
   const char* text;
 };
 
 constexpr std::array kTexts{
-#define PACKWRIGHT_TEXT(number, text) NumberedText{number, text},
+#define TEXT(number, name, text) NumberedText{Text::name, text},
 #include "resources/texts.de.inc"
-#undef PACKWRIGHT_TEXT
+#undef TEXT
 };
 
 constexpr bool NumbersAscend() {
@@ -29,10 +29,10 @@ static_assert(NumbersAscend(), "a number is doubled or out of order");
 
 }  // namespace
 
-std::string LoadText(std::int32_t number) {
-  const auto found = std::lower_bound(
-      kTexts.begin(), kTexts.end(), number,
-      [](const NumberedText& text, std::int32_t wanted) { return text.number < wanted; });
+std::string LoadText(Text number) {
+  const auto found =
+      std::lower_bound(kTexts.begin(), kTexts.end(), number,
+                       [](const NumberedText& text, Text wanted) { return text.number < wanted; });
   return found != kTexts.end() && found->number == number ? found->text : std::string{};
 }
 

@@ -1,4 +1,4 @@
-// The numbered German texts of the user interface (resources/texts.de.inc).
+// The German texts of the user interface (resources/texts.de.inc), by their names.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,14 @@
 
 namespace model {
 
-/// Text `number` of the table; empty for a number that the table does not have.
-[[nodiscard]] std::string LoadText(std::int32_t number);
+/// The number of each text; the table alone says it.
+enum class Text : std::int32_t {
+#define TEXT(number, name, text) name = number,
+#include "resources/texts.de.inc"
+#undef TEXT
+};
+
+/// The text of that number; empty for a number that the table does not have.
+[[nodiscard]] std::string LoadText(Text text);
 
 }  // namespace model

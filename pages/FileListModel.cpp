@@ -55,7 +55,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
 
 QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return Text(section == kFileName ? 289 : 290);
+  return Caption(section == kFileName ? Text::FileNameColumn : Text::TargetColumn);
 }
 
 }  // namespace pages

@@ -10,13 +10,13 @@ namespace pages {
 namespace {
 
 grid::GridTexts Texts() {
-  return {.accessibleName = Text(225),
-          .notEditable = Text(239),
-          .editCaption = Text(240),
-          .prompt = Text(241),
-          .oldValue = Text(391),
-          .newValue = Text(392),
-          .reset = Text(390)};
+  return {.accessibleName = Caption(Text::Properties),
+          .notEditable = Caption(Text::ValueNotEditable),
+          .editCaption = Caption(Text::ChangeProperty),
+          .prompt = Caption(Text::EnterPropertyValue),
+          .oldValue = Caption(Text::OldValue),
+          .newValue = Caption(Text::NewValueLabel),
+          .reset = Caption(Text::ResetToDefault)};
 }
 
 bool StartsEdit(const QKeyEvent& event) {

@@ -2,16 +2,15 @@
 #pragma once
 
 #include <QString>
-#include <cstdint>
 
 #include "model/TextTable.h"
 #include "tools/desktop/QtText.h"
 
 namespace pages {
 
-/// Text `number` of the text table.
-[[nodiscard]] inline QString Text(std::int32_t number) {
-  return tools::ToQString(model::LoadText(number));
-}
+using model::Text;
+
+/// A text of the table as Qt shows it.
+[[nodiscard]] inline QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
 }  // namespace pages

@@ -63,17 +63,17 @@ tabBuildOptions::tabBuildOptions(const PageServices& services, QWidget* parent)
 }
 
 void tabBuildOptions::BuildInstallerType() {
-  lblInstallerType = new QLabel(Text(333));
+  lblInstallerType = new QLabel(Caption(Text::InstallerType));
   lblInstallerType->setObjectName(u"lblInstallerType"_s);
   cmbInstallerType = new QComboBox;
   tools::IgnoreWheelWithoutFocus(*cmbInstallerType);
   cmbInstallerType->setObjectName(u"cmbInstallerType"_s);
   cmbInstallerType->setAccessibleName(lblInstallerType->text());
   cmbInstallerType->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  cmbInstallerType->addItem(Text(337));
+  cmbInstallerType->addItem(Caption(Text::TesselInstaller));
   lblInstallerType->setBuddy(cmbInstallerType);
 
-  lblInstallerTypeDesc = new QLabel(Text(334));
+  lblInstallerTypeDesc = new QLabel(Caption(Text::InstallerDescription));
   lblInstallerTypeDesc->setObjectName(u"lblInstallerTypeDesc"_s);
   txtInstallerTypeDesc = new QPlainTextEdit;
   txtInstallerTypeDesc->setObjectName(u"txtInstallerTypeDesc"_s);
@@ -85,16 +85,16 @@ void tabBuildOptions::BuildInstallerType() {
 }
 
 void tabBuildOptions::BuildConfiguration() {
-  fraConfiguration = new QGroupBox(Text(335));
+  fraConfiguration = new QGroupBox(Caption(Text::Configuration));
   fraConfiguration->setObjectName(u"fraConfiguration"_s);
-  lblConfiguration = new QLabel(Text(336));
+  lblConfiguration = new QLabel(Caption(Text::ActiveConfiguration));
   lblConfiguration->setObjectName(u"lblConfiguration"_s);
   cmbConfiguration = new QComboBox;
   tools::IgnoreWheelWithoutFocus(*cmbConfiguration);
   cmbConfiguration->setObjectName(u"cmbConfiguration"_s);
   cmbConfiguration->setAccessibleName(lblConfiguration->text());
   cmbConfiguration->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  cmbConfiguration->addItems({Text(339), Text(340)});
+  cmbConfiguration->addItems({Caption(Text::Debug), Caption(Text::Release)});
   lblConfiguration->setBuddy(cmbConfiguration);
   propsConfig = MakeGrid(services_.dialogs);
   propsConfig->setObjectName(u"propsConfig"_s);
@@ -120,7 +120,7 @@ void tabBuildOptions::ConnectEvents() {
   propsConfig->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
 }
 
-std::string tabBuildOptions::Title() const { return model::LoadText(231); }
+std::string tabBuildOptions::Title() const { return model::LoadText(Text::BuildOptionsPage); }
 
 void tabBuildOptions::ReadSettings() {
   const QScopedValueRollback loading(loading_, true);
@@ -141,7 +141,9 @@ void tabBuildOptions::WriteSettings() {
 }
 
 void tabBuildOptions::ChangeInstallerType() {
-  txtInstallerTypeDesc->setPlainText(cmbInstallerType->currentIndex() == 0 ? Text(338) : QString());
+  txtInstallerTypeDesc->setPlainText(cmbInstallerType->currentIndex() == 0
+                                         ? Caption(Text::TesselInstallerDescription)
+                                         : QString());
   if (!loading_) SetDirty(true);
 }
 
@@ -159,8 +161,8 @@ void tabBuildOptions::ChangeConfiguration() {
 }
 
 bool tabBuildOptions::SaveBeforeChange() {
-  if (services_.dialogs.ShowMessage({.text = model::LoadText(341),
-                                     .caption = model::LoadText(342),
+  if (services_.dialogs.ShowMessage({.text = model::LoadText(Text::SaveBeforeConfigurationChange),
+                                     .caption = model::LoadText(Text::ChangeActiveConfiguration),
                                      .icon = tools::MessageIcon::Question,
                                      .buttons = tools::MessageButtons::YesNo,
                                      .defaultAnswer = tools::MessageAnswer::Yes}) !=
@@ -177,12 +179,14 @@ void tabBuildOptions::ShowConfiguration(int position) {
   cmbConfiguration->setCurrentIndex(position);
   shownPosition_ = position;
   propsConfig->Clear();
-  propsConfig->AddProperty(kNameRow, Text(335), cmbConfiguration->currentText(), 1, true);
+  propsConfig->AddProperty(kNameRow, Caption(Text::Configuration), cmbConfiguration->currentText(),
+                           1, true);
   propsConfig->AddProperty(
-      kFolderRow, Text(343),
+      kFolderRow, Caption(Text::OutputFolder),
       ToQString(Host()->Read(section, kOutputFolder,
                              services_.project.DefaultOutputFolder(configuration))));
-  propsConfig->AddProperty(kLanguageRow, Text(345), ToQString(Host()->Read(section, kLocale, "0")));
+  propsConfig->AddProperty(kLanguageRow, Caption(Text::Language),
+                           ToQString(Host()->Read(section, kLocale, "0")));
 }
 
 int tabBuildOptions::StoredPosition(std::string_view key, int count) const {

@@ -6,6 +6,6 @@ namespace pages {
 
 tabFeatures::tabFeatures(const PageServices& /*services*/, QWidget* parent) : EditorPage(parent) {}
 
-std::string tabFeatures::Title() const { return model::LoadText(232); }
+std::string tabFeatures::Title() const { return model::LoadText(model::Text::FeaturesPage); }
 
 }  // namespace pages

@@ -56,7 +56,7 @@ QString FromLatin1(std::string_view text) {
 bool IsControlCharacter(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
 
 std::string RefusalOf(const std::vector<std::string>& paths) {
-  std::string text = model::LoadText(442);
+  std::string text = model::LoadText(Text::PathsWithControlCharacters);
   const std::size_t named = std::min(paths.size(), kMostNamedPaths);
   for (std::size_t i = 0; i < named; ++i) {
     std::string path = paths[i];
@@ -65,7 +65,8 @@ std::string RefusalOf(const std::vector<std::string>& paths) {
   }
   if (named == paths.size()) return text;
   const std::string others = std::to_string(paths.size() - named);
-  return text.append("\n").append(tools::ReplaceAll(model::LoadText(443), "%count%", others));
+  return text.append("\n").append(
+      tools::ReplaceAll(model::LoadText(Text::AndFurther), "%count%", others));
 }
 
 template <typename Widget>
@@ -100,8 +101,9 @@ tabFileList::tabFileList(const PageServices& services, QWidget* parent)
 tabFileList::~tabFileList() { shownEntries_->Show({}, 0); }
 
 void tabFileList::BuildBrowser() {
-  fraBrowser = Named(new QGroupBox(Text(249)), u"fraBrowser"_s);
-  lblDestinationFolder = Named(new QLabel(Text(251)), u"lblDestinationFolder"_s);
+  fraBrowser = Named(new QGroupBox(Caption(Text::FileList)), u"fraBrowser"_s);
+  lblDestinationFolder =
+      Named(new QLabel(Caption(Text::DestinationFolder)), u"lblDestinationFolder"_s);
   cmbDestinationFolder = Named(new QComboBox, u"cmbDestinationFolder"_s);
   tools::IgnoreWheelWithoutFocus(*cmbDestinationFolder);
   cmbDestinationFolder->setAccessibleName(lblDestinationFolder->text());
@@ -122,9 +124,9 @@ void tabFileList::BuildBrowser() {
   lsvBrowser->installEventFilter(this);
   lsvBrowser->viewport()->installEventFilter(this);
 
-  cmdAddFile = Named(new QPushButton(Text(252)), u"cmdAddFile"_s);
-  cmdRemoveFile = Named(new QPushButton(Text(253)), u"cmdRemoveFile"_s);
-  cmdMoveFile = Named(new QPushButton(Text(254)), u"cmdMoveFile"_s);
+  cmdAddFile = Named(new QPushButton(Caption(Text::AddFileButton)), u"cmdAddFile"_s);
+  cmdRemoveFile = Named(new QPushButton(Caption(Text::RemoveFileButton)), u"cmdRemoveFile"_s);
+  cmdMoveFile = Named(new QPushButton(Caption(Text::MoveFileButton)), u"cmdMoveFile"_s);
   cmdRemoveFile->setEnabled(false);
   cmdMoveFile->setEnabled(false);
   auto* buttons = new QHBoxLayout;
@@ -138,7 +140,7 @@ void tabFileList::BuildBrowser() {
 }
 
 void tabFileList::BuildProperties() {
-  fraFileProps = Named(new QGroupBox(Text(250)), u"fraFileProps"_s);
+  fraFileProps = Named(new QGroupBox(Caption(Text::FileProperties)), u"fraFileProps"_s);
   propsFile = Named(MakeGrid(services_.dialogs), u"propsFile"_s);
   propsFile->setAccessibleName(fraFileProps->title());
   propsFile->SetShowTooltips(true);
@@ -149,15 +151,16 @@ void tabFileList::BuildProperties() {
 
 void tabFileList::BuildMenu() {
   mnuPopup = Named(new QMenu(this), u"mnuPopup"_s);
-  const auto add = [this](const QString& name, std::int32_t text) {
-    return Named(mnuPopup->addAction(Text(text)), name);
+  const auto add = [this](const QString& name, Text text) {
+    return Named(mnuPopup->addAction(Caption(text)), name);
   };
-  mnuAddFile = add(u"mnuAddFile"_s, 311);
-  mnuAddDirectory = {add(u"mnuAddDirectory0"_s, 312), add(u"mnuAddDirectory1"_s, 313)};
-  mnuAddDynamic = add(u"mnuAddDynamic"_s, 314);
+  mnuAddFile = add(u"mnuAddFile"_s, Text::AddFile);
+  mnuAddDirectory = {add(u"mnuAddDirectory0"_s, Text::AddFolder),
+                     add(u"mnuAddDirectory1"_s, Text::AddFolderWithSubfolders)};
+  mnuAddDynamic = add(u"mnuAddDynamic"_s, Text::AddDynamicEntry);
   mnuPopupSep1 = Named(mnuPopup->addSeparator(), u"mnuPopupSep1"_s);
-  mnuMoveFile = add(u"mnuMoveFile"_s, 316);
-  mnuRemoveFile = add(u"mnuRemoveFile"_s, 315);
+  mnuMoveFile = add(u"mnuMoveFile"_s, Text::MoveSelection);
+  mnuRemoveFile = add(u"mnuRemoveFile"_s, Text::RemoveSelection);
 }
 
 void tabFileList::ConnectEvents() {
@@ -191,7 +194,8 @@ void tabFileList::FillDestinationFolders() {
     if (model::FolderMacro(folder).empty()) continue;
     const std::string name = model::FolderDisplayName(folder);
     cmbDestinationFolder->addItem(
-        tools::ToQString(tools::ReplaceAll(model::LoadText(288), "%name%", name)), folder);
+        tools::ToQString(tools::ReplaceAll(model::LoadText(Text::NamedFolder), "%name%", name)),
+        folder);
   }
   for (std::int32_t folder = 2000; folder <= 2020; ++folder) {
     if (model::FolderMacro(folder).empty()) continue;
@@ -201,7 +205,7 @@ void tabFileList::FillDestinationFolders() {
   filling_ = false;
 }
 
-std::string tabFileList::Title() const { return model::LoadText(233); }
+std::string tabFileList::Title() const { return model::LoadText(Text::FilesPage); }
 
 void tabFileList::ReadSettings() {
   std::vector<bool> hasType;  // of the entries read so far
@@ -271,17 +275,19 @@ void tabFileList::AppendEntry(const std::string& path) {
 }
 
 void tabFileList::AddFile() {
-  const std::string path = services_.dialogs.OpenFile({.title = model::LoadText(278),
-                                                       .initialFolder = {},
-                                                       .filter = "*.*|*.*",
-                                                       .defaultExtension = {},
-                                                       .filterIndex = 1});
+  const std::string path =
+      services_.dialogs.OpenFile({.title = model::LoadText(Text::FolderPrograms),
+                                  .initialFolder = {},
+                                  .filter = "*.*|*.*",
+                                  .defaultExtension = {},
+                                  .filterIndex = 1});
   if (!path.empty()) AddFileEntry(path);
 }
 
 void tabFileList::AddFolder(bool withSubfolders) {
-  const std::string prompt =
-      model::LoadText(307) + " " + model::LoadText(withSubfolders ? 309 : 308);
+  const std::string prompt = model::LoadText(Text::ChooseFolder) + " " +
+                             model::LoadText(withSubfolders ? Text::AddsFilesOfFolderAndSubfolders
+                                                            : Text::AddsFilesOfFolder);
   const std::string folder = services_.dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
   if (folder.empty()) return;
   const tools::WaitCursor wait;
@@ -313,7 +319,7 @@ void tabFileList::ShowSelectedEntry() {
   cmdMoveFile->setEnabled(true);
   propsFile->Clear();
   for (const model::FileEntryField& field : model::FileEntryFields()) {
-    propsFile->AddProperty(FromLatin1(field.name), Text(field.titleNumber),
+    propsFile->AddProperty(FromLatin1(field.name), Caption(field.title),
                            tools::ToQString(model::FileEntryFieldText(*entry, field)), 1,
                            !field.editable);
   }
@@ -325,13 +331,13 @@ void tabFileList::ShowSourceFile(const model::ICFile& entry) {
       tools::ResolvePath(entry.SourcePath, services_.project.ProductFolder());
   const tools::FileInformation file =
       tools::InformationOf(tools::JoinPath(folder, entry.SourceName));
-  const auto add = [this](const char* name, std::int32_t title, const std::string& value) {
-    propsFile->AddProperty(FromLatin1(name), Text(title), tools::ToQString(value), 1, true);
+  const auto add = [this](const char* name, Text title, const std::string& value) {
+    propsFile->AddProperty(FromLatin1(name), Caption(title), tools::ToQString(value), 1, true);
   };
-  add(kExisting, 304,
+  add(kExisting, Text::SourceExists,
       tools::StandardText(file.exists ? tools::kTextExisting : tools::kTextMissing));
-  add(kVersion, 305, file.version);
-  add(kFileDateTime, 306, file.dateTime);
+  add(kVersion, Text::SourceVersion, file.version);
+  add(kFileDateTime, Text::SourceDate, file.dateTime);
 }
 
 void tabFileList::ChangeProperty(const QString& name, const QString& text) {

@@ -24,27 +24,27 @@ constexpr StoredRow kHomepage{.name = "AuthorHomepage", .key = "AuthorHomepage"}
 tabProductDetails::tabProductDetails(const PageServices& services, QWidget* parent)
     : EditorPage(parent), propsProduct(MakeGrid(services.dialogs, this)) {
   propsProduct->setObjectName(QStringLiteral("propsProduct"));
-  propsProduct->setAccessibleName(Text(234));
+  propsProduct->setAccessibleName(Caption(Text::ProductPage));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(propsProduct);
   setFocusProxy(propsProduct);
   propsProduct->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
   connect(propsProduct, &grid::ctlPropertyEditor::MouseMove, this,
-          [this] { StatusTextChanged(model::LoadText(244)); });
+          [this] { StatusTextChanged(model::LoadText(Text::ProductPageHint)); });
 }
 
-std::string tabProductDetails::Title() const { return model::LoadText(234); }
+std::string tabProductDetails::Title() const { return model::LoadText(Text::ProductPage); }
 
 void tabProductDetails::ReadSettings() {
-  const auto add = [this](const StoredRow& row, std::int32_t title) {
-    propsProduct->AddProperty(QString::fromLatin1(row.name), Text(title),
+  const auto add = [this](const StoredRow& row, Text title) {
+    propsProduct->AddProperty(QString::fromLatin1(row.name), Caption(title),
                               tools::ToQString(Host()->Read(kSection, row.key, "")));
   };
-  add(kTitle, 208);
-  propsProduct->AddProperty(QStringLiteral("ProductGUID"), Text(242), {});
-  add(kAuthor, 209);
-  add(kHomepage, 243);
+  add(kTitle, Text::ProductTitle);
+  propsProduct->AddProperty(QStringLiteral("ProductGUID"), Caption(Text::ProductGuid), {});
+  add(kAuthor, Text::Author);
+  add(kHomepage, Text::AuthorHomepage);
 }
 
 void tabProductDetails::WriteSettings() {

@@ -34,12 +34,12 @@ using tools::ToUtf8;
 namespace {
 
 // Texts that also decide what an entry of the lists does.
-constexpr std::int32_t kTopLevel = 384;
-constexpr std::int32_t kToTopLevel = 385;
-constexpr std::int32_t kLevelUp = 382;
-constexpr std::int32_t kNewKey = 383;
-constexpr std::int32_t kRemoveAllValues = 396;
-constexpr std::int32_t kNotSet = 389;
+constexpr Text kTopLevel = Text::TopLevel;
+constexpr Text kToTopLevel = Text::ToTopLevel;
+constexpr Text kLevelUp = Text::LevelUp;
+constexpr Text kNewKey = Text::NewKeyEntry;
+constexpr Text kRemoveAllValues = Text::RemoveAllValues;
+constexpr Text kNotSet = Text::ValueNotSet;
 
 constexpr std::string_view kDefaultValue = "@";
 
@@ -82,7 +82,7 @@ tabRegistryEditor::tabRegistryEditor(const PageServices& services, QWidget* pare
 }
 
 QWidget* tabRegistryEditor::BuildPath() {
-  lblRegPath = new QLabel(Text(376));
+  lblRegPath = new QLabel(Caption(Text::RegistryPath));
   lblRegPath->setObjectName(u"lblRegPath"_s);
   cmbRegPath = new QComboBox;
   cmbRegPath->setObjectName(u"cmbRegPath"_s);
@@ -105,7 +105,7 @@ QWidget* tabRegistryEditor::BuildPath() {
 }
 
 void tabRegistryEditor::BuildSubkeys() {
-  fraSubkeys = new QGroupBox(Text(377));
+  fraSubkeys = new QGroupBox(Caption(Text::Subkeys));
   fraSubkeys->setObjectName(u"fraSubkeys"_s);
   lstSubkeys = new QListView;
   lstSubkeys->setObjectName(u"lstSubkeys"_s);
@@ -120,15 +120,15 @@ void tabRegistryEditor::BuildSubkeys() {
 }
 
 void tabRegistryEditor::BuildValues() {
-  fraValues = new QGroupBox(Text(378));
+  fraValues = new QGroupBox(Caption(Text::Values));
   fraValues->setObjectName(u"fraValues"_s);
   propRegValues = MakeGrid(dialogs_);
   propRegValues->setObjectName(u"propRegValues"_s);
   propRegValues->setAccessibleName(fraValues->title());
   propRegValues->SetShowTooltips(true);
-  cmdAddValue = new QPushButton(Text(379));
+  cmdAddValue = new QPushButton(Caption(Text::NewValueButton));
   cmdAddValue->setObjectName(u"cmdAddValue"_s);
-  cmdRemoveValue = new QPushButton(Text(380));
+  cmdRemoveValue = new QPushButton(Caption(Text::RemoveValueButton));
   cmdRemoveValue->setObjectName(u"cmdRemoveValue"_s);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(cmdAddValue);
@@ -154,11 +154,11 @@ void tabRegistryEditor::ConnectEvents() {
   connect(cmdRemoveValue, &QPushButton::clicked, this,
           Guarded(dialogs_, [this] { RemoveValue(); }));
   propRegValues->OnEditProperty([](const QString& key, QString& value, EditReaction&) {
-    if (ToUtf8(key) == kDefaultValue && value == Text(kNotSet)) value.clear();
+    if (ToUtf8(key) == kDefaultValue && value == Caption(kNotSet)) value.clear();
   });
 }
 
-std::string tabRegistryEditor::Title() const { return LoadText(235); }
+std::string tabRegistryEditor::Title() const { return LoadText(Text::RegistryPage); }
 
 void tabRegistryEditor::ReadSettings() {
   Show(std::string(tools::RegistryRootName(tools::RegistryRoot::LocalMachine)));
@@ -201,7 +201,7 @@ std::vector<std::string> tabRegistryEditor::NamesToStore() const {
   std::vector<std::string> names =
       tools::SplitList(ToUtf8(propRegValues->ListPropertyNames()), ';', '"');
   for (std::string& name : names) name = std::string(tools::TrimBlanks(name));
-  if (propRegValues->GetProperty(ToQString(kDefaultValue)) == Text(kNotSet)) {
+  if (propRegValues->GetProperty(ToQString(kDefaultValue)) == Caption(kNotSet)) {
     const auto unset = std::find(names.begin(), names.end(), kDefaultValue);
     if (unset != names.end()) names.erase(unset);
   }
@@ -234,7 +234,7 @@ void tabRegistryEditor::ShowPath(const std::vector<std::string>& paths) {
   });
   cmbRegPath->setCurrentIndex(
       shown == paths.end() ? -1 : static_cast<int>(std::distance(paths.begin(), shown)));
-  cmbRegPath->setEditText(currentPath_.empty() ? Text(kTopLevel) : ToQString(currentPath_));
+  cmbRegPath->setEditText(currentPath_.empty() ? Caption(kTopLevel) : ToQString(currentPath_));
 }
 
 QStringList tabRegistryEditor::Hives() {
@@ -245,11 +245,11 @@ QStringList tabRegistryEditor::Hives() {
 
 QStringList tabRegistryEditor::EntriesOf(tools::RegistryRoot root,
                                          const std::string& subkey) const {
-  QStringList entries{Text(kToTopLevel), Text(kLevelUp)};
+  QStringList entries{Caption(kToTopLevel), Caption(kLevelUp)};
   for (const std::string& name : registry_.SubkeyNames(root, subkey)) {
     entries.append(ToQString(name));
   }
-  entries.append({Text(kNewKey), Text(kRemoveAllValues)});
+  entries.append({Caption(kNewKey), Caption(kRemoveAllValues)});
   return entries;
 }
 
@@ -258,7 +258,8 @@ void tabRegistryEditor::ShowValues(const std::vector<model::RegistryValue>& valu
   storedValues_.clear();
   hiddenValues_.clear();
   if (!currentPath_.empty()) {
-    propRegValues->AddProperty(ToQString(kDefaultValue), Text(381), Text(kNotSet));
+    propRegValues->AddProperty(ToQString(kDefaultValue), Caption(Text::DefaultValue),
+                               Caption(kNotSet));
   }
   for (const model::RegistryValue& value : values) ShowValue(value);
   shownValues_ = ValuesInGrid();
@@ -293,16 +294,18 @@ void tabRegistryEditor::OpenEntry(const std::string& text) {
 }
 
 void tabRegistryEditor::OpenNewKey() {
-  const std::string name = dialogs_.InputBox(LoadText(387), LoadText(386), "NewSubkey");
+  const std::string name =
+      dialogs_.InputBox(LoadText(Text::EnterKeyName), LoadText(Text::NewKey), "NewSubkey");
   if (tools::TrimBlanks(name).empty()) return;
   for (const QString& entry : subkeys_->stringList()) {
-    if (IsSame(ToUtf8(entry), name)) Warn(388, 386);
+    if (IsSame(ToUtf8(entry), name)) Warn(Text::KeyExists, Text::NewKey);
   }
   Navigate(model::JoinRegistryPath(currentPath_, name));
 }
 
 void tabRegistryEditor::RemoveAllValues() {
-  const std::string question = tools::ReplaceAll(LoadText(397), "%key%", currentPath_);
+  const std::string question =
+      tools::ReplaceAll(LoadText(Text::AllValuesAreRemoved), "%key%", currentPath_);
   if (dialogs_.ShowMessage({.text = question,
                             .caption = tools::StandardText(tools::kTextWarning),
                             .icon = tools::MessageIcon::Exclamation,
@@ -316,10 +319,11 @@ void tabRegistryEditor::RemoveAllValues() {
 }
 
 void tabRegistryEditor::AddValue() {
-  const QString name = ToQString(dialogs_.InputBox(LoadText(393), LoadText(394), {}));
+  const QString name =
+      ToQString(dialogs_.InputBox(LoadText(Text::EnterValueName), LoadText(Text::NewValue), {}));
   if (tools::TrimBlanks(ToUtf8(name)).empty()) return;
   if (!propRegValues->GetProperty(name).isEmpty()) {
-    Warn(395, 394);
+    Warn(Text::ValueExists, Text::NewValue);
     return;
   }
   propRegValues->AddProperty(name, name, {});
@@ -331,14 +335,14 @@ void tabRegistryEditor::AddValue() {
 void tabRegistryEditor::RemoveValue() {
   const QString selected = propRegValues->SelectedProperty();
   if (ToUtf8(selected) == kDefaultValue) {
-    propRegValues->SetProperty(selected, Text(kNotSet));
+    propRegValues->SetProperty(selected, Caption(kNotSet));
   } else {
     propRegValues->RemoveProperty(selected);
   }
   SetDirty(true);
 }
 
-void tabRegistryEditor::Warn(std::int32_t text, std::int32_t caption) {
+void tabRegistryEditor::Warn(Text text, Text caption) {
   dialogs_.ShowMessage({.text = LoadText(text),
                         .caption = LoadText(caption),
                         .icon = tools::MessageIcon::Exclamation,

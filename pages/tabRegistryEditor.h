@@ -7,6 +7,7 @@
 
 #include "grid/ctlPropertyEditor.h"
 #include "model/RegistryKeys.h"
+#include "model/TextTable.h"
 #include "pages/PageRegistry.h"
 
 class QComboBox;
@@ -71,7 +72,7 @@ class tabRegistryEditor : public EditorPage {
   void RemoveAllValues();
   void AddValue();
   void RemoveValue();
-  void Warn(std::int32_t text, std::int32_t caption);
+  void Warn(model::Text text, model::Text caption);
 
   const model::ModProject& project_;
   tools::Dialogs& dialogs_;

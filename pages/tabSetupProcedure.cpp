@@ -7,6 +7,8 @@ namespace pages {
 tabSetupProcedure::tabSetupProcedure(const PageServices& /*services*/, QWidget* parent)
     : EditorPage(parent) {}
 
-std::string tabSetupProcedure::Title() const { return model::LoadText(236); }
+std::string tabSetupProcedure::Title() const {
+  return model::LoadText(model::Text::SetupProcedurePage);
+}
 
 }  // namespace pages

@@ -64,32 +64,34 @@ tabTesselRegistration::tabTesselRegistration(const PageServices& services, QWidg
 }
 
 void tabTesselRegistration::BuildControls() {
-  lblTesselKey = new QLabel(Text(368));
+  lblTesselKey = new QLabel(Caption(Text::CatalogueKey));
   txtTesselKey = new QLineEdit;
-  lblProgramTitle = new QLabel(Text(369));
+  lblProgramTitle = new QLabel(Caption(Text::CatalogueTitle));
   txtProgramTitle = new QLineEdit;
-  lblProgramType = new QLabel(Text(370));
+  lblProgramType = new QLabel(Caption(Text::CatalogueType));
   cmbProgramType = new QComboBox;
   tools::IgnoreWheelWithoutFocus(*cmbProgramType);
-  lblProgramSubtype = new QLabel(Text(371));
+  lblProgramSubtype = new QLabel(Caption(Text::CatalogueSubtype));
   cmbProgramSubtype = new QComboBox;
   tools::IgnoreWheelWithoutFocus(*cmbProgramSubtype);
   const auto prepare = [this](QLabel* label, const QString& labelName, QWidget* field,
-                              const QString& name, std::int32_t hint) {
+                              const QString& name, Text hint) {
     label->setObjectName(labelName);
     label->setBuddy(field);
     field->setObjectName(name);
     field->setAccessibleName(label->text());
-    field->setAccessibleDescription(Text(hint));
+    field->setAccessibleDescription(Caption(hint));
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     field->setMouseTracking(true);
     field->installEventFilter(this);
   };
-  prepare(lblTesselKey, u"lblTesselKey"_s, txtTesselKey, u"txtTesselKey"_s, 372);
-  prepare(lblProgramTitle, u"lblProgramTitle"_s, txtProgramTitle, u"txtProgramTitle"_s, 373);
-  prepare(lblProgramType, u"lblProgramType"_s, cmbProgramType, u"cmbProgramType"_s, 374);
+  prepare(lblTesselKey, u"lblTesselKey"_s, txtTesselKey, u"txtTesselKey"_s, Text::CatalogueKeyHint);
+  prepare(lblProgramTitle, u"lblProgramTitle"_s, txtProgramTitle, u"txtProgramTitle"_s,
+          Text::CatalogueTitleHint);
+  prepare(lblProgramType, u"lblProgramType"_s, cmbProgramType, u"cmbProgramType"_s,
+          Text::CatalogueTypeHint);
   prepare(lblProgramSubtype, u"lblProgramSubtype"_s, cmbProgramSubtype, u"cmbProgramSubtype"_s,
-          375);
+          Text::CatalogueSubtypeHint);
   cmbProgramSubtype->setEditable(true);
   cmbProgramSubtype->setInsertPolicy(QComboBox::NoInsert);
   cmbProgramSubtype->setCompleter(nullptr);
@@ -114,7 +116,7 @@ void tabTesselRegistration::MarkDirty() {
   if (!loading_) SetDirty(true);
 }
 
-std::string tabTesselRegistration::Title() const { return model::LoadText(237); }
+std::string tabTesselRegistration::Title() const { return model::LoadText(Text::CataloguePage); }
 
 void tabTesselRegistration::ReadSettings() {
   const QScopedValueRollback loading(loading_, true);

@@ -16,9 +16,9 @@ namespace {
 
 constexpr int kNumberColumns = 10;  ///< characters of a part of the number that are seen at once
 
-QLineEdit* AddPart(QHBoxLayout& layout, QLabel*& label, const char* labelName, std::int32_t text,
+QLineEdit* AddPart(QHBoxLayout& layout, QLabel*& label, const char* labelName, Text text,
                    const char* name) {
-  label = new QLabel(Text(text));
+  label = new QLabel(Caption(text));
   label->setObjectName(QString::fromLatin1(labelName));
   auto* box = new QLineEdit;
   box->setObjectName(QString::fromLatin1(name));
@@ -44,24 +44,26 @@ tabVersionDetails::tabVersionDetails(const PageServices& services, QWidget* pare
 }
 
 void tabVersionDetails::BuildNumber(QHBoxLayout& layout) {
-  txtVersionMaj = AddPart(layout, lblVersionMaj, "lblVersionMaj", 246, "txtVersionMaj");
-  txtVersionMin = AddPart(layout, lblVersionMin, "lblVersionMin", 247, "txtVersionMin");
-  txtVersionRev = AddPart(layout, lblVersionRev, "lblVersionRev", 248, "txtVersionRev");
+  txtVersionMaj =
+      AddPart(layout, lblVersionMaj, "lblVersionMaj", Text::MajorVersion, "txtVersionMaj");
+  txtVersionMin =
+      AddPart(layout, lblVersionMin, "lblVersionMin", Text::MinorVersion, "txtVersionMin");
+  txtVersionRev = AddPart(layout, lblVersionRev, "lblVersionRev", Text::Revision, "txtVersionRev");
   layout.addStretch(1);
 }
 
 void tabVersionDetails::BuildProperties(tools::Dialogs& dialogs) {
-  fraProperties = new QGroupBox(Text(245));
+  fraProperties = new QGroupBox(Caption(Text::FurtherProperties));
   fraProperties->setObjectName(QStringLiteral("fraProperties"));
   propsVersion = MakeGrid(dialogs, fraProperties);
   propsVersion->setObjectName(QStringLiteral("propsVersion"));
-  propsVersion->setAccessibleName(Text(245));
+  propsVersion->setAccessibleName(Caption(Text::FurtherProperties));
   auto* layout = new QVBoxLayout(fraProperties);
   layout->addWidget(propsVersion);
   propsVersion->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
 }
 
-std::string tabVersionDetails::Title() const { return model::LoadText(238); }
+std::string tabVersionDetails::Title() const { return model::LoadText(Text::VersionPage); }
 
 void tabVersionDetails::ReadSettings() {
   const tools::Version version =

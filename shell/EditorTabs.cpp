@@ -14,6 +14,8 @@
 
 namespace shell {
 
+using model::Text;
+
 namespace {
 
 constexpr std::string_view kClassPrefix = "Packwright.";
@@ -44,7 +46,8 @@ void EditorTabs::Reset(bool ask) {
 }
 
 void EditorTabs::OfferChanges(pages::EditorPage& page) {
-  const std::string question = tools::ReplaceAll(model::LoadText(230), "%title%", page.Title());
+  const std::string question =
+      tools::ReplaceAll(model::LoadText(Text::ApplyPageChanges), "%title%", page.Title());
   if (dialogs_.ShowMessage({.text = question,
                             .caption = tools::StandardText(tools::kTextQuestion),
                             .icon = tools::MessageIcon::Question,
@@ -62,17 +65,17 @@ void EditorTabs::OfferChanges(pages::EditorPage& page) {
 }
 
 void EditorTabs::AllowOverwriting(const pages::EditorPage& page, const std::string& file) {
-  const auto withNames = [&](std::int32_t text) {
+  const auto withNames = [&](Text text) {
     const std::string named = tools::ReplaceAll(model::LoadText(text), "%title%", page.Title());
     return tools::ReplaceAll(named, "%file%", file);
   };
-  if (dialogs_.ShowMessage({.text = withNames(440),
+  if (dialogs_.ShowMessage({.text = withNames(Text::OverwriteOutsideChanges),
                             .caption = tools::StandardText(tools::kTextQuestion),
                             .icon = tools::MessageIcon::Question,
                             .buttons = tools::MessageButtons::YesNo,
                             .defaultAnswer = tools::MessageAnswer::No}) !=
       tools::MessageAnswer::Yes) {
-    throw tools::Error(withNames(441));
+    throw tools::Error(withNames(Text::PageNotSaved));
   }
 }
 

@@ -8,6 +8,8 @@
 
 namespace shell {
 
+using model::Text;
+
 namespace {
 
 constexpr std::size_t kShown = 8;  // a message of more lines would not fit on small screens
@@ -28,7 +30,7 @@ void ErrorList::Show(tools::Dialogs& dialogs) const {
     text += descriptions_[i];
   }
   if (descriptions_.size() > kShown) {
-    text += "\r\n" + tools::ReplaceAll(model::LoadText(422), "%count%",
+    text += "\r\n" + tools::ReplaceAll(model::LoadText(Text::FurtherErrors), "%count%",
                                        std::to_string(descriptions_.size() - kShown));
   }
   tools::ShowError(dialogs, text);

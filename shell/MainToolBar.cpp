@@ -8,6 +8,8 @@
 
 namespace shell {
 
+using model::Text;
+
 namespace {
 
 constexpr int kIconSize = 24;
@@ -23,20 +25,20 @@ MainToolBar::MainToolBar(QWidget* parent) : QToolBar(parent) {
   // Hiding it would leave no way to get it back.
   toggleViewAction()->setEnabled(false);
   setContextMenuPolicy(Qt::PreventContextMenu);
-  AddButton(QStringLiteral("new"), 204, QKeySequence::New);
-  AddButton(QStringLiteral("open"), 205, QKeySequence::Open);
-  AddButton(QStringLiteral("save"), 218, QKeySequence::Save);
-  AddButton(QStringLiteral("close"), 219, QKeySequence::Close);
+  AddButton(QStringLiteral("new"), Text::NewProject, QKeySequence::New);
+  AddButton(QStringLiteral("open"), Text::OpenProject, QKeySequence::Open);
+  AddButton(QStringLiteral("save"), Text::Save, QKeySequence::Save);
+  AddButton(QStringLiteral("close"), Text::Close, QKeySequence::Close);
   addSeparator();
-  AddButton(QStringLiteral("setupwiz"), 317, Qt::CTRL | Qt::Key_B);
-  AddButton(QStringLiteral("updatewiz"), 318, Qt::CTRL | Qt::Key_U);
+  AddButton(QStringLiteral("setupwiz"), Text::SetupWizard, Qt::CTRL | Qt::Key_B);
+  AddButton(QStringLiteral("updatewiz"), Text::UpdateWizard, Qt::CTRL | Qt::Key_U);
 }
 
-void MainToolBar::AddButton(const QString& key, int tooltipNumber, const QKeySequence& shortcut) {
-  const QString text = tools::ToQString(model::LoadText(tooltipNumber));
+void MainToolBar::AddButton(const QString& key, Text tooltip, const QKeySequence& shortcut) {
+  const QString text = tools::ToQString(model::LoadText(tooltip));
   QAction* button = addAction(imlToolbar.Icon(key), text);
   button->setObjectName(key);
-  button->setData(tooltipNumber);
+  button->setData(static_cast<int>(tooltip));
   button->setToolTip(text);
   button->setShortcut(shortcut);
   // Reached by Tab as well, not only by its shortcut.

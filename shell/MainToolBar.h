@@ -3,6 +3,7 @@
 
 #include <QToolBar>
 
+#include "model/TextTable.h"
 #include "shell/IconList.h"
 
 namespace shell {
@@ -20,7 +21,7 @@ class MainToolBar : public QToolBar {
   void ButtonClicked(const QString& key);
 
  private:
-  void AddButton(const QString& key, int tooltipNumber, const QKeySequence& shortcut);
+  void AddButton(const QString& key, model::Text tooltip, const QKeySequence& shortcut);
 
   IconList imlToolbar;
 };

@@ -13,6 +13,8 @@
 
 namespace shell {
 
+using model::Text;
+
 namespace {
 
 constexpr int kKeyRole = Qt::UserRole;
@@ -103,7 +105,8 @@ void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVers
   QTreeWidgetItem* latest = nullptr;
   for (const std::int32_t slot : versions) {
     const std::string text = project.VersionString(slot);
-    QTreeWidgetItem* version = MakeItem(VersionNode(slot), model::LoadText(220) + " " + text);
+    QTreeWidgetItem* version =
+        MakeItem(VersionNode(slot), model::LoadText(Text::Version) + " " + text);
     version->setData(0, kStoredRole, QByteArray::fromStdString(text));
     product->addChild(version);
     if (slot == latestVersion) latest = version;

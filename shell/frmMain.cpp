@@ -26,13 +26,15 @@
 
 namespace shell {
 
+using model::Text;
+
 namespace {
 
 constexpr QSize kFirstSize(1040, 680);
 constexpr QSize kLeastSize(640, 420);
 constexpr int kFirstTreeWidth = 280;
 
-QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
+QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
 // Qt reads "[*]" in a window's title as the place of its mark for unsaved changes.
 QString LiteralTitle(QString title) {
@@ -125,8 +127,8 @@ void frmMain::BuildEditorPane() {
           tools::Guarded(services_.dialogs, [this] { OnTabClick(); }));
 }
 
-QAction* frmMain::AddMenuItem(QMenu& menu, const char* name, std::int32_t textNumber) {
-  QAction* item = menu.addAction(Text(textNumber));
+QAction* frmMain::AddMenuItem(QMenu& menu, const char* name, Text text) {
+  QAction* item = menu.addAction(Caption(text));
   item->setObjectName(QString::fromLatin1(name));
   return item;
 }
@@ -138,16 +140,17 @@ void frmMain::OnMenuItem(QAction* item, std::function<void()> command) {
 void frmMain::BuildMenus() {
   mnuPopupProduct = new QMenu(this);
   mnuPopupProduct->setObjectName(QStringLiteral("mnuPopupProduct"));
-  mnuProductAddVersion = AddMenuItem(*mnuPopupProduct, "mnuProductAddVersion", 222);
+  mnuProductAddVersion = AddMenuItem(*mnuPopupProduct, "mnuProductAddVersion", Text::AddVersion);
   OnMenuItem(mnuProductAddVersion, [this] { services_.operations.AddVersion(); });
 
   mnuPopupVersion = new QMenu(this);
   mnuPopupVersion->setObjectName(QStringLiteral("mnuPopupVersion"));
-  mnuVersionAddComponent = AddMenuItem(*mnuPopupVersion, "mnuVersionAddComponent", 223);
+  mnuVersionAddComponent =
+      AddMenuItem(*mnuPopupVersion, "mnuVersionAddComponent", Text::AddComponent);
   mnuVersionSep = mnuPopupVersion->addSeparator();
   mnuVersionSep->setObjectName(QStringLiteral("mnuVersionSep"));
-  mnuVersionDelete = AddMenuItem(*mnuPopupVersion, "mnuVersionDelete", 224);
-  mnuVersionProperties = AddMenuItem(*mnuPopupVersion, "mnuVersionProperties", 225);
+  mnuVersionDelete = AddMenuItem(*mnuPopupVersion, "mnuVersionDelete", Text::Delete);
+  mnuVersionProperties = AddMenuItem(*mnuPopupVersion, "mnuVersionProperties", Text::Properties);
   OnMenuItem(mnuVersionAddComponent, [this] {
     services_.operations.AddComponent(SlotsOf(trvProjectTree->SelectedNode()).version);
   });
@@ -155,25 +158,26 @@ void frmMain::BuildMenus() {
 
   mnuPopupComponent = new QMenu(this);
   mnuPopupComponent->setObjectName(QStringLiteral("mnuPopupComponent"));
-  mnuComponentDelete = AddMenuItem(*mnuPopupComponent, "mnuComponentDelete", 224);
-  mnuComponentProperties = AddMenuItem(*mnuPopupComponent, "mnuComponentProperties", 225);
+  mnuComponentDelete = AddMenuItem(*mnuPopupComponent, "mnuComponentDelete", Text::Delete);
+  mnuComponentProperties =
+      AddMenuItem(*mnuPopupComponent, "mnuComponentProperties", Text::Properties);
   OnMenuItem(mnuComponentDelete, [this] { DeleteSelectedNode(); });
 }
 
 void frmMain::SetFixedCaptions() {
-  setWindowTitle(Text(200));
-  lblProjectTreeTitle->setText(Text(201) + QLatin1Char(' '));
-  lblDataEditorTitle->setText(Text(202) + QLatin1Char(' '));
-  lblProjectTreeInfo->setText(Text(203));
-  trvProjectTree->setAccessibleName(Text(201));
-  tabDataEditor->setAccessibleName(Text(202));
+  setWindowTitle(Caption(Text::ProgramName));
+  lblProjectTreeTitle->setText(Caption(Text::ProjectTreeTitle) + QLatin1Char(' '));
+  lblDataEditorTitle->setText(Caption(Text::ProjectEditorTitle) + QLatin1Char(' '));
+  lblProjectTreeInfo->setText(Caption(Text::ProjectTreeHint));
+  trvProjectTree->setAccessibleName(Caption(Text::ProjectTreeTitle));
+  tabDataEditor->setAccessibleName(Caption(Text::ProjectEditorTitle));
 }
 
 void frmMain::UpdateProjectState() {
   const bool open = services_.project.IsOpen();
   if (open) {
     setWindowTitle(
-        LiteralTitle(Text(200) + QStringLiteral(" - ") +
+        LiteralTitle(Caption(Text::ProgramName) + QStringLiteral(" - ") +
                      tools::ToQString(tools::FileNamePart(services_.project.ProductPath()))));
   } else {
     SetFixedCaptions();
@@ -285,27 +289,27 @@ void frmMain::OnToolButton(const QString& key) {
     trvProjectTree->SetProductTitle(services_.project.ProductTitle());
   }
   if (key == QLatin1String("close")) operations.CloseProduct(false);
-  if (key == QLatin1String("setupwiz")) StartWizard(317, &frmMain::SetupWizardWanted);
-  if (key == QLatin1String("updatewiz")) StartWizard(318, &frmMain::UpdateWizardWanted);
+  if (key == QLatin1String("setupwiz")) StartWizard(Text::SetupWizard, &frmMain::SetupWizardWanted);
+  if (key == QLatin1String("updatewiz"))
+    StartWizard(Text::UpdateWizard, &frmMain::UpdateWizardWanted);
 }
 
-void frmMain::StartWizard(std::int32_t titleNumber,
-                          void (frmMain::*wanted)(std::int32_t, model::OpenPages&)) {
+void frmMain::StartWizard(Text title, void (frmMain::*wanted)(std::int32_t, model::OpenPages&)) {
   if (!services_.project.IsOpen()) {
-    Refuse(323, titleNumber);
+    Refuse(Text::NoProjectOpen, title);
     return;
   }
   const Node node = trvProjectTree->SelectedNode();
   if (node.tag != kVersionTag) {
-    Refuse(346, titleNumber);
+    Refuse(Text::NoVersionSelected, title);
     return;
   }
   Q_EMIT(this->*wanted)(SlotsOf(node).version, editorTabs_);
 }
 
-void frmMain::Refuse(std::int32_t textNumber, std::int32_t captionNumber) {
+void frmMain::Refuse(Text text, Text caption) {
   services_.dialogs.ShowMessage(
-      {.text = model::LoadText(textNumber), .caption = model::LoadText(captionNumber)});
+      {.text = model::LoadText(text), .caption = model::LoadText(caption)});
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

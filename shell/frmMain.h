@@ -10,6 +10,7 @@
 #include "model/MainView.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
+#include "model/TextTable.h"
 #include "pages/PageRegistry.h"
 #include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
@@ -75,7 +76,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void BuildEditorPane();
   void BuildMenus();
   void SetFixedCaptions();
-  QAction* AddMenuItem(QMenu& menu, const char* name, std::int32_t textNumber);
+  QAction* AddMenuItem(QMenu& menu, const char* name, model::Text text);
   void OnMenuItem(QAction* item, std::function<void()> command);
 
   void OnToolButton(const QString& key);
@@ -84,9 +85,8 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void PopUpNodeMenu(const QPoint& globalPosition);
   void DeleteSelectedNode();
   void DropPages();
-  void StartWizard(std::int32_t titleNumber,
-                   void (frmMain::*wanted)(std::int32_t, model::OpenPages&));
-  void Refuse(std::int32_t textNumber, std::int32_t captionNumber);
+  void StartWizard(model::Text title, void (frmMain::*wanted)(std::int32_t, model::OpenPages&));
+  void Refuse(model::Text text, model::Text caption);
 
   MainServices services_;
 

@@ -21,16 +21,18 @@
 
 namespace shell {
 
+using model::Text;
+
 namespace {
 
 constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
 constexpr int kColumns = 56;  ///< characters of the file name that are seen at once
 
-QString Text(std::int32_t number) { return tools::ToQString(model::LoadText(number)); }
+QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
-QLineEdit* AddField(QFormLayout& form, QLabel*& label, const char* labelName, std::int32_t text,
+QLineEdit* AddField(QFormLayout& form, QLabel*& label, const char* labelName, Text text,
                     const char* name) {
-  label = new QLabel(Text(text));
+  label = new QLabel(Caption(text));
   label->setObjectName(QString::fromLatin1(labelName));
   auto* field = new QLineEdit;
   field->setObjectName(QString::fromLatin1(name));
@@ -46,12 +48,12 @@ QLineEdit* AddField(QFormLayout& form, QLabel*& label, const char* labelName, st
 frmNewProduct::frmNewProduct(tools::Registry& registry, tools::Dialogs& dialogs, QWidget* parent)
     : QDialog(parent), registry_(registry), dialogs_(dialogs) {
   setObjectName(QStringLiteral("frmNewProduct"));
-  setWindowTitle(Text(207));
+  setWindowTitle(Caption(Text::NewProductCaption));
   BuildControls();
   connect(txtProductTitle, &QLineEdit::textChanged, this, &frmNewProduct::ProposeFileName);
   connect(cmdOK, &QPushButton::clicked, this, &frmNewProduct::Confirm);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-  txtProductTitle->setText(Text(212));
+  txtProductTitle->setText(Caption(Text::NewProductTitle));
   txtProductTitle->selectAll();
   txtAuthor->setText(
       tools::ToQString(registry_.Read(kRoot, kPreferencesKey, kLastAuthor, std::string_view())));
@@ -63,14 +65,16 @@ void frmNewProduct::BuildControls() {
   auto* form = new QFormLayout;
   layout->addLayout(form);
   form->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
-  txtProductTitle = AddField(*form, lblProductTitle, "lblProductTitle", 208, "txtProductTitle");
-  txtAuthor = AddField(*form, lblAuthor, "lblAuthor", 209, "txtAuthor");
-  txtFilename = AddField(*form, lblProductFile, "lblProductFile", 210, "txtFilename");
+  txtProductTitle =
+      AddField(*form, lblProductTitle, "lblProductTitle", Text::ProductTitle, "txtProductTitle");
+  txtAuthor = AddField(*form, lblAuthor, "lblAuthor", Text::Author, "txtAuthor");
+  txtFilename =
+      AddField(*form, lblProductFile, "lblProductFile", Text::ProductFileName, "txtFilename");
   txtFilename->setMinimumWidth(fontMetrics().averageCharWidth() * kColumns);
 
   QDialogButtonBox* buttons = tools::MakeOkCancelButtons(this);
   cmdOK = buttons->findChild<QPushButton*>(QStringLiteral("cmdOK"));
-  cmdOK->setText(Text(211));
+  cmdOK->setText(Caption(Text::Create));
   cmdCancel = buttons->findChild<QPushButton*>(QStringLiteral("cmdCancel"));
 
   layout->addStretch(1);
@@ -86,8 +90,8 @@ QString frmNewProduct::FileName() const { return txtFilename->text(); }
 void frmNewProduct::ProposeFileName(const QString& title) {
   // The folder has the title as typed; only the file's name is cleaned.
   const std::string typed = tools::ToUtf8(title);
-  std::string path =
-      tools::JoinPath(tools::SpecialFolder(tools::kDocumentsFolder), model::LoadText(213));
+  std::string path = tools::JoinPath(tools::SpecialFolder(tools::kDocumentsFolder),
+                                     model::LoadText(Text::ProductsFolder));
   path.append(1, tools::kPathSeparator).append(typed).append(1, tools::kPathSeparator);
   path += tools::CleanFileName(typed + "." + std::string(model::ModProject::kProductExtension));
   txtFilename->setText(tools::ToQString(path));

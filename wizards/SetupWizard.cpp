@@ -10,6 +10,8 @@
 
 namespace wizards {
 
+using model::Text;
+
 using model::LoadText;
 
 namespace {
@@ -24,7 +26,7 @@ class NoStatus : public engine::BuildStatus {
   void OnEnd(const engine::BuildSummary& /*summary*/) override {}
 };
 
-tools::WizardPage OptionPage(std::int32_t title, std::int32_t description, const char* next) {
+tools::WizardPage OptionPage(Text title, Text description, const char* next) {
   tools::WizardPage page;
   page.PageTitle = LoadText(title);
   page.PageDescription = LoadText(description);
@@ -35,9 +37,10 @@ tools::WizardPage OptionPage(std::int32_t title, std::int32_t description, const
 tools::WizardPage IntroPage() {
   tools::WizardPage page;
   page.PageStyle = 1;
-  page.PageTitle = LoadText(319);
-  page.PageDescription =
-      LoadText(320) + kLineBreak + LoadText(321) + kLineBreak + kLineBreak + LoadText(322);
+  page.PageTitle = LoadText(Text::Welcome);
+  page.PageDescription = LoadText(Text::SetupWizardIntro) + kLineBreak +
+                         LoadText(Text::SetupWizardPreparation) + kLineBreak + kLineBreak +
+                         LoadText(Text::ClickNext);
   page.ForwardStep = "configuration";
   return page;
 }
@@ -45,8 +48,9 @@ tools::WizardPage IntroPage() {
 tools::WizardPage ReadyPage() {
   tools::WizardPage page;
   page.PageStyle = 3;
-  page.PageTitle = LoadText(330);
-  page.PageDescription = LoadText(331) + kLineBreak + kLineBreak + LoadText(332);
+  page.PageTitle = LoadText(Text::ReadyStep);
+  page.PageDescription =
+      LoadText(Text::ReadyToBuild) + kLineBreak + kLineBreak + LoadText(Text::ClickFinish);
   page.AllowFinish = true;
   return page;
 }
@@ -59,13 +63,14 @@ SetupWizard::SetupWizard(const BuildServices& services, std::int32_t versionInde
       services_(services),
       versionIndex_(versionIndex) {}
 
-std::string SetupWizard::Title() { return LoadText(317); }
+std::string SetupWizard::Title() { return LoadText(Text::SetupWizard); }
 
 tools::WizardPage SetupWizard::ShowPage(const std::string& key) {
   if (key == "intro") return IntroPage();
-  if (key == "configuration") return OptionPage(324, 325, "output");
-  if (key == "output") return OptionPage(326, 327, "packaging");
-  if (key == "packaging") return OptionPage(328, 329, "ready");
+  if (key == "configuration")
+    return OptionPage(Text::ConfigurationStep, Text::ConfigurationStepHint, "output");
+  if (key == "output") return OptionPage(Text::OutputStep, Text::OutputStepHint, "packaging");
+  if (key == "packaging") return OptionPage(Text::PackagingStep, Text::PackagingStepHint, "ready");
   if (key == "ready") return ReadyPage();
   return {};
 }
@@ -89,8 +94,9 @@ void SetupWizard::FillDataStore(tools::WizardDataStore& store) {
 
 void SetupWizard::Finish(tools::WizardStructure& ParentWizard) {
   tools::Guard(Dialogs(), [&] { Build(ParentWizard.DataStore()); });
-  Dialogs().ShowMessage(
-      {.text = LoadText(357), .caption = Title(), .icon = tools::MessageIcon::Information});
+  Dialogs().ShowMessage({.text = LoadText(Text::SetupBuilt),
+                         .caption = Title(),
+                         .icon = tools::MessageIcon::Information});
 }
 
 void SetupWizard::Build(const tools::WizardDataStore& store) {

@@ -4,7 +4,9 @@
 
 namespace wizards {
 
-std::string UpdateWizard::Title() { return model::LoadText(318); }
+using model::Text;
+
+std::string UpdateWizard::Title() { return model::LoadText(Text::UpdateWizard); }
 
 tools::WizardPage UpdateWizard::ShowPage(const std::string& key) {
   tools::WizardPage page;

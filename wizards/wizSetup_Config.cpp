@@ -18,6 +18,8 @@
 
 namespace wizards {
 
+using model::Text;
+
 using namespace Qt::StringLiterals;
 using model::LoadText;
 using tools::ToQString;
@@ -49,15 +51,16 @@ wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t 
                                   u"Sie eine Sprache aus der Liste."_s,
                                   this)) {
   cmbConfiguration_->setObjectName(u"cmbConfiguration"_s);
-  cmbConfiguration_->addItems({ToQString(LoadText(339)), ToQString(LoadText(340))});
+  cmbConfiguration_->addItems(
+      {ToQString(LoadText(Text::Debug)), ToQString(LoadText(Text::Release))});
   PrepareLanguages(*cmbLanguage_);
   lblLanguageNote_->setObjectName(u"lblLanguageNote"_s);
   lblLanguageNote_->setWordWrap(true);
 
   auto* options = new QFormLayout;
   options->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  options->addRow(ToQString(LoadText(360)), cmbConfiguration_);
-  options->addRow(ToQString(LoadText(359)), cmbLanguage_);
+  options->addRow(ToQString(LoadText(Text::ConfigurationLabel)), cmbConfiguration_);
+  options->addRow(ToQString(LoadText(Text::LanguageLabel)), cmbLanguage_);
   options->addRow(QString(), lblLanguageNote_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -65,8 +68,8 @@ wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t 
   layout->addSpacing(fontMetrics().height());
   layout->addWidget(MakeUnsavedRow(dialogs));
   layout->addStretch();
-  cmbConfiguration_->setAccessibleName(ToQString(LoadText(335)));
-  cmbLanguage_->setAccessibleName(ToQString(LoadText(345)));
+  cmbConfiguration_->setAccessibleName(ToQString(LoadText(Text::Configuration)));
+  cmbLanguage_->setAccessibleName(ToQString(LoadText(Text::Language)));
 
   connect(cmbConfiguration_, &QComboBox::activated, this,
           tools::Guarded(dialogs, [this](int index) { ChooseConfiguration(index + 1); }));
@@ -83,7 +86,7 @@ QWidget* wizSetup_Config::MakeUnsavedRow(tools::Dialogs& dialogs) {
   lblUnsavedPages_->setObjectName(u"lblUnsavedPages"_s);
   lblUnsavedPages_->setTextFormat(Qt::PlainText);
   lblUnsavedPages_->setWordWrap(true);
-  auto* cmdSavePages = new QPushButton(ToQString(LoadText(421)), fraUnsavedPages_);
+  auto* cmdSavePages = new QPushButton(ToQString(LoadText(Text::SaveNow)), fraUnsavedPages_);
   cmdSavePages->setObjectName(u"cmdSavePages"_s);
   cmdSavePages->setAutoDefault(false);
   auto* row = new QGridLayout(fraUnsavedPages_);
@@ -98,7 +101,7 @@ QWidget* wizSetup_Config::MakeUnsavedRow(tools::Dialogs& dialogs) {
 }
 
 void wizSetup_Config::ShowUnsavedPages() {
-  QString text = ToQString(LoadText(420));
+  QString text = ToQString(LoadText(Text::UnsavedPages));
   const std::vector<std::string> titles = unsaved_.Titles();
   for (const std::string& title : titles) text += u"\n\u2022 "_s + ToQString(title);
   lblUnsavedPages_->setText(text);

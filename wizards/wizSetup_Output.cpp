@@ -19,6 +19,8 @@
 
 namespace wizards {
 
+using model::Text;
+
 using namespace Qt::StringLiterals;
 using model::LoadText;
 using tools::ToQString;
@@ -29,8 +31,8 @@ constexpr int kFolderBrowserFlags = 17;
 
 std::string ConfigurationName(const std::string& value) {
   const std::int32_t configuration = tools::ToInt32(value);
-  if (configuration == 1) return LoadText(339);
-  return configuration == 2 ? LoadText(340) : std::string();
+  if (configuration == 1) return LoadText(Text::Debug);
+  return configuration == 2 ? LoadText(Text::Release) : std::string();
 }
 
 }  // namespace
@@ -54,10 +56,10 @@ QWidget* wizSetup_Output::MakeFolderRow() {
   txtFolder_ = new QLineEdit(row);
   txtFolder_->setObjectName(u"txtFolder"_s);
   tools::PrepareTextBox(*txtFolder_);
-  auto* lblFolder = new QLabel(ToQString(LoadText(363)), row);
+  auto* lblFolder = new QLabel(ToQString(LoadText(Text::OutputFolderLabel)), row);
   lblFolder->setBuddy(txtFolder_);
-  txtFolder_->setAccessibleName(ToQString(LoadText(343)));
-  auto* cmdBrowse = new QPushButton(ToQString(LoadText(364)), row);
+  txtFolder_->setAccessibleName(ToQString(LoadText(Text::OutputFolder)));
+  auto* cmdBrowse = new QPushButton(ToQString(LoadText(Text::Browse)), row);
   cmdBrowse->setObjectName(u"cmdBrowse"_s);
   cmdBrowse->setAutoDefault(false);
 
@@ -88,17 +90,20 @@ QWidget* wizSetup_Output::MakeFolderRow() {
 }
 
 QWidget* wizSetup_Output::MakeOverview() {
-  auto* overview = new QGroupBox(ToQString(LoadText(361)), this);
+  auto* overview = new QGroupBox(ToQString(LoadText(Text::CheckOutputOptions)), this);
   overview->setObjectName(u"fraOverview"_s);
   auto* rows = new QFormLayout(overview);
   rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  txtOverviewProduct_ = AddOverviewRow(*rows, ToQString(LoadText(208)), u"txtOverviewProduct"_s);
+  txtOverviewProduct_ =
+      AddOverviewRow(*rows, ToQString(LoadText(Text::ProductTitle)), u"txtOverviewProduct"_s);
   txtOverviewVersion_ =
-      AddOverviewRow(*rows, ToQString(LoadText(220)) + u':', u"txtOverviewVersion"_s);
-  txtOverviewConfiguration_ =
-      AddOverviewRow(*rows, ToQString(LoadText(360)), u"txtOverviewConfiguration"_s);
-  txtOverviewLanguage_ = AddOverviewRow(*rows, ToQString(LoadText(359)), u"txtOverviewLanguage"_s);
-  txtOverviewFolder_ = AddOverviewRow(*rows, ToQString(LoadText(363)), u"txtOverviewFolder"_s);
+      AddOverviewRow(*rows, ToQString(LoadText(Text::Version)) + u':', u"txtOverviewVersion"_s);
+  txtOverviewConfiguration_ = AddOverviewRow(*rows, ToQString(LoadText(Text::ConfigurationLabel)),
+                                             u"txtOverviewConfiguration"_s);
+  txtOverviewLanguage_ =
+      AddOverviewRow(*rows, ToQString(LoadText(Text::LanguageLabel)), u"txtOverviewLanguage"_s);
+  txtOverviewFolder_ =
+      AddOverviewRow(*rows, ToQString(LoadText(Text::OutputFolderLabel)), u"txtOverviewFolder"_s);
   return overview;
 }
 
@@ -133,7 +138,8 @@ void wizSetup_Output::ShowValues() {
 }
 
 void wizSetup_Output::BrowseForFolder() {
-  const std::string chosen = dialogs_.BrowseFolder(LoadText(307), kFolderBrowserFlags);
+  const std::string chosen =
+      dialogs_.BrowseFolder(LoadText(Text::ChooseFolder), kFolderBrowserFlags);
   if (!chosen.empty()) txtFolder_->setText(ToQString(chosen));
 }
 
@@ -147,9 +153,9 @@ void wizSetup_Output::ShowFolder() {
       engine::AcceptOutputFolder(Value("folder"), project_, sourceFolders_);
   Show(*txtOverviewFolder_, folder.path);
   if (!folder.IsAccepted()) {
-    Warn(LoadText(348) + ' ' + folder.reason);
+    Warn(LoadText(Text::InvalidOutputFolder) + ' ' + folder.reason);
   } else {
-    Warn(engine::HoldsFiles(folder.path) ? LoadText(349) : std::string());
+    Warn(engine::HoldsFiles(folder.path) ? LoadText(Text::OutputFolderHoldsFiles) : std::string());
   }
 }
 
@@ -159,7 +165,7 @@ void wizSetup_Output::Warn(const std::string& text) {
 }
 
 void wizSetup_Output::Show(QLineEdit& place, const std::string& value) {
-  place.setText(ToQString(value.empty() ? LoadText(362) : value));
+  place.setText(ToQString(value.empty() ? LoadText(Text::NotAvailable) : value));
   place.setCursorPosition(0);
 }
 

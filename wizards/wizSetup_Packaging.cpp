@@ -9,6 +9,8 @@
 
 namespace wizards {
 
+using model::Text;
+
 using namespace Qt::StringLiterals;
 using model::LoadText;
 
@@ -16,9 +18,10 @@ wizSetup_Packaging::wizSetup_Packaging(tools::WizardDataStore& DataStore, QWidge
     : WizardOptionPage(DataStore, parent) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  chkMakeZip_ = AddOption(u"chkMakeZip"_s, LoadText(365), "makezip");
-  chkIncludeExe_ = AddOption(u"chkIncludeExe"_s, LoadText(366), "includeexe");
-  chkIncludeTessel_ = AddOption(u"chkIncludeTessel"_s, LoadText(367), "includetessel");
+  chkMakeZip_ = AddOption(u"chkMakeZip"_s, LoadText(Text::PackFiles), "makezip");
+  chkIncludeExe_ = AddOption(u"chkIncludeExe"_s, LoadText(Text::IncludeSetupProgram), "includeexe");
+  chkIncludeTessel_ =
+      AddOption(u"chkIncludeTessel"_s, LoadText(Text::IncludeRuntimeInstaller), "includetessel");
   layout->addStretch();
 }
 

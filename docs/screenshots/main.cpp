@@ -56,8 +56,8 @@ bool MainWindowPicture(shell::frmMain& window, const QDir& folder) {
             QStringLiteral("v2c1"));
   // The files that go into the installation folder, with one of them selected.
   auto& target = *window.findChild<QComboBox*>(QStringLiteral("cmbDestinationFolder"));
-  target.setCurrentIndex(
-      target.findText(tools::ToQString(model::LoadText(270)), Qt::MatchContains));
+  target.setCurrentIndex(target.findText(
+      tools::ToQString(model::LoadText(model::Text::FolderInstallation)), Qt::MatchContains));
   Q_EMIT target.activated(target.currentIndex());
   const auto& files = *window.findChild<QTreeView*>(QStringLiteral("lsvBrowser"));
   ClickRow(files, files.model()->index(0, 0));

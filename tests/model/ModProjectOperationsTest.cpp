@@ -30,11 +30,11 @@ class ModProjectOperationsTest : public testing::Test {
     operations_.AddVersion();
   }
   void AddComponent(const std::string& answer) {
-    dialogs_.ExpectInputBox(LoadText(228), answer);
+    dialogs_.ExpectInputBox(LoadText(model::Text::EnterComponentTitle), answer);
     operations_.AddComponent(1);
   }
   void DeleteVersion(MessageAnswer answer, const std::string& shown = "1.0.0") {
-    dialogs_.ExpectQuestion(LoadText(226), answer);
+    dialogs_.ExpectQuestion(LoadText(model::Text::ConfirmDeletion), answer);
     operations_.DeleteVersion(1, shown);
   }
   [[nodiscard]] std::size_t FileCount() const {
@@ -56,12 +56,13 @@ TEST_F(ModProjectOperationsTest, CreatesAProductAndReplacesOneOnlyWhenTold) {
   EXPECT_FALSE(operations_.NewProduct());
   folder_.Write("demo.product", "alt");
   window_.newProduct = NewProduct{" Demo\t", " Ich ", folder_.Path("demo.product")};
-  dialogs_.ExpectQuestion(LoadText(214), MessageAnswer::No);
+  dialogs_.ExpectQuestion(LoadText(model::Text::ProductFileExists), MessageAnswer::No);
   EXPECT_FALSE(operations_.NewProduct());
-  EXPECT_EQ(dialogs_.LastMessage(), LoadText(215) + "|" + LoadText(214));
+  EXPECT_EQ(dialogs_.LastMessage(), LoadText(model::Text::OverwriteWarning) + "|" +
+                                        LoadText(model::Text::ProductFileExists));
   EXPECT_EQ(dialogs_.Messages().back().defaultAnswer, MessageAnswer::No);
   EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
-  dialogs_.ExpectQuestion(LoadText(214), MessageAnswer::Yes);
+  dialogs_.ExpectQuestion(LoadText(model::Text::ProductFileExists), MessageAnswer::Yes);
   disk_.FailAt(FaultyDisk::Step::Write, 1);
   EXPECT_THROW(operations_.NewProduct(), tools::Error);
   EXPECT_EQ(folder_.Read("demo.product"), "alt");
@@ -78,12 +79,13 @@ TEST_F(ModProjectOperationsTest, CreatesAProductAndReplacesOneOnlyWhenTold) {
 TEST_F(ModProjectOperationsTest, RefusesFilesThatAreNoProducts) {
   const std::string missing = folder_.Path("fehlt.product");
   EXPECT_FALSE(operations_.OpenProduct(missing));
-  EXPECT_EQ(dialogs_.LastMessage(), "Fehler|" + LoadText(216) + "\r\n" + missing);
+  EXPECT_EQ(dialogs_.LastMessage(),
+            "Fehler|" + LoadText(model::Text::ProductFileNotFound) + "\r\n" + missing);
   for (const char* content : {"", "[General]\nVersion=1.00\n", "[General]\nVersion=2.0\n"}) {
     EXPECT_FALSE(operations_.OpenProduct(folder_.Write("falsch.product", content)));
-    EXPECT_EQ(dialogs_.LastMessage(), "Fehler|" + LoadText(217));
+    EXPECT_EQ(dialogs_.LastMessage(), "Fehler|" + LoadText(model::Text::UnknownProductFormat));
   }
-  dialogs_.ExpectOpenFile(LoadText(205), "");
+  dialogs_.ExpectOpenFile(LoadText(model::Text::OpenProject), "");
   EXPECT_FALSE(operations_.OpenProduct(""));
   const tools::OpenFileRequest& request = dialogs_.LastOpenFile();
   EXPECT_EQ(request.initialFolder,
@@ -101,10 +103,10 @@ TEST_F(ModProjectOperationsTest, ClosingWarnsOfChangedPagesAndSavingGoesOnPastOn
                                            [&] { return operations_.NewProduct(); },
                                            [&] { return operations_.OpenProduct(""); }};
   for (const auto& close : closing) {
-    dialogs_.ExpectQuestion(LoadText(206), MessageAnswer::Cancel);
+    dialogs_.ExpectQuestion(LoadText(model::Text::UnsavedChangesAreLost), MessageAnswer::Cancel);
     EXPECT_FALSE(close());
     EXPECT_TRUE(project_.IsOpen());
-    EXPECT_EQ(dialogs_.LastMessage(), "Warnung|" + LoadText(206));
+    EXPECT_EQ(dialogs_.LastMessage(), "Warnung|" + LoadText(model::Text::UnsavedChangesAreLost));
     EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
     EXPECT_EQ(dialogs_.Messages().back().defaultAnswer, MessageAnswer::Ok);
   }
@@ -140,7 +142,7 @@ TEST_F(ModProjectOperationsTest, RefusesVersionsThatExistOrLeadElsewhere) {
   folder_.MakeFolder("Version 9.0");
   for (const char* answer : {" 1.0.0-ä ", "1.0.0-Ä", "2.0", "9.0", ""}) {
     AddVersion(answer);
-    EXPECT_EQ(dialogs_.Messages().back().text, LoadText(227)) << answer;
+    EXPECT_EQ(dialogs_.Messages().back().text, LoadText(model::Text::VersionExists)) << answer;
   }
   for (const char* answer : {"../../x", "a/b", "a\\b", "C:x", "1\x01"}) {
     EXPECT_THROW(AddVersion(answer), tools::Error) << answer;
@@ -176,7 +178,8 @@ TEST_F(ModProjectOperationsTest, DeletesAVersionWithItsFolderAfterConfirmation) 
   folder_.Write("Version 1.0.0/product.version", "");
   folder_.Write("Version 2.0.0/product.version", "");
   DeleteVersion(MessageAnswer::No);
-  EXPECT_EQ(dialogs_.LastMessage(), LoadText(224) + "|" + LoadText(226));
+  EXPECT_EQ(dialogs_.LastMessage(),
+            LoadText(model::Text::Delete) + "|" + LoadText(model::Text::ConfirmDeletion));
   EXPECT_EQ(dialogs_.Messages().back().defaultAnswer, MessageAnswer::No);
   EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
   EXPECT_TRUE(folder_.Holds("Version 1.0.0/product.version"));
@@ -191,13 +194,15 @@ TEST_F(ModProjectOperationsTest, DeletesNothingWhenTheSlotHoldsSomethingElseThan
   folder_.Write("Version 1.0.0/product.version", "[Components]\nCount=1\n");
   folder_.Write("Version 1.0.0/component1.component", "[Component]\nTitle=A\n");
   DeleteVersion(MessageAnswer::Yes, "2.0.0");
-  EXPECT_EQ(dialogs_.LastMessage(), LoadText(224) + "|" + LoadText(400));
+  EXPECT_EQ(dialogs_.LastMessage(),
+            LoadText(model::Text::Delete) + "|" + LoadText(model::Text::ProjectChangedElsewhere));
   EXPECT_EQ(dialogs_.Messages().back().icon, tools::MessageIcon::Exclamation);
   const std::pair<const char*, const char*> shown[] = {{"1.0.0", "B"}, {"2.0.0", "A"}};
   for (const auto& [version, title] : shown) {
-    dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
+    dialogs_.ExpectQuestion(LoadText(model::Text::ConfirmDeletion), MessageAnswer::Yes);
     operations_.DeleteComponent(1, 1, version, title);
-    EXPECT_EQ(dialogs_.LastMessage(), LoadText(224) + "|" + LoadText(400));
+    EXPECT_EQ(dialogs_.LastMessage(),
+              LoadText(model::Text::Delete) + "|" + LoadText(model::Text::ProjectChangedElsewhere));
   }
   EXPECT_EQ(FileCount(), 3U);
   EXPECT_EQ(window_.treeUpdates, 3);
@@ -208,7 +213,7 @@ TEST_F(ModProjectOperationsTest, ComponentsKeepTheirSlots) {
   EXPECT_THROW(AddComponent("ohne Version"), tools::Error);
   folder_.Write("Version 1.0.0/product.version", "");
   for (const char* title : {"A", " B ", "C"}) AddComponent(title);
-  dialogs_.ExpectQuestion(LoadText(226), MessageAnswer::Yes);
+  dialogs_.ExpectQuestion(LoadText(model::Text::ConfirmDeletion), MessageAnswer::Yes);
   operations_.DeleteComponent(1, 2, "1.0.0", "B");
   EXPECT_THAT(project_.ComponentSlots(1), ElementsAre(1, 3));
   EXPECT_EQ(project_.ComponentCount(1), 3);

@@ -86,17 +86,17 @@ static const Operation kOperations[] = {
      }},
     {"delete version",
      [](OpenedProduct& p) {
-       p.dialogs.ExpectQuestion(LoadText(226), tools::MessageAnswer::Yes);
+       p.dialogs.ExpectQuestion(LoadText(model::Text::ConfirmDeletion), tools::MessageAnswer::Yes);
        p.operations.DeleteVersion(1, "1.0.0");
      }},
     {"add component",
      [](OpenedProduct& p) {
-       p.dialogs.ExpectInputBox(LoadText(228), "B");
+       p.dialogs.ExpectInputBox(LoadText(model::Text::EnterComponentTitle), "B");
        p.operations.AddComponent(1);
      }},
     {"delete component",
      [](OpenedProduct& p) {
-       p.dialogs.ExpectQuestion(LoadText(226), tools::MessageAnswer::Yes);
+       p.dialogs.ExpectQuestion(LoadText(model::Text::ConfirmDeletion), tools::MessageAnswer::Yes);
        p.operations.DeleteComponent(1, 1, "1.0.0", "A");
      }},
     {"new product", [](OpenedProduct& p) {

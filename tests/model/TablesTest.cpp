@@ -7,12 +7,12 @@
 namespace model {
 
 TEST(TextTable, GivesTextsByNumber) {
-  EXPECT_EQ(LoadText(200), "Packwright");
-  EXPECT_EQ(LoadText(288), "Ordner \"%name%\"");
-  EXPECT_EQ(LoadText(397),
+  EXPECT_EQ(LoadText(Text::ProgramName), "Packwright");
+  EXPECT_EQ(LoadText(Text::NamedFolder), "Ordner \"%name%\"");
+  EXPECT_EQ(LoadText(Text::AllValuesAreRemoved),
             "Alle Werte, die für \"%key%\" gespeichert sind, werden unwiderruflich gelöscht!");
   for (const std::int32_t number : {INT32_MIN, -1, 0, 199, 398, INT32_MAX}) {
-    EXPECT_EQ(LoadText(number), "") << number;
+    EXPECT_EQ(LoadText(Text{number}), "") << number;
   }
 }
 

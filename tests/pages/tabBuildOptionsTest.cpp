@@ -31,8 +31,9 @@ class tabBuildOptionsTest : public QObject {
   void AVersionWithoutSettingsShowsAndStoresTheDefaults() {
     Fixture f("");
     const QString folder = f.Path("Demo/Ausgabe/Debug");
-    QCOMPARE(f.Shown(), "Tessel-Installer|" + pages::Text(338) + "|Debug|Konfiguration=Debug|" +
-                            "Ausgabeordner=" + folder + "|Sprache (LCID)=0");
+    QCOMPARE(f.Shown(),
+             "Tessel-Installer|" + pages::Caption(model::Text::TesselInstallerDescription) +
+                 "|Debug|Konfiguration=Debug|" + "Ausgabeordner=" + folder + "|Sprache (LCID)=0");
     f.page->ApplyChanges();
     QCOMPARE(f.File(f.kVersionFile),
              "[BuildCommon]\nInstallerType=1\nActiveConfig=1\n\n"
@@ -45,7 +46,8 @@ class tabBuildOptionsTest : public QObject {
     QCOMPARE(f.Shown(),
              "|||Konfiguration=|Ausgabeordner=" + f.Path("Demo/Ausgabe/") + "|Sprache (LCID)=0");
     QTest::keyClick(&Child(*f.page, "cmbInstallerType"), Qt::Key_Down);
-    QVERIFY(f.Shown().startsWith("Tessel-Installer|" + pages::Text(338)));
+    QVERIFY(f.Shown().startsWith("Tessel-Installer|" +
+                                 pages::Caption(model::Text::TesselInstallerDescription)));
     QVERIFY(f.page->IsDirty());
     f.page->ApplyChanges();
     QCOMPARE(f.File(f.kVersionFile), "[BuildCommon]\nInstallerType=1\nActiveConfig=99999999999\n");
@@ -72,7 +74,8 @@ class tabBuildOptionsTest : public QObject {
     QCOMPARE(Rows(Grid(*f.page)), "Konfiguration=Release|Ausgabeordner=out;2|Sprache (LCID)=1031");
     QVERIFY(f.File(f.kVersionFile).endsWith("Locale=1031\n\n[BuildCommon]\nActiveConfig=2\n"));
     DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), "Konfiguration"));
-    QCOMPARE(Told(f.dialogs), pages::Text(240) + "|" + pages::Text(239));
+    QCOMPARE(Told(f.dialogs), pages::Caption(model::Text::ChangeProperty) + "|" +
+                                  pages::Caption(model::Text::ValueNotEditable));
     QVERIFY(!f.page->IsDirty());
   }
 
@@ -82,7 +85,7 @@ class tabBuildOptionsTest : public QObject {
     const QString edited = f.Shown();
     f.disk.FailAt(FaultyDisk::Step::Write, 1);
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
-      f.dialogs.ExpectQuestion(model::LoadText(341), answer);
+      f.dialogs.ExpectQuestion(model::LoadText(model::Text::SaveBeforeConfigurationChange), answer);
       f.ChooseNext();
       QCOMPARE(f.Shown(), edited);
       QVERIFY(f.page->IsDirty());
@@ -91,7 +94,8 @@ class tabBuildOptionsTest : public QObject {
     QCOMPARE(f.dialogs.Messages().size(), 3U);  // the error among them
 
     f.disk.FailAt(FaultyDisk::Step::Write, 1000);
-    f.dialogs.ExpectQuestion(model::LoadText(341), MessageAnswer::Yes);
+    f.dialogs.ExpectQuestion(model::LoadText(model::Text::SaveBeforeConfigurationChange),
+                             MessageAnswer::Yes);
     f.ChooseNext();
     QVERIFY(!f.page->IsDirty());
     QVERIFY(f.Shown().contains("|Release|Konfiguration=Release|"));

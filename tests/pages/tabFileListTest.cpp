@@ -120,7 +120,7 @@ class tabFileListTest : public QObject {
     Edit(script, *f.page, "Eintragstyp", "1");
     for (const char* fixed : {"GUID", "Vorhanden", "Version", "Datum"}) {
       DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), fixed));
-      QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(239));
+      QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(model::Text::ValueNotEditable));
     }
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("File1", {"SourcePath", "Vital", "ID"}), "ü; \"漢\"|-1|a");

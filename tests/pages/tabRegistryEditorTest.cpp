@@ -164,7 +164,8 @@ class tabRegistryEditorTest : public QObject {
     f.AddValue("voll", "x");
     f.AddValue("leer", "");
     for (const char* taken : {"voll", "@", "leer"}) f.RefuseValue(taken);
-    const QString refusal = pages::Text(394) + "|" + pages::Text(395) + "\n";
+    const QString refusal = pages::Caption(model::Text::NewValue) + "|" +
+                            pages::Caption(model::Text::ValueExists) + "\n";
     QVERIFY(Told(f.dialogs).startsWith(refusal + refusal + "Fehler|"));
     QCOMPARE(f.Values(), QString(kUnset) + "|voll=x|leer=");
   }
@@ -176,7 +177,8 @@ class tabRegistryEditorTest : public QObject {
     QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\Neu");
     f.Go("(Ebene höher)");
     f.GoToNewKey(" SOFTWARE ");
-    QCOMPARE(Told(f.dialogs), pages::Text(386) + "|" + pages::Text(388));
+    QCOMPARE(Told(f.dialogs),
+             pages::Caption(model::Text::NewKey) + "|" + pages::Caption(model::Text::KeyExists));
     QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
     f.GoToNewKey(" ");
     QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
