@@ -34,8 +34,17 @@ std::string StoredOutputFolder(const model::ModProject& project, std::int32_t ve
     throw tools::Error("Die aktive Konfiguration der Version ist ungültig: " +
                        std::string(error.what()));
   }
-  return project.ReadVersionSetting(version, "Build" + std::to_string(number), "OutputFolder",
-                                    project.DefaultOutputFolder(number));
+  const bool isKnown = number == 1 || number == 2;
+  const std::string folder =
+      project.ReadVersionSetting(version, "Build" + std::to_string(number), "OutputFolder",
+                                 isKnown ? project.DefaultOutputFolder(number) : std::string());
+  // The folder proposed for no configuration holds those of all of them.
+  if (!isKnown && folder.empty()) {
+    throw tools::Error(
+        "Die aktive Konfiguration der Version ist ungültig: " + project.VersionFilePath(version) +
+        " ([BuildCommon] ActiveConfig=" + configuration + ")");
+  }
+  return folder;
 }
 
 engine::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t version,

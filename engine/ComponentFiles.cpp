@@ -19,7 +19,8 @@ void RequireVersionFile(const model::ModProject& project, std::int32_t version) 
     throw tools::PathError("Die Datei der Version kann nicht gelesen werden", path,
                            std::make_error_code(std::errc::is_a_directory));
   }
-  if (SectionNames(project.Settings().Load(path)->Render()).empty()) {
+  const std::string text = project.Settings().Load(path)->Render();
+  if (SectionNames(text).empty() || text.find('\0') != std::string::npos) {
     throw tools::Error("Die Datei der Version ist leer oder beschädigt: " + path);
   }
 }

@@ -29,10 +29,10 @@ bool Holds(const std::string& output, const std::string& place) {
 
 bool HoldsProduct(const std::string& output, const model::ModProject& project) {
   if (Holds(output, project.ProductPath())) return true;
-  const auto slots = project.VersionSlots();
-  return std::any_of(slots.begin(), slots.end(), [&](std::int32_t slot) {
-    return model::IsSafeVersionText(project.VersionString(slot)) &&
-           Holds(output, tools::FolderOf(project.VersionFilePath(slot)));
+  // Those beyond a damaged count, too.
+  const std::vector<std::string> versions = project.StoredVersionTexts();
+  return std::any_of(versions.begin(), versions.end(), [&](const std::string& version) {
+    return model::IsSafeVersionText(version) && Holds(output, project.VersionFolder(version));
   });
 }
 
@@ -61,9 +61,7 @@ OutputFolder Refuse(FolderRefusal refusal, model::Text text, const std::string& 
 std::string OutputFolderPath(std::string_view text, const model::ModProject& project) {
   const std::string_view trimmed = tools::TrimBlanks(text);
   if (trimmed.empty()) return {};
-  const std::string separator(1, tools::kPathSeparator);
-  return tools::CanonicalPath(
-      tools::ResolvePath(tools::ReplaceAll(trimmed, "\\", separator), project.ProductFolder()));
+  return tools::CanonicalPath(tools::ResolvePath(trimmed, project.ProductFolder()));
 }
 
 OutputFolder AcceptOutputFolder(std::string_view text, const model::ModProject& project,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 
 #include "engine/OutputFolder.h"
 #include "tools/Text.h"
@@ -46,33 +47,55 @@ void MoveContent(tools::Disk& disk, const std::string& from, const std::string& 
 
 }  // namespace
 
-void SetupStage::Recover(tools::Disk& disk, const std::string& outputFolder) {
-  if (!tools::FolderExists(outputFolder)) return;
+namespace {
+
+/// Calls `action` for each hidden folder in the output folder that no running build holds.
+void ForEachLeftover(const std::string& outputFolder,
+                     const std::function<void(const std::string& stage)>& action) {
   for (const std::string& name : NamesIn(outputFolder)) {
-    if (!tools::IsTemporaryName(name)) continue;
     const std::string stage = tools::JoinPath(outputFolder, name);
+    if (!tools::IsTemporaryName(name) || !tools::FolderExists(stage)) continue;
     std::optional<tools::FolderLock> lock;
     try {
       lock.emplace(stage);
     } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): another build is still at it
       continue;
     }
-    // Only a new setup that is whole replaces an old one: once all of that is aside, go forward.
-    const bool isReplaced = IsThere(tools::JoinPath(stage, kReplaced));
-    MoveContent(disk, tools::JoinPath(stage, isReplaced ? kNew : kOld), outputFolder);
-    const std::string old = tools::JoinPath(stage, kOld);
+    action(stage);
+  }
+}
+
+/// Only a new setup that is whole replaces an old one: once all of that is aside, go forward.
+std::string ContentToRestore(const std::string& stage) {
+  return tools::JoinPath(stage, IsThere(tools::JoinPath(stage, kReplaced)) ? kNew : kOld);
+}
+
+void RemoveLeftovers(const std::string& outputFolder) {
+  ForEachLeftover(outputFolder, [](const std::string& stage) {
+    const std::string content = ContentToRestore(stage);
     // Somebody else's files have taken its names: it stays where it is.
-    if (!isReplaced && IsThere(old) && !NamesIn(old).empty()) continue;
+    if (IsThere(content) && !content.ends_with(kNew) && !NamesIn(content).empty()) return;
     try {
       tools::RemoveFolderTree(stage);
     } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the next build tries again
     }
-  }
+  });
+}
+
+}  // namespace
+
+void SetupStage::Recover(tools::Disk& disk, const std::string& outputFolder) {
+  if (!tools::FolderExists(outputFolder)) return;
+  const tools::FolderLock lock(outputFolder);
+  ForEachLeftover(outputFolder, [&](const std::string& stage) {
+    MoveContent(disk, ContentToRestore(stage), outputFolder);
+  });
 }
 
 SetupStage::SetupStage(tools::Disk& disk, std::string outputFolder)
     : disk_(disk), outputFolder_(std::move(outputFolder)) {
-  tools::MakeFolder(outputFolder_);
+  madeFolders_ = tools::MakeFolder(outputFolder_);
+  RemoveLeftovers(outputFolder_);
   stage_ = tools::TemporaryNameBeside(InOutput("x"));
   new_ = tools::JoinPath(stage_, kNew);
   old_ = tools::JoinPath(stage_, kOld);
@@ -93,6 +116,11 @@ SetupStage::~SetupStage() {
     tools::RemoveFolderTree(stage_);
   } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the next build here tries again
   }
+  // Only an empty folder can be removed so.
+  std::error_code ignored;
+  for (; !madeFolders_.empty(); madeFolders_.pop_back()) {
+    std::filesystem::remove(tools::ToPath(madeFolders_.back()), ignored);
+  }
 }
 
 std::string SetupStage::WithUsersPaths(const std::string& text) const {
@@ -100,6 +128,7 @@ std::string SetupStage::WithUsersPaths(const std::string& text) const {
 }
 
 std::optional<tools::Error> SetupStage::Publish(bool mayDelete) {
+  const tools::FolderLock lock(outputFolder_);  // two builds must not mix their moves
   const std::vector<std::string> names = NamesIn(new_);
   try {
     // All of the old setup goes before any of the new one comes: whenever this ends, no mixture of

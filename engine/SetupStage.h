@@ -18,15 +18,15 @@ namespace engine {
 class SetupStage {
  public:
   /// Puts right what killed builds left in an output folder: a setup that was moving in goes on
-  /// doing so, one that was being set aside goes back, and hidden folders that no running build
-  /// holds are removed. Call it before looking at what the folder holds. Raises tools::Error naming
-  /// what could not be moved; nothing is then removed.
+  /// doing so, and one that was being set aside goes back. Removes nothing. Call it before looking
+  /// at what the folder holds. Raises tools::Error naming what could not be moved.
   static void Recover(tools::Disk& disk, const std::string& outputFolder);
 
-  /// Creates the output folder where it is missing and the hidden folder in it. `disk` must outlive
-  /// the stage. Raises tools::Error.
+  /// Creates the output folder where it is missing and the hidden folder in it, and removes the
+  /// hidden folders that no running build holds. `disk` must outlive the stage. Raises
+  /// tools::Error.
   SetupStage(tools::Disk& disk, std::string outputFolder);
-  /// Removes what was not published.
+  /// Removes what was not published, and folders made for it that are empty.
   ~SetupStage();
   SetupStage(const SetupStage&) = delete;
   SetupStage& operator=(const SetupStage&) = delete;
@@ -53,6 +53,7 @@ class SetupStage {
 
   tools::Disk& disk_;
   std::string outputFolder_;
+  std::vector<std::string> madeFolders_;   ///< by the constructor, the outermost first
   std::string stage_;                      ///< the hidden folder, and in it
   std::string new_;                        ///< the new setup, and
   std::string old_;                        ///< the old content while it is set aside, and

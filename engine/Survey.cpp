@@ -31,8 +31,10 @@ SurveyProblem ValueProblem(std::string logText, std::string userText) {
 }
 
 bool IsNoComponent(const tools::SettingsFile& settings) {
-  if (settings.Find("Component", "Title")) return false;
   const std::string text = settings.Render();
+  // A loss of power can leave NULs in place of a part of a file.
+  if (text.find('\0') != std::string::npos) return true;
+  if (settings.Find("Component", "Title")) return false;
   const std::vector<std::string_view> names = SectionNames(text);
   return std::none_of(names.begin(), names.end(), [](std::string_view name) {
     return tools::EqualIgnoringCase(name, "Component");
@@ -52,14 +54,25 @@ class Surveyor {
   Survey Run(bool lookForSources) {
     onlyFolders_ = !lookForSources;
     RequireVersionFile(project_, version_);
+    const std::vector<std::int32_t> slots = ComponentFileSlots(project_, version_);
+    RequireCount(slots);
     const std::int32_t count = project_.ComponentCount(version_);
-    for (const std::int32_t slot : ComponentFileSlots(project_, version_)) {
+    for (const std::int32_t slot : slots) {
       if (slot <= count) VisitSlot(slot);
     }
     return std::move(survey_);
   }
 
  private:
+  // A version file that lost its end would build to an empty setup.
+  void RequireCount(const std::vector<std::int32_t>& slots) const {
+    if (slots.empty()) return;
+    const std::string count = project_.ReadVersionSetting(version_, "Components", "Count", "");
+    if (!tools::TrimBlanks(count).empty()) return;
+    throw tools::Error("Die Anzahl der Komponenten fehlt: " + project_.VersionFilePath(version_) +
+                       " ([Components] Count)");
+  }
+
   void VisitSlot(std::int32_t slot) {
     SurveyedComponent component;
     component.slot = slot;
@@ -103,6 +116,7 @@ class Surveyor {
     component.isInstalled = !component.title.empty();
     std::int32_t count = kAnyNumber;
     try {
+      RequireFileCount();
       count = model::ReadFileCount(read_);
       if (component.isInstalled && !onlyFolders_) {
         VisitEntries(component, count);
@@ -115,6 +129,13 @@ class Surveyor {
           std::string("Die Anzahl der Dateien ist ungültig: ") + error.what()));
     }
     AddStoredLocations(count);
+  }
+
+  // Without one, entries that are there would be left out without a word.
+  void RequireFileCount() const {
+    if (!tools::TrimBlanks(settings_->Read("Files", "Count", "")).empty()) return;
+    if (model::SlotsNamedIn(settings_->Render(), "File", kAnyNumber).empty()) return;
+    throw tools::Error("([Files] Count)");
   }
 
   static void NoteNoComponent(SurveyedComponent& component, const std::string& path,
@@ -185,8 +206,8 @@ class Surveyor {
 
   // Many entries share their folder: the set holds each place once.
   void AddLocation(const model::ICFile& entry) {
+    // Entries of types unknown here count as files: their sources are as dear to somebody.
     const bool scan = entry.Type == model::ICFile::kFolderScan;
-    if (!scan && entry.Type != model::ICFile::kSingleFile) return;
     const std::string folder = SourceFolderOf(entry, scope_.productFolder);
     survey_.sourceFolders.insert(folder);
     if (scan) return;

@@ -1,5 +1,6 @@
 #include "model/ICFile.h"
 
+#include "model/SlotNumbers.h"
 #include "tools/Numbers.h"
 
 namespace model {
@@ -14,7 +15,7 @@ constexpr std::string_view kCountKey = "Count";
 std::string FileEntrySection(std::int32_t number) { return "File" + std::to_string(number); }
 
 std::int32_t ReadFileCount(const SettingReader& read) {
-  return tools::ToInt32(read(kCountSection, kCountKey, "0"));
+  return StoredCount(read(kCountSection, kCountKey, "0"), {}, kCountSection, kCountKey);
 }
 
 void WriteFileCount(const SettingWriter& write, std::int32_t count) {

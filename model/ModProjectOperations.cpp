@@ -205,8 +205,14 @@ bool ModProjectOperations::HaveOneFolder(const std::string& stored,
 
 std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
     std::int32_t latest) const {
-  auto file = latest == 0 ? std::make_shared<tools::SettingsFile>()
-                          : project_.Settings().Load(project_.VersionFilePath(latest))->Clone();
+  auto file = std::make_shared<tools::SettingsFile>();
+  if (latest != 0) {
+    const std::string path = project_.VersionFilePath(latest);
+    file = project_.Settings().Load(path)->Clone();
+    if (file->Render().find('\0') != std::string::npos) {
+      throw tools::PathError("Die Datei der letzten Version ist beschädigt", path, {});
+    }
+  }
   file->Write("General", "Created", clock_.DateTimeText());
   return file;
 }
@@ -268,10 +274,15 @@ void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string
   const std::string folder = tools::FolderOf(project_.VersionFilePath(version));
   const std::string removed = tools::TemporaryNameBeside(folder);
   const std::string key = NumberedKey("Ver", version);
+  // After a careless merge another slot may hold the same version.
+  const std::vector<std::string> stored = project_.StoredVersionTexts();
+  const bool isShared = std::count_if(stored.begin(), stored.end(), [&](const std::string& text) {
+                          return HaveOneFolder(text, shownText);
+                        }) > 1;
   Change([&](Undo& undo) {
     project_.WriteProductSetting(kVersions, key, "");
     undo.Add([&] { project_.WriteProductSetting(kVersions, key, shownText); });
-    if (tools::FolderExists(folder)) disk_.MoveFolder(folder, removed);
+    if (!isShared && tools::FolderExists(folder)) disk_.MoveFolder(folder, removed);
   });
   RemoveAndShow(removed);
 }

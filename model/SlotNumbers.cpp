@@ -41,7 +41,8 @@ std::int32_t StoredCount(const std::string& text, std::string_view path, std::st
   }
   if (count >= 0) return count;
   std::string description = "Die Anzahl ist ungültig: ";
-  description.append(path).append(" ([").append(section).append("] ").append(key);
+  if (!path.empty()) description.append(path).append(" ");
+  description.append("([").append(section).append("] ").append(key);
   throw tools::Error(description.append("=").append(text).append(")"));
 }
 

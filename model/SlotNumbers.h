@@ -13,8 +13,9 @@ namespace model {
 /// the functions below.
 inline constexpr std::int32_t kCheapSlotCount = 10000;
 
-/// A count from its stored text, which is that of `key` in `section` of the file at `path`. Raises
-/// tools::Error naming file and key for a negative number or one of over 31 bits.
+/// A count from its stored text, which is that of `key` in `section` of the file at `path` (empty
+/// where the caller names the file). Raises tools::Error naming file and key for a negative number
+/// or one of over 31 bits.
 [[nodiscard]] std::int32_t StoredCount(const std::string& text, std::string_view path,
                                        std::string_view section, std::string_view key);
 

@@ -38,7 +38,7 @@ std::string RegistrationText(const setup::Plan& plan) {
 }
 
 std::string DifferenceText(const setup::Difference& difference) {
-  const std::string change =
+  std::string change =
       difference.what + ": " + difference.oldValue + " -> " + difference.newValue;
   switch (difference.kind) {
     case setup::Difference::Kind::Head:

@@ -180,6 +180,7 @@ std::vector<std::string> SettingsStore::PendingPaths() const {
   }
   std::sort(pending.begin(), pending.end());
   std::vector<std::string> paths;
+  paths.reserve(pending.size());
   for (auto& [time, path] : pending) paths.push_back(std::move(path));
   return paths;
 }
