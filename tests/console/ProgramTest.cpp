@@ -161,11 +161,16 @@ TEST_F(ProgramTest, AFullDiskIsAnExitCodeOfItsOwn) {
 }
 
 TEST_F(ProgramTest, TellsNumbersThatAreOutOfRange) {
-  product_.Project().WriteVersionSetting(1, "BuildCommon", "ActiveConfig", "3000000000");
-  EXPECT_EQ(Build({}), ExitCode::Stopped);
-  EXPECT_THAT(errors_, HasSubstr("Die aktive Konfiguration der Version ist ungültig"));
-  EXPECT_EQ(Build({"--check"}), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(output_, HasSubstr("1 Beanstandung."));
+  folder_.Write("Produkt/Ausgabe/Release/Probe.zip", "alt");
+  for (const char* active : {"3000000000", "7", ""}) {
+    SCOPED_TRACE(active);
+    product_.Project().WriteVersionSetting(1, "BuildCommon", "ActiveConfig", active);
+    EXPECT_EQ(Build({"--overwrite"}), ExitCode::Stopped);
+    EXPECT_THAT(errors_, HasSubstr("Die aktive Konfiguration der Version ist ungültig"));
+    EXPECT_EQ(Build({"--check"}), ExitCode::BuiltWithErrors);
+    EXPECT_THAT(output_, HasSubstr("1 Beanstandung."));
+  }
+  EXPECT_TRUE(folder_.Holds("Produkt/Ausgabe/Release/Probe.zip"));
 }
 
 TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {

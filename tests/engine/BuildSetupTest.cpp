@@ -209,14 +209,34 @@ TEST_F(BuildSetupTest, LeavesOutComponentsOfNoUseWithAWord) {
 TEST_F(BuildSetupTest, DoesNotBuildAVersionWithoutAUsableFile) {
   const std::string path = folder_.Path("Produkt/Version 1.0.0/product.version");
   folder_.Write("aus/alt.zip", "alt");
-  for (const std::string& content : {std::string(), std::string(20, '\0'), std::string("x=1")}) {
+  for (const std::string& content : {std::string(), std::string(20, '\0'), std::string("x=1"),
+                                     std::string("[General]\n\0", 11)}) {
     folder_.Write("Produkt/Version 1.0.0/product.version", content);
     EXPECT_EQ(tests::ErrorOf([&] { Run(); }),
               "Die Datei der Version ist leer oder beschädigt: " + path);
   }
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("Produkt/Version 1.0.0/product.version", "[General]\nCreated=x\n");
+  EXPECT_EQ(tests::ErrorOf([&] { Run(); }),
+            "Die Anzahl der Komponenten fehlt: " + path + " ([Components] Count)");
   tools::DeleteFile(path);
   EXPECT_EQ(tests::ErrorOf([&] { Run(); }), "Die Datei der Version fehlt: " + path);
   EXPECT_EQ(Out("alt.zip"), "alt");
+}
+
+TEST_F(BuildSetupTest, TellsOfAComponentWhoseEntriesCannotBeCounted) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  const std::string entry = "[File1]\n" + Source("a.txt", "a");
+  for (const std::string& files :
+       {std::string("[Files]\nCount=-1\n"), std::string("[Files]\nCount=\n"), std::string(),
+        std::string("[Files]\nCount=1\n\0", 17)}) {
+    folder_.Write("Produkt/Version 1.0.0/component1.component",
+                  "[Component]\nTitle=A\n" + files + entry);
+    settings_["folder"] = folder_.Path("aus");
+    tools::RemoveFolderTree(folder_.Path("aus"));
+    Run();
+    EXPECT_EQ(summary_->errors, 1) << files;
+  }
 }
 
 TEST_F(BuildSetupTest, ScansPassOverTheOutputFolder) {

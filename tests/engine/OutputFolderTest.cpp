@@ -48,9 +48,11 @@ TEST_F(OutputFolderTest, RefusesBlankTextRootAndHome) {
 TEST_F(OutputFolderTest, RefusesFoldersThatHoldTheProduct) {
   project_.WriteProductSetting("Versions", "Count", "2");
   project_.WriteProductSetting("Versions", "Ver2", "2.0.0");
+  project_.WriteProductSetting("Versions", "Ver9", "beyond the count");
   EXPECT_EQ(Refused({"", "Produkt", "Produkt/.", "Produkt/Version 1.0.0", "Produkt/Version 2.0.0",
-                     "Produkt/x/../Version 1.0.0", "Produkt/Version 3.0.0", "Produkt2"}),
-            "pppppp--");
+                     "Produkt/x/../Version 1.0.0", "Produkt/Version beyond the count",
+                     "Produkt/Version 3.0.0", "Produkt2"}),
+            "ppppppp--");
 }
 
 TEST_F(OutputFolderTest, RefusesFoldersThatHoldSourcesWhateverTheirEntriesSay) {
@@ -60,10 +62,16 @@ TEST_F(OutputFolderTest, RefusesFoldersThatHoldSourcesWhateverTheirEntriesSay) {
   product_.AddComponent("", {Source("e/e.txt", "e")});
   product_.AddComponent("C", {Source("f/f.txt", "f")});
   project_.WriteComponentSetting(1, 4, "Files", "Count", "3000000000");
+  product_.AddComponent("D", {Source("g/g.txt", "g")});
+  project_.WriteComponentSetting(1, 5, "Files", "Count", "-1");
+  product_.AddComponent("E", {Source("h/h.txt", "h")});
+  project_.WriteComponentSetting(1, 6, "Files", "Count", "");
+  product_.AddComponent("F", {Source("i/i.txt", "i", "Type=0\n")});
   folder_.Write("quelle/c/aus/liste.txt", "");
-  EXPECT_EQ(Refused({"quelle", "quelle/a", "quelle/b", "quelle/c", "quelle/d", "quelle/e",
-                     "quelle/f", "quelle/a/aus", "quelle/c/aus"}),
-            "sssssss--");
+  EXPECT_EQ(
+      Refused({"quelle", "quelle/a", "quelle/b", "quelle/c", "quelle/d", "quelle/e", "quelle/f",
+               "quelle/g", "quelle/h", "quelle/i", "quelle/a/aus", "quelle/c/aus"}),
+      "ssssssssss--");
 }
 
 TEST_F(OutputFolderTest, RefusesAPlaceThatAFileTakes) {

@@ -189,6 +189,14 @@ TEST_F(ModProjectOperationsTest, DeletesAVersionWithItsFolderAfterConfirmation) 
   EXPECT_EQ(FileCount(), 2U);
 }
 
+TEST_F(ModProjectOperationsTest, DeletingOneOfTwoSlotsWithOneVersionKeepsItsFolder) {
+  OpenProduct("Count=2\nVer1=1.0.0\nVer2=1.0.0\n");
+  folder_.Write("Version 1.0.0/product.version", "[General]\nCreated=x\n");
+  DeleteVersion(MessageAnswer::Yes);
+  EXPECT_EQ(project_.VersionString(1), "");
+  EXPECT_TRUE(folder_.Holds("Version 1.0.0/product.version"));
+}
+
 TEST_F(ModProjectOperationsTest, DeletesNothingWhenTheSlotHoldsSomethingElseThanShown) {
   OpenProduct("Count=1\nVer1=1.0.0\n");
   folder_.Write("Version 1.0.0/product.version", "[Components]\nCount=1\n");
