@@ -208,17 +208,18 @@ void tabFileList::FillDestinationFolders() {
 std::string tabFileList::Title() const { return model::LoadText(Text::FilesPage); }
 
 void tabFileList::ReadSettings() {
-  std::vector<bool> hasType;  // of the entries read so far
+  std::vector<bool> typed;  // of the sections read so far
   model::FileEntries entries =
       model::ReadFileEntries([&](auto section, auto key, auto defaultValue) {
-        if (key == kType) hasType.push_back(IsTypeStored(section));
+        if (key == kType) typed.push_back(IsTypeStored(section));
         return Host()->Read(section, key, defaultValue);
       });
   entries_ = std::move(entries);
   untyped_.clear();
-  auto typed = hasType.begin();
+  typedSections_ = std::move(typed);
+  auto hasType = typedSections_.begin();
   for (const model::ICFile& entry : entries_) {
-    if (!*typed++) untyped_.insert(entry.ID);
+    if (!*hasType++) untyped_.insert(entry.ID);
   }
   RefreshFileList();
 }
@@ -229,17 +230,30 @@ bool tabFileList::IsTypeStored(std::string_view section) const {
 }
 
 void tabFileList::WriteSettings() {
-  auto entry = entries_.begin();  // the one whose keys are written
-  bool first = true;
+  // What is read through the host counts as seen: reading here would hide what another program has
+  // written meanwhile.
+  auto entry = entries_.begin();  // the one whose type is written next
+  std::size_t position = 0;
   model::WriteFileEntries(
       [&](auto section, auto key, auto value) {
         if (key != kType) return Host()->Save(section, key, value);
-        if (!std::exchange(first, false)) ++entry;
-        if (!untyped_.contains(entry->ID)) return Host()->Save(section, key, value);
+        const bool untyped = untyped_.contains((entry++)->ID);
+        const bool stored = position < typedSections_.size() && typedSections_[position];
+        ++position;
+        if (!untyped) return Host()->Save(section, key, value);
         // Builds read a missing type as a single file: it must not become the 0 that is shown.
-        if (IsTypeStored(section)) Host()->Save(section, key, model::kBuildDefaultType);
+        if (stored) Host()->Save(section, key, model::kBuildDefaultType);
       },
       entries_);
+}
+
+void tabFileList::SettingsWritten() {
+  std::size_t position = 0;
+  for (const model::ICFile& entry : entries_) {
+    if (position == typedSections_.size()) typedSections_.push_back(false);
+    if (!untyped_.contains(entry.ID)) typedSections_[position] = true;
+    ++position;
+  }
 }
 
 void tabFileList::RefreshFileList() {

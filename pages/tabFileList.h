@@ -52,6 +52,7 @@ class tabFileList : public EditorPage {
 
  protected:
   void WriteSettings() override;
+  void SettingsWritten() override;
 
  private:
   void BuildBrowser();
@@ -74,7 +75,7 @@ class tabFileList : public EditorPage {
   void ChangeProperty(const QString& name, const QString& text);
   void SelectEntry(const std::string& id);
   [[nodiscard]] std::int32_t ChosenFolder() const;
-  /// True when that section has the key "Type", be it empty.
+  /// True when that section has the key "Type", be it empty. Not while writing.
   [[nodiscard]] bool IsTypeStored(std::string_view section) const;
   void ShowPopup(const QPoint& globalPosition);
 
@@ -82,6 +83,7 @@ class tabFileList : public EditorPage {
   tools::GuidSource guids_;
   model::FileEntries entries_;
   std::unordered_set<std::string> untyped_;  ///< IDs of entries that were stored without a type
+  std::vector<bool> typedSections_;  ///< which of the sections "File1", "File2" ... store a type
   FileListModel* shownEntries_;
   bool filling_ = false;  ///< the list of destination folders is being filled
 

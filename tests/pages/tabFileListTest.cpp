@@ -180,6 +180,11 @@ class tabFileListTest : public QObject {
     Press(*f.page, "cmdRemoveFile");
     f.page->ApplyChanges();
     QCOMPARE(types(f), "2|1|0|0");
+
+    Fixture other("[Files]\nCount=1\n[File1]\nID=a\nTargetFolder=2\n");
+    other.folder.Write(other.kComponentFile, std::string("[Component]\nTitle=Kern\n") + kOneEntry);
+    other.page->ApplyChanges();
+    QCOMPARE(other.Stored("File1", {"Type"}), "2");
   }
 
   void TheWheelOverAnUnfocusedFolderBoxChangesNothing() {
