@@ -20,6 +20,12 @@ namespace {
 
 constexpr std::string_view kClassPrefix = "Packwright.";
 
+/// The author chose to keep what another program did to the file.
+class OverwritingRefused : public tools::Error {
+ public:
+  using tools::Error::Error;
+};
+
 }  // namespace
 
 EditorTabs::EditorTabs(EditorArea& area, model::ModProject& project, tools::Dialogs& dialogs,
@@ -56,12 +62,17 @@ void EditorTabs::OfferChanges(pages::EditorPage& page) {
       tools::MessageAnswer::Yes) {
     return;
   }
+  std::string refusal;
   area_.ShowHourglass(true);
   try {
     page.ApplyChanges();
+  } catch (const OverwritingRefused& error) {
+    // The page goes now, and with it what its author has just been told to keep.
+    refusal = error.what();
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): only saving reports failures
   }
   area_.ShowHourglass(false);
+  if (!refusal.empty()) tools::ShowError(dialogs_, refusal);
 }
 
 void EditorTabs::AllowOverwriting(const pages::EditorPage& page, const std::string& file) {
@@ -75,7 +86,7 @@ void EditorTabs::AllowOverwriting(const pages::EditorPage& page, const std::stri
                             .buttons = tools::MessageButtons::YesNo,
                             .defaultAnswer = tools::MessageAnswer::No}) !=
       tools::MessageAnswer::Yes) {
-    throw tools::Error(withNames(Text::PageNotSaved));
+    throw OverwritingRefused(withNames(Text::PageNotSaved));
   }
 }
 

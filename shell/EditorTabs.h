@@ -27,7 +27,8 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   ~EditorTabs() override;
 
   /// Removes all pages; with `ask`, each page with changes is first offered for applying. What
-  /// applying then raises is dropped. A page that cannot tell whether it has changes ends the
+  /// applying then raises is dropped, but for a refusal to overwrite what another program did: that
+  /// is shown. A page that cannot tell whether it has changes ends the
   /// removal: it and the pages behind it stay.
   void Reset(bool ask) override;
   /// Makes the pages of a node, hidden: each is a control of the class "Packwright." and its name,

@@ -100,6 +100,14 @@ class EditorTabsTest : public QObject {
     f.dialogs.ExpectQuestion("Möchten Sie", MessageAnswer::Yes);
     f.page->ApplyChanges();
     QVERIFY(f.File(f.kProductFile).contains("\nAuthor=Änne\n"));
+
+    Edit(*f.page, "Autor", "Cem");
+    f.folder.Write(f.kProductFile, theirs);
+    f.dialogs.ExpectQuestion("der Seite \"Produkt\" übernehmen?", MessageAnswer::Yes);
+    f.dialogs.ExpectQuestion("die Eingaben der Seite werden dann nicht", MessageAnswer::No);
+    f.tabs.Reset(true);
+    QVERIFY(Told(f.dialogs).contains("\nFehler|Die Seite \"Produkt\" wurde nicht gespeichert."));
+    QCOMPARE(f.area.hourglasses, 0);
   }
 
   void AsksNothingWhenToldNotToAndDoesNotReportAFailureToApply() {
