@@ -114,8 +114,9 @@ void tabBuildOptions::ConnectEvents() {
           [this] { ChangeInstallerType(); });
   connect(cmbConfiguration, &QComboBox::activated, this,
           Guarded(services_.dialogs, [this] { ChangeConfiguration(); }));
-  propsConfig->OnEditProperty([](const QString& key, QString&, EditReaction& reaction) {
-    if (key == kNameRow) reaction = EditReaction::NotEditable;
+  propsConfig->OnEditProperty([this](const QString& key, QString&, EditReaction& reaction) {
+    // What is edited while no configuration is shown would be stored nowhere.
+    if (key == kNameRow || shownPosition_ < 0) reaction = EditReaction::NotEditable;
   });
   propsConfig->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
 }

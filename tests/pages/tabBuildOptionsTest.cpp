@@ -45,6 +45,11 @@ class tabBuildOptionsTest : public QObject {
     Fixture f("[BuildCommon]\nInstallerType=2\nActiveConfig=99999999999\n");
     QCOMPARE(f.Shown(),
              "|||Konfiguration=|Ausgabeordner=" + f.Path("Demo/Ausgabe/") + "|Sprache (LCID)=0");
+    for (const char* row : {"Konfiguration", "Ausgabeordner", "Sprache (LCID)"}) {
+      DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), row));
+      QVERIFY(Told(f.dialogs).endsWith(pages::Caption(model::Text::ValueNotEditable)));
+    }
+    QCOMPARE(f.dialogs.Messages().size(), 3U);
     QTest::keyClick(&Child(*f.page, "cmbInstallerType"), Qt::Key_Down);
     QVERIFY(f.Shown().startsWith("Tessel-Installer|" +
                                  pages::Caption(model::Text::TesselInstallerDescription)));
