@@ -128,19 +128,22 @@ bool ModProjectOperations::CloseProduct(bool ask) {
   return true;
 }
 
-void ModProjectOperations::SaveAllPages() {
-  if (!project_.IsOpen()) return;
+std::vector<std::string> ModProjectOperations::SaveAllPages() {
+  std::vector<std::string> failed;
+  if (!project_.IsOpen()) return failed;
   view_->ShowHourglass(true);
   for (std::int32_t i = 1; i <= pages_->Count(); ++i) {
     OpenPage& page = pages_->Item(i);
     try {
       page.ApplyChanges();
     } catch (const std::exception& error) {
+      failed.push_back(page.Title());
       Refuse(error.what(), tools::StandardText(tools::kTextError));
     }
     page.SetDirty(false);
   }
   view_->ShowHourglass(false);
+  return failed;
 }
 
 bool ModProjectOperations::IsDirty() const {

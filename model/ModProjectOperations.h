@@ -39,7 +39,8 @@ class ModProjectOperations {
   /// cancelled.
   bool CloseProduct(bool ask);
   /// Applies every page, in order. A page that fails is reported and counts as saved all the same.
-  void SaveAllPages();
+  /// Returns the titles of those that failed.
+  std::vector<std::string> SaveAllPages();
   /// True when some page holds changes.
   [[nodiscard]] bool IsDirty() const;
 

@@ -1,6 +1,7 @@
 // The main window's pages with changes that a build would not see.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,14 +16,15 @@ class UnsavedPages {
   UnsavedPages(model::OpenPages& pages, model::ModProjectOperations& operations)
       : pages_(pages), operations_(operations) {}
 
-  /// Their titles in the order of the tabs.
+  /// Their titles in the order of the tabs, with those whose changes the last Save could not store.
   [[nodiscard]] std::vector<std::string> Titles() const;
   /// Saves every open page, as the main window's command does.
-  void Save() { operations_.SaveAllPages(); }
+  void Save();
 
  private:
   model::OpenPages& pages_;
   model::ModProjectOperations& operations_;
+  std::set<std::string> failed_;  ///< titles of pages that count as saved, but are not
 };
 
 }  // namespace wizards

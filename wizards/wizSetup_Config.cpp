@@ -12,6 +12,7 @@
 
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
+#include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
 #include "wizards/Languages.h"
@@ -54,6 +55,7 @@ wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t 
   cmbConfiguration_->addItems(
       {ToQString(LoadText(Text::Debug)), ToQString(LoadText(Text::Release))});
   PrepareLanguages(*cmbLanguage_);
+  for (QComboBox* box : {cmbConfiguration_, cmbLanguage_}) tools::IgnoreWheelWithoutFocus(*box);
   lblLanguageNote_->setObjectName(u"lblLanguageNote"_s);
   lblLanguageNote_->setWordWrap(true);
 

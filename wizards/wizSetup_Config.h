@@ -20,7 +20,8 @@ namespace wizards {
 /// proposed before.
 ///
 /// The build takes what is stored: `lblUnsavedPages` names the open pages with changes that are
-/// not, and `cmdSavePages` stores them. The values then follow what is stored now, as above.
+/// not, and `cmdSavePages` stores them; those that fail stay named. The values then follow what is
+/// stored now, as above.
 class wizSetup_Config : public tools::WizardOptionPage {
   Q_OBJECT
 

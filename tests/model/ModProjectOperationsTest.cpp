@@ -112,7 +112,7 @@ TEST_F(ModProjectOperationsTest, ClosingWarnsOfChangedPagesAndSavingGoesOnPastOn
   }
   EXPECT_THAT(window_.resets, ElementsAre());
   window_.pages[0].failure = "Seite kaputt";
-  operations_.SaveAllPages();
+  EXPECT_THAT(operations_.SaveAllPages(), ElementsAre(window_.pages[0].title));
   EXPECT_EQ(window_.pages[1].applied, 1);
   EXPECT_FALSE(operations_.IsDirty());
   EXPECT_EQ(dialogs_.LastMessage(), "Fehler|Seite kaputt");

@@ -1,4 +1,5 @@
 #include <QCheckBox>
+#include <QWheelEvent>
 
 #include "tests/support/FakeWindow.h"
 #include "tests/support/FixedClock.h"
@@ -222,6 +223,13 @@ class WizardsTest : public QObject {
     Type(Child(*f.page, "cmbLanguage"), "1055");
     QTest::keyClick(&configuration, Qt::Key_Down);
     QCOMPARE(f.store["language"], "1055");
+    Child(*f.page, "cmdSavePages").setFocus();
+    for (const char* box : {"cmbConfiguration", "cmbLanguage"}) {
+      QWheelEvent turn({5, 5}, Child(*f.page, box).mapToGlobal(QPoint(5, 5)), {}, {0, 120}, {}, {},
+                       Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(&Child(*f.page, box), &turn);
+    }
+    QCOMPARE(f.store["config"] + f.store["language"], "21055");
   }
 
   void UnsavedPagesAreNamedAndSavedAndTheValuesFollowUnlessTheAuthorSetOthers() {
@@ -258,6 +266,17 @@ class WizardsTest : public QObject {
     f.store["config"] = "2";
     save("1", "anders");
     QCOMPARE(Values(f.store), "config=2|folder=eigener|installertype=1|language=1031");
+
+    options.dirty = true;
+    for (FakePage& page : f.window.pages) page.failure = "kaputt";
+    for (int attempt = 0; attempt < 2; ++attempt) {
+      Press(*f.page, "cmdSavePages");
+      QVERIFY(notice.isVisible());
+      QVERIFY(Shown(*f.page, "lblUnsavedPages").endsWith(":\n• Erstellungs-Optionen"));
+    }
+    options.failure.clear();
+    Press(*f.page, "cmdSavePages");
+    QVERIFY(!notice.isVisible());
   }
 
   void ALanguageIsTypedAsNumberOrNameAndAnythingElseIsRefusedInPlace() {
