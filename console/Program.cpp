@@ -35,7 +35,7 @@ std::string StoredOutputFolder(const model::ModProject& project, std::int32_t ve
                        std::string(error.what()));
   }
   const bool isKnown = number == 1 || number == 2;
-  const std::string folder =
+  std::string folder =
       project.ReadVersionSetting(version, "Build" + std::to_string(number), "OutputFolder",
                                  isKnown ? project.DefaultOutputFolder(number) : std::string());
   // The folder proposed for no configuration holds those of all of them.

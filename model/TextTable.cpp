@@ -8,20 +8,20 @@ namespace model {
 
 namespace {
 
-struct NumberedText {
-  Text number;
-  const char* text;
+struct Row {
+  Text name;
+  const char* words;
 };
 
 constexpr std::array kTexts{
-#define TEXT(number, name, text) NumberedText{Text::name, text},
+#define TEXT(number, name, text) Row{Text::name, text},
 #include "resources/texts.de.inc"
 #undef TEXT
 };
 
 constexpr bool NumbersAscend() {
   for (std::size_t i = 1; i < kTexts.size(); ++i) {
-    if (kTexts[i].number <= kTexts[i - 1].number) return false;
+    if (kTexts[i].name <= kTexts[i - 1].name) return false;
   }
   return true;
 }
@@ -29,11 +29,11 @@ static_assert(NumbersAscend(), "a number is doubled or out of order");
 
 }  // namespace
 
-std::string LoadText(Text number) {
+std::string LoadText(Text text) {
   const auto found =
-      std::lower_bound(kTexts.begin(), kTexts.end(), number,
-                       [](const NumberedText& text, Text wanted) { return text.number < wanted; });
-  return found != kTexts.end() && found->number == number ? found->text : std::string{};
+      std::lower_bound(kTexts.begin(), kTexts.end(), text,
+                       [](const Row& row, Text wanted) { return row.name < wanted; });
+  return found != kTexts.end() && found->name == text ? found->words : std::string{};
 }
 
 }  // namespace model

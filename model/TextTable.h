@@ -8,7 +8,7 @@ namespace model {
 
 /// The number of each text; the table alone says it.
 enum class Text : std::int32_t {
-#define TEXT(number, name, text) name = number,
+#define TEXT(number, name, text) name = (number),
 #include "resources/texts.de.inc"
 #undef TEXT
 };

@@ -38,8 +38,7 @@ std::string RegistrationText(const setup::Plan& plan) {
 }
 
 std::string DifferenceText(const setup::Difference& difference) {
-  std::string change =
-      difference.what + ": " + difference.oldValue + " -> " + difference.newValue;
+  std::string change = difference.what + ": " + difference.oldValue + " -> " + difference.newValue;
   switch (difference.kind) {
     case setup::Difference::Kind::Head:
       return change;
