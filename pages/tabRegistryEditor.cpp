@@ -21,6 +21,7 @@
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/ListItemDelegate.h"
+#include "tools/desktop/ListViewStyle.h"
 
 namespace pages {
 
@@ -111,6 +112,7 @@ void tabRegistryEditor::BuildSubkeys() {
   lstSubkeys->setObjectName(u"lstSubkeys"_s);
   lstSubkeys->setAccessibleName(fraSubkeys->title());
   lstSubkeys->setModel(subkeys_);
+  tools::SelectCurrentRow(*lstSubkeys);
   lstSubkeys->setItemDelegate(new tools::ListItemDelegate(lstSubkeys));
   lstSubkeys->setUniformItemSizes(true);
   lstSubkeys->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -178,8 +180,14 @@ void tabRegistryEditor::WriteSettings() {
 void tabRegistryEditor::SettingsWritten() { Show({}); }
 
 void tabRegistryEditor::Navigate(const std::string& path) {
-  Host()->InOneWrite(*this, [this] { WriteSettings(); });
-  Show(path);
+  try {
+    Host()->InOneWrite(*this, [this] { WriteSettings(); });
+    Show(path);
+  } catch (...) {
+    // The box holds the path that was typed or chosen, the grid still the values of another.
+    ShowCurrentPath();
+    throw;
+  }
 }
 
 std::vector<model::RegistryValue> tabRegistryEditor::ValuesInGrid() const {
@@ -220,6 +228,7 @@ void tabRegistryEditor::Show(const std::string& path) {
   currentPath_ = shown;
   propRegValues->setEnabled(root.has_value());
   cmdAddValue->setEnabled(root.has_value());
+  cmdRemoveValue->setEnabled(root.has_value());
   subkeys_->setStringList(entries);
   ShowPath(paths);
   ShowValues(values);
@@ -228,12 +237,15 @@ void tabRegistryEditor::Show(const std::string& path) {
 void tabRegistryEditor::ShowPath(const std::vector<std::string>& paths) {
   cmbRegPath->clear();
   for (const std::string& path : paths) cmbRegPath->addItem(ToQString(path));
+  ShowCurrentPath();
+}
+
+void tabRegistryEditor::ShowCurrentPath() {
   // Up and Down go on from the key that is shown.
-  const auto shown = std::find_if(paths.begin(), paths.end(), [this](const std::string& path) {
-    return IsSame(path, currentPath_);
-  });
-  cmbRegPath->setCurrentIndex(
-      shown == paths.end() ? -1 : static_cast<int>(std::distance(paths.begin(), shown)));
+  const int count = cmbRegPath->count();
+  int shown = 0;
+  while (shown < count && !IsSame(ToUtf8(cmbRegPath->itemText(shown)), currentPath_)) ++shown;
+  cmbRegPath->setCurrentIndex(shown < count ? shown : -1);
   cmbRegPath->setEditText(currentPath_.empty() ? Caption(kTopLevel) : ToQString(currentPath_));
 }
 

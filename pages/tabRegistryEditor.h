@@ -62,6 +62,8 @@ class tabRegistryEditor : public EditorPage {
   /// before. What reading raises leaves the page as it was.
   void Show(const std::string& path);
   void ShowPath(const std::vector<std::string>& paths);
+  /// Shows in the box the path whose values the grid shows.
+  void ShowCurrentPath();
   [[nodiscard]] static QStringList Hives();
   [[nodiscard]] QStringList EntriesOf(tools::RegistryRoot root, const std::string& subkey) const;
   void ShowValues(const std::vector<model::RegistryValue>& values);

@@ -59,6 +59,8 @@ class tabRegistryEditorTest : public QObject {
     const Fixture f;
     QCOMPARE(f.ShownPath(), kMachine);
     QCOMPARE(f.Values(), kUnset);
+    f.List().setFocus();
+    QCOMPARE(f.List().selectionModel()->selectedIndexes().size(), 1);
     QCOMPARE(Rows(f.List()),
              "(Arbeitsplatz)|(Ebene höher)|Software|(Neuer Schlüssel...)|(Alle Werte löschen)");
     const std::vector<std::pair<const char*, const char*>> ways{
@@ -72,7 +74,7 @@ class tabRegistryEditorTest : public QObject {
     for (const auto& [entry, path] : ways) {
       f.Go(entry);
       QCOMPARE(f.ShownPath(), path);
-      for (const char* editor : {"lsvProps", "cmdAddValue"}) {
+      for (const char* editor : {"lsvProps", "cmdAddValue", "cmdRemoveValue"}) {
         QCOMPARE(Child(*f.page, editor).isEnabled(), f.ShownPath() != "Arbeitsplatz");
       }
     }
@@ -229,6 +231,7 @@ class tabRegistryEditorTest : public QObject {
     f.disk.FailAt(FaultyDisk::Step::Write, 1);
     QTest::keyClick(&Child(*f.page, "cmbRegPath"), Qt::Key_Return);
     QCOMPARE(f.dialogs.Messages().size(), 1U);
+    QCOMPARE(f.ShownPath(), kMachine);
     QVERIFY(f.Values().endsWith("|v=1"));
   }
 
