@@ -25,10 +25,10 @@ void WriteFileCount(const SettingWriter& write, std::int32_t count) {
 ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, EntryUse use) {
   const std::string section = FileEntrySection(number);
   const auto text = [&](std::string_view key) { return read(section, key, ""); };
-  const auto flag = [&](std::string_view key) { return tools::ToInt16(text(key)); };
+  const auto flag = [&](std::string_view key) { return tools::ToInt16(read(section, key, "0")); };
   ICFile entry;
   const bool builds = use == EntryUse::Build;
-  entry.Type = tools::ToInt16(read(section, "Type", builds ? kBuildDefaultType : ""));
+  entry.Type = tools::ToInt16(read(section, "Type", builds ? kBuildDefaultType : "0"));
   entry.Exclude = flag("Exclude");
   entry.ID = text("ID");
   if (!builds || entry.Type == ICFile::kFolderScan) {
@@ -40,7 +40,7 @@ ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, EntryUse us
   entry.SelfRegisterDLL = flag("SelfRegisterDLL");
   entry.SourceName = text("SourceName");
   entry.SourcePath = text("SourcePath");
-  entry.TargetFolder = tools::ToInt32(text("TargetFolder"));
+  entry.TargetFolder = tools::ToInt32(read(section, "TargetFolder", "0"));
   entry.TargetName = text("TargetName");
   entry.TargetSubFolder = text("TargetSubFolder");
   entry.Vital = tools::ToInt16(read(section, "Vital", "1"));

@@ -19,6 +19,7 @@ void NodeSettings::Select(std::int32_t version, std::int32_t component) {
   version_ = version;
   component_ = component;
   noted_.clear();
+  numbers_.clear();
   readLater_ = false;
   try {
     seen_ = project_.Settings().Load(FilePath());
@@ -47,7 +48,11 @@ std::string NodeSettings::Read(std::string_view section, std::string_view key,
 void NodeSettings::NoteRead(std::string_view section, std::string_view key,
                             std::string_view defaultValue, std::string_view value) {
   const auto stored = seen_->Find(section, key);
-  if (value == stored.value_or("")) {
+  const bool number = defaultValue == "0" || defaultValue == "1";
+  if (number && !numbers_.contains(key)) numbers_.emplace(key);
+  // Save takes the 0 that a number without a text is read as for unedited anyway.
+  const bool isUnsetZero = !stored && value == "0" && defaultValue == "0";
+  if (value == stored.value_or("") || isUnsetZero) {
     if (readLater_) noted_.erase(NoteKey(section, key));
     return;
   }
@@ -99,11 +104,12 @@ bool NodeSettings::EditsMeetOtherChanges(const std::string& file,
 void NodeSettings::Save(std::string_view section, std::string_view key, std::string_view value) {
   const auto current = current_->Find(section, key);
   const Seen seen = SeenOf(section, key);
-  // A number that was never stored is read as an empty text and written as 0.
+  // A number that was never stored, or as an empty text, is shown and written as 0.
   const bool fills =
       !seen.stored && !current && (value == seen.text || (seen.text.empty() && value == "0"));
-  const bool edited =
-      !fills && value != seen.text && (seen.text.empty() || value != asShown_(seen.text));
+  const bool unsetNumber = seen.text.empty() && value == "0" && numbers_.contains(key);
+  const bool edited = !fills && !unsetNumber && value != seen.text &&
+                      (seen.text.empty() || value != asShown_(seen.text));
   switch (mode_) {
     case Mode::Compare:
       if (edited && current != value) edits_ = true;
@@ -115,7 +121,8 @@ void NodeSettings::Save(std::string_view section, std::string_view key, std::str
       if (fills || (edited && current != value)) Write(section, key, value);
       break;
     case Mode::All: {
-      const std::string_view text = fills || edited ? value : seen.text;
+      const bool ownText = fills || edited || (unsetNumber && !seen.stored);
+      const std::string_view text = ownText ? value : seen.text;
       if (current != text) Write(section, key, text);
       break;
     }

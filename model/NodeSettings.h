@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -41,8 +42,9 @@ class NodeSettings {
   [[nodiscard]] std::int32_t Version() const { return version_; }
   [[nodiscard]] std::int32_t Component() const { return component_; }
 
-  /// A setting of the node; the default when it is absent. Raises tools::Error for a file that is
-  /// there but cannot be read.
+  /// A setting of the node; the default when it is absent. A default of 0 or 1 makes the key a
+  /// number, whose empty text a page may write as 0 unedited. Raises tools::Error for a file that
+  /// is there but cannot be read.
   [[nodiscard]] std::string Read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue);
 
@@ -86,7 +88,8 @@ class NodeSettings {
   /// By section and key: the defaults that absent keys were read as (but for empty ones), and texts
   /// that were read later and stood otherwise in `seen_`.
   std::unordered_map<std::string, std::string> noted_;
-  bool readLater_ = false;  ///< `noted_` holds more than defaults
+  std::set<std::string, std::less<>> numbers_;  ///< keys read with 0 or 1 as their default
+  bool readLater_ = false;                      ///< `noted_` holds more than defaults
 
   Mode mode_ = Mode::Edits;
   std::shared_ptr<const tools::SettingsFile> current_;  ///< as a write finds the file

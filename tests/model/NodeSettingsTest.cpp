@@ -81,6 +81,31 @@ TEST_F(NodeSettingsTest, WritesEditsAndDefaultsAndLeavesTheRestToOtherPrograms) 
   }
 }
 
+TEST_F(NodeSettingsTest, AnEmptyNumberWrittenAsZeroIsNoEditButAZeroInATextIs) {
+  struct Row {
+    const char* seen;
+    const char* key;  ///< "N", a number, or "B", a text
+    const char* value;
+    const char* meanwhile;
+    const char* result;  ///< with "?" where the author was asked
+  };
+  const Row rows[] = {
+      {"N=\n", "N", "0", "N=\n", "N=\n"},    {"N=\n", "N", "0", "N=5\n", "N=5\n"},
+      {"", "N", "0", "N=5\n", "N=5\n"},      {"", "N", "0", "C=1\n", "C=1\nN=0\n"},
+      {"N=\n", "N", "2", "N=5\n", "N=2\n?"}, {"N=5\n", "N", "0", "N=5\n", "N=0\n"},
+      {"B=\n", "B", "0", "B=\n", "B=0\n"},
+  };
+  for (const Row& row : rows) {
+    Open(row.seen);
+    (void)node_.Read("S", "N", "0");
+    Put(row.meanwhile);
+    std::string asked;
+    node_.InOneWrite([&] { node_.Save("S", row.key, row.value); },
+                     [&](const std::string&) { asked = "?"; });
+    EXPECT_EQ(Stored() + asked, row.result) << row.seen << row.value << row.meanwhile;
+  }
+}
+
 TEST_F(NodeSettingsTest, ARefusalKeepsTheFileAndTheQuestionComesAgain) {
   EXPECT_EQ(Open("B=2\n"), "a|2");
   Put("B=9\n");
