@@ -64,18 +64,6 @@ QString ProgressText(const Progress& progress) {
   return text;
 }
 
-// Gives a word that is wider than `width` pixels places to break.
-QString WithBreaksInLongWords(const QString& text, const QFontMetrics& metrics, int width) {
-  QStringList words = text.split(u' ');
-  for (QString& word : words) {
-    if (metrics.horizontalAdvance(word) <= width) continue;
-    for (qsizetype i = word.size() - 1; i > 0; --i) {
-      if (!word.at(i).isLowSurrogate()) word.insert(i, QChar(0x200B));
-    }
-  }
-  return words.join(u' ');
-}
-
 // Makes the label as wide as its text, within the screen, and as high as the text is then.
 void FitText(QLabel& label) {
   const int width = std::min(std::max(label.sizeHint().width(), kMinimumWidth),

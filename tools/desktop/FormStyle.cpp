@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
@@ -62,6 +63,21 @@ void PrepareTextBox(QLineEdit& textBox) {
     textBox.setModified(true);
     textBox.setCursorPosition(cursor);
   });
+}
+
+QString WithBreaksInLongWords(const QString& text, const QFontMetrics& metrics, int width) {
+  QStringList lines = text.split(QLatin1Char('\n'));
+  for (QString& line : lines) {
+    QStringList words = line.split(QLatin1Char(' '));
+    for (QString& word : words) {
+      if (metrics.horizontalAdvance(word) <= width) continue;
+      for (qsizetype i = word.size() - 1; i > 0; --i) {
+        if (!word.at(i).isLowSurrogate()) word.insert(i, QChar(0x200B));
+      }
+    }
+    line = words.join(QLatin1Char(' '));
+  }
+  return lines.join(QLatin1Char('\n'));
 }
 
 void IgnoreWheelWithoutFocus(QComboBox& box) {

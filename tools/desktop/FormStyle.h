@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QFont>
+#include <QString>
 
 class QComboBox;
 class QDialogButtonBox;
+class QFontMetrics;
 class QLineEdit;
 class QWidget;
 
@@ -19,6 +21,10 @@ void SelectAllText(QLineEdit& textBox);
 /// Makes the text box hold what a setting can hold: one line of any length. Its own limit would cut
 /// texts off after 32,767 characters silently; a line break that is pasted becomes a blank.
 void PrepareTextBox(QLineEdit& textBox);
+
+/// Gives each word of the text that is wider than `width` pixels invisible places to break.
+[[nodiscard]] QString WithBreaksInLongWords(const QString& text, const QFontMetrics& metrics,
+                                            int width);
 
 /// Keeps the mouse wheel from choosing another entry while the pointer only passes over the box.
 void IgnoreWheelWithoutFocus(QComboBox& box);

@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <algorithm>
 #include <array>
 
 #include "tools/StandardTexts.h"
@@ -112,6 +114,13 @@ class MessageBox : public QMessageBox {
   bool mustAnswer_;
 };
 
+/// In pixels. Qt clips a wider box, icon and margins included.
+int WidestWord(const QWidget& box) {
+  constexpr int kWidestBox = 900;
+  constexpr int kIconAndMargins = 100;
+  return std::min(box.screen()->availableGeometry().width() / 2, kWidestBox) - kIconAndMargins;
+}
+
 void PrepareButtons(QMessageBox& box, const Message& message) {
   box.setStandardButtons(ButtonsOf(message.buttons));
   const MessageAnswer rejecting = RejectingAnswer(message.buttons);
@@ -134,7 +143,8 @@ MessageAnswer RunMessageBox(const Message& message, QWidget* owner) {
   box.setIcon(IconOf(message.icon));
   box.setWindowTitle(ToQString(message.caption));
   box.setTextFormat(Qt::PlainText);
-  box.setText(ToQString(message.text).replace("\r\n"_L1, "\n"_L1));
+  box.setText(WithBreaksInLongWords(ToQString(message.text).replace("\r\n"_L1, "\n"_L1),
+                                    box.fontMetrics(), WidestWord(box)));
   PrepareButtons(box, message);
   const int chosen = box.exec();
   for (const ButtonKind& kind : kButtons) {

@@ -64,6 +64,27 @@ class DesktopDialogsTest : public QObject {
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   }
 
+  void AMessageBoxIsNeverTooSmallForItsText() {
+    const QString word = QString(500, 'x');
+    ModalScript script;
+    script.Expect<QMessageBox>("messageBox", [&word](QMessageBox& box) {
+      const auto& label = Child<QLabel>(box, "qt_msgbox_label");
+      const QRect needed = label.fontMetrics().boundingRect(QRect(0, 0, label.width(), 0),
+                                                            Qt::TextWordWrap, label.text());
+      const bool fits = label.width() >= needed.width() && label.height() >= needed.height();
+      const QString text = box.text();
+      QTest::keyClick(&box, Qt::Key_Return);
+      QVERIFY(fits);
+      QVERIFY(text.startsWith("Datei:\nx"));
+      QCOMPARE(QString(text).remove(QChar(0x200B)), "Datei:\n" + word);
+    });
+    dialogs_.ShowMessage({.text = "Datei:\n" + word.toStdString(),
+                          .caption = "Fehler",
+                          .icon = tools::MessageIcon::Exclamation,
+                          .buttons = MessageButtons::Ok,
+                          .defaultAnswer = MessageAnswer::Ok});
+  }
+
   void EnterPressesTheDefaultButtonAndEscapeCancelOrTheOnlyOne() {
     using enum MessageAnswer;
     const std::vector<std::tuple<MessageButtons, MessageAnswer, Qt::Key, MessageAnswer>> cases{
