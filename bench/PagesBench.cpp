@@ -205,10 +205,11 @@ class Bench {
   }
   void ReadBare() {
     const auto file = store_.Load(ComponentFile());
-    bare_ = std::make_unique<model::FileEntries>(
-        model::ReadFileEntries([&](auto section, auto key, auto defaultValue) {
+    bare_ = std::make_unique<model::FileEntries>(model::ReadFileEntries(
+        [&](auto section, auto key, auto defaultValue) {
           return file->Read(section, key, defaultValue);
-        }));
+        },
+        ComponentFile()));
   }
 
   std::string folder_;

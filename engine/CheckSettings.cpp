@@ -9,8 +9,8 @@
 #include "engine/SettingsText.h"
 #include "model/ICFile.h"
 #include "model/SlotNumbers.h"
+#include "model/StoredNumbers.h"
 #include "tools/Error.h"
-#include "tools/Numbers.h"
 #include "tools/Text.h"
 #include "tools/settings/SettingsFile.h"
 
@@ -42,16 +42,17 @@ void CheckFile(const model::ModProject& project, const std::string& path, Findin
 
 class ComponentCheck {
  public:
-  ComponentCheck(const tools::SettingsFile& settings, const Place& place, Findings& findings)
-      : settings_(settings), place_(place), findings_(findings) {}
+  ComponentCheck(const tools::SettingsFile& settings, const std::string& path, const Place& place,
+                 Findings& findings)
+      : settings_(settings), path_(path), place_(place), findings_(findings) {}
 
-  void Run(const std::string& path) {
+  void Run() {
     const std::string text = settings_.Render();
-    CheckText(text, path, place_, findings_);
+    CheckText(text, path_, place_, findings_);
     CheckNumber("Registry", "Keys");
     std::int32_t count = 0;
     try {
-      count = model::ReadFileCount(read_);
+      count = model::ReadFileCount(read_, path_);
     } catch (const tools::Error&) {
       return;  // the survey of the version finds that too
     }
@@ -61,7 +62,9 @@ class ComponentCheck {
 
  private:
   void CheckNumber(std::string_view section, std::string_view key) {
-    findings_.Try(place_, [&] { (void)tools::ToInt32(settings_.Read(section, key, "0")); });
+    findings_.Try(place_, [&] {
+      (void)model::StoredInt32(settings_.Read(section, key, "0"), {path_, section, key});
+    });
   }
 
   // Sections above the count mean nothing, and may be entries that a merge or an editor cut off.
@@ -80,10 +83,12 @@ class ComponentCheck {
   void CheckEntry(std::int32_t number) {
     Place place = place_;
     place.entry = number;
-    findings_.Try(place, [&] { (void)model::ReadFileEntry(read_, number, model::EntryUse::Edit); });
+    findings_.Try(place,
+                  [&] { (void)model::ReadFileEntry(read_, path_, number, model::EntryUse::Edit); });
   }
 
   const tools::SettingsFile& settings_;
+  const std::string& path_;
   Place place_;
   Findings& findings_;
   const model::SettingReader read_ = [this](std::string_view section, std::string_view key,
@@ -102,12 +107,8 @@ void CheckProductSettings(const model::ModProject& project, std::int32_t version
   findings.Try({}, [&] { (void)project.ComponentCount(version); });
   const auto checkNumber = [&](std::string_view section, std::string_view key) {
     findings.Try({}, [&] {
-      const std::string text = project.ReadVersionSetting(version, section, key, "0");
-      try {
-        (void)tools::ToInt32(text);
-      } catch (const tools::Error& error) {
-        throw tools::Error(std::string(section).append("/").append(key) + ": " + error.what());
-      }
+      (void)model::StoredInt32(project.ReadVersionSetting(version, section, key, "0"),
+                               {project.VersionFilePath(version), section, key});
     });
   };
   checkNumber("BuildCommon", "ActiveConfig");
@@ -123,7 +124,7 @@ void CheckComponentSettings(const model::ModProject& project, std::int32_t versi
     if (LookAt(path) != tools::PathKind::File) return;
     const std::shared_ptr<const tools::SettingsFile> settings = project.Settings().Load(path);
     const std::string title = settings->Read("Component", "Title", "");
-    ComponentCheck(*settings, {slot, title, 0}, findings).Run(path);
+    ComponentCheck(*settings, path, {slot, title, 0}, findings).Run();
   });
 }
 

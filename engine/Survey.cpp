@@ -107,6 +107,7 @@ class Surveyor {
   }
 
   void VisitComponent(SurveyedComponent& component, const std::string& path) {
+    path_ = path;
     if (IsNoComponent(*settings_)) {
       NoteNoComponent(component, path, {});
       AddStoredLocations(kAnyNumber);
@@ -117,7 +118,7 @@ class Surveyor {
     std::int32_t count = kAnyNumber;
     try {
       RequireFileCount();
-      count = model::ReadFileCount(read_);
+      count = model::ReadFileCount(read_, path_);
       if (component.isInstalled && !onlyFolders_) {
         VisitEntries(component, count);
         return;
@@ -176,7 +177,7 @@ class Surveyor {
     SurveyedEntry surveyed;
     surveyed.number = number;
     try {
-      surveyed.file = model::ReadFileEntry(read_, number, model::EntryUse::Build);
+      surveyed.file = model::ReadFileEntry(read_, path_, number, model::EntryUse::Build);
       const model::ICFile& entry = surveyed.file;
       AddLocation(entry);
       if (entry.Exclude == 1) return;
@@ -256,6 +257,7 @@ class Surveyor {
   const SurveyStep& step_;
   bool onlyFolders_ = false;
   std::shared_ptr<const tools::SettingsFile> settings_;  ///< of the component that is visited
+  std::string path_;                                     ///< of its file
   const model::SettingReader read_ = [this](std::string_view section, std::string_view key,
                                             std::string_view value) {
     return settings_->Read(section, key, value);

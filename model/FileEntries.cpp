@@ -33,12 +33,12 @@ void FileEntries::SetField(std::string_view id, std::string_view fieldName, std:
   if (found != byId_.end()) SetFileEntryField(*found->second, fieldName, text);
 }
 
-FileEntries ReadFileEntries(const SettingReader& read) {
-  const std::int32_t count = ReadFileCount(read);
+FileEntries ReadFileEntries(const SettingReader& read, std::string_view path) {
+  const std::int32_t count = ReadFileCount(read, path);
   FileEntries entries;
   // A count far beyond the entries there are ends at the second missing one: both have no ID.
   for (std::int32_t number = 1; number <= count; ++number) {
-    entries.Add(ReadFileEntry(read, number, EntryUse::Edit));
+    entries.Add(ReadFileEntry(read, path, number, EntryUse::Edit));
   }
   return entries;
 }

@@ -42,8 +42,9 @@ class FileEntries {
 };
 
 /// The stored entries, in the order of their numbers. Raises tools::Error when a number does not
-/// fit its field and when two entries have the same ID.
-[[nodiscard]] FileEntries ReadFileEntries(const SettingReader& read);
+/// fit its field, naming the key and the component's file at `path`, and when two entries have the
+/// same ID.
+[[nodiscard]] FileEntries ReadFileEntries(const SettingReader& read, std::string_view path);
 
 /// Stores all entries, numbered from 1; sections of higher numbers stay as they are.
 void WriteFileEntries(const SettingWriter& write, const FileEntries& entries);

@@ -1,7 +1,6 @@
 #include "model/ICFile.h"
 
-#include "model/SlotNumbers.h"
-#include "tools/Numbers.h"
+#include "model/StoredNumbers.h"
 
 namespace model {
 
@@ -14,21 +13,25 @@ constexpr std::string_view kCountKey = "Count";
 
 std::string FileEntrySection(std::int32_t number) { return "File" + std::to_string(number); }
 
-std::int32_t ReadFileCount(const SettingReader& read) {
-  return StoredCount(read(kCountSection, kCountKey, "0"), {}, kCountSection, kCountKey);
+std::int32_t ReadFileCount(const SettingReader& read, std::string_view path) {
+  return StoredCount(read(kCountSection, kCountKey, "0"), {path, kCountSection, kCountKey});
 }
 
 void WriteFileCount(const SettingWriter& write, std::int32_t count) {
   write(kCountSection, kCountKey, std::to_string(count));
 }
 
-ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, EntryUse use) {
+ICFile ReadFileEntry(const SettingReader& read, std::string_view path, std::int32_t number,
+                     EntryUse use) {
   const std::string section = FileEntrySection(number);
   const auto text = [&](std::string_view key) { return read(section, key, ""); };
-  const auto flag = [&](std::string_view key) { return tools::ToInt16(read(section, key, "0")); };
+  const auto number16 = [&](std::string_view key, std::string_view defaultValue) {
+    return StoredInt16(read(section, key, defaultValue), {path, section, key});
+  };
+  const auto flag = [&](std::string_view key) { return number16(key, "0"); };
   ICFile entry;
   const bool builds = use == EntryUse::Build;
-  entry.Type = tools::ToInt16(read(section, "Type", builds ? kBuildDefaultType : "0"));
+  entry.Type = number16("Type", builds ? kBuildDefaultType : "0");
   entry.Exclude = flag("Exclude");
   entry.ID = text("ID");
   if (!builds || entry.Type == ICFile::kFolderScan) {
@@ -40,10 +43,11 @@ ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, EntryUse us
   entry.SelfRegisterDLL = flag("SelfRegisterDLL");
   entry.SourceName = text("SourceName");
   entry.SourcePath = text("SourcePath");
-  entry.TargetFolder = tools::ToInt32(read(section, "TargetFolder", "0"));
+  entry.TargetFolder =
+      StoredInt32(read(section, "TargetFolder", "0"), {path, section, "TargetFolder"});
   entry.TargetName = text("TargetName");
   entry.TargetSubFolder = text("TargetSubFolder");
-  entry.Vital = tools::ToInt16(read(section, "Vital", "1"));
+  entry.Vital = number16("Vital", "1");
   return entry;
 }
 

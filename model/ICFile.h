@@ -45,15 +45,18 @@ enum class EntryUse {
   Build  ///< without "Type": 1, a single file
 };
 
-/// The number of entries: section "Files", key "Count". Raises Error on overflow.
-[[nodiscard]] std::int32_t ReadFileCount(const SettingReader& read);
+// What reads takes the path of the component's file for its errors, which name file and key.
+
+/// The number of entries: section "Files", key "Count". Raises tools::Error on overflow.
+[[nodiscard]] std::int32_t ReadFileCount(const SettingReader& read, std::string_view path);
 void WriteFileCount(const SettingWriter& write, std::int32_t count);
 
 /// The section of entry `number` (1-based): "File" followed by the number.
 [[nodiscard]] std::string FileEntrySection(std::int32_t number);
 
-/// Entry `number`. Raises Error when a number that `use` needs does not fit its field.
-[[nodiscard]] ICFile ReadFileEntry(const SettingReader& read, std::int32_t number, EntryUse use);
+/// Entry `number`. Raises tools::Error when a number that `use` needs does not fit its field.
+[[nodiscard]] ICFile ReadFileEntry(const SettingReader& read, std::string_view path,
+                                   std::int32_t number, EntryUse use);
 /// Writes the fourteen keys of entry `number`.
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry);
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "model/SlotNumbers.h"
+#include "model/StoredNumbers.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/Numbers.h"
@@ -155,7 +156,7 @@ void ModProject::SetProductTitle(std::string_view title) {
 }
 
 std::int32_t ModProject::VersionCount() const {
-  return StoredCount(ReadProductSetting(kVersions, kCount, "0"), productPath_, kVersions, kCount);
+  return StoredCount(ReadProductSetting(kVersions, kCount, "0"), {productPath_, kVersions, kCount});
 }
 
 std::string ModProject::VersionString(std::int32_t version) const {
@@ -176,7 +177,7 @@ std::vector<std::int32_t> ModProject::VersionSlots() const {
 
 std::int32_t ModProject::ComponentCount(std::int32_t version) const {
   return StoredCount(ReadVersionSetting(version, kComponents, kCount, "0"),
-                     VersionFilePath(version), kComponents, kCount);
+                     {VersionFilePath(version), kComponents, kCount});
 }
 
 std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t component) const {

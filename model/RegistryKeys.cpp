@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "model/SlotNumbers.h"
+#include "model/StoredNumbers.h"
 #include "tools/Text.h"
 
 namespace model {
@@ -71,7 +72,7 @@ void RegistryKeys::Free(std::string_view path) {
 }
 
 std::int32_t RegistryKeys::Count(std::string_view section, std::string_view key) const {
-  return StoredCount(read_(section, key, "0"), source_.path(), section, key);
+  return StoredCount(read_(section, key, "0"), {source_.path(), section, key});
 }
 
 std::string RegistryKeys::PathIn(std::int32_t slot) const {

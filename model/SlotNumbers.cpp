@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "tools/Error.h"
-#include "tools/Numbers.h"
 #include "tools/Text.h"
 
 namespace model {
@@ -31,20 +29,6 @@ std::string_view NameOfLine(std::string_view line) {
 }
 
 }  // namespace
-
-std::int32_t StoredCount(const std::string& text, std::string_view path, std::string_view section,
-                         std::string_view key) {
-  std::int32_t count = -1;
-  try {
-    count = tools::ToInt32(text);
-  } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): told below, with file and key
-  }
-  if (count >= 0) return count;
-  std::string description = "Die Anzahl ist ungültig: ";
-  if (!path.empty()) description.append(path).append(" ");
-  description.append("([").append(section).append("] ").append(key);
-  throw tools::Error(description.append("=").append(text).append(")"));
-}
 
 std::int32_t SlotNumberOf(std::string_view name, std::string_view word) {
   if (!StartsWithWord(name, word)) return 0;

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,12 +11,6 @@ namespace model {
 /// Up to this count it is cheap to ask for each slot in turn; above it the slots are looked up with
 /// the functions below.
 inline constexpr std::int32_t kCheapSlotCount = 10000;
-
-/// A count from its stored text, which is that of `key` in `section` of the file at `path` (empty
-/// where the caller names the file). Raises tools::Error naming file and key for a negative number
-/// or one of over 31 bits.
-[[nodiscard]] std::int32_t StoredCount(const std::string& text, std::string_view path,
-                                       std::string_view section, std::string_view key);
 
 /// The number in a name made of `word` (ignoring ASCII case) and a decimal number without leading
 /// zeros, for example 7 for "Ver7"; 0 when `name` is no such name or the number has over 31 bits.

@@ -13,11 +13,11 @@
 #include <QSplitter>
 #include <QTreeView>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
 
 #include "model/FileEntryFields.h"
 #include "model/FolderTable.h"
+#include "pages/AddedFiles.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/Error.h"
@@ -39,11 +39,6 @@ using tools::Guarded;
 
 namespace {
 
-constexpr int kFileSystemFolders = 1;  ///< flags of the shell's folder browser
-constexpr int kEditBox = 16;
-
-constexpr std::size_t kMostNamedPaths = 10;  ///< in the message about refused files
-
 constexpr std::string_view kType = "Type";
 constexpr const char* kExisting = "Existing";
 constexpr const char* kVersion = "Version";
@@ -51,22 +46,6 @@ constexpr const char* kFileDateTime = "FileDateTime";
 
 QString FromLatin1(std::string_view text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-bool IsControlCharacter(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
-
-std::string RefusalOf(const std::vector<std::string>& paths) {
-  std::string text = model::LoadText(Text::PathsWithControlCharacters);
-  const std::size_t named = std::min(paths.size(), kMostNamedPaths);
-  for (std::size_t i = 0; i < named; ++i) {
-    std::string path = paths[i];
-    std::replace_if(path.begin(), path.end(), IsControlCharacter, '?');
-    text.append("\n").append(path);
-  }
-  if (named == paths.size()) return text;
-  const std::string others = std::to_string(paths.size() - named);
-  return text.append("\n").append(
-      tools::ReplaceAll(model::LoadText(Text::AndFurther), "%count%", others));
 }
 
 template <typename Widget>
@@ -209,11 +188,12 @@ std::string tabFileList::Title() const { return model::LoadText(Text::FilesPage)
 
 void tabFileList::ReadSettings() {
   std::vector<bool> typed;  // of the sections read so far
-  model::FileEntries entries =
-      model::ReadFileEntries([&](auto section, auto key, auto defaultValue) {
+  model::FileEntries entries = model::ReadFileEntries(
+      [&](auto section, auto key, auto defaultValue) {
         if (key == kType) typed.push_back(IsTypeStored(section));
         return Host()->Read(section, key, defaultValue);
-      });
+      },
+      services_.project.ComponentFilePath(Host()->VersionIndex(), Host()->ComponentIndex()));
   entries_ = std::move(entries);
   untyped_.clear();
   typedSections_ = std::move(typed);
@@ -266,10 +246,10 @@ void tabFileList::AddFileEntry(const std::string& path) { AddFileEntries({path})
 void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
   std::vector<std::string> refused;
   for (const std::string& path : paths) {
-    if (std::any_of(path.begin(), path.end(), IsControlCharacter)) {
-      refused.push_back(path);
-    } else {
+    if (CanBeStored(path)) {
       AppendEntry(path);
+    } else {
+      refused.push_back(path);
     }
   }
   if (refused.size() < paths.size()) RefreshFileList();
@@ -277,35 +257,20 @@ void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
 }
 
 void tabFileList::AppendEntry(const std::string& path) {
-  model::ICFile entry;
+  model::ICFile entry = EntryFor(path, ChosenFolder());
   entry.ID = guids_.NewText();
-  entry.Type = model::ICFile::kSingleFile;
-  entry.TargetFolder = ChosenFolder();
-  entry.SourcePath = tools::FolderOf(path);
-  entry.SourceName = tools::FileNamePart(path);
-  entry.Vital = 1;
   entries_.Add(std::move(entry));
   SetDirty(true);
 }
 
 void tabFileList::AddFile() {
-  const std::string path =
-      services_.dialogs.OpenFile({.title = model::LoadText(Text::FolderPrograms),
-                                  .initialFolder = {},
-                                  .filter = "*.*|*.*",
-                                  .defaultExtension = {},
-                                  .filterIndex = 1});
+  const std::string path = AskForFile(services_.dialogs);
   if (!path.empty()) AddFileEntry(path);
 }
 
 void tabFileList::AddFolder(bool withSubfolders) {
-  const std::string prompt = model::LoadText(Text::ChooseFolder) + " " +
-                             model::LoadText(withSubfolders ? Text::AddsFilesOfFolderAndSubfolders
-                                                            : Text::AddsFilesOfFolder);
-  const std::string folder = services_.dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
-  if (folder.empty()) return;
   const tools::WaitCursor wait;
-  AddFileEntries(tools::FindFiles(folder, "*.*", withSubfolders));
+  AddFileEntries(AskForFolder(services_.dialogs, withSubfolders));
 }
 
 void tabFileList::RemoveFile() {

@@ -1,6 +1,6 @@
 #include "wizards/StoredOptions.h"
 
-#include "tools/Numbers.h"
+#include "model/StoredNumbers.h"
 #include "wizards/Languages.h"
 
 namespace wizards {
@@ -12,8 +12,9 @@ constexpr const char* kBuildCommon = "BuildCommon";
 }  // namespace
 
 std::int32_t StoredOptions::ActiveConfiguration() const {
-  return tools::ToInt32(
-      project_.ReadVersionSetting(versionIndex_, kBuildCommon, "ActiveConfig", "1"));
+  constexpr const char* kKey = "ActiveConfig";
+  return model::StoredInt32(project_.ReadVersionSetting(versionIndex_, kBuildCommon, kKey, "1"),
+                            {project_.VersionFilePath(versionIndex_), kBuildCommon, kKey});
 }
 
 std::string StoredOptions::InstallerType() const {
@@ -22,10 +23,11 @@ std::string StoredOptions::InstallerType() const {
 
 StoredOptions::Proposal StoredOptions::Of(std::int32_t configuration) const {
   const std::string section = "Build" + std::to_string(configuration);
+  const std::string stored = project_.ReadVersionSetting(versionIndex_, section, "Locale", "");
+  const std::string number = LanguageNumber(stored);
   return {.folder = project_.ReadVersionSetting(versionIndex_, section, "OutputFolder",
                                                 project_.DefaultOutputFolder(configuration)),
-          .language =
-              LanguageNumber(project_.ReadVersionSetting(versionIndex_, section, "Locale", ""))};
+          .language = number.empty() ? stored : number};
 }
 
 }  // namespace wizards

@@ -7,6 +7,7 @@
 namespace engine {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 using tests::TestProduct;
@@ -117,19 +118,19 @@ TEST_F(BuildCheckTest, ReportsDamagedSettings) {
                 "[Component]\nTitle=Gr\xFC\xDF"
                 "e\n");
   tools::DeleteFile(folder_.Path(component + "6.component"));
-  EXPECT_THAT(
-      Check(),
-      ElementsAre(StartsWith("0/0 Build1/Locale: Überlauf"), StartsWith("1/1 Überlauf: 99999"),
-                  "2/0 Die Datei enthält Konfliktmarken einer Zusammenführung: " + version +
-                      "component2.component (Zeile " +
-                      std::to_string(ConflictLineOf(component + "2.component")) + ")",
-                  "2/0 Abschnitte jenseits der Anzahl der Dateien (1): File7",
-                  "2/1 Der Eintragstyp ist weder 1 noch 2: 3",
-                  "3/0 Die Komponente hat Dateien (1), aber keine Bezeichnung",
-                  StartsWith("4/0 Die Datei ist beschädigt"),
-                  StartsWith("4/0 Die Datei enthält keine Komponente"),
-                  StartsWith("5/0 Die Datei ist nicht in UTF-8"),
-                  StartsWith("7/0 Die Komponentendatei liegt jenseits der Anzahl")));
+  EXPECT_THAT(Check(),
+              ElementsAre(EndsWith("product.version ([Build1] Locale)"),
+                          EndsWith("component1.component ([File1] Permanent)"),
+                          "2/0 Die Datei enthält Konfliktmarken einer Zusammenführung: " + version +
+                              "component2.component (Zeile " +
+                              std::to_string(ConflictLineOf(component + "2.component")) + ")",
+                          "2/0 Abschnitte jenseits der Anzahl der Dateien (1): File7",
+                          "2/1 Der Eintragstyp ist weder 1 noch 2: 3",
+                          "3/0 Die Komponente hat Dateien (1), aber keine Bezeichnung",
+                          StartsWith("4/0 Die Datei ist beschädigt"),
+                          StartsWith("4/0 Die Datei enthält keine Komponente"),
+                          StartsWith("5/0 Die Datei ist nicht in UTF-8"),
+                          StartsWith("7/0 Die Komponentendatei liegt jenseits der Anzahl")));
 }
 
 TEST_F(BuildCheckTest, ReportsAVersionWithoutAUsableFile) {

@@ -11,7 +11,8 @@ class FileEntriesTest : public testing::Test {
   FileEntries Read(const std::string& text) {
     const tools::SettingsFile file(text);
     return ReadFileEntries(
-        [&](auto section, auto key, auto fallback) { return file.Read(section, key, fallback); });
+        [&](auto section, auto key, auto fallback) { return file.Read(section, key, fallback); },
+        "K.component");
   }
   /// The text of a file with the text `before`, when the entries have been written to it.
   static std::string Stored(const FileEntries& entries, const std::string& before = {}) {
@@ -74,9 +75,20 @@ TEST_F(FileEntriesTest, ReadsMissingAndOddValuesLeniently) {
     EXPECT_EQ(Fields(*Read(std::string("[Files]\nCount= 1 Stück\n[File1]\n") + text).begin()),
               fields);
   }
-  for (const char* text :
-       {"1\n[File1]\nVital=32768", "1\n[File1]\nTargetFolder=2147483648", "2147483647\n"}) {
-    EXPECT_THROW(Read(std::string("[Files]\nCount=") + text), tools::Error) << text;
+  EXPECT_THROW(Read("[Files]\nCount=2147483647\n"), tools::Error);
+}
+
+TEST_F(FileEntriesTest, ANumberThatDoesNotFitIsAnErrorNamingFileAndKey) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"1\n[File1]\nVital=32768",
+       "Überlauf: 32768 liegt nicht zwischen -32768 und 32767: K.component ([File1] Vital)"},
+      {"1\n[File1]\nTargetFolder=-2147483649",
+       "Überlauf: -2147483649 liegt nicht zwischen -2147483648 und 2147483647: K.component "
+       "([File1] "
+       "TargetFolder)"},
+      {"-1", "Die Anzahl ist ungültig: K.component ([Files] Count=-1)"}};
+  for (const auto& [text, error] : rows) {
+    EXPECT_EQ(tests::ErrorOf([&] { (void)Read(std::string("[Files]\nCount=") + text); }), error);
   }
 }
 

@@ -1,0 +1,29 @@
+// Choosing the files that an author adds to a component, and the entries that they become.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/ICFile.h"
+#include "tools/Dialogs.h"
+
+namespace pages {
+
+/// Asks for one file; empty when the author cancels.
+[[nodiscard]] std::string AskForFile(tools::Dialogs& dialogs);
+
+/// Asks for a folder and lists its files, with `withSubfolders` those in its subfolders too; empty
+/// when the author cancels. Raises tools::Error when the folder cannot be listed.
+[[nodiscard]] std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders);
+
+/// True for a path without control characters: settings cannot hold a line break.
+[[nodiscard]] bool CanBeStored(const std::string& path);
+
+/// The message that names paths that cannot be stored, the first ten of many.
+[[nodiscard]] std::string RefusalOf(const std::vector<std::string>& paths);
+
+/// An entry that installs the file at `path` into a destination folder (FolderTable.h), under its
+/// own name; without an ID.
+[[nodiscard]] model::ICFile EntryFor(const std::string& path, std::int32_t targetFolder);
+
+}  // namespace pages
