@@ -59,20 +59,25 @@ constexpr std::array<Language, 41> kLanguages{{
 
 std::span<const Language> CommonLanguages() { return kLanguages; }
 
-std::string LanguageText(std::int32_t lcid) {
-  const auto* known = std::find_if(kLanguages.begin(), kLanguages.end(),
-                                   [lcid](const Language& one) { return one.lcid == lcid; });
-  const std::string number = std::to_string(lcid);
-  return known == kLanguages.end() ? number : number + " – " + known->name;
+std::string LanguageText(const std::string& language) {
+  const auto* known = std::find_if(kLanguages.begin(), kLanguages.end(), [&](const Language& one) {
+    return std::to_string(one.lcid) == language;
+  });
+  return known == kLanguages.end() ? language : language + " – " + known->name;
 }
 
 std::string LanguageNumber(const std::string& typed) {
   const std::string_view text = tools::TrimBlanks(typed);
   std::int32_t number = 0;
   const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (parsed.ec == std::errc() && number >= 0) return std::to_string(number);
+  const bool isWhole = parsed.ptr == text.data() + text.size();
+  if (parsed.ec == std::errc() && isWhole && number >= 0) return std::to_string(number);
   for (const Language& language : kLanguages) {
-    if (tools::EqualIgnoringCase(text, language.name)) return std::to_string(language.lcid);
+    std::string known = std::to_string(language.lcid);
+    if (tools::EqualIgnoringCase(text, language.name) ||
+        tools::EqualIgnoringCase(text, LanguageText(known))) {
+      return known;
+    }
   }
   return {};
 }

@@ -16,11 +16,11 @@ struct Language {
 /// Numbers: Microsoft, Windows Language Code Identifier (LCID) Reference.
 [[nodiscard]] std::span<const Language> CommonLanguages();
 
-/// "1031 – Deutsch (Deutschland)"; the number alone for a language that is not a common one.
-[[nodiscard]] std::string LanguageText(std::int32_t lcid);
+/// "1031 – Deutsch (Deutschland)" for the number of a common language; another text as it is.
+[[nodiscard]] std::string LanguageText(const std::string& language);
 
-/// The identifier in what a user typed, as decimal text: the number it begins with, or that of the
-/// common language with this name (case does not count). Empty when it is neither.
+/// The identifier that a user typed, as decimal text: a whole number, or the common language with
+/// this name or LanguageText (case does not count). Empty when it is none of these.
 [[nodiscard]] std::string LanguageNumber(const std::string& typed);
 
 }  // namespace wizards

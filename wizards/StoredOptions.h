@@ -21,7 +21,7 @@ class StoredOptions {
   /// What a configuration (1 debug, 2 release) proposes for the build.
   struct Proposal {
     std::string folder;    ///< the output folder as it is stored, or the default one
-    std::string language;  ///< LCID; empty when none is stored
+    std::string language;  ///< LCID, or the stored text that names no language
   };
   [[nodiscard]] Proposal Of(std::int32_t configuration) const;
 

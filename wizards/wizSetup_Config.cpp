@@ -32,7 +32,7 @@ void PrepareLanguages(QComboBox& box) {
   box.setEditable(true);
   box.setInsertPolicy(QComboBox::NoInsert);
   for (const Language& language : CommonLanguages()) {
-    box.addItem(ToQString(LanguageText(language.lcid)));
+    box.addItem(ToQString(LanguageText(std::to_string(language.lcid))));
   }
   box.completer()->setFilterMode(Qt::MatchContains);
   box.completer()->setCompletionMode(QCompleter::PopupCompletion);
@@ -149,15 +149,15 @@ void wizSetup_Config::Follow(const StoredOptions::Proposal& before, std::int32_t
 void wizSetup_Config::TakeLanguage() {
   const std::string typed = tools::ToUtf8(cmbLanguage_->currentText());
   const std::string number = LanguageNumber(typed);
-  SetValue("language", number);
-  lblLanguageNote_->setVisible(number.empty() && !typed.empty());
+  // What is stored stays even when it names no language.
+  const bool isStored = typed == stored_.Of(Configuration()).language;
+  SetValue("language", isStored ? typed : number);
+  lblLanguageNote_->setVisible(number.empty() && !isStored && !typed.empty());
 }
 
 void wizSetup_Config::ShowLanguage() {
   const QSignalBlocker quiet(cmbLanguage_);
-  const std::string language = Value("language");
-  const QString text =
-      language.empty() ? QString() : ToQString(LanguageText(tools::ToInt32(language)));
+  const QString text = ToQString(LanguageText(Value("language")));
   cmbLanguage_->setCurrentIndex(cmbLanguage_->findText(text));
   cmbLanguage_->setEditText(text);
   lblLanguageNote_->hide();

@@ -128,8 +128,7 @@ void wizSetup_Output::ShowValues() {
   Show(*txtOverviewProduct_, project_.ProductTitle());
   Show(*txtOverviewVersion_, project_.VersionString(versionIndex_));
   Show(*txtOverviewConfiguration_, ConfigurationName(Value("config")));
-  const std::string language = Value("language");
-  Show(*txtOverviewLanguage_, language.empty() ? language : LanguageText(tools::ToInt32(language)));
+  Show(*txtOverviewLanguage_, LanguageText(Value("language")));
   // Once, not with every key: that reads every component.
   sourceFolders_ = engine::SourceFoldersOf(project_, versionIndex_);
   const QSignalBlocker quiet(txtFolder_);

@@ -209,7 +209,7 @@ class WizardsTest : public QObject {
 
   void TheConfigurationProposesItsFolderAndLanguageUnlessTheAuthorSetOthers() {
     OptionPage f("Config", {{"config", "1"}, {"folder", "aus/probe"}},
-                 "[Build1]\nOutputFolder=aus/probe\nLocale=1031\n[Build2]\nLocale=2055\n");
+                 "[Build1]\nOutputFolder=aus/probe\nLocale=1031\n[Build2]\nLocale= 2055\n");
     QCOMPARE(Shown(*f.page, {"cmbConfiguration", "cmbLanguage"}), "Debug|");
     auto& configuration = Child(*f.page, "cmbConfiguration");
     QTest::keyClick(&configuration, Qt::Key_Down);
@@ -282,7 +282,9 @@ class WizardsTest : public QObject {
   void ALanguageIsTypedAsNumberOrNameAndAnythingElseIsRefusedInPlace() {
     const std::vector<std::pair<QString, QString>> cases{{"9999", "9999"},
                                                          {"deutsch (ÖSTERREICH)", "3079"},
-                                                         {"1033 - Englisch", "1033"},
+                                                         {" 1033 – englisch (usa)", "1033"},
+                                                         {"1O33", ""},
+                                                         {"1031xyz", ""},
                                                          {"", ""},
                                                          {"Klingonisch", ""},
                                                          {"99999999999", ""},
@@ -296,11 +298,25 @@ class WizardsTest : public QObject {
     }
   }
 
+  void AStoredTextThatNamesNoLanguageStays() {
+    OptionPage f("Config", {{"config", "1"}, {"folder", "aus"}}, "[Build2]\nLocale=Klingonisch\n");
+    QTest::keyClick(&Child(*f.page, "cmbConfiguration"), Qt::Key_Down);
+    QCOMPARE(Shown(*f.page, "cmbLanguage"), "Klingonisch");
+    QTest::keyClicks(&Child(*f.page, "cmbLanguage"), "e");
+    QCOMPARE(f.store["language"], "");
+    QTest::keyClick(&Child(*f.page, "cmbLanguage"), Qt::Key_Backspace);
+    QCOMPARE(f.store["language"], "Klingonisch");
+    QVERIFY(!Child(*f.page, "lblLanguageNote").isVisible());
+  }
+
   void TheOutputPageShowsWhatWillBeBuiltAndWhere() {
     OptionPage f("Output", {{"config", "2"}, {"language", "1031"}, {"folder", "aus"}});
     QCOMPARE(f.Overview(), "Demo|1.2.0|Release|1031 – Deutsch (Deutschland)|" +
                                tools::ToQString(f.folder.Path("aus")));
-    f.store = {{"config", "7"}};
+    f.store = {{"config", "7"}, {"language", "Klingonisch"}};
+    f.page->ShowValues();
+    QCOMPARE(f.Overview(), "Demo|1.2.0|n/v|Klingonisch|n/v");
+    f.store.clear();
     f.page->ShowValues();
     QCOMPARE(f.Overview(), "Demo|1.2.0|n/v|n/v|n/v");
   }
