@@ -230,6 +230,7 @@ void tabRegistryEditor::Show(const std::string& path) {
   cmdAddValue->setEnabled(root.has_value());
   cmdRemoveValue->setEnabled(root.has_value());
   subkeys_->setStringList(entries);
+  lstSubkeys->setCurrentIndex(subkeys_->index(0));
   ShowPath(paths);
   ShowValues(values);
 }
@@ -364,10 +365,11 @@ void tabRegistryEditor::Warn(Text text, Text caption) {
 
 bool tabRegistryEditor::eventFilter(QObject* watched, QEvent* event) {
   if (watched == lstSubkeys && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<const QKeyEvent&>(*event).key();
+    const auto& press = static_cast<const QKeyEvent&>(*event);
     const QModelIndex current = lstSubkeys->currentIndex();
-    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && current.isValid()) {
-      Q_EMIT lstSubkeys->doubleClicked(current);
+    if ((press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter) && current.isValid()) {
+      // A key held down would go on through the first entry of each list.
+      if (!press.isAutoRepeat()) Q_EMIT lstSubkeys->doubleClicked(current);
       return true;
     }
   }

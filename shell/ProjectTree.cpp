@@ -172,6 +172,14 @@ void ProjectTree::keyPressEvent(QKeyEvent* event) {
   if (SelectedNode() != before) Q_EMIT NodeClicked();
 }
 
+// Without a node the editor would have no pages: neither Ctrl nor a click beside the nodes
+// deselects.
+QItemSelectionModel::SelectionFlags ProjectTree::selectionCommand(const QModelIndex& index,
+                                                                  const QEvent* /*event*/) const {
+  return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                         : QItemSelectionModel::NoUpdate;
+}
+
 void ProjectTree::contextMenuEvent(QContextMenuEvent* event) {
   // The mouse has its own rule, above.
   if (event->reason() == QContextMenuEvent::Keyboard) ShowMenuAtSelection();

@@ -17,7 +17,8 @@ struct ShownTexts {
   std::string component;  ///< the component's title, empty for a version
 };
 
-/// Pressing the right button does not select: the menu belongs to the node that is selected
+/// A click beside the nodes leaves the selected one selected. Pressing the right button does not
+/// select: the menu belongs to the node that is selected
 /// already, wherever the pointer is.
 class ProjectTree : public QTreeWidget {
   Q_OBJECT
@@ -51,6 +52,8 @@ class ProjectTree : public QTreeWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+      const QModelIndex& index, const QEvent* event) const override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
