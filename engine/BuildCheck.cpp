@@ -93,14 +93,19 @@ class Checker {
 
   void CheckComponentFiles() {
     const std::int32_t count = project_.ComponentCount(version_);
-    for (const std::int32_t slot : ComponentFileSlots(project_, version_)) {
+    const ComponentFiles files = ListComponentFiles(project_, version_);
+    for (const std::int32_t slot : files.slots) {
       CheckComponentSettings(project_, version_, slot, findings_);
-      if (slot <= count) continue;
-      findings_.Report("Die Komponentendatei liegt jenseits der Anzahl der Komponenten (" +
-                           std::to_string(count) +
-                           "): " + project_.ComponentFilePath(version_, slot),
-                       {slot, {}, 0}, Severity::Warning);
+      CheckWithin(count, slot, project_.ComponentFilePath(version_, slot));
     }
+    for (const MisnamedFile& file : files.misnamed) CheckWithin(count, file.slot, file.path);
+  }
+
+  void CheckWithin(std::int32_t count, std::int32_t slot, const std::string& path) {
+    if (slot <= count) return;
+    findings_.Report("Die Komponentendatei liegt jenseits der Anzahl der Komponenten (" +
+                         std::to_string(count) + "): " + path,
+                     {slot, {}, 0}, Severity::Warning);
   }
 
   void CheckValue(std::string_view what, const std::string& value) {

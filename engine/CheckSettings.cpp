@@ -18,6 +18,31 @@ namespace engine {
 
 namespace {
 
+std::string Again(const DuplicateName& name) {
+  std::string text;
+  if (name.key.empty()) {
+    text.append("Der Abschnitt [").append(name.section).append("] steht mehrfach in der Datei");
+  } else {
+    text.append("Der Schlüssel ").append(name.key).append(" steht mehrfach im Abschnitt [");
+    text.append(name.section).append("]");
+  }
+  return text.append("; es gilt der erste: ");
+}
+
+// What stands a second time is passed over, and may be what its author meant.
+void CheckDuplicates(std::string_view text, const std::string& path, const Place& place,
+                     Findings& findings) {
+  const Duplicates found = FindDuplicates(text);
+  for (const DuplicateName& name : found.names) {
+    findings.Report(Again(name) + path + " (Zeile " + std::to_string(name.line) + ")", place,
+                    Severity::Warning);
+  }
+  if (found.count == found.names.size()) return;
+  findings.Report(std::to_string(found.count - found.names.size()) +
+                      " weitere Abschnitte oder Schlüssel stehen mehrfach in der Datei: " + path,
+                  place, Severity::Warning);
+}
+
 void CheckText(std::string_view text, const std::string& path, const Place& place,
                Findings& findings) {
   if (text.find('\0') != std::string_view::npos) {
@@ -30,6 +55,7 @@ void CheckText(std::string_view text, const std::string& path, const Place& plac
                         std::to_string(line) + ")",
                     place);
   }
+  CheckDuplicates(text, path, place, findings);
 }
 
 void CheckFile(const model::ModProject& project, const std::string& path, Findings& findings) {
@@ -69,12 +95,17 @@ class ComponentCheck {
 
   // Sections above the count mean nothing, and may be entries that a merge or an editor cut off.
   void CheckSections(std::string_view text, std::int32_t count) {
+    constexpr std::size_t kMostNames = 10;
     std::string beyond;
-    for (const std::string_view name : SectionNames(text)) {
-      if (model::SlotNumberOf(name, "File") <= count) continue;
+    std::size_t found = 0;
+    ForEachSection(text, [&](std::string_view name) {
+      if (model::SlotNumberOf(name, "File") <= count || ++found > kMostNames) return;
       beyond.append(beyond.empty() ? "" : ", ").append(name);
+    });
+    if (found == 0) return;
+    if (found > kMostNames) {
+      beyond.append(" und ").append(std::to_string(found - kMostNames)).append(" weitere");
     }
-    if (beyond.empty()) return;
     findings_.Report(
         "Abschnitte jenseits der Anzahl der Dateien (" + std::to_string(count) + "): " + beyond,
         place_, Severity::Warning);

@@ -1,11 +1,14 @@
 #include "engine/ComponentFiles.h"
 
+#include <algorithm>
 #include <limits>
+#include <tuple>
 #include <utility>
 
 #include "engine/SettingsText.h"
 #include "model/SlotNumbers.h"
 #include "tools/Error.h"
+#include "tools/Text.h"
 #include "tools/files/FolderListing.h"
 #include "tools/files/Path.h"
 
@@ -20,31 +23,53 @@ void RequireVersionFile(const model::ModProject& project, std::int32_t version) 
                            std::make_error_code(std::errc::is_a_directory));
   }
   const std::string text = project.Settings().Load(path)->Render();
-  if (SectionNames(text).empty() || text.find('\0') != std::string::npos) {
+  if (!HasSections(text) || text.find('\0') != std::string::npos) {
     throw tools::Error("Die Datei der Version ist leer oder beschädigt: " + path);
   }
 }
 
-std::vector<std::int32_t> ComponentFileSlots(const model::ModProject& project,
-                                             std::int32_t version) {
+namespace {
+
+// On some disks names that differ in case lead to one file.
+bool IsSameFile(const std::string& path, const std::string& other) {
+  const tools::FileStamp stamp = tools::StampOf(path);
+  const tools::FileStamp otherStamp = tools::StampOf(other);
+  return stamp.exists && stamp.device == otherStamp.device && stamp.identity == otherStamp.identity;
+}
+
+}  // namespace
+
+ComponentFiles ListComponentFiles(const model::ModProject& project, std::int32_t version) {
   constexpr std::string_view kEnding = ".component";
   const std::string folder = tools::FolderOf(project.VersionFilePath(version));
   std::error_code failure;
   const std::vector<tools::FolderItem> items = tools::ListFolder(folder, failure);
   if (failure) throw tools::PathError("Der Ordner kann nicht gelesen werden", folder, failure);
-  std::vector<std::int32_t> slots;
+  ComponentFiles files;
   for (const tools::FolderItem& item : items) {
-    if (item.name.size() <= kEnding.size()) continue;
+    if (item.name.size() <= kEnding.size() ||
+        !tools::EqualIgnoringAsciiCase(item.name.substr(item.name.size() - kEnding.size()),
+                                       kEnding)) {
+      continue;
+    }
     const std::string_view name(item.name.data(), item.name.size() - kEnding.size());
     const std::int32_t slot = model::SlotNumberOf(name, "component");
-    // The name that the program itself would give counts, by the machine's rules for case.
-    if (slot != 0 &&
-        (item.kind == tools::FolderItem::Kind::Dead ||
-         LookAt(project.ComponentFilePath(version, slot)) != tools::PathKind::Absent)) {
-      slots.push_back(slot);
+    if (slot == 0) continue;
+    const std::string path = project.ComponentFilePath(version, slot);
+    std::string found = tools::JoinPath(folder, item.name);
+    if (found == path || IsSameFile(found, path)) {
+      files.slots.push_back(slot);
+    } else {
+      files.misnamed.push_back({slot, std::move(found)});
     }
   }
-  return model::OrderedSlots(std::move(slots), std::numeric_limits<std::int32_t>::max());
+  files.slots =
+      model::OrderedSlots(std::move(files.slots), std::numeric_limits<std::int32_t>::max());
+  std::sort(files.misnamed.begin(), files.misnamed.end(),
+            [](const MisnamedFile& a, const MisnamedFile& b) {
+              return std::tie(a.slot, a.path) < std::tie(b.slot, b.path);
+            });
+  return files;
 }
 
 }  // namespace engine

@@ -13,9 +13,22 @@ namespace engine {
 /// read or holds no settings (zero bytes, for example, or nothing but NULs after a loss of power).
 void RequireVersionFile(const model::ModProject& project, std::int32_t version);
 
-/// The slots, ascending, whose component file (or something in its place) is there, beyond the
-/// version's count too. Raises tools::Error when the version's folder cannot be searched.
-[[nodiscard]] std::vector<std::int32_t> ComponentFileSlots(const model::ModProject& project,
-                                                           std::int32_t version);
+/// A file whose name is that of a component file but for the case of its letters.
+struct MisnamedFile {
+  std::int32_t slot = 0;
+  std::string path;
+};
+
+struct ComponentFiles {
+  /// The slots, ascending, whose component file (or something in its place) is there.
+  std::vector<std::int32_t> slots;
+  /// Files that this machine does not take for the component files that they may be, by slot.
+  std::vector<MisnamedFile> misnamed;
+};
+
+/// The component files in a version's folder, beyond the version's count too. Raises tools::Error
+/// when the folder cannot be searched.
+[[nodiscard]] ComponentFiles ListComponentFiles(const model::ModProject& project,
+                                                std::int32_t version);
 
 }  // namespace engine

@@ -1,6 +1,7 @@
 // A look at the text of a settings file itself, for what reading its values cannot tell.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +14,27 @@ namespace engine {
 /// tell (no right to look, a defective disk).
 [[nodiscard]] tools::PathKind LookAt(const std::string& path);
 
-/// The names of the sections, in order. The views are of `text`.
-[[nodiscard]] std::vector<std::string_view> SectionNames(std::string_view text);
+/// Calls `visit` with the name of each section, in order. The views are of `text`.
+void ForEachSection(std::string_view text, const std::function<void(std::string_view name)>& visit);
+
+/// True when there is a section at all.
+[[nodiscard]] bool HasSections(std::string_view text);
+
+/// A section, or a key of a section, that the text has more than once: the first one counts. The
+/// views are of `text`.
+struct DuplicateName {
+  std::string_view section;
+  std::string_view key;  ///< empty: the section itself
+  std::size_t line = 0;  ///< of the name that does not count, from 1
+};
+
+struct Duplicates {
+  std::vector<DuplicateName> names;  ///< the first few
+  std::size_t count = 0;             ///< of all
+};
+
+/// Names are the same when they differ only in the case of ASCII letters.
+[[nodiscard]] Duplicates FindDuplicates(std::string_view text);
 
 /// The number (from 1) of the first line that marks a conflict of a version control system's merge;
 /// 0 when there is none.

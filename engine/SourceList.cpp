@@ -36,6 +36,15 @@ void AddUnseen(SourceList& list, SourceFault fault, Severity severity,
   }
 }
 
+// The same for places whose kind says it all.
+void AddPassedOver(SourceList& list, SourceFault fault, const std::vector<std::string>& places,
+                   const std::string& logWhat, const std::string& userWhat) {
+  for (const std::string& place : places) {
+    list.problems.push_back(
+        {fault, Severity::Warning, logWhat + " '" + place + "'", userWhat + ": " + place});
+  }
+}
+
 SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
                       const SourceScope& scope) {
   tools::FoundFiles found = tools::SearchFiles(folder, entry.SourceName,
@@ -53,6 +62,10 @@ SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
       list.problems[list.problems.size() - found.deadLinks.size() + i].severity = Severity::Error;
     }
   }
+  AddPassedOver(list, SourceFault::FolderLink, found.folderLinks, "Link to a folder is left out",
+                "Die Verknüpfung zu einem Ordner wird nicht verfolgt");
+  AddPassedOver(list, SourceFault::Special, found.specialFiles, "No regular file, left out",
+                "Das ist keine gewöhnliche Datei und bleibt weg");
   if (found.paths.empty() && found.unreadFolders.empty()) {
     list.problems.push_back(
         {SourceFault::NoMatch, Severity::Warning,

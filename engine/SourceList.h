@@ -16,6 +16,8 @@ enum class SourceFault {
   NoMatch,     ///< a folder scan that finds nothing
   Unreadable,  ///< a folder of a scan that cannot be read
   DeadLink,    ///< a link in a scan that leads nowhere
+  FolderLink,  ///< a link to a folder in a scan: it is not followed
+  Special,     ///< something in a scan that is no file: a pipe, device or socket
   Type,        ///< its type is neither a single file nor a folder scan
 };
 

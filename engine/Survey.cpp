@@ -1,6 +1,5 @@
 #include "engine/Survey.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -35,10 +34,11 @@ bool IsNoComponent(const tools::SettingsFile& settings) {
   // A loss of power can leave NULs in place of a part of a file.
   if (text.find('\0') != std::string::npos) return true;
   if (settings.Find("Component", "Title")) return false;
-  const std::vector<std::string_view> names = SectionNames(text);
-  return std::none_of(names.begin(), names.end(), [](std::string_view name) {
-    return tools::EqualIgnoringCase(name, "Component");
+  bool hasSection = false;
+  ForEachSection(text, [&](std::string_view name) {
+    hasSection = hasSection || tools::EqualIgnoringAsciiCase(name, "Component");
   });
+  return !hasSection;
 }
 
 class Surveyor {
@@ -54,19 +54,21 @@ class Surveyor {
   Survey Run(bool lookForSources) {
     onlyFolders_ = !lookForSources;
     RequireVersionFile(project_, version_);
-    const std::vector<std::int32_t> slots = ComponentFileSlots(project_, version_);
-    RequireCount(slots);
+    const ComponentFiles files = ListComponentFiles(project_, version_);
+    if (!files.slots.empty() || !files.misnamed.empty()) RequireCount();
     const std::int32_t count = project_.ComponentCount(version_);
-    for (const std::int32_t slot : slots) {
+    for (const std::int32_t slot : files.slots) {
       if (slot <= count) VisitSlot(slot);
+    }
+    for (const MisnamedFile& file : files.misnamed) {
+      if (file.slot <= count) VisitMisnamed(file);
     }
     return std::move(survey_);
   }
 
  private:
   // A version file that lost its end would build to an empty setup.
-  void RequireCount(const std::vector<std::int32_t>& slots) const {
-    if (slots.empty()) return;
+  void RequireCount() const {
     const std::string count = project_.ReadVersionSetting(version_, "Components", "Count", "");
     if (!tools::TrimBlanks(count).empty()) return;
     throw tools::Error("Die Anzahl der Komponenten fehlt: " + project_.VersionFilePath(version_) +
@@ -86,6 +88,21 @@ class Surveyor {
     }
     const bool isFree = !component.isInstalled && component.problems.empty();
     if (!isFree) survey_.components.push_back(std::move(component));
+  }
+
+  // Somebody else's machine may take it for the component: it is not left out without a word.
+  void VisitMisnamed(const MisnamedFile& file) {
+    SurveyedComponent component;
+    component.slot = file.slot;
+    component.isInstalled = false;
+    const std::string name = tools::FileNamePart(project_.ComponentFilePath(version_, file.slot));
+    component.problems.push_back(
+        ValueProblem("File is left out, it is not named '" + name + "': " + file.path,
+                     "Die Komponentendatei heißt nicht genau '" + name + "': " + file.path));
+    if (LookAt(file.path) == tools::PathKind::File && Load(file.slot, file.path)) {
+      AddStoredLocations(kAnyNumber);
+    }
+    survey_.components.push_back(std::move(component));
   }
 
   // What cannot be read is noted for the caller: nothing may be deleted then.

@@ -62,12 +62,19 @@ TreePlace TreePlaces::Take(const model::ICFile& entry, std::string_view sourcePa
   const std::string key = folder.key + KeyOf(name);
   if (ownKeys_.contains(key)) return {TreePlace::Fault::OwnName, {}, {}};
   if (spelled_.contains(key)) return {TreePlace::Fault::FolderInTheWay, {}, {}};
-  const auto [place, isNew] = files_.try_emplace(key, File{sourcePath, name});
-  const std::string_view before = place->second.source;
-  place->second.source = sourcePath;
-  const bool meets = !isNew && before != sourcePath;
-  return {TreePlace::Fault::None, Below(folder.path, place->second.name),
-          meets ? before : std::string_view{}};
+  File& file = files_.try_emplace(key, File{{}, name}).first->second;
+  const std::string_view before = std::exchange(file.source, sourcePath);
+  return {TreePlace::Fault::None, Below(folder.path, file.name),
+          before == sourcePath ? std::string_view{} : before, key, before};
+}
+
+void TreePlaces::Release(const TreePlace& place) {
+  if (place.key.empty()) return;
+  if (place.before.empty()) {
+    files_.erase(place.key);
+  } else {
+    files_.at(place.key).source = place.before;
+  }
 }
 
 // Neighbouring files mostly share their folder.

@@ -26,8 +26,11 @@ struct TreePlace {
 
   Fault fault = Fault::None;
   std::string path;  ///< relative to the output folder, with the machine's separators
-  /// The source that was stored there before, or that is in the way; empty when there is none.
+  /// The other source that was stored there before, or that is in the way; empty when there is
+  /// none.
   std::string_view other;
+  std::string key{};          ///< for Release: the place, empty when none was taken,
+  std::string_view before{};  ///< and the source that has it without this one
 };
 
 /// Gives out the places of a tree. The setup is used on Windows: names that differ only in case, or
@@ -40,6 +43,9 @@ class TreePlaces {
   /// The place of a file; where it meets another source's, the later one stays. `sourcePath` must
   /// live as long as this object. Raises tools::Error for a name that leads out of the tree.
   [[nodiscard]] TreePlace Take(const model::ICFile& entry, std::string_view sourcePath);
+
+  /// Gives back what Take gave last: the file could not be stored.
+  void Release(const TreePlace& place);
 
  private:
   struct Folder {

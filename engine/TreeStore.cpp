@@ -34,14 +34,13 @@ TreeStore::TreeStore(std::string folder, const std::vector<std::string>& ownName
 StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourcePath) {
   StoredFile stored;
   stored.name = TreeStoredName(entry, sourcePath);
+  TreePlace place;
   std::string target;
   try {
-    const TreePlace place = places_.Take(entry, sourcePath);
+    place = places_.Take(entry, sourcePath);
     stored.copy.errorText = FaultText(place);
-    if (stored.copy.Succeeded()) {
-      stored.replaced = place.other;
-      target = PathOf(place);
-    }
+    stored.replaced = place.other;
+    if (stored.copy.Succeeded()) target = PathOf(place);
   } catch (const tools::Error& error) {
     stored.copy.errorText = error.what();
     stored.copy.cause = error.Cause();
@@ -51,6 +50,7 @@ StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourc
       progress_.Report(filesDone_, totals_.bytesIn + soFar);
     });
   }
+  if (!stored.copy.Succeeded()) places_.Release(place);
   if (stored.copy.Succeeded()) {
     ++totals_.files;
     totals_.bytesIn += stored.copy.bytes;

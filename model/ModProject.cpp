@@ -10,7 +10,7 @@
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/Numbers.h"
-#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
 
 namespace model {
@@ -37,11 +37,20 @@ std::vector<std::int32_t> SlotsUpTo(std::int32_t count) {
 // The component slots that have a file in a version's folder.
 std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::int32_t count) {
   std::vector<std::int32_t> slots;
-  for (const std::string& path : tools::FindFiles(versionFolder, "component*.component", false)) {
+  const auto add = [&slots](const std::string& path) {
     std::string name = tools::FileNamePart(path);
     name.resize(name.size() - kComponentEnding.size());
     slots.push_back(SlotNumberOf(name, kComponentWord));
+  };
+  const tools::FoundFiles found = tools::SearchFiles(versionFolder, "component*.component", {});
+  if (!found.unreadFolders.empty()) {
+    const tools::UnseenPath& unread = found.unreadFolders.front();
+    throw tools::PathError("Der Ordner kann nicht gelesen werden", unread.path, unread.cause);
   }
+  for (const std::string& path : found.paths) add(path);
+  // Reading these says why they cannot be read.
+  for (const std::string& path : found.specialFiles) add(path);
+  for (const tools::UnseenPath& dead : found.deadLinks) add(dead.path);
   return OrderedSlots(std::move(slots), count);
 }
 

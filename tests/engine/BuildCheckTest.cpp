@@ -116,21 +116,27 @@ TEST_F(BuildCheckTest, ReportsDamagedSettings) {
   folder_.Write(component + "4.component", std::string(100, '\0'));
   folder_.Write(component + "5.component",
                 "[Component]\nTitle=Gr\xFC\xDF"
-                "e\n");
+                "e\n[files]\nCount=0\nCOUNT=1\n[FILES]\nCount=1\n");
   tools::DeleteFile(folder_.Path(component + "6.component"));
-  EXPECT_THAT(Check(),
-              ElementsAre(EndsWith("product.version ([Build1] Locale)"),
-                          EndsWith("component1.component ([File1] Permanent)"),
-                          "2/0 Die Datei enthält Konfliktmarken einer Zusammenführung: " + version +
-                              "component2.component (Zeile " +
-                              std::to_string(ConflictLineOf(component + "2.component")) + ")",
-                          "2/0 Abschnitte jenseits der Anzahl der Dateien (1): File7",
-                          "2/1 Der Eintragstyp ist weder 1 noch 2: 3",
-                          "3/0 Die Komponente hat Dateien (1), aber keine Bezeichnung",
-                          StartsWith("4/0 Die Datei ist beschädigt"),
-                          StartsWith("4/0 Die Datei enthält keine Komponente"),
-                          StartsWith("5/0 Die Datei ist nicht in UTF-8"),
-                          StartsWith("7/0 Die Komponentendatei liegt jenseits der Anzahl")));
+  EXPECT_THAT(
+      Check(),
+      ElementsAre(
+          EndsWith("product.version ([Build1] Locale)"),
+          EndsWith("component1.component ([File1] Permanent)"),
+          "2/0 Die Datei enthält Konfliktmarken einer Zusammenführung: " + version +
+              "component2.component (Zeile " +
+              std::to_string(ConflictLineOf(component + "2.component")) + ")",
+          "2/0 Abschnitte jenseits der Anzahl der Dateien (1): File7",
+          "2/1 Der Eintragstyp ist weder 1 noch 2: 3",
+          "3/0 Die Komponente hat Dateien (1), aber keine Bezeichnung",
+          StartsWith("4/0 Die Datei ist beschädigt"),
+          StartsWith("4/0 Die Datei enthält keine Komponente"),
+          StartsWith("5/0 Die Datei ist nicht in UTF-8"),
+          "5/0 Der Schlüssel COUNT steht mehrfach im Abschnitt [files]; es gilt der erste: " +
+              version + "component5.component (Zeile 5)",
+          "5/0 Der Abschnitt [FILES] steht mehrfach in der Datei; es gilt der erste: " + version +
+              "component5.component (Zeile 6)",
+          StartsWith("7/0 Die Komponentendatei liegt jenseits der Anzahl")));
 }
 
 TEST_F(BuildCheckTest, ReportsAVersionWithoutAUsableFile) {

@@ -189,6 +189,22 @@ TEST_F(BuildSetupTest, TellsWhichFilesMeetInATreeAndKeepsTheLater) {
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 5U);
 }
 
+TEST_F(BuildSetupTest, AFileThatCouldNotBeStoredTakesNoPlace) {
+  product_.AddComponent("A", {Source("1/a.txt", "1"), Source("2/a.txt", "2"),
+                              Source("3/A.txt", "3"), Source("4/a.txt", "4")});
+  onProgress_ = [this](const tools::Progress& progress) {
+    if (progress.filesTotal == 0 || progress.filesDone > 0) return;
+    tools::DeleteFile(folder_.Path("quelle/1/a.txt"));
+    tools::DeleteFile(folder_.Path("quelle/3/A.txt"));
+  };
+  Run();
+  EXPECT_EQ(summary_->errors, 2);
+  ASSERT_EQ(summary_->warnings, 1);
+  EXPECT_EQ(messages_.at(2).text, "File '" + folder_.Path("quelle/4/a.txt") + "' replaces '" +
+                                      folder_.Path("quelle/2/a.txt") +
+                                      "': both are stored as 'InstallPath\\a.txt'");
+}
+
 TEST_F(BuildSetupTest, LeavesOutComponentsOfNoUseWithAWord) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   product_.AddComponent("", {Source("b.txt", "b")});

@@ -37,10 +37,17 @@ class TestProduct {
   }
 
   /// An entry for one file, installed into the installation folder; `settings` ("Key=Value\n" each)
-  /// come before those given here and override them.
+  /// replace those given here.
   static std::string File(const std::string& path, const std::string& settings = {}) {
-    return settings + "ID={" + path + "}\nType=1\nSourcePath=" + tools::FolderOf(path) +
-           "\nSourceName=" + tools::FileNamePart(path) + "\nTargetFolder=2001\n";
+    std::string entry = settings;
+    for (const std::string& line :
+         {"ID={" + path + "}\n", std::string("Type=1\n"),
+          "SourcePath=" + tools::FolderOf(path) + "\n",
+          "SourceName=" + tools::FileNamePart(path) + "\n", std::string("TargetFolder=2001\n")}) {
+      const std::string key = line.substr(0, line.find('=') + 1);
+      if (("\n" + settings).find("\n" + key) == std::string::npos) entry += line;
+    }
+    return entry;
   }
 
   /// An entry for the files of a folder and its subfolders.

@@ -29,8 +29,14 @@ bool StatusOf(std::string_view path, struct stat& status, std::error_code& failu
   return false;
 }
 
-/// Looks at an entry whose kind readdir did not tell, or that is a link. Returns false for what a
-/// listing passes over.
+FolderItem::Kind KindFrom(const struct stat& status, bool isLink) {
+  if (S_ISREG(status.st_mode)) return FolderItem::Kind::File;
+  if (!S_ISDIR(status.st_mode)) return FolderItem::Kind::Special;
+  return isLink ? FolderItem::Kind::FolderLink : FolderItem::Kind::Folder;
+}
+
+/// Looks at an entry whose kind readdir did not tell, or that is a link. Returns false when it has
+/// vanished since.
 bool LookAt(int folder, FolderItem& item) {
   const char* const name = item.name.c_str();
   struct stat status {};
@@ -38,15 +44,15 @@ bool LookAt(int folder, FolderItem& item) {
   if (::fstatat(folder, name, &own, AT_SYMLINK_NOFOLLOW) != 0) {
     item.kind = FolderItem::Kind::Dead;
     item.cause = LastSystemError();
-    return errno != ENOENT;  // else it has vanished since
+    return errno != ENOENT;
   }
   if (::fstatat(folder, name, &status, 0) != 0) {
     item.kind = FolderItem::Kind::Dead;
     item.cause = LastSystemError();
     return true;
   }
-  item.kind = S_ISREG(status.st_mode) ? FolderItem::Kind::File : FolderItem::Kind::Folder;
-  return S_ISREG(status.st_mode) || S_ISDIR(own.st_mode);
+  item.kind = KindFrom(status, S_ISLNK(own.st_mode));
+  return true;
 }
 
 [[noreturn]] void FailToRemove(const std::string& path, std::error_code cause) {

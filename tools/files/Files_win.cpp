@@ -168,13 +168,15 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
   }
   do {
     const DWORD attributes = search.Data().dwFileAttributes;
-    if (search.IsDots() || IsFolderLink(attributes)) continue;
+    if (search.IsDots()) continue;
     const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     FolderItem item{FromWide(search.Data().cFileName),
                     isFolder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
                     (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0,
                     {}};
-    if (item.mayBeLink && LeadsNowhere(JoinPath(folder, item.name))) {
+    if (IsFolderLink(attributes)) {
+      item.kind = FolderItem::Kind::FolderLink;
+    } else if (item.mayBeLink && LeadsNowhere(JoinPath(folder, item.name))) {
       item.kind = FolderItem::Kind::Dead;
       item.cause = std::make_error_code(std::errc::no_such_file_or_directory);
     }

@@ -145,22 +145,31 @@ class Searcher {
               [](const FolderItem& a, const FolderItem& b) { return a.name < b.name; });
     const std::string prefix = EnsureTrailingSeparator(folder);
     for (const FolderItem& item : items) {
-      if (item.kind != FolderItem::Kind::Folder && !IsEnough()) Take(prefix, item);
+      if (!IsEnough()) Take(prefix, item);
     }
     if (!search_.includeSubfolders) return;
     for (const FolderItem& item : items) {
-      if (item.kind == FolderItem::Kind::Folder && !IsEnough()) Visit(prefix + item.name, false);
+      if (IsEnough()) break;
+      if (item.kind == FolderItem::Kind::Folder) Visit(prefix + item.name, false);
+      if (item.kind == FolderItem::Kind::FolderLink && !IsLeftOut(prefix + item.name)) {
+        found_.folderLinks.push_back(prefix + item.name);
+      }
     }
   }
 
   void Take(const std::string& prefix, const FolderItem& item) {
+    using Kind = FolderItem::Kind;
+    if (item.kind == Kind::Folder || item.kind == Kind::FolderLink) return;
     if (!MatchesCompiled(item.name, compiled_)) return;
-    if (item.kind == FolderItem::Kind::Dead) {
-      found_.deadLinks.push_back({prefix + item.name, item.cause});
-      return;
+    std::string path = prefix + item.name;
+    if (item.kind == Kind::Dead) {
+      found_.deadLinks.push_back({std::move(path), item.cause});
+    } else if (item.kind == Kind::Special) {
+      found_.specialFiles.push_back(std::move(path));
+    } else {
+      if (item.mayBeLink) found_.links.push_back(path);
+      found_.paths.push_back(std::move(path));
     }
-    found_.paths.push_back(prefix + item.name);
-    if (item.mayBeLink) found_.links.push_back(found_.paths.back());
   }
 
   [[nodiscard]] bool IsEnough() const { return found_.paths.size() >= search_.atMost; }

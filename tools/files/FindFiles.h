@@ -30,7 +30,10 @@ struct FoundFiles {
   std::vector<std::string> paths;  ///< full paths, in the order that FindFiles gives
   std::vector<std::string> links;  ///< those of `paths` that may be links: all links are among them
   std::vector<UnseenPath> unreadFolders;
-  std::vector<UnseenPath> deadLinks;  ///< matching names that lead to no file or folder
+  std::vector<UnseenPath> deadLinks;      ///< matching names that lead to no file or folder
+  std::vector<std::string> specialFiles;  ///< matching names of pipes, devices and sockets
+  /// Links to folders, where a search looks into subfolders: it does not follow them.
+  std::vector<std::string> folderLinks;
 };
 
 /// The search of FindFiles (Files.h), which goes on past what it cannot read. A folder that does

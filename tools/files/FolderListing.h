@@ -12,7 +12,9 @@ struct FolderItem {
   enum class Kind {
     File,
     Folder,
-    Dead  ///< a link that leads nowhere, or something that cannot be looked at
+    FolderLink,  ///< a link to a folder
+    Special,     ///< a pipe, device or socket, or a link to one
+    Dead         ///< a link that leads nowhere, or something that cannot be looked at
   };
 
   std::string name;
@@ -21,9 +23,8 @@ struct FolderItem {
   std::error_code cause{};  ///< why it is Dead
 };
 
-/// The files (links to files among them), subfolders (links to folders left out) and dead names of
-/// a folder, in no particular order; everything else is passed over. `failure` says why it cannot
-/// be read to its end.
+/// All that lies in a folder, in no particular order; links to files count as files. `failure` says
+/// why it cannot be read to its end.
 [[nodiscard]] std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure);
 
 }  // namespace tools

@@ -45,7 +45,9 @@ void RemoveLeftovers(const std::string& folder) noexcept {
   try {
     std::error_code failure;
     for (const FolderItem& item : ListFolder(folder.empty() ? "." : folder, failure)) {
-      if (!IsTemporaryName(item.name)) continue;
+      const bool isOurs =
+          item.kind != FolderItem::Kind::FolderLink && item.kind != FolderItem::Kind::Special;
+      if (!isOurs || !IsTemporaryName(item.name)) continue;
       try {
         RemoveIfOwnerIsGone(folder.empty() ? item.name : JoinPath(folder, item.name),
                             &RemoveTemporary);

@@ -1,6 +1,7 @@
 #include "tools/settings/SettingsStore.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -21,7 +22,19 @@ constexpr std::uint64_t kMostKeptBytes = std::uint64_t{24} << 20U;
 /// component in turn, and any of them could be larger than all that is kept.
 constexpr std::size_t kAlwaysKept = 4;
 /// A larger file is no settings file.
-constexpr std::size_t kLargestFileBytes = std::size_t{1} << 30U;
+constexpr std::size_t kLargestFileBytes = std::size_t{128} << 20U;
+
+/// As StampOf, but a link that leads nowhere is no file that is absent: what it should lead to (a
+/// disk that is not mounted) is unknown.
+FileStamp StampToRead(const std::string& path) {
+  const FileStamp stamp = StampOf(path);
+  std::error_code ignored;
+  if (!stamp.exists && std::filesystem::is_symlink(ToPath(path), ignored)) {
+    throw PathError("Die Datei kann nicht gelesen werden", path,
+                    std::make_error_code(std::errc::no_such_file_or_directory));
+  }
+  return stamp;
+}
 
 /// The file has been replaced: an error now must not look like a failed replacement. Without a
 /// stamp the next call reads the file again.
@@ -38,25 +51,26 @@ struct StampedContent {
   std::string content;
 };
 
+[[noreturn]] void FailTooLarge(const std::string& path) {
+  throw PathError("Die Einstellungsdatei ist größer als 128 MiB", path, {});
+}
+
 StampedContent ReadExisting(const std::string& path) {
   const InputFile file(path, InputFile::WhenHeld::Wait);
   const FileStamp stamp = file.Stamp();
   std::optional<std::string> content =
       ReadToEnd(file, static_cast<std::size_t>(stamp.size), kLargestFileBytes);
-  if (!content) {
-    throw PathError("Die Einstellungsdatei ist zu groß", path,
-                    std::make_error_code(std::errc::file_too_large));
-  }
+  if (!content) FailTooLarge(path);
   return {stamp, std::move(*content)};
 }
 
 StampedContent ReadSettingsFile(const std::string& path) {
-  if (!StampOf(path).exists) return {};
+  if (!StampToRead(path).exists) return {};
   try {
     return ReadExisting(path);
   } catch (const Error&) {
     // It may have been deleted since the first look.
-    if (!StampOf(path).exists) return {};
+    if (!StampToRead(path).exists) return {};
     throw;
   }
 }
@@ -129,7 +143,7 @@ SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
   entry.lastUse = ++uses_;
   if (entry.firstWrite != 0 || (batch_ != 0 && entry.checkedInBatch == batch_)) return entry;
   try {
-    if (!entry.file || StampOf(path) != entry.stamp) {
+    if (!entry.file || StampToRead(path) != entry.stamp) {
       ReadFromDisk(path, entry);
       ForgetOldest();
     }
@@ -150,7 +164,7 @@ void SettingsStore::ReadFromDisk(const std::string& path, Entry& entry) {
 
 void SettingsStore::Replace(const std::string& path, Entry& entry) {
   const FolderLock lock(FolderOf(path));
-  if (StampOf(path) != entry.stamp) {
+  if (StampToRead(path) != entry.stamp) {
     const std::shared_ptr<SettingsFile> written = entry.file;
     const bool existed = entry.stamp.exists;
     ReadFromDisk(path, entry);
@@ -169,7 +183,12 @@ void SettingsStore::WriteFile(const std::string& path, const SettingsFile& conte
   const std::string folder = FolderOf(path);
   if (tidiedFolders_.insert(folder).second) RemoveLeftovers(folder);
   ReplacementFile replacement(disk_, path);
-  content.Render([&replacement](std::string_view part) { replacement.File().Write(part); });
+  std::size_t bytes = 0;
+  content.Render([&](std::string_view part) {
+    bytes += part.size();
+    if (bytes > kLargestFileBytes) FailTooLarge(path);  // nobody could read it again
+    replacement.File().Write(part);
+  });
   replacement.Commit(ReplacementFile::Durability::Flushed);
 }
 
