@@ -5,8 +5,10 @@
 // A product file given as the only argument is opened after the start.
 #include "app/DesktopProgram.h"
 #include "shell/GuardedApplication.h"
+#include "tools/Process.h"
 
 int main(int argc, char** argv) {
+  tools::PrepareProcess();
   shell::GuardedApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("packwright"));
   QGuiApplication::setDesktopFileName(QStringLiteral("packwright"));

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "console/JsonReport.h"
+#include "console/OutputEnd.h"
 #include "console/ProductProof.h"
 #include "console/ProductVersion.h"
 #include "console/TextReport.h"
@@ -167,9 +168,7 @@ ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& 
   return Build(project, settings, version, line, surroundings, report);
 }
 
-}  // namespace
-
-ExitCode RunProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+ExitCode RunCall(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
   const Streams& streams = surroundings.streams;
   ExitCode exitCode = ExitCode::Built;
   const std::optional<CommandLine> line =
@@ -194,6 +193,12 @@ ExitCode RunProgram(const std::vector<std::string>& arguments, const Surrounding
     report->Failure(error.what());
     return ExitCode::Stopped;
   }
+}
+
+}  // namespace
+
+ExitCode RunProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+  return EndOutput(surroundings.streams, "packwright-build", RunCall(arguments, surroundings));
 }
 
 }  // namespace console

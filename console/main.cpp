@@ -4,9 +4,11 @@
 
 #include "console/Platform.h"
 #include "console/Program.h"
+#include "tools/Process.h"
 
 int main(int argc, char** argv) {
   try {
+    tools::PrepareProcess();
     console::WatchForInterrupt();
     tools::SystemDisk disk;
     const console::Surroundings surroundings{

@@ -2,11 +2,14 @@
 #include <exception>
 #include <iostream>
 
+#include "console/OutputEnd.h"
 #include "console/Platform.h"
 #include "console/setup/SetupProgram.h"
+#include "tools/Process.h"
 
 int main(int argc, char** argv) {
   try {
+    tools::PrepareProcess();
     console::WatchForInterrupt();
     tools::SystemDisk disk;
     const console::Surroundings surroundings{
@@ -16,8 +19,9 @@ int main(int argc, char** argv) {
         .programFolder = console::ProgramFolder(),
         .disk = disk,
         .interrupted = console::WasInterrupted};
-    return static_cast<int>(
-        console::RunSetupProgram(console::ProgramArguments(argc, argv), surroundings));
+    const console::ExitCode code =
+        console::RunSetupProgram(console::ProgramArguments(argc, argv), surroundings);
+    return static_cast<int>(console::EndOutput(surroundings.streams, "packwright-setup", code));
   } catch (const std::exception& error) {
     std::cerr << "packwright-setup: " << error.what() << '\n';
     return static_cast<int>(console::ExitCode::Stopped);
