@@ -20,7 +20,7 @@
 
 #include "model/FileEntries.h"
 #include "shell/EditorTabs.h"
-#include "tools/ConsoleDialogs.h"
+#include "tools/Dialogs.h"
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
 #include "tools/files/Path.h"
@@ -32,12 +32,22 @@ constexpr int kVendors = 100;
 constexpr int kKeysOfAVendor = 1'000;
 constexpr int kRuns = 5;
 
-/// Chooses one folder whenever it is asked for one.
-class OneFolder : public tools::ConsoleDialogs {
+/// Chooses one folder whenever it is asked for one, and takes every question's default answer.
+class OneFolder : public tools::Dialogs {
  public:
-  explicit OneFolder(std::string folder)
-      : ConsoleDialogs(std::cerr, Policy::Refuse), folder_(std::move(folder)) {}
+  explicit OneFolder(std::string folder) : folder_(std::move(folder)) {}
+  tools::MessageAnswer ShowMessage(const tools::Message& message) override {
+    std::cerr << message.text << '\n';
+    return message.defaultAnswer;
+  }
+  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+    return {};
+  }
+  std::string OpenFile(const tools::OpenFileRequest&) override { return {}; }
   std::string BrowseFolder(const std::string&, int) override { return folder_; }
+  int ShowBusyNotice(const std::string&) override { return 0; }
+  void UpdateBusyNotice(int, const tools::Progress&) override {}
+  void WithdrawBusyNotice(int) override {}
 
  private:
   std::string folder_;

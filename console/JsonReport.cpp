@@ -65,23 +65,22 @@ void JsonReport::Listing(const model::ModProject& project) {
             {{"event", "product"}, {"title", project.ProductTitle()}, {"versions", versions}});
 }
 
-void JsonReport::Summary() {
+void JsonReport::Summary(const engine::BuildSummary& summary) {
   if (quiet_) return;
-  const engine::BuildSummary& result = Result();
   WriteLine(Output(), {{"event", "summary"},
-                       {"outcome", OutcomeName(result.outcome)},
-                       {"outputFolder", result.outputFolder},
-                       {"files", result.files},
-                       {"bytesIn", result.bytesIn},
-                       {"bytesOut", result.bytesOut},
-                       {"ratio", Ratio(result)},
+                       {"outcome", OutcomeName(summary.outcome)},
+                       {"outputFolder", summary.outputFolder},
+                       {"files", summary.stored.files},
+                       {"bytesIn", summary.stored.bytesIn},
+                       {"bytesOut", summary.stored.bytesOut},
+                       {"ratio", Ratio(summary.stored)},
                        {"seconds", SecondsSoFar()},
-                       {"warnings", result.warnings},
-                       {"errors", result.errors}});
+                       {"warnings", summary.warnings},
+                       {"errors", summary.errors}});
 }
 
-void JsonReport::ShowProgress(const tools::Progress& progress) {
-  if (quiet_) return;
+void JsonReport::OnProgress(const tools::Progress& progress) {
+  if (quiet_ || progress.filesTotal == 0) return;
   WriteLine(Output(), {{"event", "progress"},
                        {"filesDone", progress.filesDone},
                        {"filesTotal", progress.filesTotal},

@@ -18,14 +18,12 @@ class JsonReport : public Report {
   JsonReport(Streams streams, InterruptTest interrupted, bool quiet);
 
   void OnMessage(const engine::BuildMessage& message) override;
+  void OnProgress(const tools::Progress& progress) override;
   void Failure(const std::string& text) override;
   void CheckEnd(std::size_t findings) override;
   void ProofEnd(const setup::ProofResult& result) override;
   void Listing(const model::ModProject& project) override;
-  void Summary() override;
-
- protected:
-  void ShowProgress(const tools::Progress& progress) override;
+  void Summary(const engine::BuildSummary& summary) override;
 
  private:
   bool quiet_;

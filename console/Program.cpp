@@ -9,11 +9,11 @@
 #include "console/ProductProof.h"
 #include "console/ProductVersion.h"
 #include "console/TextReport.h"
+#include "engine/Build.h"
 #include "engine/BuildCheck.h"
-#include "engine/BuildSetup.h"
 #include "model/ModProject.h"
+#include "model/TextTable.h"
 #include "tools/Clock.h"
-#include "tools/ConsoleDialogs.h"
 #include "tools/Error.h"
 #include "tools/Numbers.h"
 #include "tools/Text.h"
@@ -25,6 +25,8 @@
 namespace console {
 
 namespace {
+
+constexpr const char* kStoppedText = "Abgebrochen.";
 
 std::string StoredOutputFolder(const model::ModProject& project, std::int32_t version,
                                const std::string& configuration) {
@@ -48,24 +50,21 @@ std::string StoredOutputFolder(const model::ModProject& project, std::int32_t ve
   return folder;
 }
 
-engine::BuildSettings SettingsFor(const model::ModProject& project, std::int32_t version,
-                                  const CommandLine& line, const std::string& workingFolder) {
+engine::BuildOptions OptionsFor(const model::ModProject& project, std::int32_t version,
+                                const CommandLine& line, const std::string& workingFolder) {
   const std::string configuration =
       project.ReadVersionSetting(version, "BuildCommon", "ActiveConfig", "1");
-  engine::BuildSettings settings;
-  settings["installertype"] =
-      project.ReadVersionSetting(version, "BuildCommon", "InstallerType", "1");
-  settings["config"] = configuration;
+  engine::BuildOptions options;
+  options.packaged = line.zip;
+  options.includeWrapper = line.wrapper;
+  options.includeRuntime = line.runtime;
   if (!line.output) {
-    settings["folder"] = StoredOutputFolder(project, version, configuration);
+    options.folder = StoredOutputFolder(project, version, configuration);
   } else if (!tools::TrimBlanks(*line.output).empty()) {
     // A blank folder (an unset variable of a script) must stay blank, which a build refuses.
-    settings["folder"] = tools::ResolvePath(*line.output, workingFolder);
+    options.folder = tools::ResolvePath(*line.output, workingFolder);
   }
-  settings["makezip"] = line.zip ? "1" : "0";
-  settings["includeexe"] = line.wrapper ? "1" : "0";
-  settings["includetessel"] = line.runtime ? "1" : "0";
-  return settings;
+  return options;
 }
 
 ExitCode TellFindings(const std::vector<engine::BuildMessage>& findings, Report& report) {
@@ -80,10 +79,10 @@ ExitCode Check(model::ModProject& project, const CommandLine& line,
   try {
     OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
     const std::int32_t version = FindVersion(project, line.version);
-    const engine::BuildSettings settings =
-        SettingsFor(project, version, line, surroundings.workingFolder);
-    return TellFindings(engine::CheckBuild(project, settings, version, surroundings.programFolder,
-                                           [&report] { report.GoOn(); }),
+    const engine::BuildOptions options =
+        OptionsFor(project, version, line, surroundings.workingFolder);
+    return TellFindings(engine::CheckBuild(project, options, version, surroundings.programFolder,
+                                           [&report] { report.ThrowIfStopped(); }),
                         report);
   } catch (const tools::Error& error) {
     engine::BuildMessage finding;
@@ -92,23 +91,37 @@ ExitCode Check(model::ModProject& project, const CommandLine& line,
   }
 }
 
-ExitCode Conclude(Report& report) {
-  const engine::BuildSummary& result = report.Result();
-  if (result.outcome == engine::BuildOutcome::OutputFolderInUse) {
-    report.Failure("Der Ausgabeordner enthält Dateien (--overwrite leert ihn vorher): " +
-                   result.outputFolder);
+/// Why a build gave no new setup.
+std::string Explain(const engine::BuildSummary& summary) {
+  switch (summary.outcome) {
+    case engine::BuildOutcome::InvalidOutputFolder:
+      return model::LoadText(model::Text::InvalidOutputFolder) + " " + summary.reason;
+    case engine::BuildOutcome::OutputFolderInUse:
+      return "Der Ausgabeordner enthält Dateien (--overwrite leert ihn vorher): " +
+             summary.outputFolder;
+    case engine::BuildOutcome::Incomplete:
+      return model::LoadText(model::Text::BuildHadErrors) + " " + summary.reason;
+    case engine::BuildOutcome::OutputFolderStuck:
+      return summary.reason;
+    case engine::BuildOutcome::Stopped:
+      return kStoppedText;
+    case engine::BuildOutcome::Finished:
+      break;
+  }
+  return {};
+}
+
+ExitCode Conclude(const engine::BuildSummary& summary, Report& report) {
+  if (summary.outcome != engine::BuildOutcome::Finished) {
+    report.Failure(Explain(summary));
     return ExitCode::Stopped;
   }
-  if (result.outcome != engine::BuildOutcome::Finished) {
-    report.Failure(result.reason);
-    return ExitCode::Stopped;
-  }
-  report.Summary();
-  if (result.diskFull) {
+  report.Summary(summary);
+  if (summary.diskFull) {
     report.Failure("Das Setup ist unvollständig: Der Datenträger ist voll.");
     return ExitCode::Stopped;
   }
-  return result.errors > 0 ? ExitCode::BuiltWithErrors : ExitCode::Built;
+  return summary.errors > 0 ? ExitCode::BuiltWithErrors : ExitCode::Built;
 }
 
 void Tell(const setup::Finding& finding, Report& report) {
@@ -119,13 +132,14 @@ void Tell(const setup::Finding& finding, Report& report) {
 }
 
 /// Proves the setup that was just built; its findings are told like the errors of the build.
-ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version, Report& report) {
+ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version,
+                    const std::string& outputFolder, Report& report) {
   const tools::SystemClock clock;
   setup::ProofResult result;
   try {
-    result =
-        ProveVersion(setup::OpenSetup(report.Result().outputFolder), project, version, clock,
-                     [&report](const tools::Progress& progress) { report.OnProgress(progress); });
+    result = ProveVersion(
+        setup::OpenSetup(outputFolder), project, version, clock,
+        [&report](const tools::Progress& progress) { report.OnProofProgress(progress); });
   } catch (const tools::Error& error) {
     result.findings.push_back({.text = error.what()});
   }
@@ -134,23 +148,20 @@ ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version, Repo
   return result.findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
 }
 
-ExitCode Build(const model::ModProject& project, const engine::BuildSettings& settings,
+ExitCode Build(const model::ModProject& project, const engine::BuildOptions& options,
                std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
                Report& report) {
-  // The report says everything that a message box would; its questions are answered by an option.
-  std::ostream silent(nullptr);
-  tools::ConsoleDialogs dialogs(silent, line.overwrite ? tools::ConsoleDialogs::Policy::Agree
-                                                       : tools::ConsoleDialogs::Policy::Refuse);
+  if (line.overwrite) report.AllowOverwriting();
   const tools::SystemClock clock;
   const engine::BuildEnvironment environment{.project = project,
-                                             .dialogs = dialogs,
                                              .clock = clock,
                                              .disk = surroundings.disk,
-                                             .status = report,
                                              .programFolder = surroundings.programFolder};
-  engine::BuildSetup(environment, settings, version);
-  const ExitCode code = Conclude(report);
-  return line.prove && code == ExitCode::Built ? ProveBuilt(project, version, report) : code;
+  const engine::BuildSummary summary = engine::BuildVersion(environment, options, version, report);
+  const ExitCode code = Conclude(summary, report);
+  return line.prove && code == ExitCode::Built
+             ? ProveBuilt(project, version, summary.outputFolder, report)
+             : code;
 }
 
 ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& report) {
@@ -163,9 +174,9 @@ ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& 
     return ExitCode::Built;
   }
   const std::int32_t version = FindVersion(project, line.version);
-  const engine::BuildSettings settings =
-      SettingsFor(project, version, line, surroundings.workingFolder);
-  return Build(project, settings, version, line, surroundings, report);
+  const engine::BuildOptions options =
+      OptionsFor(project, version, line, surroundings.workingFolder);
+  return Build(project, options, version, line, surroundings, report);
 }
 
 ExitCode RunCall(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
@@ -183,8 +194,8 @@ ExitCode RunCall(const std::vector<std::string>& arguments, const Surroundings& 
   }
   try {
     return Run(*line, surroundings, *report);
-  } catch (const Interrupted&) {
-    report->Failure("Abgebrochen.");
+  } catch (const tools::Stopped&) {
+    report->Failure(kStoppedText);
     return ExitCode::Stopped;
   } catch (const BadCall& bad) {
     report->Failure(bad.text);

@@ -2,38 +2,25 @@
 
 namespace console {
 
-namespace {
-
-constexpr std::chrono::milliseconds kProgressInterval{250};
-
-}  // namespace
-
 Report::Report(Streams streams, InterruptTest interrupted)
-    : streams_(streams),
-      interrupted_(interrupted),
-      begun_(std::chrono::steady_clock::now()),
-      lastShown_(begun_) {}
+    : streams_(streams), interrupted_(interrupted) {}
 
-void Report::OnProgress(const tools::Progress& progress) {
-  GoOn();
-  if (progress.filesTotal == 0) return;
-  const auto now = std::chrono::steady_clock::now();
-  if (now - lastShown_ < kProgressInterval) return;
-  lastShown_ = now;
-  ShowProgress(progress);
+void Report::ThrowIfStopped() const {
+  if (interrupted_()) throw tools::Stopped();
 }
 
-void Report::GoOn() const {
-  if (interrupted_()) throw Interrupted();
+void Report::OnProofProgress(const tools::Progress& progress) {
+  ThrowIfStopped();
+  if (pace_.IsDue()) OnProgress(progress);
 }
 
 double Report::SecondsSoFar() const {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun_).count();
+  return std::chrono::duration<double>(clock_.SteadyNow() - begun_).count();
 }
 
-double Ratio(const engine::BuildSummary& summary) {
-  if (summary.bytesIn == 0) return 1.0;
-  return static_cast<double>(summary.bytesOut) / static_cast<double>(summary.bytesIn);
+double Ratio(const tools::ArchiveTotals& totals) {
+  if (totals.bytesIn == 0) return 1.0;
+  return static_cast<double>(totals.bytesOut) / static_cast<double>(totals.bytesIn);
 }
 
 std::string OutcomeName(engine::BuildOutcome outcome) {
@@ -48,6 +35,8 @@ std::string OutcomeName(engine::BuildOutcome outcome) {
       return "output-folder-stuck";
     case engine::BuildOutcome::Incomplete:
       return "incomplete";
+    case engine::BuildOutcome::Stopped:
+      return "stopped";
   }
   return {};
 }

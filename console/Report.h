@@ -2,20 +2,17 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
+#include <cstddef>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 #include "console/CommandLine.h"
-#include "engine/BuildStatus.h"
+#include "engine/Build.h"
 #include "model/ModProject.h"
 #include "setup/Proof.h"
 
 namespace console {
-
-/// Thrown by a build's observer to end a build that the user interrupted.
-struct Interrupted {};
 
 /// The streams that a call writes to.
 struct Streams {
@@ -26,18 +23,22 @@ struct Streams {
 };
 
 /// A build's observer that also says everything else that the program has to say.
-class Report : public engine::BuildStatus {
+class Report : public engine::BuildObserver {
  public:
   /// Asks whether the user wants the build to end.
   using InterruptTest = bool (*)();
 
   Report(Streams streams, InterruptTest interrupted);
 
-  void OnProgress(const tools::Progress& progress) override;
-  void OnEnd(const engine::BuildSummary& summary) override { summary_ = summary; }
+  /// The answer to whether a build may empty its output folder; without a call it is no.
+  void AllowOverwriting() { mayOverwrite_ = true; }
+  bool MayEmptyOutputFolder(const std::string& /*folder*/) override { return mayOverwrite_; }
+  bool IsStopWanted() override { return interrupted_(); }
 
-  /// Raises Interrupted when the user wants the call to end.
-  void GoOn() const;
+  /// Raises tools::Stopped when the user wants the call to end.
+  void ThrowIfStopped() const;
+  /// How far a proof has come: thins out what it is told, and raises tools::Stopped.
+  void OnProofProgress(const tools::Progress& progress);
   /// The call cannot go on.
   virtual void Failure(const std::string& text) = 0;
   /// What --check found has been reported; `findings` of them.
@@ -47,15 +48,11 @@ class Report : public engine::BuildStatus {
   /// The versions and components of a product.
   virtual void Listing(const model::ModProject& project) = 0;
   /// The end of a build that reached its end.
-  virtual void Summary() = 0;
+  virtual void Summary(const engine::BuildSummary& summary) = 0;
 
-  [[nodiscard]] const engine::BuildSummary& Result() const { return summary_; }
   [[nodiscard]] double SecondsSoFar() const;
 
  protected:
-  /// Shows how far the build has come; called a few times a second.
-  virtual void ShowProgress(const tools::Progress& progress) = 0;
-
   [[nodiscard]] std::ostream& Output() const { return streams_.output; }
   [[nodiscard]] std::ostream& Errors() const { return streams_.errors; }
   [[nodiscard]] bool ErrorsAreTerminal() const { return streams_.errorsAreTerminal; }
@@ -63,13 +60,14 @@ class Report : public engine::BuildStatus {
  private:
   Streams streams_;
   InterruptTest interrupted_;
-  engine::BuildSummary summary_;
-  std::chrono::steady_clock::time_point begun_;
-  std::chrono::steady_clock::time_point lastShown_;
+  bool mayOverwrite_ = false;
+  tools::SystemClock clock_;
+  std::chrono::steady_clock::time_point begun_ = clock_.SteadyNow();
+  tools::ReportPace pace_{clock_};
 };
 
 /// The size of what came out as a part of what went in; 1 when nothing went in.
-[[nodiscard]] double Ratio(const engine::BuildSummary& summary);
+[[nodiscard]] double Ratio(const tools::ArchiveTotals& totals);
 
 /// The outcome's name in JSON: "finished", "invalid-output-folder" and so on.
 [[nodiscard]] std::string OutcomeName(engine::BuildOutcome outcome);

@@ -59,22 +59,21 @@ void TextReport::Listing(const model::ModProject& project) {
   }
 }
 
-void TextReport::Summary() {
+void TextReport::Summary(const engine::BuildSummary& summary) {
   ClearProgress();
   if (quiet_) return;
-  const engine::BuildSummary& result = Result();
-  Output() << "Setup erstellt: " << result.outputFolder << '\n'
-           << "  Dateien:    " << result.files << '\n'
-           << "  Eingang:    " << ByteText(result.bytesIn) << '\n'
-           << "  Ausgang:    " << ByteText(result.bytesOut) << " ("
-           << DecimalText(100 * Ratio(result), 1) << " %)\n"
+  Output() << "Setup erstellt: " << summary.outputFolder << '\n'
+           << "  Dateien:    " << summary.stored.files << '\n'
+           << "  Eingang:    " << ByteText(summary.stored.bytesIn) << '\n'
+           << "  Ausgang:    " << ByteText(summary.stored.bytesOut) << " ("
+           << DecimalText(100 * Ratio(summary.stored), 1) << " %)\n"
            << "  Zeit:       " << DecimalText(SecondsSoFar(), 1) << " s\n"
-           << "  Warnungen:  " << result.warnings << '\n'
-           << "  Fehler:     " << result.errors << '\n';
+           << "  Warnungen:  " << summary.warnings << '\n'
+           << "  Fehler:     " << summary.errors << '\n';
 }
 
-void TextReport::ShowProgress(const tools::Progress& progress) {
-  if (quiet_ || !ErrorsAreTerminal()) return;
+void TextReport::OnProgress(const tools::Progress& progress) {
+  if (quiet_ || !ErrorsAreTerminal() || progress.filesTotal == 0) return;
   const double seconds = SecondsSoFar();
   const auto rate = static_cast<std::uint64_t>(static_cast<double>(progress.bytesDone) / seconds);
   Errors() << kEraseLine << progress.filesDone << " von " << progress.filesTotal << " Dateien, "

@@ -11,14 +11,12 @@ class TextReport : public Report {
   TextReport(Streams streams, InterruptTest interrupted, bool quiet);
 
   void OnMessage(const engine::BuildMessage& message) override;
+  void OnProgress(const tools::Progress& progress) override;
   void Failure(const std::string& text) override;
   void CheckEnd(std::size_t findings) override;
   void ProofEnd(const setup::ProofResult& result) override;
   void Listing(const model::ModProject& project) override;
-  void Summary() override;
-
- protected:
-  void ShowProgress(const tools::Progress& progress) override;
+  void Summary(const engine::BuildSummary& summary) override;
 
  private:
   /// Takes the progress line off the terminal, so that another line can take its place.

@@ -18,11 +18,11 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
     : progress_(progress), folder_(tools::JoinPath(private_.Path(), "PackwrightTemp")) {
   tools::MakeFolder(folder_);
   WithArchive([&] {
-    writer_ = std::make_unique<tools::ArchiveWriter>(
-        disk, archivePath, kOptions, [this](const tools::ArchiveTotals& totals) {
-          totals_ = {totals.files, totals.bytesIn, totals.bytesOut};
-          ReportProgress();
-        });
+    writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, kOptions,
+                                                     [this](const tools::ArchiveTotals& totals) {
+                                                       totals_ = totals;
+                                                       ReportProgress();
+                                                     });
   });
 }
 
@@ -62,23 +62,19 @@ void ArchiveStore::Archive(const Action& action) {
 
 std::optional<tools::Error> ArchiveStore::Finish() {
   if (writer_) {
-    WithArchive([&] {
-      const tools::ArchiveTotals totals = writer_->Finish();
-      totals_ = {totals.files, totals.bytesIn, totals.bytesOut};
-    });
+    WithArchive([&] { totals_ = writer_->Finish(); });
   }
   writer_.reset();
   ReportProgress();
   return failure_;
 }
 
-// Tells failures of the archive, which the build survives, from an observer's wish to stop.
+// The build survives a failure of the archive; a wish to stop is no failure and passes through.
 template <typename Action>
 void ArchiveStore::WithArchive(const Action& action) {
   try {
     action();
   } catch (const tools::Error& error) {
-    if (stopped_) throw;
     failure_ = error;
     writer_.reset();
     totals_ = {};
@@ -86,15 +82,10 @@ void ArchiveStore::WithArchive(const Action& action) {
 }
 
 void ArchiveStore::ReportProgress() {
-  try {
-    if (failure_) {
-      progress_.Report(static_cast<std::uint64_t>(counter_), copiedBytes_);
-    } else {
-      progress_.Report(totals_.files + failedCopies_, totals_.bytesIn);
-    }
-  } catch (...) {
-    stopped_ = true;
-    throw;
+  if (failure_) {
+    progress_.Report(static_cast<std::uint64_t>(counter_), copiedBytes_);
+  } else {
+    progress_.Report(totals_.files + failedCopies_, totals_.bytesIn);
   }
 }
 

@@ -29,7 +29,7 @@ class ArchiveStore : public FileStore {
                                  const std::string& sourcePath) override;
   [[nodiscard]] std::string_view PlaceName() const override { return "temp folder"; }
   [[nodiscard]] std::optional<tools::Error> Finish() override;
-  [[nodiscard]] const StoreTotals& Totals() const override { return totals_; }
+  [[nodiscard]] const tools::ArchiveTotals& Totals() const override { return totals_; }
 
  private:
   template <typename Action>
@@ -45,8 +45,7 @@ class ArchiveStore : public FileStore {
   std::int32_t counter_ = 0;
   std::uint64_t failedCopies_ = 0;
   std::uint64_t copiedBytes_ = 0;
-  StoreTotals totals_;
-  bool stopped_ = false;  ///< the progress observer raised an error
+  tools::ArchiveTotals totals_;
   std::optional<tools::Error> failure_;
   std::unique_ptr<tools::ArchiveWriter> writer_;
 };

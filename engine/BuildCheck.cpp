@@ -25,12 +25,11 @@ bool IsWholeNumber(std::string_view text) {
 
 class Checker {
  public:
-  Checker(const model::ModProject& project, const BuildSettings& settings, std::int32_t version,
+  Checker(const model::ModProject& project, const BuildOptions& options, std::int32_t version,
           const std::string& programFolder)
-      : project_(project), settings_(settings), version_(version), programFolder_(programFolder) {}
+      : project_(project), version_(version), options_(options), programFolder_(programFolder) {}
 
   std::vector<BuildMessage> Run(const SurveyStep& step) {
-    findings_.Try({}, [this] { options_ = ReadBuildOptions(settings_); });
     CheckProductSettings(project_, version_, findings_);
     findings_.Try({}, [&] {
       survey_ =
@@ -125,10 +124,9 @@ class Checker {
   }
 
   const model::ModProject& project_;
-  const BuildSettings& settings_;
   std::int32_t version_;
+  const BuildOptions& options_;
   std::string programFolder_;
-  BuildOptions options_;
   std::string title_;
   std::string outputFolder_;
   Survey survey_;
@@ -137,10 +135,10 @@ class Checker {
 
 }  // namespace
 
-std::vector<BuildMessage> CheckBuild(const model::ModProject& project,
-                                     const BuildSettings& settings, std::int32_t versionIndex,
-                                     const std::string& programFolder, const SurveyStep& step) {
-  return Checker(project, settings, versionIndex, programFolder).Run(step);
+std::vector<BuildMessage> CheckBuild(const model::ModProject& project, const BuildOptions& options,
+                                     std::int32_t versionIndex, const std::string& programFolder,
+                                     const SurveyStep& step) {
+  return Checker(project, options, versionIndex, programFolder).Run(step);
 }
 
 }  // namespace engine

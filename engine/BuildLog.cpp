@@ -17,8 +17,8 @@ void CountUp(std::int32_t& count) {
 
 }  // namespace
 
-BuildLog::BuildLog(const tools::Clock& clock, BuildStatus& status)
-    : clock_(clock), status_(status) {}
+BuildLog::BuildLog(const tools::Clock& clock, BuildObserver& observer)
+    : clock_(clock), observer_(observer) {}
 
 void BuildLog::BeginBuildLog() {
   text_.clear();
@@ -54,7 +54,7 @@ void BuildLog::Tell(Severity severity, std::string_view text, const Place& place
   message.component = place.component;
   message.componentTitle = place.componentTitle;
   message.entry = place.entry;
-  status_.OnMessage(message);
+  observer_.OnMessage(message);
 }
 
 }  // namespace engine

@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/BuildStatus.h"
+#include "engine/BuildObserver.h"
 #include "tools/Clock.h"
 
 namespace engine {
@@ -26,8 +26,8 @@ struct Place {
 
 class BuildLog {
  public:
-  /// Each message also goes to `status`. Both must outlive the log. The log is empty.
-  BuildLog(const tools::Clock& clock, BuildStatus& status);
+  /// Each message also goes to `observer`. Both must outlive the log. The log is empty.
+  BuildLog(const tools::Clock& clock, BuildObserver& observer);
 
   /// Starts the log anew with its three header lines.
   void BeginBuildLog();
@@ -45,7 +45,7 @@ class BuildLog {
   void Tell(Severity severity, std::string_view text, const Place& place, std::string_view detail);
 
   const tools::Clock& clock_;
-  BuildStatus& status_;
+  BuildObserver& observer_;
   std::string text_;
   std::int32_t errors_ = 0;
   std::int32_t warnings_ = 0;

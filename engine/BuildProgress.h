@@ -1,35 +1,33 @@
-// Passes on how far a build has come, to the busy notice and to the status observer.
+// How far a build has come, told to its observer from time to time.
 #pragma once
 
-#include <chrono>
+#include <cstdint>
 
-#include "engine/BuildStatus.h"
-#include "tools/Dialogs.h"
+#include "engine/BuildObserver.h"
+#include "tools/Progress.h"
 
 namespace engine {
 
 class BuildProgress {
  public:
-  /// `notice` is the busy notice's token; the references must outlive this object.
-  BuildProgress(tools::Dialogs& dialogs, int notice, BuildStatus& status);
+  /// The references must outlive this object.
+  BuildProgress(BuildObserver& observer, const tools::Clock& clock);
 
-  /// Sets what is to be done and tells it at once.
+  /// Sets what is to be done and tells it at once. Raises tools::Stopped as ThrowIfStopped does.
   void Start(std::uint64_t files, std::uint64_t bytes);
-  /// Tells what has been done, unless something was told a moment ago.
+  /// Tells what has been done, unless something was told a moment ago. Raises tools::Stopped.
   void Report(std::uint64_t files, std::uint64_t bytes);
   /// Tells the last reported state in any case.
   void Finish();
-  /// Lets the observer stop the build while there is nothing to show yet. May be called often.
-  void AskLeave();
+  /// Raises tools::Stopped when the observer wants the build to end. May be called often.
+  void ThrowIfStopped();
 
  private:
   void Tell();
 
-  tools::Dialogs& dialogs_;
-  int notice_;
-  BuildStatus& status_;
+  BuildObserver& observer_;
+  tools::ReportPace pace_;
   tools::Progress progress_;
-  std::chrono::steady_clock::time_point lastTold_;
 };
 
 }  // namespace engine

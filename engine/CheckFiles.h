@@ -7,7 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "engine/BuildSettings.h"
+#include "engine/BuildOptions.h"
 #include "engine/Findings.h"
 #include "engine/Survey.h"
 #include "engine/TreePlaces.h"

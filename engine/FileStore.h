@@ -1,13 +1,13 @@
 // Where a build puts the files of the version: an archive or a folder tree.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "model/ICFile.h"
 #include "tools/Error.h"
+#include "tools/archive/ArchiveWriter.h"
 #include "tools/files/Files.h"
 
 namespace engine {
@@ -19,12 +19,6 @@ struct StoredFile {
   std::string replaced;    ///< the source whose copy this one took the place of; mostly empty
 };
 
-struct StoreTotals {
-  std::uint64_t files = 0;
-  std::uint64_t bytesIn = 0;
-  std::uint64_t bytesOut = 0;  ///< size of what lies in the output folder
-};
-
 class FileStore {
  public:
   virtual ~FileStore() = default;
@@ -32,7 +26,7 @@ class FileStore {
   FileStore(const FileStore&) = delete;
   FileStore& operator=(const FileStore&) = delete;
 
-  /// Stores one file. A failure is in the result; only the progress observer's errors are raised.
+  /// Stores one file. A failure is in the result. Raises tools::Stopped.
   [[nodiscard]] virtual StoredFile Store(const model::ICFile& entry,
                                          const std::string& sourcePath) = 0;
 
@@ -40,9 +34,10 @@ class FileStore {
   [[nodiscard]] virtual std::string_view PlaceName() const = 0;
 
   /// Completes the store, after the last file. Gives the error that kept it from being complete.
+  /// Raises tools::Stopped.
   [[nodiscard]] virtual std::optional<tools::Error> Finish() = 0;
 
-  [[nodiscard]] virtual const StoreTotals& Totals() const = 0;
+  [[nodiscard]] virtual const tools::ArchiveTotals& Totals() const = 0;
 };
 
 }  // namespace engine

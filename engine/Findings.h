@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/BuildLog.h"
-#include "engine/BuildStatus.h"
+#include "engine/BuildObserver.h"
 #include "tools/Error.h"
 
 namespace engine {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/BuildSettings.h"
+#include "engine/BuildOptions.h"
 
 namespace engine {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/BuildStatus.h"
+#include "engine/BuildObserver.h"
 #include "model/ICFile.h"
 
 namespace engine {

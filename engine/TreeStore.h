@@ -22,7 +22,7 @@ class TreeStore : public FileStore {
                                  const std::string& sourcePath) override;
   [[nodiscard]] std::string_view PlaceName() const override { return "new location"; }
   [[nodiscard]] std::optional<tools::Error> Finish() override { return {}; }
-  [[nodiscard]] const StoreTotals& Totals() const override { return totals_; }
+  [[nodiscard]] const tools::ArchiveTotals& Totals() const override { return totals_; }
 
  private:
   /// The full path of a place in the tree, whose folder is made. Raises tools::Error.
@@ -32,7 +32,7 @@ class TreeStore : public FileStore {
   TreePlaces places_;
   BuildProgress& progress_;
   std::uint64_t filesDone_ = 0;
-  StoreTotals totals_;
+  tools::ArchiveTotals totals_;
   std::string lastFolder_;  ///< the folder that was made last
 };
 

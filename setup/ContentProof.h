@@ -7,7 +7,7 @@
 
 #include "setup/ExpectedFiles.h"
 #include "setup/Setup.h"
-#include "tools/Dialogs.h"
+#include "tools/Progress.h"
 
 namespace setup {
 

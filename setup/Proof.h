@@ -10,7 +10,7 @@
 
 #include "setup/Finding.h"
 #include "setup/Setup.h"
-#include "tools/Dialogs.h"
+#include "tools/Progress.h"
 
 namespace setup {
 

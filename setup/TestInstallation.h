@@ -13,7 +13,7 @@
 
 #include "setup/Setup.h"
 #include "setup/TargetPath.h"
-#include "tools/Dialogs.h"
+#include "tools/Progress.h"
 #include "tools/files/Disk.h"
 
 namespace setup {

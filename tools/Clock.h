@@ -1,11 +1,12 @@
 // The date and time, behind an interface so that tests can set them.
 #pragma once
 
+#include <chrono>
 #include <string>
 
 namespace tools {
 
-/// The current local date and time.
+/// The current local date and time, and the time that passes.
 class Clock {
  public:
   virtual ~Clock() = default;
@@ -17,6 +18,8 @@ class Clock {
   [[nodiscard]] virtual int Year() const = 0;
   /// Date and time in the system's default form.
   [[nodiscard]] virtual std::string DateTimeText() const = 0;
+  /// Time that only runs forward, to measure how long something took.
+  [[nodiscard]] virtual std::chrono::steady_clock::time_point SteadyNow() const = 0;
 };
 
 /// The machine's clock, in local time and the user's locale.
@@ -24,6 +27,9 @@ class SystemClock : public Clock {
  public:
   [[nodiscard]] int Year() const override;
   [[nodiscard]] std::string DateTimeText() const override;
+  [[nodiscard]] std::chrono::steady_clock::time_point SteadyNow() const override {
+    return std::chrono::steady_clock::now();
+  }
 };
 
 /// A point in time (nanoseconds since 1970-01-01 UTC) as local date and time in the same form.

@@ -2,8 +2,9 @@
 // tests each answer them in their own way.
 #pragma once
 
-#include <cstdint>
 #include <string>
+
+#include "tools/Progress.h"
 
 namespace tools {
 
@@ -19,14 +20,6 @@ struct Message {
   MessageIcon icon = MessageIcon::Exclamation;
   MessageButtons buttons = MessageButtons::Ok;
   MessageAnswer defaultAnswer = MessageAnswer::Ok;
-};
-
-/// How far a long operation has come; a total of 0 means that it is not known.
-struct Progress {
-  std::uint64_t filesDone = 0;
-  std::uint64_t filesTotal = 0;
-  std::uint64_t bytesDone = 0;
-  std::uint64_t bytesTotal = 0;
 };
 
 /// A file-open dialog. `filter` is "text|pattern", pairs separated by "|"; `filterIndex` is

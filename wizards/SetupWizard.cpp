@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "engine/BuildSetup.h"
 #include "model/TextTable.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/WaitCursor.h"
@@ -17,14 +16,6 @@ using model::LoadText;
 namespace {
 
 constexpr const char* kLineBreak = "\r\n";
-
-// The log, the message boxes and the busy notice tell the author everything.
-class NoStatus : public engine::BuildStatus {
- public:
-  void OnMessage(const engine::BuildMessage& /*message*/) override {}
-  void OnProgress(const tools::Progress& /*progress*/) override {}
-  void OnEnd(const engine::BuildSummary& /*summary*/) override {}
-};
 
 tools::WizardPage OptionPage(Text title, Text description, const char* next) {
   tools::WizardPage page;
@@ -93,22 +84,13 @@ void SetupWizard::FillDataStore(tools::WizardDataStore& store) {
 }
 
 void SetupWizard::Finish(tools::WizardStructure& ParentWizard) {
-  tools::Guard(Dialogs(), [&] { Build(ParentWizard.DataStore()); });
+  tools::Guard(Dialogs(), [&] {
+    const tools::WaitCursor hourglass;
+    BuildSetup(services_, ParentWizard.DataStore(), versionIndex_);
+  });
   Dialogs().ShowMessage({.text = LoadText(Text::SetupBuilt),
                          .caption = Title(),
                          .icon = tools::MessageIcon::Information});
-}
-
-void SetupWizard::Build(const tools::WizardDataStore& store) {
-  const tools::WaitCursor hourglass;
-  NoStatus status;
-  const engine::BuildEnvironment environment{.project = services_.project,
-                                             .dialogs = services_.dialogs,
-                                             .clock = services_.clock,
-                                             .disk = services_.disk,
-                                             .status = status,
-                                             .programFolder = services_.programFolder};
-  engine::BuildSetup(environment, store, versionIndex_);
 }
 
 }  // namespace wizards

@@ -4,23 +4,10 @@
 #include <cstdint>
 #include <string>
 
-#include "model/ModProject.h"
-#include "model/ModProjectOperations.h"
-#include "tools/Clock.h"
-#include "tools/files/Disk.h"
+#include "wizards/BuildSetup.h"
 #include "wizards/WizardBase.h"
 
 namespace wizards {
-
-/// What the wizards work with. The references must outlive them.
-struct BuildServices {
-  const model::ModProject& project;
-  model::ModProjectOperations& operations;
-  tools::Dialogs& dialogs;
-  const tools::Clock& clock;
-  tools::Disk& disk;
-  std::string programFolder;  ///< holds the setup wrapper and the runtime's installer
-};
 
 /// The pages are "intro", "configuration", "output", "packaging" and "ready", in this order.
 /// "config" and "folder" of the data store begin with the version's active configuration and its
@@ -40,8 +27,6 @@ class SetupWizard : public WizardBase {
   void FillDataStore(tools::WizardDataStore& store) override;
 
  private:
-  void Build(const tools::WizardDataStore& store);
-
   BuildServices services_;
   std::int32_t versionIndex_;
 };

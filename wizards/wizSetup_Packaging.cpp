@@ -3,9 +3,9 @@
 #include <QCheckBox>
 #include <QVBoxLayout>
 
-#include "engine/BuildSettings.h"
 #include "model/TextTable.h"
 #include "tools/desktop/QtText.h"
+#include "wizards/BuildSetup.h"
 
 namespace wizards {
 
@@ -37,9 +37,9 @@ QCheckBox* wizSetup_Packaging::AddOption(const QString& name, const std::string&
 
 void wizSetup_Packaging::ShowValues() {
   const engine::BuildOptions options =
-      engine::ReadBuildOptions({{"makezip", Value("makezip")},
-                                {"includeexe", Value("includeexe")},
-                                {"includetessel", Value("includetessel")}});
+      ReadBuildOptions({{"makezip", Value("makezip")},
+                        {"includeexe", Value("includeexe")},
+                        {"includetessel", Value("includetessel")}});
   chkMakeZip_->setChecked(options.packaged);
   chkIncludeExe_->setChecked(options.includeWrapper);
   chkIncludeTessel_->setChecked(options.includeRuntime);

@@ -141,7 +141,7 @@ ExitCode RunSetupProgram(const std::vector<std::string>& arguments,
   }
   try {
     return Run(*line, surroundings, *report);
-  } catch (const Interrupted&) {
+  } catch (const tools::Stopped&) {
     report->Failure("Abgebrochen.");
     return ExitCode::Stopped;
   } catch (const BadCall& bad) {

@@ -4,24 +4,12 @@
 
 namespace console {
 
-namespace {
-
-constexpr std::chrono::milliseconds kProgressInterval{250};
-
-}  // namespace
-
 SetupReport::SetupReport(Streams streams, Report::InterruptTest interrupted, bool quiet)
-    : streams_(streams),
-      interrupted_(interrupted),
-      quiet_(quiet),
-      lastShown_(std::chrono::steady_clock::now()) {}
+    : streams_(streams), interrupted_(interrupted), quiet_(quiet) {}
 
 void SetupReport::OnProgress(const tools::Progress& progress) {
-  if (interrupted_()) throw Interrupted();
-  const auto now = std::chrono::steady_clock::now();
-  if (quiet_ || progress.filesTotal == 0 || now - lastShown_ < kProgressInterval) return;
-  lastShown_ = now;
-  ShowProgress(progress);
+  if (interrupted_()) throw tools::Stopped();
+  if (!quiet_ && progress.filesTotal > 0 && pace_.IsDue()) ShowProgress(progress);
 }
 
 std::string NameOf(const setup::Setup& setup) {

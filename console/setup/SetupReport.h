@@ -1,7 +1,6 @@
 // Where the messages of packwright-setup go: tables for people, lines or JSON for programs.
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <string>
 
@@ -11,7 +10,7 @@
 #include "setup/Proof.h"
 #include "setup/Setup.h"
 #include "setup/TestInstallation.h"
-#include "tools/Dialogs.h"
+#include "tools/Progress.h"
 
 namespace console {
 
@@ -22,7 +21,7 @@ class SetupReport {
   SetupReport(const SetupReport&) = delete;
   SetupReport& operator=(const SetupReport&) = delete;
 
-  /// Shows now and then how far long work has come. Raises Interrupted when the user wants the
+  /// Shows now and then how far long work has come. Raises tools::Stopped when the user wants the
   /// call to end.
   void OnProgress(const tools::Progress& progress);
 
@@ -54,7 +53,8 @@ class SetupReport {
   Streams streams_;
   Report::InterruptTest interrupted_;
   bool quiet_;
-  std::chrono::steady_clock::time_point lastShown_;
+  tools::SystemClock clock_;
+  tools::ReportPace pace_{clock_};
 };
 
 /// The setup's name: that of its script without the extension.

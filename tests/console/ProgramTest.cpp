@@ -103,7 +103,7 @@ TEST_F(ProgramTest, NamesComponentAndEntryOfAProblem) {
   EXPECT_THAT(errors_, HasSubstr("setup wrapper"));
 
   EXPECT_EQ(Build({"--overwrite", "--json"}), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(output_, StartsWith("{\"event\":\"error\",\"text\":\""));
+  EXPECT_THAT(output_, HasSubstr("{\"event\":\"error\",\"text\":\""));
   EXPECT_THAT(output_, HasSubstr("\"component\":1,\"componentTitle\":\"Programm\",\"entry\":2}\n"));
   EXPECT_THAT(output_, HasSubstr("{\"event\":\"summary\",\"outcome\":\"finished\","));
   EXPECT_THAT(output_, HasSubstr("\"files\":1,\"bytesIn\":5000,"));

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 class ProofTest : public tests::BuildFixture {
  protected:
   ProofTest() {
-    settings_["makezip"] = "1";
+    options_.packaged = true;
     product_.AddComponent("Programm", {Source("a.exe", std::string(200'000, 'a'), "Overwrite=1\n"),
                                        Source("b.txt", "zwei", "Vital=0\nRegisterPath=1\n")});
     project_.WriteVersionSetting(1, "Tessel", "Key", "probe");
@@ -105,8 +105,7 @@ TEST_F(ProofTest, NamesTheFileWhoseBytesDoNotArrive) {
 
 TEST_F(ProofTest, NamesFilesThatMeetAndFilesOfNoUse) {
   product_.AddComponent("Noch einmal", {Source("unter/B.TXT", "anders")});
-  settings_["makezip"] = "0";
-  dialogs_.ExpectQuestion("bereits Dateien", tools::MessageAnswer::Yes);
+  options_.packaged = false;
   Run();
   folder_.Write("aus/InstallPath/rest.txt", "");
   EXPECT_THAT(Findings(),
@@ -140,9 +139,8 @@ TEST_F(ProofTest, HoldsForProductsOfManyShapes) {
     }
     product_.AddComponent("K " + std::to_string(shape), entries);
     if (shape % 10 != 9) continue;  // the product grows; it is built now and then
-    for (const char* zip : {"0", "1"}) {
-      settings_["makezip"] = zip;
-      dialogs_.ExpectQuestion("bereits Dateien", tools::MessageAnswer::Yes);
+    for (const bool zip : {false, true}) {
+      options_.packaged = zip;
       Run();
       ASSERT_THAT(Findings(), IsEmpty()) << shape << " " << zip;
     }

@@ -12,7 +12,7 @@ using testing::HasSubstr;
 class SetupProgramTest : public tests::BuildFixture {
  protected:
   SetupProgramTest() {
-    settings_["makezip"] = "1";
+    options_.packaged = true;
     product_.AddComponent(
         "Über",
         {Source("a.exe", std::string(1500, 'a'),
@@ -67,8 +67,7 @@ TEST_F(SetupProgramTest, ListsTheSameForProgramsPackagedAndNot) {
   EXPECT_THAT(output_,
               HasSubstr("\"target\":\"%InstallPath%\\\\x\\\\b.txt\",\"size\":2,\"rule\":\"copy\""));
 
-  settings_["makezip"] = "0";
-  dialogs_.ExpectQuestion("bereits Dateien", tools::MessageAnswer::Yes);
+  options_.packaged = false;
   Run();
   EXPECT_EQ(Call({"list", "--quiet", "aus"}), ExitCode::Built) << errors_;
   std::string tree = tools::ReplaceAll(rows, "\t1.exe", "\tInstallPath\\a.exe");
@@ -105,10 +104,10 @@ TEST_F(SetupProgramTest, ProvesASetup) {
 
 TEST_F(SetupProgramTest, SaysWhatANewSetupDoesOtherwise) {
   product_.AddComponent("Zwei", {Source("alt.txt", "alt"), Source("wandert.txt", "wandert")});
-  settings_["folder"] = folder_.Path("alt");
+  options_.folder = folder_.Path("alt");
   Run();
-  settings_["folder"] = folder_.Path("baum");
-  settings_["makezip"] = "0";
+  options_.folder = folder_.Path("baum");
+  options_.packaged = false;
   Run();
   EXPECT_EQ(Call({"compare", "alt", "baum"}), ExitCode::Built) << errors_;
   EXPECT_EQ(output_, "Kein Unterschied.\nDateien: 5 -> 5, 1,5 kB -> 1,5 kB\n");
@@ -119,7 +118,7 @@ TEST_F(SetupProgramTest, SaysWhatANewSetupDoesOtherwise) {
       "Zwei",
       {Source("b2.txt", "anders", "TargetSubFolder=X\nTargetName=B.txt\n"),
        Source("neu.txt", "neu"), Source("wandert.txt", "wandert", "TargetName=hierher.txt\n")});
-  settings_["folder"] = folder_.Path("neu");
+  options_.folder = folder_.Path("neu");
   Run();
   EXPECT_EQ(Call({"compare", "alt", "neu", "--quiet"}), ExitCode::BuiltWithErrors);
   EXPECT_THAT(tools::SplitList(output_, '\n', '\0'),

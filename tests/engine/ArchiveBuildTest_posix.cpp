@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <map>
-#include <thread>
 
 #include "engine/BuildCheck.h"
 #include "tests/support/BuildFixture.h"
@@ -20,7 +19,7 @@ using Members = std::map<std::string, std::string>;
 class ArchiveBuildTest : public tests::BuildFixture {
  protected:
   ArchiveBuildTest() {
-    settings_["makezip"] = "1";
+    options_.packaged = true;
     ::setenv("TMPDIR", folder_.MakeFolder("tmp").c_str(), 1);
   }
   ~ArchiveBuildTest() override {
@@ -76,12 +75,12 @@ If Extract()S",
   EXPECT_THAT(script, HasSubstr("RegPrd \"k\", \"Probe\", 1\r\n"));
   EXPECT_THAT(script, HasSubstr("%TempPath%\\4.txt\", \"%InstallPath%\\readme.txt"));
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
-  EXPECT_EQ(summary_->files, 4U);
-  EXPECT_EQ(summary_->bytesIn, 9'000'008U);
-  EXPECT_EQ(summary_->bytesOut, Out("Probe.zip").size());
+  EXPECT_EQ(summary_->stored.files, 4U);
+  EXPECT_EQ(summary_->stored.bytesIn, 9'000'008U);
+  EXPECT_EQ(summary_->stored.bytesOut, Out("Probe.zip").size());
   EXPECT_EQ(progress_.filesDone, 4U);
 
-  settings_["folder"] = folder_.Path("aus2");
+  options_.folder = folder_.Path("aus2");
   Run();
   EXPECT_TRUE(folder_.Read("aus2/Probe.zip") == Out("Probe.zip"));
   EXPECT_EQ(folder_.Read("aus2/Probe.install"), script);
@@ -114,7 +113,7 @@ TEST_F(ArchiveBuildTest, SurvivesAnArchiveThatFillsTheDisk) {
   EXPECT_EQ(LogLines(), "ERROR: Unable to compress setup files\r\n");
   EXPECT_THAT(messages_.at(0).detail, HasSubstr("Kein Speicherplatz mehr"));
   EXPECT_TRUE(summary_->diskFull);
-  EXPECT_EQ(summary_->files, 0U);
+  EXPECT_EQ(summary_->stored.files, 0U);
   EXPECT_FALSE(HasOut("Probe.zip"));
   EXPECT_THAT(Out("Probe.install"), HasSubstr("2.txt"));
 }
@@ -127,12 +126,11 @@ TEST_F(ArchiveBuildTest, KeepsTheOldSetupWhenTheNewOneLacksItsArchive) {
   onProgress_ = [&](const tools::Progress& progress) {
     if (progress.filesDone == 1) full.FailAt(tests::FaultyDisk::Step::Write, 0);
   };
-  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
   Run(full);
   EXPECT_EQ(summary_->outcome, BuildOutcome::Incomplete);
-  EXPECT_EQ(dialogs_.LastMessage(),
-            "Warnung|Beim Erstellen sind Fehler aufgetreten.\r\nDer Datenträger ist voll. Der "
-            "bisherige Inhalt des Ausgabeordners bleibt unverändert.");
+  EXPECT_EQ(summary_->reason,
+            "Der Datenträger ist voll. Der bisherige Inhalt des Ausgabeordners bleibt "
+            "unverändert.");
   EXPECT_EQ(Contents(), "Probe.zip=alt\n");
 }
 
@@ -140,25 +138,18 @@ TEST_F(ArchiveBuildTest, KeepsTheOldSetupWhenTheNewOneLacksItsArchive) {
 TEST_F(ArchiveBuildTest, LeavesEverythingAsItWasWhenStopped) {
   product_.AddComponent("A", {Source("a.txt", "a"), Source("b", "b")});
   folder_.Write("aus/Probe.zip", "alt");
-  for (const std::string makezip : {"0", "1"}) {
-    settings_["makezip"] = makezip;
+  for (const bool packaged : {false, true}) {
+    options_.packaged = packaged;
     for (const int phase : {0, 1, 2, 3}) {
-      SCOPED_TRACE(phase);
-      int starts = 0;
+      SCOPED_TRACE(testing::Message() << packaged << phase);
+      isStopWanted_ = phase == 0;
       onProgress_ = [&](const tools::Progress& progress) {
-        if (progress.filesTotal > 0 && progress.filesDone == 0) ++starts;
-        if (phase == 0 || (phase == 1 && starts == 2) ||
-            (phase > 1 && progress.filesDone + 1 >= static_cast<unsigned>(phase))) {
-          throw tools::Error("genug");
-        }
-        // The next report is not held back for coming too soon.
-        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        isStopWanted_ = progress.filesDone + 1 >= static_cast<unsigned>(phase);
       };
-      if (phase > 0) dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
-      EXPECT_EQ(tests::ErrorOf([&] { Run(); }), "genug");
+      Run();
+      EXPECT_EQ(summary_->outcome, BuildOutcome::Stopped);
       EXPECT_EQ(Contents(), "Probe.zip=alt\n");
       EXPECT_TRUE(messages_.empty());
-      EXPECT_EQ(dialogs_.OpenNotices(), 0U);
     }
   }
 }
@@ -186,7 +177,6 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
   const std::string before = Contents();
   for (const char* pinned : {"aus/alter Ordner", "aus/Probe.zip", "aus/build.log"}) {
     PinningDisk disk(folder_.Path(pinned));
-    dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
     Run(disk);
     EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
     EXPECT_EQ(summary_->reason,
@@ -195,7 +185,6 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
     EXPECT_EQ(Contents(), before);
     EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
   }
-  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
   Run();
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
   EXPECT_FALSE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
@@ -226,7 +215,7 @@ TEST_F(ArchiveBuildTest, PutsRightWhatABuildKilledAtItsEndLeft) {
     tools::RemoveFolderTree(folder_.Path("aus"));
     folder_.Write("aus/z", "z");
     for (const std::string& name : left) folder_.Write(stage + name, name);
-    dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::No);
+    mayEmpty_ = false;
     Run();
     std::vector<std::string> found;
     for (const std::string& path : tools::FindFiles(folder_.Path("aus"), "*", false)) {
@@ -241,7 +230,7 @@ TEST_F(ArchiveBuildTest, RefusesAFolderThatALinkedSourceLiesIn) {
   folder_.Write("echt/a.txt", "a");
   folder_.MakeFolder("quelle");
   std::filesystem::create_symlink(folder_.Path("echt/a.txt"), folder_.Path("quelle/a.txt"));
-  settings_["folder"] = folder_.Path("echt");
+  options_.folder = folder_.Path("echt");
   for (const std::string& entry : {tests::TestProduct::File(folder_.Path("quelle/a.txt")),
                                    tests::TestProduct::Scan(folder_.Path("quelle"), "*")}) {
     project_.WriteVersionSetting(1, "Components", "Count", "0");
@@ -266,7 +255,7 @@ TEST_F(ArchiveBuildTest, TellsWhatAScanCannotSee) {
                 folder_.Path("kreis") + "': " +
                 std::make_error_code(std::errc::too_many_symbolic_link_levels).message() + "\r\n");
   EXPECT_EQ(Archive(), (Members{{"1.txt", "a"}}));
-  EXPECT_EQ(CheckBuild(project_, settings_, 1, "").size(), 2U);
+  EXPECT_EQ(CheckBuild(project_, options_, 1, "").size(), 2U);
 }
 
 }  // namespace engine

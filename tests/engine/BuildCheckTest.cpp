@@ -19,7 +19,7 @@ class BuildCheckTest : public tests::BuildFixture {
     const auto before = tools::FindFiles(folder_.Path(), "*", true);
     std::vector<std::string> found;
     for (const BuildMessage& finding :
-         CheckBuild(project_, settings_, 1, folder_.Path("programm"))) {
+         CheckBuild(project_, options_, 1, folder_.Path("programm"))) {
       found.push_back(std::to_string(finding.component) + "/" + std::to_string(finding.entry) +
                       " " + finding.text);
     }
@@ -31,12 +31,12 @@ class BuildCheckTest : public tests::BuildFixture {
 };
 
 TEST_F(BuildCheckTest, ReportsTheProductFirst) {
-  settings_["folder"] = folder_.Path("Produkt");
+  options_.folder = folder_.Path("Produkt");
   project_.SetProductTitle("Foto \"1\"");
   project_.WriteVersionSetting(1, "Tessel", "Key", "K\"");
   project_.WriteVersionSetting(1, "Tessel", "Title", "?");
   project_.WriteVersionSetting(1, "Tessel", "Type", "1a");
-  settings_["includeexe"] = "1";
+  options_.includeWrapper = true;
   EXPECT_THAT(
       Check(),
       ElementsAre("0/0 Der Ausgabeordner ist ungültig. Er enthält das Produkt oder eine seiner "
@@ -68,7 +68,7 @@ TEST_F(BuildCheckTest, ReportsFilesThatMeetWithBothPlaces) {
   product_.AddComponent("A", {Source("1/Größe.txt", "1")});
   product_.AddComponent(
       "B", {Source("2/GRÖSSE.TXT", "2"), Source("3/größe.txt", "3", "TargetName=anders.txt\n")});
-  settings_["makezip"] = "1";
+  options_.packaged = true;
   project_.WriteVersionSetting(1, "Tessel", "Type", "of no matter without a key");
   EXPECT_THAT(Check(), ElementsAre());
   product_.AddComponent("C", {Source("4/größe.TXT", "4")});
@@ -76,7 +76,7 @@ TEST_F(BuildCheckTest, ReportsFilesThatMeetWithBothPlaces) {
               ElementsAre("3/1 Gleiches Ziel '%InstallPath%\\größe.TXT' für '" +
                           folder_.Path("quelle/4/größe.TXT") + "' wie für '" +
                           folder_.Path("quelle/1/Größe.txt") + "' (Komponente 'A', Datei 1)"));
-  settings_["makezip"] = "0";
+  options_.packaged = false;
   EXPECT_THAT(Check(),
               ElementsAre(StartsWith("2/2 Gleicher Ablagename 'InstallPath\\größe.txt'"),
                           StartsWith("3/1 Gleiches Ziel"), StartsWith("3/1 Gleicher Ablagename")));

@@ -66,10 +66,10 @@ class CleanCheckTest : public tests::BuildFixture {
                   "[General]\nVersion=1.0\n[Product]\nTitle=" +
                       (Seldom() ? OneOf({"a/b", "nul", "\"P", "build"}) : "Probe") +
                       "\n[Versions]\nCount=1\nVer1=1.0.0\n");
-    settings_["makezip"] = Below(2) == 0 ? "1" : "0";
-    settings_["includeexe"] = Below(4) == 0 ? "1" : "0";
-    settings_["includetessel"] = Seldom() ? "1" : "0";
-    settings_["folder"] = folder_.Path(Seldom() ? "Produkt" : "aus");
+    options_.packaged = Below(2) == 0;
+    options_.includeWrapper = Below(4) == 0;
+    options_.includeRuntime = Seldom();
+    options_.folder = folder_.Path(Seldom() ? "Produkt" : "aus");
   }
 
   void WriteComponent(int slot) {
@@ -101,7 +101,7 @@ TEST_F(CleanCheckTest, WhatChecksCleanBuildsWithoutAMessage) {
   for (unsigned seed = 1; seed <= 120; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     MakeProduct(seed);
-    if (!CheckBuild(project_, settings_, 1, folder_.Path("programm")).empty()) {
+    if (!CheckBuild(project_, options_, 1, folder_.Path("programm")).empty()) {
       ++found;
       continue;
     }

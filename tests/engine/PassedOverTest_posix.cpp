@@ -14,7 +14,7 @@ class PassedOverTest : public tests::BuildFixture {
  protected:
   std::string CheckText() {
     std::string text;
-    for (const BuildMessage& found : CheckBuild(project_, settings_, 1, "")) {
+    for (const BuildMessage& found : CheckBuild(project_, options_, 1, "")) {
       text += found.text + "\n";
     }
     return text;
@@ -34,7 +34,7 @@ TEST_F(PassedOverTest, AComponentFileInAnotherLetterCase) {
   Run();
   EXPECT_EQ(LogLines(),
             "ERROR: File is left out, it is not named 'component1.component': " + found + "\r\n");
-  settings_["folder"] = folder_.Path("quelle");
+  options_.folder = folder_.Path("quelle");
   Run();
   EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder) << "sources of it lie there";
 }
@@ -57,7 +57,7 @@ TEST_F(PassedOverTest, LinksToFoldersAndWhatIsNoFileInAScan) {
           "\nDas ist keine gewöhnliche Datei und bleibt weg: " + folder_.Path("baum/null.txt") +
           "\nKeine Datei im Ordner '" + folder_.Path("baum") + "' passt zu 'n*.txt'\n");
   Run();
-  EXPECT_EQ(summary_->files, 1U);
+  EXPECT_EQ(summary_->stored.files, 1U);
   EXPECT_EQ(LogLines(),
             "Warning: Link to a folder is left out '" + folder_.Path("baum/ordner") +
                 "'\r\nWarning: No regular file, left out '" + folder_.Path("baum/null.txt") +

@@ -4,15 +4,14 @@
 #include <functional>
 #include <optional>
 
-#include "engine/BuildSetup.h"
+#include "engine/Build.h"
 #include "tests/support/FixedClock.h"
-#include "tests/support/ScriptedDialogs.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
 
 namespace tests {
 
-class BuildFixture : public testing::Test, protected engine::BuildStatus {
+class BuildFixture : public testing::Test, protected engine::BuildObserver {
  protected:
   /// The version has no components yet.
   BuildFixture() {
@@ -28,9 +27,9 @@ class BuildFixture : public testing::Test, protected engine::BuildStatus {
   void Run() { Run(disk_); }
   void Run(tools::Disk& disk) {
     summary_.reset();
-    engine::BuildSetup({product_.Project(), dialogs_, clock_, disk, *this, folder_.Path("programm"),
-                        tools::Version{1, 2, 3}},
-                       settings_, 1);
+    summary_ = engine::BuildVersion(
+        {product_.Project(), clock_, disk, folder_.Path("programm"), tools::Version{1, 2, 3}},
+        options_, 1, *this);
   }
 
   void OnMessage(const engine::BuildMessage& message) override { messages_.push_back(message); }
@@ -38,7 +37,15 @@ class BuildFixture : public testing::Test, protected engine::BuildStatus {
     progress_ = progress;
     if (onProgress_) onProgress_(progress);
   }
-  void OnEnd(const engine::BuildSummary& end) override { summary_ = end; }
+  bool MayEmptyOutputFolder(const std::string& /*folder*/) override {
+    ++questions_;
+    return mayEmpty_;
+  }
+  // Each question is a report's length from the one before, so that no report is thinned out.
+  bool IsStopWanted() override {
+    clock_.Turn(tools::ReportPace::kInterval);
+    return isStopWanted_;
+  }
 
   [[nodiscard]] std::string Out(const std::string& name) { return folder_.Read("aus/" + name); }
   [[nodiscard]] bool HasOut(const std::string& name) { return folder_.Holds("aus/" + name); }
@@ -53,16 +60,17 @@ class BuildFixture : public testing::Test, protected engine::BuildStatus {
   TemporaryFolder folder_;
   TestProduct product_{folder_};
   model::ModProject& project_ = product_.Project();
-  ScriptedDialogs dialogs_;
   FixedClock clock_;
   tools::SystemDisk disk_;
-  engine::BuildSettings settings_{{"folder", folder_.Path("aus")}, {"makezip", "0"}};
+  engine::BuildOptions options_{.folder = folder_.Path("aus")};
 
   std::vector<engine::BuildMessage> messages_;
   tools::Progress progress_;  ///< as reported last
   std::optional<engine::BuildSummary> summary_;
-  /// The first report comes when the sources are listed, the second when the output folder is ready
-  /// and nothing is stored yet.
+  bool mayEmpty_ = true;  ///< the answer about an output folder that holds files, and
+  int questions_ = 0;     ///< how often it was asked for
+  bool isStopWanted_ = false;
+  /// The first report comes when the output folder is ready and nothing is stored yet.
   std::function<void(const tools::Progress&)> onProgress_;
 };
 

@@ -115,17 +115,11 @@ class ArchiveWriter::Implementation {
     return {assembler_.Members(), assembler_.SourceBytes(), assembler_.ArchiveBytes()};
   }
 
-  // An observer's wish to stop ends the threads at once, and no later call goes on.
   void ReportProgress() {
     const ArchiveTotals totals = Totals();
     if (!progress_ || totals.bytesOut == reportedBytesOut_) return;
     reportedBytesOut_ = totals.bytesOut;
-    try {
-      progress_(totals);
-    } catch (...) {
-      workers_.Fail(std::current_exception());
-      throw;
-    }
+    progress_(totals);
   }
 
   ProgressCallback progress_;

@@ -37,8 +37,8 @@ struct ArchiveTotals {
 /// until then, and after any failure, the path is as it was.
 class ArchiveWriter {
  public:
-  /// Called on the caller's own thread, inside AddFile and Finish, when members have been written;
-  /// may raise an error to stop.
+  /// Called on the caller's own thread, inside AddFile and Finish, when members have been written.
+  /// What it raises to stop passes through; the writer can only be destroyed then.
   using ProgressCallback = std::function<void(const ArchiveTotals& soFar)>;
 
   /// `disk` must outlive the writer. Raises Error when the archive cannot be created.

@@ -51,8 +51,6 @@ class OrderedWorkers {
   void WaitForAll(const WaitCallback& whileWaiting);
   /// Raises the first error so far, if any.
   void RaiseFailure();
-  /// Stops everything with an error of the caller's own, which later calls raise.
-  void Fail(std::exception_ptr failure);
 
  private:
   struct Slot {
@@ -63,6 +61,8 @@ class OrderedWorkers {
   using Lock = std::unique_lock<std::mutex>;
 
   void Work();
+  /// Ends the work of every thread; the caller's next call raises the error.
+  void Fail(std::exception_ptr failure);
   [[nodiscard]] Slot* Take();
   [[nodiscard]] bool MayTake() const;
   void Complete(Slot& slot);

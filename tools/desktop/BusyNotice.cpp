@@ -22,15 +22,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kMargin = 18;            // pixels around the texts
-constexpr int kSteps = 1000;           // of the progress bar
-constexpr int kMinimumWidth = 340;     // pixels
-constexpr qint64 kPaintInterval = 50;  // milliseconds
-constexpr auto kAppearing = 300ms;     // how long a window system may take to show a window
-
-bool IsComplete(const Progress& progress) {
-  return progress.filesDone >= progress.filesTotal && progress.bytesDone >= progress.bytesTotal;
-}
+constexpr int kMargin = 18;         // pixels around the texts
+constexpr int kSteps = 1000;        // of the progress bar
+constexpr int kMinimumWidth = 340;  // pixels
+constexpr auto kAppearing = 300ms;  // how long a window system may take to show a window
 
 // How much of the work is done; negative when no total is known.
 double DoneShare(const Progress& progress) {
@@ -110,8 +105,6 @@ void BusyNotice::ShowProgress(const Progress& progress) {
     prgProgress_->show();
     lblProgress_->show();
     adjustSize();
-  } else if (!IsComplete(progress) && sincePaint_.elapsed() < kPaintInterval) {
-    return;
   }
   const double share = DoneShare(progress);
   prgProgress_->setRange(0, share < 0 ? 0 : kSteps);
@@ -139,7 +132,6 @@ void BusyNotice::PaintNow() {
   layout()->activate();  // the window grows before it is painted
   repaint();
   PaintWithoutUserInput();
-  sincePaint_.start();
 }
 
 }  // namespace tools

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QElapsedTimer>
 
 #include "tools/Dialogs.h"
 
@@ -25,8 +24,7 @@ class BusyNotice : public QDialog {
   /// Shows itself centred over `parent`, on the screen's centre without one.
   BusyNotice(const QString& text, QWidget* parent);
 
-  /// Calls that follow each other closely are painted only now and then, so that reporting often
-  /// costs nothing; the end of the work always is.
+  /// Paints at each call: reports come a few times a second.
   void ShowProgress(const Progress& progress);
 
   /// Drops what the user did while the program was busy and closes the window.
@@ -44,7 +42,6 @@ class BusyNotice : public QDialog {
 
   QLabel* lblProgress_;
   QProgressBar* prgProgress_;
-  QElapsedTimer sincePaint_;
 };
 
 }  // namespace tools

@@ -244,18 +244,6 @@ class DesktopDialogsTest : public QObject {
     QVERIFY(notice.width() <= notice.screen()->availableGeometry().width());
   }
 
-  void ProgressReportsInQuickSuccessionAlwaysShowTheLastOne() {
-    tools::BusyNotice notice("Bitte warten", nullptr);
-    const PaintCounter paints;
-    for (std::uint64_t done = 0; done <= 100'000; ++done) {
-      notice.ShowProgress({.filesDone = done, .filesTotal = 100'000});
-    }
-    QVERIFY(paints.count < 50'000);
-    const auto& bar = Child<QProgressBar>(notice, "prgProgress");
-    QCOMPARE(bar.value(), bar.maximum());
-    QCOMPARE(Shown(notice, "lblProgress"), "100.000 von 100.000 Dateien");
-  }
-
   void WhatTheUserDoesDuringABusyNoticeIsDropped() {
     const int token = dialogs_.ShowBusyNotice("Bitte warten");
     const int second = dialogs_.ShowBusyNotice("Noch etwas");

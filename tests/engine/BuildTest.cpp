@@ -1,4 +1,4 @@
-#include "engine/BuildSetup.h"
+#include "engine/Build.h"
 #include "tests/support/BuildFixture.h"
 #include "tests/support/FaultyDisk.h"
 #include "tools/Text.h"
@@ -13,7 +13,7 @@ using testing::Not;
 using testing::StartsWith;
 using tests::TestProduct;
 
-class BuildSetupTest : public tests::BuildFixture {};
+class BuildTest : public tests::BuildFixture {};
 
 // An entry with every line that depends on a flag, and one without.
 constexpr const char* kScript = R"S(' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL
@@ -54,12 +54,10 @@ End Sub
 '--- End of installation script ---
 )S";
 
-TEST_F(BuildSetupTest, MakesATreeOfDestinationFoldersWithScriptAndLog) {
+TEST_F(BuildTest, MakesATreeOfDestinationFoldersWithScriptAndLog) {
   project_.WriteVersionSetting(1, "Tessel", "Key", " ");
   project_.WriteVersionSetting(1, "Tessel", "Title", "Katalog");
   project_.WriteVersionSetting(1, "Tessel", "Type", "4");
-  settings_["makezip"] = "2";
-  settings_.insert({{"installertype", "9"}, {"config", "7"}, {"language", "1031"}});
   const std::string source = folder_.Write("Produkt/dateien/ü/start.dat", "MZ");
   folder_.Write("Produkt/hilfe/lies mich.txt", "Hallo");
   product_.AddComponent("Programm",
@@ -78,16 +76,15 @@ TEST_F(BuildSetupTest, MakesATreeOfDestinationFoldersWithScriptAndLog) {
   EXPECT_EQ(Out("Probe.install"), tools::ReplaceAll(kScript, "\n", "\r\n"));
   EXPECT_EQ(LogLines(), "");
   EXPECT_EQ(summary_->outcome, BuildOutcome::Finished);
-  EXPECT_EQ(summary_->files, 2U);
-  EXPECT_EQ(summary_->bytesOut, 7U);
-  EXPECT_THAT(dialogs_.Notices(), ElementsAre("Das Setup wird erzeugt, bitte warten..."));
-  EXPECT_EQ(dialogs_.OpenNotices() + dialogs_.Messages().size(), 0U);
+  EXPECT_EQ(summary_->stored.files, 2U);
+  EXPECT_EQ(summary_->stored.bytesOut, 7U);
+  EXPECT_EQ(questions_, 0);
   EXPECT_FALSE(HasOut("Setup.exe"));
 }
 
-TEST_F(BuildSetupTest, LogsProblemsInVisitingOrderAndGoesOn) {
+TEST_F(BuildTest, LogsProblemsInVisitingOrderAndGoesOn) {
   folder_.Write("programm/Wrapper.exe", "W");
-  settings_.insert({{"includeexe", "-1"}, {"includetessel", "2"}});
+  options_.includeWrapper = options_.includeRuntime = true;
   const std::string missing = folder_.Path("weg/fehlt.txt");
   product_.AddComponent(
       "A", {TestProduct::File(missing), TestProduct::Scan("quelle\\leer", "*.xyz"),
@@ -113,44 +110,41 @@ TEST_F(BuildSetupTest, LogsProblemsInVisitingOrderAndGoesOn) {
   EXPECT_EQ(messages_.at(2).entry, 3);
   EXPECT_EQ(summary_->errors, 4);
   EXPECT_EQ(summary_->warnings, 2);
-  EXPECT_EQ(dialogs_.LastMessage(),
-            "Warnung|Beim Erstellen sind Fehler aufgetreten.\r\nDie Fehler wurden in einer "
-            "Protokolldatei mit dem Namen \"build.log\" im Ausgabe-Ordner gespeichert.");
 }
 
-TEST_F(BuildSetupTest, ShowsNoMessageForWarningsAlone) {
+TEST_F(BuildTest, WarnsOfAStoredNameThatIsRecordedTwice) {
   const std::string twice = Source("a.txt", "a", "ID={1}\n");
   product_.AddComponent("A", {twice, twice});
   Run();
   EXPECT_EQ(LogLines(), "Warning: Stored name of '" + folder_.Path("quelle/a.txt") +
                             "' is already recorded under ID '{1}'\r\n");
-  EXPECT_EQ(dialogs_.LastMessage(), "");
 }
 
-TEST_F(BuildSetupTest, RefusesABlankOutputFolderAndAsksBeforeItEmptiesOneThatHoldsFiles) {
+TEST_F(BuildTest, RefusesABlankOutputFolder) {
+  options_.folder = "  ";
+  Run();
+  EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
+  EXPECT_EQ(summary_->reason, "Es ist kein Ordner angegeben.");
+}
+
+TEST_F(BuildTest, AsksBeforeItEmptiesAFolderThatHoldsFiles) {
   folder_.MakeFolder("aus/leer");
   Run();
+  EXPECT_EQ(questions_, 0);
   EXPECT_TRUE(HasOut("leer"));
-  dialogs_.ExpectQuestion("unwiderruflich gelöscht.\r\n\r\nMöchten Sie wirklich fortfahren?",
-                          tools::MessageAnswer::No);
   folder_.Write("aus/build.log", "alt");
+  mayEmpty_ = false;
   Run();
   EXPECT_EQ(Out("build.log"), "alt");
   EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderInUse);
-  dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
+  mayEmpty_ = true;
   Run();
+  EXPECT_EQ(questions_, 2);
   EXPECT_FALSE(HasOut("leer"));
   EXPECT_EQ(LogLines(), "");
-
-  settings_["folder"] = "  ";
-  Run();
-  EXPECT_EQ(dialogs_.LastMessage(), "Fehler|Der Ausgabeordner ist ungültig.");
-  EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
-  EXPECT_EQ(summary_->reason, "Der Ausgabeordner ist ungültig. Es ist kein Ordner angegeben.");
-  EXPECT_EQ(dialogs_.OpenNotices(), 2U) << "refusals leave the notice";
 }
 
-TEST_F(BuildSetupTest, RefusesNamesThatLeadElsewhere) {
+TEST_F(BuildTest, RefusesNamesThatLeadElsewhere) {
   for (const char* title : {"../x", "a\\b", "..", "a\tb"}) {
     project_.SetProductTitle(title);
     EXPECT_THROW(Run(), tools::Error) << title;
@@ -159,10 +153,9 @@ TEST_F(BuildSetupTest, RefusesNamesThatLeadElsewhere) {
   project_.WriteProductSetting("Versions", "Ver1", "../..");
   EXPECT_THROW(Run(), tools::Error);
   EXPECT_FALSE(folder_.Holds("aus"));
-  EXPECT_EQ(dialogs_.OpenNotices(), 0U);
 }
 
-TEST_F(BuildSetupTest, TellsWhichFilesMeetInATreeAndKeepsTheLater) {
+TEST_F(BuildTest, TellsWhichFilesMeetInATreeAndKeepsTheLater) {
   product_.AddComponent(
       "A", {Source("1/index.html", "eins"), Source("2/INDEX.html", "zwei"),
             Source("3/log.txt", "3", "TargetSubFolder=..\\Build.log\n"),
@@ -189,7 +182,7 @@ TEST_F(BuildSetupTest, TellsWhichFilesMeetInATreeAndKeepsTheLater) {
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 5U);
 }
 
-TEST_F(BuildSetupTest, AFileThatCouldNotBeStoredTakesNoPlace) {
+TEST_F(BuildTest, AFileThatCouldNotBeStoredTakesNoPlace) {
   product_.AddComponent("A", {Source("1/a.txt", "1"), Source("2/a.txt", "2"),
                               Source("3/A.txt", "3"), Source("4/a.txt", "4")});
   onProgress_ = [this](const tools::Progress& progress) {
@@ -205,7 +198,7 @@ TEST_F(BuildSetupTest, AFileThatCouldNotBeStoredTakesNoPlace) {
                                       "': both are stored as 'InstallPath\\a.txt'");
 }
 
-TEST_F(BuildSetupTest, LeavesOutComponentsOfNoUseWithAWord) {
+TEST_F(BuildTest, LeavesOutComponentsOfNoUseWithAWord) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   product_.AddComponent("", {Source("b.txt", "b")});
   for (int slot = 3; slot <= 6; ++slot) product_.AddComponent("", {});
@@ -222,7 +215,7 @@ TEST_F(BuildSetupTest, LeavesOutComponentsOfNoUseWithAWord) {
   EXPECT_THAT(Out("Probe.install"), Not(HasSubstr("b.txt")));
 }
 
-TEST_F(BuildSetupTest, DoesNotBuildAVersionWithoutAUsableFile) {
+TEST_F(BuildTest, DoesNotBuildAVersionWithoutAUsableFile) {
   const std::string path = folder_.Path("Produkt/Version 1.0.0/product.version");
   folder_.Write("aus/alt.zip", "alt");
   for (const std::string& content : {std::string(), std::string(20, '\0'), std::string("x=1"),
@@ -240,7 +233,7 @@ TEST_F(BuildSetupTest, DoesNotBuildAVersionWithoutAUsableFile) {
   EXPECT_EQ(Out("alt.zip"), "alt");
 }
 
-TEST_F(BuildSetupTest, TellsOfAComponentWhoseEntriesCannotBeCounted) {
+TEST_F(BuildTest, TellsOfAComponentWhoseEntriesCannotBeCounted) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   const std::string entry = "[File1]\n" + Source("a.txt", "a");
   for (const std::string& files :
@@ -248,27 +241,26 @@ TEST_F(BuildSetupTest, TellsOfAComponentWhoseEntriesCannotBeCounted) {
         std::string("[Files]\nCount=1\n\0", 17)}) {
     folder_.Write("Produkt/Version 1.0.0/component1.component",
                   "[Component]\nTitle=A\n" + files + entry);
-    settings_["folder"] = folder_.Path("aus");
+    options_.folder = folder_.Path("aus");
     tools::RemoveFolderTree(folder_.Path("aus"));
     Run();
     EXPECT_EQ(summary_->errors, 1) << files;
   }
 }
 
-TEST_F(BuildSetupTest, ScansPassOverTheOutputFolder) {
-  settings_["folder"] = "Ausgabe\\Debug";
+TEST_F(BuildTest, ScansPassOverTheOutputFolder) {
+  options_.folder = "Ausgabe\\Debug";
   product_.AddComponent("A", {"ID={1}\nType=2\nSourcePath=.\nSourceName=*\n"
                               "IncludeChildren=1\nTargetFolder=2001\n"});
   for (int run = 1; run <= 2; ++run) {
-    if (run == 2) dialogs_.ExpectQuestion("Dateien vorhanden", tools::MessageAnswer::Yes);
     Run();
     EXPECT_EQ(summary_->outcome, BuildOutcome::Finished) << summary_->reason;
-    EXPECT_EQ(summary_->files, 3U);
+    EXPECT_EQ(summary_->stored.files, 3U);
     EXPECT_TRUE(messages_.empty());
   }
 }
 
-TEST_F(BuildSetupTest, GoesByTheSourcesItFoundAtFirst) {
+TEST_F(BuildTest, GoesByTheSourcesItFoundAtFirst) {
   const std::string scan = "TargetFolder=38\n" + TestProduct::Scan(folder_.Path("quelle/1"), "*");
   product_.AddComponent("A", {Source("1/weg.txt", "w"), Source("1/waechst.txt", "kurz"),
                               Source("1/ordner.txt", "o"), scan});
@@ -286,12 +278,12 @@ TEST_F(BuildSetupTest, GoesByTheSourcesItFoundAtFirst) {
   EXPECT_EQ(Out("InstallPath/waechst.txt").size(), 300000U);
   EXPECT_FALSE(HasOut("ProgramFiles/neu.txt"));
   EXPECT_EQ(summary_->errors, 4);
-  EXPECT_EQ(summary_->files, 2U);
+  EXPECT_EQ(summary_->stored.files, 2U);
   EXPECT_EQ(progress_.filesDone, 6U);
   EXPECT_THAT(Out("Probe.install"), AllOf(Not(HasSubstr("weg.txt")), Not(HasSubstr("neu.txt"))));
 }
 
-TEST_F(BuildSetupTest, StoresUnusualAndLongNames) {
+TEST_F(BuildTest, StoresUnusualAndLongNames) {
   const std::string longName = std::string(251, 'n') + ".txt";
   std::string deep = "tief";
   while (folder_.Path("quelle/" + deep).size() < 500) deep += "/Ordner 資料夾 Größe";
@@ -304,16 +296,15 @@ TEST_F(BuildSetupTest, StoresUnusualAndLongNames) {
   EXPECT_THAT(Out("Probe.install"), HasSubstr("%InstallPath%\\Übergrößen  測試.txt"));
 }
 
-TEST_F(BuildSetupTest, RaisesAFailureToWriteTheScript) {
+TEST_F(BuildTest, RaisesAFailureToWriteTheScript) {
   tests::FaultyDisk full(disk_);
   full.FailAt(tests::FaultyDisk::Step::Write, 1);
   EXPECT_THAT(tests::ErrorOf([&] { Run(full); }), HasSubstr("Kein Speicherplatz"));
   EXPECT_FALSE(HasOut("Probe.install"));
   EXPECT_FALSE(summary_.has_value());
-  EXPECT_EQ(dialogs_.OpenNotices(), 0U);
 }
 
-TEST_F(BuildSetupTest, EndsOnAnAbsurdCountOfFiles) {
+TEST_F(BuildTest, EndsOnAnAbsurdCountOfFiles) {
   product_.AddComponent("A", {Source("a.txt", "a"), Source("b.txt", "b")});
   project_.WriteComponentSetting(1, 1, "Files", "Count", "2147483647");
   product_.AddComponent("B", {});

@@ -13,12 +13,12 @@
 #include <string>
 #include <string_view>
 
-#include "engine/BuildSettings.h"
-#include "engine/BuildStatus.h"
+#include "engine/BuildObserver.h"
+#include "engine/BuildOptions.h"
 #include "model/ModProject.h"
 #include "tools/Clock.h"
-#include "tools/Dialogs.h"
 #include "tools/Versions.h"
+#include "tools/archive/ArchiveWriter.h"
 #include "tools/files/Disk.h"
 
 namespace engine {
@@ -26,28 +26,47 @@ namespace engine {
 /// What a build works with. The references must outlive the call.
 struct BuildEnvironment {
   const model::ModProject& project;
-  tools::Dialogs& dialogs;
   const tools::Clock& clock;
   tools::Disk& disk;
-  BuildStatus& status;
   std::string programFolder;  ///< holds Wrapper.exe and InstallTessel.msi
   tools::Version toolVersion = tools::ToolVersion();
 };
 
-/// Builds the version in slot `versionIndex`. Problems with single files are logged and the build
-/// goes on; the status observer gets them as they happen, and how the build ended.
+/// How a build ended.
+enum class BuildOutcome {
+  Finished,             ///< reached its end; problems are in the log
+  InvalidOutputFolder,  ///< refused: the output folder is invalid
+  OutputFolderInUse,    ///< refused: it holds files and the observer kept them
+  OutputFolderStuck,    ///< ended early: its old content could not be taken away, or not all of it
+  Incomplete,           ///< ended early: files of the setup are missing, and the old one was kept
+  Stopped,              ///< ended early: the observer wanted it
+};
+
+struct BuildSummary {
+  BuildOutcome outcome = BuildOutcome::Finished;
+  std::string reason;  ///< why the build was refused or ended early, beyond the outcome (German)
+  std::string outputFolder;
+  tools::ArchiveTotals stored;  ///< the files; not packaged, the copies count as what came out
+  std::int32_t warnings = 0;
+  std::int32_t errors = 0;
+  bool diskFull = false;  ///< some failure came from a full disk
+};
+
+/// Builds the version in slot `version`. Problems with single files are logged and the build goes
+/// on; the observer gets them as they happen.
 ///
 /// The setup is made in a hidden folder inside the output folder and takes the old content's place
 /// when it is whole: archive or tree, script, programs and log. A setup that lacks files because
-/// the disk is full or the archive failed only moves in where it replaces nothing.
+/// the disk is full or the archive failed only moves in where it replaces nothing. Whenever the
+/// build does not finish, the output folder holds what it held before.
 ///
 /// Raises tools::Error, after tidying up, when the build cannot run or end at all: settings that
 /// cannot be read or are out of range, a product title that no file name can hold, an unsafe
 /// version text, a version without a usable file, a full or read-only disk for the output folder,
-/// the script or the log. Errors of the status observer pass through. In each of these cases the
-/// output folder holds what it held before.
-void BuildSetup(const BuildEnvironment& environment, const BuildSettings& settings,
-                std::int32_t versionIndex);
+/// the script or the log.
+[[nodiscard]] BuildSummary BuildVersion(const BuildEnvironment& environment,
+                                        const BuildOptions& options, std::int32_t version,
+                                        BuildObserver& observer);
 
 /// True when `title` followed by an extension would not name a file in the output folder itself on
 /// this machine: it holds a separator or control characters, or is "." or "..".

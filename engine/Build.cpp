@@ -1,4 +1,4 @@
-#include "engine/BuildSetup.h"
+#include "engine/Build.h"
 
 #include <algorithm>
 #include <memory>
@@ -18,8 +18,6 @@
 #include "engine/TreeStore.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"
-#include "tools/StandardTexts.h"
-#include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/Path.h"
 
@@ -27,33 +25,41 @@ namespace engine {
 
 namespace {
 
-constexpr const char* kLineBreak = "\r\n";
-
 class Build {
  public:
-  Build(const BuildEnvironment& environment, const BuildSettings& settings, std::int32_t version,
-        int notice)
+  Build(const BuildEnvironment& environment, const BuildOptions& options, std::int32_t version,
+        BuildObserver& observer)
       : environment_(environment),
-        options_(ReadBuildOptions(settings)),
+        options_(options),
         version_(version),
+        observer_(observer),
         title_(environment.project.ProductTitle()),
-        log_(environment.clock, environment.status),
-        progress_(environment.dialogs, notice, environment.status) {}
+        log_(environment.clock, observer),
+        progress_(observer, environment.clock) {}
 
-  /// Gives false when the build was refused or stopped at the output folder.
-  bool Run() {
+  BuildSummary Run() {
+    try {
+      RunToEnd();
+    } catch (const tools::Stopped&) {
+      End(BuildOutcome::Stopped, {});
+    }
+    return std::move(summary_);
+  }
+
+ private:
+  void RunToEnd() {
     log_.BeginBuildLog();
     if (IsDangerousFileTitle(title_)) {
       throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
     survey_ = SurveyVersion(environment_.project, version_,
                             OutputFolderPath(options_.folder, environment_.project),
-                            [this] { progress_.AskLeave(); });
+                            [this] { progress_.ThrowIfStopped(); });
     if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
     const ScriptHead head = MakeScriptHead();
     // A wish to stop that came meanwhile counts before anything is deleted.
-    progress_.Start(survey_.files, survey_.bytes);
-    if (!AcceptOutputFolder()) return false;
+    progress_.ThrowIfStopped();
+    if (!AcceptOutputFolder()) return;
     stage_.emplace(environment_.disk, outputFolder_);
     try {
       MakeSetup(head);
@@ -62,27 +68,24 @@ class Build {
       if (text == error.what()) throw;
       throw tools::Error(text, error.Cause());
     }
-    return Publish();
+    Publish();
   }
 
-  [[nodiscard]] const BuildSummary& Summary() const { return summary_; }
-
- private:
+  /// Gives false when the build ends here.
   bool AcceptOutputFolder() {
     const OutputFolder folder =
         engine::AcceptOutputFolder(options_.folder, environment_.project, survey_.sourceFolders);
     outputFolder_ = folder.path;
     summary_.outputFolder = outputFolder_;
     if (!folder.IsAccepted()) {
-      ShowRefusal(model::LoadText(model::Text::InvalidOutputFolder), tools::kTextError);
-      return Stop(BuildOutcome::InvalidOutputFolder,
-                  model::LoadText(model::Text::InvalidOutputFolder) + " " + folder.reason);
+      End(BuildOutcome::InvalidOutputFolder, folder.reason);
+      return false;
     }
     SetupStage::Recover(environment_.disk, outputFolder_);
     replaces_ = HoldsFiles(outputFolder_);
-    if (!replaces_ || MayEmptyOutputFolder()) return true;
-    return Stop(BuildOutcome::OutputFolderInUse,
-                model::LoadText(model::Text::OutputFolderHoldsFiles));
+    if (!replaces_ || observer_.MayEmptyOutputFolder(outputFolder_)) return true;
+    End(BuildOutcome::OutputFolderInUse, {});
+    return false;
   }
 
   void MakeSetup(const ScriptHead& head) {
@@ -97,61 +100,29 @@ class Build {
   }
 
   // Log, script and files of one setup move in together or not at all.
-  bool Publish() {
+  void Publish() {
     if (isIncomplete_ && replaces_) {
-      const std::string reason =
+      End(BuildOutcome::Incomplete,
           std::string(summary_.diskFull ? "Der Datenträger ist voll. "
                                         : "Das Archiv konnte nicht erstellt werden. ") +
-          model::LoadText(model::Text::OldSetupStays);
-      ShowRefusal(model::LoadText(model::Text::BuildHadErrors) + kLineBreak + reason,
-                  tools::kTextWarning);
-      return Stop(BuildOutcome::Incomplete,
-                  model::LoadText(model::Text::BuildHadErrors) + " " + reason);
+              model::LoadText(model::Text::OldSetupStays));
+      return;
     }
     try {
       if (const std::optional<tools::Error> left = stage_->Publish(replaces_)) {
-        return StopStuck(
+        End(BuildOutcome::OutputFolderStuck,
             "Das Setup ist erstellt, aber der alte Inhalt des Ausgabeordners ist nicht "
             "ganz gelöscht. " +
-            std::string(left->what()));
+                std::string(left->what()));
       }
     } catch (const tools::Error& error) {
-      return StopStuck(error.what());
+      End(BuildOutcome::OutputFolderStuck, error.what());
     }
-    if (log_.ErrorCount() == 0) return true;
-    const std::string where =
-        tools::ReplaceAll(model::LoadText(model::Text::ErrorsAreLogged), "%log%", kLogName);
-    ShowRefusal(model::LoadText(model::Text::BuildHadErrors) + kLineBreak + where,
-                tools::kTextWarning);
-    return true;
   }
 
-  bool StopStuck(const std::string& reason) {
-    ShowRefusal(reason, tools::kTextError);
-    return Stop(BuildOutcome::OutputFolderStuck, reason);
-  }
-
-  bool Stop(BuildOutcome outcome, std::string reason) {
+  void End(BuildOutcome outcome, std::string reason) {
     summary_.outcome = outcome;
     summary_.reason = std::move(reason);
-    return false;
-  }
-
-  bool MayEmptyOutputFolder() {
-    tools::Message question;
-    question.text = model::LoadText(model::Text::OutputFolderHoldsFiles) + kLineBreak + kLineBreak +
-                    model::LoadText(model::Text::ReallyContinue);
-    question.caption = tools::StandardText(tools::kTextWarning);
-    question.buttons = tools::MessageButtons::YesNo;
-    question.defaultAnswer = tools::MessageAnswer::No;
-    return environment_.dialogs.ShowMessage(question) == tools::MessageAnswer::Yes;
-  }
-
-  void ShowRefusal(const std::string& text, std::int32_t caption) {
-    tools::Message message;
-    message.text = text;
-    message.caption = tools::StandardText(caption);
-    (void)environment_.dialogs.ShowMessage(message);
   }
 
   void StoreFiles() {
@@ -164,9 +135,7 @@ class Build {
       NoteDiskFull(failure->Cause());
       log_.LogError("Unable to compress setup files", {}, stage_->WithUsersPaths(failure->what()));
     }
-    summary_.files = store->Totals().files;
-    summary_.bytesIn = store->Totals().bytesIn;
-    summary_.bytesOut = store->Totals().bytesOut;
+    summary_.stored = store->Totals();
     progress_.Finish();
   }
 
@@ -220,8 +189,9 @@ class Build {
   }
 
   const BuildEnvironment& environment_;
-  BuildOptions options_;
+  const BuildOptions& options_;
   std::int32_t version_;
+  BuildObserver& observer_;
   std::string title_;
   BuildLog log_;
   BuildProgress progress_;
@@ -244,19 +214,9 @@ bool IsDangerousFileTitle(std::string_view title) {
   });
 }
 
-void BuildSetup(const BuildEnvironment& environment, const BuildSettings& settings,
-                std::int32_t versionIndex) {
-  const int notice =
-      environment.dialogs.ShowBusyNotice(model::LoadText(model::Text::BuildingSetup));
-  try {
-    Build build(environment, settings, versionIndex, notice);
-    // A build that is refused leaves the notice to its owner.
-    if (build.Run()) environment.dialogs.WithdrawBusyNotice(notice);
-    environment.status.OnEnd(build.Summary());
-  } catch (...) {
-    environment.dialogs.WithdrawBusyNotice(notice);
-    throw;
-  }
+BuildSummary BuildVersion(const BuildEnvironment& environment, const BuildOptions& options,
+                          std::int32_t version, BuildObserver& observer) {
+  return Build(environment, options, version, observer).Run();
 }
 
 }  // namespace engine

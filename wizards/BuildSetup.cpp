@@ -1,0 +1,114 @@
+#include "wizards/BuildSetup.h"
+
+#include <string_view>
+
+#include "engine/Build.h"
+#include "engine/OutputNames.h"
+#include "model/TextTable.h"
+#include "tools/Numbers.h"
+#include "tools/StandardTexts.h"
+#include "tools/Text.h"
+
+namespace wizards {
+
+namespace {
+
+using model::LoadText;
+using model::Text;
+
+constexpr const char* kLineBreak = "\r\n";
+
+class DesktopBuild : public engine::BuildObserver {
+ public:
+  explicit DesktopBuild(tools::Dialogs& dialogs)
+      : dialogs_(dialogs), notice_(dialogs.ShowBusyNotice(LoadText(Text::BuildingSetup))) {}
+
+  // The log holds it.
+  void OnMessage(const engine::BuildMessage& /*message*/) override {}
+
+  void OnProgress(const tools::Progress& progress) override {
+    dialogs_.UpdateBusyNotice(notice_, progress);
+  }
+
+  bool MayEmptyOutputFolder(const std::string& /*folder*/) override {
+    tools::Message question;
+    question.text = LoadText(Text::OutputFolderHoldsFiles) + kLineBreak + kLineBreak +
+                    LoadText(Text::ReallyContinue);
+    question.caption = tools::StandardText(tools::kTextWarning);
+    question.buttons = tools::MessageButtons::YesNo;
+    question.defaultAnswer = tools::MessageAnswer::No;
+    return dialogs_.ShowMessage(question) == tools::MessageAnswer::Yes;
+  }
+
+  bool IsStopWanted() override { return false; }
+
+  void WithdrawNotice() { dialogs_.WithdrawBusyNotice(notice_); }
+
+  void ShowEnd(const engine::BuildSummary& summary) {
+    switch (summary.outcome) {
+      case engine::BuildOutcome::Finished:
+        if (summary.errors > 0) ShowErrors(LogHint());
+        WithdrawNotice();
+        break;
+      case engine::BuildOutcome::InvalidOutputFolder:
+        Show(LoadText(Text::InvalidOutputFolder), tools::kTextError);
+        break;
+      case engine::BuildOutcome::OutputFolderStuck:
+        Show(summary.reason, tools::kTextError);
+        break;
+      case engine::BuildOutcome::Incomplete:
+        ShowErrors(summary.reason);
+        break;
+      case engine::BuildOutcome::OutputFolderInUse:
+      case engine::BuildOutcome::Stopped:
+        break;
+    }
+  }
+
+ private:
+  static std::string LogHint() {
+    return tools::ReplaceAll(LoadText(Text::ErrorsAreLogged), "%log%", engine::kLogName);
+  }
+
+  void ShowErrors(const std::string& more) {
+    Show(LoadText(Text::BuildHadErrors) + kLineBreak + more, tools::kTextWarning);
+  }
+
+  void Show(const std::string& text, std::int32_t caption) {
+    (void)dialogs_.ShowMessage({.text = text, .caption = tools::StandardText(caption)});
+  }
+
+  tools::Dialogs& dialogs_;
+  int notice_;
+};
+
+}  // namespace
+
+engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings) {
+  const auto text = [&settings](std::string_view name) {
+    const auto found = settings.find(name);
+    return found == settings.end() ? std::string() : found->second;
+  };
+  return {.folder = text("folder"),
+          .packaged = tools::ToInt16(text("makezip")) == 1,
+          .includeWrapper = tools::ToInt16(text("includeexe")) != 0,
+          .includeRuntime = tools::ToInt16(text("includetessel")) != 0};
+}
+
+void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
+                std::int32_t versionIndex) {
+  DesktopBuild build(services.dialogs);
+  try {
+    const engine::BuildEnvironment environment{.project = services.project,
+                                               .clock = services.clock,
+                                               .disk = services.disk,
+                                               .programFolder = services.programFolder};
+    build.ShowEnd(
+        engine::BuildVersion(environment, ReadBuildOptions(settings), versionIndex, build));
+  } catch (...) {
+    build.WithdrawNotice();
+    throw;
+  }
+}
+
+}  // namespace wizards
