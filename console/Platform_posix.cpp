@@ -1,6 +1,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 
 #include "console/Platform.h"
@@ -34,6 +35,11 @@ std::string WorkingFolder() {
 bool ErrorsGoToTerminal() { return ::isatty(STDERR_FILENO) == 1; }
 
 bool OutputGoesToTerminal() { return ::isatty(STDOUT_FILENO) == 1; }
+
+void KeepTimeZone() {
+  // Without TZ the C library looks whether this file has changed, each time.
+  ::setenv("TZ", ":/etc/localtime", 0);
+}
 
 void WatchForInterrupt() {
   struct sigaction action {};

@@ -55,6 +55,10 @@ bool ErrorsGoToTerminal() { return IsConsole(STD_ERROR_HANDLE); }
 
 bool OutputGoesToTerminal() { return IsConsole(STD_OUTPUT_HANDLE); }
 
+void KeepTimeZone() {
+  // The system keeps it.
+}
+
 void WatchForInterrupt() { SetConsoleCtrlHandler(OnControl, TRUE); }
 
 bool WasInterrupted() { return interrupted; }

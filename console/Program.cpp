@@ -1,13 +1,12 @@
 #include "console/Program.h"
 
-#include <memory>
 #include <optional>
 #include <ostream>
 
 #include "console/JsonReport.h"
-#include "console/OutputEnd.h"
 #include "console/ProductProof.h"
 #include "console/ProductVersion.h"
+#include "console/ReportedCall.h"
 #include "console/TextReport.h"
 #include "engine/Build.h"
 #include "engine/BuildCheck.h"
@@ -25,8 +24,6 @@
 namespace console {
 
 namespace {
-
-constexpr const char* kStoppedText = "Abgebrochen.";
 
 std::string StoredOutputFolder(const model::ModProject& project, std::int32_t version,
                                const std::string& configuration) {
@@ -179,37 +176,16 @@ ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& 
   return Build(project, options, version, line, surroundings, report);
 }
 
-ExitCode RunCall(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+}  // namespace
+
+ExitCode RunProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
   const Streams& streams = surroundings.streams;
   ExitCode exitCode = ExitCode::Built;
   const std::optional<CommandLine> line =
       ParseCommandLine(arguments, streams.output, streams.errors, exitCode);
   if (!line) return exitCode;
-
-  std::unique_ptr<Report> report;
-  if (line->json) {
-    report = std::make_unique<JsonReport>(streams, surroundings.interrupted, line->quiet);
-  } else {
-    report = std::make_unique<TextReport>(streams, surroundings.interrupted, line->quiet);
-  }
-  try {
-    return Run(*line, surroundings, *report);
-  } catch (const tools::Stopped&) {
-    report->Failure(kStoppedText);
-    return ExitCode::Stopped;
-  } catch (const BadCall& bad) {
-    report->Failure(bad.text);
-    return ExitCode::BadCall;
-  } catch (const tools::Error& error) {
-    report->Failure(error.what());
-    return ExitCode::Stopped;
-  }
-}
-
-}  // namespace
-
-ExitCode RunProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
-  return EndOutput(surroundings.streams, "packwright-build", RunCall(arguments, surroundings));
+  return RunReported<JsonReport, TextReport>(
+      *line, surroundings, [&](Report& report) { return Run(*line, surroundings, report); });
 }
 
 }  // namespace console

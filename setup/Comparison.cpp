@@ -16,22 +16,52 @@ namespace {
 
 using Item = SetupContents::Item;
 
-Content ContentOf(const Setup& setup, const PlannedFile& file, ContentReader& reader) {
-  if (file.packaged) {
-    const Member* const member = setup.archive ? setup.archive->Find(file.stored) : nullptr;
-    if (member == nullptr) return {.missing = true};
-    return {.size = member->size, .checksum = member->checksum};
+/// Takes the contents of a setup's files one by one.
+class ContentTaker {
+ public:
+  ContentTaker(const Setup& setup, const std::function<void(const tools::Progress&)>& onProgress)
+      : setup_(setup), reader_(setup), onProgress_(onProgress) {
+    progress_.filesTotal = setup.plan.files.size();
+    for (const PlannedFile& file : setup.plan.files) {
+      progress_.bytesTotal += SizeOf(setup, file).value_or(0);
+    }
   }
-  if (!SizeOf(setup, file)) return {.missing = true};
-  Content content;
-  uLong checksum = crc32_z(0, nullptr, 0);
-  reader.Read(file, [&](std::string_view bytes) {
-    content.size += bytes.size();
-    checksum = crc32_z(checksum, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
-  });
-  content.checksum = static_cast<std::uint32_t>(checksum);
-  return content;
-}
+
+  Content Take(const PlannedFile& file) {
+    Content content{.missing = true};
+    if (!file.packaged) {
+      if (SizeOf(setup_, file)) content = ContentOfTreeFile(file);
+    } else if (const Member* const member = MemberOf(file)) {
+      content = {.size = member->size, .checksum = member->checksum};
+      progress_.bytesDone += member->size;
+    }
+    ++progress_.filesDone;
+    onProgress_(progress_);
+    return content;
+  }
+
+ private:
+  [[nodiscard]] const Member* MemberOf(const PlannedFile& file) const {
+    return setup_.archive ? setup_.archive->Find(file.stored) : nullptr;
+  }
+  Content ContentOfTreeFile(const PlannedFile& file) {
+    Content content;
+    uLong checksum = crc32_z(0, nullptr, 0);
+    reader_.Read(file, [&](std::string_view bytes) {
+      content.size += bytes.size();
+      checksum = crc32_z(checksum, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
+      progress_.bytesDone += bytes.size();
+      onProgress_(progress_);
+    });
+    content.checksum = static_cast<std::uint32_t>(checksum);
+    return content;
+  }
+
+  const Setup& setup_;
+  ContentReader reader_;
+  const std::function<void(const tools::Progress&)>& onProgress_;
+  tools::Progress progress_;
+};
 
 std::string SizeText(const Content& content) {
   return content.missing ? "fehlt" : std::to_string(content.size) + " Bytes";
@@ -161,15 +191,16 @@ class Comparer {
 
 }  // namespace
 
-SetupContents TakeContents(Setup& setup) {
+SetupContents TakeContents(Setup& setup,
+                           const std::function<void(const tools::Progress&)>& onProgress) {
   SetupContents contents;
   std::vector<Item>& items = contents.items;
   items.reserve(setup.plan.files.size());
   {
-    ContentReader reader(setup);
+    ContentTaker taker(setup, onProgress);
     for (std::uint32_t i = 0; i < setup.plan.files.size(); ++i) {
       const PlannedFile& file = setup.plan.files[i];
-      items.push_back({TargetKey(file.target), 0, i, ContentOf(setup, file, reader)});
+      items.push_back({TargetKey(file.target), 0, i, taker.Take(file)});
     }
   }
   contents.plan = std::move(setup.plan);

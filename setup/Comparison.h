@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "setup/Setup.h"
+#include "tools/Progress.h"
 
 namespace setup {
 
@@ -57,8 +59,9 @@ struct SetupContents {
 
 /// Takes the plan out of the setup and closes its archive. Contents are those of the archive's
 /// directory, or of the file itself where it is not packaged. Raises tools::Error when a file
-/// cannot be read.
-[[nodiscard]] SetupContents TakeContents(Setup& setup);
+/// cannot be read, and what `onProgress` raises.
+[[nodiscard]] SetupContents TakeContents(
+    Setup& setup, const std::function<void(const tools::Progress&)>& onProgress);
 
 /// Compares two setups by targets, where case does not count.
 [[nodiscard]] SetupComparison CompareSetups(const SetupContents& before,

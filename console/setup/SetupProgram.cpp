@@ -1,10 +1,10 @@
 #include "console/setup/SetupProgram.h"
 
-#include <memory>
 #include <optional>
 
 #include "console/ProductProof.h"
 #include "console/ProductVersion.h"
+#include "console/ReportedCall.h"
 #include "console/setup/JsonSetupReport.h"
 #include "console/setup/SetupCommandLine.h"
 #include "console/setup/TextSetupReport.h"
@@ -95,10 +95,11 @@ ExitCode Prove(const std::string& path, const SetupCommandLine& line,
 }
 
 ExitCode Compare(const std::string& oldPath, const std::string& newPath, SetupReport& report) {
+  const auto onProgress = [&](const tools::Progress& progress) { report.OnProgress(progress); };
   setup::Setup before = Open(oldPath);
-  const setup::SetupContents oldContents = setup::TakeContents(before);
+  const setup::SetupContents oldContents = setup::TakeContents(before, onProgress);
   setup::Setup after = Open(newPath);
-  const setup::SetupContents newContents = setup::TakeContents(after);
+  const setup::SetupContents newContents = setup::TakeContents(after, onProgress);
   const setup::SetupComparison comparison = setup::CompareSetups(oldContents, newContents);
   report.Differences(comparison);
   std::vector<setup::Finding> findings = before.findings;
@@ -132,25 +133,8 @@ ExitCode RunSetupProgram(const std::vector<std::string>& arguments,
   const std::optional<SetupCommandLine> line =
       ParseSetupCommandLine(arguments, streams.output, streams.errors, exitCode);
   if (!line) return exitCode;
-
-  std::unique_ptr<SetupReport> report;
-  if (line->json) {
-    report = std::make_unique<JsonSetupReport>(streams, surroundings.interrupted, line->quiet);
-  } else {
-    report = std::make_unique<TextSetupReport>(streams, surroundings.interrupted, line->quiet);
-  }
-  try {
-    return Run(*line, surroundings, *report);
-  } catch (const tools::Stopped&) {
-    report->Failure("Abgebrochen.");
-    return ExitCode::Stopped;
-  } catch (const BadCall& bad) {
-    report->Failure(bad.text);
-    return ExitCode::BadCall;
-  } catch (const tools::Error& error) {
-    report->Failure(error.what());
-    return ExitCode::Stopped;
-  }
+  return RunReported<JsonSetupReport, TextSetupReport>(
+      *line, surroundings, [&](SetupReport& report) { return Run(*line, surroundings, report); });
 }
 
 }  // namespace console

@@ -170,6 +170,7 @@ void TextSetupReport::ProofEnd(const setup::ProofResult& result) {
 }
 
 void TextSetupReport::Differences(const setup::SetupComparison& comparison) {
+  ClearProgress();
   for (const setup::Difference& difference : comparison.differences) {
     Output() << DifferenceText(difference) << '\n';
   }

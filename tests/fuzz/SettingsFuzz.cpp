@@ -9,18 +9,16 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "tests/fuzz/Fuzzer.h"
 #include "tools/Error.h"
 #include "tools/settings/SettingsFile.h"
 
 namespace {
 
-using Random = std::mt19937_64;
+using tests::Random;
 
 /// What a settings file is to be, done in the simplest way.
 class Model {
@@ -219,16 +217,8 @@ std::string BrokenRule(const std::string& input, Random& random) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::uint64_t inputs = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 20'000;
-  const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
-  Random random(seed);
-  for (std::uint64_t i = 0; i < inputs; ++i) {
+  return tests::RunFuzzer(argc, argv, [](Random& random) {
     const std::string input = Input(random);
-    const std::string rule = BrokenRule(input, random);
-    if (rule.empty()) continue;
-    std::cout << "input " << i << " of seed " << seed << " breaks: " << rule << '\n'
-              << input << '\n';
-    return 1;
-  }
-  std::cout << inputs << " inputs of seed " << seed << " kept every rule\n";
+    return tests::FuzzedInput{input, BrokenRule(input, random)};
+  });
 }
