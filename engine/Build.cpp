@@ -8,14 +8,14 @@
 #include "engine/ArchiveStore.h"
 #include "engine/BuildLog.h"
 #include "engine/BuildProgress.h"
-#include "engine/Collection.h"
 #include "engine/OutputFolder.h"
 #include "engine/OutputNames.h"
-#include "engine/ScriptPass.h"
 #include "engine/SetupStage.h"
+#include "engine/StoreFiles.h"
 #include "engine/StoredNameMap.h"
 #include "engine/Survey.h"
 #include "engine/TreeStore.h"
+#include "engine/WriteInstallScript.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/files/Files.h"
@@ -128,7 +128,7 @@ class Build {
   void StoreFiles() {
     progress_.Start(survey_.files, survey_.bytes);
     const std::unique_ptr<FileStore> store = MakeStore();
-    summary_.diskFull = CollectFiles(survey_, *store, names_, log_);
+    summary_.diskFull = engine::StoreFiles(survey_, *store, names_, log_);
     isIncomplete_ = summary_.diskFull;
     if (const std::optional<tools::Error> failure = store->Finish()) {
       isIncomplete_ = true;

@@ -8,10 +8,9 @@
 
 #include "tools/Error.h"
 #include "tools/archive/ArchiveAssembler.h"
-#include "tools/archive/FileBlockJob.h"
+#include "tools/archive/ArchiveJobs.h"
+#include "tools/archive/ArchiveWorkers.h"
 #include "tools/archive/MemberPacker.h"
-#include "tools/archive/OrderedWorkers.h"
-#include "tools/archive/SmallFilesJob.h"
 #include "tools/files/Files.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
@@ -34,7 +33,7 @@ std::size_t BlockBytes(const ArchiveOptions& options) {
 
 int Level(const ArchiveOptions& options) { return std::clamp(options.effort, 2, 24) / 2; }
 
-OrderedWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
+ArchiveWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
   const int processors = static_cast<int>(std::thread::hardware_concurrency());
   const int wanted = options.threads > 0 ? options.threads : processors;
   const int threads = std::clamp(wanted, 1, kMaximumThreads);
@@ -126,8 +125,8 @@ class ArchiveWriter::Implementation {
   std::size_t blockBytes_;
   ReplacementFile archive_;
   ArchiveAssembler assembler_;
-  OrderedWorkers workers_;  // ends before what it works on
-  OrderedWorkers::WaitCallback reportProgress_;
+  ArchiveWorkers workers_;  // ends before what it works on
+  ArchiveWorkers::WaitCallback reportProgress_;
   std::unique_ptr<SmallFilesJob> smallFiles_;
   std::uint64_t reportedBytesOut_ = 0;
 };

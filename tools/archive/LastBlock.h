@@ -15,6 +15,10 @@ namespace tools {
 /// final block with Huffman codes of its own (RFC 1951, 3.2.7), whose data ends where the stream
 /// ends. No other place looks like that by chance, but only decoding the stream proves it.
 ///
+/// What it gains: the proof by libdeflate's decoder is quicker than zlib's walk from block to
+/// block, which is what remains without it. Measured in processor time of whole builds: 7 % on 350
+/// MB of binaries (4.7 instead of 5.0 times as fast as zip -6), 5 % on one file of 700 MB.
+///
 /// Not for use by several threads at a time.
 class LastBlockFinder {
  public:

@@ -1,4 +1,4 @@
-// Threads that run jobs side by side and deliver them in order.
+// Threads that pack side by side, and hand what they packed to the archive in order.
 #pragma once
 
 #include <atomic>
@@ -13,16 +13,35 @@
 #include <thread>
 #include <vector>
 
-#include "tools/archive/OrderedJob.h"
-
 namespace tools {
+
+class MemberPacker;
+
+/// A piece of work that any thread may do, and whose outcome is delivered in order.
+class ArchiveJob {
+ public:
+  virtual ~ArchiveJob() = default;
+  ArchiveJob() = default;
+  ArchiveJob(const ArchiveJob&) = delete;
+  ArchiveJob& operator=(const ArchiveJob&) = delete;
+
+  /// Bytes of memory that the job holds while it waits for its turn.
+  [[nodiscard]] virtual std::size_t WaitingBytes() const { return 0; }
+  /// Bytes of memory that work and outcome take: before Run at most, after it exactly.
+  [[nodiscard]] virtual std::size_t HeldBytes() const = 0;
+  /// Does the work, at the same time as other jobs, with the thread's own packer. May return early
+  /// when `stop` is requested: Deliver is not called then.
+  virtual void Run(MemberPacker& packer, const std::stop_token& stop) = 0;
+  /// Called after Run, for one job at a time, in the order in which the jobs were added.
+  virtual void Deliver(const std::stop_token& stop) = 0;
+};
 
 /// The first error of a job, whether raised by Run or by Deliver, stops everything and is raised by
 /// the next call. All public operations belong to the thread that made the object.
 ///
 /// Deliveries are made by the workers too: whoever completes the job that is next in order delivers
 /// it and those behind it that are complete, while the others go on.
-class OrderedWorkers {
+class ArchiveWorkers {
  public:
   struct Limits {
     int threads = 1;
@@ -38,15 +57,15 @@ class OrderedWorkers {
   using WaitCallback = std::function<void()>;
 
   /// Starts the threads; fewer when the system refuses some. Raises Error when it refuses all.
-  OrderedWorkers(const Limits& limits, PackerFactory makePacker);
+  ArchiveWorkers(const Limits& limits, PackerFactory makePacker);
   /// Stops the threads; jobs that are not delivered are dropped.
-  ~OrderedWorkers();
-  OrderedWorkers(const OrderedWorkers&) = delete;
-  OrderedWorkers& operator=(const OrderedWorkers&) = delete;
+  ~ArchiveWorkers();
+  ArchiveWorkers(const ArchiveWorkers&) = delete;
+  ArchiveWorkers& operator=(const ArchiveWorkers&) = delete;
 
   /// Adds a job, waiting while too many are waiting. Raises the first error so far, and what
   /// `whileWaiting` raises.
-  void Add(std::unique_ptr<OrderedJob> job, const WaitCallback& whileWaiting);
+  void Add(std::unique_ptr<ArchiveJob> job, const WaitCallback& whileWaiting);
   /// Waits until all jobs are delivered. Raises as Add does.
   void WaitForAll(const WaitCallback& whileWaiting);
   /// Raises the first error so far, if any.
@@ -54,7 +73,7 @@ class OrderedWorkers {
 
  private:
   struct Slot {
-    std::unique_ptr<OrderedJob> job;
+    std::unique_ptr<ArchiveJob> job;
     std::size_t heldBytes = 0;
     bool complete = false;
   };
@@ -78,7 +97,7 @@ class OrderedWorkers {
   std::mutex mutex_;  // guards what follows, but for the threads
   std::condition_variable forWorkers_;
   std::condition_variable forCaller_;
-  std::deque<std::unique_ptr<OrderedJob>> waiting_;
+  std::deque<std::unique_ptr<ArchiveJob>> waiting_;
   std::deque<Slot> begun_;  // in order; slots keep their place in memory
   std::size_t waitingBytes_ = 0;
   std::size_t heldBytes_ = 0;

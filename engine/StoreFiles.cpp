@@ -1,4 +1,4 @@
-#include "engine/Collection.h"
+#include "engine/StoreFiles.h"
 
 namespace engine {
 
@@ -59,7 +59,7 @@ class Collector {
 
 }  // namespace
 
-bool CollectFiles(const Survey& survey, FileStore& store, StoredNameMap& names, BuildLog& log) {
+bool StoreFiles(const Survey& survey, FileStore& store, StoredNameMap& names, BuildLog& log) {
   Collector collector(store, names, log);
   for (const SurveyedComponent& component : survey.components) collector.Visit(component);
   return collector.DiskFull();

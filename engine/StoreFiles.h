@@ -11,6 +11,6 @@ namespace engine {
 /// Stores the files of every surveyed entry in order and records their names. What the survey found
 /// wrong is logged when its entry's turn comes, and so are copies that fail. Returns true when a
 /// failure came from a full disk.
-bool CollectFiles(const Survey& survey, FileStore& store, StoredNameMap& names, BuildLog& log);
+bool StoreFiles(const Survey& survey, FileStore& store, StoredNameMap& names, BuildLog& log);
 
 }  // namespace engine

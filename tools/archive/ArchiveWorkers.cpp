@@ -1,4 +1,4 @@
-#include "tools/archive/OrderedWorkers.h"
+#include "tools/archive/ArchiveWorkers.h"
 
 #include <chrono>
 #include <system_error>
@@ -15,8 +15,9 @@ constexpr std::chrono::milliseconds kWaitCallbackPeriod{50};
 
 }  // namespace
 
-OrderedWorkers::OrderedWorkers(const Limits& limits, PackerFactory makePacker)
+ArchiveWorkers::ArchiveWorkers(const Limits& limits, PackerFactory makePacker)
     : limits_(limits), makePacker_(std::move(makePacker)) {
+  // A system that grants only some of the threads makes the archive slower, not impossible.
   try {
     for (int i = 0; i < limits_.threads; ++i) threads_.emplace_back([this] { Work(); });
   } catch (const std::system_error& error) {
@@ -27,8 +28,9 @@ OrderedWorkers::OrderedWorkers(const Limits& limits, PackerFactory makePacker)
   }
 }
 
-OrderedWorkers::~OrderedWorkers() {
+ArchiveWorkers::~ArchiveWorkers() {
   {
+    // Under the lock: a worker between its test and its wait would miss the notice.
     const Lock lock(mutex_);
     stop_.request_stop();
   }
@@ -36,7 +38,7 @@ OrderedWorkers::~OrderedWorkers() {
   for (std::thread& thread : threads_) thread.join();
 }
 
-void OrderedWorkers::Add(std::unique_ptr<OrderedJob> job, const WaitCallback& whileWaiting) {
+void ArchiveWorkers::Add(std::unique_ptr<ArchiveJob> job, const WaitCallback& whileWaiting) {
   CallerWaits(whileWaiting, [this] {
     return waiting_.size() < limits_.waitingJobs && waitingBytes_ <= limits_.waitingBytes;
   });
@@ -48,13 +50,13 @@ void OrderedWorkers::Add(std::unique_ptr<OrderedJob> job, const WaitCallback& wh
   forWorkers_.notify_one();
 }
 
-void OrderedWorkers::WaitForAll(const WaitCallback& whileWaiting) {
+void ArchiveWorkers::WaitForAll(const WaitCallback& whileWaiting) {
   CallerWaits(whileWaiting, [this] { return waiting_.empty() && begun_.empty() && !delivering_; });
 }
 
 // The callback runs without the lock, so that it may take its time.
 template <typename Condition>
-void OrderedWorkers::CallerWaits(const WaitCallback& whileWaiting, const Condition& condition) {
+void ArchiveWorkers::CallerWaits(const WaitCallback& whileWaiting, const Condition& condition) {
   while (true) {
     RaiseFailure();
     {
@@ -69,16 +71,16 @@ void OrderedWorkers::CallerWaits(const WaitCallback& whileWaiting, const Conditi
   }
 }
 
-void OrderedWorkers::RaiseFailure() {
-  if (!failed_) return;
+void ArchiveWorkers::RaiseFailure() {
+  if (!failed_) return;  // without the lock, since it is asked for with each file
   const Lock lock(mutex_);
   std::rethrow_exception(failure_);
 }
 
-void OrderedWorkers::Fail(std::exception_ptr failure) {
+void ArchiveWorkers::Fail(std::exception_ptr failure) {
   {
     const Lock lock(mutex_);
-    if (!failure_) failure_ = std::move(failure);
+    if (!failure_) failure_ = std::move(failure);  // later ones are mostly its consequences
     failed_ = true;
     stop_.request_stop();
   }
@@ -86,7 +88,7 @@ void OrderedWorkers::Fail(std::exception_ptr failure) {
   forCaller_.notify_all();
 }
 
-void OrderedWorkers::Work() {
+void ArchiveWorkers::Work() {
   try {
     const std::unique_ptr<MemberPacker> packer = makePacker_();
     while (Slot* slot = Take()) {
@@ -98,12 +100,13 @@ void OrderedWorkers::Work() {
   }
 }
 
-bool OrderedWorkers::MayTake() const {
+// A job that holds more than the limit by itself runs alone: else it would never run.
+bool ArchiveWorkers::MayTake() const {
   return !waiting_.empty() &&
          (heldBytes_ == 0 || heldBytes_ + waiting_.front()->HeldBytes() <= limits_.heldBytes);
 }
 
-OrderedWorkers::Slot* OrderedWorkers::Take() {
+ArchiveWorkers::Slot* ArchiveWorkers::Take() {
   Lock lock(mutex_);
   forWorkers_.wait(lock, [this] { return stop_.stop_requested() || MayTake(); });
   if (stop_.stop_requested()) return nullptr;
@@ -116,7 +119,8 @@ OrderedWorkers::Slot* OrderedWorkers::Take() {
   return &begun_.back();
 }
 
-void OrderedWorkers::Complete(Slot& slot) {
+// The outcome mostly takes less memory than was reserved for the work: the rest is free at once.
+void ArchiveWorkers::Complete(Slot& slot) {
   Lock lock(mutex_);
   heldBytes_ -= slot.heldBytes;
   slot.heldBytes = slot.job->HeldBytes();
@@ -126,7 +130,9 @@ void OrderedWorkers::Complete(Slot& slot) {
   if (!delivering_) DeliverComplete(lock);
 }
 
-void OrderedWorkers::DeliverComplete(Lock& lock) {
+// One worker delivers at a time, without the lock, so that the others go on packing while it
+// writes.
+void ArchiveWorkers::DeliverComplete(Lock& lock) {
   delivering_ = true;
   while (!begun_.empty() && begun_.front().complete && !stop_.stop_requested()) {
     Slot slot = std::move(begun_.front());

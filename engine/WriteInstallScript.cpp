@@ -1,4 +1,4 @@
-#include "engine/ScriptPass.h"
+#include "engine/WriteInstallScript.h"
 
 #include <utility>
 

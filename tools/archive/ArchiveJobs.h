@@ -1,0 +1,76 @@
+// What the threads of an archive do: pack some small files, or one block of a large one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "tools/archive/ArchiveAssembler.h"
+#include "tools/archive/ArchiveWorkers.h"
+#include "tools/archive/MemberPacker.h"
+
+namespace tools {
+
+/// Packs some small files in one go, so that thousands of them do not cost a hand-over each.
+class SmallFilesJob : public ArchiveJob {
+ public:
+  /// `assembler` must outlive the job.
+  explicit SmallFilesJob(ArchiveAssembler& assembler) : assembler_(assembler) {}
+
+  /// Adds a member that is no larger than a block.
+  void Add(std::string memberName, FileContent content);
+  /// True when the files are enough to be worth a thread's while.
+  [[nodiscard]] bool IsFull() const;
+
+  [[nodiscard]] std::size_t WaitingBytes() const override { return waitingBytes_; }
+  [[nodiscard]] std::size_t HeldBytes() const override { return heldBytes_; }
+  void Run(MemberPacker& packer, const std::stop_token& stop) override;
+  void Deliver(const std::stop_token& stop) override;
+
+ private:
+  struct Source {
+    std::string memberName;
+    FileContent content;
+  };
+
+  ArchiveAssembler& assembler_;
+  std::vector<Source> sources_;
+  std::size_t waitingBytes_ = 0;
+  std::size_t heldBytes_ = 0;
+  std::string packed_;
+  std::vector<ZipMember> members_;
+};
+
+/// Packs one block of a file that is larger than a block.
+///
+/// The jobs of a file's blocks have to be added one behind the other, from the first to the last:
+/// the first one begins the member and the last one ends it.
+class FileBlockJob : public ArchiveJob {
+ public:
+  /// `assembler` must outlive the job; `index` counts from 0.
+  FileBlockJob(ArchiveAssembler& assembler, std::shared_ptr<const ArchiveSource> source,
+               std::uint64_t index, std::size_t blockBytes);
+
+  /// How many blocks a file of this size has.
+  [[nodiscard]] static std::uint64_t Blocks(std::uint64_t fileBytes, std::size_t blockBytes);
+
+  [[nodiscard]] std::size_t HeldBytes() const override;
+  void Run(MemberPacker& packer, const std::stop_token& stop) override;
+  void Deliver(const std::stop_token& stop) override;
+
+ private:
+  [[nodiscard]] bool IsLast() const;
+  void StoreInstead(const std::stop_token& stop);
+
+  ArchiveAssembler& assembler_;
+  std::shared_ptr<const ArchiveSource> source_;
+  std::uint64_t index_;
+  std::size_t blockBytes_;
+  PackedBlock block_;
+  bool packed_ = false;
+};
+
+}  // namespace tools
