@@ -51,7 +51,7 @@ class ctlPropertyEditorTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void RowsAreAddedAndRemovedByTheirKeys() {
+  void RowsAreKnownByTheirKeys() {
     Fixture f;
     f.grid.AddProperty("", "Titel", "x");
     f.grid.AddProperty("C", "", "x");
@@ -69,7 +69,7 @@ class ctlPropertyEditorTest : public QObject {
     QCOMPARE(f.changes, QStringList());
   }
 
-  void OnlyADifferentValueIsAChangeAndWrongKeysRaiseErrors() {
+  void OnlyADifferentValueIsAChange() {
     Fixture f;
     for (const char* value : {"eins", "Eins", ""}) f.grid.SetProperty("A", value);
     QCOMPARE(f.changes, QStringList({"A=Eins", "A="}));
@@ -135,7 +135,7 @@ class ctlPropertyEditorTest : public QObject {
     QCOMPARE(f.changes, QStringList({"B=zweiB", "B=zweiBB"}));
   }
 
-  void ARefusedEditAndAnErrorOfTheHostAreToldAndChangeNothing() {
+  void ARefusedEditChangesNothing() {
     Fixture f;
     f.grid.OnEditProperty([](const QString& key, QString&, EditReaction& reaction) {
       if (key == "A") throw tools::Error("Die Zahl ist zu groß.");
@@ -194,7 +194,7 @@ class ctlPropertyEditorTest : public QObject {
     QCOMPARE(f.grid.SelectedProperty(), "A");
   }
 
-  void KeysAndMouseArePassedOn() {
+  void EventsArePassedOn() {
     const Fixture f;
     QStringList events;
     const auto note = [&](auto signal, const char* name) {

@@ -42,23 +42,25 @@ class frmEditPropertyTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void ShowsTheValueTwiceAndSelectsTheNewOne() {
+  void ShowsTheValueTwice() {
     const Fixture f;
     QCOMPARE(f.dialog.windowTitle(), "Eigenschaft ändern");
     QCOMPARE(Shown(f.dialog, {"lblPrompt", "lblOldValue", "lblNewValue", "txtOldValue", "cmdOK",
                               "cmdCancel"}),
              "Neuer Wert für alter Text|Alter Wert:|Neuer Wert:|alter Text|OK|Abbrechen");
-    QVERIFY(f.newValue.hasFocus() && !Child(f.dialog, "cmdReset").isVisible());
+    QVERIFY(f.newValue.hasFocus());
+    QVERIFY(!Child(f.dialog, "cmdReset").isVisible());
     QCOMPARE(f.newValue.selectedText(), "alter Text");
   }
 
-  void OkGivesTheTextAsItWasTypedAndAPastedLineBreakAsABlank() {
+  void OkGivesTheTextAsItWasTyped() {
     Fixture f;
     QTest::keyClicks(&f.newValue, "  abc  ");
     QApplication::clipboard()->setText("ein\nPfad\r\n");
     QTest::keyClick(&f.newValue, Qt::Key_V, Qt::ControlModifier);
     QTest::keyClick(&f.newValue, Qt::Key_Return);
-    QVERIFY(!f.dialog.isVisible() && f.dialog.Apply());
+    QVERIFY(!f.dialog.isVisible());
+    QVERIFY(f.dialog.Apply());
     QCOMPARE(f.dialog.Value(), "  abc  ein Pfad  ");
   }
 
@@ -71,7 +73,8 @@ class frmEditPropertyTest : public QObject {
       Fixture f;
       QTest::keyClicks(&f.newValue, "neu");
       leave(f.dialog);
-      QVERIFY(!f.dialog.isVisible() && !f.dialog.Apply());
+      QVERIFY(!f.dialog.isVisible());
+      QVERIFY(!f.dialog.Apply());
       QCOMPARE(f.dialog.Value(), "alter Text");
     }
   }
@@ -86,7 +89,7 @@ class frmEditPropertyTest : public QObject {
     QCOMPARE(f.newValue.text(), "getippt");
   }
 
-  void TheResetButtonFillsInTheDefaultAndTabFollowsTheGivenOrder() {
+  void TheResetButtonFillsInTheDefault() {
     const Fixture f("alter Text", true);
     for (const char* name : {"txtNewValue", "txtOldValue", "cmdReset", "cmdCancel", "cmdOK"}) {
       QCOMPARE(QApplication::focusWidget()->objectName(), name);
@@ -100,7 +103,7 @@ class frmEditPropertyTest : public QObject {
     QCOMPARE(f.dialog.Value(), "Vorgabe");
   }
 
-  void LongTextsStayWholeAndStretchNothing() {
+  void LongTextsStayWhole() {
     const QString word(50'000, u'x');
     const Fixture f(word);
     QCOMPARE(f.newValue.text(), word);

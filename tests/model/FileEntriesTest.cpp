@@ -42,7 +42,7 @@ class FileEntriesTest : public testing::Test {
   }
 };
 
-TEST_F(FileEntriesTest, KeepsTheOrderOfInsertionAndRefusesTheSecondOfTwoEqualIds) {
+TEST_F(FileEntriesTest, KeepsOneEntryOfEachIdInTheOrderOfInsertion) {
   FileEntries entries = WithIds({"c", "a", "", "b"});
   EXPECT_THAT(tests::ErrorOf([&] { entries.Add(*entries.Find("a")); }),
               testing::HasSubstr("GUID: \"a\""));
@@ -58,14 +58,14 @@ TEST_F(FileEntriesTest, KeepsTheOrderOfInsertionAndRefusesTheSecondOfTwoEqualIds
   EXPECT_EQ(moved.Find("B"), nullptr);
 }
 
-TEST_F(FileEntriesTest, WritesAllEntriesAndLeavesSectionsAboveTheCount) {
+TEST_F(FileEntriesTest, LeavesSectionsAboveTheCount) {
   EXPECT_EQ(Stored({}), "[Files]\nCount=0\n");
   const std::string stored = Stored(WithIds({"b", "c"}), Stored(WithIds({"a", "b", "c"})));
   EXPECT_EQ(Ids(Read(stored)), "bc");
   EXPECT_EQ(tools::SettingsFile(stored).Read("File3", "ID", "gone"), "c");
 }
 
-TEST_F(FileEntriesTest, ReadsMissingAndOddValuesLeniently) {
+TEST_F(FileEntriesTest, ReadsOddValuesLeniently) {
   EXPECT_EQ(Read("").Count(), 0U);
   const std::pair<const char*, const char*> rows[] = {
       {"", "0|0||0|0|0|0|0|||0|||1|"},
@@ -78,7 +78,7 @@ TEST_F(FileEntriesTest, ReadsMissingAndOddValuesLeniently) {
   EXPECT_THROW(Read("[Files]\nCount=2147483647\n"), tools::Error);
 }
 
-TEST_F(FileEntriesTest, ANumberThatDoesNotFitIsAnErrorNamingFileAndKey) {
+TEST_F(FileEntriesTest, ANumberThatDoesNotFitIsAnErrorOfItsPlace) {
   const std::pair<const char*, const char*> rows[] = {
       {"1\n[File1]\nVital=32768",
        "Überlauf: 32768 liegt nicht zwischen -32768 und 32767: K.component ([File1] Vital)"},
@@ -92,7 +92,7 @@ TEST_F(FileEntriesTest, ANumberThatDoesNotFitIsAnErrorNamingFileAndKey) {
   }
 }
 
-TEST_F(FileEntriesTest, SetsEditableFieldsFromTextAndStoresThemInTheirOrder) {
+TEST_F(FileEntriesTest, StoresEditedFieldsInTheirOrder) {
   FileEntries entries = WithIds({"a"});
   const std::pair<const char*, const char*> edits[] = {{"Type", "2.5"},
                                                        {"Exclude", "1x"},

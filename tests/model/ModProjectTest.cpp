@@ -10,16 +10,12 @@ using testing::EndsWith;
 
 class ModProjectTest : public testing::Test {
  protected:
-  void WriteVersions(const std::string& text) {
-    folder_.Write("Produkt/Probe.product", "[General]\nVersion=1.0\n[Versions]\n" + text);
-  }
-
   tests::TemporaryFolder folder_;
   tests::TestProduct product_{folder_};
   ModProject& project_ = product_.Project();
 };
 
-TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfProductVersionAndComponent) {
+TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfTheirNodes) {
   project_.WriteVersionSetting(1, "Tessel", "Key", "k");
   folder_.Write("Produkt/Version 1.0.0/component12.component", "[Component]\nTitle=Hilfe\n");
   project_.WriteComponentSetting(1, 12, "Files", "Count", "0");
@@ -36,7 +32,7 @@ TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfProductVersionAndComponent) {
   EXPECT_EQ(project_.DefaultOutputFolder(3), folder_.Path("Produkt/Ausgabe/"));
 }
 
-TEST_F(ModProjectTest, WritesAndReadsNothingWhileNoProductIsOpen) {
+TEST_F(ModProjectTest, HasNoSettingsWhileNoProductIsOpen) {
   const std::string before = folder_.Read("Produkt/Probe.product");
   project_.SetProductPath("");
   project_.SetProductTitle("Anders");
@@ -72,20 +68,20 @@ TEST_F(ModProjectTest, WritesNothingForWhatIsGone) {
 }
 
 TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {
-  WriteVersions("Count=3\nVer1=1.0.0\nVer2=\nVer3=1.2.0\nVer4=9.9.9\n");
+  product_.WriteVersions("Count=3\nVer1=1.0.0\nVer2=\nVer3=1.2.0\nVer4=9.9.9\n");
   EXPECT_THAT(project_.VersionSlots(), ElementsAre(1, 3));
   EXPECT_EQ(project_.VersionCount(), 3);
   for (const char* title : {"A", "", "C"}) product_.AddComponent(title, {});
   EXPECT_THAT(project_.ComponentSlots(1), ElementsAre(1, 3));
   for (const char* count : {"", "Count=\n", "Count=viele\n"}) {
-    WriteVersions(count + std::string("Ver1=1\n"));
+    product_.WriteVersions(count + std::string("Ver1=1\n"));
     EXPECT_EQ(project_.VersionCount(), 0) << count;
   }
   for (const std::string count : {"Count=-5", "Count=99999999999"}) {
-    WriteVersions(count + "\n");
+    product_.WriteVersions(count + "\n");
     EXPECT_THAT(tests::ErrorOf([&] { (void)project_.VersionSlots(); }),
                 EndsWith("Probe.product ([Versions] " + count + ")"));
-    WriteVersions("Count=1\nVer1=1.0.0\n");
+    product_.WriteVersions("Count=1\nVer1=1.0.0\n");
     folder_.Write("Produkt/Version 1.0.0/product.version", "[Components]\n" + count + "\n");
     EXPECT_THAT(tests::ErrorOf([&] { (void)project_.ComponentSlots(1); }),
                 EndsWith("product.version ([Components] " + count + ")"));
@@ -93,7 +89,8 @@ TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {
 }
 
 TEST_F(ModProjectTest, FindsTheSlotsOfAnAbsurdCount) {
-  WriteVersions("Count=2147483647\nver7=1.0.0\nVer007=2.0.0\nVer2147483647=3.0.0\nVer8=\n");
+  product_.WriteVersions(
+      "Count=2147483647\nver7=1.0.0\nVer007=2.0.0\nVer2147483647=3.0.0\nVer8=\n");
   EXPECT_THAT(project_.VersionSlots(), ElementsAre(7, 2147483647));
   folder_.Write("Produkt/Version 1.0.0/product.version", "[Components]\nCount=2000000000\n");
   for (const char* slot : {"30", "1999999999", "2000000001"}) {
@@ -107,7 +104,7 @@ TEST_F(ModProjectTest, FindsTheSlotsOfAnAbsurdCount) {
 TEST_F(ModProjectTest, StaysInTheProductFolderWhateverTheVersionText) {
   folder_.Write("product.version", "[Tessel]\nKey=outside\n");
   for (const char* text : {"x/../../..", "../..", "a\\b", "C:x", "x/y", "1\x01"}) {
-    WriteVersions(std::string("Count=1\nVer1=") + text + "\n");
+    product_.WriteVersions(std::string("Count=1\nVer1=") + text + "\n");
     EXPECT_THROW((void)project_.ReadVersionSetting(1, "Tessel", "Key", "-"), tools::Error) << text;
     EXPECT_THROW((void)project_.ComponentTitle(1, 1), tools::Error) << text;
     EXPECT_THROW(project_.WriteVersionSetting(1, "Tessel", "Key", "v"), tools::Error) << text;

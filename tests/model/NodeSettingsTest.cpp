@@ -51,7 +51,7 @@ class NodeSettingsTest : public testing::Test {
                      }};
 };
 
-TEST_F(NodeSettingsTest, WritesEditsAndDefaultsAndLeavesTheRestToOtherPrograms) {
+TEST_F(NodeSettingsTest, LeavesWhatIsNotEditedToOtherPrograms) {
   struct Row {
     const char* seen;
     const char* a;  ///< what the page writes
@@ -106,7 +106,7 @@ TEST_F(NodeSettingsTest, AnEmptyNumberWrittenAsZeroIsNoEditButAZeroInATextIs) {
   }
 }
 
-TEST_F(NodeSettingsTest, ARefusalKeepsTheFileAndTheQuestionComesAgain) {
+TEST_F(NodeSettingsTest, ARefusalKeepsTheFile) {
   EXPECT_EQ(Open("B=2\n"), "a|2");
   Put("B=9\n");
   allow_ = false;
@@ -130,7 +130,7 @@ TEST_F(NodeSettingsTest, APagesWriteLeavesWhatAnotherPageHasNotSeenUnseen) {
   saveA("4");
 }
 
-TEST_F(NodeSettingsTest, WhatThePageWroteIsItsOwnAndWhatItHasNotReadStaysUnseen) {
+TEST_F(NodeSettingsTest, WhatAPageHasNotReadStaysUnseen) {
   Open("A=1\nB=2\n");
   EXPECT_EQ(Save("3", "2"), "");
   EXPECT_EQ(Save("4", "2", [&] { Put("A=3\nB=9\n"); }), "") << "the commit joins both";

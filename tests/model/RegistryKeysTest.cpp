@@ -17,7 +17,7 @@ class RegistryKeysTest : public testing::Test {
       {.path = [] { return "K.component"; }, .text = [this] { return file_->Render(); }}};
 };
 
-TEST_F(RegistryKeysTest, StoresValuesInOrderAndLeavesThoseOfHigherNumbers) {
+TEST_F(RegistryKeysTest, LeavesValuesOfHigherNumbers) {
   keys_.Store("HKEY_USERS\\Ä", {{"@", "x"}, {"Größe \"1\"", " y "}, {"", ""}});
   keys_.Store(" hkey_users\\ä ", {{"n", "1"}});
   EXPECT_THAT(keys_.Paths(), ElementsAre("HKEY_USERS\\Ä"));
@@ -26,7 +26,7 @@ TEST_F(RegistryKeysTest, StoresValuesInOrderAndLeavesThoseOfHigherNumbers) {
 }
 
 // A slot that was freed is taken again, which hides those above it.
-TEST_F(RegistryKeysTest, FreesEverySlotOfAKeyAndTakesTheFirstFreeOne) {
+TEST_F(RegistryKeysTest, FreesEverySlotOfAKey) {
   SetText(
       "[Registry]\nKeys=4\nKey1=A\nKey2=Key\nKey3=KEY\nKey4=D\n"
       "[RegKey2]\nValues=1\nVal1Name=\" n 1\"\n[RegKey3]\nValues=1\nVal1Name=n 2\n");

@@ -27,7 +27,7 @@ class DetailsPagesTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void TheProductsRowsAreShownAndStoredButForTheGuid() {
+  void TheProductsRowsAreStoredButForTheGuid() {
     PageFixture f;
     f.folder.Write(f.kProductFile, "[Product]\nTitle=Demo\nAuthorHomepage=h\nProductGUID={1}\n");
     f.Open("tabProductDetails", 0, 0);
@@ -42,7 +42,7 @@ class DetailsPagesTest : public QObject {
              "[Product]\nTitle=Demo\nAuthorHomepage=h\nProductGUID={1}\nAuthor=Änne\n");
   }
 
-  void ThePagesOfAVersionShowItsNumberAndTheirTitlesAndChangeNothing() {
+  void ThePagesOfAVersionChangeNothing() {
     PageFixture f;
     f.project.WriteProductSetting("Versions", "Ver1", "2.30.x");
     const QString before = f.File(f.kProductFile) + f.File(f.kVersionFile);
@@ -67,6 +67,30 @@ class DetailsPagesTest : public QObject {
     QVERIFY(f.page->IsDirty());
   }
 
+  void KeysEditTheFirstRowOnceAfterTab() {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2}) {
+      PageFixture f;
+      f.Open("tabProductDetails", 0, 0);
+      QAbstractItemView& list = Grid(*f.page);
+      f.area.setFocus();
+      list.setFocus(Qt::TabFocusReason);
+      ModalScript script;
+      script.Expect<QWidget>("frmEditProperty", [&](QWidget& dialog) {
+        QTest::keyClick(&list, key);  // came before the dialog had the keyboard
+        QCOMPARE(dialog.windowTitle(), "Eigenschaft ändern");
+        QCOMPARE(Shown(dialog, {"lblPrompt", "lblOldValue", "lblNewValue", "cmdReset"}),
+                 "Geben Sie den neuen Wert für \"Produktbezeichnung\" ein:|Alter Wert:|"
+                 "Neuer Wert:|Standard");
+        Press(dialog, "cmdCancel");
+      });
+      for (int i = 0; i < 2; ++i) QTest::keyClick(&list, key);
+      QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+      QTest::qWait(20);  // the dialog has come and gone
+      QApplication::sendEvent(&list, &repeated);
+      QTest::qWait(20);  // another one would have come
+    }
+  }
+
   void AbsentCatalogueDataHaveDefaults() {
     const TesselPage empty("");
     QCOMPARE(Shown(*empty.page, kFields), "?|?|1|");
@@ -75,7 +99,7 @@ class DetailsPagesTest : public QObject {
     QCOMPARE(Shown(*titled.page, kFields), "mytoolä2|My Tool Ä 2|1|");
   }
 
-  void CatalogueDataTypedAndChosenAreStored() {
+  void ChangedCatalogueDataAreStored() {
     TesselPage f("[Tessel]\nKey=k\nTitle=t\nType=1\nSubType=s\n");
     for (const char* name : {"txtTesselKey", "txtProgramTitle", "cmbProgramSubtype"}) {
       f.page->SetDirty(false);

@@ -1,11 +1,11 @@
 #include <QDir>
-#include <QWheelEvent>
 #include <filesystem>
 
-#include "model/TextTable.h"
 #include "tests/support/desktop/PageFixture.h"
 
 namespace tests {
+
+using model::Text;
 
 namespace {
 
@@ -42,28 +42,32 @@ class tabFileListTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void FilesAndFoldersAreAddedThroughTheDialogs() {
-    Fixture f("");
-    for (const char* name : {"Q/b.txt", "Q/ä 漢.txt", "Q/tief/c"}) f.folder.Write(name, "x");
+  void TheDestinationFoldersAreThoseOfTheTable() {
+    const Fixture f("");
     const auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
     QCOMPARE(folders.count(), 32);
     QCOMPARE(folders.currentText(), "Ordner \"Startmenü Programme\"");
     QCOMPARE(folders.itemText(31), "Benutzerdefiniert");
-    QVERIFY(!Child(*f.page, "cmdRemoveFile").isEnabled() && !Grid(*f.page).isEnabled());
+    QVERIFY(!Child(*f.page, "cmdRemoveFile").isEnabled());
+    QVERIFY(!Grid(*f.page).isEnabled());
+  }
 
-    f.folder.Write("leer/tief/d", "x");
-    f.dialogs.ExpectBrowseFolder("Alle Dateien in diesem Ordner werden", f.folder.Path("leer"));
+  void ChosenFilesAreAdded() {
+    Fixture f("");
+    for (const char* name : {"Q/b.txt", "Q/ä 漢.txt", "Q/tief/c", "leer/tief/d"}) {
+      f.folder.Write(name, "x");
+    }
+    f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolder, f.folder.Path("leer"));
     PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
     QVERIFY(!f.page->IsDirty());
     f.Choose(38);
-    f.dialogs.ExpectBrowseFolder("in diesem Ordner und den Unterordnern werden",
-                                 f.folder.Path("Q"));
+    f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolderAndSubfolders, f.folder.Path("Q"));
     PickFrom(f.OpenMenu(false), "mnuAddDirectory1");
     QVERIFY(f.page->IsDirty());
     f.Choose(2001);
-    f.dialogs.ExpectOpenFile("Startmenü Programme", f.folder.Path("Q/b.txt"));
+    f.dialogs.ExpectOpenFile(Text::FolderPrograms, f.folder.Path("Q/b.txt"));
     Press(*f.page, "cmdAddFile");
-    f.dialogs.ExpectOpenFile("Startmenü Programme", "");
+    f.dialogs.ExpectOpenFile(Text::FolderPrograms, "");
     PickFrom(f.OpenMenu(false), "mnuAddFile");
     QCOMPARE(Rows(f.List()), f.Path("Q/b.txt") + "=%InstallPath%\\");
 
@@ -75,11 +79,11 @@ class tabFileListTest : public QObject {
     QCOMPARE(f.Stored("File4", {"TargetFolder", "Type", "Vital"}), "2001|1|1");
   }
 
-  void AnEntryShowsItsFieldsAndItsSourceFile() {
+  void TheSelectedEntryIsShown() {
     Fixture f(
         "[Files]\nCount=2\n[File1]\nID=a\nType=1\nSourcePath=q\nSourceName=da.txt\n"
         "TargetFolder=2004\nTargetSubFolder=C:\\x\n[File2]\nID=b\nTargetFolder=2004\n");
-    f.folder.Write("Demo/q/da.txt", "x");
+    f.folder.Write("Produkt/q/da.txt", "x");
     f.Choose(2004);
     QVERIFY(Rows(f.List()).startsWith(QDir::toNativeSeparators("q/da.txt") + "=C:\\x|"));
     f.Select(0);
@@ -95,8 +99,7 @@ class tabFileListTest : public QObject {
     Edit(*f.page, "Eintragstyp", "1");
     QVERIFY(f.Fields().contains("Vorhanden=Nicht vorhanden"));
     f.Select(0);
-    f.folder.MakeFolder("Demo/leer");
-    std::filesystem::remove(f.folder.Path("Demo/q/da.txt"));
+    std::filesystem::remove(f.folder.Path("Produkt/q/da.txt"));
     f.Select(0);
     QVERIFY(f.Fields().contains("Vorhanden=Nicht vorhanden"));
     f.Select(1);
@@ -104,7 +107,7 @@ class tabFileListTest : public QObject {
     QCOMPARE(f.Fields(), "");  // no entry is selected any more
   }
 
-  void EditedFieldsAreStoredAndTheEntryStaysSelected() {
+  void AnEditedEntryStaysSelected() {
     Fixture f(kOneEntry);
     f.Select(0);
     ModalScript script;
@@ -120,28 +123,33 @@ class tabFileListTest : public QObject {
     Edit(script, *f.page, "Eintragstyp", "1");
     for (const char* fixed : {"GUID", "Vorhanden", "Version", "Datum"}) {
       DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), fixed));
-      QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(model::Text::ValueNotEditable));
+      QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(Text::ValueNotEditable));
     }
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("File1", {"SourcePath", "Vital", "ID"}), "ü; \"漢\"|-1|a");
   }
 
-  void ANumberThatDoesNotFitIsRefusedAndAnEntryMovedToAnotherFolderLeavesTheList() {
+  void ANumberThatDoesNotFitIsRefused() {
     Fixture f(kOneEntry);
     f.Select(0);
     Edit(*f.page, "Permanent", "32768");
     QCOMPARE(f.dialogs.Messages().size(), 1U);
     QVERIFY(Told(f.dialogs).startsWith("Fehler|"));
     QVERIFY(f.Fields().contains("Permanent=0"));
+  }
+
+  void AnEntryMovedToAnotherFolderLeavesTheList() {
+    Fixture f(kOneEntry);
+    f.Select(0);
     Edit(*f.page, "Zielordner (allg.)", "3");
     QCOMPARE(Rows(f.List()) + f.Fields(), "");
     f.page->ApplyChanges();
-    QCOMPARE(f.Stored("File1", {"Permanent", "TargetFolder"}), "0|3");
+    QCOMPARE(f.Stored("File1", {"TargetFolder"}), "3");
   }
 
-  void PathsWithControlCharactersAreRefusedByNameAndOnlyThey() {
+  void OnlyPathsWithControlCharactersAreRefused() {
     Fixture f("");
-    f.dialogs.ExpectOpenFile("Startmenü Programme", f.folder.Path("b\n.txt"));
+    f.dialogs.ExpectOpenFile(Text::FolderPrograms, f.folder.Path("b\n.txt"));
     Press(*f.page, "cmdAddFile");
     QVERIFY(Told(f.dialogs).endsWith(f.Path("b?.txt")));
     QVERIFY(!f.page->IsDirty());
@@ -151,7 +159,7 @@ class tabFileListTest : public QObject {
       QSKIP("this file system has no such names");
     }
     f.folder.Write("Q/gut", "x");
-    f.dialogs.ExpectBrowseFolder("Alle Dateien in diesem Ordner werden", f.folder.Path("Q"));
+    f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolder, f.folder.Path("Q"));
     PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
     QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?7") + "\nund 2 weitere"));
     f.page->ApplyChanges();
@@ -191,9 +199,7 @@ class tabFileListTest : public QObject {
     Fixture f("");
     auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
     f.List().setFocus();
-    QWheelEvent turn({5, 5}, folders.mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {},
-                     Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&folders, &turn);
+    TurnWheel(folders, -120);
     QCOMPARE(folders.currentIndex(), 0);
   }
 
@@ -212,13 +218,14 @@ class tabFileListTest : public QObject {
     QVERIFY(f.page->IsDirty());
     f.page->SetDirty(false);
     Press(*f.page, "cmdRemoveFile");  // nothing is selected any more
-    QVERIFY(!f.page->IsDirty() && Child(*f.page, "cmdRemoveFile").isEnabled());
+    QVERIFY(!f.page->IsDirty());
+    QVERIFY(Child(*f.page, "cmdRemoveFile").isEnabled());
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("Files", {"Count"}), "1");
     for (const char* section : {"File1", "File2"}) QCOMPARE(f.Stored(section, {"ID"}), "b");
   }
 
-  void AComponentOf50000EntriesIsShownAndStoredWhole() {
+  void AComponentMayHave50000Entries() {
     std::string files = "[Files]\nCount=50000\n";
     for (int i = 1; i <= 50000; ++i) {
       files += "[File" + std::to_string(i) + "]\nID=" + std::to_string(i) + "\nTargetFolder=38\n";

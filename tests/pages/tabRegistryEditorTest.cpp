@@ -5,6 +5,7 @@
 
 namespace tests {
 
+using model::Text;
 using tools::MessageAnswer;
 
 namespace {
@@ -36,7 +37,7 @@ struct Fixture : PageFixture {
     DoubleClick(List(), RowWith(List(), entry));
   }
   void GoToNewKey(const char* name) {
-    dialogs.ExpectInputBox("Namen des neuen Schlüssels", name);
+    dialogs.ExpectInputBox(Text::EnterKeyName, name);
     Go("(Neuer Schlüssel...)");
   }
   void TypePath(const QString& path) const {
@@ -44,7 +45,7 @@ struct Fixture : PageFixture {
     QTest::keyClick(&Child(*page, "cmbRegPath"), Qt::Key_Return);
   }
   void RefuseValue(const char* name) {
-    dialogs.ExpectInputBox("Namen des neuen Wertes", name);
+    dialogs.ExpectInputBox(Text::EnterValueName, name);
     Press(*page, "cmdAddValue");
   }
   void AddValue(const char* name, const char* value) {
@@ -134,7 +135,7 @@ class tabRegistryEditorTest : public QObject {
     QCOMPARE(f.File(f.kComponentFile), stored);
   }
 
-  void AFailedSaveLeavesWhatWasTypedAndAGoodOneReturnsToTheTopLevel() {
+  void AFailedSaveLeavesWhatWasTyped() {
     Fixture f;
     f.AddValue("a", "1");
     f.disk.FailAt(FaultyDisk::Step::Write, 1);
@@ -173,8 +174,8 @@ class tabRegistryEditorTest : public QObject {
     f.AddValue("voll", "x");
     f.AddValue("leer", "");
     for (const char* taken : {"voll", "@", "leer"}) f.RefuseValue(taken);
-    const QString refusal = pages::Caption(model::Text::NewValue) + "|" +
-                            pages::Caption(model::Text::ValueExists) + "\n";
+    const QString refusal =
+        pages::Caption(Text::NewValue) + "|" + pages::Caption(Text::ValueExists) + "\n";
     QVERIFY(Told(f.dialogs).startsWith(refusal + refusal + "Fehler|"));
     QCOMPARE(f.Values(), QString(kUnset) + "|voll=x|leer=");
   }
@@ -186,14 +187,13 @@ class tabRegistryEditorTest : public QObject {
     QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\Neu");
     f.Go("(Ebene höher)");
     f.GoToNewKey(" SOFTWARE ");
-    QCOMPARE(Told(f.dialogs),
-             pages::Caption(model::Text::NewKey) + "|" + pages::Caption(model::Text::KeyExists));
+    QCOMPARE(Told(f.dialogs), pages::Caption(Text::NewKey) + "|" + pages::Caption(Text::KeyExists));
     QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
     f.GoToNewKey(" ");
     QCOMPARE(f.ShownPath(), "HKEY_LOCAL_MACHINE\\ SOFTWARE");
   }
 
-  void AFreedSlotIsUsedAgainAndHidesThoseAboveIt() {
+  void AFreedSlotIsUsedAgain() {
     Fixture f(
         "[Registry]\nKeys=3\nKey1=HKEY_USERS\\k1\nKey2=HKEY_USERS\\k2\nKey3=HKEY_USERS\\k3\n"
         "[RegKey2]\nValues=1\nVal1Name=n\nVal1Setting=x\n");
@@ -206,7 +206,7 @@ class tabRegistryEditorTest : public QObject {
     f.TypePath("HKEY_USERS\\K2");
     QVERIFY(f.Values().endsWith("|n=x"));
     for (const MessageAnswer answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
-      f.dialogs.ExpectQuestion("Alle Werte, die für \"HKEY_USERS\\K2\" gespeichert sind", answer);
+      f.dialogs.ExpectQuestion({Text::AllValuesAreRemoved, "HKEY_USERS\\K2"}, answer);
       f.Go("(Alle Werte löschen)");
       QCOMPARE(f.Values() == kUnset, answer == MessageAnswer::Ok);
     }
@@ -229,7 +229,7 @@ class tabRegistryEditorTest : public QObject {
     QCOMPARE(f.Values(), "(Standardwert)=d|n=1|m=3");
   }
 
-  void OnlyChoosingAndEnterLeaveAKeyAndOnce() {
+  void TypingAPathAloneLeavesNoKey() {
     Fixture f("[Registry]\nKeys=1\nKey1=HKEY_USERS\\a\n");
     f.AddValue("v", "1");
     Type(Child(*f.page, "cmbRegPath"), "HKEY_USERS\\a");

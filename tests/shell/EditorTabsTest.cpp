@@ -5,6 +5,7 @@
 
 namespace tests {
 
+using model::Text;
 using tools::MessageAnswer;
 
 namespace {
@@ -25,19 +26,20 @@ class EditorTabsTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void MakesHiddenCleanPagesAndTellsOfThoseThatCannotBeMadeOrRead() {
+  void TellsOfPagesThatCannotBeMadeOrRead() {
     PageFixture f;
     const char* equalIds = "[Files]\nCount=2\n[File1]\nID=a\n[File2]\nID=a\n";
     f.folder.Write(f.kComponentFile, equalIds);
     f.tabs.Prepare("tabRegistryEditor;missing;tabFileList;tabTesselRegistration", 1, 1);
     QCOMPARE(f.tabs.Item(2).objectName(), "EditorTab4");
-    QVERIFY(f.tabs.Item(2).isHidden() && !f.tabs.Item(2).IsDirty());
+    QVERIFY(f.tabs.Item(2).isHidden());
+    QVERIFY(!f.tabs.Item(2).IsDirty());
     QVERIFY(!f.area.findChild<QWidget*>("EditorTab3"));
     QVERIFY(Told(f.dialogs).contains("Packwright.missing\nFehler|"));
     QCOMPARE(f.File(f.kComponentFile), equalIds);
   }
 
-  void TellsOnceOfAFileThatCannotBeReadAndShowsThePagesThatNeedAnother() {
+  void TellsOnceOfAFileThatCannotBeRead() {
     PageFixture f;
     for (const char* file : {f.kVersionFile, f.kComponentFile}) {
       std::filesystem::remove(f.folder.Path(file));
@@ -53,12 +55,12 @@ class EditorTabsTest : public QObject {
     QCOMPARE(f.dialogs.Messages().size(), 2U);
   }
 
-  void OffersEachChangedPageByItsTitleAndNoOther() {
+  void OffersOnlyChangedPages() {
     PageFixture f;
     f.tabs.Prepare("tabBuildOptions;tabTesselRegistration;tabFeatures", 1, 0);
     for (const int changed : {1, 2}) f.tabs.Item(changed).SetDirty(true);
-    f.dialogs.ExpectQuestion("der Seite \"Erstellungs-Optionen\" übernehmen?", MessageAnswer::Yes);
-    f.dialogs.ExpectQuestion("der Seite \"Tessel-Datenbank\" übernehmen?", MessageAnswer::No);
+    f.dialogs.ExpectQuestion({Text::ApplyPageChanges, "Erstellungs-Optionen"}, MessageAnswer::Yes);
+    f.dialogs.ExpectQuestion({Text::ApplyPageChanges, "Tessel-Datenbank"}, MessageAnswer::No);
     f.tabs.Reset(true);
     QCOMPARE(f.dialogs.Messages().back().icon, tools::MessageIcon::Question);
     QCOMPARE(f.dialogs.Messages().back().defaultAnswer, MessageAnswer::Yes);
@@ -76,7 +78,8 @@ class EditorTabsTest : public QObject {
     QCOMPARE(f.tabs.Count(), 2);
     QCOMPARE(f.tabs.Item(1).Title(), "kaputt");
     f.tabs.ShowTab(2);
-    QVERIFY(f.tabs.Item(1).isHidden() && !f.tabs.Item(2).isHidden());
+    QVERIFY(f.tabs.Item(1).isHidden());
+    QVERIFY(!f.tabs.Item(2).isHidden());
     f.tabs.ShowTab(3);
     QVERIFY(f.tabs.Item(2).isHidden());
   }
@@ -87,36 +90,36 @@ class EditorTabsTest : public QObject {
     Edit(*f.page, "Autor", "Änne");
     const std::string theirs = "[Product]\nTitle=Demo\nAuthor=Bert\n";
     f.folder.Write(f.kProductFile, theirs);
-    f.dialogs.ExpectQuestion(
-        "seit die Seite \"Produkt\" sie gelesen hat:\n" + f.folder.Path(f.kProductFile),
-        MessageAnswer::No);
+    f.dialogs.ExpectQuestion(Text::OverwriteOutsideChanges, MessageAnswer::No);
     QVERIFY_THROWS_EXCEPTION(tools::Error, f.page->ApplyChanges());
     const tools::Message& question = f.dialogs.Messages().back();
+    QVERIFY(Told(f.dialogs).contains("die Seite \"Produkt\" sie gelesen hat:\n" +
+                                     f.Path(f.kProductFile)));
     QCOMPARE(question.icon, tools::MessageIcon::Question);
     QCOMPARE(question.defaultAnswer, MessageAnswer::No);
     QCOMPARE(f.folder.Read(f.kProductFile), theirs);
     QVERIFY(f.page->IsDirty());
     QVERIFY(Rows(Grid(*f.page)).contains("Autor=Änne"));
-    f.dialogs.ExpectQuestion("Möchten Sie", MessageAnswer::Yes);
+    f.dialogs.ExpectQuestion(Text::OverwriteOutsideChanges, MessageAnswer::Yes);
     f.page->ApplyChanges();
     QVERIFY(f.File(f.kProductFile).contains("\nAuthor=Änne\n"));
 
     Edit(*f.page, "Autor", "Cem");
     f.folder.Write(f.kProductFile, theirs);
-    f.dialogs.ExpectQuestion("der Seite \"Produkt\" übernehmen?", MessageAnswer::Yes);
-    f.dialogs.ExpectQuestion("die Eingaben der Seite werden dann nicht", MessageAnswer::No);
+    f.dialogs.ExpectQuestion({Text::ApplyPageChanges, "Produkt"}, MessageAnswer::Yes);
+    f.dialogs.ExpectQuestion(Text::OverwriteOutsideChanges, MessageAnswer::No);
     f.tabs.Reset(true);
     QVERIFY(Told(f.dialogs).contains("\nFehler|Die Seite \"Produkt\" wurde nicht gespeichert."));
     QCOMPARE(f.area.hourglasses, 0);
   }
 
-  void AsksNothingWhenToldNotToAndDoesNotReportAFailureToApply() {
+  void AFailureToApplyIsNotReported() {
     for (const bool ask : {false, true}) {
       PageFixture f;
       f.tabs.Prepare("tabBuildOptions", 1, 0);
       f.tabs.Item(1).SetDirty(true);
       f.disk.FailAt(FaultyDisk::Step::Write, 1);
-      if (ask) f.dialogs.ExpectQuestion("Erstellungs-Optionen", MessageAnswer::Yes);
+      if (ask) f.dialogs.ExpectQuestion(Text::ApplyPageChanges, MessageAnswer::Yes);
       f.tabs.Reset(ask);
       QCOMPARE(f.tabs.Count(), 0);
       QCOMPARE(f.dialogs.Messages().size(), ask ? 1U : 0U);

@@ -11,6 +11,7 @@
 
 namespace tests {
 
+using model::Text;
 using tools::MessageAnswer;
 
 class frmMainTest : public QObject {
@@ -37,9 +38,10 @@ class frmMainTest : public QObject {
     dialogs_.reset();
   }
 
-  void WithoutAProductEveryCommandButNewAndOpenIsHarmless() {
+  void CommandsAreHarmlessWithoutAProduct() {
     QCOMPARE(program_->window.windowTitle(), "Packwright");
-    QVERIFY(!program_->Tree().isEnabled() && !Child(program_->window, "picDataEditor").isEnabled());
+    QVERIFY(!program_->Tree().isEnabled());
+    QVERIFY(!Child(program_->window, "picDataEditor").isEnabled());
     for (const char* key : {"save", "close", "setupwiz", "updatewiz"}) program_->Press(key);
     QCOMPARE(dialogs_->Messages().size(), 2U);
     const QString refusal = "Erstellungs-Assistent|Es ist kein Projekt geladen.";
@@ -47,7 +49,7 @@ class frmMainTest : public QObject {
     QVERIFY(Told(*dialogs_).contains("\nUpdate-" + refusal));
   }
 
-  void TheToolbarHasTooltipsImagesAndShortcuts() {
+  void EveryToolbarButtonIsComplete() {
     QStringList tooltips;
     for (const QAction* button : Child<QToolBar>(program_->window, "tbrMain").actions()) {
       if (button->isSeparator()) continue;
@@ -55,7 +57,8 @@ class frmMainTest : public QObject {
       const QImage image = button->icon().pixmap(16, 16).toImage();
       QImage empty = image;
       empty.fill(Qt::transparent);
-      QVERIFY2(image != empty && !button->shortcut().isEmpty(), qPrintable(button->toolTip()));
+      QVERIFY2(image != empty, qPrintable(button->toolTip()));
+      QVERIFY2(!button->shortcut().isEmpty(), qPrintable(button->toolTip()));
     }
     QCOMPARE(tooltips.join('|'),
              "Neues Projekt|Projekt öffnen|Speichern|Schließen|"
@@ -103,8 +106,8 @@ class frmMainTest : public QObject {
     }
   }
 
-  void OpenShowsTheTreeAndExpandsOnlyTheLatestVersion() {
-    dialogs_->ExpectOpenFile("Projekt öffnen", product_);
+  void OpeningExpandsOnlyTheLatestVersion() {
+    dialogs_->ExpectOpenFile(Text::OpenProject, product_);
     program_->Press("open");
     QCOMPARE(program_->window.windowTitle(), "Packwright - Probe.product");
     QCOMPARE(program_->Nodes(),
@@ -113,7 +116,7 @@ class frmMainTest : public QObject {
     QCOMPARE(program_->SelectedKey() + TabTitles(), "");
   }
 
-  void FilesThatCannotBeReadCostOnlyTheirOwnNodesAndAreToldInOneMessage() {
+  void FilesThatCannotBeReadCostOnlyTheirOwnNodes() {
     home_->Write("P/Version 1.10.0/component1.component/ein Ordner", "");
     home_->Write("P/Version 1.9.0/product.version/ein Ordner", "");
     program_->Open(product_);
@@ -139,7 +142,7 @@ class frmMainTest : public QObject {
     QVERIFY(Told(*dialogs_).endsWith("weitere Fehler: 22"));
   }
 
-  void ACountOutOfRangeIsToldAndTheRestIsShown() {
+  void ACountOutOfRangeCostsOnlyItsOwnNodes() {
     home_->Write("P/Probe.product",
                  "[General]\nVersion=1.0\n[Product]\nTitle=Probe\n[Versions]\nCount=-4\n");
     program_->Open(product_);
@@ -157,7 +160,7 @@ class frmMainTest : public QObject {
     QCOMPARE(shell::SlotsOf(shell::VersionNode(67)).version, 67);
   }
 
-  void MenusAndPanesHaveTheirTexts() {
+  void TheWindowHasItsTexts() {
     QStringList texts;
     for (const char* item :
          {"mnuProductAddVersion", "mnuVersionAddComponent", "mnuVersionDelete",
@@ -173,7 +176,7 @@ class frmMainTest : public QObject {
              "Kontextmenü einzublenden.");
   }
 
-  void ClicksAndArrowKeysShowTheNodesPages() {
+  void TheSelectedNodesPagesAreShown() {
     program_->Open(product_);
     QTest::keyClick(&program_->Tree(), Qt::Key_Down);
     QCOMPARE(TabTitles(), "Produkt");
@@ -193,12 +196,12 @@ class frmMainTest : public QObject {
     QCOMPARE(program_->SelectedKey() + TabTitles(), "v3c2Dateien|Registrierung");
   }
 
-  void CollapsingANodeThatHidesTheSelectedOneSelectsItAndOffersTheChanges() {
+  void CollapsingANodeThatHidesTheSelectedOneSelectsIt() {
     program_->Open(product_);
     program_->Click("v3c2");
     auto* page = dynamic_cast<model::OpenPage*>(&Child(program_->window, "EditorTab1"));
     page->SetDirty(true);
-    dialogs_->ExpectQuestion("auf der Seite \"Dateien\"", MessageAnswer::No);
+    dialogs_->ExpectQuestion({Text::ApplyPageChanges, "Dateien"}, MessageAnswer::No);
     const QRect item = program_->Tree().visualItemRect(program_->Tree().topLevelItem(0)->child(1));
     QTest::mouseClick(program_->Tree().viewport(), Qt::LeftButton, {},
                       QPoint(item.left() - program_->Tree().indentation() / 2, item.center().y()));
@@ -210,7 +213,7 @@ class frmMainTest : public QObject {
     QCOMPARE(program_->SelectedKey() + TabTitles(), "productProdukt");
   }
 
-  void TheSelectedNodesMenuOpensByKeyAndByTheRightButtonWhereverItIsPressed() {
+  void TheMenuIsThatOfTheSelectedNodeWhereverTheMouseIs() {
     program_->Open(product_);
     QWidget* viewport = program_->Tree().viewport();
     const QPoint empty = BesideTheNodes();
@@ -231,20 +234,20 @@ class frmMainTest : public QObject {
     OpenedMenu().close();
   }
 
-  void AnAddedVersionAppearsExpandedAndThePagesStay() {
+  void AnAddedVersionLeavesThePages() {
     OpenProductPage();
-    dialogs_->ExpectInputBox("neue Versionsnummer", "2.0.0");
+    dialogs_->ExpectInputBox(Text::EnterVersion, "2.0.0");
     program_->PickFromMenu("mnuProductAddVersion");
     QCOMPARE(dialogs_->LastDefaultText(), "1.10.1");
     QVERIFY(program_->Nodes().contains("|v2=Version 2.0.0|[v3=Version 1.10.0]|"));
     QCOMPARE(program_->SelectedKey() + TabTitles(), "productProdukt");
   }
 
-  void ADeletedNodeIsGoneFromTreeEditorAndDisk() {
+  void ADeletedNodeIsGoneEverywhere() {
     program_->Open(product_);
     program_->Click("v3c2");
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
-      dialogs_->ExpectQuestion("Wirklich löschen?", answer);
+      dialogs_->ExpectQuestion(Text::ConfirmDeletion, answer);
       program_->PickFromMenu("mnuComponentDelete");
       const bool kept = answer == MessageAnswer::No;
       QCOMPARE(program_->Nodes().contains("[v3c2=Programm]"), kept);
@@ -252,9 +255,10 @@ class frmMainTest : public QObject {
       QCOMPARE(TabTitles(), kept ? "Dateien|Registrierung" : "");
     }
     program_->Click("v1");
-    dialogs_->ExpectQuestion("Wirklich löschen?", MessageAnswer::Yes);
+    dialogs_->ExpectQuestion(Text::ConfirmDeletion, MessageAnswer::Yes);
     program_->PickFromMenu("mnuVersionDelete");
-    QVERIFY(!program_->Nodes().contains("v1=") && !home_->Holds("P/Version 1.2.0"));
+    QVERIFY(!program_->Nodes().contains("v1="));
+    QVERIFY(!home_->Holds("P/Version 1.2.0"));
     QVERIFY(program_->window.findChild<QWidget*>("EditorTab1") == nullptr);
     QCOMPARE(Stored("Versions", "Count"), "4");
   }
@@ -264,21 +268,22 @@ class frmMainTest : public QObject {
     OpenedProgram other(dialogs_.get());
     other.Open(product_);
     other.Click("product");
-    dialogs_->ExpectInputBox("neue Versionsnummer", "3.0.0");
+    dialogs_->ExpectInputBox(Text::EnterVersion, "3.0.0");
     other.PickFromMenu("mnuProductAddVersion");
     Grid().SetProperty("ProductTitle", "Anderer Titel");
     program_->Press("save");
     QCOMPARE(Stored("Versions", "Ver2") + Stored("Product", "Title"), "3.0.0Anderer Titel");
   }
 
-  void AFailedSaveIsReportedAndTheNextOneIsOnDiskAndInTheTree() {
+  void AFailedSaveCanBeRepeated() {
     OpenProductPage();
     Grid().SetProperty("ProductTitle", "Neuer Titel");
     const QString folder = tools::ToQString(home_->Path("P"));
     QVERIFY(QDir().rename(folder, folder + "weg"));
     program_->Press("save");
     QCOMPARE(dialogs_->Messages().size(), 1U);
-    QVERIFY(Told(*dialogs_).startsWith("Fehler|") && Told(*dialogs_).contains(folder));
+    QVERIFY(Told(*dialogs_).startsWith("Fehler|"));
+    QVERIFY(Told(*dialogs_).contains(folder));
     QVERIFY(QDir().rename(folder + "weg", folder));
     QCOMPARE(Stored("Product", "Title"), "Probe");
     QTest::keySequence(&program_->window, QKeySequence::Save);
@@ -289,15 +294,15 @@ class frmMainTest : public QObject {
     QCOMPARE(program_->Nodes() + TabTitles(), "");
   }
 
-  void TheCloseBoxWarnsThenOffersThePagesAndClosesWhateverTheAnswer() {
+  void TheCloseBoxClosesWhateverTheAnswer() {
     for (const auto& [answer, stored] :
          {std::pair{MessageAnswer::Cancel, "Anna"}, std::pair{MessageAnswer::Ok, "Berta"}}) {
       program_ = std::make_unique<OpenedProgram>(dialogs_.get());
       OpenProductPage();
       Grid().SetProperty("Author", "Berta");
-      dialogs_->ExpectQuestion("Nicht gespeicherte Änderungen gehen verloren.", answer);
+      dialogs_->ExpectQuestion(Text::UnsavedChangesAreLost, answer);
       if (answer == MessageAnswer::Ok) {
-        dialogs_->ExpectQuestion("auf der Seite \"Produkt\"", MessageAnswer::Yes);
+        dialogs_->ExpectQuestion({Text::ApplyPageChanges, "Produkt"}, MessageAnswer::Yes);
       }
       PressCloseBox(program_->window);
       QVERIFY(!program_->window.isVisible());

@@ -1,15 +1,32 @@
 // Dialogs that a test answers in advance.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "model/TextTable.h"
 #include "tests/support/ReportFailure.h"
 #include "tools/Dialogs.h"
 
 namespace tests {
+
+/// What a dialog must show: a part of its text, or a text of the table, in place of whose "%name%"
+/// may stand anything (or just `name`).
+struct TextPart {
+  TextPart(const char* part) : words(part) {}
+  TextPart(model::Text text) : words(model::LoadText(text)) {
+    words.resize(std::min(words.find('%'), words.size()));
+  }
+  TextPart(model::Text text, const std::string& name) : words(model::LoadText(text)) {
+    const std::size_t begin = words.find('%');
+    words.replace(begin, words.find('%', begin + 1) + 1 - begin, name);
+  }
+
+  std::string words;
+};
 
 /// Questions must come in the order in which the test expects them. A question that is not the
 /// next one expected fails the test and is answered by No, Cancel or empty text; so does an answer
@@ -23,21 +40,20 @@ class ScriptedDialogs : public tools::Dialogs {
     }
   }
 
-  /// Expects a message box with several buttons, whose text holds `textPart`.
-  void ExpectQuestion(const std::string& textPart, tools::MessageAnswer answer) {
-    expected_.push_back({"question", textPart, answer, ""});
+  /// Expects a message box with several buttons.
+  void ExpectQuestion(const TextPart& text, tools::MessageAnswer answer) {
+    expected_.push_back({"question", text.words, answer, ""});
   }
-  /// Expects an input box by a part of its prompt.
-  void ExpectInputBox(const std::string& promptPart, const std::string& answer) {
-    expected_.push_back({"input box", promptPart, {}, answer});
+  /// Expects an input box by its prompt.
+  void ExpectInputBox(const TextPart& prompt, const std::string& answer) {
+    expected_.push_back({"input box", prompt.words, {}, answer});
   }
-  /// Expects an open-file dialog by a part of its title.
-  void ExpectOpenFile(const std::string& titlePart, const std::string& path) {
-    expected_.push_back({"open-file dialog", titlePart, {}, path});
+  /// Expects an open-file or browse-folder dialog by its title.
+  void ExpectOpenFile(const TextPart& title, const std::string& path) {
+    expected_.push_back({"open-file dialog", title.words, {}, path});
   }
-  /// Expects a browse-folder dialog by a part of its title.
-  void ExpectBrowseFolder(const std::string& titlePart, const std::string& path) {
-    expected_.push_back({"browse-folder dialog", titlePart, {}, path});
+  void ExpectBrowseFolder(const TextPart& title, const std::string& path) {
+    expected_.push_back({"browse-folder dialog", title.words, {}, path});
   }
 
   /// Every message box shown so far, questions included, in their order.

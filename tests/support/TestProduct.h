@@ -1,4 +1,4 @@
-// A product on disk for tests: one version "1.0.0" in slot 1.
+// The product of the tests, on a disk that can fail: one version "1.0.0" in slot 1.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/ModProject.h"
+#include "tests/support/FaultyDisk.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tools/files/Path.h"
 
@@ -13,16 +14,28 @@ namespace tests {
 
 class TestProduct {
  public:
+  // Below the folder that the product was made in.
+  static constexpr const char* kFile = "Produkt/Probe.product";
+  static constexpr const char* kVersionFile = "Produkt/Version 1.0.0/product.version";
+  static constexpr const char* kComponentFile = "Produkt/Version 1.0.0/component1.component";
+
   /// The product lies in the subfolder "Produkt" of `folder`, with the title "Probe".
   explicit TestProduct(const TemporaryFolder& folder) : folder_(folder) {
-    folder.Write("Produkt/Version 1.0.0/product.version", "");
-    project_.SetProductPath(
-        folder.Write("Produkt/Probe.product",
-                     "[General]\nVersion=1.0\n[Product]\nTitle=Probe\nAuthor=Änne Müller\n"
-                     "[Versions]\nCount=1\nVer1=1.0.0\n"));
+    folder.Write(kVersionFile, "");
+    WriteVersions("Count=1\nVer1=1.0.0\n");
+    project_.SetProductPath(folder.Path(kFile));
   }
 
   [[nodiscard]] model::ModProject& Project() { return project_; }
+  [[nodiscard]] FaultyDisk& Disk() { return disk_; }
+
+  /// Writes the product's file anew, with this section of versions.
+  void WriteVersions(const std::string& versions) {
+    folder_.Write(kFile,
+                  "[General]\nVersion=1.0\n[Product]\nTitle=Probe\nAuthor=Änne Müller\n"
+                  "[Versions]\n" +
+                      versions);
+  }
 
   /// Adds a component behind the last one. Each entry is the text of its section.
   void AddComponent(const std::string& title, const std::vector<std::string>& entries) {
@@ -57,7 +70,8 @@ class TestProduct {
 
  private:
   const TemporaryFolder& folder_;
-  tools::SystemDisk disk_;
+  tools::SystemDisk systemDisk_;
+  FaultyDisk disk_{systemDisk_};
   tools::SettingsStore store_{disk_};
   model::ModProject project_{store_};
 };

@@ -1,8 +1,6 @@
 #include <QCheckBox>
-#include <QWheelEvent>
 
-#include "tests/support/FakeWindow.h"
-#include "tests/support/FixedClock.h"
+#include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "wizards/OptionPages.h"
 #include "wizards/UpdateWizard.h"
@@ -10,6 +8,7 @@
 
 namespace tests {
 
+using model::Text;
 using tools::WizardStructure;
 
 namespace {
@@ -21,19 +20,11 @@ QString Values(const tools::WizardDataStore& store) {
   return values.join('|');
 }
 
-/// An open product. Version 1.2.0 in slot 1 has a component with the file "hallo.txt";
-/// `buildKeys` are the sections of the version's file.
-struct Sample {
+/// A product with a component of the file "hallo.txt"; `buildKeys` are sections of the version.
+struct Sample : ProductDesk {
   explicit Sample(const std::string& buildKeys = {}) {
-    folder.Write("quelle/hallo.txt", "Hallo");
-    folder.Write("Version 1.2.0/product.version", "[Components]\nCount=1\n" + buildKeys);
-    folder.Write("Version 1.2.0/component1.component",
-                 "[Component]\nTitle=Kern\n[Files]\nCount=1\n[File1]\nType=1\nID=a\n"
-                 "SourceName=hallo.txt\nSourcePath=quelle\nTargetFolder=2001\n");
-    project.SetProductPath(folder.Write("demo.product",
-                                        "[General]\nVersion=1.0\n[Product]\nTitle=Demo\n"
-                                        "[Versions]\nCount=1\nVer1=1.2.0\n"));
-    operations.Connect(window, window);
+    folder.Write(product.kVersionFile, buildKeys);
+    product.AddComponent("Kern", {product.File(folder.Write("quelle/hallo.txt", "Hallo"))});
   }
 
   void StartSetup(const std::function<void(WizardStructure&)>& act) {
@@ -41,15 +32,10 @@ struct Sample {
     script.Expect<WizardStructure>("wizardStructure", act);
     wizards::WizardLauncher(services).StartSetupWizard(1, window);
   }
+  QString DefaultFolder(std::int32_t configuration) const {
+    return tools::ToQString(project.DefaultOutputFolder(configuration));
+  }
 
-  TemporaryFolder folder;
-  tools::SystemDisk disk;
-  tools::SettingsStore settings{disk};
-  model::ModProject project{settings};
-  ScriptedDialogs dialogs;
-  FixedClock clock;
-  FakeWindow window;
-  model::ModProjectOperations operations{project, disk, dialogs, clock, window};
   wizards::UnsavedPages unsaved{window, operations};
   wizards::BuildServices services{project, operations, dialogs,
                                   clock,   disk,       folder.Path("programm")};
@@ -84,13 +70,11 @@ class WizardsTest : public QObject {
     Sample sample;
     sample.StartSetup([&sample](WizardStructure& frame) {
       QCOMPARE(frame.windowTitle(), "Setup-Erstellungs-Assistent");
-      const QString folder = tools::ToQString(sample.project.DefaultOutputFolder(1));
-      QCOMPARE(Values(frame.DataStore()), "config=1|folder=" + folder +
+      QCOMPARE(Values(frame.DataStore()), "config=1|folder=" + sample.DefaultFolder(1) +
                                               "|includeexe=|includetessel=|installertype=1|"
                                               "language=|makezip=");
       for (const char* title : {"Willkommen", "Konfiguration wählen", "Ausgabe-Optionen"}) {
         QCOMPARE(Shown(frame, "lblPageTitle"), title);
-        QVERIFY(!Child(frame, "cmdFinish").isEnabled());
         Press(frame, "cmdNext");
       }
       QCOMPARE(Shown(frame, "lblPageTitle"), "Verpackung");
@@ -99,15 +83,15 @@ class WizardsTest : public QObject {
       QCOMPARE(Shown(frame, "lblPageTitle"), "Setup erstellen");
       Press(frame, "cmdFinish");
     });
-    QVERIFY(sample.folder.Holds("Ausgabe/Debug/Demo.zip"));
+    QVERIFY(sample.folder.Holds("Produkt/Ausgabe/Debug/Probe.zip"));
     QCOMPARE(sample.dialogs.Messages().back().icon, tools::MessageIcon::Information);
     QCOMPARE(sample.dialogs.OpenNotices(), 0U);
   }
 
-  void StoredOptionsAreTheFirstValuesAndTheClosingMessageFollowsABuildThatIsRefusedOrFails() {
+  void TheClosingMessageFollowsAlsoABuildThatIsRefusedOrFails() {
     Sample sample("[BuildCommon]\nActiveConfig=2\n[Build2]\nOutputFolder=voll\nLocale=1031\n");
-    sample.folder.Write("voll/alt.txt", "alt");
-    sample.dialogs.ExpectQuestion("unwiderruflich gelöscht", tools::MessageAnswer::No);
+    sample.folder.Write("Produkt/voll/alt.txt", "alt");
+    sample.dialogs.ExpectQuestion(Text::OutputFolderHoldsFiles, tools::MessageAnswer::No);
     const auto finish = [](WizardStructure& frame) {
       auto& store = frame.DataStore();
       QCOMPARE(store["config"] + store["folder"] + store["language"], "2voll");
@@ -115,7 +99,7 @@ class WizardsTest : public QObject {
       Press(frame, "cmdFinish");
     };
     sample.StartSetup(finish);
-    QVERIFY(sample.folder.Holds("voll/alt.txt"));
+    QVERIFY(sample.folder.Holds("Produkt/voll/alt.txt"));
     sample.project.SetProductTitle("De/mo");
     sample.StartSetup(finish);
     const QString end = "Setup-Erstellungs-Assistent|Das Setup wurde erstellt.";
@@ -125,7 +109,7 @@ class WizardsTest : public QObject {
     QCOMPARE(sample.dialogs.Messages().size(), 4U);
   }
 
-  void TheUpdateWizardLeadsToAnEmptyPageFromWhichBackAndCancelWork() {
+  void TheUpdateWizardLeadsToAnEmptyPage() {
     Sample sample;
     ModalScript script;
     script.Expect<WizardStructure>("wizardStructure", [](WizardStructure& frame) {
@@ -147,52 +131,32 @@ class WizardsTest : public QObject {
     QVERIFY(sample.dialogs.Messages().empty());
     const tools::WizardPage end = wizards::UpdateWizard(sample.dialogs, {}).ShowPage("summary");
     QCOMPARE(end.PageTitle, "Nothing to it");
-    QVERIFY(end.AllowFinish && end.ForwardStep.empty());
+    QVERIFY(end.AllowFinish);
+    QCOMPARE(end.ForwardStep, "");
   }
 
-  void ThePagesOfTheSetupWizardHaveTheirTexts_data() {
-    QTest::addColumn<int>("style");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("description");
-    QTest::addColumn<QString>("next");
-    QTest::newRow("intro")
-        << 1 << "Willkommen"
-        << "Mit diesem Assistenten können Sie Schritt für Schritt aus einem Setup-Projekt ein "
-           "fertiges Installationsprogramm erzeugen.\r\nEinige der Optionen, die dieser Assistent "
-           "zur Generierung des Setup-Programms verwendet, müssen vorher für die Version "
-           "festgelegt werden (siehe Registerkarte \"Erstellungs-Optionen\" im Projekt-Editor)."
-           "\r\n\r\nKlicken Sie auf \"Weiter\", um fortzufahren."
-        << "configuration";
-    QTest::newRow("configuration") << 2 << "Konfiguration wählen"
-                                   << "Legen Sie die zu erstellende Konfiguration und Sprache fest"
-                                   << "output";
-    QTest::newRow("output") << 2 << "Ausgabe-Optionen"
-                            << "Geben Sie an, wo das Setup erstellt werden soll"
-                            << "packaging";
-    QTest::newRow("packaging") << 2 << "Verpackung"
-                               << "Legen Sie die Optionen zur Verpackung des fertigen Setups fest"
-                               << "ready";
-    QTest::newRow("ready")
-        << 3 << "Setup erstellen"
-        << "Der Assistent hat jetzt genügend Informationen, um das Setup zu erstellen.\r\n\r\n"
-           "Klicken Sie auf \"Fertig stellen\", um den Vorgang abzuschließen."
-        << "";
-    QTest::newRow("...") << 2 << ""
-                         << ""
-                         << "";
-  }
   void ThePagesOfTheSetupWizardHaveTheirTexts() {
-    QFETCH(const int, style);
-    QFETCH(const QString, title);
-    QFETCH(const QString, description);
-    QFETCH(const QString, next);
     const Sample sample;
-    const tools::WizardPage page =
-        wizards::SetupWizard(sample.services, 1, {}).ShowPage(QTest::currentDataTag());
-    QCOMPARE(page.PageStyle, style);
-    QCOMPARE(tools::ToQString(page.PageTitle), title);
-    QCOMPARE(tools::ToQString(page.PageDescription), description);
-    QCOMPARE(tools::ToQString(page.ForwardStep), next);
+    QStringList pages;
+    for (const char* key : {"intro", "configuration", "output", "packaging", "ready", "..."}) {
+      const tools::WizardPage page = wizards::SetupWizard(sample.services, 1, {}).ShowPage(key);
+      QStringList words;
+      for (const QString& line : tools::ToQString(page.PageDescription).split("\r\n")) {
+        words += line.section(' ', 0, 3);
+      }
+      pages += QString("%1 %2: %3 > ")
+                   .arg(page.PageStyle)
+                   .arg(tools::ToQString(page.PageTitle), words.join('/')) +
+               tools::ToQString(page.ForwardStep);
+    }
+    QCOMPARE(pages.join('\n'),
+             "1 Willkommen: Mit diesem Assistenten können/Einige der Optionen, die//"
+             "Klicken Sie auf \"Weiter\", > configuration\n"
+             "2 Konfiguration wählen: Legen Sie die zu > output\n"
+             "2 Ausgabe-Optionen: Geben Sie an, wo > packaging\n"
+             "2 Verpackung: Legen Sie die Optionen > ready\n"
+             "3 Setup erstellen: Der Assistent hat jetzt//Klicken Sie auf \"Fertig > \n"
+             "2 :  > ");
   }
 
   void AFrameThatCannotBeMadeIsReported() {
@@ -207,14 +171,13 @@ class WizardsTest : public QObject {
     QCOMPARE(sample.dialogs.Messages().front().icon, tools::MessageIcon::Critical);
   }
 
-  void TheConfigurationProposesItsFolderAndLanguageUnlessTheAuthorSetOthers() {
+  void TheConfigurationProposesItsOptionsUnlessTheAuthorSetOthers() {
     OptionPage f("Config", {{"config", "1"}, {"folder", "aus/probe"}},
                  "[Build1]\nOutputFolder=aus/probe\nLocale=1031\n[Build2]\nLocale= 2055\n");
     QCOMPARE(Shown(*f.page, {"cmbConfiguration", "cmbLanguage"}), "Debug|");
     auto& configuration = Child(*f.page, "cmbConfiguration");
     QTest::keyClick(&configuration, Qt::Key_Down);
-    const QString folder = tools::ToQString(f.project.DefaultOutputFolder(2));
-    QCOMPARE(Values(f.store), "config=2|folder=" + folder + "|language=2055");
+    QCOMPARE(Values(f.store), "config=2|folder=" + f.DefaultFolder(2) + "|language=2055");
     QCOMPARE(Shown(*f.page, "cmbLanguage"), "2055 – Deutsch (Schweiz)");
 
     f.store["folder"] = "eigener";
@@ -224,22 +187,14 @@ class WizardsTest : public QObject {
     QTest::keyClick(&configuration, Qt::Key_Down);
     QCOMPARE(f.store["language"], "1055");
     Child(*f.page, "cmdSavePages").setFocus();
-    for (const char* box : {"cmbConfiguration", "cmbLanguage"}) {
-      QWheelEvent turn({5, 5}, Child(*f.page, box).mapToGlobal(QPoint(5, 5)), {}, {0, 120}, {}, {},
-                       Qt::NoScrollPhase, false);
-      QCoreApplication::sendEvent(&Child(*f.page, box), &turn);
-    }
+    for (const char* box : {"cmbConfiguration", "cmbLanguage"}) TurnWheel(Child(*f.page, box), 120);
     QCOMPARE(f.store["config"] + f.store["language"], "21055");
   }
 
-  void UnsavedPagesAreNamedAndSavedAndTheValuesFollowUnlessTheAuthorSetOthers() {
+  void TheValuesFollowSavedPagesUnlessTheAuthorSetOthers() {
     OptionPage f("Config", {{"config", "1"}, {"folder", "alt"}}, "[Build1]\nOutputFolder=alt\n");
-    auto& notice = Child(*f.page, "lblUnsavedPages");
-    QVERIFY(!notice.isVisible());
     f.window.pages.resize(2);
-    f.window.pages[0].title = "Setup-Typen";
     FakePage& options = f.window.pages[1];
-    options.title = "Erstellungs-Optionen";
     const auto save = [&](const std::string& active, const std::string& folder) {
       options.dirty = true;
       options.write = [&f, active, folder] {
@@ -249,10 +204,7 @@ class WizardsTest : public QObject {
         f.project.WriteVersionSetting(1, "Build" + active, "Locale", "1031");
       };
       f.page->ShowValues();
-      QVERIFY(notice.isVisible());
-      QVERIFY(Shown(*f.page, "lblUnsavedPages").endsWith(":\n• Erstellungs-Optionen"));
       Press(*f.page, "cmdSavePages");
-      QVERIFY(!notice.isVisible());
       QCOMPARE(f.page->focusWidget(), &Child(*f.page, "cmbConfiguration"));
     };
     save("2", "neu");
@@ -266,29 +218,37 @@ class WizardsTest : public QObject {
     f.store["config"] = "2";
     save("1", "anders");
     QCOMPARE(Values(f.store), "config=2|folder=eigener|installertype=1|language=1031");
+  }
 
-    options.dirty = true;
+  void UnsavedPagesStayNamedUntilTheyAreSaved() {
+    OptionPage f("Config", {{"config", "1"}});
+    auto& notice = Child(*f.page, "lblUnsavedPages");
+    QVERIFY(!notice.isVisible());
+    f.window.pages.resize(2);
     for (FakePage& page : f.window.pages) page.failure = "kaputt";
+    f.window.pages[1].title = "Erstellungs-Optionen";
+    f.window.pages[1].dirty = true;
+    f.page->ShowValues();
     for (int attempt = 0; attempt < 2; ++attempt) {
-      Press(*f.page, "cmdSavePages");
       QVERIFY(notice.isVisible());
       QVERIFY(Shown(*f.page, "lblUnsavedPages").endsWith(":\n• Erstellungs-Optionen"));
+      Press(*f.page, "cmdSavePages");
     }
-    options.failure.clear();
+    f.window.pages[1].failure.clear();
     Press(*f.page, "cmdSavePages");
     QVERIFY(!notice.isVisible());
   }
 
-  void ALanguageIsTypedAsNumberOrNameAndAnythingElseIsRefusedInPlace() {
-    const std::vector<std::pair<QString, QString>> cases{{"9999", "9999"},
-                                                         {"deutsch (ÖSTERREICH)", "3079"},
-                                                         {" 1033 – englisch (usa)", "1033"},
-                                                         {"1O33", ""},
-                                                         {"1031xyz", ""},
-                                                         {"", ""},
-                                                         {"Klingonisch", ""},
-                                                         {"99999999999", ""},
-                                                         {"-1", ""}};
+  void OnlyAWholeNumberOrAKnownNameIsALanguage() {
+    const std::pair<QString, QString> cases[] = {{"9999", "9999"},
+                                                 {"deutsch (ÖSTERREICH)", "3079"},
+                                                 {" 1033 – englisch (usa)", "1033"},
+                                                 {"1O33", ""},
+                                                 {"1031xyz", ""},
+                                                 {"Klingonisch", ""},
+                                                 {"", ""},
+                                                 {"99999999999", ""},
+                                                 {"-1", ""}};
     OptionPage f("Config", {{"config", "1"}, {"language", "1031"}});
     QCOMPARE(Shown(*f.page, "cmbLanguage"), "1031 – Deutsch (Deutschland)");
     for (const auto& [typed, number] : cases) {
@@ -309,24 +269,24 @@ class WizardsTest : public QObject {
     QVERIFY(!Child(*f.page, "lblLanguageNote").isVisible());
   }
 
-  void TheOutputPageShowsWhatWillBeBuiltAndWhere() {
+  void TheOutputPageShowsWhatWillBeBuilt() {
     OptionPage f("Output", {{"config", "2"}, {"language", "1031"}, {"folder", "aus"}});
-    QCOMPARE(f.Overview(), "Demo|1.2.0|Release|1031 – Deutsch (Deutschland)|" +
-                               tools::ToQString(f.folder.Path("aus")));
+    QCOMPARE(f.Overview(), "Probe|1.0.0|Release|1031 – Deutsch (Deutschland)|" +
+                               tools::ToQString(f.folder.Path("Produkt/aus")));
     f.store = {{"config", "7"}, {"language", "Klingonisch"}};
     f.page->ShowValues();
-    QCOMPARE(f.Overview(), "Demo|1.2.0|n/v|Klingonisch|n/v");
+    QCOMPARE(f.Overview(), "Probe|1.0.0|n/v|Klingonisch|n/v");
     f.store.clear();
     f.page->ShowValues();
-    QCOMPARE(f.Overview(), "Demo|1.2.0|n/v|n/v|n/v");
+    QCOMPARE(f.Overview(), "Probe|1.0.0|n/v|n/v|n/v");
   }
 
-  void TheOutputPageWarnsOfAFolderWithFilesAndOfOneThatWouldBeRefused() {
+  void TheOutputPageWarnsOfUnsuitableFolders() {
     OptionPage f("Output", {{"folder", "leer"}});
     auto& warning = Child(*f.page, "lblFolderWarning");
     QVERIFY(!warning.isVisible());
     f.folder.Write("alt/Setup.exe", "");
-    f.dialogs.ExpectBrowseFolder("Wählen Sie einen Ordner", f.folder.Path("alt"));
+    f.dialogs.ExpectBrowseFolder(Text::ChooseFolder, f.folder.Path("alt"));
     Press(*f.page, "cmdBrowse");
     QCOMPARE(f.store["folder"], f.folder.Path("alt"));
     QVERIFY(warning.isVisible());
@@ -335,11 +295,11 @@ class WizardsTest : public QObject {
     QVERIFY(Shown(*f.page, "lblFolderWarning")
                 .startsWith("Der Ausgabeordner ist ungültig. Er enthält das Produkt"));
     QVERIFY(f.Overview().endsWith("|n/v"));
-    Type(Child(*f.page, "txtFolder"), "quelle");
+    Type(Child(*f.page, "txtFolder"), "../quelle");
     QVERIFY(Shown(*f.page, "lblFolderWarning").contains("liegen Quelldateien"));
     Type(Child(*f.page, "txtFolder"), "./leer");
     QVERIFY(!warning.isVisible());
-    f.dialogs.ExpectBrowseFolder("Wählen Sie einen Ordner", "");
+    f.dialogs.ExpectBrowseFolder(Text::ChooseFolder, "");
     Press(*f.page, "cmdBrowse");
     QCOMPARE(Values(f.store), "folder=./leer");
   }

@@ -1,9 +1,9 @@
-// A product on disk, and one of its pages in the host of the program, without a main window.
+// The product of the tests and one of its pages, in the host of the program, without a main window.
 #pragma once
 
 #include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
-#include "tests/support/FaultyDisk.h"
+#include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/UserHome.h"
 #include "tools/settings/SettingsFile.h"
@@ -21,16 +21,14 @@ struct FakeArea : QWidget, shell::EditorArea {
   int hourglasses = 0;
 };
 
-struct PageFixture {
-  static constexpr const char* kProductFile = "Demo/demo.product";
-  static constexpr const char* kVersionFile = "Demo/Version 1.0.0/product.version";
-  static constexpr const char* kComponentFile = "Demo/Version 1.0.0/component1.component";
+/// The product has a component "Kern" without settings.
+struct PageFixture : ProductDesk {
+  static constexpr const char* kProductFile = TestProduct::kFile;
+  static constexpr const char* kVersionFile = TestProduct::kVersionFile;
+  static constexpr const char* kComponentFile = TestProduct::kComponentFile;
 
   PageFixture() {
-    project.SetProductPath(folder.Write(kProductFile,
-                                        "[General]\nVersion=1.0\n[Product]\nTitle=Demo\n"
-                                        "[Versions]\nCount=1\nVer1=1.0.0\n"));
-    folder.Write(kVersionFile, "[Components]\nCount=1\n");
+    product.AddComponent("Kern", {});
     folder.Write(kComponentFile, "[Component]\nTitle=Kern\n");
     area.resize(540, 420);
   }
@@ -62,12 +60,6 @@ struct PageFixture {
     return tools::OpenSystemRegistry(disk);
   }
 
-  TemporaryFolder folder;
-  tools::SystemDisk systemDisk;
-  FaultyDisk disk{systemDisk};
-  tools::SettingsStore store{disk};
-  model::ModProject project{store};
-  ScriptedDialogs dialogs;
   std::unique_ptr<tools::Registry> registry = OpenRegistry();
   pages::PageRegistry pageRegistry = pages::AllPages();
   FakeArea area;

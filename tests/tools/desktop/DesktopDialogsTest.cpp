@@ -42,7 +42,7 @@ class DesktopDialogsTest : public QObject {
     dialogs_.SetParent(window_.get());
   }
 
-  void AMessageBoxShowsTextIconGermanButtonsAndTheNormalPointer() {
+  void AMessageBoxShowsItsMessage() {
     const tools::WaitCursor hourglass;
     ModalScript script;
     script.Expect<QMessageBox>("messageBox", [this](QMessageBox& box) {
@@ -85,7 +85,7 @@ class DesktopDialogsTest : public QObject {
                           .defaultAnswer = MessageAnswer::Ok});
   }
 
-  void EnterPressesTheDefaultButtonAndEscapeCancelOrTheOnlyOne() {
+  void KeysPressTheButtonsOfAMessageBox() {
     using enum MessageAnswer;
     const std::vector<std::tuple<MessageButtons, MessageAnswer, Qt::Key, MessageAnswer>> cases{
         {MessageButtons::Ok, Ok, Qt::Key_Escape, Ok},
@@ -172,7 +172,7 @@ class DesktopDialogsTest : public QObject {
              folder.Path());
   }
 
-  void FiltersArePairsOfTextAndPatterns() {
+  void FiltersArePairs() {
     const std::vector<std::pair<QString, QStringList>> cases{
         {"Produkte (*.product)|*.product", {"Produkte (*.product) (*.product)"}},
         {"Bilder|*.png; *.jpg|Alle|*.*", {"Bilder (*.png *.jpg)", "Alle (*)"}},
@@ -192,11 +192,12 @@ class DesktopDialogsTest : public QObject {
     for (const char* none : {"", "nicht da/auch nicht"}) QCOMPARE(tools::NearestFolder(none), "");
   }
 
-  void ABusyNoticePaintsItselfAtOnceAndOnProgressWithoutAnEventLoop() {
+  void ABusyNoticePaintsItselfWithoutAnEventLoop() {
     const PaintCounter paints;
     const int token = dialogs_.ShowBusyNotice("Bitte warten");
     const auto& notice = Child(*window_, "busyNotice");
-    QVERIFY(notice.isVisible() && !Child(notice, "prgProgress").isVisible());
+    QVERIFY(notice.isVisible());
+    QVERIFY(!Child(notice, "prgProgress").isVisible());
     const int paintsBefore = paints.count;
     QVERIFY(paintsBefore > 0);
     dialogs_.UpdateBusyNotice(
@@ -260,7 +261,7 @@ class DesktopDialogsTest : public QObject {
     QCOMPARE(window_->text(), "a");
   }
 
-  void ABusyNoticeCannotBeClosedLocksNothingAndGoesWithItsWindow() {
+  void ABusyNoticeStaysUntilItIsWithdrawn() {
     const int token = dialogs_.ShowBusyNotice("Bitte warten");
     dialogs_.ShowBusyNotice("Noch etwas");
     QTest::keyClicks(window_.get(), "b");

@@ -91,13 +91,14 @@ class WizardStructureTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void GoesThroughThePagesByButtonsAndEnterAndHandsOverTheDataStore() {
+  void LeadsThroughThePagesInBothDirections() {
     ListedPages driver;
     driver.Run("intro", [](WizardStructure& frame) {
       const auto& picture = *frame.findChild<tools::WizardPicture*>();
       QCOMPARE(frame.windowTitle(), "Probe-Assistent");
       QCOMPARE(Shown(frame, {"lblPageTitle", "lblPageDescription"}), "Anfang|Das ist\nAnfang");
-      QVERIFY(picture.isVisible() && !Child(frame, "lblStepBar").isVisible());
+      QVERIFY(picture.isVisible());
+      QVERIFY(!Child(frame, "lblStepBar").isVisible());
       QCOMPARE(Enabled(frame), "Next Cancel");
       Press(frame, "cmdNext");
       QVERIFY(!picture.isVisible());
@@ -120,7 +121,7 @@ class WizardStructureTest : public QObject {
                                           forward + "finish Ä b");
   }
 
-  void EscapeAndTheCloseBoxCancelWhereThePageAllowsIt() {
+  void CancelsOnlyWhereThePageAllowsIt() {
     ListedPages driver;
     driver.pages["end"].AllowCancel = false;
     driver.Run("end", [](WizardStructure& frame) {
@@ -134,7 +135,7 @@ class WizardStructureTest : public QObject {
     QCOMPARE(driver.events.back(), "cancel");
   }
 
-  void HelpTheStepBarAndAPageNamedForBackAreAsTheDriverWantsThem() {
+  void ThePagesAreAsTheDriverWantsThem() {
     ListedPages driver;
     driver.pages["name"].EnableHelp = true;
     driver.pages["end"].BackStep = "intro";
@@ -152,7 +153,7 @@ class WizardStructureTest : public QObject {
     QVERIFY(driver.events.contains("help name"));
   }
 
-  void AnErrorOfTheDriverIsShownAndThePageStays() {
+  void AnErrorOfTheDriverKeepsThePage() {
     ListedPages driver;
     driver.failing = "end";
     driver.Run("intro", [](WizardStructure& frame) {
