@@ -13,7 +13,7 @@ constexpr std::initializer_list<const char*> kFields{"txtTesselKey", "txtProgram
 /// catalogue.
 struct TesselPage : PageFixture {
   explicit TesselPage(const std::string& settings) {
-    MakeMachineKey("Software\\Quillon\\Tessel\\AppTypes\\2", {"Bücher", "Malen"});
+    MakeMachineKey("Software\\Quillon\\Tessel\\AppTypes\\2", {"Lesen", "Malen"});
     folder.Write(kVersionFile, settings);
     Open("tabTesselRegistration", 1, 0);
   }
@@ -117,7 +117,7 @@ class DetailsPagesTest : public QObject {
     QVERIFY(!f.page->IsDirty());
     QCOMPARE(f.File(f.kVersionFile), "[Tessel]\nKey=kX\nTitle=tX\nType=2\nSubType=sX\n");
 
-    for (const char* subtype : {"Bücher", "Malen"}) {
+    for (const char* subtype : {"Lesen", "Malen"}) {
       QTest::keyClick(&Child(*f.page, "cmbProgramSubtype"), Qt::Key_Down);
       QCOMPARE(Shown(*f.page, "cmbProgramSubtype"), subtype);
       QVERIFY(!f.page->IsDirty());

@@ -18,7 +18,7 @@ constexpr const char* kMachine = "HKEY_LOCAL_MACHINE";
 struct Fixture : PageFixture {
   explicit Fixture(const std::string& settings = {}) {
     MakeMachineKey("Software\\Quillon\\Tessel", {"Path"});
-    MakeMachineKey("Software\\Über uns");
+    MakeMachineKey("Software\\Andere");
     folder.Write(kComponentFile, kNoSettings + settings);
     Reopen();
   }
@@ -70,7 +70,7 @@ class tabRegistryEditorTest : public QObject {
              "(Arbeitsplatz)|(Ebene höher)|Software|(Neuer Schlüssel...)|(Alle Werte löschen)");
     const std::vector<std::pair<const char*, const char*>> ways{
         {"Software", "HKEY_LOCAL_MACHINE\\Software"},
-        {"Über uns", "HKEY_LOCAL_MACHINE\\Software\\Über uns"},
+        {"Andere", "HKEY_LOCAL_MACHINE\\Software\\Andere"},
         {"(Ebene höher)", "HKEY_LOCAL_MACHINE\\Software"},
         {"(Ebene höher)", "HKEY_LOCAL_MACHINE"},
         {"(Ebene höher)", "Arbeitsplatz"},

@@ -12,7 +12,8 @@ namespace tests {
 /// registry without keys. The folder has to stay until the next call or the end of the process.
 void UseHome(const TemporaryFolder& folder);
 
-/// Makes a key below HKEY_LOCAL_MACHINE, with values of empty text. To be called after UseHome and
+/// Makes a key below HKEY_LOCAL_MACHINE, with values of empty text; all in
+/// ASCII. To be called after UseHome and
 /// before the registry is opened.
 void MakeMachineKey(const std::string& path, const std::vector<std::string>& valueNames = {});
 

@@ -18,6 +18,13 @@ using tools::MessageButtons;
 
 namespace {
 
+/// What the text of a wrapped label takes of the width that the label has.
+QSize NeededSize(const QLabel& label) {
+  return label.fontMetrics()
+      .boundingRect(QRect(0, 0, label.width(), 0), Qt::TextWordWrap, label.text())
+      .size();
+}
+
 struct PaintCounter : QObject {
   PaintCounter() { qApp->installEventFilter(this); }
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
@@ -69,9 +76,7 @@ class DesktopDialogsTest : public QObject {
     ModalScript script;
     script.Expect<QMessageBox>("messageBox", [&word](QMessageBox& box) {
       const auto& label = Child<QLabel>(box, "qt_msgbox_label");
-      const QRect needed = label.fontMetrics().boundingRect(QRect(0, 0, label.width(), 0),
-                                                            Qt::TextWordWrap, label.text());
-      const bool fits = label.width() >= needed.width() && label.height() >= needed.height();
+      const bool fits = NeededSize(label).boundedTo(label.size()) == NeededSize(label);
       const QString text = box.text();
       QTest::keyClick(&box, Qt::Key_Return);
       QVERIFY(fits);
@@ -233,10 +238,7 @@ class DesktopDialogsTest : public QObject {
                          .bytesDone = 1'000'000'000'000,
                          .bytesTotal = 1'000'000'000'000});
     const auto& label = Child<QLabel>(notice, "lblText");
-    const QRect needed = label.fontMetrics().boundingRect(QRect(0, 0, label.width(), 0),
-                                                          Qt::TextWordWrap, label.text());
-    QVERIFY2(label.rect().width() >= needed.width(), "lblText");
-    QVERIFY2(label.rect().height() >= needed.height(), "lblText");
+    QCOMPARE(NeededSize(label).boundedTo(label.size()), NeededSize(label));
     const auto& progress = Child(notice, "lblProgress");
     QVERIFY2(progress.width() >= progress.sizeHint().width(), "lblProgress");
     for (const QWidget* part : notice.findChildren<QWidget*>()) {
