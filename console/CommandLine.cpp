@@ -34,7 +34,8 @@ void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& show
       ->excludes(zip);
   app.add_flag("--wrapper", line.wrapper, "Ausführbares Installationsprogramm hinzufügen");
   app.add_flag("--runtime", line.runtime, "Installationsprogramm für Tessel hinzufügen");
-  app.add_flag("--overwrite", line.overwrite, "Einen Ausgabeordner mit Dateien vorher leeren");
+  app.add_flag("--overwrite", line.overwrite, "Ein früheres Setup im Ausgabeordner ersetzen");
+  app.add_flag("--force", line.force, "Auch andere Dateien im Ausgabeordner dafür löschen");
   app.add_flag("--check", line.check, "Nur prüfen und nichts schreiben");
   app.add_flag("--prove", line.prove, "Nach dem Erstellen beweisen, dass das Setup alles enthält");
   app.add_flag("--json", line.json, "Meldungen als JSON, ein Objekt je Zeile");

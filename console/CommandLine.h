@@ -25,7 +25,8 @@ struct CommandLine {
   bool zip = true;         ///< one archive instead of a folder tree
   bool wrapper = false;    ///< add the setup program
   bool runtime = false;    ///< add the runtime's installer
-  bool overwrite = false;  ///< empty an output folder that holds files
+  bool overwrite = false;  ///< replace an earlier setup in the output folder
+  bool force = false;      ///< replace whatever the output folder holds
   bool check = false;      ///< look for problems, write nothing
   bool prove = false;      ///< prove the setup after the build
   bool json = false;       ///< one JSON object a line instead of text

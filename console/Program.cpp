@@ -10,6 +10,7 @@
 #include "console/TextReport.h"
 #include "engine/Build.h"
 #include "engine/BuildCheck.h"
+#include "engine/OutputContent.h"
 #include "model/ModProject.h"
 #include "model/TextTable.h"
 #include "tools/Clock.h"
@@ -88,14 +89,21 @@ ExitCode Check(model::ModProject& project, const CommandLine& line,
   }
 }
 
+std::string WhyInUse(const std::string& outputFolder) {
+  const std::string other = engine::FirstOtherFile(outputFolder);
+  if (other.empty()) {
+    return "Im Ausgabeordner liegt ein Setup (--overwrite ersetzt es): " + outputFolder;
+  }
+  return "Der Ausgabeordner enthält anderes als ein Setup (--force löscht auch das): " + other;
+}
+
 /// Why a build gave no new setup.
 std::string Explain(const engine::BuildSummary& summary) {
   switch (summary.outcome) {
     case engine::BuildOutcome::InvalidOutputFolder:
       return model::LoadText(model::Text::InvalidOutputFolder) + " " + summary.reason;
     case engine::BuildOutcome::OutputFolderInUse:
-      return "Der Ausgabeordner enthält Dateien (--overwrite leert ihn vorher): " +
-             summary.outputFolder;
+      return WhyInUse(summary.outputFolder);
     case engine::BuildOutcome::Incomplete:
       return model::LoadText(model::Text::BuildHadErrors) + " " + summary.reason;
     case engine::BuildOutcome::OutputFolderStuck:
@@ -148,7 +156,8 @@ ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version,
 ExitCode Build(const model::ModProject& project, const engine::BuildOptions& options,
                std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
                Report& report) {
-  if (line.overwrite) report.AllowOverwriting();
+  if (line.overwrite) report.Allow(Replaceable::EarlierSetup);
+  if (line.force) report.Allow(Replaceable::Everything);
   const tools::SystemClock clock;
   const engine::BuildEnvironment environment{.project = project,
                                              .clock = clock,

@@ -1,9 +1,16 @@
 #include "console/Report.h"
 
+#include "engine/OutputContent.h"
+
 namespace console {
 
 Report::Report(Streams streams, InterruptTest interrupted)
     : streams_(streams), interrupted_(interrupted) {}
+
+bool Report::MayEmptyOutputFolder(const std::string& folder) {
+  if (replaceable_ != Replaceable::EarlierSetup) return replaceable_ == Replaceable::Everything;
+  return engine::FirstOtherFile(folder).empty();
+}
 
 void Report::ThrowIfStopped() const {
   if (interrupted_()) throw tools::Stopped();

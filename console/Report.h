@@ -22,6 +22,9 @@ struct Streams {
   bool outputIsTerminal = false;
 };
 
+/// What may be deleted to make room for a new setup.
+enum class Replaceable { Nothing, EarlierSetup, Everything };
+
 /// A build's observer that also says everything else that the program has to say.
 class Report : public engine::BuildObserver {
  public:
@@ -30,9 +33,9 @@ class Report : public engine::BuildObserver {
 
   Report(Streams streams, InterruptTest interrupted);
 
-  /// The answer to whether a build may empty its output folder; without a call it is no.
-  void AllowOverwriting() { mayOverwrite_ = true; }
-  bool MayEmptyOutputFolder(const std::string& /*folder*/) override { return mayOverwrite_; }
+  /// What a build may delete in its output folder; without a call it is nothing.
+  void Allow(Replaceable replaceable) { replaceable_ = replaceable; }
+  bool MayEmptyOutputFolder(const std::string& folder) override;
   bool IsStopWanted() override { return interrupted_(); }
 
   /// Raises tools::Stopped when the user wants the call to end.
@@ -60,7 +63,7 @@ class Report : public engine::BuildObserver {
  private:
   Streams streams_;
   InterruptTest interrupted_;
-  bool mayOverwrite_ = false;
+  Replaceable replaceable_ = Replaceable::Nothing;
   tools::SystemClock clock_;
   std::chrono::steady_clock::time_point begun_ = clock_.SteadyNow();
   tools::ReportPace pace_{clock_};

@@ -60,7 +60,7 @@ class Build {
     // A wish to stop that came meanwhile counts before anything is deleted.
     progress_.ThrowIfStopped();
     if (!AcceptOutputFolder()) return;
-    stage_.emplace(environment_.disk, outputFolder_);
+    stage_.emplace(environment_.disk, *claim_);
     try {
       MakeSetup(head);
     } catch (const tools::Error& error) {
@@ -73,20 +73,28 @@ class Build {
 
   /// Gives false when the build ends here.
   bool AcceptOutputFolder() {
-    const OutputFolder folder =
-        engine::AcceptOutputFolder(options_.folder, environment_.project, survey_.sourceFolders);
-    outputFolder_ = folder.path;
-    summary_.outputFolder = outputFolder_;
+    const ProtectedPlaces places(environment_.project, version_, survey_.sourceFolders,
+                                 environment_.programFolder);
+    OutputFolder folder = engine::AcceptOutputFolder(options_.folder, environment_.project, places);
+    summary_.outputFolder = folder.path;
+    if (folder.IsAccepted()) {
+      claim_.emplace(folder.path);
+      // The look decides what may be deleted: nothing half moved may lie there.
+      SetupStage::Recover(environment_.disk, *claim_);
+      old_ = ContentOf(folder.path);
+      folder = AcceptContent(folder, old_, places);
+    }
     if (!folder.IsAccepted()) {
       End(BuildOutcome::InvalidOutputFolder, folder.reason);
       return false;
     }
-    SetupStage::Recover(environment_.disk, outputFolder_);
-    replaces_ = HoldsFiles(outputFolder_);
-    if (!replaces_ || observer_.MayEmptyOutputFolder(outputFolder_)) return true;
+    if (!Replaces() || observer_.MayEmptyOutputFolder(folder.path)) return true;
     End(BuildOutcome::OutputFolderInUse, {});
     return false;
   }
+
+  /// The output folder holds files, which may be deleted.
+  [[nodiscard]] bool Replaces() const { return !old_.files.empty(); }
 
   void MakeSetup(const ScriptHead& head) {
     StoreFiles();
@@ -101,15 +109,12 @@ class Build {
 
   // Log, script and files of one setup move in together or not at all.
   void Publish() {
-    if (isIncomplete_ && replaces_) {
-      End(BuildOutcome::Incomplete,
-          std::string(summary_.diskFull ? "Der Datenträger ist voll. "
-                                        : "Das Archiv konnte nicht erstellt werden. ") +
-              model::LoadText(model::Text::OldSetupStays));
+    if (Replaces() && (isIncomplete_ || !unread_.empty())) {
+      End(BuildOutcome::Incomplete, WhyIncomplete() + model::LoadText(model::Text::OldSetupStays));
       return;
     }
     try {
-      if (const std::optional<tools::Error> left = stage_->Publish(replaces_)) {
+      if (const std::optional<tools::Error> left = stage_->Publish(Replaces() ? &old_ : nullptr)) {
         End(BuildOutcome::OutputFolderStuck,
             "Das Setup ist erstellt, aber der alte Inhalt des Ausgabeordners ist nicht "
             "ganz gelöscht. " +
@@ -120,6 +125,12 @@ class Build {
     }
   }
 
+  [[nodiscard]] std::string WhyIncomplete() const {
+    if (summary_.diskFull) return "Der Datenträger ist voll. ";
+    if (isIncomplete_) return "Das Archiv konnte nicht erstellt werden. ";
+    return model::LoadText(model::Text::SourcesNotRead) + ": " + unread_ + ". ";
+  }
+
   void End(BuildOutcome outcome, std::string reason) {
     summary_.outcome = outcome;
     summary_.reason = std::move(reason);
@@ -128,8 +139,10 @@ class Build {
   void StoreFiles() {
     progress_.Start(survey_.files, survey_.bytes);
     const std::unique_ptr<FileStore> store = MakeStore();
-    summary_.diskFull = engine::StoreFiles(survey_, *store, names_, log_);
+    const StoreFailures failures = engine::StoreFiles(survey_, *store, names_, log_);
+    summary_.diskFull = failures.diskFull;
     isIncomplete_ = summary_.diskFull;
+    unread_ = failures.unread;
     if (const std::optional<tools::Error> failure = store->Finish()) {
       isIncomplete_ = true;
       NoteDiskFull(failure->Cause());
@@ -197,9 +210,10 @@ class Build {
   BuildProgress progress_;
   Survey survey_;
   StoredNameMap names_;
-  std::string outputFolder_;
-  bool replaces_ = false;  ///< the output folder holds files, and they may be deleted
+  std::optional<tools::FolderClaim> claim_;  ///< on the output folder, as long as this lives
+  OutputContent old_;                        ///< what lay there at first
   bool isIncomplete_ = false;
+  std::string unread_;  ///< a source that is there, as far as the system tells, and was not read
   std::optional<SetupStage> stage_;
   BuildSummary summary_;
 };

@@ -57,13 +57,15 @@ struct BuildSummary {
 ///
 /// The setup is made in a hidden folder inside the output folder and takes the old content's place
 /// when it is whole: archive or tree, script, programs and log. A setup that lacks files because
-/// the disk is full or the archive failed only moves in where it replaces nothing. Whenever the
-/// build does not finish, the output folder holds what it held before.
+/// the disk is full, the archive failed or sources could not be read only moves in where it
+/// replaces nothing. Whenever the build does not finish, the output folder holds what it held
+/// before. From the first look at the output folder to its end a build holds a tools::FolderClaim
+/// on it.
 ///
 /// Raises tools::Error, after tidying up, when the build cannot run or end at all: settings that
 /// cannot be read or are out of range, a product title that no file name can hold, an unsafe
-/// version text, a version without a usable file, a full or read-only disk for the output folder,
-/// the script or the log.
+/// version text, a version without a usable file, an output folder that another build holds, a full
+/// or read-only disk for it, the script or the log.
 [[nodiscard]] BuildSummary BuildVersion(const BuildEnvironment& environment,
                                         const BuildOptions& options, std::int32_t version,
                                         BuildObserver& observer);

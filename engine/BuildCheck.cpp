@@ -51,9 +51,10 @@ class Checker {
 
  private:
   void CheckOutputFolder() {
-    const OutputFolder folder =
-        AcceptOutputFolder(options_.folder, project_, survey_.sourceFolders);
+    const ProtectedPlaces places(project_, version_, survey_.sourceFolders, programFolder_);
+    OutputFolder folder = AcceptOutputFolder(options_.folder, project_, places);
     outputFolder_ = folder.path;
+    if (folder.IsAccepted()) folder = AcceptContent(folder, ContentOf(folder.path), places);
     if (!folder.IsAccepted()) {
       findings_.Report("Der Ausgabeordner ist ungültig. " + folder.reason);
     }

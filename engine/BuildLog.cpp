@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "engine/OutputNames.h"
 #include "tools/Error.h"
 
 namespace engine {
@@ -24,7 +25,7 @@ void BuildLog::BeginBuildLog() {
   text_.clear();
   errors_ = 0;
   warnings_ = 0;
-  Append("Quillon Packwright Build Log", "");
+  Append(kLogHead, "");
   Append("Created: ", clock_.DateTimeText());
   Append("", "");
 }

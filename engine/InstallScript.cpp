@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "engine/OutputNames.h"
 #include "engine/ScriptPath.h"
 #include "model/FolderTable.h"
 #include "model/TextTable.h"
@@ -56,7 +57,7 @@ InstallScript::InstallScript(Sink sink, ScriptHead head, bool packaged)
     : sink_(std::move(sink)), head_(std::move(head)), packaged_(packaged) {}
 
 void InstallScript::Begin() {
-  WriteScriptLine("' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL");
+  WriteScriptLine(kScriptTitle);
   WriteScriptLine("' Copyright (C) " + std::to_string(head_.year) + " by " + head_.author);
   WriteScriptLine("' Created with Quillon Packwright " + tools::FormatVersion(head_.toolVersion));
   WriteScriptLine("");

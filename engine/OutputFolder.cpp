@@ -6,11 +6,8 @@
 #include "model/TextTable.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
-#include "tools/files/FindFiles.h"
-#include "tools/files/FolderListing.h"
+#include "tools/files/Mounts.h"
 #include "tools/files/Path.h"
-#include "tools/files/SpecialFolders.h"
-#include "tools/files/TemporaryName.h"
 
 namespace engine {
 
@@ -23,17 +20,27 @@ bool IsRoot(const std::string& path) {
   return path.starts_with("\\\\") && std::count(path.begin(), path.end(), '\\') <= 3;
 }
 
-bool Holds(const std::string& output, const std::string& place) {
-  return !place.empty() && tools::IsSameOrBelow(tools::CanonicalPath(place), output);
+bool IsVersionControl(const std::string& name) {
+  const std::string folded = tools::FoldCase(name);
+  return folded == ".git" || folded == ".hg" || folded == ".svn";
 }
 
-bool HoldsProduct(const std::string& output, const model::ModProject& project) {
-  if (Holds(output, project.ProductPath())) return true;
-  // Those beyond a damaged count, too.
-  const std::vector<std::string> versions = project.StoredVersionTexts();
-  return std::any_of(versions.begin(), versions.end(), [&](const std::string& version) {
-    return model::IsSafeVersionText(version) && Holds(output, project.VersionFolder(version));
-  });
+// The part of version control that the folder is, lies in or holds at its top; mostly empty.
+std::string VersionControlAt(const std::string& folder) {
+  for (std::string place = folder; !place.empty();) {
+    if (IsVersionControl(tools::FileNamePart(place))) return place;
+    std::string above = tools::FolderOf(place);
+    if (above.size() >= place.size()) break;
+    place = std::move(above);
+  }
+  for (const char* name : {".git", ".hg", ".svn"}) {
+    const std::string place = tools::JoinPath(folder, name);
+    std::error_code ignored;
+    if (std::filesystem::exists(std::filesystem::symlink_status(tools::ToPath(place), ignored))) {
+      return place;
+    }
+  }
+  return {};
 }
 
 // The first thing on the way to `path`, itself included, that is there and is no folder.
@@ -50,8 +57,42 @@ std::string ObstacleOn(const std::string& path) {
   return {};
 }
 
-OutputFolder Refuse(FolderRefusal refusal, model::Text text, const std::string& place) {
-  std::string reason = model::LoadText(text);
+model::Text TextOf(FolderRefusal refusal) {
+  using model::Text;
+  switch (refusal) {
+    case FolderRefusal::None:
+    case FolderRefusal::Blank:
+      return Text::NoFolderGiven;
+    case FolderRefusal::Root:
+      return Text::FolderIsRoot;
+    case FolderRefusal::Home:
+      return Text::FolderHoldsHome;
+    case FolderRefusal::Product:
+      return Text::FolderHoldsProduct;
+    case FolderRefusal::Sources:
+      return Text::FolderHoldsSources;
+    case FolderRefusal::NotAFolder:
+      return Text::FileInFoldersPlace;
+    case FolderRefusal::OthersHome:
+      return Text::FolderHoldsUsersHome;
+    case FolderRefusal::Program:
+      return Text::FolderHoldsProgram;
+    case FolderRefusal::OtherSources:
+      return Text::FolderHoldsOtherSources;
+    case FolderRefusal::VersionControl:
+      return Text::FolderOfVersionControl;
+    case FolderRefusal::Mount:
+      return Text::FolderIsMount;
+    case FolderRefusal::MountBelow:
+      return Text::FolderHoldsMount;
+    case FolderRefusal::UnknownSources:
+      return Text::SourcesAreUnknown;
+  }
+  return Text::NoFolderGiven;
+}
+
+OutputFolder Refuse(FolderRefusal refusal, const std::string& place) {
+  std::string reason = model::LoadText(TextOf(refusal));
   if (!place.empty()) reason.append(": ").append(place);
   return {{}, refusal, std::move(reason)};
 }
@@ -65,39 +106,47 @@ std::string OutputFolderPath(std::string_view text, const model::ModProject& pro
 }
 
 OutputFolder AcceptOutputFolder(std::string_view text, const model::ModProject& project,
-                                const std::set<std::string>& sourceFolders) {
+                                const ProtectedPlaces& places) {
   const std::string path = OutputFolderPath(text, project);
-  if (path.empty()) return Refuse(FolderRefusal::Blank, model::Text::NoFolderGiven, {});
-  if (IsRoot(path)) return Refuse(FolderRefusal::Root, model::Text::FolderIsRoot, path);
-  if (Holds(path, tools::SpecialFolder(tools::kProfileFolder))) {
-    return Refuse(FolderRefusal::Home, model::Text::FolderHoldsHome, path);
+  if (path.empty()) return Refuse(FolderRefusal::Blank, {});
+  if (IsRoot(path)) return Refuse(FolderRefusal::Root, path);
+  if (const auto place = places.PlaceIn(path)) {
+    const bool isItself =
+        place->rule == FolderRefusal::Home || place->rule == FolderRefusal::Product;
+    return Refuse(place->rule, isItself ? path : place->path);
   }
-  if (HoldsProduct(path, project))
-    return Refuse(FolderRefusal::Product, model::Text::FolderHoldsProduct, path);
-  for (const std::string& folder : sourceFolders) {
-    if (Holds(path, folder))
-      return Refuse(FolderRefusal::Sources, model::Text::FolderHoldsSources, folder);
-  }
+  const std::string controlled = VersionControlAt(path);
+  if (!controlled.empty()) return Refuse(FolderRefusal::VersionControl, controlled);
   const std::string obstacle = ObstacleOn(path);
-  if (!obstacle.empty())
-    return Refuse(FolderRefusal::NotAFolder, model::Text::FileInFoldersPlace, obstacle);
+  if (!obstacle.empty()) return Refuse(FolderRefusal::NotAFolder, obstacle);
   return {path, FolderRefusal::None, {}};
 }
 
-bool HoldsFiles(const std::string& folder) {
-  if (!tools::FolderExists(folder)) return false;
-  std::error_code failure;
-  const std::vector<tools::FolderItem> items = tools::ListFolder(folder, failure);
-  if (failure) return true;
-  return std::any_of(items.begin(), items.end(), [&folder](const tools::FolderItem& item) {
-    if (tools::IsTemporaryName(item.name)) return false;
-    if (item.kind != tools::FolderItem::Kind::Folder) {
-      return item.kind == tools::FolderItem::Kind::File;
+OutputFolder AcceptTop(const OutputFolder& folder, bool holdsFiles, const ProtectedPlaces& places) {
+  if (!folder.IsAccepted() || !holdsFiles) return folder;
+  if (!places.Unread().empty()) return Refuse(FolderRefusal::UnknownSources, places.Unread());
+  if (tools::IsMountRoot(folder.path)) {
+    const std::string other = FirstOtherFile(folder.path);
+    if (!other.empty()) return Refuse(FolderRefusal::Mount, other);
+  }
+  return folder;
+}
+
+OutputFolder AcceptContent(const OutputFolder& folder, const OutputContent& content,
+                           const ProtectedPlaces& places) {
+  // A setup may install such a folder, carelessly or not: it can be built again.
+  const bool isSetup = FirstOtherFile(folder.path).empty();
+  for (const std::vector<std::string>* list : {&content.folders, &content.files}) {
+    for (const std::string& relative : *list) {
+      if (isSetup || !IsVersionControl(tools::FileNamePart(relative))) continue;
+      return Refuse(FolderRefusal::VersionControl, tools::JoinPath(folder.path, relative));
     }
-    const tools::FoundFiles found = tools::SearchFiles(tools::JoinPath(folder, item.name), "*.*",
-                                                       {.includeSubfolders = true, .atMost = 1});
-    return !found.paths.empty() || !found.unreadFolders.empty();
-  });
+  }
+  for (const std::string& relative : content.folders) {
+    const std::string path = tools::JoinPath(folder.path, relative);
+    if (tools::IsMountRoot(path)) return Refuse(FolderRefusal::MountBelow, path);
+  }
+  return AcceptTop(folder, !content.files.empty(), places);
 }
 
 }  // namespace engine

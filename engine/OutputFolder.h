@@ -2,24 +2,14 @@
 // hurt are refused.
 #pragma once
 
-#include <set>
 #include <string>
 #include <string_view>
 
+#include "engine/OutputContent.h"
+#include "engine/ProtectedPlaces.h"
 #include "model/ModProject.h"
 
 namespace engine {
-
-/// The rule that refuses an output folder.
-enum class FolderRefusal {
-  None,
-  Blank,      ///< no folder is named
-  Root,       ///< the root of a file system, drive or network share
-  Home,       ///< it is the home folder or holds it
-  Product,    ///< it holds the product file or a version's folder
-  Sources,    ///< sources of the version lie in it
-  NotAFolder  ///< something else stands in its place, or in that of a folder above it
-};
 
 struct OutputFolder {
   std::string path;  ///< absolute, links resolved; empty when refused
@@ -33,14 +23,20 @@ struct OutputFolder {
 /// from the product's folder, and "\" separates on every machine. Empty for blank text.
 [[nodiscard]] std::string OutputFolderPath(std::string_view text, const model::ModProject& project);
 
-/// The output folder that `text` names, or why it is refused. `sourceFolders` are full paths of
-/// folders that hold sources. Raises tools::Error when the product cannot be read.
+/// The output folder that `text` names, or why it is refused for its place. Raises tools::Error
+/// when the product cannot be read.
 [[nodiscard]] OutputFolder AcceptOutputFolder(std::string_view text,
                                               const model::ModProject& project,
-                                              const std::set<std::string>& sourceFolders);
+                                              const ProtectedPlaces& places);
 
-/// True when a file (or a link to one) lies in the folder or below it, or when that cannot be told.
-/// What builds keep there for themselves while they run does not count.
-[[nodiscard]] bool HoldsFiles(const std::string& folder);
+/// The same for what an accepted folder holds, at its top and in all folders below; to be asked
+/// once SetupStage::Recover has put right what lies there. Raises tools::Error when it cannot be
+/// read.
+[[nodiscard]] OutputFolder AcceptContent(const OutputFolder& folder, const OutputContent& content,
+                                         const ProtectedPlaces& places);
+
+/// The part of AcceptContent that needs no look below the folder: for hints while a path is typed.
+[[nodiscard]] OutputFolder AcceptTop(const OutputFolder& folder, bool holdsFiles,
+                                     const ProtectedPlaces& places);
 
 }  // namespace engine

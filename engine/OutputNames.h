@@ -15,6 +15,10 @@ inline constexpr const char* kRuntimeName = "InstallTessel.msi";
 inline constexpr const char* kScriptEnding = ".install";
 inline constexpr const char* kArchiveEnding = ".zip";
 
+// What the log and the script begin with: it tells a setup from other files.
+inline constexpr const char* kLogHead = "Quillon Packwright Build Log";
+inline constexpr const char* kScriptTitle = "' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL";
+
 /// Those of a folder tree made with these options for a product of this title.
 [[nodiscard]] inline std::vector<std::string> OwnNamesInTree(const BuildOptions& options,
                                                              const std::string& title) {

@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <set>
+#include <string_view>
 
-#include "engine/OutputFolder.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
+#include "tools/files/FolderListing.h"
+#include "tools/files/FolderSteps.h"
+#include "tools/files/LeftoverLock.h"
 #include "tools/files/Path.h"
 #include "tools/files/TemporaryName.h"
 
@@ -14,13 +18,19 @@ namespace engine {
 
 namespace {
 
+// What a stage holds: the new setup; the old content while it is set aside; all of that, once it
+// is; and a mark, while the old content goes back because the new setup could not move in.
+constexpr std::string_view kNew = "new";
+constexpr std::string_view kOld = "old";
+constexpr std::string_view kReplaced = "replaced";
+constexpr std::string_view kGoingBack = "back";
+
 // Every name in a folder, links that lead anywhere or nowhere included.
 std::vector<std::string> NamesIn(const std::string& folder) {
-  std::vector<std::string> names;
   std::error_code failure;
-  for (std::filesystem::directory_iterator place(tools::ToPath(folder), failure), end;
-       !failure && place != end; place.increment(failure)) {
-    names.push_back(tools::FromPath(place->path().filename()));
+  std::vector<std::string> names;
+  for (tools::FolderEntry& entry : tools::ListEntries(folder, failure)) {
+    names.push_back(std::move(entry.name));
   }
   if (failure) throw tools::PathError("Der Ordner kann nicht gelesen werden", folder, failure);
   std::sort(names.begin(), names.end());
@@ -32,10 +42,6 @@ bool IsThere(const std::string& path) {
   return std::filesystem::exists(std::filesystem::symlink_status(tools::ToPath(path), ignored));
 }
 
-constexpr std::string_view kNew = "new";
-constexpr std::string_view kOld = "old";
-constexpr std::string_view kReplaced = "replaced";
-
 /// Moves what lies in `from`, if that is there, to the names that are free in `to`.
 void MoveContent(tools::Disk& disk, const std::string& from, const std::string& to) {
   if (!IsThere(from)) return;
@@ -45,125 +51,140 @@ void MoveContent(tools::Disk& disk, const std::string& from, const std::string& 
   }
 }
 
-}  // namespace
-
-namespace {
-
-/// Calls `action` for each hidden folder in the output folder that no running build holds.
-void ForEachLeftover(const std::string& outputFolder,
+/// Calls `action` with the path of each hidden folder in the output folder that no running build
+/// holds.
+void ForEachLeftover(const tools::FolderClaim& output,
                      const std::function<void(const std::string& stage)>& action) {
-  for (const std::string& name : NamesIn(outputFolder)) {
-    const std::string stage = tools::JoinPath(outputFolder, name);
-    if (!tools::IsTemporaryName(name) || !tools::FolderExists(stage)) continue;
-    std::optional<tools::FolderLock> lock;
-    try {
-      lock.emplace(stage);
-    } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): another build is still at it
-      continue;
+  std::error_code failure;
+  const auto entries = tools::ListEntries(output.Path(), failure);
+  if (failure) {
+    throw tools::PathError("Der Ordner kann nicht gelesen werden", output.Path(), failure);
+  }
+  for (const tools::FolderEntry& entry : entries) {
+    const std::string stage = tools::JoinPath(output.Path(), entry.name);
+    if (entry.kind == tools::FolderEntry::Kind::Folder && tools::IsTemporaryName(entry.name) &&
+        tools::IsOwnerGone(stage)) {
+      action(stage);
     }
-    action(stage);
   }
 }
 
-/// Only a new setup that is whole replaces an old one: once all of that is aside, go forward.
-std::string ContentToRestore(const std::string& stage) {
-  return tools::JoinPath(stage, IsThere(tools::JoinPath(stage, kReplaced)) ? kNew : kOld);
+/// The folders of a stage whose content belongs into the output folder. Only a new setup that is
+/// whole replaces an old one: once all of that is aside, go forward, unless it was going back.
+std::vector<std::string> FoldersToRestore(const std::string& stage) {
+  const auto inStage = [&stage](std::string_view name) { return tools::JoinPath(stage, name); };
+  if (IsThere(inStage(kGoingBack))) return {inStage(kOld), inStage(kReplaced)};
+  return {inStage(IsThere(inStage(kReplaced)) ? kNew : kOld)};
 }
 
-void RemoveLeftovers(const std::string& outputFolder) {
-  ForEachLeftover(outputFolder, [](const std::string& stage) {
-    const std::string content = ContentToRestore(stage);
-    // Somebody else's files have taken its names: it stays where it is.
-    if (IsThere(content) && !content.ends_with(kNew) && !NamesIn(content).empty()) return;
+/// True when somebody else's files have taken the names of old content.
+bool HoldsOldContent(const std::string& stage) {
+  const std::vector<std::string> folders = FoldersToRestore(stage);
+  return std::any_of(folders.begin(), folders.end(), [](const std::string& folder) {
+    return tools::FileNamePart(folder) != kNew && IsThere(folder) && !NamesIn(folder).empty();
+  });
+}
+
+void RemoveLeftovers(const tools::FolderClaim& output) {
+  ForEachLeftover(output, [&output](const std::string& stage) {
     try {
-      tools::RemoveFolderTree(stage);
+      if (!HoldsOldContent(stage)) output.Remove(tools::FileNamePart(stage));
     } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the next build tries again
     }
   });
 }
 
+void MakeNewFolder(const std::string& path) {
+  if (const std::error_code cause = tools::CreateOneFolder(path)) {
+    throw tools::PathError("Der Ordner kann nicht angelegt werden", path, cause);
+  }
+}
+
 }  // namespace
 
-void SetupStage::Recover(tools::Disk& disk, const std::string& outputFolder) {
-  if (!tools::FolderExists(outputFolder)) return;
-  const tools::FolderLock lock(outputFolder);
-  ForEachLeftover(outputFolder, [&](const std::string& stage) {
-    MoveContent(disk, ContentToRestore(stage), outputFolder);
+void SetupStage::Recover(tools::Disk& disk, const tools::FolderClaim& output) {
+  ForEachLeftover(output, [&](const std::string& stage) {
+    for (const std::string& folder : FoldersToRestore(stage)) {
+      MoveContent(disk, folder, output.Path());
+    }
   });
 }
 
-SetupStage::SetupStage(tools::Disk& disk, std::string outputFolder)
-    : disk_(disk), outputFolder_(std::move(outputFolder)) {
-  madeFolders_ = tools::MakeFolder(outputFolder_);
-  RemoveLeftovers(outputFolder_);
-  stage_ = tools::TemporaryNameBeside(InOutput("x"));
-  new_ = tools::JoinPath(stage_, kNew);
-  old_ = tools::JoinPath(stage_, kOld);
-  replaced_ = tools::JoinPath(stage_, kReplaced);
+SetupStage::SetupStage(tools::Disk& disk, const tools::FolderClaim& output)
+    : disk_(disk), output_(output) {
+  RemoveLeftovers(output_);
   try {
-    tools::MakeFolder(stage_);
-    lock_.emplace(stage_);
-    tools::MakeFolder(new_);
+    hold_.emplace(InOutput("x"), &MakeNewFolder);
+    new_ = tools::JoinPath(hold_->Path(), kNew);
+    old_ = tools::JoinPath(hold_->Path(), kOld);
+    replaced_ = tools::JoinPath(hold_->Path(), kReplaced);
+    MakeNewFolder(new_);
   } catch (const tools::Error& error) {
-    throw tools::PathError("In den Ausgabeordner kann nicht geschrieben werden", outputFolder_,
+    throw tools::PathError("In den Ausgabeordner kann nicht geschrieben werden", output_.Path(),
                            error.Cause());
   }
 }
 
 SetupStage::~SetupStage() {
   if (isKept_) return;
+  const std::string name = tools::FileNamePart(hold_->Path());
+  hold_.reset();
   try {
-    tools::RemoveFolderTree(stage_);
+    output_.Remove(name);
   } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the next build here tries again
-  }
-  // Only an empty folder can be removed so.
-  std::error_code ignored;
-  for (; !madeFolders_.empty(); madeFolders_.pop_back()) {
-    std::filesystem::remove(tools::ToPath(madeFolders_.back()), ignored);
   }
 }
 
 std::string SetupStage::WithUsersPaths(const std::string& text) const {
-  return tools::ReplaceAll(text, new_, outputFolder_);
+  return tools::ReplaceAll(text, new_, output_.Path());
 }
 
-std::optional<tools::Error> SetupStage::Publish(bool mayDelete) {
-  const tools::FolderLock lock(outputFolder_);  // two builds must not mix their moves
+std::optional<tools::Error> SetupStage::Publish(const OutputContent* old) {
   const std::vector<std::string> names = NamesIn(new_);
   try {
     // All of the old setup goes before any of the new one comes: whenever this ends, no mixture of
     // the two stands there.
-    SetOldAside(mayDelete, names);
-    Move(old_, replaced_, outputFolder_);
+    SetOldAside(old, names);
+    Move(old_, replaced_, output_.Path());
     for (const std::string& name : names) {
+      if (IsThere(InOutput(name))) FailForNewFile(InOutput(name));
       Move(tools::JoinPath(new_, name), InOutput(name), InOutput(name));
     }
   } catch (const tools::Error& error) {
     if (MoveBack()) throw;
-    throw tools::Error(
-        std::string(error.what()) + ". Der bisherige Inhalt des Ausgabeordners liegt in " + stage_,
-        error.Cause());
+    throw tools::Error(std::string(error.what()) +
+                           ". Der bisherige Inhalt des Ausgabeordners liegt in " + hold_->Path(),
+                       error.Cause());
   }
   try {
-    tools::RemoveFolderTree(replaced_);
+    output_.Remove(tools::JoinPath(tools::FileNamePart(hold_->Path()), kReplaced));
     return std::nullopt;
   } catch (const tools::Error& error) {
     return error;
   }
 }
 
-void SetupStage::SetOldAside(bool mayDelete, const std::vector<std::string>& newNames) {
-  if (!mayDelete && HoldsFiles(outputFolder_)) {
-    throw tools::Error("Im Ausgabeordner sind inzwischen Dateien entstanden: " + outputFolder_);
-  }
-  std::vector<std::string> old = mayDelete ? NamesIn(outputFolder_) : newNames;
-  std::erase_if(old, [this](const std::string& name) {
+void SetupStage::FailForNewFile(const std::string& path) {
+  throw tools::Error("Im Ausgabeordner sind inzwischen Dateien entstanden: " + path);
+}
+
+void SetupStage::SetOldAside(const OutputContent* old, const std::vector<std::string>& newNames) {
+  // Empty folders go only where the new setup takes their names.
+  std::vector<std::string> names = old != nullptr ? NamesIn(output_.Path()) : newNames;
+  std::erase_if(names, [this](const std::string& name) {
     return tools::IsTemporaryName(name) || !IsThere(InOutput(name));
   });
-  tools::MakeFolder(old_);
-  for (const std::string& name : old) {
+  MakeNewFolder(old_);
+  for (const std::string& name : names) {
     Move(InOutput(name), tools::JoinPath(old_, name), InOutput(name));
   }
+  // Looked at here, where nobody adds to it any more.
+  std::set<std::string_view> known;
+  if (old != nullptr) known.insert(old->files.begin(), old->files.end());
+  for (const std::string& file : ContentOf(old_).files) {
+    if (!known.contains(file)) FailForNewFile(InOutput(file));
+  }
+  if (old == nullptr && HoldsFiles(output_.Path())) FailForNewFile(output_.Path());
 }
 
 void SetupStage::Move(const std::string& from, const std::string& to,
@@ -178,6 +199,8 @@ void SetupStage::Move(const std::string& from, const std::string& to,
 }
 
 bool SetupStage::MoveBack() {
+  // Tells a later build which way to go on, should this one be killed or fail on the way.
+  (void)tools::CreateOneFolder(tools::JoinPath(hold_->Path(), kGoingBack));
   for (; !moved_.empty(); moved_.pop_back()) {
     try {
       disk_.Replace(moved_.back().second, moved_.back().first);
@@ -189,7 +212,7 @@ bool SetupStage::MoveBack() {
 }
 
 std::string SetupStage::InOutput(const std::string& name) const {
-  return tools::JoinPath(outputFolder_, name);
+  return tools::JoinPath(output_.Path(), name);
 }
 
 }  // namespace engine

@@ -9,9 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include "engine/OutputContent.h"
 #include "tools/Error.h"
 #include "tools/files/Disk.h"
-#include "tools/files/FolderLock.h"
+#include "tools/files/FolderClaim.h"
+#include "tools/files/Leftovers.h"
 
 namespace engine {
 
@@ -20,13 +22,12 @@ class SetupStage {
   /// Puts right what killed builds left in an output folder: a setup that was moving in goes on
   /// doing so, and one that was being set aside goes back. Removes nothing. Call it before looking
   /// at what the folder holds. Raises tools::Error naming what could not be moved.
-  static void Recover(tools::Disk& disk, const std::string& outputFolder);
+  static void Recover(tools::Disk& disk, const tools::FolderClaim& output);
 
-  /// Creates the output folder where it is missing and the hidden folder in it, and removes the
-  /// hidden folders that no running build holds. `disk` must outlive the stage. Raises
-  /// tools::Error.
-  SetupStage(tools::Disk& disk, std::string outputFolder);
-  /// Removes what was not published, and folders made for it that are empty.
+  /// Creates the hidden folder in the output folder, and removes what killed builds left there.
+  /// Both references must outlive the stage. Raises tools::Error.
+  SetupStage(tools::Disk& disk, const tools::FolderClaim& output);
+  /// Removes what was not published.
   ~SetupStage();
   SetupStage(const SetupStage&) = delete;
   SetupStage& operator=(const SetupStage&) = delete;
@@ -37,28 +38,27 @@ class SetupStage {
   /// `text` with the paths that the user knows instead of those in the hidden folder.
   [[nodiscard]] std::string WithUsersPaths(const std::string& text) const;
 
-  /// Takes the old content of the output folder away and moves the new one to its place. Without
-  /// `mayDelete` the old content stays, and it is an error when it holds files. Raises tools::Error
-  /// naming what stood in the way; the old content is then back in its place (or the error says
-  /// where it lies). Gives the error when the new setup is in its place but some of the old content
-  /// could not be deleted.
-  [[nodiscard]] std::optional<tools::Error> Publish(bool mayDelete);
+  /// Takes the old content of the output folder away and moves the new one to its place. `old` is
+  /// what may be deleted, as it was seen before the build; null when the folder held no files.
+  /// Files that came since are an error. Raises tools::Error naming what stood in the way; the old
+  /// content is then back in its place (or the error says where it lies). Gives the error when the
+  /// new setup is in its place but some of the old content could not be deleted.
+  [[nodiscard]] std::optional<tools::Error> Publish(const OutputContent* old);
 
  private:
-  void SetOldAside(bool mayDelete, const std::vector<std::string>& newNames);
+  [[noreturn]] static void FailForNewFile(const std::string& path);
+  void SetOldAside(const OutputContent* old, const std::vector<std::string>& newNames);
   void Move(const std::string& from, const std::string& to, const std::string& usersPath);
   /// Returns false when something could not go back.
   bool MoveBack();
   [[nodiscard]] std::string InOutput(const std::string& name) const;
 
   tools::Disk& disk_;
-  std::string outputFolder_;
-  std::vector<std::string> madeFolders_;   ///< by the constructor, the outermost first
-  std::string stage_;                      ///< the hidden folder, and in it
-  std::string new_;                        ///< the new setup, and
-  std::string old_;                        ///< the old content while it is set aside, and
-  std::string replaced_;                   ///< all of it, while the new one moves in
-  std::optional<tools::FolderLock> lock_;  ///< tells other builds that the stage is in use
+  const tools::FolderClaim& output_;
+  std::optional<tools::HeldTemporary> hold_;  ///< the hidden folder, and in it
+  std::string new_;                           ///< the new setup, and
+  std::string old_;                           ///< the old content while it is set aside, and
+  std::string replaced_;                      ///< all of it, while the new one moves in
   bool isKept_ = false;  ///< the old content could not be put back, and is still in the stage
   std::vector<std::pair<std::string, std::string>> moved_;  ///< from and to
 };

@@ -12,6 +12,7 @@
 #include "tools/Numbers.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
+#include "tools/files/LinkTarget.h"
 #include "tools/files/Path.h"
 #include "tools/settings/SettingsFile.h"
 
@@ -253,11 +254,13 @@ class Surveyor {
     }
   }
 
-  // A source that is a link lies where the link leads.
+  // A source that is a link lies where the link leads, by way of other links maybe.
   void AddLinkedLocation(const std::string& path) {
     std::error_code ignored;
     if (!std::filesystem::is_symlink(tools::ToPath(path), ignored)) return;
-    survey_.sourceFolders.insert(tools::FolderOf(tools::CanonicalPath(path)));
+    for (const std::string& place : tools::PlacesOnTheWay(path)) {
+      survey_.sourceFolders.insert(tools::FolderOf(place));
+    }
   }
 
   void Measure(const std::string& path) {

@@ -65,7 +65,7 @@ std::string TreeStore::PathOf(const TreePlace& place) {
   std::string folder = tools::FolderOf(path);
   // Neighbouring files mostly share their folder: it is made once.
   if (folder != lastFolder_) {
-    tools::MakeFolder(folder);
+    tools::MakeFolderBelow(folder_, tools::FolderOf(place.path));
     lastFolder_ = std::move(folder);
   }
   return path;

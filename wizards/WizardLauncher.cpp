@@ -12,14 +12,14 @@ WizardLauncher::WizardLauncher(BuildServices services) : services_(std::move(ser
 void WizardLauncher::StartSetupWizard(std::int32_t version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
   const tools::WizardPageRegistry optionPages =
-      OptionPages(services_.project, version, services_.dialogs, unsaved);
+      OptionPages(services_.project, version, services_.programFolder, services_.dialogs, unsaved);
   SetupWizard(services_, version, Frames(optionPages)).Start();
 }
 
 void WizardLauncher::StartUpdateWizard(std::int32_t version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
   const tools::WizardPageRegistry optionPages =
-      OptionPages(services_.project, version, services_.dialogs, unsaved);
+      OptionPages(services_.project, version, services_.programFolder, services_.dialogs, unsaved);
   UpdateWizard(services_.dialogs, Frames(optionPages)).Start();
 }
 

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <utility>
 
 #include "engine/OutputFolder.h"
 #include "engine/Survey.h"
@@ -38,11 +39,12 @@ std::string ConfigurationName(const std::string& value) {
 }  // namespace
 
 wizSetup_Output::wizSetup_Output(const model::ModProject& project, std::int32_t versionIndex,
-                                 tools::Dialogs& dialogs, tools::WizardDataStore& DataStore,
-                                 QWidget* parent)
+                                 std::string programFolder, tools::Dialogs& dialogs,
+                                 tools::WizardDataStore& DataStore, QWidget* parent)
     : WizardOptionPage(DataStore, parent),
       project_(project),
       versionIndex_(versionIndex),
+      programFolder_(std::move(programFolder)),
       dialogs_(dialogs) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -130,7 +132,8 @@ void wizSetup_Output::ShowValues() {
   Show(*txtOverviewConfiguration_, ConfigurationName(Value("config")));
   Show(*txtOverviewLanguage_, LanguageText(Value("language")));
   // Once, not with every key: that reads every component.
-  sourceFolders_ = engine::SourceFoldersOf(project_, versionIndex_);
+  places_.emplace(project_, versionIndex_, engine::SourceFoldersOf(project_, versionIndex_),
+                  programFolder_);
   const QSignalBlocker quiet(txtFolder_);
   txtFolder_->setText(ToQString(Value("folder")));
   ShowFolder();
@@ -148,13 +151,15 @@ void wizSetup_Output::TakeFolder() {
 }
 
 void wizSetup_Output::ShowFolder() {
-  const engine::OutputFolder folder =
-      engine::AcceptOutputFolder(Value("folder"), project_, sourceFolders_);
+  if (!places_) return;  // the product could not be read, and the user was told
+  engine::OutputFolder folder = engine::AcceptOutputFolder(Value("folder"), project_, *places_);
+  const bool holdsFiles = folder.IsAccepted() && engine::HoldsFiles(folder.path);
+  folder = engine::AcceptTop(folder, holdsFiles, *places_);
   Show(*txtOverviewFolder_, folder.path);
   if (!folder.IsAccepted()) {
     Warn(LoadText(Text::InvalidOutputFolder) + ' ' + folder.reason);
   } else {
-    Warn(engine::HoldsFiles(folder.path) ? LoadText(Text::OutputFolderHoldsFiles) : std::string());
+    Warn(holdsFiles ? LoadText(Text::OutputFolderHoldsFiles) : std::string());
   }
 }
 

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <set>
+#include <optional>
 #include <string>
 
+#include "engine/ProtectedPlaces.h"
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
 #include "tools/desktop/wizard/WizardOptionPage.h"
@@ -22,9 +23,11 @@ class wizSetup_Output : public tools::WizardOptionPage {
   Q_OBJECT
 
  public:
-  /// For the version in slot `versionIndex`. The references must outlive the page.
+  /// For the version in slot `versionIndex`; `programFolder` is the one of this program. The
+  /// references must outlive the page.
   wizSetup_Output(const model::ModProject& project, std::int32_t versionIndex,
-                  tools::Dialogs& dialogs, tools::WizardDataStore& DataStore, QWidget* parent);
+                  std::string programFolder, tools::Dialogs& dialogs,
+                  tools::WizardDataStore& DataStore, QWidget* parent);
 
   void ShowValues() override;
 
@@ -41,8 +44,9 @@ class wizSetup_Output : public tools::WizardOptionPage {
 
   const model::ModProject& project_;
   std::int32_t versionIndex_;
+  std::string programFolder_;
   tools::Dialogs& dialogs_;
-  std::set<std::string> sourceFolders_;
+  std::optional<engine::ProtectedPlaces> places_;
   QLineEdit* txtFolder_;
   QWidget* fraFolderWarning_;
   QLabel* lblFolderWarning_;

@@ -8,7 +8,9 @@ namespace engine {
 class OutputFolderTest : public tests::BuildFixture {
  protected:
   OutputFolder Accept(const std::string& text) {
-    return AcceptOutputFolder(text, project_, SurveyVersion(project_, 1, {}).sourceFolders);
+    const ProtectedPlaces places(project_, 1, SurveyVersion(project_, 1, {}).sourceFolders,
+                                 folder_.Path("programm"));
+    return AcceptOutputFolder(text, project_, places);
   }
   /// The rule that refuses each of these folders, as a letter: "-" for one that is accepted.
   std::string Refused(const std::vector<std::string>& names) {

@@ -47,7 +47,8 @@ struct OptionPage : Sample {
              const std::string& buildKeys = {})
       : Sample(buildKeys), store(values) {
     const std::string progId = std::string("PackwrightWizards.wizSetup_") + name;
-    page.reset(wizards::OptionPages(project, 1, dialogs, unsaved).Create(progId, store, nullptr));
+    page.reset(
+        wizards::OptionPages(project, 1, {}, dialogs, unsaved).Create(progId, store, nullptr));
     page->ShowValues();
     page->show();
   }

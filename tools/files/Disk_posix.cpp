@@ -62,6 +62,24 @@ class SystemOutputFile : public OutputFile {
   std::uint64_t end_ = 0;
 };
 
+/// Renames, and returns the system's reason when it cannot. Moving a folder changes its "..", for
+/// which the system wants the right to write to it: a write-protected one gets that for the moment.
+std::error_code Rename(const char* from, const char* to) {
+  if (::rename(from, to) == 0) return {};
+  const std::error_code cause = LastSystemError();
+  struct stat status {};
+  if (cause != std::errc::permission_denied || ::lstat(from, &status) != 0 ||
+      !S_ISDIR(status.st_mode) || (status.st_mode & S_IWUSR) != 0) {
+    return cause;
+  }
+  const mode_t mode = status.st_mode & 07777U;
+  if (::fchmodat(AT_FDCWD, from, mode | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0) return cause;
+  const bool done = ::rename(from, to) == 0;
+  [[maybe_unused]] const int restored =
+      ::fchmodat(AT_FDCWD, done ? to : from, mode, AT_SYMLINK_NOFOLLOW);
+  return done ? std::error_code() : cause;
+}
+
 }  // namespace
 
 std::unique_ptr<OutputFile> SystemDisk::CreateNew(const std::string& path,
@@ -86,7 +104,9 @@ void SystemDisk::Replace(const std::string& from, const std::string& to) {
     // Only the superuser may give a file away; for anyone else the new file is simply their own.
     [[maybe_unused]] const int kept = ::chown(from.c_str(), old.st_uid, old.st_gid);
   }
-  if (::rename(from.c_str(), to.c_str()) != 0) throw PathError(what, to, LastSystemError());
+  if (const std::error_code cause = Rename(from.c_str(), to.c_str())) {
+    throw PathError(what, to, cause);
+  }
 }
 
 void SystemDisk::SyncFolder(const std::string& folder) noexcept {

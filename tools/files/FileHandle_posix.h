@@ -14,6 +14,11 @@ class FileHandle {
   FileHandle(const FileHandle&) = delete;
   FileHandle& operator=(const FileHandle&) = delete;
 
+  /// Closes the present descriptor and owns this one from now on.
+  void Take(int descriptor) {
+    if (IsOpen()) ::close(descriptor_);
+    descriptor_ = descriptor;
+  }
   [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
   [[nodiscard]] int Get() const { return descriptor_; }
 

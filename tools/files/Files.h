@@ -27,9 +27,14 @@ enum class PathKind { Absent, File, Folder, Other };
 /// created, the outermost first. Raises Error naming the one that failed; none is then left over.
 std::vector<std::string> MakeFolder(std::string_view path);
 
-/// Deletes the folder with all files and subfolders; a link is removed itself, never followed.
-/// A folder that does not exist is fine. Raises Error naming the first path that stayed; what
-/// comes after it stays too.
+/// Creates the folder `relative` (the machine's separators, no "..") below `root` with its missing
+/// parents; none of them, `root` included, may be a link. Raises Error.
+void MakeFolderBelow(std::string_view root, std::string_view relative);
+
+/// Deletes the folder with all files and subfolders, write-protected ones of this user too; a link
+/// is removed itself, never followed, and a mounted file system is not entered. A folder that does
+/// not exist is fine. Raises Error naming the first path that stayed; what comes after it stays
+/// too.
 void RemoveFolderTree(std::string_view path);
 
 /// Renames a folder, on the same volume; `to` must not exist. Raises Error.

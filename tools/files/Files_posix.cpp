@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -14,6 +15,7 @@
 #include "tools/files/FolderListing.h"
 #include "tools/files/FolderSteps.h"
 #include "tools/files/Path.h"
+#include "tools/files/RemoveEntry_posix.h"
 #include "tools/files/TemporaryName.h"
 
 namespace tools {
@@ -55,42 +57,17 @@ bool LookAt(int folder, FolderItem& item) {
   return true;
 }
 
-[[noreturn]] void FailToRemove(const std::string& path, std::error_code cause) {
-  throw PathError("Der Ordner kann nicht gelöscht werden", path, cause);
-}
-
-/// Everything in a folder but "." and "..".
-std::vector<std::string> NamesIn(int folder, const std::string& path) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::fdopendir(folder), ::closedir);
-  if (!stream) FailToRemove(path, LastSystemError());
-  std::vector<std::string> names;
-  errno = 0;
-  while (const dirent* entry = ::readdir(stream.get())) {
-    const std::string_view name(entry->d_name);
-    if (name != "." && name != "..") names.emplace_back(name);
+/// What an entry is itself; what cannot be looked at is Other.
+FolderEntry::Kind OwnKind(int folder, const dirent& entry) {
+  if (entry.d_type == DT_REG) return FolderEntry::Kind::File;
+  if (entry.d_type == DT_DIR) return FolderEntry::Kind::Folder;
+  struct stat own {};
+  if (entry.d_type != DT_UNKNOWN ||
+      ::fstatat(folder, entry.d_name, &own, AT_SYMLINK_NOFOLLOW) != 0) {
+    return FolderEntry::Kind::Other;
   }
-  if (errno != 0) FailToRemove(path, LastSystemError());
-  return names;
-}
-
-/// Removes `name` in the open folder `parent` with all that it holds; `path` is what an error
-/// calls it. Folders are opened by way of their parent and never through a link, so that nobody can
-/// lead the removal elsewhere meanwhile.
-void RemoveEntry(int parent, const std::string& name, const std::string& path) {
-  if (::unlinkat(parent, name.c_str(), 0) == 0 || errno == ENOENT) return;
-  const std::error_code cause = LastSystemError();
-  const FileHandle folder(
-      ::openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-  if (!folder.IsOpen()) {
-    // What is no folder could not be unlinked; what is one could not be opened.
-    FailToRemove(path, errno == ENOTDIR || errno == ELOOP ? cause : LastSystemError());
-  }
-  for (const std::string& child : NamesIn(::dup(folder.Get()), path)) {
-    RemoveEntry(folder.Get(), child, JoinPath(path, child));
-  }
-  if (::unlinkat(parent, name.c_str(), AT_REMOVEDIR) != 0 && errno != ENOENT) {
-    FailToRemove(path, LastSystemError());
-  }
+  if (S_ISREG(own.st_mode)) return FolderEntry::Kind::File;
+  return S_ISDIR(own.st_mode) ? FolderEntry::Kind::Folder : FolderEntry::Kind::Other;
 }
 
 }  // namespace
@@ -115,6 +92,26 @@ void RemoveFolderTree(std::string_view path) {
   RemoveEntry(AT_FDCWD, folder, folder);
 }
 
+void MakeFolderBelow(std::string_view root, std::string_view relative) {
+  const char* const what = "Der Ordner kann nicht angelegt werden";
+  std::string path(root);
+  constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+  FileHandle folder(::open(path.c_str(), kFlags));
+  if (!folder.IsOpen()) throw PathError(what, path, LastSystemError());
+  while (!relative.empty()) {
+    const std::string name(relative.substr(0, relative.find('/')));
+    relative.remove_prefix(std::min(relative.size(), name.size() + 1));
+    if (name.empty()) continue;
+    path = JoinPath(path, name);
+    if (::mkdirat(folder.Get(), name.c_str(), 0777) != 0 && errno != EEXIST) {
+      throw PathError(what, path, LastSystemError());
+    }
+    const int below = ::openat(folder.Get(), name.c_str(), kFlags);
+    if (below < 0) throw PathError(what, path, LastSystemError());
+    folder.Take(below);
+  }
+}
+
 void MoveFolder(std::string_view from, std::string_view to) {
   if (::rename(std::string(from).c_str(), std::string(to).c_str()) == 0) return;
   throw PathError("Der Ordner kann nicht umbenannt werden", IsTemporaryName(from) ? to : from,
@@ -132,6 +129,26 @@ FileStamp StampOf(std::string_view path) {
   if (StatusOf(path, status, failure)) return StampFrom(status);
   if (failure) throw PathError("Die Datei kann nicht gelesen werden", path, failure);
   return {};
+}
+
+std::vector<FolderEntry> ListEntries(std::string_view folder, std::error_code& failure) {
+  std::vector<FolderEntry> entries;
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(std::string(folder).c_str()),
+                                                   ::closedir);
+  if (!stream) {
+    failure = LastSystemError();
+    return entries;
+  }
+  errno = 0;
+  while (const dirent* entry = ::readdir(stream.get())) {
+    const std::string_view name(entry->d_name);
+    if (name != "." && name != "..") {
+      entries.push_back({std::string(name), OwnKind(::dirfd(stream.get()), *entry)});
+    }
+    errno = 0;
+  }
+  if (errno != 0) failure = LastSystemError();
+  return entries;
 }
 
 std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tools/Error.h"
 #include "tools/WindowsApi.h"
 #include "tools/WindowsText.h"
@@ -127,6 +129,24 @@ void RemoveFolderTree(std::string_view path) {
   if (attributes != INVALID_FILE_ATTRIBUTES) RemoveTree(LongPath(path), attributes);
 }
 
+void MakeFolderBelow(std::string_view root, std::string_view relative) {
+  std::string path(root);
+  while (!relative.empty()) {
+    const std::string name(relative.substr(0, relative.find('\\')));
+    relative.remove_prefix(std::min(relative.size(), name.size() + 1));
+    if (name.empty()) continue;
+    path = JoinPath(path, name);
+    const std::error_code cause = CreateOneFolder(path);
+    std::error_code failure;
+    const DWORD attributes = AttributesOf(path, failure);
+    const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES &&
+                          (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && !IsFolderLink(attributes);
+    if (isFolder) continue;
+    throw PathError("Der Ordner kann nicht angelegt werden", path,
+                    cause ? cause : std::make_error_code(std::errc::not_a_directory));
+  }
+}
+
 void MoveFolder(std::string_view from, std::string_view to) {
   const std::wstring source = LongPath(from);
   const std::wstring target = LongPath(to);
@@ -157,6 +177,26 @@ FileStamp StampOf(std::string_view path) {
     throw PathError("Die Datei kann nicht gelesen werden", path, LastSystemError());
   }
   return {};
+}
+
+std::vector<FolderEntry> ListEntries(std::string_view folder, std::error_code& failure) {
+  std::vector<FolderEntry> entries;
+  FolderSearch search(LongPath(folder));
+  if (!search.IsOpen()) {
+    failure = LastSystemError();
+    return entries;
+  }
+  do {
+    if (search.IsDots()) continue;
+    const DWORD attributes = search.Data().dwFileAttributes;
+    FolderEntry::Kind kind = FolderEntry::Kind::File;
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+      kind = IsFolderLink(attributes) ? FolderEntry::Kind::Other : FolderEntry::Kind::Folder;
+    }
+    entries.push_back({FromWide(search.Data().cFileName), kind});
+  } while (search.Next());
+  if (GetLastError() != ERROR_NO_MORE_FILES) failure = LastSystemError();
+  return entries;
 }
 
 std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {

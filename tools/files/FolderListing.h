@@ -23,6 +23,22 @@ struct FolderItem {
   std::error_code cause{};  ///< why it is Dead
 };
 
+/// One entry, links not followed.
+struct FolderEntry {
+  enum class Kind {
+    File,    ///< a regular file
+    Folder,  ///< a folder itself
+    Other    ///< a link (on Windows: of a folder), a device, what cannot be looked at
+  };
+
+  std::string name;
+  Kind kind = Kind::Other;
+};
+
+/// Everything in a folder but "." and "..", in no particular order. `failure` as below.
+[[nodiscard]] std::vector<FolderEntry> ListEntries(std::string_view folder,
+                                                   std::error_code& failure);
+
 /// All that lies in a folder, in no particular order; links to files count as files. `failure` says
 /// why it cannot be read to its end.
 [[nodiscard]] std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure);

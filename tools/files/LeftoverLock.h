@@ -9,4 +9,8 @@ namespace tools {
 /// did.
 bool RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&));
 
+/// False while a running program holds `path` (see TemporaryHold). For callers who keep others from
+/// taking hold of it meanwhile.
+[[nodiscard]] bool IsOwnerGone(const std::string& path);
+
 }  // namespace tools

@@ -46,6 +46,11 @@ TemporaryHold::TemporaryHold(const std::string& path)
 
 TemporaryHold::~TemporaryHold() = default;
 
+bool IsOwnerGone(const std::string& path) {
+  const FileHandle handle(OpenToLock(path));
+  return !handle.IsOpen() || ::flock(handle.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
 bool RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&)) {
   const FileHandle handle(OpenToLock(path));
   struct stat status {};

@@ -31,11 +31,11 @@ TemporaryHold::TemporaryHold(const std::string& path)
 
 TemporaryHold::~TemporaryHold() = default;
 
+// Sharing nothing fails while anybody has it open.
+bool IsOwnerGone(const std::string& path) { return FileHandle(OpenShared(path, 0)).IsOpen(); }
+
 bool RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&)) {
-  // Sharing nothing fails while anybody has it open.
-  FileHandle handle(OpenShared(path, 0));
-  if (!handle.IsOpen()) return false;
-  (void)handle.Close();
+  if (!IsOwnerGone(path)) return false;
   remove(path);
   return true;
 }

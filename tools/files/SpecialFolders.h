@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tools/files/Leftovers.h"
 
@@ -19,6 +20,10 @@ inline constexpr std::int32_t kTemporaryFolder = 1003;  ///< the system's tempor
 /// know. Windows answers with the shell's folders, other systems with the XDG base and user
 /// directories (freedesktop.org).
 [[nodiscard]] std::string SpecialFolder(std::int32_t number);
+
+/// The home folders of all users that this machine knows, whether they exist or not, this one's
+/// among them.
+[[nodiscard]] std::vector<std::string> HomeFolders();
 
 /// A fresh folder inside the system's temporary folder that only this user can enter, so that
 /// nobody else can prepare or read what lies in it. It is removed with all its contents by the

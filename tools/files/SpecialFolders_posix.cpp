@@ -93,6 +93,16 @@ std::string SpecialFolder(std::int32_t number) {
   }
 }
 
+std::vector<std::string> HomeFolders() {
+  std::vector<std::string> homes{Home()};
+  ::setpwent();
+  while (const passwd* user = ::getpwent()) {
+    if (user->pw_dir != nullptr && IsAbsolutePath(user->pw_dir)) homes.emplace_back(user->pw_dir);
+  }
+  ::endpwent();
+  return homes;
+}
+
 void MakePrivateFolder(const std::string& path) {
   if (::mkdir(path.c_str(), 0700) == 0) return;
   throw PathError("Der temporäre Ordner kann nicht angelegt werden", path, LastSystemError());

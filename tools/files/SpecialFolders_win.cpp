@@ -69,6 +69,34 @@ std::string SpecialFolder(std::int32_t number) {
   return WithoutTrailingSeparator(FromWide(buffer.data()));
 }
 
+// The system keeps a list of profiles, each with its folder.
+std::vector<std::string> HomeFolders() {
+  std::vector<std::string> homes{SpecialFolder(kProfileFolder)};
+  HKEY list = nullptr;
+  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE,
+                    LR"(SOFTWARE\Microsoft\Windows NT\CurrentVersion\ProfileList)", 0, KEY_READ,
+                    &list) != ERROR_SUCCESS) {
+    return homes;
+  }
+  std::array<wchar_t, 256> name{};
+  for (DWORD index = 0;; ++index) {
+    auto size = static_cast<DWORD>(name.size());
+    if (RegEnumKeyExW(list, index, name.data(), &size, nullptr, nullptr, nullptr, nullptr) !=
+        ERROR_SUCCESS) {
+      break;
+    }
+    std::array<wchar_t, 1024> folder{};
+    DWORD bytes = sizeof(folder);
+    // An expandable text comes expanded.
+    if (RegGetValueW(list, name.data(), L"ProfileImagePath", RRF_RT_REG_SZ, nullptr, folder.data(),
+                     &bytes) == ERROR_SUCCESS) {
+      homes.push_back(WithoutTrailingSeparator(FromWide(folder.data())));
+    }
+  }
+  RegCloseKey(list);
+  return homes;
+}
+
 void MakePrivateFolder(const std::string& path) {
   const std::wstring sid = UserSid();
   if (sid.empty()) throw PathError(kCannotMake, path, LastSystemError());

@@ -1,0 +1,181 @@
+#include "engine/OutputContent.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string_view>
+
+#include "engine/OutputNames.h"
+#include "tools/Error.h"
+#include "tools/Text.h"
+#include "tools/files/Files.h"
+#include "tools/files/FolderListing.h"
+#include "tools/files/Path.h"
+#include "tools/files/TemporaryName.h"
+
+namespace engine {
+
+namespace {
+
+constexpr std::string_view kSourceMacro = "\"%SrcPath%\\";
+
+/// Takes a path below the folder; a folder that cannot be read comes as Other, after it came as a
+/// folder. Returns false to end the visit.
+using Visitor = std::function<bool(const std::string& relative, tools::FolderEntry::Kind kind)>;
+
+class Walk {
+ public:
+  Walk(std::string root, const Visitor& visit) : root_(std::move(root)), visit_(visit) {}
+
+  /// Returns false when the visitor ended it.
+  bool Run() { return Enter({}); }
+
+ private:
+  bool Enter(const std::string& relative) {
+    std::error_code failure;
+    const std::string folder = relative.empty() ? root_ : tools::JoinPath(root_, relative);
+    std::vector<tools::FolderEntry> entries = tools::ListEntries(folder, failure);
+    if (failure) {
+      if (relative.empty()) {
+        throw tools::PathError("Der Ordner kann nicht gelesen werden", folder, failure);
+      }
+      if (!visit_(relative, tools::FolderEntry::Kind::Other)) return false;
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const auto& a, const auto& b) { return a.name < b.name; });
+    for (const tools::FolderEntry& entry : entries) {
+      if (relative.empty() && tools::IsTemporaryName(entry.name)) continue;
+      const std::string path =
+          relative.empty() ? entry.name : tools::JoinPath(relative, entry.name);
+      if (!visit_(path, entry.kind)) return false;
+      if (entry.kind == tools::FolderEntry::Kind::Folder && !Enter(path)) return false;
+    }
+    return true;
+  }
+
+  std::string root_;
+  const Visitor& visit_;
+};
+
+/// Returns false when the visitor ended it.
+bool Visit(const std::string& folder, const Visitor& visit) { return Walk(folder, visit).Run(); }
+
+/// A name in the tree of a setup, as two spellings of one place have in common: of its parts, case,
+/// dots and blanks at the end do not count (see TreePlaces).
+std::string KeyOf(const std::string& path, char separator) {
+  std::vector<std::string> parts;
+  for (std::string& part : tools::SplitList(path, separator, '\0')) {
+    if (part.empty() || part == ".") continue;
+    if (part != "..") {
+      parts.push_back(std::move(part));
+    } else if (!parts.empty()) {
+      parts.pop_back();
+    }
+  }
+  std::string key;
+  for (const std::string& part : parts) {
+    const std::size_t last = part.find_last_not_of(". ");
+    key.append("\\").append(
+        tools::LowerCase(last == std::string::npos ? part : part.substr(0, last + 1)));
+  }
+  return key;
+}
+
+/// The text of a regular file that begins in this way; else none.
+std::optional<std::string> TextBeginningWith(const std::string& path, std::string_view begin) {
+  try {
+    std::string text = tools::ReadWholeFile(path);
+    if (text.starts_with(begin)) return text;
+  } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): then it counts as no setup's
+  }
+  return std::nullopt;
+}
+
+/// The names in the top of the folder that belong to a setup, and those below that its script
+/// installs.
+class SetupNames {
+ public:
+  explicit SetupNames(const std::string& folder) {
+    if (!TextBeginningWith(tools::JoinPath(folder, kLogName), kLogHead)) return;
+    std::error_code failure;
+    for (const tools::FolderEntry& entry : tools::ListEntries(folder, failure)) {
+      if (entry.kind == tools::FolderEntry::Kind::File && entry.name.ends_with(kScriptEnding)) {
+        AddScript(folder, entry.name);
+      }
+    }
+    if (keys_.empty()) return;
+    for (const char* own : {kLogName, kWrapperName, kRuntimeName}) Add(own);
+  }
+
+  [[nodiscard]] bool Has(const std::string& relative) const {
+    return keys_.contains(KeyOf(relative, tools::kPathSeparator));
+  }
+
+ private:
+  void Add(const std::string& name) { keys_.insert(KeyOf(name, tools::kPathSeparator)); }
+
+  void AddScript(const std::string& folder, const std::string& name) {
+    const auto script = TextBeginningWith(tools::JoinPath(folder, name), kScriptTitle);
+    if (!script) return;
+    Add(name);
+    Add(name.substr(0, name.size() - std::string_view(kScriptEnding).size()) + kArchiveEnding);
+    AddInstalled(*script);
+  }
+
+  void AddInstalled(const std::string& script) {
+    for (std::size_t at = script.find(kSourceMacro); at != std::string::npos;
+         at = script.find(kSourceMacro, at)) {
+      at += kSourceMacro.size();
+      const std::size_t end = script.find('"', at);
+      if (end == std::string::npos) return;
+      keys_.insert(KeyOf(script.substr(at, end - at), '\\'));
+      at = end;
+    }
+  }
+
+  std::set<std::string> keys_;
+};
+
+}  // namespace
+
+OutputContent ContentOf(const std::string& folder) {
+  OutputContent content;
+  if (!tools::FolderExists(folder)) return content;
+  Visit(folder, [&content](const std::string& path, tools::FolderEntry::Kind kind) {
+    auto& list = kind == tools::FolderEntry::Kind::Folder ? content.folders : content.files;
+    list.push_back(path);
+    return true;
+  });
+  return content;
+}
+
+bool HoldsFiles(const std::string& folder) {
+  try {
+    return tools::FolderExists(folder) &&
+           !Visit(folder, [](const std::string&, tools::FolderEntry::Kind kind) {
+             return kind == tools::FolderEntry::Kind::Folder;
+           });
+  } catch (const tools::Error&) {
+    return true;
+  }
+}
+
+std::string FirstOtherFile(const std::string& folder) {
+  if (!HoldsFiles(folder)) return {};
+  const SetupNames names(folder);
+  std::string other;
+  try {
+    Visit(folder, [&](const std::string& path, tools::FolderEntry::Kind kind) {
+      const bool fits = kind == tools::FolderEntry::Kind::Folder ||
+                        (kind == tools::FolderEntry::Kind::File && names.Has(path));
+      if (!fits) other = tools::JoinPath(folder, path);
+      return fits;
+    });
+  } catch (const tools::Error&) {
+    other = folder;
+  }
+  return other;
+}
+
+}  // namespace engine

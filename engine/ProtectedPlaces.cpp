@@ -1,0 +1,133 @@
+#include "engine/ProtectedPlaces.h"
+
+#include <limits>
+#include <memory>
+
+#include "engine/SourceList.h"
+#include "model/SlotNumbers.h"
+#include "tools/Error.h"
+#include "tools/Numbers.h"
+#include "tools/Text.h"
+#include "tools/files/Files.h"
+#include "tools/files/FolderListing.h"
+#include "tools/files/LinkTarget.h"
+#include "tools/files/Path.h"
+#include "tools/files/SpecialFolders.h"
+#include "tools/settings/SettingsFile.h"
+
+namespace engine {
+
+namespace {
+
+/// Paths that the machine takes for one have one key.
+std::string KeyOf(const std::string& path) {
+  return tools::kPathSeparator == '\\' ? tools::FoldCase(path) : path;
+}
+
+tools::FileStamp StampWherePossible(const std::string& path) {
+  try {
+    return tools::StampOf(path);
+  } catch (const tools::Error&) {
+    return {};  // its path still tells it
+  }
+}
+
+}  // namespace
+
+ProtectedPlaces::ProtectedPlaces(const model::ModProject& project, std::int32_t version,
+                                 const std::set<std::string>& sourceFolders,
+                                 const std::string& programFolder) {
+  // The first rule that holds a place is the one that is told.
+  Add(FolderRefusal::Home, tools::SpecialFolder(tools::kProfileFolder));
+  for (const std::string& home : tools::HomeFolders()) Add(FolderRefusal::OthersHome, home);
+  AddProduct(project);
+  for (const std::string& folder : sourceFolders) Add(FolderRefusal::Sources, folder);
+  const std::string own = project.VersionString(version);
+  // Those beyond a damaged count, too.
+  for (const std::string& text : project.StoredVersionTexts()) {
+    if (!model::IsSafeVersionText(text)) continue;
+    AddVersion(project, project.VersionFolder(text), text != own);
+  }
+  Add(FolderRefusal::Program, programFolder);
+}
+
+void ProtectedPlaces::AddProduct(const model::ModProject& project) {
+  Add(FolderRefusal::Product, project.ProductPath());
+  for (const std::string& text : project.StoredVersionTexts()) {
+    if (model::IsSafeVersionText(text)) {
+      Add(FolderRefusal::Product, project.VersionFolder(text));
+    }
+  }
+}
+
+void ProtectedPlaces::AddVersion(const model::ModProject& project, const std::string& folder,
+                                 bool withSources) {
+  std::error_code failure;
+  const std::vector<tools::FolderEntry> entries = tools::ListEntries(folder, failure);
+  if (failure && failure != std::errc::no_such_file_or_directory && unread_.empty()) {
+    unread_ = tools::PathError("Der Ordner kann nicht gelesen werden", folder, failure).what();
+  }
+  for (const tools::FolderEntry& entry : entries) {
+    const std::string path = tools::JoinPath(folder, entry.name);
+    // A file of its own lies in the folder; a link may lead anywhere.
+    if (entry.kind == tools::FolderEntry::Kind::Other) Add(FolderRefusal::Product, path);
+    const bool isComponent = entry.kind != tools::FolderEntry::Kind::Folder &&
+                             tools::LowerCase(entry.name).ends_with(".component");
+    if (!withSources || !isComponent) continue;
+    try {
+      AddSourcesOf(project, path);
+    } catch (const tools::Error& error) {
+      if (unread_.empty()) unread_ = error.what();
+    }
+  }
+}
+
+void ProtectedPlaces::AddSourcesOf(const model::ModProject& project,
+                                   const std::string& componentPath) {
+  const std::shared_ptr<const tools::SettingsFile> settings =
+      project.Settings().Load(componentPath);
+  constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
+  for (const std::int32_t number : model::SlotsNamedIn(settings->Render(), "File", kAnyNumber)) {
+    const std::string section = "File" + std::to_string(number);
+    model::ICFile entry;
+    entry.SourcePath = settings->Read(section, "SourcePath", "");
+    const std::string folder = SourceFolderOf(entry, project.ProductFolder());
+    Add(FolderRefusal::OtherSources, folder);
+    if (tools::LeadingNumber(settings->Read(section, "Type", "1")) == model::ICFile::kFolderScan) {
+      continue;
+    }
+    // The name may hold a folder part, and the file may be a link.
+    for (const std::string& place : tools::PlacesOnTheWay(
+             tools::JoinPath(folder, settings->Read(section, "SourceName", "")))) {
+      Add(FolderRefusal::OtherSources, tools::FolderOf(place));
+    }
+  }
+}
+
+void ProtectedPlaces::Add(FolderRefusal rule, const std::string& path) {
+  if (path.empty() || !added_.emplace(rule, path).second) return;
+  for (const std::string& place : tools::PlacesOnTheWay(path)) AddPlace({rule, path}, place);
+}
+
+void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {
+  for (std::string folder = at; !folder.empty();) {
+    // What is above a known folder is known, too.
+    if (!byPath_.emplace(KeyOf(folder), place).second) return;
+    const tools::FileStamp stamp = StampWherePossible(folder);
+    if (stamp.exists) byIdentity_.emplace(std::pair{stamp.device, stamp.identity}, place);
+    std::string above = tools::FolderOf(folder);
+    if (above.size() >= folder.size()) return;
+    folder = std::move(above);
+  }
+}
+
+std::optional<ProtectedPlaces::Place> ProtectedPlaces::PlaceIn(const std::string& folder) const {
+  if (const auto found = byPath_.find(KeyOf(folder)); found != byPath_.end()) return found->second;
+  const tools::FileStamp stamp = StampWherePossible(folder);
+  if (!stamp.exists) return std::nullopt;
+  const auto found = byIdentity_.find({stamp.device, stamp.identity});
+  if (found == byIdentity_.end()) return std::nullopt;
+  return found->second;
+}
+
+}  // namespace engine
