@@ -4,12 +4,12 @@ namespace engine {
 
 namespace {
 
-/// Not what the system says of a source that has gone or turned into something else, or of a name
-/// that is too long for any target.
+/// Not what the system says of a source that has gone or turned into something else, nor of a
+/// target that takes no such name or size.
 bool KeepsFromReading(std::error_code cause) {
   return cause && !tools::IsDiskFull(cause) && cause != std::errc::no_such_file_or_directory &&
          cause != std::errc::not_a_directory && cause != std::errc::is_a_directory &&
-         cause != std::errc::filename_too_long;
+         cause != std::errc::filename_too_long && cause != std::errc::file_too_large;
 }
 
 bool KeepsFromReading(const SurveyProblem& problem) {

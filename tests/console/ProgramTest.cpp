@@ -81,16 +81,21 @@ TEST_F(ProgramTest, BuildsIntoTheActiveConfigurationsFolder) {
   EXPECT_EQ(output_, "");
 }
 
-TEST_F(ProgramTest, RefusesAnOutputFolderWithFilesUnlessTold) {
-  folder_.Write("aus/wichtig.txt", "x");
+TEST_F(ProgramTest, ReplacesASetupWhenToldAndOtherFilesWhenForced) {
+  EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Built);
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
-  EXPECT_TRUE(folder_.Holds("aus/wichtig.txt"));
-  EXPECT_THAT(errors_, HasSubstr("--overwrite"));
+  EXPECT_THAT(errors_, HasSubstr("(--overwrite ersetzt es): " + folder_.Path("aus")));
   EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Built);
+  folder_.Write("aus/wichtig.txt", "x");
+  for (const char* option : {"--quiet", "--overwrite"}) {
+    EXPECT_EQ(Build({"--output", "aus", option}), ExitCode::Stopped);
+    EXPECT_THAT(errors_, HasSubstr("(--force löscht auch das): " + folder_.Path("aus/wichtig")));
+  }
+  EXPECT_EQ(Build({"--output", "aus", "--force"}), ExitCode::Built);
   EXPECT_FALSE(folder_.Holds("aus/wichtig.txt"));
-  for (const char* folder : {"Produkt", "", " "}) {
-    EXPECT_EQ(Build({"--output", folder, "--overwrite"}), ExitCode::Stopped);
-    EXPECT_THAT(errors_, HasSubstr("Der Ausgabeordner ist ungültig. E"));
+  for (const char* folder : {"Produkt", "src", "", " "}) {
+    EXPECT_EQ(Build({"--output", folder, "--force"}), ExitCode::Stopped);
+    EXPECT_THAT(errors_, HasSubstr("Der Ausgabeordner ist ungültig. "));
   }
   EXPECT_TRUE(folder_.Holds("aus/Probe.zip"));
   EXPECT_TRUE(folder_.Holds("Produkt/Probe.product"));

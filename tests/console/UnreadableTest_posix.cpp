@@ -86,18 +86,41 @@ TEST_F(UnreadableTest, SettingsEndABuildBeforeItChangesAnythingAndAreAFindingOfT
   }
 }
 
-TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolder) {
+TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolderAndReplacesNoOlderSetup) {
   Lock("baum/1");
-  EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("aus"), "--overwrite", "--no-zip"}),
-            ExitCode::BuiltWithErrors);
-  EXPECT_THAT(folder_.Read("aus/build.log"),
+  SetMode("", 0777);
+  const std::vector<std::string> call{"1.0.0", "--output", folder_.Path("neu"), "--overwrite",
+                                      "--no-zip"};
+  EXPECT_EQ(Run(call), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(folder_.Read("neu/build.log"),
               HasSubstr("\nERROR: Unable to read folder '" + folder_.Path("baum/1") +
                         "': Zugriff verweigert\r\n"));
-  EXPECT_EQ(folder_.Read("aus/InstallPath/c.txt"), "c");
+  EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
   EXPECT_EQ(Run({"1.0.0", "--check"}), ExitCode::BuiltWithErrors);
   EXPECT_THAT(text_, AllOf(HasSubstr("Der Ordner kann nicht gelesen werden: " +
                                      folder_.Path("baum/1") + " (Zugriff verweigert)"),
                            HasSubstr("1 Beanstandung.")));
+  folder_.Write("baum/2/c.txt", "anders");
+  for (const char* locked : {"baum/1", "src/a.txt", "src"}) {
+    Lock(locked);
+    EXPECT_EQ(Run(call), ExitCode::Stopped);
+    EXPECT_THAT(text_, AllOf(HasSubstr("Quelldateien konnten nicht gelesen werden: "),
+                             HasSubstr(folder_.Path(locked)),
+                             HasSubstr("Der bisherige Inhalt des Ausgabeordners bleibt")));
+    EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
+  }
+}
+
+TEST_F(UnreadableTest, AWriteProtectedFolderOfTheOldSetupIsReplacedToo) {
+  SetMode("", 0777);
+  folder_.Write("baum/2/tief/d.txt", "d");
+  for (int build = 1; build <= 2; ++build) {
+    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("neu"), "--overwrite", "--no-zip"}),
+              ExitCode::Built)
+        << text_;
+    SetMode("neu/InstallPath", 0555);
+  }
+  EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
 }
 
 TEST_F(UnreadableTest, ASourceIsFoundByTheCheckToo) {

@@ -1,10 +1,13 @@
 // Packaged builds, with the temporary folder watched.
+#include <sched.h>
 #include <stdlib.h>
+#include <sys/mount.h>
 
 #include <filesystem>
 #include <map>
 
 #include "engine/BuildCheck.h"
+#include "engine/OutputContent.h"
 #include "tests/support/BuildFixture.h"
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/ZipReader.h"
@@ -223,6 +226,125 @@ TEST_F(ArchiveBuildTest, PutsRightWhatABuildKilledAtItsEndLeft) {
     }
     EXPECT_EQ(found, expected);
     EXPECT_EQ(HasOut(".packwright-0123456789abcdef.tmp/old/z"), left.front() == "old/z");
+  }
+}
+
+/// From the move of one thing on, every move fails.
+class StuckDisk : public tools::SystemDisk {
+ public:
+  explicit StuckDisk(std::string ending) : ending_(std::move(ending)) {}
+  void Replace(const std::string& from, const std::string& to) override {
+    isStuck_ = isStuck_ || to.ends_with(ending_);
+    if (isStuck_) {
+      throw tools::PathError("", to, std::make_error_code(std::errc::io_error));
+    }
+    tools::SystemDisk::Replace(from, to);
+  }
+
+ private:
+  std::string ending_;
+  bool isStuck_ = false;
+};
+
+TEST_F(ArchiveBuildTest, PutsTheOldSetupBackLaterWhenItCouldNotAtOnce) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("aus/1/x", "x");
+  folder_.Write("aus/2", "y");
+  const std::string before = Contents();
+  for (const char* stuckAt : {"/old/2", "/replaced", "aus/Probe.zip", "aus/build.log"}) {
+    SCOPED_TRACE(stuckAt);
+    StuckDisk disk(stuckAt);
+    mayEmpty_ = true;
+    Run(disk);
+    EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
+    EXPECT_THAT(summary_->reason, HasSubstr("Der bisherige Inhalt des Ausgabeordners liegt in "));
+    tools::DeleteFile(folder_.Path("aus/Probe.install"));  // the new one got in before the log
+    tools::DeleteFile(folder_.Path("aus/Probe.zip"));
+    mayEmpty_ = false;
+    Run();
+    EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderInUse);
+    EXPECT_TRUE(HasOut("1/x"));
+    EXPECT_EQ(Out("2"), "y");
+  }
+  mayEmpty_ = true;
+  Run();
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U) << before;
+}
+
+TEST_F(ArchiveBuildTest, CountsLinksAsContentAndWritesThroughNone) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  options_.packaged = false;
+  folder_.MakeFolder("fremd");
+  folder_.MakeFolder("aus");
+  std::filesystem::create_symlink(folder_.Path("fremd"), folder_.Path("aus/InstallPath"));
+  mayEmpty_ = false;
+  Run();
+  EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderInUse);
+  EXPECT_EQ(FirstOtherFile(folder_.Path("aus")), folder_.Path("aus/InstallPath"));
+  mayEmpty_ = true;
+  Run();
+  EXPECT_EQ(Out("InstallPath/a.txt"), "a");
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path("fremd")));
+}
+
+TEST_F(ArchiveBuildTest, RefusesAFolderThatLinksOnTheWayToSettingsOrSourcesLieIn) {
+  const std::string component = "Produkt/Version 1.0.0/component1.component";
+  product_.AddComponent("A", {tests::TestProduct::File(folder_.Path("quelle/a.txt"))});
+  const auto link = [this](const std::string& to, const std::string& name) {
+    std::filesystem::create_symlink(folder_.Path(to), folder_.Path(name));
+  };
+  folder_.Write("echt/a.txt", "a");
+  folder_.MakeFolder("quelle");
+  folder_.MakeFolder("aus");
+  link("echt/a.txt", "aus/weiter");
+  link("aus/weiter", "quelle/a.txt");
+  Run();
+  EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder) << "a source";
+  tools::DeleteFile(folder_.Path("quelle/a.txt"));
+  for (const char* hop : {"aus/echt.component", "aus/verweis"}) {
+    std::filesystem::rename(folder_.Path(component), folder_.Path(hop));
+    link(hop, component);
+    Run();
+    EXPECT_EQ(summary_->reason,
+              "Er enthält das Produkt oder eine seiner Versionen: " + folder_.Path("aus"));
+    tools::DeleteFile(folder_.Path(component));
+    std::filesystem::rename(folder_.Path(hop), folder_.Path(component));
+  }
+}
+
+TEST_F(ArchiveBuildTest, RefusesMountedFoldersAndWhatTheyShow) {
+  // In a view of its own, so that nothing stays mounted.
+  if (::unshare(CLONE_NEWNS) != 0 ||
+      ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
+    GTEST_SKIP() << "mounting is for the superuser";
+  }
+  const auto mount = [this](const std::string& what, const std::string& name) {
+    const std::string target = folder_.MakeFolder(name);
+    const bool bind = !what.empty();
+    EXPECT_EQ(::mount(bind ? folder_.Path(what).c_str() : "none", target.c_str(), "tmpfs",
+                      bind ? MS_BIND : 0, nullptr),
+              0);
+  };
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  mount("", "platte");
+  mount("", "unten/tief/platte");
+  mount("Produkt", "produkt");
+  mount("quelle", "anderswo/quelle");
+  const auto refusal = [this](const std::string& name) {
+    options_.folder = folder_.Path(name);
+    Run();
+    return summary_->reason.substr(0, summary_->reason.find(':'));
+  };
+  EXPECT_EQ(refusal("produkt"), "Er enthält das Produkt oder eine seiner Versionen");
+  EXPECT_EQ(refusal("anderswo/quelle"), "In ihm liegen Quelldateien der Version");
+  EXPECT_EQ(refusal("unten"), "In ihm ist ein anderer Datenträger eingehängt");
+  for (int build = 1; build <= 2; ++build) EXPECT_EQ(refusal("platte"), "");
+  EXPECT_TRUE(folder_.Holds("platte/Probe.zip"));
+  folder_.Write("platte/wichtig.txt", "x");
+  EXPECT_EQ(refusal("platte"),
+            "Er ist der oberste Ordner eines Datenträgers, auf dem nicht nur ein Setup liegt");
+  for (const char* name : {"platte", "unten/tief/platte", "produkt", "anderswo/quelle"}) {
+    EXPECT_EQ(::umount(folder_.Path(name).c_str()), 0);
   }
 }
 

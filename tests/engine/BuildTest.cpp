@@ -1,9 +1,12 @@
 #include "engine/Build.h"
+#include "engine/OutputContent.h"
 #include "tests/support/BuildFixture.h"
 #include "tests/support/FaultyDisk.h"
 #include "tools/Text.h"
 #include "tools/files/FileInformation.h"
 #include "tools/files/Files.h"
+#include "tools/files/FolderClaim.h"
+#include "tools/files/Leftovers.h"
 
 namespace engine {
 
@@ -142,6 +145,57 @@ TEST_F(BuildTest, AsksBeforeItEmptiesAFolderThatHoldsFiles) {
   EXPECT_EQ(questions_, 2);
   EXPECT_FALSE(HasOut("leer"));
   EXPECT_EQ(LogLines(), "");
+}
+
+TEST_F(BuildTest, TellsASetupFromOtherFiles) {
+  product_.AddComponent("A", {Source("Größe.txt", "a", "TargetSubFolder=x/../Tief.\n"),
+                              Source("b.txt", "b", "TargetFolder=38\n")});
+  folder_.Write("programm/Wrapper.exe", "W");
+  options_.includeWrapper = true;
+  for (const bool packaged : {false, true}) {
+    options_.packaged = packaged;
+    Run();
+    EXPECT_EQ(FirstOtherFile(folder_.Path("aus")), "");
+    for (const char* name :
+         {"fremd.txt", "InstallPath/Tief./a", "ProgramFiles/c.txt", "Probe2.install", "x/b.txt"}) {
+      const std::string path = folder_.Write(std::string("aus/") + name, "");
+      EXPECT_EQ(FirstOtherFile(folder_.Path("aus")), path);
+      tools::DeleteFile(path);
+    }
+  }
+  folder_.Write("aus/build.log", "Notizen");
+  EXPECT_EQ(FirstOtherFile(folder_.Path("aus")), folder_.Path("aus/Probe.install"));
+}
+
+TEST_F(BuildTest, HasItsOutputFolderToItself) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  int refused = 0;
+  onProgress_ = [&](const tools::Progress&) {
+    tools::RemoveLeftovers(folder_.Path("aus"));
+    const std::string error =
+        tests::ErrorOf([&] { const tools::FolderClaim other(folder_.Path("aus")); });
+    if (error.starts_with("In den Ordner wird gerade ein anderes Setup geschrieben")) ++refused;
+  };
+  Run();
+  EXPECT_GT(refused, 0);
+  EXPECT_EQ(Out("InstallPath/a.txt"), "a");
+  EXPECT_NO_THROW(const tools::FolderClaim after(folder_.Path("aus")));
+}
+
+TEST_F(BuildTest, KeepsWhatCameIntoTheOutputFolderMeanwhile) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  for (const std::string& before : {std::string(), std::string("aus/alt/x")}) {
+    if (!before.empty()) folder_.Write(before, "x");
+    onProgress_ = [&](const tools::Progress&) { folder_.Write("aus/alt/neu.txt", "neu"); };
+    Run();
+    EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
+    EXPECT_EQ(summary_->reason, "Im Ausgabeordner sind inzwischen Dateien entstanden: " +
+                                    folder_.Path(before.empty() ? "aus" : "aus/alt/neu.txt"));
+    EXPECT_EQ(Out("alt/neu.txt"), "neu");
+    EXPECT_EQ(HasOut("alt/x"), !before.empty());
+    EXPECT_FALSE(HasOut("build.log"));
+    tools::DeleteFile(folder_.Path("aus/alt/neu.txt"));
+  }
 }
 
 TEST_F(BuildTest, RefusesNamesThatLeadElsewhere) {

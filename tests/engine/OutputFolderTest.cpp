@@ -17,7 +17,7 @@ class OutputFolderTest : public tests::BuildFixture {
     std::string refused;
     for (const std::string& name : names) {
       const OutputFolder folder = Accept(folder_.Path(name));
-      refused += "-brhpsf"[static_cast<std::size_t>(folder.refusal)];
+      refused += "-brhpsfugovmMU"[static_cast<std::size_t>(folder.refusal)];
       EXPECT_EQ(folder.IsAccepted(), folder.reason.empty()) << name;
       EXPECT_EQ(folder.IsAccepted(), !folder.path.empty()) << name;
     }
@@ -74,6 +74,32 @@ TEST_F(OutputFolderTest, RefusesFoldersThatHoldSourcesWhateverTheirEntriesSay) {
       Refused({"quelle", "quelle/a", "quelle/b", "quelle/c", "quelle/d", "quelle/e", "quelle/f",
                "quelle/g", "quelle/h", "quelle/i", "quelle/a/aus", "quelle/c/aus"}),
       "ssssssssss--");
+}
+
+TEST_F(OutputFolderTest, RefusesSourcesOfOtherVersionsTheProgramAndVersionControl) {
+  project_.WriteProductSetting("Versions", "Ver9", "2.0.0");
+  folder_.Write("Produkt/Version 2.0.0/component7.component",
+                "[File3]\nSourcePath=../anders\nSourceName=1/a.txt\n"
+                "[File8]\nType=2\nSourcePath=" +
+                    folder_.Path("scan") + "\nSourceName=*\n");
+  folder_.MakeFolder("depot/.git/refs");
+  folder_.Write("zweig/.git", "gitdir: anderswo");
+  folder_.MakeFolder("alt/.svn");
+  EXPECT_EQ(
+      Refused({"anders", "anders/1", "anders/2", "scan", "scan/aus", "programm", "programm/aus",
+               "depot", "depot/.git", "depot/.git/refs", "depot/aus", "zweig", "alt", "neu/.hg"}),
+      "oo-o-g-vvv-vvv");
+}
+
+TEST_F(OutputFolderTest, RefusesAFolderWhoseContentBelongsToVersionControl) {
+  folder_.Write("aus/unten/.git/HEAD", "x");
+  const OutputFolder folder = Accept(folder_.Path("aus"));
+  ASSERT_TRUE(folder.IsAccepted());
+  const ProtectedPlaces places(project_, 1, {}, {});
+  const OutputFolder refused = AcceptContent(folder, ContentOf(folder.path), places);
+  EXPECT_EQ(refused.refusal, FolderRefusal::VersionControl);
+  EXPECT_EQ(refused.reason,
+            "Er gehört zu einer Versionsverwaltung: " + folder_.Path("aus/unten/.git"));
 }
 
 TEST_F(OutputFolderTest, RefusesAPlaceThatAFileTakes) {

@@ -5,6 +5,7 @@
 #include "tests/support/WithoutRights.h"
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
+#include "tools/files/FolderClaim.h"
 
 namespace tools {
 
@@ -36,6 +37,26 @@ TEST(LinksTest, ReplacingThroughALinkKeepsTheLinkAndTheRights) {
   EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.product")));
   EXPECT_EQ(folder.Read("echt.product"), "neu");
   EXPECT_EQ(std::filesystem::status(target).permissions(), std::filesystem::perms{0640});
+}
+
+TEST(LinksTest, FoldersBelowAnotherAreMadeAndRemovedThroughNone) {
+  const tests::TemporaryFolder folder;
+  folder.Write("fremd/aus/x", "fremd");
+  folder.Write("wurzel/aus/x", "x");
+  std::filesystem::create_symlink(folder.Path("fremd"), folder.Path("wurzel/link"));
+  EXPECT_THAT(tests::ErrorOf([&] { MakeFolderBelow(folder.Path("wurzel"), "link/neu"); }),
+              testing::HasSubstr(folder.Path("wurzel/link")));
+  MakeFolderBelow(folder.Path("wurzel"), "neu//tief");
+  EXPECT_TRUE(folder.Holds("wurzel/neu/tief"));
+  EXPECT_FALSE(folder.Holds("fremd/neu"));
+
+  const FolderClaim claim(folder.Path("wurzel/aus"));
+  // Somebody leads the path elsewhere meanwhile.
+  std::filesystem::rename(folder.Path("wurzel"), folder.Path("früher"));
+  std::filesystem::create_symlink(folder.Path("fremd"), folder.Path("wurzel"));
+  claim.Remove("x");
+  EXPECT_TRUE(folder.Holds("fremd/aus/x"));
+  EXPECT_FALSE(folder.Holds("früher/aus/x"));
 }
 
 TEST(FolderErrorsTest, NameThePathThatStoppedThemAndTheTrueCause) {
