@@ -58,6 +58,9 @@ TEST_F(ModProjectOperationsTest, OpensTheProductThatItCreates) {
   EXPECT_EQ(folder.Read("neu/tief/demo.product"),
             "[General]\nVersion=1.0\n\n[Product]\nTitle=Demo\nAuthor=Ich\n");
   EXPECT_EQ(window.stateUpdates, 2);  // the other product was closed
+  window.newProduct->fileName = folder.Path("neu/");
+  EXPECT_THAT(tests::ErrorOf([&] { operations.NewProduct(); }),
+              testing::StartsWith("Der Dateiname fehlt"));
 }
 
 TEST_F(ModProjectOperationsTest, RefusesFilesThatAreNoProducts) {
@@ -127,6 +130,12 @@ TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatest) {
             "[Own]\nIs=2.3.9\n\n[General]\nCreated=" + clock.DateTimeText() + "\n");
   EXPECT_EQ(tools::FindFiles(folder.Path("Produkt/Version 2.3.10"), "*", true).size(), 1U);
   EXPECT_EQ(window.treeUpdates, 1);
+}
+
+TEST_F(ModProjectOperationsTest, ADamagedVersionIsNotInherited) {
+  folder.Write(product.kVersionFile, std::string("[A]\0", 4));
+  EXPECT_THROW(AddVersion("1.0.1"), tools::Error);
+  EXPECT_FALSE(Holds("Version 1.0.1"));
 }
 
 TEST_F(ModProjectOperationsTest, RefusesVersionsThatExistOrLeadElsewhere) {

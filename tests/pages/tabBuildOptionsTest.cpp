@@ -94,6 +94,8 @@ class tabBuildOptionsTest : public QObject {
       QCOMPARE(f.File(f.kVersionFile), "");
     }
     QCOMPARE(f.dialogs.Messages().size(), 3U);  // the error among them
+    QCOMPARE(f.dialogs.Messages().front().icon, tools::MessageIcon::Question);
+    QCOMPARE(f.dialogs.Messages().front().defaultAnswer, MessageAnswer::Yes);
 
     f.disk.FailAt(FaultyDisk::Step::Write, 1000);
     f.dialogs.ExpectQuestion(Text::SaveBeforeConfigurationChange, MessageAnswer::Yes);

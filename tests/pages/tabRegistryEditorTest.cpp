@@ -210,6 +210,8 @@ class tabRegistryEditorTest : public QObject {
       f.Go("(Alle Werte löschen)");
       QCOMPARE(f.Values() == kUnset, answer == MessageAnswer::Ok);
     }
+    QCOMPARE(f.dialogs.Messages().back().icon, tools::MessageIcon::Exclamation);
+    QCOMPARE(f.dialogs.Messages().back().defaultAnswer, MessageAnswer::Cancel);
     QCOMPARE(f.Stored("Registry", {"Key2", "Keys"}), "|3");
     QCOMPARE(path.count(), 2);
     QCOMPARE(f.Stored("RegKey2", {"Val1Name"}), "n");

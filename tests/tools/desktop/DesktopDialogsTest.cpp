@@ -108,6 +108,20 @@ class DesktopDialogsTest : public QObject {
     }
   }
 
+  void AMessageBoxShowsItsIcon() {
+    using enum tools::MessageIcon;
+    for (const auto& [icon, shown] : {std::pair{Exclamation, QMessageBox::Warning},
+                                      {Information, QMessageBox::Information},
+                                      {Critical, QMessageBox::Critical}}) {
+      ModalScript script;
+      script.Expect<QMessageBox>("messageBox", [shown = shown](QMessageBox& box) {
+        QCOMPARE(box.icon(), shown);
+        Press(box, "cmdOK");
+      });
+      dialogs_.ShowMessage({.text = "!", .caption = "", .icon = icon});
+    }
+  }
+
   void AYesNoQuestionStaysUntilItIsAnswered() {
     const auto answer = [this](const std::function<void(QWidget&)>& leave) {
       ModalScript script;
