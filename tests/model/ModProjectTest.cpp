@@ -1,4 +1,5 @@
 #include "model/ModProject.h"
+#include "model/SlotNumbers.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
 #include "tools/files/Files.h"
@@ -99,6 +100,7 @@ TEST_F(ModProjectTest, FindsTheSlotsOfAnAbsurdCount) {
   }
   folder_.Write("Produkt/Version 1.0.0/component31.component", "");
   EXPECT_THAT(project_.ComponentSlots(7), ElementsAre(30, 1999999999));
+  EXPECT_THAT(SlotsNamedIn("Ver02=a\nVER3=b\n", "Ver", 9), ElementsAre(3));
 }
 
 TEST_F(ModProjectTest, StaysInTheProductFolderWhateverTheVersionText) {
