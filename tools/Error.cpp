@@ -8,7 +8,7 @@ namespace tools {
 namespace {
 
 // Causes that a user can act on, in the language of the user interface.
-constexpr std::array<std::pair<std::errc, const char*>, 15> kCauses{{
+constexpr std::array<std::pair<std::errc, const char*>, 16> kCauses{{
     {std::errc::no_such_file_or_directory, "Datei oder Ordner nicht gefunden"},
     {std::errc::permission_denied, "Zugriff verweigert"},
     {std::errc::operation_not_permitted, "Vorgang nicht erlaubt"},
@@ -23,6 +23,7 @@ constexpr std::array<std::pair<std::errc, const char*>, 15> kCauses{{
     {std::errc::device_or_resource_busy, "Wird von einem anderen Programm verwendet"},
     {std::errc::too_many_files_open, "Zu viele geöffnete Dateien"},
     {std::errc::io_error, "Fehler beim Lesen oder Schreiben des Datenträgers"},
+    {kChangesMeanwhile, "Die Datei ändert sich gerade"},
     {std::errc::invalid_argument, "Ungültiger Name oder Wert"},
 }};
 

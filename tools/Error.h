@@ -20,6 +20,9 @@ class Error : public std::runtime_error {
   std::error_code cause_;
 };
 
+/// The cause of a read that met changes by another program each time it was tried.
+inline constexpr std::errc kChangesMeanwhile = std::errc::resource_unavailable_try_again;
+
 /// The German text of a system error; causes without a translation keep the system's own text.
 [[nodiscard]] std::string SystemErrorText(std::error_code cause);
 

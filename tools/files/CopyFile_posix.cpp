@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -7,7 +8,9 @@
 
 #include "tools/Error.h"
 #include "tools/files/FileHandle_posix.h"
+#include "tools/files/FileStamp_posix.h"
 #include "tools/files/Files.h"
+#include "tools/files/SteadyStatus_posix.h"
 #include "tools/files/TemporaryName.h"
 
 namespace tools {
@@ -68,6 +71,29 @@ CopyResult Failure(std::error_code cause) {
   return {.errorText = SystemErrorText(cause), .cause = cause};
 }
 
+/// Copies the source as it is at one moment, with its time. `status` receives its status then.
+std::error_code CopyUnchanged(const FileHandle& source, const FileHandle& target,
+                              struct stat& status, std::uint64_t& copied,
+                              const CopyProgress& progress) {
+  constexpr int kTries = 2;
+  for (int i = 0; i < kTries; ++i) {
+    copied = 0;
+    const bool isAtBegin = ::lseek(source.Get(), 0, SEEK_SET) == 0 &&
+                           ::lseek(target.Get(), 0, SEEK_SET) == 0 &&
+                           ::ftruncate(target.Get(), 0) == 0;
+    if (!isAtBegin) return LastSystemError();
+    if (!SteadyStatus(source.Get(), status)) continue;
+    if (!CopyContent(source.Get(), target.Get(), static_cast<std::uint64_t>(status.st_size), copied,
+                     progress)) {
+      return LastSystemError();
+    }
+    struct stat after {};
+    if (::fstat(source.Get(), &after) != 0) return LastSystemError();
+    if (StampFrom(after) == StampFrom(status)) return {};
+  }
+  return std::make_error_code(kChangesMeanwhile);
+}
+
 /// Copies into a file that does not exist yet, and removes it again when that fails.
 CopyResult CopyToNew(const FileHandle& source, const struct stat& status, const std::string& target,
                      const CopyProgress& progress) {
@@ -75,14 +101,15 @@ CopyResult CopyToNew(const FileHandle& source, const struct stat& status, const 
                          (status.st_mode & 0777U) | S_IRUSR | S_IWUSR));
   if (!file.IsOpen()) return Failure(LastSystemError());
   CopyResult result;
-  const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, status.st_mtim};
   try {
-    const bool complete =
-        CopyContent(source.Get(), file.Get(), static_cast<std::uint64_t>(status.st_size),
-                    result.bytes, progress) &&
-        ::futimens(file.Get(), times.data()) == 0 && file.Close();
-    if (complete) return result;
-    result = Failure(LastSystemError());
+    struct stat copied {};
+    std::error_code cause = CopyUnchanged(source, file, copied, result.bytes, progress);
+    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, copied.st_mtim};
+    if (!cause && (::futimens(file.Get(), times.data()) != 0 || !file.Close())) {
+      cause = LastSystemError();
+    }
+    if (!cause) return result;
+    result = Failure(cause);
   } catch (...) {
     ::unlink(target.c_str());
     throw;

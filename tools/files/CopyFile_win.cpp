@@ -3,6 +3,7 @@
 #include "tools/Error.h"
 #include "tools/WindowsApi.h"
 #include "tools/files/FileHandle_win.h"
+#include "tools/files/FileStamp_win.h"
 #include "tools/files/Files.h"
 #include "tools/files/TemporaryName.h"
 #include "tools/files/WindowsPath.h"
@@ -33,6 +34,35 @@ bool CopyContent(HANDLE source, HANDLE target, std::uint64_t& copied,
   }
 }
 
+bool StampOfOpen(HANDLE file, FileStamp& stamp) {
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (GetFileInformationByHandle(file, &information) == 0) return false;
+  stamp = StampFrom(information);
+  return true;
+}
+
+bool GoToBegin(HANDLE file) {
+  return SetFilePointerEx(file, LARGE_INTEGER{}, nullptr, FILE_BEGIN) != 0;
+}
+
+/// Copies the source as it is at one moment.
+std::error_code CopyUnchanged(HANDLE source, HANDLE target, std::uint64_t& copied,
+                              const CopyProgress& progress) {
+  constexpr int kTries = 2;
+  for (int i = 0; i < kTries; ++i) {
+    copied = 0;
+    FileStamp before;
+    FileStamp after;
+    const bool isCopied = GoToBegin(source) && GoToBegin(target) && SetEndOfFile(target) != 0 &&
+                          StampOfOpen(source, before) &&
+                          CopyContent(source, target, copied, progress) &&
+                          StampOfOpen(source, after);
+    if (!isCopied) return LastSystemError();
+    if (before == after) return {};
+  }
+  return std::make_error_code(kChangesMeanwhile);
+}
+
 bool CopyTime(HANDLE source, HANDLE target) {
   FILETIME modified{};
   return GetFileTime(source, nullptr, nullptr, &modified) != 0 &&
@@ -48,11 +78,12 @@ CopyResult CopyToNew(const FileHandle& source, const std::string& target,
   if (!file.IsOpen()) return Failure(LastSystemError());
   CopyResult result;
   try {
-    if (CopyContent(source.Get(), file.Get(), result.bytes, progress) &&
-        CopyTime(source.Get(), file.Get()) && file.Close()) {
-      return result;
+    std::error_code cause = CopyUnchanged(source.Get(), file.Get(), result.bytes, progress);
+    if (!cause && (!CopyTime(source.Get(), file.Get()) || !file.Close())) {
+      cause = LastSystemError();
     }
-    result = Failure(LastSystemError());
+    if (!cause) return result;
+    result = Failure(cause);
   } catch (...) {
     if (file.IsOpen()) (void)file.Close();
     DeleteFileW(path.c_str());

@@ -56,7 +56,8 @@ struct CopyResult {
 using CopyProgress = std::function<void(std::uint64_t bytesSoFar)>;
 
 /// Copies one regular file, overwriting the target, and gives the target the source's modification
-/// time. A copy that fails leaves no partial target behind.
+/// time. A source that another program changes meanwhile is copied once more; when it changes again
+/// the copy fails (kChangesMeanwhile). A copy that fails leaves no partial target behind.
 [[nodiscard]] CopyResult CopyFile(std::string_view source, std::string_view target,
                                   const CopyProgress& progress = {});
 

@@ -29,6 +29,10 @@ class InputFile {
   /// Size, time and identity as they are now. Raises Error.
   [[nodiscard]] FileStamp Stamp() const;
 
+  /// The same, where a Stamp equal to it later says that nothing has changed meanwhile; nothing
+  /// when the file is changing all the time. May wait for some milliseconds. Raises Error.
+  [[nodiscard]] std::optional<FileStamp> SteadyStamp() const;
+
   /// Fills `buffer` from the bytes at `offset`; returns how many there were, fewer than asked for
   /// only where the file ends. Raises Error.
   [[nodiscard]] std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) const;

@@ -8,6 +8,7 @@
 #include "tools/files/FileHandle_posix.h"
 #include "tools/files/FileStamp_posix.h"
 #include "tools/files/InputFile.h"
+#include "tools/files/SteadyStatus_posix.h"
 
 namespace tools {
 
@@ -38,6 +39,13 @@ InputFile::InputFile(const std::string& path, WhenHeld /*whenHeld*/)
 InputFile::~InputFile() = default;
 
 FileStamp InputFile::Stamp() const { return StampFrom(state_->Status()); }
+
+std::optional<FileStamp> InputFile::SteadyStamp() const {
+  struct stat status {};
+  if (SteadyStatus(state_->file.Get(), status)) return StampFrom(status);
+  (void)state_->Status();  // raises the error, where there was one
+  return std::nullopt;
+}
 
 std::size_t InputFile::ReadAt(std::uint64_t offset, std::span<char> buffer) const {
   std::size_t filled = 0;

@@ -52,6 +52,9 @@ FileStamp InputFile::Stamp() const {
   return StampFrom(information);
 }
 
+// The system counts a file's time in ticks of 100 nanoseconds.
+std::optional<FileStamp> InputFile::SteadyStamp() const { return Stamp(); }
+
 std::size_t InputFile::ReadAt(std::uint64_t offset, std::span<char> buffer) const {
   std::size_t filled = 0;
   while (filled < buffer.size()) {

@@ -1,9 +1,15 @@
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <atomic>
 #include <filesystem>
+#include <thread>
 
 #include "tests/support/WithoutRights.h"
 #include "tools/files/Disk.h"
+#include "tools/files/FileContent.h"
+#include "tools/files/FileStamp_posix.h"
 #include "tools/files/Files.h"
 #include "tools/files/FolderClaim.h"
 
@@ -72,6 +78,62 @@ TEST(FolderErrorsTest, NameThePathThatStoppedThemAndTheTrueCause) {
               testing::EndsWith(" (Ein Teil des Pfades ist kein Ordner)"));
   EXPECT_THROW(MakeFolder(folder.Path("neu/" + std::string(300, 'x'))), Error);
   EXPECT_FALSE(folder.Holds("neu"));
+}
+
+// Fills the file again, in its place.
+void Rewrite(const std::string& path, char content) {
+  const int file = ::open(path.c_str(), O_WRONLY);
+  const std::string bytes(2'000'000, content);
+  EXPECT_EQ(::write(file, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+  ::close(file);
+}
+
+bool IsUniform(const std::string& text) {
+  return text.find_first_not_of(text.front()) == std::string::npos;
+}
+
+TEST(ChangingSourceTest, IsCopiedOnceMoreAndThenRefused) {
+  const tests::TemporaryFolder folder;
+  const std::string source = folder.Write("quelle", std::string(9'000'000, 'a'));
+  int changes = 1;
+  const auto change = [&](std::uint64_t) {
+    if (changes-- > 0) Rewrite(source, static_cast<char>('a' + changes));
+  };
+  EXPECT_TRUE(CopyFile(source, folder.Path("ziel"), change).Succeeded());
+  EXPECT_TRUE(folder.Read("ziel") == folder.Read("quelle"));
+  changes = 100;
+  EXPECT_EQ(CopyFile(source, folder.Path("ziel"), change).errorText,
+            "Die Datei ändert sich gerade");
+}
+
+TEST(ChangingSourceTest, IsNotReadHalfOldAndHalfNew) {
+  const tests::TemporaryFolder folder;
+  const std::string source = folder.Write("quelle", std::string(2'000'000, 'a'));
+  std::atomic<bool> ended = false;
+  std::thread writer([&] {
+    for (int i = 0; !ended; ++i) Rewrite(source, static_cast<char>('a' + i % 26));
+  });
+  int torn = 0;
+  for (int i = 0; i < 20; ++i) {
+    try {
+      if (!IsUniform(ReadFileUpTo(source, 4'000'000)->bytes)) ++torn;
+    } catch (const Error& error) {
+      EXPECT_EQ(error.Cause(), kChangesMeanwhile);
+    }
+  }
+  ended = true;
+  writer.join();
+  // A writer that the system halts in the middle of a write for long cannot be seen.
+  EXPECT_LT(torn, 4);
+  EXPECT_EQ(ReadFileUpTo(source, 4'000'000)->bytes.size(), 2'000'000U);
+}
+
+TEST(FileStampTest, TimesThatNanosecondsCannotCountAreCutOff) {
+  struct stat status {};
+  status.st_mtim.tv_sec = std::numeric_limits<time_t>::max();
+  EXPECT_GE(StampFrom(status).modifiedNanoseconds, std::int64_t{9'223'372'035} * 1'000'000'000);
+  status.st_mtim.tv_sec = std::numeric_limits<time_t>::min();
+  EXPECT_LT(StampFrom(status).modifiedNanoseconds, std::int64_t{-9'223'372'034} * 1'000'000'000);
 }
 
 TEST(CopyFileTest, RefusesWhatIsNoRegularFileButNotFilesWhoseSizeTheSystemHides) {
