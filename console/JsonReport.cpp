@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "tools/Text.h"
+
 namespace console {
 
 namespace {
@@ -11,7 +13,10 @@ using Json = nlohmann::ordered_json;
 
 /// File names need not be UTF-8: what is not becomes U+FFFD.
 void WriteLine(std::ostream& output, const Json& object) {
-  output << object.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+  // The library leaves those beyond ASCII as they are; they stand in strings alone.
+  output << tools::EscapeControlCharacters(
+                object.dump(-1, ' ', false, Json::error_handler_t::replace))
+         << std::endl;
 }
 
 Json Components(const model::ModProject& project, std::int32_t version) {

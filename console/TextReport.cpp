@@ -6,6 +6,8 @@
 #include <ostream>
 #include <sstream>
 
+#include "tools/Text.h"
+
 namespace console {
 
 namespace {
@@ -27,12 +29,12 @@ TextReport::TextReport(Streams streams, InterruptTest interrupted, bool quiet)
 
 void TextReport::OnMessage(const engine::BuildMessage& message) {
   ClearProgress();
-  Errors() << MessageLine(message) << std::endl;
+  Errors() << tools::EscapeControlCharacters(MessageLine(message)) << std::endl;
 }
 
 void TextReport::Failure(const std::string& text) {
   ClearProgress();
-  Errors() << "packwright-build: " << text << std::endl;
+  Errors() << "packwright-build: " << tools::EscapeControlCharacters(text) << std::endl;
 }
 
 void TextReport::CheckEnd(std::size_t findings) {
@@ -50,11 +52,13 @@ void TextReport::ProofEnd(const setup::ProofResult& result) {
 }
 
 void TextReport::Listing(const model::ModProject& project) {
-  Output() << project.ProductTitle() << '\n';
+  const auto shown = [](const std::string& text) { return tools::EscapeControlCharacters(text); };
+  Output() << shown(project.ProductTitle()) << '\n';
   for (const std::int32_t version : project.VersionSlots()) {
-    Output() << "  " << project.VersionString(version) << '\n';
+    Output() << "  " << shown(project.VersionString(version)) << '\n';
     for (const std::int32_t component : project.ComponentSlots(version)) {
-      Output() << "    " << component << "  " << project.ComponentTitle(version, component) << '\n';
+      Output() << "    " << component << "  " << shown(project.ComponentTitle(version, component))
+               << '\n';
     }
   }
 }
@@ -62,7 +66,7 @@ void TextReport::Listing(const model::ModProject& project) {
 void TextReport::Summary(const engine::BuildSummary& summary) {
   ClearProgress();
   if (quiet_) return;
-  Output() << "Setup erstellt: " << summary.outputFolder << '\n'
+  Output() << "Setup erstellt: " << tools::EscapeControlCharacters(summary.outputFolder) << '\n'
            << "  Dateien:    " << summary.stored.files << '\n'
            << "  Eingang:    " << ByteText(summary.stored.bytesIn) << '\n'
            << "  Ausgang:    " << ByteText(summary.stored.bytesOut) << " ("

@@ -1,7 +1,9 @@
 #include "engine/ArchiveStore.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "tools/Text.h"
 #include "tools/files/FileContent.h"
 #include "tools/files/Path.h"
 
@@ -10,6 +12,22 @@ namespace engine {
 namespace {
 
 constexpr tools::ArchiveOptions kOptions{3, 12, 0};
+
+// What Windows takes for a path or a stream, or the runtime for a macro, becomes "_".
+std::string StoredExtension(std::string_view sourcePath) {
+  constexpr std::string_view kSigns = "-_+~#!$&@()";
+  std::string extension = tools::Extension(sourcePath);
+  const bool isText = tools::IsValidUtf8(extension);
+  std::replace_if(
+      extension.begin(), extension.end(),
+      [&](char c) {
+        const bool isLetterOrDigit = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
+                                     (c >= 'a' && c <= 'z') || (c < 0 && isText);
+        return !isLetterOrDigit && kSigns.find(c) == std::string_view::npos;
+      },
+      '_');
+  return extension;
+}
 
 }  // namespace
 
@@ -28,7 +46,7 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
 
 StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, const std::string& sourcePath) {
   StoredFile stored;
-  stored.name = std::to_string(++counter_) + "." + tools::Extension(sourcePath);
+  stored.name = std::to_string(++counter_) + "." + StoredExtension(sourcePath);
   std::optional<tools::FileContent> content;
   try {
     content = tools::ReadFileUpTo(sourcePath, tools::ArchiveWriter::kMaximumContentBytes);

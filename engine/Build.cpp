@@ -8,6 +8,7 @@
 #include "engine/ArchiveStore.h"
 #include "engine/BuildLog.h"
 #include "engine/BuildProgress.h"
+#include "engine/ControlCharacters.h"
 #include "engine/OutputFolder.h"
 #include "engine/OutputNames.h"
 #include "engine/SetupStage.h"
@@ -56,6 +57,9 @@ class Build {
                             OutputFolderPath(options_.folder, environment_.project),
                             [this] { progress_.ThrowIfStopped(); });
     if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
+    FindControlCharacters(
+        environment_.project, version_, survey_,
+        [](const std::string& text, const Place& /*place*/) { throw tools::Error(text); });
     const ScriptHead head = MakeScriptHead();
     // A wish to stop that came meanwhile counts before anything is deleted.
     progress_.ThrowIfStopped();

@@ -7,6 +7,7 @@
 #include "engine/CheckFiles.h"
 #include "engine/CheckSettings.h"
 #include "engine/ComponentFiles.h"
+#include "engine/ControlCharacters.h"
 #include "engine/Findings.h"
 #include "engine/OutputFolder.h"
 #include "engine/OutputNames.h"
@@ -38,6 +39,11 @@ class Checker {
     for (const BuildMessage& unread : survey_.unread) {
       findings_.Report(unread.text, {unread.component, {}, 0});
     }
+    findings_.Try({}, [this] {
+      FindControlCharacters(
+          project_, version_, survey_,
+          [this](const std::string& text, const Place& place) { findings_.Report(text, place); });
+    });
     findings_.Try({}, [this] { CheckOutputFolder(); });
     findings_.Try({}, [this] { CheckTitle(); });
     findings_.Try({}, [this] { CheckCatalogue(); });

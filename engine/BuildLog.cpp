@@ -4,6 +4,7 @@
 
 #include "engine/OutputNames.h"
 #include "tools/Error.h"
+#include "tools/Text.h"
 
 namespace engine {
 
@@ -43,7 +44,8 @@ void BuildLog::LogError(std::string_view text, const Place& place, std::string_v
 }
 
 void BuildLog::Append(std::string_view prefix, std::string_view text) {
-  text_.append(prefix).append(text).append("\r\n");
+  // A path that a line names may hold what would break the line.
+  text_.append(prefix).append(tools::EscapeControlCharacters(text)).append("\r\n");
 }
 
 void BuildLog::Tell(Severity severity, std::string_view text, const Place& place,

@@ -31,10 +31,7 @@ std::string PathKey(std::string_view path) {
 
 }  // namespace
 
-bool BreaksScriptLine(std::string_view value) {
-  return std::any_of(value.begin(), value.end(),
-                     [](char c) { return c == '"' || (c >= 0 && c < ' '); });
-}
+bool BreaksScriptLine(std::string_view value) { return value.find('"') != std::string_view::npos; }
 
 FileCheck::FileCheck(const BuildOptions& options, const std::string& title,
                      std::string outputFolder, Findings& findings)
@@ -83,11 +80,7 @@ void FileCheck::CheckFile(const model::ICFile& entry, const Origin& origin, cons
   std::string key = entry.ID + "\n";
   CheckMeeting(ids_, "Gleiche ID '" + entry.ID + "' und Quelle", key.append(origin.path), origin,
                place);
-  if (packaged_) {
-    CheckValue("Die Dateinamenserweiterung", tools::Extension(origin.path), place);
-  } else {
-    findings_.Try(place, [&] { CheckTreePlace(entry, origin, place); });
-  }
+  if (!packaged_) findings_.Try(place, [&] { CheckTreePlace(entry, origin, place); });
 }
 
 void FileCheck::CheckTreePlace(const model::ICFile& entry, const Origin& origin,

@@ -14,7 +14,8 @@
 
 namespace engine {
 
-/// True for a value that cannot stand between the double quotes of a script line.
+/// True for a value that cannot stand between the double quotes of a script line. What breaks the
+/// line itself is found elsewhere (ControlCharacters.h).
 [[nodiscard]] bool BreaksScriptLine(std::string_view value);
 
 class FileCheck {

@@ -1,6 +1,7 @@
 #include "engine/SourceList.h"
 
 #include "tools/Error.h"
+#include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
@@ -8,6 +9,18 @@
 namespace engine {
 
 namespace {
+
+// No line of a script could name such a file.
+void LeaveOutControlNames(SourceList& list) {
+  std::erase_if(list.paths, [&list](const std::string& path) {
+    if (!tools::HasControlCharacter(tools::FileNamePart(path))) return false;
+    const std::string shown = tools::EscapeControlCharacters(path);
+    list.problems.push_back({SourceFault::Name, Severity::Error,
+                             "File name holds a control character: " + shown,
+                             "Der Dateiname enthält ein Steuerzeichen: " + shown});
+    return true;
+  });
+}
 
 SourceList SingleFile(const model::ICFile& entry, const std::string& folder) {
   SourceList list;
@@ -74,6 +87,7 @@ SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
   }
   list.paths = std::move(found.paths);
   list.links = std::move(found.links);
+  LeaveOutControlNames(list);
   return list;
 }
 

@@ -18,6 +18,7 @@ enum class SourceFault {
   DeadLink,    ///< a link in a scan that leads nowhere
   FolderLink,  ///< a link to a folder in a scan: it is not followed
   Special,     ///< something in a scan that is no file: a pipe, device or socket
+  Name,        ///< a file whose name holds a control character
   Type,        ///< its type is neither a single file nor a folder scan
 };
 

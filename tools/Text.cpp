@@ -63,6 +63,17 @@ std::size_t QuotationEnd(std::string_view text, char quote) {
   return closing == std::string_view::npos ? 0 : closing;
 }
 
+/// The bytes of the control character that `text` begins with; 0 when it begins with none.
+std::size_t ControlLength(std::string_view text) {
+  const auto byte = [text](std::size_t i) {
+    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+  };
+  if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;
+  if (byte(0) == 0xC2 && byte(1) >= 0x80 && byte(1) <= 0x9F) return 2;
+  if (byte(0) == 0xE2 && byte(1) == 0x80 && (byte(2) == 0xA8 || byte(2) == 0xA9)) return 3;
+  return 0;
+}
+
 }  // namespace
 
 std::string FoldCase(std::string_view text) { return MapCharacters(text, FoldCharacter); }
@@ -108,6 +119,32 @@ bool IsValidUtf8(std::string_view text) {
     text.remove_prefix(length);
   }
   return true;
+}
+
+bool HasControlCharacter(std::string_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (ControlLength(text.substr(i)) > 0) return true;
+  }
+  return false;
+}
+
+std::string EscapeControlCharacters(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string escaped;
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t length = ControlLength(text.substr(i));
+    if (length == 0) {
+      escaped += text[i++];
+      continue;
+    }
+    const auto last = static_cast<unsigned char>(text[i + length - 1]);
+    escaped.append("\\u").append(length == 3 ? "20" : "00");
+    const unsigned low = length == 3 ? last - 0x80U : last;  // E2 80 A8 is U+2028
+    escaped += kDigits[low >> 4U];
+    escaped += kDigits[low & 0xFU];
+    i += length;
+  }
+  return escaped;
 }
 
 }  // namespace tools

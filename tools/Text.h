@@ -52,4 +52,11 @@ namespace tools {
 
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 
+/// True when `text` holds a control character or a line separator (U+0000 to U+001F, U+007F to
+/// U+009F, U+2028, U+2029): it would break a line, or command a terminal.
+[[nodiscard]] bool HasControlCharacter(std::string_view text);
+
+/// `text` with these written as "\u001B"; fit for a line of a log or a terminal.
+[[nodiscard]] std::string EscapeControlCharacters(std::string_view text);
+
 }  // namespace tools

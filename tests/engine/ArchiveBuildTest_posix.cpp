@@ -59,9 +59,15 @@ TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) 
   project_.WriteVersionSetting(1, "Tessel", "Key", "k");
   folder_.Write("quelle/3/b/readme.txt", "drei");
   folder_.Write("quelle/3/Ärger.DLL", "zwei");
+  folder_.Write("quelle/3/c/11.\\Windows\\a:%x%.ö_1", "");
+  folder_.Write("quelle/3/c/12.\\Windows\\a:%x%", "");
   Run();
-  EXPECT_TRUE(Archive() ==
-              (Members{{"1.txt", large}, {"2.", ""}, {"3.DLL", "zwei"}, {"4.txt", "drei"}}));
+  EXPECT_TRUE(Archive() == (Members{{"1.txt", large},
+                                    {"2.", ""},
+                                    {"3.DLL", "zwei"},
+                                    {"4.txt", "drei"},
+                                    {"5.ö_1", ""},
+                                    {"6._Windows_a__x_", ""}}));
   EXPECT_EQ(LogLines(), "");
   const std::string script = Out("Probe.install");
   EXPECT_THAT(script, HasSubstr(tools::ReplaceAll(R"S('Install files for "A"
@@ -78,10 +84,10 @@ If Extract()S",
   EXPECT_THAT(script, HasSubstr("RegPrd \"k\", \"Probe\", 1\r\n"));
   EXPECT_THAT(script, HasSubstr("%TempPath%\\4.txt\", \"%InstallPath%\\readme.txt"));
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
-  EXPECT_EQ(summary_->stored.files, 4U);
+  EXPECT_EQ(summary_->stored.files, 6U);
   EXPECT_EQ(summary_->stored.bytesIn, 9'000'008U);
   EXPECT_EQ(summary_->stored.bytesOut, Out("Probe.zip").size());
-  EXPECT_EQ(progress_.filesDone, 4U);
+  EXPECT_EQ(progress_.filesDone, 6U);
 
   options_.folder = folder_.Path("aus2");
   Run();

@@ -147,4 +147,31 @@ TEST_F(BuildCheckTest, ReportsAVersionWithoutAUsableFile) {
   EXPECT_THAT(Check(), ElementsAre("0/0 Die Datei der Version fehlt: " + path));
 }
 
+TEST_F(BuildCheckTest, NoValueWithAControlCharacterReachesASetup) {
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  project_.WriteVersionSetting(1, "Tessel", "Key", "K");
+  const std::string product = "Produkt/Probe.product";
+  const std::string version = "Produkt/Version 1.0.0/product.version";
+  const std::string component = "Produkt/Version 1.0.0/component1.component";
+  for (const auto& [file, before, after, key] :
+       {std::tuple{product, "Author=", "Author=\x1B", "[Product] Author"},
+        {version, "Key=K", "Key=\x7F", "[Tessel] Key"},
+        {version, "Key=K", "Key=K\nTitle=a\tb", "[Tessel] Title"},
+        {version, "Key=K", "Key=K\nType=1\xC2\x85", "[Tessel] Type"},
+        {component, "Title=A", "Title=A\rB", "[Component] Title"},
+        {component, "ID={", "ID={\xE2\x80\xA8", "[File1] ID"},
+        {component, "Type=1", "TargetName=\x01", "[File1] TargetName"},
+        {component, "Type=1", "TargetSubFolder=a\xC2\x9F", "[File1] TargetSubFolder"}}) {
+    const std::string whole = folder_.Read(file);
+    folder_.Write(file, tools::ReplaceAll(whole, before, after));
+    const std::string text =
+        "Ein Wert enthält ein Steuerzeichen: " + folder_.Path(file) + " (" + key + ")";
+    EXPECT_THAT(Check(), testing::Contains(EndsWith(text)));
+    EXPECT_EQ(tests::ErrorOf([&] { Run(); }), text);
+    folder_.Write(file, whole);
+  }
+  EXPECT_FALSE(folder_.Holds("aus"));
+  EXPECT_THAT(Check(), ElementsAre());
+}
+
 }  // namespace engine

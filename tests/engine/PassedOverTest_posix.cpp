@@ -67,6 +67,17 @@ TEST_F(PassedOverTest, LinksToFoldersAndWhatIsNoFileInAScan) {
                 "' matching 'n*.txt'\r\n");
 }
 
+TEST_F(PassedOverTest, FilesWithControlCharactersInTheirNames) {
+  folder_.Write("baum/a.txt", "a");
+  folder_.Write("baum/Zeile 1\nERROR: 2.txt", "b");
+  product_.AddComponent("A", {TestProduct::Scan(folder_.Path("baum"), "*.*")});
+  const std::string shown = folder_.Path("baum/Zeile 1\\u000AERROR: 2.txt");
+  EXPECT_EQ(CheckText(), "Der Dateiname enthält ein Steuerzeichen: " + shown + "\n");
+  Run();
+  EXPECT_EQ(LogLines(), "ERROR: File name holds a control character: " + shown + "\r\n");
+  EXPECT_EQ(summary_->stored.files, 1U);
+}
+
 TEST_F(PassedOverTest, ADeadLinkInPlaceOfASettingsFileIsAnError) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   for (const char* name :

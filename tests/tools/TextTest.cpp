@@ -36,4 +36,20 @@ TEST(TextTest, TrimsReplacesAndSplits) {
   EXPECT_THAT(SplitList("", ';', '"'), ElementsAre());
 }
 
+TEST(TextTest, ControlCharactersAreFoundAndEscaped) {
+  const std::string plain = "Größe \xC2\xA0\xE2\x80\xA7 \xFF";
+  EXPECT_FALSE(HasControlCharacter(plain));
+  EXPECT_EQ(EscapeControlCharacters(plain), plain);
+  for (const auto& [text, escaped] : {std::pair{"a\nb", "a\\u000Ab"},
+                                      {"\x1B", "\\u001B"},
+                                      {"\x7F", "\\u007F"},
+                                      {"ä\xC2\x80", "ä\\u0080"},
+                                      {"\xC2\x9F", "\\u009F"},
+                                      {"\xE2\x80\xA8", "\\u2028"},
+                                      {"\xE2\x80\xA9\r", "\\u2029\\u000D"}}) {
+    EXPECT_TRUE(HasControlCharacter(text)) << escaped;
+    EXPECT_EQ(EscapeControlCharacters(text), escaped);
+  }
+}
+
 }  // namespace tools
