@@ -71,6 +71,9 @@ std::optional<std::uint64_t> SizeOf(const Setup& setup, const PlannedFile& file)
   return tools::StampOf(path).size;
 }
 
+ContentReader::ContentReader(const Setup& setup)
+    : setup_(setup), folder_(tools::CanonicalPath(setup.folder)) {}
+
 void ContentReader::Read(const PlannedFile& file, const ByteSink& sink) {
   if (!file.packaged) {
     ReadTreeFile(TreePath(setup_, file), sink);
@@ -84,15 +87,15 @@ void ContentReader::Read(const PlannedFile& file, const ByteSink& sink) {
 }
 
 void ContentReader::ReadTreeFile(const std::string& path, const ByteSink& sink) {
-  if (!tools::IsSameOrBelow(tools::CanonicalPath(path), tools::CanonicalPath(setup_.folder))) {
+  if (!tools::IsSameOrBelow(tools::CanonicalPath(path), folder_)) {
     throw tools::Error("Diese Verknüpfung führt aus dem Setup hinaus: " + path);
   }
   const tools::InputFile input(path);
   buffer_.resize(kPieceBytes);
-  std::uint64_t offset = 0;
-  while (const std::size_t count = input.ReadAt(offset, buffer_)) {
-    sink(std::string_view(buffer_).substr(0, count));
-    offset += count;
+  std::size_t count = buffer_.size();
+  for (std::uint64_t offset = 0; count == buffer_.size(); offset += count) {
+    count = input.ReadAt(offset, buffer_);  // fewer bytes only where the file ends
+    if (count > 0) sink(std::string_view(buffer_).substr(0, count));
   }
 }
 

@@ -35,7 +35,8 @@ struct Setup {
 /// Reads files of a setup, packaged or not. Each thread has its own.
 class ContentReader {
  public:
-  explicit ContentReader(const Setup& setup) : setup_(setup) {}
+  /// `setup` must outlive this object.
+  explicit ContentReader(const Setup& setup);
 
   /// Gives the file's bytes to `sink`. Raises tools::Error that names the file when it is missing,
   /// damaged, or a link that leads out of the setup.
@@ -45,6 +46,7 @@ class ContentReader {
   void ReadTreeFile(const std::string& path, const ByteSink& sink);
 
   const Setup& setup_;
+  const std::string folder_;  ///< of the setup, without links
   Unpacker unpacker_;
   std::string buffer_;
 };

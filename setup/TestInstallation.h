@@ -1,7 +1,8 @@
 // Installs a setup into a folder instead of the places it is meant for, on any machine.
 //
-//   %Name%\a\b   FOLDER/Name/a/b     (%TempPath% is gone at the end unless a file is installed
-//   there) C:\a         FOLDER/C/a \a           FOLDER/root/a
+//   %Name%\a\b   FOLDER/Name/a/b     (TempPath is gone at the end unless a file is there)
+//   C:\a         FOLDER/C/a
+//   \a           FOLDER/root/a
 //
 // Nothing is written outside FOLDER, whatever the setup holds: ".." is taken out of targets, files
 // are only ever created anew, and links are not made.
