@@ -18,8 +18,8 @@ constexpr const char* kExitCodes =
     "  0  ohne Fehler erstellt\n"
     "  1  erstellt, mit Fehlern im Protokoll (--check, --prove: Beanstandungen)\n"
     "  2  falscher Aufruf, Produkt nicht gefunden, Format oder Version unbekannt\n"
-    "  3  abgelehnt oder abgebrochen (Einstellungen nicht lesbar, Ausgabeordner ungültig oder\n"
-    "     nicht leer, Datenträger voll)\n";
+    "  3  abgelehnt oder abgebrochen (Einstellungen nicht lesbar, Ausgabeordner ungültig,\n"
+    "     nicht leer oder von einem anderen Lauf belegt, Datenträger voll)\n";
 
 void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& showVersion) {
   app.add_option("PRODUKT", line.product, "Produktdatei (*.product)");

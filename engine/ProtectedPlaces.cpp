@@ -106,7 +106,11 @@ void ProtectedPlaces::AddSourcesOf(const model::ModProject& project,
 
 void ProtectedPlaces::Add(FolderRefusal rule, const std::string& path) {
   if (path.empty() || !added_.emplace(rule, path).second) return;
-  for (const std::string& place : tools::PlacesOnTheWay(path)) AddPlace({rule, path}, place);
+  for (const std::string& place : tools::PlacesOnTheWay(path)) {
+    AddPlace({rule, path}, place);
+    // What is above it there need not be above it here.
+    for (const std::string& other : mounts_.OtherPathsOf(place)) AddPlace({rule, path}, other);
+  }
 }
 
 void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "model/ModProject.h"
+#include "tools/files/Mounts.h"
 
 namespace engine {
 
@@ -59,6 +60,7 @@ class ProtectedPlaces {
   /// Adds one place, and the folders above it.
   void AddPlace(const Place& place, const std::string& at);
 
+  tools::MountTable mounts_;
   std::map<std::string, Place> byPath_;
   std::map<std::pair<std::uint64_t, std::uint64_t>, Place> byIdentity_;  ///< volume and number
   std::set<std::pair<FolderRefusal, std::string>> added_;

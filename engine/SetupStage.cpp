@@ -51,9 +51,9 @@ void MoveContent(tools::Disk& disk, const std::string& from, const std::string& 
   }
 }
 
-/// Calls `action` with the path of each hidden folder in the output folder that no running build
-/// holds.
-void ForEachLeftover(const tools::FolderClaim& output,
+/// Calls `action` with the path of each hidden folder (or file) in the output folder that no
+/// running build holds.
+void ForEachLeftover(const tools::FolderClaim& output, tools::FolderEntry::Kind kind,
                      const std::function<void(const std::string& stage)>& action) {
   std::error_code failure;
   const auto entries = tools::ListEntries(output.Path(), failure);
@@ -62,8 +62,7 @@ void ForEachLeftover(const tools::FolderClaim& output,
   }
   for (const tools::FolderEntry& entry : entries) {
     const std::string stage = tools::JoinPath(output.Path(), entry.name);
-    if (entry.kind == tools::FolderEntry::Kind::Folder && tools::IsTemporaryName(entry.name) &&
-        tools::IsOwnerGone(stage)) {
+    if (entry.kind == kind && tools::IsTemporaryName(entry.name) && tools::IsOwnerGone(stage)) {
       action(stage);
     }
   }
@@ -86,12 +85,14 @@ bool HoldsOldContent(const std::string& stage) {
 }
 
 void RemoveLeftovers(const tools::FolderClaim& output) {
-  ForEachLeftover(output, [&output](const std::string& stage) {
-    try {
-      if (!HoldsOldContent(stage)) output.Remove(tools::FileNamePart(stage));
-    } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the next build tries again
-    }
-  });
+  for (const auto kind : {tools::FolderEntry::Kind::Folder, tools::FolderEntry::Kind::File}) {
+    ForEachLeftover(output, kind, [&output](const std::string& path) {
+      try {
+        if (!HoldsOldContent(path)) output.Remove(tools::FileNamePart(path));
+      } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the next build tries again
+      }
+    });
+  }
 }
 
 void MakeNewFolder(const std::string& path) {
@@ -103,7 +104,7 @@ void MakeNewFolder(const std::string& path) {
 }  // namespace
 
 void SetupStage::Recover(tools::Disk& disk, const tools::FolderClaim& output) {
-  ForEachLeftover(output, [&](const std::string& stage) {
+  ForEachLeftover(output, tools::FolderEntry::Kind::Folder, [&](const std::string& stage) {
     for (const std::string& folder : FoldersToRestore(stage)) {
       MoveContent(disk, folder, output.Path());
     }

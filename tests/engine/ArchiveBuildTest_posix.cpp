@@ -203,6 +203,7 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
 TEST_F(ArchiveBuildTest, RemovesWhatAKilledBuildLeftAndCountsItForNothing) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   folder_.Write("aus/.packwright-0123456789abcdef.tmp/Probe.zip", "halb");
+  folder_.Write("aus/.packwright-0123456789abcdee.tmp", "halb");
   Run();
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
 }
@@ -331,11 +332,15 @@ TEST_F(ArchiveBuildTest, RefusesMountedFoldersAndWhatTheyShow) {
                       bind ? MS_BIND : 0, nullptr),
               0);
   };
-  product_.AddComponent("A", {Source("a.txt", "a")});
+  folder_.Write("oben/hier entsteht es/b.txt", "b");
+  folder_.Write("quelle/x", "");
   mount("", "platte");
   mount("", "unten/tief/platte");
   mount("Produkt", "produkt");
   mount("quelle", "anderswo/quelle");
+  mount("oben/hier entsteht es", "dort");
+  product_.AddComponent(
+      "A", {Source("a.txt", "a"), tests::TestProduct::File(folder_.Path("dort/b.txt"))});
   const auto refusal = [this](const std::string& name) {
     options_.folder = folder_.Path(name);
     Run();
@@ -343,13 +348,14 @@ TEST_F(ArchiveBuildTest, RefusesMountedFoldersAndWhatTheyShow) {
   };
   EXPECT_EQ(refusal("produkt"), "Er enthält das Produkt oder eine seiner Versionen");
   EXPECT_EQ(refusal("anderswo/quelle"), "In ihm liegen Quelldateien der Version");
+  EXPECT_EQ(refusal("oben"), "In ihm liegen Quelldateien der Version");
   EXPECT_EQ(refusal("unten"), "In ihm ist ein anderer Datenträger eingehängt");
   for (int build = 1; build <= 2; ++build) EXPECT_EQ(refusal("platte"), "");
   EXPECT_TRUE(folder_.Holds("platte/Probe.zip"));
   folder_.Write("platte/wichtig.txt", "x");
   EXPECT_EQ(refusal("platte"),
             "Er ist der oberste Ordner eines Datenträgers, auf dem nicht nur ein Setup liegt");
-  for (const char* name : {"platte", "unten/tief/platte", "produkt", "anderswo/quelle"}) {
+  for (const char* name : {"platte", "unten/tief/platte", "produkt", "anderswo/quelle", "dort"}) {
     EXPECT_EQ(::umount(folder_.Path(name).c_str()), 0);
   }
 }

@@ -16,4 +16,9 @@ bool IsMountRoot(const std::string& folder) {
   return IsSameOrBelow(EnsureTrailingSeparator(FromWide(root.data())), path);
 }
 
+// Canonical paths have mounted folders resolved.
+MountTable::MountTable() = default;
+
+std::vector<std::string> MountTable::OtherPathsOf(const std::string&) const { return {}; }
+
 }  // namespace tools
