@@ -319,6 +319,19 @@ TEST_F(ArchiveBuildTest, RefusesAFolderThatLinksOnTheWayToSettingsOrSourcesLieIn
   }
 }
 
+TEST_F(ArchiveBuildTest, EmptiesNoFolderWhileSourcesOfAnotherVersionAreUnknown) {
+  project_.WriteProductSetting("Versions", "Ver2", "2.0.0");
+  const std::string lost = folder_.Path("Produkt/Version 2.0.0/component1.component");
+  folder_.MakeFolder("Produkt/Version 2.0.0");
+  std::filesystem::create_symlink(lost, lost);
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  Run();
+  EXPECT_EQ(summary_->outcome, BuildOutcome::Finished);
+  Run();
+  EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder);
+  EXPECT_THAT(summary_->reason, AllOf(HasSubstr("ist nicht festzustellen: "), HasSubstr(lost)));
+}
+
 TEST_F(ArchiveBuildTest, RefusesMountedFoldersAndWhatTheyShow) {
   // In a view of its own, so that nothing stays mounted.
   if (::unshare(CLONE_NEWNS) != 0 ||

@@ -44,6 +44,9 @@ TEST_F(OutputFolderTest, RefusesBlankTextRootAndHome) {
       {home + "/packwright-test-output", FolderRefusal::None}};
   for (const auto& [text, refusal] : rows) EXPECT_EQ(Accept(text).refusal, refusal) << text;
   EXPECT_FALSE(Accept(tools::FolderOf(home)).IsAccepted());
+  for (const std::string& others : tools::HomeFolders()) {
+    EXPECT_FALSE(Accept(others).IsAccepted()) << others;
+  }
   EXPECT_EQ(Accept(root).reason, "Er ist der oberste Ordner eines Datenträgers: " + root);
 }
 

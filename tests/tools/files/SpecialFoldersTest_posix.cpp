@@ -23,6 +23,7 @@ TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFileAndDefaultsLieInTheHomeFo
   EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path(".config"));
   EXPECT_EQ(SpecialFolder(kDocumentsFolder), folder_.Path());
   EXPECT_EQ(SpecialFolder(kTemporaryFolder), "/tmp");
+  EXPECT_THAT(HomeFolders(), testing::IsSupersetOf({folder_.Path(), std::string("/root")}));
   setenv("XDG_CONFIG_HOME", (folder_.Path("settings") + "//").c_str(), 1);
   EXPECT_EQ(SpecialFolder(kUserDataFolder), folder_.Path("settings"));
   folder_.Write("settings/user-dirs.dirs",
