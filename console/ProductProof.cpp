@@ -4,6 +4,7 @@
 #include <thread>
 #include <utility>
 
+#include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
@@ -58,8 +59,8 @@ std::vector<setup::Finding> ProblemsOf(const engine::Survey& survey) {
 setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int32_t version,
                                      engine::Survey& survey, const tools::Clock& clock) {
   setup::ExpectedSetup expected;
-  expected.title = project.ReadProductSetting("Product", "Title", "");
-  expected.author = project.ReadProductSetting("Product", "Author", "");
+  expected.title = project.ProductTitle();
+  expected.author = project.ProductAuthor();
   expected.confirmation = tools::ReplaceAll(model::LoadText(model::Text::ScriptConfirmation),
                                             "%title%", expected.title);
   expected.cancellation = model::LoadText(model::Text::ScriptCancelledByUser);
@@ -67,12 +68,8 @@ setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int3
                       .caption = tools::StandardText(tools::kTextError),
                       .cancellation = model::LoadText(model::Text::ScriptInstallationFailed)};
   expected.latestYear = clock.Year();
-  const std::string key = project.ReadVersionSetting(version, "Tessel", "Key", "");
-  if (!key.empty()) {
-    expected.registration = {key,
-                             project.ReadVersionSetting(version, "Tessel", "Title", expected.title),
-                             project.ReadVersionSetting(version, "Tessel", "Type", "1")};
-  }
+  const auto [key, title, type] = model::StoredOptions(project, version).Catalogue(expected.title);
+  if (!key.empty()) expected.registration = {key, title, type};
   for (engine::SurveyedComponent& component : survey.components) {
     for (engine::SurveyedEntry& entry : component.entries) {
       if (!entry.sources.empty()) {

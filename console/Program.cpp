@@ -12,10 +12,10 @@
 #include "engine/BuildCheck.h"
 #include "engine/OutputContent.h"
 #include "model/ModProject.h"
+#include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/Clock.h"
 #include "tools/Error.h"
-#include "tools/Numbers.h"
 #include "tools/Text.h"
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
@@ -26,38 +26,26 @@ namespace console {
 
 namespace {
 
-std::string StoredOutputFolder(const model::ModProject& project, std::int32_t version,
-                               const std::string& configuration) {
-  std::int32_t number = 1;
-  try {
-    number = tools::ToInt32(configuration);
-  } catch (const tools::Error& error) {
-    throw tools::Error("Die aktive Konfiguration der Version ist ungültig: " +
-                       std::string(error.what()));
-  }
-  const bool isKnown = number == 1 || number == 2;
-  std::string folder =
-      project.ReadVersionSetting(version, "Build" + std::to_string(number), "OutputFolder",
-                                 isKnown ? project.DefaultOutputFolder(number) : std::string());
+std::string StoredOutputFolder(const model::ModProject& project, std::int32_t version) {
+  const model::StoredOptions stored(project, version);
+  const std::int32_t configuration = stored.ActiveConfiguration();
+  std::string folder = stored.Of(configuration).folder;
   // The folder proposed for no configuration holds those of all of them.
-  if (!isKnown && folder.empty()) {
-    throw tools::Error(
-        "Die aktive Konfiguration der Version ist ungültig: " + project.VersionFilePath(version) +
-        " ([BuildCommon] ActiveConfig=" + configuration + ")");
-  }
-  return folder;
+  const bool isKnown = configuration == 1 || configuration == 2;
+  if (isKnown || folder != project.DefaultOutputFolder(configuration)) return folder;
+  throw tools::Error(
+      "Die aktive Konfiguration der Version ist ungültig: " + project.VersionFilePath(version) +
+      " ([BuildCommon] ActiveConfig=" + std::to_string(configuration) + ")");
 }
 
 engine::BuildOptions OptionsFor(const model::ModProject& project, std::int32_t version,
                                 const CommandLine& line, const std::string& workingFolder) {
-  const std::string configuration =
-      project.ReadVersionSetting(version, "BuildCommon", "ActiveConfig", "1");
   engine::BuildOptions options;
   options.packaged = line.zip;
   options.includeWrapper = line.wrapper;
   options.includeRuntime = line.runtime;
   if (!line.output) {
-    options.folder = StoredOutputFolder(project, version, configuration);
+    options.folder = StoredOutputFolder(project, version);
   } else if (!tools::TrimBlanks(*line.output).empty()) {
     // A blank folder (an unset variable of a script) must stay blank, which a build refuses.
     options.folder = tools::ResolvePath(*line.output, workingFolder);

@@ -17,6 +17,7 @@
 #include "engine/Survey.h"
 #include "engine/TreeStore.h"
 #include "engine/WriteInstallScript.h"
+#include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/files/Files.h"
@@ -167,17 +168,16 @@ class Build {
 
   ScriptHead MakeScriptHead() const {
     const model::ModProject& project = environment_.project;
-    const auto tessel = [&](std::string_view key, std::string_view value) {
-      return project.ReadVersionSetting(version_, "Tessel", key, value);
-    };
+    model::StoredOptions::CatalogueEntry entry =
+        model::StoredOptions(project, version_).Catalogue(title_);
     ScriptHead head;
     head.year = environment_.clock.Year();
-    head.author = project.ReadProductSetting("Product", "Author", "");
+    head.author = project.ProductAuthor();
     head.toolVersion = environment_.toolVersion;
     head.productTitle = title_;
-    head.catalogueKey = tessel("Key", "");
-    head.catalogueTitle = tessel("Title", title_);
-    head.catalogueType = tessel("Type", "1");
+    head.catalogueKey = std::move(entry.key);
+    head.catalogueTitle = std::move(entry.title);
+    head.catalogueType = std::move(entry.type);
     return head;
   }
 

@@ -11,6 +11,7 @@
 #include "engine/Findings.h"
 #include "engine/OutputFolder.h"
 #include "engine/OutputNames.h"
+#include "model/StoredOptions.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
@@ -77,18 +78,13 @@ class Checker {
 
   // Without a key the script registers nothing. The editor proposes "?" where it has no better one.
   void CheckCatalogue() {
-    const auto tessel = [this](std::string_view key, std::string_view value) {
-      return project_.ReadVersionSetting(version_, "Tessel", key, value);
-    };
-    const std::string key = tessel("Key", "");
+    const auto [key, title, type] = model::StoredOptions(project_, version_).Catalogue({});
     if (key.empty()) return;
-    const std::string title = tessel("Title", "");
     if (key == "?") findings_.Report("Der Tessel-Anwendungsschlüssel ist noch \"?\"");
     if (title == "?")
       findings_.Report("Die Programmbezeichnung der Tessel-Datenbank ist noch \"?\"");
     CheckValue("Der Tessel-Anwendungsschlüssel", key);
     CheckValue("Die Programmbezeichnung der Tessel-Datenbank", title);
-    const std::string type = tessel("Type", "1");
     if (!IsWholeNumber(type)) findings_.Report("Der Programmtyp ist keine Zahl: " + type);
   }
 

@@ -136,16 +136,18 @@ void CheckProductSettings(const model::ModProject& project, std::int32_t version
   findings.Try({}, [&] { CheckFile(project, project.VersionFilePath(version), findings); });
   findings.Try({}, [&] { (void)project.VersionSlots(); });
   findings.Try({}, [&] { (void)project.ComponentCount(version); });
-  const auto checkNumber = [&](std::string_view section, std::string_view key) {
+  namespace setting = model::setting;
+  const auto checkNumber = [&](const model::SettingName& name) {
     findings.Try({}, [&] {
-      (void)model::StoredInt32(project.ReadVersionSetting(version, section, key, "0"),
-                               {project.VersionFilePath(version), section, key});
+      (void)model::StoredInt32(project.ReadVersionSetting(version, name),
+                               {project.VersionFilePath(version), name});
     });
   };
-  checkNumber("BuildCommon", "ActiveConfig");
-  checkNumber("BuildCommon", "InstallerType");
-  checkNumber("Build1", "Locale");
-  checkNumber("Build2", "Locale");
+  checkNumber(setting::kActiveConfiguration);
+  checkNumber(setting::kInstallerType);
+  for (const std::int32_t configuration : {1, 2}) {
+    checkNumber({setting::BuildSection(configuration), setting::kLanguage});
+  }
 }
 
 void CheckComponentSettings(const model::ModProject& project, std::int32_t version,
@@ -154,7 +156,8 @@ void CheckComponentSettings(const model::ModProject& project, std::int32_t versi
     const std::string path = project.ComponentFilePath(version, slot);
     if (LookAt(path) != tools::PathKind::File) return;
     const std::shared_ptr<const tools::SettingsFile> settings = project.Settings().Load(path);
-    const std::string title = settings->Read("Component", "Title", "");
+    const std::string title = settings->Read(model::setting::kComponentTitle.section,
+                                             model::setting::kComponentTitle.key, "");
     ComponentCheck(*settings, path, {slot, title, 0}, findings).Run();
   });
 }

@@ -7,6 +7,7 @@
 
 #include "engine/ComponentFiles.h"
 #include "engine/SettingsText.h"
+#include "model/SettingNames.h"
 #include "model/SlotNumbers.h"
 #include "tools/Error.h"
 #include "tools/Numbers.h"
@@ -24,6 +25,10 @@ namespace {
 constexpr std::int32_t kMaximumEntries = 1'000'000;
 constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
 
+constexpr model::SettingName kTitle = model::setting::kComponentTitle;
+constexpr model::SettingName kComponents = model::setting::kComponentCount;
+constexpr model::SettingName kFiles = model::setting::kFileCount;
+
 std::string InComponent(const std::string& title) { return " of component '" + title + "'"; }
 
 SurveyProblem ValueProblem(std::string logText, std::string userText) {
@@ -34,10 +39,10 @@ bool IsNoComponent(const tools::SettingsFile& settings) {
   const std::string text = settings.Render();
   // A loss of power can leave NULs in place of a part of a file.
   if (text.find('\0') != std::string::npos) return true;
-  if (settings.Find("Component", "Title")) return false;
+  if (settings.Find(kTitle.section, kTitle.key)) return false;
   bool hasSection = false;
   ForEachSection(text, [&](std::string_view name) {
-    hasSection = hasSection || tools::EqualIgnoringAsciiCase(name, "Component");
+    hasSection = hasSection || tools::EqualIgnoringAsciiCase(name, kTitle.section);
   });
   return !hasSection;
 }
@@ -70,7 +75,8 @@ class Surveyor {
  private:
   // A version file that lost its end would build to an empty setup.
   void RequireCount() const {
-    const std::string count = project_.ReadVersionSetting(version_, "Components", "Count", "");
+    const std::string count =
+        project_.ReadVersionSetting(version_, kComponents.section, kComponents.key, "");
     if (!tools::TrimBlanks(count).empty()) return;
     throw tools::Error("Die Anzahl der Komponenten fehlt: " + project_.VersionFilePath(version_) +
                        " ([Components] Count)");
@@ -131,7 +137,7 @@ class Surveyor {
       AddStoredLocations(kAnyNumber);
       return;
     }
-    component.title = settings_->Read("Component", "Title", "");
+    component.title = settings_->Read(kTitle.section, kTitle.key, "");
     component.isInstalled = !component.title.empty();
     std::int32_t count = kAnyNumber;
     try {
@@ -152,7 +158,7 @@ class Surveyor {
 
   // Without one, entries that are there would be left out without a word.
   void RequireFileCount() const {
-    if (!tools::TrimBlanks(settings_->Read("Files", "Count", "")).empty()) return;
+    if (!tools::TrimBlanks(settings_->Read(kFiles.section, kFiles.key, "")).empty()) return;
     if (model::SlotsNamedIn(settings_->Render(), "File", kAnyNumber).empty()) return;
     throw tools::Error("([Files] Count)");
   }

@@ -4,21 +4,17 @@
 
 namespace model {
 
-namespace {
-
-constexpr std::string_view kCountSection = "Files";
-constexpr std::string_view kCountKey = "Count";
-
-}  // namespace
+namespace {}  // namespace
 
 std::string FileEntrySection(std::int32_t number) { return "File" + std::to_string(number); }
 
 std::int32_t ReadFileCount(const SettingReader& read, std::string_view path) {
-  return StoredCount(read(kCountSection, kCountKey, "0"), {path, kCountSection, kCountKey});
+  constexpr SettingName kCount = setting::kFileCount;
+  return StoredCount(read(kCount.section, kCount.key, kCount.standard), {path, kCount});
 }
 
 void WriteFileCount(const SettingWriter& write, std::int32_t count) {
-  write(kCountSection, kCountKey, std::to_string(count));
+  write(setting::kFileCount.section, setting::kFileCount.key, std::to_string(count));
 }
 
 ICFile ReadFileEntry(const SettingReader& read, std::string_view path, std::int32_t number,

@@ -17,10 +17,7 @@ namespace model {
 
 namespace {
 
-constexpr std::string_view kVersions = "Versions";
 constexpr std::string_view kVersionKey = "Ver";
-constexpr std::string_view kComponents = "Components";
-constexpr std::string_view kCount = "Count";
 constexpr std::string_view kComponentWord = "component";
 constexpr std::string_view kComponentEnding = ".component";
 
@@ -74,7 +71,8 @@ void ModProject::SetProductPath(std::string path) {
 std::string ModProject::ProductFolder() const { return tools::FolderOf(productPath_); }
 
 bool ModProject::HasKnownFormat(const std::string& productPath) const {
-  return settings_.Read(productPath, "General", "Version", "") == kFormatVersion;
+  return settings_.Read(productPath, setting::kFormat.section, setting::kFormat.key, "") ==
+         kFormatVersion;
 }
 
 std::string ModProject::ReadProductSetting(std::string_view section, std::string_view key,
@@ -158,20 +156,25 @@ std::string ModProject::ComponentFilePath(std::int32_t version, std::int32_t com
   return tools::JoinPath(VersionFolder(VersionString(version)), ComponentFileName(component));
 }
 
-std::string ModProject::ProductTitle() const { return ReadProductSetting("Product", "Title", ""); }
+std::string ModProject::ProductTitle() const { return ReadProductSetting(setting::kProductTitle); }
+
+std::string ModProject::ProductAuthor() const {
+  return ReadProductSetting(setting::kProductAuthor);
+}
 
 void ModProject::SetProductTitle(std::string_view title) {
-  WriteProductSetting("Product", "Title", title);
+  WriteProductSetting(setting::kProductTitle, title);
 }
 
 std::int32_t ModProject::VersionCount() const {
-  return StoredCount(ReadProductSetting(kVersions, kCount, "0"), {productPath_, kVersions, kCount});
+  return StoredCount(ReadProductSetting(setting::kVersionCount),
+                     {productPath_, setting::kVersionCount});
 }
 
 std::string ModProject::VersionString(std::int32_t version) const {
   std::string key(kVersionKey);
   key.append(std::to_string(version));
-  return ReadProductSetting(kVersions, key, "");
+  return ReadProductSetting(setting::kVersionCount.section, key, "");
 }
 
 std::vector<std::int32_t> ModProject::VersionSlots() const {
@@ -185,12 +188,13 @@ std::vector<std::int32_t> ModProject::VersionSlots() const {
 }
 
 std::int32_t ModProject::ComponentCount(std::int32_t version) const {
-  return StoredCount(ReadVersionSetting(version, kComponents, kCount, "0"),
-                     {VersionFilePath(version), kComponents, kCount});
+  return StoredCount(ReadVersionSetting(version, setting::kComponentCount),
+                     {VersionFilePath(version), setting::kComponentCount});
 }
 
 std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t component) const {
-  return ReadComponentSetting(version, component, "Component", "Title", "");
+  constexpr SettingName kTitle = setting::kComponentTitle;
+  return ReadComponentSetting(version, component, kTitle.section, kTitle.key, "");
 }
 
 std::vector<std::int32_t> ModProject::PossibleComponentSlots(std::int32_t version) const {

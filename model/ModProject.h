@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/SettingNames.h"
 #include "tools/settings/SettingsStore.h"
 
 namespace model {
@@ -44,12 +45,25 @@ class ModProject {
   // no product is open and raise tools::Error when the store cannot write.
   [[nodiscard]] std::string ReadProductSetting(std::string_view section, std::string_view key,
                                                std::string_view defaultValue) const;
+  [[nodiscard]] std::string ReadProductSetting(const SettingName& name) const {
+    return ReadProductSetting(name.section, name.key, name.standard);
+  }
   void WriteProductSetting(std::string_view section, std::string_view key, std::string_view value);
+  void WriteProductSetting(const SettingName& name, std::string_view value) {
+    WriteProductSetting(name.section, name.key, value);
+  }
   [[nodiscard]] std::string ReadVersionSetting(std::int32_t version, std::string_view section,
                                                std::string_view key,
                                                std::string_view defaultValue) const;
+  [[nodiscard]] std::string ReadVersionSetting(std::int32_t version,
+                                               const SettingName& name) const {
+    return ReadVersionSetting(version, name.section, name.key, name.standard);
+  }
   void WriteVersionSetting(std::int32_t version, std::string_view section, std::string_view key,
                            std::string_view value);
+  void WriteVersionSetting(std::int32_t version, const SettingName& name, std::string_view value) {
+    WriteVersionSetting(version, name.section, name.key, value);
+  }
   [[nodiscard]] std::string ReadComponentSetting(std::int32_t version, std::int32_t component,
                                                  std::string_view section, std::string_view key,
                                                  std::string_view defaultValue) const;
@@ -72,6 +86,7 @@ class ModProject {
   [[nodiscard]] std::string VersionFolder(std::string_view versionText) const;
 
   [[nodiscard]] std::string ProductTitle() const;
+  [[nodiscard]] std::string ProductAuthor() const;
   void SetProductTitle(std::string_view title);
   /// The highest version slot ever used; 0 when there is none. Raises tools::Error naming file and
   /// key for a negative number or one of over 31 bits.

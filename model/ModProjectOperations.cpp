@@ -19,9 +19,9 @@ namespace model {
 
 namespace {
 
-constexpr std::string_view kVersions = "Versions";
-constexpr std::string_view kComponents = "Components";
-constexpr std::string_view kCount = "Count";
+void Write(tools::SettingsFile& file, const SettingName& name, std::string_view value) {
+  file.Write(name.section, name.key, value);
+}
 
 std::string NumberedKey(std::string_view word, std::int32_t number) {
   return std::string(word).append(std::to_string(number));
@@ -72,9 +72,9 @@ bool ModProjectOperations::CreateProduct(const model::NewProduct& product) {
     return false;
   }
   tools::SettingsFile file;
-  file.Write("General", "Version", ModProject::kFormatVersion);
-  file.Write("Product", "Title", Trimmed(product.title));
-  file.Write("Product", "Author", Trimmed(product.author));
+  Write(file, setting::kFormat, ModProject::kFormatVersion);
+  Write(file, setting::kProductTitle, Trimmed(product.title));
+  Write(file, setting::kProductAuthor, Trimmed(product.author));
   Change([&](Undo& undo) {
     if (!folder.empty()) {
       for (const std::string& made : disk_.MakeFolder(folder)) {
@@ -262,9 +262,9 @@ std::string ModProjectOperations::WriteVersionFolder(const std::string& folder,
 void ModProjectOperations::ListVersion(std::int32_t slot, const std::string& version) {
   tools::SettingsStore::Batch batch(project_.Settings());
   if (project_.VersionCount() < slot) {
-    project_.WriteProductSetting(kVersions, kCount, std::to_string(slot));
+    project_.WriteProductSetting(setting::kVersionCount, std::to_string(slot));
   }
-  project_.WriteProductSetting(kVersions, NumberedKey("Ver", slot), version);
+  project_.WriteProductSetting(setting::kVersionCount.section, NumberedKey("Ver", slot), version);
   batch.Commit();
 }
 
@@ -283,8 +283,8 @@ void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string
                           return HaveOneFolder(text, shownText);
                         }) > 1;
   Change([&](Undo& undo) {
-    project_.WriteProductSetting(kVersions, key, "");
-    undo.Add([&] { project_.WriteProductSetting(kVersions, key, shownText); });
+    project_.WriteProductSetting(setting::kVersionCount.section, key, "");
+    undo.Add([&] { project_.WriteProductSetting(setting::kVersionCount.section, key, shownText); });
     if (!isShared && tools::FolderExists(folder)) disk_.MoveFolder(folder, removed);
   });
   RemoveAndShow(removed);
@@ -302,12 +302,12 @@ void ModProjectOperations::AddComponent(std::int32_t version) {
   // A damaged count must not make a slot beyond it look free.
   while (!project_.ComponentTitle(version, slot).empty()) ++slot;
   tools::SettingsFile file;
-  file.Write("Component", "Title", title);
+  Write(file, setting::kComponentTitle, title);
   Change([&](Undo& undo) {
     if (project_.ComponentCount(version) < slot) {
       const std::string versionFile = project_.VersionFilePath(version);
       const auto before = project_.Settings().Load(versionFile);
-      project_.WriteVersionSetting(version, kComponents, kCount, std::to_string(slot));
+      project_.WriteVersionSetting(version, setting::kComponentCount, std::to_string(slot));
       undo.Add([=, this] { project_.Settings().ReplaceFile(versionFile, *before); });
     }
     project_.Settings().ReplaceFile(project_.ComponentFilePath(version, slot), file);

@@ -5,10 +5,17 @@
 #include <string>
 #include <string_view>
 
+#include "model/SettingNames.h"
+
 namespace model {
 
 /// Where a setting is stored.
 struct SettingPlace {
+  SettingPlace(std::string_view filePath, std::string_view inSection, std::string_view ofKey)
+      : path(filePath), section(inSection), key(ofKey) {}
+  SettingPlace(std::string_view filePath, const SettingName& name)
+      : SettingPlace(filePath, name.section, name.key) {}
+
   std::string_view path;
   std::string_view section;
   std::string_view key;

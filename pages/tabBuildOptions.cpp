@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "model/SettingNames.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/Numbers.h"
@@ -19,6 +20,7 @@
 namespace pages {
 
 using namespace Qt::StringLiterals;
+namespace setting = model::setting;
 using grid::EditReaction;
 using tools::Guarded;
 using tools::ToQString;
@@ -26,11 +28,9 @@ using tools::ToUtf8;
 
 namespace {
 
-constexpr std::string_view kCommon = "BuildCommon";
-constexpr std::string_view kInstallerType = "InstallerType";
-constexpr std::string_view kActiveConfig = "ActiveConfig";
-constexpr std::string_view kOutputFolder = "OutputFolder";
-constexpr std::string_view kLocale = "Locale";
+constexpr std::string_view kCommon = setting::kActiveConfiguration.section;
+constexpr std::string_view kInstallerType = setting::kInstallerType.key;
+constexpr std::string_view kActiveConfig = setting::kActiveConfiguration.key;
 
 // Rows of the grid. The language is stored under another name.
 constexpr auto kNameRow = "ConfigName"_L1;
@@ -38,10 +38,6 @@ constexpr auto kFolderRow = "OutputFolder"_L1;
 constexpr auto kLanguageRow = "Language"_L1;
 
 constexpr int kDescriptionLines = 3;
-
-std::string SectionOf(std::int32_t configuration) {
-  return "Build" + std::to_string(configuration);
-}
 
 }  // namespace
 
@@ -136,9 +132,9 @@ void tabBuildOptions::WriteSettings() {
   }
   if (shownPosition_ < 0) return;
   Host()->Save(kCommon, kActiveConfig, std::to_string(shownPosition_ + 1));
-  const std::string section = SectionOf(shownPosition_ + 1);
-  Host()->Save(section, kOutputFolder, ToUtf8(propsConfig->GetProperty(kFolderRow)));
-  Host()->Save(section, kLocale, ToUtf8(propsConfig->GetProperty(kLanguageRow)));
+  const std::string section = setting::BuildSection(shownPosition_ + 1);
+  Host()->Save(section, setting::kOutputFolder, ToUtf8(propsConfig->GetProperty(kFolderRow)));
+  Host()->Save(section, setting::kLanguage, ToUtf8(propsConfig->GetProperty(kLanguageRow)));
 }
 
 void tabBuildOptions::ChangeInstallerType() {
@@ -176,7 +172,7 @@ bool tabBuildOptions::SaveBeforeChange() {
 
 void tabBuildOptions::ShowConfiguration(int position) {
   const std::int32_t configuration = position + 1;
-  const std::string section = SectionOf(configuration);
+  const std::string section = setting::BuildSection(configuration);
   cmbConfiguration->setCurrentIndex(position);
   shownPosition_ = position;
   propsConfig->Clear();
@@ -184,10 +180,10 @@ void tabBuildOptions::ShowConfiguration(int position) {
                            1, true);
   propsConfig->AddProperty(
       kFolderRow, Caption(Text::OutputFolder),
-      ToQString(Host()->Read(section, kOutputFolder,
+      ToQString(Host()->Read(section, setting::kOutputFolder,
                              services_.project.DefaultOutputFolder(configuration))));
   propsConfig->AddProperty(kLanguageRow, Caption(Text::Language),
-                           ToQString(Host()->Read(section, kLocale, "0")));
+                           ToQString(Host()->Read(section, setting::kLanguage, "0")));
 }
 
 int tabBuildOptions::StoredPosition(std::string_view key, int count) const {

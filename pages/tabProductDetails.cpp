@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "model/SettingNames.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
 
@@ -9,14 +10,14 @@ namespace pages {
 
 namespace {
 
-constexpr std::string_view kSection = "Product";
+constexpr std::string_view kSection = model::setting::kProductTitle.section;
 
 struct StoredRow {
   const char* name;
-  const char* key;
+  std::string_view key;
 };
-constexpr StoredRow kTitle{.name = "ProductTitle", .key = "Title"};
-constexpr StoredRow kAuthor{.name = "Author", .key = "Author"};
+constexpr StoredRow kTitle{.name = "ProductTitle", .key = model::setting::kProductTitle.key};
+constexpr StoredRow kAuthor{.name = "Author", .key = model::setting::kProductAuthor.key};
 constexpr StoredRow kHomepage{.name = "AuthorHomepage", .key = "AuthorHomepage"};
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <cmath>
 
+#include "model/SettingNames.h"
 #include "pages/PageText.h"
 #include "tools/Numbers.h"
 #include "tools/Text.h"
@@ -17,12 +18,16 @@
 namespace pages {
 
 using namespace Qt::StringLiterals;
+namespace setting = model::setting;
 using tools::ToQString;
 using tools::ToUtf8;
 
 namespace {
 
-constexpr std::string_view kSection = "Tessel";
+constexpr std::string_view kSection = setting::kCatalogueKey.section;
+constexpr std::string_view kKey = setting::kCatalogueKey.key;
+constexpr std::string_view kTitle = setting::kCatalogueTitle.key;
+constexpr std::string_view kType = setting::kCatalogueType.key;
 constexpr std::int32_t kProgramTypes = 6;
 constexpr std::string_view kSubtypesKey = "SOFTWARE\\Quillon\\Tessel\\AppTypes\\";
 
@@ -120,12 +125,13 @@ std::string tabTesselRegistration::Title() const { return model::LoadText(Text::
 
 void tabTesselRegistration::ReadSettings() {
   const QScopedValueRollback loading(loading_, true);
-  const std::string title = Host()->Read("Component", "Title", "?");
+  const std::string title =
+      Host()->Read(setting::kComponentTitle.section, setting::kComponentTitle.key, "?");
   txtTesselKey->setText(
-      ToQString(Host()->Read(kSection, "Key", tools::LowerCase(WithoutBlanks(title)))));
-  txtProgramTitle->setText(ToQString(Host()->Read(kSection, "Title", title)));
+      ToQString(Host()->Read(kSection, kKey, tools::LowerCase(WithoutBlanks(title)))));
+  txtProgramTitle->setText(ToQString(Host()->Read(kSection, kTitle, title)));
   FillTypes();
-  cmbProgramType->setCurrentIndex(PositionOfType(Host()->Read(kSection, "Type", "1")));
+  cmbProgramType->setCurrentIndex(PositionOfType(Host()->Read(kSection, kType, "1")));
   cmbProgramSubtype->setEditText(ToQString(Host()->Read(kSection, "SubType", "")));
   FillSubtypes();
 }
@@ -154,9 +160,9 @@ std::int32_t tabTesselRegistration::ChosenType() const {
 
 void tabTesselRegistration::WriteSettings() {
   const std::string key = ToUtf8(txtTesselKey->text());
-  if (LookUpTesselKey(key) == 0) Host()->Save(kSection, "Key", key);
-  Host()->Save(kSection, "Title", ToUtf8(txtProgramTitle->text()));
-  Host()->Save(kSection, "Type", std::to_string(ChosenType()));
+  if (LookUpTesselKey(key) == 0) Host()->Save(kSection, kKey, key);
+  Host()->Save(kSection, kTitle, ToUtf8(txtProgramTitle->text()));
+  Host()->Save(kSection, kType, std::to_string(ChosenType()));
   Host()->Save(kSection, "SubType", ToUtf8(cmbProgramSubtype->currentText()));
 }
 

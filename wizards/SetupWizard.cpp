@@ -2,10 +2,10 @@
 
 #include <utility>
 
+#include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/WaitCursor.h"
-#include "wizards/StoredOptions.h"
 
 namespace wizards {
 
@@ -72,7 +72,7 @@ std::string SetupWizard::LoadPage(const std::string& key) {
 }
 
 void SetupWizard::FillDataStore(tools::WizardDataStore& store) {
-  const StoredOptions stored(services_.project, versionIndex_);
+  const model::StoredOptions stored(services_.project, versionIndex_);
   const std::int32_t active = stored.ActiveConfiguration();
   store["installertype"] = stored.InstallerType();
   store["language"] = "";

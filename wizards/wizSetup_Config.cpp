@@ -113,7 +113,7 @@ void wizSetup_Config::ShowUnsavedPages() {
 void wizSetup_Config::SavePages() {
   const std::int32_t configuration = Configuration();
   const bool wasActive = configuration == stored_.ActiveConfiguration();
-  const StoredOptions::Proposal before = stored_.Of(configuration);
+  const Proposal before = ProposalOf(configuration);
   unsaved_.Save();
   // The button that has the focus will hide; else the frame's next button would get it.
   cmbConfiguration_->setFocus();
@@ -132,14 +132,21 @@ void wizSetup_Config::ShowValues() {
 }
 
 void wizSetup_Config::ChooseConfiguration(std::int32_t configuration) {
-  Follow(stored_.Of(Configuration()), configuration);
+  Follow(ProposalOf(Configuration()), configuration);
   ShowLanguage();
+}
+
+wizSetup_Config::Proposal wizSetup_Config::ProposalOf(std::int32_t configuration) const {
+  Proposal proposal = stored_.Of(configuration);
+  std::string number = LanguageNumber(proposal.language);
+  if (!number.empty()) proposal.language = std::move(number);
+  return proposal;
 }
 
 std::int32_t wizSetup_Config::Configuration() const { return tools::ToInt32(Value("config")); }
 
-void wizSetup_Config::Follow(const StoredOptions::Proposal& before, std::int32_t configuration) {
-  const StoredOptions::Proposal now = stored_.Of(configuration);
+void wizSetup_Config::Follow(const Proposal& before, std::int32_t configuration) {
+  const Proposal now = ProposalOf(configuration);
   const std::string language = Value("language");
   if (Value("folder") == before.folder) SetValue("folder", now.folder);
   if (language.empty() || language == before.language) SetValue("language", now.language);
@@ -150,7 +157,7 @@ void wizSetup_Config::TakeLanguage() {
   const std::string typed = tools::ToUtf8(cmbLanguage_->currentText());
   const std::string number = LanguageNumber(typed);
   // What is stored stays even when it names no language.
-  const bool isStored = typed == stored_.Of(Configuration()).language;
+  const bool isStored = typed == ProposalOf(Configuration()).language;
   SetValue("language", isStored ? typed : number);
   lblLanguageNote_->setVisible(number.empty() && !isStored && !typed.empty());
 }

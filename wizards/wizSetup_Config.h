@@ -3,10 +3,9 @@
 
 #include <cstdint>
 
-#include "model/ModProject.h"
+#include "model/StoredOptions.h"
 #include "tools/Dialogs.h"
 #include "tools/desktop/wizard/WizardOptionPage.h"
-#include "wizards/StoredOptions.h"
 #include "wizards/UnsavedPages.h"
 
 class QComboBox;
@@ -34,6 +33,8 @@ class wizSetup_Config : public tools::WizardOptionPage {
   void ShowValues() override;
 
  private:
+  using Proposal = model::StoredOptions::Proposal;
+
   void ChooseConfiguration(std::int32_t configuration);
   void TakeLanguage();
   void ShowLanguage();
@@ -42,10 +43,12 @@ class wizSetup_Config : public tools::WizardOptionPage {
   void SavePages();
   /// The configuration chosen; 0 for a value that is no number.
   [[nodiscard]] std::int32_t Configuration() const;
+  /// What is stored for a configuration. Its language is a number, or a text that names none.
+  [[nodiscard]] Proposal ProposalOf(std::int32_t configuration) const;
   /// Takes the configuration, and what is proposed for it in place of what was proposed before.
-  void Follow(const StoredOptions::Proposal& before, std::int32_t configuration);
+  void Follow(const Proposal& before, std::int32_t configuration);
 
-  StoredOptions stored_;
+  model::StoredOptions stored_;
   UnsavedPages& unsaved_;
   QComboBox* cmbConfiguration_;
   QComboBox* cmbLanguage_;

@@ -171,7 +171,7 @@ TEST_F(ProgramTest, TellsNumbersThatAreOutOfRange) {
     SCOPED_TRACE(active);
     product_.Project().WriteVersionSetting(1, "BuildCommon", "ActiveConfig", active);
     EXPECT_EQ(Build({"--overwrite"}), ExitCode::Stopped);
-    EXPECT_THAT(errors_, HasSubstr("Die aktive Konfiguration der Version ist ungültig"));
+    EXPECT_THAT(errors_, HasSubstr("product.version ([BuildCommon] ActiveConfig"));
     EXPECT_EQ(Build({"--check"}), ExitCode::BuiltWithErrors);
     EXPECT_THAT(output_, HasSubstr("1 Beanstandung."));
   }
