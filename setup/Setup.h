@@ -12,6 +12,7 @@
 
 namespace setup {
 
+/// Several threads may read one at a time; only its owner changes it.
 struct Setup {
   std::string folder;      ///< full path
   std::string scriptPath;  ///< full path
