@@ -85,6 +85,7 @@ class tabBuildOptionsTest : public QObject {
     Fixture f("");
     Edit(*f.page, "Sprache (LCID)", "1033");
     const QString edited = f.Shown();
+    Q_EMIT Child<QComboBox>(*f.page, "cmbConfiguration").activated(0);  // it is chosen already
     f.disk.FailAt(FaultyDisk::Step::Write, 1);
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
       f.dialogs.ExpectQuestion(Text::SaveBeforeConfigurationChange, answer);
