@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "model/FileEntryFields.h"
 #include "tools/Error.h"
 
 namespace model {

@@ -1,10 +1,83 @@
 #include "model/ICFile.h"
 
+#include "model/SettingNames.h"
 #include "model/StoredNumbers.h"
+#include "tools/Numbers.h"
 
 namespace model {
 
-namespace {}  // namespace
+namespace {
+
+using Access = FileEntryField::Access;
+using BuildUse = FileEntryField::BuildUse;
+
+struct TextOf {
+  const ICFile& entry;
+
+  std::string operator()(std::string ICFile::*member) const { return entry.*member; }
+  template <typename Integer>
+  std::string operator()(Integer ICFile::*member) const {
+    return std::to_string(entry.*member);
+  }
+};
+
+struct TakeText {
+  ICFile& entry;
+  std::string_view text;
+
+  void operator()(std::string ICFile::*member) const { entry.*member = text; }
+  void operator()(std::int16_t ICFile::*member) const { entry.*member = tools::ToInt16(text); }
+  void operator()(std::int32_t ICFile::*member) const { entry.*member = tools::ToInt32(text); }
+};
+
+struct TakeStoredText {
+  ICFile& entry;
+  std::string text;
+  SettingPlace place;
+
+  void operator()(std::string ICFile::*member) { entry.*member = std::move(text); }
+  void operator()(std::int16_t ICFile::*member) { entry.*member = StoredInt16(text, place); }
+  void operator()(std::int32_t ICFile::*member) { entry.*member = StoredInt32(text, place); }
+};
+
+bool IsNeeded(const FileEntryField& field, const ICFile& entry, EntryUse use) {
+  if (use == EntryUse::Edit || field.buildUse == BuildUse::Always) return true;
+  return field.buildUse == BuildUse::FolderScan && entry.Type == ICFile::kFolderScan;
+}
+
+}  // namespace
+
+const std::array<FileEntryField, 14>& FileEntryFields() {
+  static constexpr std::array<FileEntryField, 14> kFields{{
+      {"Type", Text::EntryType, &ICFile::Type},
+      {"Exclude", Text::EntryExclude, &ICFile::Exclude},
+      {"ID", Text::EntryGuid, &ICFile::ID, Access::ReadOnly},
+      {"IncludeChildren", Text::EntryIncludeSubfolders, &ICFile::IncludeChildren, Access::Editable,
+       BuildUse::FolderScan},
+      {"Overwrite", Text::EntryOverwrite, &ICFile::Overwrite},
+      {"Permanent", Text::EntryPermanent, &ICFile::Permanent, Access::Editable, BuildUse::Never},
+      {"RegisterPath", Text::EntryRegisterPath, &ICFile::RegisterPath},
+      {"SelfRegisterDLL", Text::EntrySelfRegister, &ICFile::SelfRegisterDLL},
+      {"SourceName", Text::EntrySourceName, &ICFile::SourceName},
+      {"SourcePath", Text::EntrySourceFolder, &ICFile::SourcePath},
+      {"TargetFolder", Text::EntryTargetFolder, &ICFile::TargetFolder},
+      {"TargetName", Text::EntryTargetName, &ICFile::TargetName},
+      {"TargetSubFolder", Text::EntryTargetSubfolder, &ICFile::TargetSubFolder},
+      {"Vital", Text::EntryVital, &ICFile::Vital, Access::Editable, BuildUse::Always, "1"},
+  }};
+  return kFields;
+}
+
+std::string FileEntryFieldText(const ICFile& entry, const FileEntryField& field) {
+  return std::visit(TextOf{entry}, field.member);
+}
+
+void SetFileEntryField(ICFile& entry, std::string_view name, std::string_view text) {
+  for (const FileEntryField& field : FileEntryFields()) {
+    if (field.name != name || field.access == Access::ReadOnly) continue;
+    std::visit(TakeText{entry, text}, field.member);
+  }
+}
 
 std::string FileEntrySection(std::int32_t number) { return "File" + std::to_string(number); }
 
@@ -20,55 +93,24 @@ void WriteFileCount(const SettingWriter& write, std::int32_t count) {
 ICFile ReadFileEntry(const SettingReader& read, std::string_view path, std::int32_t number,
                      EntryUse use) {
   const std::string section = FileEntrySection(number);
-  const auto text = [&](std::string_view key) { return read(section, key, ""); };
-  const auto number16 = [&](std::string_view key, std::string_view defaultValue) {
-    return StoredInt16(read(section, key, defaultValue), {path, section, key});
-  };
-  const auto flag = [&](std::string_view key) { return number16(key, "0"); };
   ICFile entry;
-  const bool builds = use == EntryUse::Build;
-  entry.Type = number16("Type", builds ? kBuildDefaultType : "0");
-  entry.Exclude = flag("Exclude");
-  entry.ID = text("ID");
-  if (!builds || entry.Type == ICFile::kFolderScan) {
-    entry.IncludeChildren = flag("IncludeChildren");
+  for (const FileEntryField& field : FileEntryFields()) {
+    if (!IsNeeded(field, entry, use)) continue;
+    const bool isBuildType = use == EntryUse::Build && field.name == "Type";
+    std::visit(
+        TakeStoredText{entry,
+                       read(section, field.name, isBuildType ? kBuildDefaultType : field.standard),
+                       {path, section, field.name}},
+        field.member);
   }
-  entry.Overwrite = flag("Overwrite");
-  if (!builds) entry.Permanent = flag("Permanent");
-  entry.RegisterPath = flag("RegisterPath");
-  entry.SelfRegisterDLL = flag("SelfRegisterDLL");
-  entry.SourceName = text("SourceName");
-  entry.SourcePath = text("SourcePath");
-  entry.TargetFolder =
-      StoredInt32(read(section, "TargetFolder", "0"), {path, section, "TargetFolder"});
-  entry.TargetName = text("TargetName");
-  entry.TargetSubFolder = text("TargetSubFolder");
-  entry.Vital = number16("Vital", "1");
   return entry;
 }
 
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry) {
   const std::string section = FileEntrySection(number);
-  const auto text = [&](std::string_view key, std::string_view value) {
-    write(section, key, value);
-  };
-  const auto integer = [&](std::string_view key, std::int32_t value) {
-    write(section, key, std::to_string(value));
-  };
-  integer("Type", entry.Type);
-  integer("Exclude", entry.Exclude);
-  text("ID", entry.ID);
-  integer("IncludeChildren", entry.IncludeChildren);
-  integer("Overwrite", entry.Overwrite);
-  integer("Permanent", entry.Permanent);
-  integer("RegisterPath", entry.RegisterPath);
-  integer("SelfRegisterDLL", entry.SelfRegisterDLL);
-  text("SourceName", entry.SourceName);
-  text("SourcePath", entry.SourcePath);
-  integer("TargetFolder", entry.TargetFolder);
-  text("TargetName", entry.TargetName);
-  text("TargetSubFolder", entry.TargetSubFolder);
-  integer("Vital", entry.Vital);
+  for (const FileEntryField& field : FileEntryFields()) {
+    write(section, field.name, FileEntryFieldText(entry, field));
+  }
 }
 
 }  // namespace model

@@ -1,18 +1,21 @@
 // A file entry of a component: which file is installed, from where, to where, and how.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <variant>
+
+#include "model/TextTable.h"
 
 namespace model {
 
 /// One file entry. Flags are numbers, not booleans: what the author typed is kept.
 struct ICFile {
   static constexpr std::int16_t kSingleFile = 1;  ///< Type: SourcePath and SourceName name one file
-  static constexpr std::int16_t kFolderScan =
-      2;  ///< Type: SourceName is a pattern, scanned at build
+  static constexpr std::int16_t kFolderScan = 2;  ///< Type: SourceName is a pattern for builds
 
   std::string ID;                    ///< unique within its component: a GUID as text
   std::int16_t Type = 0;             ///< kSingleFile, kFolderScan; other values install nothing
@@ -29,6 +32,33 @@ struct ICFile {
   std::int16_t RegisterPath = 0;
   std::int16_t Vital = 1;  ///< not 0: failing to install it ends the installation
 };
+
+/// One field: how it is stored, and how the editor shows it. The only list of the fields.
+struct FileEntryField {
+  using Member =
+      std::variant<std::int16_t ICFile::*, std::int32_t ICFile::*, std::string ICFile::*>;
+  enum class Access { Editable, ReadOnly };
+  /// Which entries a build needs the field of.
+  enum class BuildUse { Always, FolderScan, Never };
+
+  std::string_view name;  ///< of its key, and of its row in the editor
+  Text title;
+  Member member;
+  Access access = Access::Editable;
+  BuildUse buildUse = BuildUse::Always;
+  std::string_view standard = "";  ///< what an absent key counts as
+};
+
+/// All fields, in the order in which they are stored and shown.
+[[nodiscard]] const std::array<FileEntryField, 14>& FileEntryFields();
+
+/// The field's value; numbers in decimal.
+[[nodiscard]] std::string FileEntryFieldText(const ICFile& entry, const FileEntryField& field);
+
+/// Sets the editable field of that name (others change nothing): texts as they are, of numbers the
+/// number that `text` begins with, 0 when it begins with none. Raises tools::Error when the number
+/// does not fit the field, which then keeps its value.
+void SetFileEntryField(ICFile& entry, std::string_view name, std::string_view text);
 
 /// Reads and writes settings of one component: section, key, default; section, key, value.
 using SettingReader =

@@ -15,7 +15,6 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "model/FileEntryFields.h"
 #include "model/FolderTable.h"
 #include "pages/AddedFiles.h"
 #include "pages/PageGrid.h"
@@ -300,7 +299,7 @@ void tabFileList::ShowSelectedEntry() {
   for (const model::FileEntryField& field : model::FileEntryFields()) {
     propsFile->AddProperty(FromLatin1(field.name), Caption(field.title),
                            tools::ToQString(model::FileEntryFieldText(*entry, field)), 1,
-                           !field.editable);
+                           field.access == model::FileEntryField::Access::ReadOnly);
   }
   if (entry->Type == model::ICFile::kSingleFile) ShowSourceFile(*entry);
 }

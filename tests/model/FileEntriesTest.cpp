@@ -1,5 +1,4 @@
 #include "model/FileEntries.h"
-#include "model/FileEntryFields.h"
 #include "tests/support/Testing.h"
 #include "tools/settings/SettingsFile.h"
 
