@@ -37,6 +37,9 @@ void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& show
   app.add_flag("--overwrite", line.overwrite, "Ein früheres Setup im Ausgabeordner ersetzen");
   app.add_flag("--force", line.force, "Auch andere Dateien im Ausgabeordner dafür löschen");
   app.add_flag("--check", line.check, "Nur prüfen und nichts schreiben");
+  app.add_flag("--strict", line.strict, "Warnungen zählen im Rückgabewert wie Fehler");
+  app.add_flag("--confine", line.confine,
+               "Quellen, Verknüpfungen und Ausgabe außerhalb des Produktordners ablehnen");
   app.add_flag("--prove", line.prove, "Nach dem Erstellen beweisen, dass das Setup alles enthält");
   app.add_flag("--json", line.json, "Meldungen als JSON, ein Objekt je Zeile");
   app.add_flag("--quiet", line.quiet, "Kein Fortschritt und keine Zusammenfassung");

@@ -28,6 +28,8 @@ struct CommandLine {
   bool overwrite = false;  ///< replace an earlier setup in the output folder
   bool force = false;      ///< replace whatever the output folder holds
   bool check = false;      ///< look for problems, write nothing
+  bool strict = false;     ///< warnings count as errors in the exit code
+  bool confine = false;    ///< nothing outside the product's folder is read or written
   bool prove = false;      ///< prove the setup after the build
   bool json = false;       ///< one JSON object a line instead of text
   bool quiet = false;      ///< no progress and no summary

@@ -1,7 +1,10 @@
 #include "console/Program.h"
 
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <memory>
 #include <optional>
-#include <ostream>
 
 #include "console/JsonReport.h"
 #include "console/ProductProof.h"
@@ -15,6 +18,7 @@
 #include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/Clock.h"
+#include "tools/EpochClock.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Disk.h"
@@ -42,6 +46,7 @@ engine::BuildOptions OptionsFor(const model::ModProject& project, std::int32_t v
                                 const CommandLine& line, const std::string& workingFolder) {
   engine::BuildOptions options;
   options.packaged = line.zip;
+  options.isConfined = line.confine;
   options.includeWrapper = line.wrapper;
   options.includeRuntime = line.runtime;
   if (!line.output) {
@@ -104,7 +109,7 @@ std::string Explain(const engine::BuildSummary& summary) {
   return {};
 }
 
-ExitCode Conclude(const engine::BuildSummary& summary, Report& report) {
+ExitCode Conclude(const engine::BuildSummary& summary, bool strict, Report& report) {
   if (summary.outcome != engine::BuildOutcome::Finished) {
     report.Failure(Explain(summary));
     return ExitCode::Stopped;
@@ -114,7 +119,8 @@ ExitCode Conclude(const engine::BuildSummary& summary, Report& report) {
     report.Failure("Das Setup ist unvollständig: Der Datenträger ist voll.");
     return ExitCode::Stopped;
   }
-  return summary.errors > 0 ? ExitCode::BuiltWithErrors : ExitCode::Built;
+  const bool isClean = summary.errors == 0 && (!strict || summary.warnings == 0);
+  return isClean ? ExitCode::Built : ExitCode::BuiltWithErrors;
 }
 
 void Tell(const setup::Finding& finding, Report& report) {
@@ -126,8 +132,7 @@ void Tell(const setup::Finding& finding, Report& report) {
 
 /// Proves the setup that was just built; its findings are told like the errors of the build.
 ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version,
-                    const std::string& outputFolder, Report& report) {
-  const tools::SystemClock clock;
+                    const std::string& outputFolder, const tools::Clock& clock, Report& report) {
   setup::ProofResult result;
   try {
     result = ProveVersion(
@@ -141,20 +146,41 @@ ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version,
   return result.findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
 }
 
+// See https://reproducible-builds.org/specs/source-date-epoch/.
+std::optional<std::int64_t> SourceDate(const std::string& text) {
+  if (text.empty()) return std::nullopt;
+  std::int64_t seconds = -1;
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, seconds);
+  if (result.ec == std::errc{} && result.ptr == end && seconds >= 0 &&
+      seconds <= tools::EpochClock::kLast) {
+    return seconds;
+  }
+  throw BadCall{"SOURCE_DATE_EPOCH ist keine Anzahl von Sekunden: " + text};
+}
+
 ExitCode Build(const model::ModProject& project, const engine::BuildOptions& options,
                std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
                Report& report) {
   if (line.overwrite) report.Allow(Replaceable::EarlierSetup);
   if (line.force) report.Allow(Replaceable::Everything);
-  const tools::SystemClock clock;
+  const std::optional<std::int64_t> date = SourceDate(surroundings.sourceDate);
+  std::unique_ptr<tools::Clock> clock = std::make_unique<tools::SystemClock>();
+  std::optional<std::int64_t> fileTime;
+  if (date) {
+    clock = std::make_unique<tools::EpochClock>(*date);
+    constexpr std::int64_t kPerSecond = 1'000'000'000;
+    fileTime = std::min(*date, std::numeric_limits<std::int64_t>::max() / kPerSecond) * kPerSecond;
+  }
   const engine::BuildEnvironment environment{.project = project,
-                                             .clock = clock,
+                                             .clock = *clock,
                                              .disk = surroundings.disk,
-                                             .programFolder = surroundings.programFolder};
+                                             .programFolder = surroundings.programFolder,
+                                             .fileTime = fileTime};
   const engine::BuildSummary summary = engine::BuildVersion(environment, options, version, report);
-  const ExitCode code = Conclude(summary, report);
+  const ExitCode code = Conclude(summary, line.strict, report);
   return line.prove && code == ExitCode::Built
-             ? ProveBuilt(project, version, summary.outputFolder, report)
+             ? ProveBuilt(project, version, summary.outputFolder, *clock, report)
              : code;
 }
 

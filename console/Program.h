@@ -17,6 +17,9 @@ struct Surroundings {
   std::string programFolder;  ///< holds Wrapper.exe and InstallTessel.msi
   tools::Disk& disk;
   Report::InterruptTest interrupted = [] { return false; };
+  /// The environment's SOURCE_DATE_EPOCH: the date of everything in a setup, as seconds since
+  /// 1970-01-01 UTC; empty: today, and the times of the sources.
+  std::string sourceDate{};
 };
 
 /// Runs one call and returns its exit code. Never raises tools::Error.

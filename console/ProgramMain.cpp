@@ -1,5 +1,6 @@
 #include "console/ProgramMain.h"
 
+#include <cstdlib>
 #include <exception>
 #include <iostream>
 
@@ -27,12 +28,14 @@ int RunMain(int argc, char** argv, const char* name,
     WatchForInterrupt();
     KeepTimeZone();
     tools::SystemDisk disk;
+    const char* const date = std::getenv("SOURCE_DATE_EPOCH");
     const Surroundings surroundings{
         .streams = {std::cout, std::cerr, ErrorsGoToTerminal(), OutputGoesToTerminal()},
         .workingFolder = WorkingFolder(),
         .programFolder = ProgramFolder(),
         .disk = disk,
-        .interrupted = WasInterrupted};
+        .interrupted = WasInterrupted,
+        .sourceDate = date != nullptr ? date : ""};
     const ExitCode code = run(ProgramArguments(argc, argv), surroundings);
     return static_cast<int>(EndOutput(surroundings.streams, name, code));
   } catch (const std::exception& error) {

@@ -32,8 +32,10 @@ std::string StoredExtension(std::string_view sourcePath) {
 }  // namespace
 
 ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
-                           BuildProgress& progress)
-    : progress_(progress), folder_(tools::JoinPath(private_.Path(), "PackwrightTemp")) {
+                           std::optional<std::int64_t> fileTime, BuildProgress& progress)
+    : fileTime_(fileTime),
+      progress_(progress),
+      folder_(tools::JoinPath(private_.Path(), "PackwrightTemp")) {
   tools::MakeFolder(folder_);
   WithArchive([&] {
     writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, kOptions,
@@ -55,6 +57,7 @@ StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, const std::string
   }
   if (content) {
     stored.copy.bytes = content->bytes.size();
+    if (fileTime_) content->modifiedNanoseconds = *fileTime_;
     Archive(
         [&](tools::ArchiveWriter& writer) { writer.AddContent(std::move(*content), stored.name); });
   } else if (stored.copy.Succeeded()) {
@@ -69,7 +72,10 @@ void ArchiveStore::StoreCopy(const std::string& sourcePath, StoredFile& stored) 
   const std::string copy = tools::JoinPath(folder_, stored.name);
   stored.copy = tools::CopyFile(sourcePath, copy, [this](std::uint64_t) { ReportProgress(); });
   if (!stored.copy.Succeeded()) return;
-  Archive([&](tools::ArchiveWriter& writer) { writer.AddFile(copy, stored.name); });
+  Archive([&](tools::ArchiveWriter& writer) {
+    if (fileTime_) tools::SetModificationTime(copy, *fileTime_);
+    writer.AddFile(copy, stored.name);
+  });
 }
 
 template <typename Action>

@@ -21,9 +21,11 @@ namespace engine {
 /// are found too, and Finish gives the cause.
 class ArchiveStore : public FileStore {
  public:
-  /// `disk` and `progress` must outlive the store. Raises tools::Error when there can be no
-  /// temporary folder.
-  ArchiveStore(tools::Disk& disk, const std::string& archivePath, BuildProgress& progress);
+  /// `disk` and `progress` must outlive the store. Members get `fileTime` (nanoseconds since
+  /// 1970-01-01 UTC), or without one the times of their sources. Raises tools::Error when there can
+  /// be no temporary folder.
+  ArchiveStore(tools::Disk& disk, const std::string& archivePath,
+               std::optional<std::int64_t> fileTime, BuildProgress& progress);
 
   [[nodiscard]] StoredFile Store(const model::ICFile& entry,
                                  const std::string& sourcePath) override;
@@ -39,6 +41,7 @@ class ArchiveStore : public FileStore {
   void StoreCopy(const std::string& sourcePath, StoredFile& stored);
   void ReportProgress();
 
+  std::optional<std::int64_t> fileTime_;
   BuildProgress& progress_;
   tools::PrivateTemporaryFolder private_;
   std::string folder_;

@@ -8,6 +8,7 @@
 #include "engine/ArchiveStore.h"
 #include "engine/BuildLog.h"
 #include "engine/BuildProgress.h"
+#include "engine/Confinement.h"
 #include "engine/ControlCharacters.h"
 #include "engine/OutputFolder.h"
 #include "engine/OutputNames.h"
@@ -54,10 +55,13 @@ class Build {
     if (IsDangerousFileTitle(title_)) {
       throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
+    // Before any place is searched, and again with the places that links in a scan lead to.
+    if (options_.isConfined) RequireConfinement(SourceFoldersOf(environment_.project, version_));
     survey_ = SurveyVersion(environment_.project, version_,
                             OutputFolderPath(options_.folder, environment_.project),
                             [this] { progress_.ThrowIfStopped(); });
     if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
+    if (options_.isConfined) RequireConfinement(survey_.sourceFolders);
     FindControlCharacters(
         environment_.project, version_, survey_,
         [](const std::string& text, const Place& /*place*/) { throw tools::Error(text); });
@@ -74,6 +78,11 @@ class Build {
       throw tools::Error(text, error.Cause());
     }
     Publish();
+  }
+
+  void RequireConfinement(const std::set<std::string>& sourceFolders) const {
+    RequireConfined(environment_.project, version_,
+                    OutputFolderPath(options_.folder, environment_.project), sourceFolders);
   }
 
   /// Gives false when the build ends here.
@@ -108,6 +117,7 @@ class Build {
     CopyPrograms();
     tools::WriteTextFile(environment_.disk, InStage(kLogName), log_.Text(),
                          tools::ReplacementFile::Durability::Cached);
+    if (environment_.fileTime) tools::SetTreeTime(stage_->Path(), *environment_.fileTime);
     summary_.warnings = log_.WarningCount();
     summary_.errors = log_.ErrorCount();
   }
@@ -163,7 +173,7 @@ class Build {
                                          progress_);
     }
     return std::make_unique<ArchiveStore>(environment_.disk, InStage(title_ + kArchiveEnding),
-                                          progress_);
+                                          environment_.fileTime, progress_);
   }
 
   ScriptHead MakeScriptHead() const {

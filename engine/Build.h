@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,9 @@ struct BuildEnvironment {
   tools::Disk& disk;
   std::string programFolder;  ///< holds Wrapper.exe and InstallTessel.msi
   tools::Version toolVersion = tools::ToolVersion();
+  /// The time of every file of the setup, in nanoseconds since 1970-01-01 UTC; without one files
+  /// keep the times of their sources.
+  std::optional<std::int64_t> fileTime{};
 };
 
 /// How a build ended.

@@ -7,6 +7,7 @@
 #include "engine/CheckFiles.h"
 #include "engine/CheckSettings.h"
 #include "engine/ComponentFiles.h"
+#include "engine/Confinement.h"
 #include "engine/ControlCharacters.h"
 #include "engine/Findings.h"
 #include "engine/OutputFolder.h"
@@ -33,10 +34,7 @@ class Checker {
 
   std::vector<BuildMessage> Run(const SurveyStep& step) {
     CheckProductSettings(project_, version_, findings_);
-    findings_.Try({}, [&] {
-      survey_ =
-          SurveyVersion(project_, version_, OutputFolderPath(options_.folder, project_), step);
-    });
+    findings_.Try({}, [&] { LookAround(step); });
     for (const BuildMessage& unread : survey_.unread) {
       findings_.Report(unread.text, {unread.component, {}, 0});
     }
@@ -57,6 +55,15 @@ class Checker {
   }
 
  private:
+  void LookAround(const SurveyStep& step) {
+    const std::string output = OutputFolderPath(options_.folder, project_);
+    if (options_.isConfined) {
+      RequireConfined(project_, version_, output, SourceFoldersOf(project_, version_));
+    }
+    survey_ = SurveyVersion(project_, version_, output, step);
+    if (options_.isConfined) RequireConfined(project_, version_, output, survey_.sourceFolders);
+  }
+
   void CheckOutputFolder() {
     const ProtectedPlaces places(project_, version_, survey_.sourceFolders, programFolder_);
     OutputFolder folder = AcceptOutputFolder(options_.folder, project_, places);

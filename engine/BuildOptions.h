@@ -10,6 +10,7 @@ struct BuildOptions {
   bool packaged = false;        ///< one archive instead of a tree
   bool includeWrapper = false;  ///< the setup wrapper goes beside the script
   bool includeRuntime = false;  ///< and so does the runtime's installer
+  bool isConfined = false;      ///< nothing outside the product's folder is read or written
 };
 
 }  // namespace engine

@@ -47,6 +47,14 @@ void FileCheck::Check(const SurveyedComponent& component) {
 
 void FileCheck::CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed) {
   const Place place = component.PlaceOf(surveyed);
+  if (!surveyed.hasSection) {
+    const std::string first = std::to_string(surveyed.number);
+    const std::string last = std::to_string(surveyed.last);
+    findings_.Report(first == last ? "Eintrag " + first + ": ohne Abschnitt"
+                                   : "Einträge " + first + " bis " + last + ": ohne Abschnitt",
+                     place);
+    return;
+  }
   Report(surveyed.problems, place);
   const model::ICFile& entry = surveyed.file;
   if (entry.Type != model::ICFile::kSingleFile && entry.Type != model::ICFile::kFolderScan) return;

@@ -32,7 +32,8 @@ class Collector {
 
   void Visit(const SurveyedComponent& component) {
     for (const SurveyedEntry& surveyed : component.entries) {
-      const Place place = component.PlaceOf(surveyed);
+      Place place = component.PlaceOf(surveyed);
+      for (; place.entry < surveyed.last; ++place.entry) LogProblems(surveyed.problems, place);
       LogProblems(surveyed.problems, place);
       for (const std::string& path : surveyed.sources) Store(surveyed.file, path, place);
     }

@@ -21,7 +21,7 @@ namespace engine {
 
 namespace {
 
-// Entries up to this number are visited whether they are stored or not.
+// Entries up to this number are told of whether they are stored or not.
 constexpr std::int32_t kMaximumEntries = 1'000'000;
 constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
 
@@ -182,11 +182,17 @@ class Surveyor {
   }
 
   void VisitEntries(SurveyedComponent& component, std::int32_t count) {
+    const auto stored = model::SlotsNamedIn(settings_->Render(), "File", count);
     if (count <= kMaximumEntries) {
-      for (std::int32_t number = 1; number <= count; ++number) VisitEntry(component, number);
+      std::int32_t next = 1;
+      for (const std::int32_t number : stored) {
+        VisitMissing(component, next, number - 1);
+        VisitEntry(component, number);
+        next = number + 1;
+      }
+      VisitMissing(component, next, count);
       return;
     }
-    const auto stored = model::SlotsNamedIn(settings_->Render(), "File", count);
     for (const std::int32_t number : stored) VisitEntry(component, number);
     if (stored.size() == static_cast<std::size_t>(count)) return;
     const std::string have = std::to_string(stored.size());
@@ -196,10 +202,18 @@ class Surveyor {
         "Nur " + have + " von " + want + " Dateien sind vorhanden"));
   }
 
+  void VisitMissing(SurveyedComponent& component, std::int32_t first, std::int32_t last) {
+    if (first > last) return;
+    VisitEntry(component, first);
+    component.entries.back().last = last;
+    component.entries.back().hasSection = false;
+  }
+
   void VisitEntry(SurveyedComponent& component, std::int32_t number) {
     if (step_) step_();
     SurveyedEntry surveyed;
     surveyed.number = number;
+    surveyed.last = number;
     try {
       surveyed.file = model::ReadFileEntry(read_, path_, number, model::EntryUse::Build);
       const model::ICFile& entry = surveyed.file;

@@ -20,6 +20,10 @@ namespace engine {
 /// An entry that takes part in the build (excluded ones do not).
 struct SurveyedEntry {
   std::int32_t number = 0;
+  /// Entries that the file has no section for are all alike: this one stands for those up to
+  /// `last`.
+  std::int32_t last = 0;
+  bool hasSection = true;
   model::ICFile file;                ///< as it was read; empty when it could not be
   std::vector<std::string> sources;  ///< full paths, in order
   std::vector<SurveyProblem> problems;

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <sstream>
 
 #include "console/Program.h"
@@ -43,8 +44,8 @@ class ProgramTest : public testing::Test {
     std::ostringstream output;
     std::ostringstream errors;
     const std::string folder = folder_.Path();
-    const ExitCode code =
-        RunProgram(arguments, {{output, errors, false}, folder, folder, disk_, interrupted_});
+    const ExitCode code = RunProgram(
+        arguments, {{output, errors, false}, folder, folder, disk_, interrupted_, sourceDate_});
     output_ = output.str();
     errors_ = errors.str();
     return code;
@@ -63,6 +64,7 @@ class ProgramTest : public testing::Test {
   std::string output_;
   std::string errors_;
   OnceFullDisk disk_;
+  std::string sourceDate_;
   Report::InterruptTest interrupted_ = [] { return false; };
 };
 
@@ -184,6 +186,54 @@ TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {
   EXPECT_EQ(errors_, "packwright-build: Abgebrochen.\n");
   EXPECT_EQ(FileCount("aus"), 0U);
   EXPECT_EQ(Build({"--check"}), ExitCode::Stopped);
+}
+
+TEST_F(ProgramTest, WarningsCountWhenTheyAreToldTo) {
+  const std::string twice = Source("zwei.txt", "zwei");
+  product_.AddComponent("Doppelt", {twice, twice});
+  EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Built);
+  EXPECT_EQ(Build({"--output", "aus", "--overwrite", "--strict"}), ExitCode::BuiltWithErrors);
+}
+
+TEST_F(ProgramTest, AConfinedBuildStaysInTheProductsFolder) {
+  const std::string outside = "liegt außerhalb des Ordners des Produkts: ";
+  EXPECT_EQ(Build({"--confine"}), ExitCode::Stopped);
+  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("src")));
+  EXPECT_EQ(Build({"--confine", "--check"}), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("src")));
+  folder_.Write("Produkt/quelle/a.txt", "a");
+  folder_.Write(
+      "Produkt/Version 1.0.0/component1.component",
+      "[Component]\nTitle=A\n[Files]\nCount=1\n[File1]\nID={1}\nType=2\nSourcePath=quelle\n"
+      "SourceName=*\nIncludeChildren=1\nTargetFolder=2001\n");
+  EXPECT_EQ(Build({"--confine"}), ExitCode::Built) << errors_;
+  EXPECT_EQ(Build({"--confine", "--check"}), ExitCode::Built) << errors_;
+  EXPECT_EQ(Build({"--confine", "--output", "aus"}), ExitCode::Stopped);
+  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("aus")));
+  std::error_code failure;
+  std::filesystem::create_symlink(folder_.Path("src/lies.txt"),
+                                  folder_.Path("Produkt/quelle/l.txt"), failure);
+  if (failure) GTEST_SKIP() << "no links here";
+  EXPECT_EQ(Build({"--confine", "--overwrite"}), ExitCode::Stopped);
+  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("src")));
+}
+
+TEST_F(ProgramTest, ADateFromOutsideMakesBuildsTheSameAtAnyTime) {
+  sourceDate_ = "1000000001";
+  EXPECT_EQ(Build({"--output", "1", "--prove"}), ExitCode::Built) << errors_;
+  EXPECT_EQ(Build({"--output", "b1", "--no-zip"}), ExitCode::Built) << errors_;
+  tools::SetTreeTime(folder_.Path("src"), 1);
+  EXPECT_EQ(Build({"--output", "2"}), ExitCode::Built) << errors_;
+  for (const char* name : {"Probe.zip", "Probe.install", "build.log"}) {
+    EXPECT_TRUE(folder_.Read(std::string("1/") + name) == folder_.Read(std::string("2/") + name));
+  }
+  EXPECT_THAT(folder_.Read("1/build.log"), HasSubstr("Created: 2001-09-09 01:46:41\r\n"));
+  EXPECT_THAT(folder_.Read("1/Probe.install"), HasSubstr("(C) 2001 by"));
+  for (const char* name : {"b1/InstallPath/lies.txt", "b1/InstallPath", "b1/build.log"}) {
+    EXPECT_EQ(tools::StampOf(folder_.Path(name)).modifiedNanoseconds, 1'000'000'001'000'000'000);
+  }
+  sourceDate_ = "gestern";
+  EXPECT_EQ(Build({"--output", "3"}), ExitCode::BadCall);
 }
 
 }  // namespace console

@@ -147,6 +147,28 @@ TEST_F(BuildCheckTest, ReportsAVersionWithoutAUsableFile) {
   EXPECT_THAT(Check(), ElementsAre("0/0 Die Datei der Version fehlt: " + path));
 }
 
+TEST_F(BuildCheckTest, SumsUpEntriesThatTheFileDoesNotHold) {
+  const std::string b = Source("b.txt", "b");
+  product_.AddComponent("A", {Source("a.txt", "a")});
+  project_.WriteComponentSetting(1, 1, "Files", "Count", "1000000");
+  for (const std::string& line : tools::SplitList(b, '\n', '\0')) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string::npos) continue;
+    project_.WriteComponentSetting(1, 1, "File3", line.substr(0, equals), line.substr(equals + 1));
+  }
+  EXPECT_THAT(Check(), ElementsAre("1/2 Eintrag 2: ohne Abschnitt",
+                                   "1/4 Einträge 4 bis 1000000: ohne Abschnitt"));
+  project_.WriteComponentSetting(1, 1, "Files", "Count", "6");
+  Run();
+  std::string lines;
+  for (int i = 0; i < 4; ++i) lines += "ERROR: File missing: " + folder_.Path("Produkt/") + "\r\n";
+  EXPECT_EQ(LogLines(), lines);
+  ASSERT_EQ(messages_.size(), 4U);
+  EXPECT_EQ(messages_.front().entry, 2);
+  EXPECT_EQ(messages_.back().entry, 6);
+  EXPECT_EQ(summary_->stored.files, 2U);
+}
+
 TEST_F(BuildCheckTest, NoValueWithAControlCharacterReachesASetup) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   project_.WriteVersionSetting(1, "Tessel", "Key", "K");

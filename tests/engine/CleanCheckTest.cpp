@@ -26,7 +26,7 @@ class CleanCheckTest : public tests::BuildFixture {
     if (Seldom()) settings += "Vital=" + OneOf({"0", "-40000", ""}) + "\n";
     if (Seldom()) settings += "Type=" + OneOf({"", "0", "1", "3", "70000"}) + "\n";
     if (Seldom()) settings += "TargetFolder=" + OneOf({"2004", "38", "29", "5e9"}) + "\n";
-    if (Seldom()) settings += "TargetName=" + OneOf({"a.txt", "Neu.dll", "\"q\""}) + "\n";
+    if (Seldom()) settings += "TargetName=" + OneOf({"a.txt", "Neu.dll", "\"q\"", "a\x1B"}) + "\n";
     if (Seldom()) settings += "Exclude=" + OneOf({"1", "2", "99999"}) + "\n";
     if (Seldom()) {
       settings += "TargetSubFolder=" +

@@ -1,6 +1,7 @@
 #include "tools/files/Files.h"
 
 #include "tools/Error.h"
+#include "tools/files/FolderListing.h"
 #include "tools/files/FolderSteps.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
@@ -57,6 +58,17 @@ std::vector<std::string> MakeFolder(std::string_view path) {
     throw;
   }
   return made;
+}
+
+void SetTreeTime(const std::string& folder, std::int64_t nanoseconds) {
+  std::error_code failure;
+  for (const FolderItem& item : ListFolder(folder, failure)) {
+    const std::string path = JoinPath(folder, item.name);
+    if (item.kind == FolderItem::Kind::Folder) SetTreeTime(path, nanoseconds);
+    if (item.kind == FolderItem::Kind::File) SetModificationTime(path, nanoseconds);
+  }
+  if (failure) throw PathError("Der Ordner kann nicht gelesen werden", folder, failure);
+  SetModificationTime(folder, nanoseconds);
 }
 
 std::string ReadWholeFile(std::string_view path) {

@@ -87,6 +87,12 @@ struct FileStamp {
 /// the system cannot tell.
 [[nodiscard]] FileStamp StampOf(std::string_view path);
 
+/// Sets the modification time of a file or folder; `nanoseconds` since 1970-01-01 UTC. Raises
+/// Error.
+void SetModificationTime(std::string_view path, std::int64_t nanoseconds);
+/// The same for a folder with all files and subfolders in it; links are not followed.
+void SetTreeTime(const std::string& folder, std::int64_t nanoseconds);
+
 /// The whole content of a regular file. Raises Error.
 [[nodiscard]] std::string ReadWholeFile(std::string_view path);
 

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -121,6 +122,17 @@ void MoveFolder(std::string_view from, std::string_view to) {
 void DeleteFile(std::string_view path) {
   if (::unlink(std::string(path).c_str()) == 0 || IsAbsent(errno)) return;
   throw PathError("Die Datei kann nicht gelöscht werden", path, LastSystemError());
+}
+
+void SetModificationTime(std::string_view path, std::int64_t nanoseconds) {
+  constexpr std::int64_t kPerSecond = 1'000'000'000;
+  const std::int64_t rest = (nanoseconds % kPerSecond + kPerSecond) % kPerSecond;
+  const std::array<timespec, 2> times{timespec{0, UTIME_OMIT},
+                                      timespec{(nanoseconds - rest) / kPerSecond, rest}};
+  if (::utimensat(AT_FDCWD, std::string(path).c_str(), times.data(), AT_SYMLINK_NOFOLLOW) == 0) {
+    return;
+  }
+  throw PathError("Die Zeit der Datei kann nicht gesetzt werden", path, LastSystemError());
 }
 
 FileStamp StampOf(std::string_view path) {
