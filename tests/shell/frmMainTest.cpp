@@ -190,7 +190,9 @@ class frmMainTest : public QObject {
     program_->Click("v3c2");
     QCOMPARE(TabTitles(), "Dateien|Registrierung");
     program_->Click("product", Qt::MiddleButton);
+    QCOMPARE(program_->SelectedKey(), "v3c2");
     QTest::mouseClick(program_->Tree().viewport(), Qt::LeftButton, {}, BesideTheNodes());
+    QCOMPARE(program_->SelectedKey() + TabTitles(), "v3c2Dateien|Registrierung");
     QTest::mouseClick(program_->Tree().viewport(), Qt::LeftButton, Qt::ControlModifier,
                       program_->PlaceOf("v3c2"));
     QCOMPARE(program_->SelectedKey() + TabTitles(), "v3c2Dateien|Registrierung");
