@@ -157,7 +157,7 @@ TEST_F(BuildTest, TellsASetupFromOtherFiles) {
     Run();
     EXPECT_EQ(FirstOtherFile(folder_.Path("aus")), "");
     for (const char* name :
-         {"fremd.txt", "InstallPath/Tief./a", "ProgramFiles/c.txt", "Probe2.install", "x/b.txt"}) {
+         {"fremd.txt", "InstallPath/Tief/a", "ProgramFiles/c.txt", "Probe2.install", "x/b.txt"}) {
       const std::string path = folder_.Write(std::string("aus/") + name, "");
       EXPECT_EQ(FirstOtherFile(folder_.Path("aus")), path);
       tools::DeleteFile(path);
