@@ -12,22 +12,6 @@ namespace console {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-/// A disk with room again behind the first file.
-class OnceFullDisk : public tools::SystemDisk {
- public:
-  [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path,
-                                                             const std::string& target) override {
-    if (std::exchange(full_, false)) {
-      throw tools::PathError("", target, std::make_error_code(std::errc::no_space_on_device));
-    }
-    return tools::SystemDisk::CreateNew(path, target);
-  }
-  void Fill() { full_ = true; }
-
- private:
-  bool full_ = false;
-};
-
 class ProgramTest : public testing::Test {
  protected:
   ProgramTest() {
@@ -63,7 +47,7 @@ class ProgramTest : public testing::Test {
   tests::TestProduct product_{folder_};
   std::string output_;
   std::string errors_;
-  OnceFullDisk disk_;
+  tests::FaultyDisk disk_;
   std::string sourceDate_;
   Report::InterruptTest interrupted_ = [] { return false; };
 };
@@ -157,11 +141,11 @@ TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
 }
 
 TEST_F(ProgramTest, AFullDiskIsAnExitCodeOfItsOwn) {
-  disk_.Fill();
+  disk_.FailOnce(tests::FaultyDisk::Step::Create, 1);
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_THAT(errors_, HasSubstr("Das Setup ist unvollständig: Der Datenträger ist voll."));
   EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Built);
-  disk_.Fill();
+  disk_.FailOnce(tests::FaultyDisk::Step::Create, 1);
   EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Stopped);
   EXPECT_THAT(errors_, HasSubstr("Der bisherige Inhalt des Ausgabeordners bleibt unverändert."));
   EXPECT_TRUE(folder_.Holds("aus/Probe.zip"));

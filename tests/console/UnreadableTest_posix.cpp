@@ -1,30 +1,16 @@
 // Files and folders that are there and cannot be read, seen by a user without special rights.
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <sstream>
 
 #include "console/Program.h"
 #include "tests/support/TestProduct.h"
-#include "tests/support/Testing.h"
+#include "tests/support/WithoutRights.h"
 
 namespace console {
 
 using testing::AllOf;
 using testing::HasSubstr;
-
-/// The superuser may read everything: while this lives, it is nobody.
-class AsNobody {
- public:
-  AsNobody() {
-    if (::geteuid() == 0 && ::seteuid(65534) != 0) ADD_FAILURE() << "still the superuser";
-  }
-  ~AsNobody() {
-    if (::getuid() == 0 && ::seteuid(0) != 0) ADD_FAILURE() << "nobody for good";
-  }
-  AsNobody(const AsNobody&) = delete;
-  AsNobody& operator=(const AsNobody&) = delete;
-};
 
 class UnreadableTest : public testing::Test {
  protected:
@@ -54,9 +40,12 @@ class UnreadableTest : public testing::Test {
     std::ostringstream output;
     std::ostringstream errors;
     arguments.insert(arguments.begin(), folder_.Path("Produkt/Probe.product"));
-    const AsNobody nobody;
     tools::SystemDisk disk;
-    const ExitCode code = RunProgram(arguments, {{output, errors, false}, "/", "/", disk});
+    ExitCode code{};
+    EXPECT_EQ(tests::ErrorWithoutRights([&] {
+                code = RunProgram(arguments, {{output, errors, false}, "/", "/", disk});
+              }),
+              "no error");
     text_ = output.str() + errors.str();
     return code;
   }

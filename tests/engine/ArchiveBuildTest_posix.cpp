@@ -112,7 +112,7 @@ TEST_F(ArchiveBuildTest, LeavesOutWhatVanishedAndTakesWhatIsThere) {
 
 TEST_F(ArchiveBuildTest, SurvivesAnArchiveThatFillsTheDisk) {
   product_.AddComponent("A", {Source("a.txt", "a"), Source("b.txt", "b")});
-  tests::FaultyDisk full(disk_);
+  tests::FaultyDisk full;
   full.FailAt(tests::FaultyDisk::Step::Write, 1);
   // The archive's remains are gone when its failure is told, and there is room again.
   onProgress_ = [&](const tools::Progress& progress) {
@@ -130,7 +130,7 @@ TEST_F(ArchiveBuildTest, SurvivesAnArchiveThatFillsTheDisk) {
 TEST_F(ArchiveBuildTest, KeepsTheOldSetupWhenTheNewOneLacksItsArchive) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   folder_.Write("aus/Probe.zip", "alt");
-  tests::FaultyDisk full(disk_);
+  tests::FaultyDisk full;
   full.FailAt(tests::FaultyDisk::Step::Write, 1);
   onProgress_ = [&](const tools::Progress& progress) {
     if (progress.filesDone == 1) full.FailAt(tests::FaultyDisk::Step::Write, 0);

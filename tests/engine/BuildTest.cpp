@@ -351,7 +351,7 @@ TEST_F(BuildTest, StoresUnusualAndLongNames) {
 }
 
 TEST_F(BuildTest, RaisesAFailureToWriteTheScript) {
-  tests::FaultyDisk full(disk_);
+  tests::FaultyDisk full;
   full.FailAt(tests::FaultyDisk::Step::Write, 1);
   EXPECT_THAT(tests::ErrorOf([&] { Run(full); }), HasSubstr("Kein Speicherplatz"));
   EXPECT_FALSE(HasOut("Probe.install"));

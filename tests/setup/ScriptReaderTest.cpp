@@ -1,4 +1,5 @@
 #include "setup/ScriptReader.h"
+#include "tests/support/SampleScript.h"
 #include "tests/support/Testing.h"
 #include "tools/Text.h"
 
@@ -10,47 +11,6 @@ using testing::IsEmpty;
 
 namespace {
 
-// A script of one packaged file that replaces safely, and one that is added and registered.
-constexpr std::string_view kScript = R"(' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL
-' Copyright (C) 2031 by Änne by Müller
-' Created with Quillon Packwright 1.2.3
-
-Sub InstallMain()
-'Display a message allowing the user to cancel installation
-If Ask("Probe installieren?") = False Then
-	CancelInstall "Abbruch", True
-End If
-
-SetAppKey "probe", "Die Probe"
-RegPrd "probe", "Die Probe", 3
-
-SelectInstallFolder PathStr("%ProgramFiles%\Probe")
-
-'Install files for "Das "Programm""
-If Extract("%SrcPath%\Probe.zip", "1.dll", "%TempPath%\1.dll") Then
-If Not ReplSafe("%TempPath%\1.dll", "%InstallPath%\a.dll", , True) Then
-ErrMsg "Fehler bei %InstallPath%\a.dll", "Fehler"
-CancelInstall "Fehler beim Installieren von Dateien"
-Else
-'TO-DO: Register path for this file...
-End If
-Del "%TempPath%\1.dll"
-End If
-If Extract("%SrcPath%\Probe.zip", "2.txt", "%TempPath%\2.txt") Then
-If Not Add("%TempPath%\2.txt", "C:\Texte\b.txt") Then
-ErrMsg "Fehler", "Fehler"
-Else
-'Self-register this file
-SelfReg "C:\Texte\b.txt"
-End If
-Del "%TempPath%\2.txt"
-End If
-
-End Sub
-
-'--- End of installation script ---
-)";
-
 ScriptReading Read(std::string_view script) {
   ScriptReader reader("s.install");
   for (const std::string& line : tools::SplitList(script, '\n', '\0')) reader.Line(line);
@@ -58,8 +18,8 @@ ScriptReading Read(std::string_view script) {
 }
 
 std::string Changed(std::string_view from, std::string_view to) {
-  EXPECT_NE(kScript.find(from), std::string_view::npos) << from;
-  return tools::ReplaceAll(kScript, from, to);
+  EXPECT_NE(tests::kSampleScript.find(from), std::string_view::npos) << from;
+  return tools::ReplaceAll(tests::kSampleScript, from, to);
 }
 
 std::vector<std::string> Texts(const ScriptReading& reading) {
@@ -73,7 +33,7 @@ std::vector<std::string> Texts(const ScriptReading& reading) {
 }  // namespace
 
 TEST(ScriptReader, ReadsAScriptIntoAPlan) {
-  const ScriptReading reading = Read(kScript);
+  const ScriptReading reading = Read(tests::kSampleScript);
   EXPECT_THAT(Texts(reading), IsEmpty());
   const Plan& plan = reading.plan;
   EXPECT_EQ(plan.head.year + "|" + plan.head.author + "|" + plan.head.toolVersion,
@@ -84,7 +44,7 @@ TEST(ScriptReader, ReadsAScriptIntoAPlan) {
   EXPECT_EQ(plan.archive, "Probe.zip");
   EXPECT_THAT(plan.components, ElementsAre("Das \"Programm\""));
 
-  ASSERT_EQ(plan.files.size(), 2U);
+  ASSERT_EQ(plan.files.size(), 3U);
   const PlannedFile& first = plan.files[0];
   EXPECT_EQ(first.stored + "|" + first.target, "1.dll|%InstallPath%\\a.dll");
   EXPECT_EQ(first.rule, CopyRule::ReplaceSafely);
@@ -95,20 +55,11 @@ TEST(ScriptReader, ReadsAScriptIntoAPlan) {
   EXPECT_EQ(second.stored + "|" + second.target, "2.txt|C:\\Texte\\b.txt");
   EXPECT_EQ(second.rule, CopyRule::Add);
   EXPECT_TRUE(second.registersItself);
-  EXPECT_FALSE(second.vital || second.pathReminder);
-}
-
-TEST(ScriptReader, ReadsFilesThatAreNotPackaged) {
-  std::string script = Changed(
-      "If Extract(\"%SrcPath%\\Probe.zip\", \"1.dll\", "
-      "\"%TempPath%\\1.dll\") Then\nIf Not ReplSafe(\"%TempPath%",
-      "If Not ReplSafe(\"%SrcPath%\\InstallPath");
-  script = tools::ReplaceAll(script, "Del \"%TempPath%\\1.dll\"\nEnd If\n", "");
-  const ScriptReading reading = Read(script);
-  EXPECT_THAT(Texts(reading), IsEmpty());
-  ASSERT_EQ(reading.plan.files.size(), 2U);
-  EXPECT_EQ(reading.plan.files[0].stored, "InstallPath\\1.dll");
-  EXPECT_FALSE(reading.plan.files[0].packaged || reading.plan.files[0].deletesTemporary);
+  const PlannedFile& third = plan.files[2];
+  EXPECT_EQ(third.stored + "|" + third.target, "InstallPath\\c|%InstallPath%\\x\\c");
+  EXPECT_EQ(third.rule, CopyRule::Copy);
+  EXPECT_FALSE(third.packaged || third.deletesTemporary || third.vital || third.pathReminder ||
+               third.registersItself);
 }
 
 TEST(ScriptReader, NamesLineColumnAndWhatTheRuntimeExpects) {
@@ -130,7 +81,7 @@ TEST(ScriptReader, NamesLineColumnAndWhatTheRuntimeExpects) {
       {"Fehler bei", "Fehler\x01", "ein druckbares Zeichen"},
       {"Fehler bei", "Fehler\xFF", "Text in UTF-8"},
       {"End Sub", "End If\nEnd Sub",
-       "36: Diese Anweisung kann hier nicht stehen; erwartet: If Ask"},
+       "39: Diese Anweisung kann hier nicht stehen; erwartet: If Ask"},
       {"End Sub", "End Sub\nDel \"x\"", "das Ende des Skripts"},
       {"\nEnd Sub", "", "Das Skript endet zu früh; erwartet: End Sub"},
       {"Else\n'Self", "'Self", "erwartet: ErrMsg, CancelInstall, Else oder End If"},
@@ -158,7 +109,7 @@ TEST(ScriptReader, SkipsTheBlockOfAnIfThatCannotBeRead) {
   const ScriptReading reading =
       Read(Changed("Extract(\"%SrcPath%\\Probe.zip\", \"1.dll", "Extract(\"\"\", \"1"));
   EXPECT_THAT(Texts(reading), ElementsAre(HasSubstr("17: ")));
-  ASSERT_EQ(reading.plan.files.size(), 1U);
+  ASSERT_EQ(reading.plan.files.size(), 2U);
   EXPECT_EQ(reading.plan.files[0].stored, "2.txt");
 }
 
@@ -184,12 +135,12 @@ TEST(ScriptReader, CountsFindingsThatItDoesNotKeep) {
 
 TEST(ScriptFile, NamesAFileThatIsNoScript) {
   const tests::TemporaryFolder folder;
-  const std::string script(kScript);
-  EXPECT_EQ(ReadScript(folder.Write("lf", script)).plan.files.size(), 2U);
+  const std::string script(tests::kSampleScript);
+  EXPECT_EQ(ReadScript(folder.Write("lf", script)).plan.files.size(), 3U);
   const ScriptReading windows =
       ReadScript(folder.Write("crlf", tools::ReplaceAll(script, "\n", "\r\n")));
   EXPECT_THAT(Texts(windows), IsEmpty());
-  EXPECT_EQ(windows.plan.files.size(), 2U);
+  EXPECT_EQ(windows.plan.files.size(), 3U);
 
   const struct {
     std::string content, error;

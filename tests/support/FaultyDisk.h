@@ -14,8 +14,8 @@
 
 namespace tests {
 
-/// Forwards everything to another disk but the one step that was chosen to fail.
-class FaultyDisk : public tools::Disk {
+/// The machine's own disk, but for the steps that were chosen to fail.
+class FaultyDisk : public tools::SystemDisk {
  public:
   enum class Step {
     Create,
@@ -31,9 +31,6 @@ class FaultyDisk : public tools::Disk {
   };
   static constexpr std::size_t kSteps = 10;
 
-  /// `disk` must outlive this object.
-  explicit FaultyDisk(tools::Disk& disk) : disk_(disk) {}
-
   /// The `call`-th call (from 1) of a step, and every later one, fails: the disk is full. 0 ends
   /// that.
   void FailAt(Step step, int call) { At(step) = {call, false, 0}; }
@@ -45,27 +42,27 @@ class FaultyDisk : public tools::Disk {
   [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path,
                                                              const std::string& target) override {
     Pass(Step::Create, target);
-    return std::make_unique<File>(*this, target, disk_.CreateNew(path, target));
+    return std::make_unique<File>(*this, target, SystemDisk::CreateNew(path, target));
   }
   void Replace(const std::string& from, const std::string& to) override {
     Pass(Step::Replace, to);
-    disk_.Replace(from, to);
+    SystemDisk::Replace(from, to);
   }
   std::vector<std::string> MakeFolder(const std::string& path) override {
     Pass(Step::MakeFolder, path);
-    return disk_.MakeFolder(path);
+    return SystemDisk::MakeFolder(path);
   }
   void RemoveFolderTree(const std::string& path) override {
     Pass(Step::RemoveFolderTree, path);
-    disk_.RemoveFolderTree(path);
+    SystemDisk::RemoveFolderTree(path);
   }
   void MoveFolder(const std::string& from, const std::string& to) override {
     Pass(Step::MoveFolder, tools::IsTemporaryName(from) ? to : from);
-    disk_.MoveFolder(from, to);
+    SystemDisk::MoveFolder(from, to);
   }
   void DeleteFile(const std::string& path) override {
     Pass(Step::DeleteFile, path);
-    disk_.DeleteFile(path);
+    SystemDisk::DeleteFile(path);
   }
   [[nodiscard]] tools::CopyResult CopyFile(const std::string& source, const std::string& target,
                                            const tools::CopyProgress& progress) override {
@@ -74,11 +71,8 @@ class FaultyDisk : public tools::Disk {
     } catch (const tools::Error& error) {
       return {.errorText = tools::SystemErrorText(error.Cause()), .cause = error.Cause()};
     }
-    return disk_.CopyFile(source, target, progress);
+    return SystemDisk::CopyFile(source, target, progress);
   }
-  void SyncFolder(const std::string& folder) noexcept override { disk_.SyncFolder(folder); }
-  void Discard(const std::string& path) noexcept override { disk_.Discard(path); }
-  void DiscardFolder(const std::string& path) noexcept override { disk_.DiscardFolder(path); }
 
  private:
   class File : public tools::OutputFile {
@@ -123,7 +117,6 @@ class FaultyDisk : public tools::Disk {
                            std::make_error_code(std::errc::no_space_on_device));
   }
 
-  tools::Disk& disk_;
   std::array<Fault, kSteps> faults_{};
 };
 

@@ -70,8 +70,7 @@ class TestProduct {
 
  private:
   const TemporaryFolder& folder_;
-  tools::SystemDisk systemDisk_;
-  FaultyDisk disk_{systemDisk_};
+  FaultyDisk disk_;
   tools::SettingsStore store_{disk_};
   model::ModProject project_{store_};
 };

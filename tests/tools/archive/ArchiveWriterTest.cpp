@@ -113,7 +113,7 @@ TEST_F(ArchiveWriterTest, ADiskThatFailsLeavesTheOldArchive) {
   for (const auto& [step, leastCalls] : steps) {
     int calls = 0;
     for (std::string failure; failure != "no error"; ++calls) {
-      tests::FaultyDisk faulty(system_);
+      tests::FaultyDisk faulty;
       faulty.FailAt(step, calls + 1);
       disk_ = &faulty;
       failure = FailureOf([&] { Archive({"small", "large", "small"}); });

@@ -62,7 +62,7 @@ TEST_F(SettingsStoreTest, ABatchCommitsInTheOrderOfFirstWritesUpToTheOneThatFail
   const std::vector<std::string> orders[] = {{"a", "b", "c"}, {"c", "b", "a"}, {"b", "C", "a"}};
   for (const std::vector<std::string>& names : orders) {
     const tests::TemporaryFolder folder;
-    tests::FaultyDisk faulty(disk_);
+    tests::FaultyDisk faulty;
     faulty.FailAt(tests::FaultyDisk::Step::Replace, 3);
     SettingsStore store(faulty);
     SettingsStore::Batch batch(store);
@@ -98,7 +98,7 @@ TEST_F(SettingsStoreTest, AFailureAtAnyStepLeavesTheOldFileAndNothingBeside) {
   folder_.Write("a.product", "[A]\nb=alt\n");
   using Step = tests::FaultyDisk::Step;
   for (const auto step : {Step::Create, Step::Write, Step::Sync, Step::Close, Step::Replace}) {
-    tests::FaultyDisk faulty(disk_);
+    tests::FaultyDisk faulty;
     faulty.FailAt(step, 1);
     SettingsStore store(faulty);
     EXPECT_THAT(tests::ErrorOf([&] { store.Write(path_, "A", "b", "neu"); }),
