@@ -84,8 +84,10 @@ std::string ModProject::ReadProductSetting(std::string_view section, std::string
 void ModProject::WriteProductSetting(std::string_view section, std::string_view key,
                                      std::string_view value) {
   if (!IsOpen()) return;
+  tools::SettingsStore::Batch batch(settings_);
   RequireProduct();
   settings_.Write(productPath_, section, key, value);
+  batch.Commit();
 }
 
 std::string ModProject::ReadVersionSetting(std::int32_t version, std::string_view section,
@@ -99,9 +101,11 @@ void ModProject::WriteVersionSetting(std::int32_t version, std::string_view sect
                                      std::string_view key, std::string_view value) {
   if (!IsOpen()) return;
   const std::string path = VersionFilePath(version);
-  // One look for the many writes of a batch.
+  // A batch looks at a file once: what vanishes after that look fails the commit.
+  tools::SettingsStore::Batch batch(settings_);
   if (!settings_.IsBeingWritten(path)) RequireVersion(version);
   settings_.Write(path, section, key, value);
+  batch.Commit();
 }
 
 std::string ModProject::ReadComponentSetting(std::int32_t version, std::int32_t component,
@@ -116,8 +120,10 @@ void ModProject::WriteComponentSetting(std::int32_t version, std::int32_t compon
                                        std::string_view value) {
   if (!IsOpen()) return;
   const std::string path = ComponentFilePath(version, component);
+  tools::SettingsStore::Batch batch(settings_);
   if (!settings_.IsBeingWritten(path)) RequireComponent(version, component);
   settings_.Write(path, section, key, value);
+  batch.Commit();
 }
 
 void ModProject::RequireProduct() const {

@@ -118,6 +118,15 @@ TEST_F(NodeSettingsTest, ARefusalKeepsTheFile) {
   EXPECT_EQ(Save("a", "3"), "");
 }
 
+TEST_F(NodeSettingsTest, AFileThatIsGoneIsNotMadeAgainFromAPage) {
+  Open("B=2\n");
+  const auto vanish = [&] { tools::DeleteFile(path_); };
+  for (int save = 0; save < 2; ++save) {
+    EXPECT_THROW((void)Save("a", "3", vanish), tools::Error) << save;
+    EXPECT_FALSE(folder_.Holds("d.product")) << save;
+  }
+}
+
 TEST_F(NodeSettingsTest, APagesWriteLeavesWhatAnotherPageHasNotSeenUnseen) {
   Open("B=2\n");
   Put("B=9\n");

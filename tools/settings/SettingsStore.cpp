@@ -1,6 +1,7 @@
 #include "tools/settings/SettingsStore.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "tools/files/FolderLock.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Leftovers.h"
+#include "tools/files/LinkTarget.h"
 #include "tools/files/Path.h"
 
 namespace tools {
@@ -51,6 +53,37 @@ struct StampedContent {
   std::string content;
 };
 
+/// A save replaces the file that links lead to.
+std::string FolderToLock(const std::string& path) { return FolderOf(LinkTarget(path)); }
+
+/// FNV-1a (http://www.isthe.com/chongo/tech/comp/fnv/), 64 bits.
+class Checksum {
+ public:
+  void Add(std::string_view bytes) {
+    for (const char c : bytes) value_ = (value_ ^ static_cast<unsigned char>(c)) * 1099511628211U;
+  }
+  [[nodiscard]] std::uint64_t Value() const { return value_; }
+
+ private:
+  std::uint64_t value_ = 14695981039346656037U;
+};
+
+std::uint64_t ChecksumOf(std::string_view bytes) {
+  Checksum checksum;
+  checksum.Add(bytes);
+  return checksum.Value();
+}
+
+/// True when a later change may leave the file's time as it is: where times tick in seconds, or two
+/// on some file systems, two changes share one. A time to come tells nothing either.
+bool IsYoung(const FileStamp& stamp) {
+  using std::chrono::nanoseconds;
+  using std::chrono::system_clock;
+  constexpr std::chrono::seconds kLongestTick{2};
+  const nanoseconds now = system_clock::now().time_since_epoch();
+  return stamp.exists && nanoseconds(stamp.modifiedNanoseconds) > now - kLongestTick;
+}
+
 [[noreturn]] void FailTooLarge(const std::string& path) {
   throw PathError("Die Einstellungsdatei ist größer als 128 MiB", path, {});
 }
@@ -83,6 +116,8 @@ struct SettingsStore::Entry {
   std::uint64_t lastUse = 0;
   std::uint64_t checkedInBatch = 0;  ///< the batch in which the stamp was compared last
   std::uint64_t firstWrite = 0;      ///< when writes that are not on disk yet began; 0: none
+  /// Of the file's bytes, where its time was too young to tell a later change.
+  std::optional<std::uint64_t> checksum;
 };
 
 SettingsStore::SettingsStore(Disk& disk) : disk_(disk) {}
@@ -127,8 +162,8 @@ void SettingsStore::Write(const std::string& path, std::string_view section, std
 }
 
 void SettingsStore::ReplaceFile(const std::string& path, const SettingsFile& content) {
-  const FolderLock lock(FolderOf(path));
-  WriteFile(path, content);
+  const FolderLock lock(FolderToLock(path));
+  (void)WriteFile(path, content);
   if (entries_.contains(path)) Forget(path);
 }
 
@@ -159,37 +194,57 @@ SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
 void SettingsStore::ReadFromDisk(const std::string& path, Entry& entry) {
   StampedContent now = ReadSettingsFile(path);
   SetStamp(entry, now.stamp);
+  entry.checksum.reset();
+  if (IsYoung(now.stamp)) entry.checksum = ChecksumOf(now.content);
   entry.file = std::make_shared<SettingsFile>(std::move(now.content));
 }
 
 void SettingsStore::Replace(const std::string& path, Entry& entry) {
-  const FolderLock lock(FolderOf(path));
-  if (StampToRead(path) != entry.stamp) {
-    const std::shared_ptr<SettingsFile> written = entry.file;
-    const bool existed = entry.stamp.exists;
-    ReadFromDisk(path, entry);
-    if (existed && !entry.stamp.exists) {
-      throw PathError("Die Datei ist nicht mehr vorhanden", path, {});
-    }
-    written->ReplayWrites(*entry.file);
-  }
-  WriteFile(path, *entry.file);
+  const FolderLock lock(FolderToLock(path));
+  if (HasChanged(path, entry)) JoinOthersWrites(path, entry);
+  const std::uint64_t checksum = WriteFile(path, *entry.file);
   SetStamp(entry, StampAfterWriting(path));
+  entry.checksum = checksum;  // what was just written is young
   entry.file->ForgetWrites();
   entry.firstWrite = 0;
 }
 
-void SettingsStore::WriteFile(const std::string& path, const SettingsFile& content) {
-  const std::string folder = FolderOf(path);
-  if (tidiedFolders_.insert(folder).second) RemoveLeftovers(folder);
+bool SettingsStore::HasChanged(const std::string& path, const Entry& entry) {
+  const FileStamp stamp = StampToRead(path);
+  if (stamp != entry.stamp) return true;
+  return stamp.exists && entry.checksum &&
+         ChecksumOf(ReadSettingsFile(path).content) != entry.checksum;
+}
+
+void SettingsStore::JoinOthersWrites(const std::string& path, Entry& entry) {
+  const std::shared_ptr<SettingsFile> written = entry.file;
+  const bool existed = entry.stamp.exists;
+  ReadFromDisk(path, entry);
+  if (existed && !entry.stamp.exists) {
+    throw PathError("Die Datei ist nicht mehr vorhanden", path, {});
+  }
+  written->ReplayWrites(*entry.file);
+}
+
+std::uint64_t SettingsStore::WriteFile(const std::string& path, const SettingsFile& content) {
+  Tidy(FolderToLock(path));
   ReplacementFile replacement(disk_, path);
+  Checksum checksum;
   std::size_t bytes = 0;
   content.Render([&](std::string_view part) {
     bytes += part.size();
     if (bytes > kLargestFileBytes) FailTooLarge(path);  // nobody could read it again
+    checksum.Add(part);
     replacement.File().Write(part);
   });
   replacement.Commit(ReplacementFile::Durability::Flushed);
+  return checksum.Value();
+}
+
+/// A batch may write thousands of files to one folder: one look at its listing is enough.
+void SettingsStore::Tidy(const std::string& folder) {
+  if (batch_ == 0) tidiedFolders_.clear();
+  if (tidiedFolders_.insert(folder).second) RemoveLeftovers(folder);
 }
 
 std::vector<std::string> SettingsStore::PendingPaths() const {
@@ -238,7 +293,9 @@ void SettingsStore::ForgetOldest() {
 }
 
 SettingsStore::Batch::Batch(SettingsStore& store) : store_(store), outermost_(store.batch_ == 0) {
-  if (outermost_) store_.batch_ = ++store_.lastBatch_;
+  if (!outermost_) return;
+  store_.batch_ = ++store_.lastBatch_;
+  store_.tidiedFolders_.clear();
 }
 
 SettingsStore::Batch::~Batch() {

@@ -16,7 +16,8 @@
 namespace tools {
 
 /// Reads and writes settings. A parsed file is kept and used again as long as the file's time, size
-/// and identity are those it was read with; a write is visible to the next read at once. Files not
+/// and identity are those it was read with; before it is written it is compared byte by byte where
+/// its time is too young to tell. A write is visible to the next read at once. Files not
 /// used lately are forgotten, so that memory stays bounded; the few used last are kept whatever
 /// their sizes.
 class SettingsStore {
@@ -81,7 +82,13 @@ class SettingsStore {
   Entry& Fetch(const std::string& path);
   void ReadFromDisk(const std::string& path, Entry& entry);
   void Replace(const std::string& path, Entry& entry);
-  void WriteFile(const std::string& path, const SettingsFile& content);
+  /// True when the file is not, or may not be, what the entry was read from.
+  [[nodiscard]] static bool HasChanged(const std::string& path, const Entry& entry);
+  /// Takes over what other programs have written to the file since it was read.
+  void JoinOthersWrites(const std::string& path, Entry& entry);
+  /// Returns the checksum of what it has written.
+  std::uint64_t WriteFile(const std::string& path, const SettingsFile& content);
+  void Tidy(const std::string& folder);
   /// The files with writes that are not on disk, in the order of their first ones.
   [[nodiscard]] std::vector<std::string> PendingPaths() const;
   void CommitPending();
@@ -92,7 +99,7 @@ class SettingsStore {
 
   Disk& disk_;
   std::unordered_map<std::string, std::unique_ptr<Entry>> entries_;
-  std::unordered_set<std::string> tidiedFolders_;  ///< looked through for leftovers
+  std::unordered_set<std::string> tidiedFolders_;  ///< in the running batch
   std::string lastPath_;                           ///< the file asked for last, and
   Entry* lastEntry_ = nullptr;   ///< what is known of it: the next call mostly asks for it too
   std::uint64_t keptBytes_ = 0;  ///< size of the files that entries_ holds

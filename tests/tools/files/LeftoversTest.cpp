@@ -40,13 +40,14 @@ TEST_F(LeftoversTest, GoOnlyWhenNobodyHoldsThemAndTheirNameIsOurs) {
   for (const char* other : others) EXPECT_TRUE(folder_.Holds(other)) << other;
 }
 
-TEST_F(LeftoversTest, TheFirstSaveInAFolderRemovesThem) {
-  const std::string file = Leave(false);
-  const std::string tree = Leave(true);
+TEST_F(LeftoversTest, EachSaveInAFolderRemovesThem) {
   SystemDisk disk;
-  SettingsStore(disk).Write(folder_.Path("a.product"), "A", "b", "1");
-  EXPECT_FALSE(folder_.Holds(file));
-  EXPECT_FALSE(folder_.Holds(tree));
+  SettingsStore store(disk);
+  for (const bool asFolder : {false, true}) {
+    const std::string name = Leave(asFolder);
+    store.Write(folder_.Path("a.product"), "A", "b", std::to_string(asFolder));
+    EXPECT_FALSE(folder_.Holds(name));
+  }
 }
 
 TEST_F(LeftoversTest, AFileBeingWrittenIsNone) {

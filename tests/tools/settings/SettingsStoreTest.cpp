@@ -1,5 +1,6 @@
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/Testing.h"
+#include "tools/Text.h"
 #include "tools/settings/SettingsStore.h"
 
 namespace tools {
@@ -81,6 +82,23 @@ TEST_F(SettingsStoreTest, AFileDeletedMeanwhileIsNotMadeAgainFromABatchsWrites) 
   DeleteFile(path_);
   EXPECT_THAT(tests::ErrorOf([&] { batch.Commit(); }), testing::EndsWith(": " + path_));
   EXPECT_FALSE(folder_.Holds("a.product"));
+}
+
+// Its time does not tell whether it has changed since.
+TEST_F(SettingsStoreTest, AYoungFileIsComparedBeforeItIsWritten) {
+  const std::int64_t later = StampOf(folder_.Write("uhr", "")).modifiedNanoseconds * 2;
+  for (const bool isOwnWrite : {false, true}) {
+    folder_.Write("a.product", "[A]\nb=1\nc=1\n");
+    if (isOwnWrite) Write("b", "2");
+    SetModificationTime(path_, isOwnWrite ? StampOf(path_).modifiedNanoseconds : later);
+    const auto before = store_.Load(path_);
+    const FileStamp stamp = StampOf(path_);
+    folder_.Write("a.product", tools::ReplaceAll(Stored(), "c=1", "c=9"));
+    SetModificationTime(path_, stamp.modifiedNanoseconds);
+    ASSERT_TRUE(StampOf(path_) == stamp && store_.Load(path_) == before);
+    Write("b", "3");
+    EXPECT_EQ(Stored(), "[A]\nb=3\nc=9\n") << isOwnWrite;
+  }
 }
 
 TEST_F(SettingsStoreTest, ABatchWithoutCommitChangesNothing) {

@@ -1,5 +1,7 @@
 #include <sys/stat.h>
 
+#include <filesystem>
+
 #include "tests/support/WithoutRights.h"
 #include "tools/settings/SettingsStore.h"
 
@@ -22,6 +24,21 @@ TEST(ProtectedSettingsTest, AReadOnlyFolderOrFileIsAnErrorThatNamesItAndKeepsThe
     EXPECT_EQ(folder.Read("a.product"), "[A]\nb=alt\n");
     EXPECT_EQ(FindFiles(folder.Path(), "*", true).size(), 1U);
   }
+}
+
+// What links lead to is locked, and not to be able to is an error.
+TEST(ProtectedSettingsTest, AFolderThatCannotBeLockedIsAnErrorThatNamesIt) {
+  const tests::TemporaryFolder folder;
+  const std::string file = folder.Write("echt/a.product", "");
+  folder.MakeFolder("hier");
+  std::filesystem::create_symlink(file, folder.Path("hier/a.product"));
+  ::chmod(file.c_str(), 0666);
+  ::chmod(folder.Path("echt").c_str(), 0333);
+  SystemDisk disk;
+  EXPECT_EQ(
+      ErrorWithoutRights(
+          [&] { SettingsStore(disk).Write(folder.Path("hier/a.product"), "A", "b", "neu"); }),
+      "Der Ordner kann nicht gesperrt werden: " + folder.Path("echt") + " (Zugriff verweigert)");
 }
 
 // Neither a file nor a folder that may not be looked into counts as one that is not there.
