@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <utility>
 
 #include "tools/Text.h"
 
@@ -17,15 +18,6 @@ void WriteLine(std::ostream& output, const Json& object) {
   output << tools::EscapeControlCharacters(
                 object.dump(-1, ' ', false, Json::error_handler_t::replace))
          << std::endl;
-}
-
-Json Components(const model::ModProject& project, std::int32_t version) {
-  Json components = Json::array();
-  for (const std::int32_t component : project.ComponentSlots(version)) {
-    components.push_back(
-        {{"slot", component}, {"title", project.ComponentTitle(version, component)}});
-  }
-  return components;
 }
 
 }  // namespace
@@ -62,9 +54,13 @@ void JsonReport::ProofEnd(const setup::ProofResult& result) {
 void JsonReport::Listing(const model::ModProject& project) {
   Json versions = Json::array();
   for (const std::int32_t version : project.VersionSlots()) {
+    Json components = Json::array();
+    ForEachComponent(project, version, [&](std::int32_t slot, const std::string& title) {
+      components.push_back({{"slot", slot}, {"title", title}});
+    });
     versions.push_back({{"version", project.VersionString(version)},
                         {"slot", version},
-                        {"components", Components(project, version)}});
+                        {"components", std::move(components)}});
   }
   WriteLine(Output(),
             {{"event", "product"}, {"title", project.ProductTitle()}, {"versions", versions}});

@@ -27,7 +27,7 @@ namespace console {
 void KeepTimeZone();
 
 /// From now on Ctrl+C, a closed terminal and a request to end set a flag instead of ending the
-/// program, so that it can tidy up.
+/// program, so that it can tidy up. The second Ctrl+C ends it at once.
 void WatchForInterrupt();
 /// True once one of them came.
 [[nodiscard]] bool WasInterrupted();

@@ -14,7 +14,13 @@ namespace {
 // The one thing a signal handler may touch.
 volatile std::sig_atomic_t interrupted = 0;
 
-void OnSignal(int) { interrupted = 1; }
+// Restores the default of Ctrl+C, which ends the program at once. A closed terminal may send SIGHUP
+// twice.
+
+void OnSignal(int number) {
+  interrupted = 1;
+  if (number == SIGINT) std::signal(SIGINT, SIG_DFL);
+}
 
 }  // namespace
 

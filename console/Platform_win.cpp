@@ -16,10 +16,10 @@ namespace {
 std::atomic<bool> interrupted{false};
 
 BOOL WINAPI OnControl(DWORD event) {
-  interrupted = true;
+  const bool isSecond = interrupted.exchange(true);
   // When the console closes, the system ends the program as soon as this returns: main comes first.
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) Sleep(INFINITE);
-  return TRUE;
+  return isSecond ? FALSE : TRUE;
 }
 
 bool IsConsole(DWORD handle) {

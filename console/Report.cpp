@@ -21,6 +21,17 @@ void Report::OnProofProgress(const tools::Progress& progress) {
   if (pace_.IsDue()) OnProgress(progress);
 }
 
+void Report::ForEachComponent(const model::ModProject& project, std::int32_t version,
+                              const ComponentTeller& tell) const {
+  ThrowIfStopped();
+  for (const std::int32_t slot :
+       project.PossibleComponentSlots(version, [this] { ThrowIfStopped(); })) {
+    ThrowIfStopped();
+    const std::string title = project.ComponentTitle(version, slot);
+    if (!title.empty()) tell(slot, title);
+  }
+}
+
 double Report::SecondsSoFar() const {
   return std::chrono::duration<double>(clock_.SteadyNow() - begun_).count();
 }

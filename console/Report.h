@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -48,7 +50,7 @@ class Report : public engine::BuildObserver {
   virtual void CheckEnd(std::size_t findings) = 0;
   /// The end of a proof whose findings have been told as messages.
   virtual void ProofEnd(const setup::ProofResult& result) = 0;
-  /// The versions and components of a product.
+  /// The versions and components of a product. Raises tools::Stopped.
   virtual void Listing(const model::ModProject& project) = 0;
   /// The end of a build that reached its end.
   virtual void Summary(const engine::BuildSummary& summary) = 0;
@@ -56,6 +58,10 @@ class Report : public engine::BuildObserver {
   [[nodiscard]] double SecondsSoFar() const;
 
  protected:
+  using ComponentTeller = std::function<void(std::int32_t slot, const std::string& title)>;
+  /// Tells of each component of a version as it is read. Raises tools::Stopped.
+  void ForEachComponent(const model::ModProject& project, std::int32_t version,
+                        const ComponentTeller& tell) const;
   [[nodiscard]] std::ostream& Output() const { return streams_.output; }
   [[nodiscard]] std::ostream& Errors() const { return streams_.errors; }
   [[nodiscard]] bool ErrorsAreTerminal() const { return streams_.errorsAreTerminal; }

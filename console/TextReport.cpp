@@ -56,10 +56,9 @@ void TextReport::Listing(const model::ModProject& project) {
   Output() << shown(project.ProductTitle()) << '\n';
   for (const std::int32_t version : project.VersionSlots()) {
     Output() << "  " << shown(project.VersionString(version)) << '\n';
-    for (const std::int32_t component : project.ComponentSlots(version)) {
-      Output() << "    " << component << "  " << shown(project.ComponentTitle(version, component))
-               << '\n';
-    }
+    ForEachComponent(project, version, [&](std::int32_t slot, const std::string& title) {
+      Output() << "    " << slot << "  " << shown(title) << '\n';
+    });
   }
 }
 

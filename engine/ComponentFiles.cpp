@@ -9,7 +9,6 @@
 #include "model/SlotNumbers.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
-#include "tools/files/FolderListing.h"
 #include "tools/files/Path.h"
 
 namespace engine {
@@ -39,11 +38,12 @@ bool IsSameFile(const std::string& path, const std::string& other) {
 
 }  // namespace
 
-ComponentFiles ListComponentFiles(const model::ModProject& project, std::int32_t version) {
+ComponentFiles ListComponentFiles(const model::ModProject& project, std::int32_t version,
+                                  const tools::ListingStep& step) {
   constexpr std::string_view kEnding = ".component";
   const std::string folder = tools::FolderOf(project.VersionFilePath(version));
   std::error_code failure;
-  const std::vector<tools::FolderItem> items = tools::ListFolder(folder, failure);
+  const std::vector<tools::FolderItem> items = tools::ListFolder(folder, failure, step);
   if (failure) throw tools::PathError("Der Ordner kann nicht gelesen werden", folder, failure);
   ComponentFiles files;
   for (const tools::FolderItem& item : items) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/ModProject.h"
+#include "tools/files/FolderListing.h"
 
 namespace engine {
 
@@ -27,8 +28,9 @@ struct ComponentFiles {
 };
 
 /// The component files in a version's folder, beyond the version's count too. Raises tools::Error
-/// when the folder cannot be searched.
+/// when the folder cannot be searched, and what `step` raises.
 [[nodiscard]] ComponentFiles ListComponentFiles(const model::ModProject& project,
-                                                std::int32_t version);
+                                                std::int32_t version,
+                                                const tools::ListingStep& step = {});
 
 }  // namespace engine

@@ -63,7 +63,8 @@ SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
   tools::FoundFiles found = tools::SearchFiles(folder, entry.SourceName,
                                                {.includeSubfolders = entry.IncludeChildren != 0,
                                                 .leaveOut = scope.outputFolder,
-                                                .skipTemporary = true});
+                                                .skipTemporary = true,
+                                                .step = scope.step});
   SourceList list;
   AddUnseen(list, SourceFault::Unreadable, Severity::Error, found.unreadFolders,
             "Unable to read folder", "Der Ordner kann nicht gelesen werden");

@@ -1,6 +1,7 @@
 // From an entry to the files it stands for.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -38,11 +39,16 @@ struct SourceList {
   std::vector<SurveyProblem> problems;
 };
 
+/// Called before each entry and each file; may raise an error to stop.
+using SurveyStep = std::function<void()>;
+
 /// Where sources are looked for.
 struct SourceScope {
   std::string productFolder;  ///< relative source folders are taken from it
   /// Scans pass over this folder and what lies in it; empty: none.
   std::string outputFolder;
+  /// Called for each entry of a folder that is listed too.
+  SurveyStep step{};
 };
 
 /// The entry's source folder; a relative one is taken from the product's folder.

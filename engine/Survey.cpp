@@ -53,14 +53,14 @@ class Surveyor {
            const SurveyStep& step)
       : project_(project),
         version_(version),
-        scope_{project.ProductFolder(), std::move(outputFolder)},
-        step_(step) {}
+        scope_{project.ProductFolder(), std::move(outputFolder), step},
+        step_(scope_.step) {}
 
   /// Without `lookForSources` only the folders of the sources are gathered.
   Survey Run(bool lookForSources) {
     onlyFolders_ = !lookForSources;
     RequireVersionFile(project_, version_);
-    const ComponentFiles files = ListComponentFiles(project_, version_);
+    const ComponentFiles files = ListComponentFiles(project_, version_, step_);
     if (!files.slots.empty() || !files.misnamed.empty()) RequireCount();
     const std::int32_t count = project_.ComponentCount(version_);
     for (const std::int32_t slot : files.slots) {

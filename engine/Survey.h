@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -49,9 +48,6 @@ struct Survey {
   std::uint64_t files = 0;
   std::uint64_t bytes = 0;
 };
-
-/// Called before each entry and each file; may raise an error to stop.
-using SurveyStep = std::function<void()>;
 
 /// Surveys the version in slot `version`, passing over `outputFolder` in scans. Raises tools::Error
 /// for an unsafe version text, a version folder that cannot be searched, a version file that is

@@ -32,14 +32,16 @@ std::vector<std::int32_t> SlotsUpTo(std::int32_t count) {
 }
 
 // The component slots that have a file in a version's folder.
-std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::int32_t count) {
+std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::int32_t count,
+                                         const tools::ListingStep& step) {
   std::vector<std::int32_t> slots;
   const auto add = [&slots](const std::string& path) {
     std::string name = tools::FileNamePart(path);
     name.resize(name.size() - kComponentEnding.size());
     slots.push_back(SlotNumberOf(name, kComponentWord));
   };
-  const tools::FoundFiles found = tools::SearchFiles(versionFolder, "component*.component", {});
+  const tools::FoundFiles found =
+      tools::SearchFiles(versionFolder, "component*.component", {.step = step});
   if (!found.unreadFolders.empty()) {
     const tools::UnseenPath& unread = found.unreadFolders.front();
     throw tools::PathError("Der Ordner kann nicht gelesen werden", unread.path, unread.cause);
@@ -203,11 +205,12 @@ std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t compon
   return ReadComponentSetting(version, component, kTitle.section, kTitle.key, "");
 }
 
-std::vector<std::int32_t> ModProject::PossibleComponentSlots(std::int32_t version) const {
+// Counts are only text: 10,000 versions of 10,000 slots must not make 100 million looks at files.
+std::vector<std::int32_t> ModProject::PossibleComponentSlots(std::int32_t version,
+                                                             const tools::ListingStep& step) const {
   const std::int32_t count = ComponentCount(version);
-  return count <= kCheapSlotCount
-             ? SlotsUpTo(count)
-             : ComponentFiles(tools::FolderOf(VersionFilePath(version)), count);
+  if (count == 0) return {};
+  return ComponentFiles(tools::FolderOf(VersionFilePath(version)), count, step);
 }
 
 std::vector<std::int32_t> ModProject::ComponentSlots(std::int32_t version) const {

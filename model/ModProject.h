@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "model/SettingNames.h"
+#include "tools/files/FolderListing.h"
 #include "tools/settings/SettingsStore.h"
 
 namespace model {
@@ -101,8 +102,11 @@ class ModProject {
   [[nodiscard]] std::int32_t ComponentCount(std::int32_t version) const;
   /// The component's title, empty for a free slot.
   [[nodiscard]] std::string ComponentTitle(std::int32_t version, std::int32_t component) const;
-  /// The slots that a version's components can have, ascending, without a look at each file.
-  [[nodiscard]] std::vector<std::int32_t> PossibleComponentSlots(std::int32_t version) const;
+  /// The slots up to the version's count whose component files are there, ascending: one look at
+  /// the version's folder and none at each file. Raises tools::Error when the folder cannot be
+  /// listed, and what `step` raises, which is called for each entry of the folder.
+  [[nodiscard]] std::vector<std::int32_t> PossibleComponentSlots(
+      std::int32_t version, const tools::ListingStep& step = {}) const;
   /// The slots of the components there are in a version, ascending; quick as above. Raises
   /// tools::Error when the version's folder cannot be searched.
   [[nodiscard]] std::vector<std::int32_t> ComponentSlots(std::int32_t version) const;

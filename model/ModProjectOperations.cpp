@@ -240,6 +240,8 @@ void ModProjectOperations::CreateVersion(const std::string& version, std::int32_
     }
     disk_.MoveFolder(fresh, folder);
     undo.Add([=, this] { disk_.MoveFolder(folder, fresh); });
+    // A loss of power must not leave the version listed and its folder under the other name.
+    disk_.SyncFolder(tools::FolderOf(folder));
     ListVersion(slot, version);
   });
   RemoveAndShow(old);
@@ -287,6 +289,7 @@ void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string
     undo.Add([&] { project_.WriteProductSetting(setting::kVersionCount.section, key, shownText); });
     if (!isShared && tools::FolderExists(folder)) disk_.MoveFolder(folder, removed);
   });
+  disk_.SyncFolder(tools::FolderOf(folder));
   RemoveAndShow(removed);
 }
 
@@ -323,7 +326,9 @@ void ModProjectOperations::DeleteComponent(std::int32_t version, std::int32_t co
       IsOutdated(project_.ComponentTitle(version, component), shownTitle)) {
     return;
   }
-  disk_.DeleteFile(project_.ComponentFilePath(version, component));
+  const std::string path = project_.ComponentFilePath(version, component);
+  disk_.DeleteFile(path);
+  disk_.SyncFolder(tools::FolderOf(path));
   view_->UpdateTree();
 }
 

@@ -170,6 +170,18 @@ TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {
   EXPECT_EQ(errors_, "packwright-build: Abgebrochen.\n");
   EXPECT_EQ(FileCount("aus"), 0U);
   EXPECT_EQ(Build({"--check"}), ExitCode::Stopped);
+  EXPECT_EQ(Run({"Produkt/Probe.product", "--list"}), ExitCode::Stopped);
+  EXPECT_EQ(output_, "Probe\n  1.0.0\n");
+}
+
+TEST_F(ProgramTest, AListingOfOneFolderCanBeInterrupted) {
+  for (int i = 0; i < 500; ++i) folder_.Write("viele/" + std::to_string(i), "");
+  product_.AddComponent("Viele", {tests::TestProduct::Scan(folder_.Path("viele"), "*.*")});
+  static int asked;
+  asked = 0;
+  interrupted_ = [] { return ++asked > 100; };
+  EXPECT_EQ(Build({"--check"}), ExitCode::Stopped);
+  EXPECT_EQ(asked, 101);
 }
 
 TEST_F(ProgramTest, WarningsCountWhenTheyAreToldTo) {

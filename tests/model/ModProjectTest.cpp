@@ -74,6 +74,9 @@ TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {
   EXPECT_EQ(project_.VersionCount(), 3);
   for (const char* title : {"A", "", "C"}) product_.AddComponent(title, {});
   EXPECT_THAT(project_.ComponentSlots(1), ElementsAre(1, 3));
+  // Found in the folder's listing, not by 10,000 looks at files.
+  project_.WriteVersionSetting(1, "Components", "Count", "10000");
+  EXPECT_THAT(project_.PossibleComponentSlots(1), ElementsAre(1, 2, 3));
   for (const char* count : {"", "Count=\n", "Count=viele\n"}) {
     product_.WriteVersions(count + std::string("Ver1=1\n"));
     EXPECT_EQ(project_.VersionCount(), 0) << count;

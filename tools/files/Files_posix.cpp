@@ -163,7 +163,8 @@ std::vector<FolderEntry> ListEntries(std::string_view folder, std::error_code& f
   return entries;
 }
 
-std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {
+std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure,
+                                   const ListingStep& step) {
   std::vector<FolderItem> items;
   const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(std::string(folder).c_str()),
                                                    ::closedir);
@@ -173,6 +174,7 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
   }
   errno = 0;
   while (const dirent* entry = ::readdir(stream.get())) {
+    if (step) step();
     const std::string_view name(entry->d_name);
     if (name != "." && name != "..") {
       FolderItem item{.name = std::string(name), .mayBeLink = entry->d_type != DT_REG};

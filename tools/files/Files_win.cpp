@@ -212,7 +212,8 @@ std::vector<FolderEntry> ListEntries(std::string_view folder, std::error_code& f
   return entries;
 }
 
-std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure) {
+std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure,
+                                   const ListingStep& step) {
   std::vector<FolderItem> items;
   FolderSearch search(LongPath(folder));
   if (!search.IsOpen()) {
@@ -220,6 +221,7 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
     return items;
   }
   do {
+    if (step) step();
     const DWORD attributes = search.Data().dwFileAttributes;
     if (search.IsDots()) continue;
     const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;

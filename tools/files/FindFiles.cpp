@@ -6,7 +6,6 @@
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderListing.h"
 #include "tools/files/Path.h"
 #include "tools/files/TemporaryName.h"
 
@@ -134,7 +133,7 @@ class Searcher {
   void Visit(const std::string& folder, bool isTop) {
     if (IsLeftOut(folder)) return;
     std::error_code failure;
-    std::vector<FolderItem> items = ListFolder(folder, failure);
+    std::vector<FolderItem> items = ListFolder(folder, failure, search_.step);
     if (failure && !(isTop && IsAbsent(failure))) {
       found_.unreadFolders.push_back({folder, failure});
     }
@@ -145,6 +144,7 @@ class Searcher {
               [](const FolderItem& a, const FolderItem& b) { return a.name < b.name; });
     const std::string prefix = EnsureTrailingSeparator(folder);
     for (const FolderItem& item : items) {
+      if (search_.step) search_.step();
       if (!IsEnough()) Take(prefix, item);
     }
     if (!search_.includeSubfolders) return;

@@ -8,6 +8,8 @@
 #include <system_error>
 #include <vector>
 
+#include "tools/files/FolderListing.h"
+
 namespace tools {
 
 struct FileSearch {
@@ -18,6 +20,8 @@ struct FileSearch {
   bool skipTemporary = false;
   /// The search ends when it has found so many files.
   std::size_t atMost = std::numeric_limits<std::size_t>::max();
+  /// Called often, with each entry of a folder; what it throws ends the search.
+  ListingStep step{};
 };
 
 /// A place that a search could not look into.

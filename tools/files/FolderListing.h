@@ -1,6 +1,7 @@
 // The names in one folder, as the system gives them.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -35,12 +36,17 @@ struct FolderEntry {
   Kind kind = Kind::Other;
 };
 
+/// Called before each entry of a listing, which can take long; what it throws (Stopped, see
+/// Progress.h) ends the listing. Empty: nothing is called.
+using ListingStep = std::function<void()>;
+
 /// Everything in a folder but "." and "..", in no particular order. `failure` as below.
 [[nodiscard]] std::vector<FolderEntry> ListEntries(std::string_view folder,
                                                    std::error_code& failure);
 
 /// All that lies in a folder, in no particular order; links to files count as files. `failure` says
 /// why it cannot be read to its end.
-[[nodiscard]] std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure);
+[[nodiscard]] std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure,
+                                                 const ListingStep& step = {});
 
 }  // namespace tools
