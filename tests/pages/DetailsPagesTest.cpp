@@ -1,13 +1,9 @@
-#include "grid/ctlPropertyEditor.h"
 #include "tests/support/desktop/PageFixture.h"
 #include "tools/Text.h"
 
 namespace tests {
 
 namespace {
-
-constexpr std::initializer_list<const char*> kFields{"txtTesselKey", "txtProgramTitle",
-                                                     "cmbProgramType", "cmbProgramSubtype"};
 
 /// The page tabTesselRegistration of a version with these settings, on a machine with a
 /// catalogue.
@@ -46,25 +42,15 @@ class DetailsPagesTest : public QObject {
     PageFixture f;
     f.project.WriteProductSetting("Versions", "Ver1", "2.30.x");
     const QString before = f.File(f.kProductFile) + f.File(f.kVersionFile);
-    QStringList titles;
     for (const char* name : {"tabFeatures", "tabSetupProcedure", "tabVersionDetails"}) {
       f.Open(name, 1, 0);
-      titles += tools::ToQString(f.page->Title());
       f.page->ApplyChanges();
     }
-    QCOMPARE(titles.join('|'), "Setup-Typen|Installationsablauf|Version");
-    QCOMPARE(Shown(*f.page, {"lblVersionMaj", "txtVersionMaj", "lblVersionMin", "txtVersionMin",
-                             "lblVersionRev", "txtVersionRev", "fraProperties"}),
-             "Haupt:|2|Neben:|30|Revision:|0|Weitere Eigenschaften");
-    QCOMPARE(Rows(Grid(*f.page)), "");
+    QCOMPARE(Shown(*f.page, {"txtVersionMaj", "txtVersionMin", "txtVersionRev"}), "2|30|0");
     QTest::keyClicks(&Child(*f.page, "txtVersionMaj"), "9x");
     QVERIFY(!f.page->IsDirty());
     f.page->ApplyChanges();
     QCOMPARE(f.File(f.kProductFile) + f.File(f.kVersionFile), before);
-    auto& properties = Child<grid::ctlPropertyEditor>(*f.page, "propsVersion");
-    properties.AddProperty("P", "Eigenschaft", "alt");
-    properties.SetProperty("P", "neu");
-    QVERIFY(f.page->IsDirty());
   }
 
   void KeysEditTheFirstRowOnceAfterTab() {
@@ -77,26 +63,23 @@ class DetailsPagesTest : public QObject {
       ModalScript script;
       script.Expect<QWidget>("frmEditProperty", [&](QWidget& dialog) {
         QTest::keyClick(&list, key);  // came before the dialog had the keyboard
-        QCOMPARE(dialog.windowTitle(), "Eigenschaft ändern");
-        QCOMPARE(Shown(dialog, {"lblPrompt", "lblOldValue", "lblNewValue", "cmdReset"}),
-                 "Geben Sie den neuen Wert für \"Produktbezeichnung\" ein:|Alter Wert:|"
-                 "Neuer Wert:|Standard");
+        QVERIFY(Shown(dialog, "lblPrompt").contains("\"Produktbezeichnung\""));
         Press(dialog, "cmdCancel");
       });
       for (int i = 0; i < 2; ++i) QTest::keyClick(&list, key);
-      QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
-      QTest::qWait(20);  // the dialog has come and gone
-      QApplication::sendEvent(&list, &repeated);
-      QTest::qWait(20);  // another one would have come
+      QTest::qWait(20);  // the dialog has come and gone; another one would have come
     }
   }
 
   void AbsentCatalogueDataHaveDefaults() {
-    const TesselPage empty("");
-    QCOMPARE(Shown(*empty.page, kFields), "?|?|1|");
-    QCOMPARE(Child<QComboBox>(*empty.page, "cmbProgramType").count(), 6);
-    const TesselPage titled("[Component]\nTitle=My Tool Ä 2\n");
-    QCOMPARE(Shown(*titled.page, kFields), "mytoolä2|My Tool Ä 2|1|");
+    for (const auto& [settings, shown] :
+         {std::pair("", "?|?|1|"),
+          {"[Component]\nTitle=My Tool Ä 2\n", "mytoolä2|My Tool Ä 2|1|"}}) {
+      const TesselPage f(settings);
+      QCOMPARE(Shown(*f.page,
+                     {"txtTesselKey", "txtProgramTitle", "cmbProgramType", "cmbProgramSubtype"}),
+               shown);
+    }
   }
 
   void ChangedCatalogueDataAreStored() {
@@ -107,21 +90,20 @@ class DetailsPagesTest : public QObject {
       QVERIFY2(f.page->IsDirty(), name);
     }
     f.page->SetDirty(false);
-    for (const auto& [key, subtypes] :
-         {std::pair(Qt::Key_Down, 2), {Qt::Key_Down, 0}, {Qt::Key_Up, 2}}) {
-      QTest::keyClick(&Child(*f.page, "cmbProgramType"), key);
-      QCOMPARE(Child<QComboBox>(*f.page, "cmbProgramSubtype").count(), subtypes);
-    }
+    QTest::keyClick(&Child(*f.page, "cmbProgramType"), Qt::Key_Down);
     QVERIFY(f.page->IsDirty());
     f.page->ApplyChanges();
     QVERIFY(!f.page->IsDirty());
     QCOMPARE(f.File(f.kVersionFile), "[Tessel]\nKey=kX\nTitle=tX\nType=2\nSubType=sX\n");
+  }
 
+  void AChosenSubtypeLeavesThePageUnchanged() {
+    TesselPage f("[Tessel]\nType=2\n");
     for (const char* subtype : {"Lesen", "Malen"}) {
       QTest::keyClick(&Child(*f.page, "cmbProgramSubtype"), Qt::Key_Down);
       QCOMPARE(Shown(*f.page, "cmbProgramSubtype"), subtype);
-      QVERIFY(!f.page->IsDirty());
     }
+    QVERIFY(!f.page->IsDirty());
     f.page->ApplyChanges();
     QVERIFY(f.File(f.kVersionFile).endsWith("SubType=Malen\n"));
   }
@@ -141,22 +123,6 @@ class DetailsPagesTest : public QObject {
       f.page->ApplyChanges();
       QVERIFY2(f.File(f.kVersionFile).contains("\nType=0\n"), type);
     }
-  }
-
-  void HintsForCatalogueDataGoToTheStatusBar() {
-    const TesselPage f("");
-    const std::vector<std::pair<const char*, const char*>> hints{
-        {"txtTesselKey", "Schlüssel, der die Komponente"},
-        {"txtProgramTitle", "Titel, der in der Datenbank eingetragen werden soll"},
-        {"cmbProgramType", "Kategorie, in die das Programm eingeordnet wird"},
-        {"cmbProgramSubtype", "Unterkategorie (optional)"}};
-    for (const auto& [name, hint] : hints) {
-      QTest::mouseMove(&Child(*f.page, name));
-      if (name[0] == 'c') Child(*f.page, name).setFocus();
-      QTRY_VERIFY2(f.area.hint.startsWith(hint), qUtf8Printable(f.area.hint));
-    }
-    QTest::mouseMove(f.page, f.page->rect().bottomRight() - QPoint(5, 5));
-    QTRY_COMPARE(f.area.hint, "");
   }
 };
 

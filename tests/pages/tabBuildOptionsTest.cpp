@@ -43,7 +43,8 @@ class tabBuildOptionsTest : public QObject {
   }
 
   void StoredNumbersThatNameNothingSelectNothing() {
-    Fixture f("[BuildCommon]\nInstallerType=2\nActiveConfig=99999999999\n");
+    const char* stored = "[BuildCommon]\nInstallerType=2\nActiveConfig=99999999999\n";
+    Fixture f(stored);
     QCOMPARE(f.Shown(),
              "|||Konfiguration=|Ausgabeordner=" + f.Path("Produkt/Ausgabe/") + "|Sprache (LCID)=0");
     for (const char* row : {"Konfiguration", "Ausgabeordner", "Sprache (LCID)"}) {
@@ -51,34 +52,32 @@ class tabBuildOptionsTest : public QObject {
       QVERIFY(Told(f.dialogs).endsWith(Caption(Text::ValueNotEditable)));
     }
     QCOMPARE(f.dialogs.Messages().size(), 3U);
+    f.page->ApplyChanges();
+    QCOMPARE(f.File(f.kVersionFile), stored);
     QTest::keyClick(&Child(*f.page, "cmbInstallerType"), Qt::Key_Down);
-    QVERIFY(f.Shown().startsWith("Tessel-Installer|" + Caption(Text::TesselInstallerDescription)));
     QVERIFY(f.page->IsDirty());
     f.page->ApplyChanges();
     QCOMPARE(f.File(f.kVersionFile), "[BuildCommon]\nInstallerType=1\nActiveConfig=99999999999\n");
-
-    const char* none = "[BuildCommon]\nInstallerType=2\nActiveConfig=0\n";
-    Fixture untouched(none);
-    untouched.page->ApplyChanges();
-    QCOMPARE(untouched.File(f.kVersionFile), none);
   }
 
-  void AChoiceIsComparedWithTheConfigurationInTheGrid() {
-    Fixture f("[Build1]\nOutputFolder=d\nLocale=1\n[Build2]\nOutputFolder=r\nLocale=2\n");
+  void AnotherConfigurationIsStoredAtOnce() {
+    Fixture f("[Build1]\nOutputFolder=d\nLocale=1\n[Build2]\nOutputFolder=out;2\nLocale=2\n");
     const QString release = f.File(f.kVersionFile) + "\n[BuildCommon]\nActiveConfig=2\n";
-    f.folder.Write(f.kVersionFile, release.toStdString());  // by another program
     f.ChooseNext();
-    QVERIFY(f.Shown().endsWith("|Release|Konfiguration=Release|Ausgabeordner=r|Sprache (LCID)=2"));
+    QCOMPARE(f.File(f.kVersionFile), release);
+    QVERIFY(!f.page->IsDirty());
+    QVERIFY(
+        f.Shown().endsWith("|Release|Konfiguration=Release|Ausgabeordner=out;2|"
+                           "Sprache (LCID)=2"));
     f.page->ApplyChanges();
     QCOMPARE(f.File(f.kVersionFile), release + "InstallerType=1\n");
   }
 
-  void AnotherConfigurationIsStoredAtOnce() {
-    Fixture f("[Build2]\nOutputFolder=out;2\nLocale=1031\n");
+  void AChoiceIsComparedWithTheConfigurationInTheGrid() {
+    Fixture f("[Build2]\nOutputFolder=r\n");
+    f.folder.Write(f.kVersionFile, "[BuildCommon]\nActiveConfig=2\n");  // by another program
     f.ChooseNext();
-    QCOMPARE(Rows(Grid(*f.page)), "Konfiguration=Release|Ausgabeordner=out;2|Sprache (LCID)=1031");
-    QVERIFY(f.File(f.kVersionFile).endsWith("Locale=1031\n\n[BuildCommon]\nActiveConfig=2\n"));
-    QVERIFY(!f.page->IsDirty());
+    QVERIFY(f.Shown().contains("|Release|Konfiguration=Release|"));
   }
 
   void ARefusedOrFailedSaveKeepsTheConfiguration() {
