@@ -34,7 +34,7 @@ std::string VersionControlAt(const std::string& folder) {
     place = std::move(above);
   }
   for (const char* name : {".git", ".hg", ".svn"}) {
-    const std::string place = tools::JoinPath(folder, name);
+    std::string place = tools::JoinPath(folder, name);
     std::error_code ignored;
     if (std::filesystem::exists(std::filesystem::symlink_status(tools::ToPath(place), ignored))) {
       return place;

@@ -59,6 +59,7 @@ bool IsStillAt(const FileHandle& folder, const std::string& path) {
 }  // namespace
 
 struct FolderClaim::Mark {
+  explicit Mark(int descriptor) : folder(descriptor) {}
   FileHandle folder;
 };
 
@@ -84,7 +85,7 @@ FolderClaim::~FolderClaim() {
 }
 
 bool FolderClaim::TryToClaim() {
-  mark_.reset(new Mark{FileHandle(::open(path_.c_str(), kFolderFlags))});
+  mark_ = std::make_unique<Mark>(::open(path_.c_str(), kFolderFlags));
   if (!mark_->folder.IsOpen()) {
     if (errno == ENOENT) return false;
     throw PathError("Der Ordner kann nicht gelesen werden", path_, LastSystemError());
