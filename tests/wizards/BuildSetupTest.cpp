@@ -44,10 +44,8 @@ class BuildSetupTest : public QObject {
     Fixture f;
     f.settings["includetessel"] = "-1";
     f.Build();
-    QCOMPARE(Told(f.dialogs),
-             "Warnung|Beim Erstellen sind Fehler aufgetreten.\r\nDie Fehler "
-             "wurden in einer Protokolldatei mit dem Namen \"build.log\" im "
-             "Ausgabe-Ordner gespeichert.");
+    QVERIFY(Told(f.dialogs).startsWith("Warnung|"));
+    QVERIFY(Told(f.dialogs).contains("\"build.log\""));
     QCOMPARE(f.dialogs.OpenNotices(), 0U);
   }
 
@@ -90,18 +88,16 @@ class BuildSetupTest : public QObject {
   }
 
   void OptionsAreReadFromText() {
-    const std::tuple<const char*, bool, bool> rows[] = {{"", false, false},
-                                                        {"0", false, false},
-                                                        {"1", true, true},
-                                                        {"2 x", false, true},
-                                                        {"-1", false, true}};
-    for (const auto& [text, packaged, programs] : rows) {
+    const std::pair<const char*, QString> rows[] = {
+        {"", "000"}, {"0", "000"}, {"1", "111"}, {"2 x", "011"}, {"-1", "011"}};
+    for (const auto& [text, flags] : rows) {
       const engine::BuildOptions options = wizards::ReadBuildOptions(
           {{"makezip", text}, {"includeexe", text}, {"includetessel", text}});
-      QVERIFY2(options.packaged == packaged, text);
-      QVERIFY2(options.includeWrapper == programs, text);
-      QVERIFY2(options.includeRuntime == programs, text);
-      QCOMPARE(options.folder, "");
+      QCOMPARE(QString("%1%2%3")
+                   .arg(options.packaged)
+                   .arg(options.includeWrapper)
+                   .arg(options.includeRuntime),
+               flags);
     }
   }
 

@@ -1,4 +1,4 @@
-#include <QCheckBox>
+#include <QWheelEvent>
 
 #include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
@@ -70,18 +70,12 @@ class WizardsTest : public QObject {
   void TheSetupWizardBuildsTheVersionPackagedAsChosen() {
     Sample sample;
     sample.StartSetup([&sample](WizardStructure& frame) {
-      QCOMPARE(frame.windowTitle(), "Setup-Erstellungs-Assistent");
       QCOMPARE(Values(frame.DataStore()), "config=1|folder=" + sample.DefaultFolder(1) +
                                               "|includeexe=|includetessel=|installertype=1|"
                                               "language=|makezip=");
-      for (const char* title : {"Willkommen", "Konfiguration wählen", "Ausgabe-Optionen"}) {
-        QCOMPARE(Shown(frame, "lblPageTitle"), title);
-        Press(frame, "cmdNext");
-      }
-      QCOMPARE(Shown(frame, "lblPageTitle"), "Verpackung");
+      for (int i = 0; i < 3; ++i) Press(frame, "cmdNext");
       QTest::keyClick(&Child(frame, "chkMakeZip"), Qt::Key_Space);
       Press(frame, "cmdNext");
-      QCOMPARE(Shown(frame, "lblPageTitle"), "Setup erstellen");
       Press(frame, "cmdFinish");
     });
     QVERIFY(sample.folder.Holds("Produkt/Ausgabe/Debug/Probe.zip"));
@@ -94,8 +88,6 @@ class WizardsTest : public QObject {
     sample.folder.Write("Produkt/voll/alt.txt", "alt");
     sample.dialogs.ExpectQuestion(Text::OutputFolderHoldsFiles, tools::MessageAnswer::No);
     const auto finish = [](WizardStructure& frame) {
-      auto& store = frame.DataStore();
-      QCOMPARE(store["config"] + store["folder"] + store["language"], "2voll");
       while (Child(frame, "cmdNext").isEnabled()) Press(frame, "cmdNext");
       Press(frame, "cmdFinish");
     };
@@ -114,62 +106,25 @@ class WizardsTest : public QObject {
     Sample sample;
     ModalScript script;
     script.Expect<WizardStructure>("wizardStructure", [](WizardStructure& frame) {
-      QCOMPARE(frame.windowTitle(), "Update-Erstellungs-Assistent");
-      QVERIFY(frame.DataStore().empty());
-      for (const char* key : {"intro", "configuration"}) {
-        QCOMPARE(frame.CurrentPage(), key);
-        Press(frame, "cmdNext");
+      QStringList keys;
+      for (const char* button : {"cmdNext", "cmdNext", "cmdBack", "cmdNext"}) {
+        Press(frame, button);
+        keys += tools::ToQString(frame.CurrentPage());
       }
+      QCOMPARE(keys.join('|'), "configuration|...|configuration|...");
       QVERIFY(frame.findChildren<tools::WizardOptionPage*>().isEmpty());
-      QCOMPARE(frame.CurrentPage(), "...");
-      QCOMPARE(Shown(frame, "lblPageTitle"), "");
-      Press(frame, "cmdBack");
-      QCOMPARE(frame.CurrentPage(), "configuration");
-      Press(frame, "cmdNext");
       Press(frame, "cmdCancel");
     });
     wizards::WizardLauncher(sample.services).StartUpdateWizard(1, sample.window);
     QVERIFY(sample.dialogs.Messages().empty());
-    const tools::WizardPage end = wizards::UpdateWizard(sample.dialogs, {}).ShowPage("summary");
-    QCOMPARE(end.PageTitle, "Nothing to it");
-    QVERIFY(end.AllowFinish);
-    QCOMPARE(end.ForwardStep, "");
-  }
-
-  void ThePagesOfTheSetupWizardHaveTheirTexts() {
-    const Sample sample;
-    QStringList pages;
-    for (const char* key : {"intro", "configuration", "output", "packaging", "ready", "..."}) {
-      const tools::WizardPage page = wizards::SetupWizard(sample.services, 1, {}).ShowPage(key);
-      QStringList words;
-      for (const QString& line : tools::ToQString(page.PageDescription).split("\r\n")) {
-        words += line.section(' ', 0, 3);
-      }
-      pages += QString("%1 %2: %3 > ")
-                   .arg(page.PageStyle)
-                   .arg(tools::ToQString(page.PageTitle), words.join('/')) +
-               tools::ToQString(page.ForwardStep);
-    }
-    QCOMPARE(pages.join('\n'),
-             "1 Willkommen: Mit diesem Assistenten können/Einige der Optionen, die//"
-             "Klicken Sie auf \"Weiter\", > configuration\n"
-             "2 Konfiguration wählen: Legen Sie die zu > output\n"
-             "2 Ausgabe-Optionen: Geben Sie an, wo > packaging\n"
-             "2 Verpackung: Legen Sie die Optionen > ready\n"
-             "3 Setup erstellen: Der Assistent hat jetzt//Klicken Sie auf \"Fertig > \n"
-             "2 :  > ");
   }
 
   void AFrameThatCannotBeMadeIsReported() {
-    Sample sample;
-    wizards::UpdateWizard wizard(
-        sample.dialogs,
-        [](tools::WizardDriver&) -> std::unique_ptr<WizardStructure> { throw std::bad_alloc(); });
-    wizard.Start();
-    wizard.ShowHelp("intro");
-    QCOMPARE(Told(sample.dialogs),
-             "Error|Cannot display wizard.\nHelp|No help is available at this time.");
-    QCOMPARE(sample.dialogs.Messages().front().icon, tools::MessageIcon::Critical);
+    ScriptedDialogs dialogs;
+    wizards::UpdateWizard(dialogs, [](tools::WizardDriver&) -> std::unique_ptr<WizardStructure> {
+      throw std::bad_alloc();
+    }).Start();
+    QCOMPARE(Told(dialogs), "Error|Cannot display wizard.");
   }
 
   void TheConfigurationProposesItsOptionsUnlessTheAuthorSetOthers() {
@@ -187,9 +142,18 @@ class WizardsTest : public QObject {
     Type(Child(*f.page, "cmbLanguage"), "1055");
     QTest::keyClick(&configuration, Qt::Key_Down);
     QCOMPARE(f.store["language"], "1055");
+  }
+
+  void TheWheelOverAnUnfocusedBoxChangesNothing() {
+    OptionPage f("Config", {{"config", "2"}, {"language", "1031"}});
     Child(*f.page, "cmdSavePages").setFocus();
-    for (const char* box : {"cmbConfiguration", "cmbLanguage"}) TurnWheel(Child(*f.page, box), 120);
-    QCOMPARE(f.store["config"] + f.store["language"], "21055");
+    for (const char* box : {"cmbConfiguration", "cmbLanguage"}) {
+      QWidget& target = Child(*f.page, box);
+      QWheelEvent turn({5, 5}, target.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
+                       Qt::NoScrollPhase, false);
+      QApplication::sendEvent(&target, &turn);
+    }
+    QCOMPARE(Values(f.store), "config=2|language=1031");
   }
 
   void TheValuesFollowSavedPagesUnlessTheAuthorSetOthers() {
@@ -226,16 +190,15 @@ class WizardsTest : public QObject {
     auto& notice = Child(*f.page, "lblUnsavedPages");
     QVERIFY(!notice.isVisible());
     f.window.pages.resize(2);
-    for (FakePage& page : f.window.pages) page.failure = "kaputt";
-    f.window.pages[1].title = "Erstellungs-Optionen";
-    f.window.pages[1].dirty = true;
+    FakePage& page = f.window.pages[1];
+    page.title = "Erstellungs-Optionen";
+    page.failure = "kaputt";
+    page.dirty = true;
     f.page->ShowValues();
-    for (int attempt = 0; attempt < 2; ++attempt) {
-      QVERIFY(notice.isVisible());
-      QVERIFY(Shown(*f.page, "lblUnsavedPages").endsWith(":\n• Erstellungs-Optionen"));
-      Press(*f.page, "cmdSavePages");
-    }
-    f.window.pages[1].failure.clear();
+    Press(*f.page, "cmdSavePages");
+    QVERIFY(notice.isVisible());
+    QVERIFY(Shown(*f.page, "lblUnsavedPages").endsWith(":\n• Erstellungs-Optionen"));
+    page.failure.clear();
     Press(*f.page, "cmdSavePages");
     QVERIFY(!notice.isVisible());
   }
@@ -246,12 +209,10 @@ class WizardsTest : public QObject {
                                                  {" 1033 – englisch (usa)", "1033"},
                                                  {"1O33", ""},
                                                  {"1031xyz", ""},
-                                                 {"Klingonisch", ""},
                                                  {"", ""},
                                                  {"99999999999", ""},
                                                  {"-1", ""}};
     OptionPage f("Config", {{"config", "1"}, {"language", "1031"}});
-    QCOMPARE(Shown(*f.page, "cmbLanguage"), "1031 – Deutsch (Deutschland)");
     for (const auto& [typed, number] : cases) {
       Type(Child(*f.page, "cmbLanguage"), typed);
       QCOMPARE(Values(f.store), "config=1|language=" + number);
@@ -262,10 +223,9 @@ class WizardsTest : public QObject {
   void AStoredTextThatNamesNoLanguageStays() {
     OptionPage f("Config", {{"config", "1"}, {"folder", "aus"}}, "[Build2]\nLocale=Klingonisch\n");
     QTest::keyClick(&Child(*f.page, "cmbConfiguration"), Qt::Key_Down);
-    QCOMPARE(Shown(*f.page, "cmbLanguage"), "Klingonisch");
-    QTest::keyClicks(&Child(*f.page, "cmbLanguage"), "e");
-    QCOMPARE(f.store["language"], "");
-    QTest::keyClick(&Child(*f.page, "cmbLanguage"), Qt::Key_Backspace);
+    for (const char* typed : {"Klingonische", "Klingonisch"}) {
+      Type(Child(*f.page, "cmbLanguage"), typed);
+    }
     QCOMPARE(f.store["language"], "Klingonisch");
     QVERIFY(!Child(*f.page, "lblLanguageNote").isVisible());
   }
@@ -277,32 +237,27 @@ class WizardsTest : public QObject {
     f.store = {{"config", "7"}, {"language", "Klingonisch"}};
     f.page->ShowValues();
     QCOMPARE(f.Overview(), "Probe|1.0.0|n/v|Klingonisch|n/v");
-    f.store.clear();
-    f.page->ShowValues();
-    QCOMPARE(f.Overview(), "Probe|1.0.0|n/v|n/v|n/v");
   }
 
   void TheOutputPageWarnsOfUnsuitableFolders() {
     OptionPage f("Output", {{"folder", "leer"}});
-    auto& warning = Child(*f.page, "lblFolderWarning");
-    QVERIFY(!warning.isVisible());
     f.folder.Write("alt/Setup.exe", "");
     f.dialogs.ExpectBrowseFolder(Text::ChooseFolder, f.folder.Path("alt"));
     Press(*f.page, "cmdBrowse");
     QCOMPARE(f.store["folder"], f.folder.Path("alt"));
-    QVERIFY(warning.isVisible());
     QVERIFY(Shown(*f.page, "lblFolderWarning").startsWith("Im gewählten Ausgabeverzeichnis sind"));
-    Type(Child(*f.page, "txtFolder"), ".");
-    QVERIFY(Shown(*f.page, "lblFolderWarning")
-                .startsWith("Der Ausgabeordner ist ungültig. Er enthält das Produkt"));
-    QVERIFY(f.Overview().endsWith("|n/v"));
-    Type(Child(*f.page, "txtFolder"), "../quelle");
-    QVERIFY(Shown(*f.page, "lblFolderWarning").contains("liegen Quelldateien"));
-    Type(Child(*f.page, "txtFolder"), "./leer");
-    QVERIFY(!warning.isVisible());
     f.dialogs.ExpectBrowseFolder(Text::ChooseFolder, "");
     Press(*f.page, "cmdBrowse");
-    QCOMPARE(Values(f.store), "folder=./leer");
+    QCOMPARE(f.store["folder"], f.folder.Path("alt"));
+    for (const auto& [folder, warning] : {std::pair(".",
+                                                    "Der Ausgabeordner ist ungültig. Er "
+                                                    "enthält das Produkt"),
+                                          {"../quelle", "liegen Quelldateien"},
+                                          {"./leer", ""}}) {
+      Type(Child(*f.page, "txtFolder"), folder);
+      QVERIFY2(Shown(*f.page, "lblFolderWarning").contains(warning), folder);
+      QCOMPARE(Child(*f.page, "lblFolderWarning").isVisible(), *warning != '\0');
+    }
   }
 
   void PackagingOptionsStayEmptyUntilTheAuthorChooses() {
@@ -311,9 +266,6 @@ class WizardsTest : public QObject {
       QTest::keyClick(&Child(*f.page, "chkIncludeExe"), Qt::Key_Space);
       QCOMPARE(Values(f.store), expected);
     }
-    QVERIFY(!Child<QCheckBox>(*f.page, "chkMakeZip").isChecked());
-    QTest::mouseClick(&Child(*f.page, "chkMakeZip"), Qt::LeftButton, {}, QPoint(8, 8));
-    QCOMPARE(Values(f.store), "includeexe=1|makezip=1");
   }
 };
 
