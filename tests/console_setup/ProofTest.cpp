@@ -2,7 +2,6 @@
 #include <sstream>
 
 #include "console/ProductProof.h"
-#include "setup/Comparison.h"
 #include "tests/support/BuildFixture.h"
 #include "tools/Text.h"
 
@@ -23,11 +22,11 @@ class ProofTest : public tests::BuildFixture {
     Run();
   }
 
-  std::vector<std::string> Findings(const char* folder = "aus") {
+  std::vector<std::string> Findings() {
     std::vector<std::string> texts;
     const std::string error = tests::ErrorOf([&] {
       const setup::ProofResult result =
-          ProveVersion(setup::OpenSetup(folder_.Path(folder)), project_, 1, clock_,
+          ProveVersion(setup::OpenSetup(folder_.Path("aus")), project_, 1, clock_,
                        [](const tools::Progress&) {});
       for (const setup::Finding& finding : result.findings) {
         texts.push_back(std::to_string(finding.component) + "/" + std::to_string(finding.entry) +
@@ -114,50 +113,6 @@ TEST_F(ProofTest, NamesFilesThatMeetAndFilesOfNoUse) {
                                        "\"Programm\", Eintrag 2")),
                     Contains(HasSubstr("(wird nicht ersetzt, obwohl unverzichtbar)")),
                     Contains(HasSubstr("Keine Anweisung des Skripts verwendet diese Datei"))));
-}
-
-// Products of many shapes, always from the same numbers, each packaged and as a tree: what the
-// engine writes, the reader proves, and how it is packed makes no difference.
-TEST_F(ProofTest, HoldsForProductsOfManyShapes) {
-  static constexpr const char* kExtensions[] = {".exe", ".DLL", ".ocx", ".txt", "", ".ü"};
-  std::uint32_t bits = 0;
-  const auto next = [&bits](std::uint32_t count) {
-    bits = bits * 1664525U + 1013904223U;
-    return (bits >> 16U) % count;
-  };
-  const auto entry = [&](const std::string& name) {
-    std::string settings;
-    for (const char* key : {"Overwrite", "SelfRegisterDLL", "RegisterPath", "Vital", "Exclude"}) {
-      settings.append(key).append("=").append(std::to_string(next(2))).append("\n");
-    }
-    if (next(3) == 0) settings += "TargetSubFolder=Ordner\\tief\n";
-    if (next(4) == 0) settings += "TargetFolder=2004\nTargetSubFolder=C:\\" + name + "\n";
-    return Source(name, std::string(next(3000), static_cast<char>(next(256))), settings);
-  };
-  const auto build = [&](const char* folder, bool packaged) {
-    options_.folder = folder_.Path(folder);
-    options_.packaged = packaged;
-    Run();
-    EXPECT_THAT(Findings(folder), IsEmpty());
-    setup::Setup setup = setup::OpenSetup(folder_.Path(folder));
-    return setup::TakeContents(setup, [](const tools::Progress&) {});
-  };
-  for (std::uint32_t shape = 0; shape < 100 && !HasFailure(); ++shape) {
-    bits = shape * 2654435761U;
-    project_.WriteVersionSetting(1, "Components", "Count", "0");
-    project_.WriteVersionSetting(1, "Tessel", "Key", next(2) == 0 ? "" : "probe");
-    for (std::uint32_t component = next(4); component > 0; --component) {
-      std::vector<std::string> entries;
-      for (std::uint32_t i = next(5); i > 0; --i) {
-        entries.push_back(entry(std::to_string(component) + " " + std::to_string(i) +
-                                kExtensions[next(std::size(kExtensions))]));
-      }
-      product_.AddComponent("K " + std::to_string(component), entries);
-    }
-    EXPECT_THAT(setup::CompareSetups(build("aus", true), build("baum", false)).differences,
-                IsEmpty())
-        << shape;
-  }
 }
 
 }  // namespace console

@@ -1,11 +1,14 @@
-// What the check promises: a version that it finds nothing wrong with builds without a message.
+// What the check promises: a version that it finds nothing wrong with builds without a message, and
+// the setup is proven, however it is packed.
 #include <random>
 
+#include "console/ProductProof.h"
 #include "engine/BuildCheck.h"
+#include "setup/Comparison.h"
 #include "tests/support/BuildFixture.h"
 #include "tools/Text.h"
 
-namespace engine {
+namespace console {
 
 using tests::TestProduct;
 
@@ -21,9 +24,12 @@ class CleanCheckTest : public tests::BuildFixture {
   }
 
   std::string RandomSettings() {
-    std::string settings;
+    std::string settings = "Overwrite=" + OneOf({"0", "1"}) +
+                           "\nSelfRegisterDLL=" + OneOf({"0", "1"}) +
+                           "\nRegisterPath=" + OneOf({"0", "1"}) + "\n";
     if (Seldom()) settings += "Permanent=" + OneOf({"1", "40000", "x"}) + "\n";
-    if (Seldom()) settings += "Vital=" + OneOf({"0", "-40000", ""}) + "\n";
+    if (Below(4) == 0) settings += "Vital=" + OneOf({"0", "2", "-1"}) + "\n";
+    if (Seldom()) settings += "Vital=" + OneOf({"-40000", ""}) + "\n";
     if (Seldom()) settings += "Type=" + OneOf({"", "0", "1", "3", "70000"}) + "\n";
     if (Seldom()) settings += "TargetFolder=" + OneOf({"2004", "38", "29", "5e9"}) + "\n";
     if (Seldom()) settings += "TargetName=" + OneOf({"a.txt", "Neu.dll", "\"q\"", "a\x1B"}) + "\n";
@@ -44,8 +50,8 @@ class CleanCheckTest : public tests::BuildFixture {
     }
     const std::string name = folder + "/" + OneOf({"a", "A", "b", "c", "build"}) +
                              (Seldom() ? std::string() : std::to_string(Below(40))) +
-                             OneOf({".txt", ".dll", ".log", ""});
-    std::string entry = Source(name, name, RandomSettings());
+                             OneOf({".txt", ".dll", ".EXE", ".log", ".ü", ""});
+    std::string entry = Source(name, std::string(Below(3000), 'x') + name, RandomSettings());
     if (Seldom()) std::filesystem::remove(tools::ToPath(folder_.Path("quelle/" + name)));
     if (Seldom()) entry = tools::ReplaceAll(entry, "ID={", "ID={gleich}\nSpur={");
     return entry;
@@ -66,7 +72,6 @@ class CleanCheckTest : public tests::BuildFixture {
                   "[General]\nVersion=1.0\n[Product]\nTitle=" +
                       (Seldom() ? OneOf({"a/b", "nul", "\"P", "build"}) : "Probe") +
                       "\n[Versions]\nCount=1\nVer1=1.0.0\n");
-    options_.packaged = Below(2) == 0;
     options_.includeWrapper = Below(4) == 0;
     options_.includeRuntime = Seldom();
     options_.folder = folder_.Path(Seldom() ? "Produkt" : "aus");
@@ -95,25 +100,33 @@ class CleanCheckTest : public tests::BuildFixture {
   std::minstd_rand random_;
 };
 
-TEST_F(CleanCheckTest, WhatChecksCleanBuildsWithoutAMessage) {
+TEST_F(CleanCheckTest, WhatChecksCleanBuildsWithoutAMessageToAProvenSetup) {
+  const auto silent = [](const tools::Progress&) {};
   int clean = 0;
   int found = 0;
   for (unsigned seed = 1; seed <= 120; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     MakeProduct(seed);
-    if (!CheckBuild(project_, options_, 1, folder_.Path("programm")).empty()) {
-      ++found;
-      continue;
+    std::vector<setup::SetupContents> contents;
+    for (const bool packaged : {false, true}) {
+      options_.packaged = packaged;
+      if (!engine::CheckBuild(project_, options_, 1, folder_.Path("programm")).empty()) continue;
+      tools::RemoveFolderTree(folder_.Path("aus"));
+      Run();
+      EXPECT_EQ(summary_->outcome, engine::BuildOutcome::Finished);
+      EXPECT_EQ(LogLines(), "");
+      ASSERT_TRUE(messages_.empty()) << messages_.front().text;
+      setup::Setup setup = setup::OpenSetup(folder_.Path("aus"));
+      const auto proof = ProveVersion(setup, project_, 1, clock_, silent).findings;
+      ASSERT_TRUE(proof.empty()) << proof.front().text;
+      contents.push_back(setup::TakeContents(setup, silent));
     }
-    ++clean;
-    std::filesystem::remove_all(tools::ToPath(folder_.Path("aus")));
-    Run();
-    EXPECT_EQ(summary_->outcome, BuildOutcome::Finished);
-    EXPECT_EQ(LogLines(), "");
-    ASSERT_TRUE(messages_.empty()) << messages_.front().text;
+    ++(contents.empty() ? found : clean);
+    if (contents.size() < 2) continue;
+    EXPECT_TRUE(setup::CompareSetups(contents[0], contents[1]).differences.empty());
   }
   EXPECT_GT(clean, 30) << "of little worth when nearly everything is found faulty";
   EXPECT_GT(found, 30);
 }
 
-}  // namespace engine
+}  // namespace console
