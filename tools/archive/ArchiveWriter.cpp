@@ -146,12 +146,6 @@ void ArchiveWriter::AddContent(FileContent content, const std::string& memberNam
   implementation_->AddContent(std::move(content), memberName);
 }
 
-void ArchiveWriter::AddPattern(std::string_view folder, std::string_view pattern) {
-  for (const std::string& path : FindFiles(folder, pattern, false)) {
-    implementation_->AddFile(path, FileNamePart(path));
-  }
-}
-
 ArchiveTotals ArchiveWriter::Finish() { return implementation_->Finish(); }
 
 }  // namespace tools

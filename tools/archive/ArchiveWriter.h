@@ -59,10 +59,6 @@ class ArchiveWriter {
   void AddContent(FileContent content, const std::string& memberName);
   static constexpr std::size_t kMaximumContentBytes = std::size_t{1} << 20U;
 
-  /// Queues the files of a folder that match a pattern, each under its own name at the top level,
-  /// in the order of FindFiles. Raises Error.
-  void AddPattern(std::string_view folder, std::string_view pattern);
-
   /// Writes what is queued and the directory, and puts the archive in its place. Raises Error.
   ArchiveTotals Finish();
 

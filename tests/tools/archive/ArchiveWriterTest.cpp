@@ -92,17 +92,6 @@ TEST_F(ArchiveWriterTest, HoldsWhatWasAddedInThatOrderWhateverTheNumberOfThreads
   }
 }
 
-TEST_F(ArchiveWriterTest, PatternsAddFilesAtTheTopLevel) {
-  for (const char* name : {"in/b.txt", "in/a.txt", "in/c.bin", "in/deeper/d.txt"}) {
-    folder_.Write(name, name);
-  }
-  ArchiveWriter writer(*disk_, archive_, {});
-  writer.AddPattern(folder_.Path("in"), "*.TXT");
-  EXPECT_EQ(writer.Finish().files, 2U);
-  EXPECT_EQ(ReadZip(ArchiveBytes())[0].name, "a.txt");
-  EXPECT_EQ(ReadZip(ArchiveBytes())[1].content, "in/b.txt");
-}
-
 // Headers, blocks, the copy of what does not compress, the directory: every single call fails once.
 TEST_F(ArchiveWriterTest, ADiskThatFailsLeavesTheOldArchive) {
   folder_.Write("in/small", WordBytes(1000));
@@ -172,12 +161,6 @@ TEST_F(ArchiveWriterTest, TheProgressCallbackCanStopIt) {
   };
   EXPECT_EQ(FailureOf([&] { Archive({"large", "large"}, kSmallBlocks, stop); }), "stopped");
   EXPECT_EQ(calls, 1);
-}
-
-TEST_F(ArchiveWriterTest, AWriterThatIsDroppedLeavesTheOldArchive) {
-  const std::string path = folder_.Write("in/large", WordBytes(4 * kBlock));
-  FailureOf([&] { ArchiveWriter(*disk_, archive_, kSmallBlocks).AddFile(path, "large"); });
-  EXPECT_EQ(ArchiveBytes(), "as before");
 }
 
 }  // namespace tools
