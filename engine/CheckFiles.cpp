@@ -84,10 +84,10 @@ void FileCheck::CheckFile(const model::ICFile& entry, const Origin& origin, cons
   findings_.Try(place, [&] { const tools::InputFile readable{std::string(origin.path)}; });
   const std::string target = ScriptTarget(entry, origin.path);
   CheckValue("Der Zielpfad", target, place);
-  CheckMeeting(targets_, "Gleiches Ziel '" + target + "'", PathKey(target), origin, place);
+  CheckCollision(targets_, "Gleiches Ziel '" + target + "'", PathKey(target), origin, place);
   std::string key = entry.ID + "\n";
-  CheckMeeting(ids_, "Gleiche ID '" + entry.ID + "' und Quelle", key.append(origin.path), origin,
-               place);
+  CheckCollision(ids_, "Gleiche ID '" + entry.ID + "' und Quelle", key.append(origin.path), origin,
+                 place);
   if (!packaged_) findings_.Try(place, [&] { CheckTreePlace(entry, origin, place); });
 }
 
@@ -128,8 +128,8 @@ void FileCheck::CheckTreePlace(const model::ICFile& entry, const Origin& origin,
   }
 }
 
-void FileCheck::CheckMeeting(Meetings& seen, const std::string& what, std::string key,
-                             const Origin& origin, const Place& place) {
+void FileCheck::CheckCollision(Collisions& seen, const std::string& what, std::string key,
+                               const Origin& origin, const Place& place) {
   const auto [first, added] = seen.try_emplace(std::move(key), origin);
   if (added) return;
   std::string text = what + " für '";

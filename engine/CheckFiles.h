@@ -35,14 +35,14 @@ class FileCheck {
     std::int32_t entry;
     std::string_view path;
   };
-  using Meetings = std::unordered_map<std::string, Origin>;
+  using Collisions = std::unordered_map<std::string, Origin>;
 
   void CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed);
   void CheckNames(const model::ICFile& entry, const Place& place);
   void CheckFile(const model::ICFile& entry, const Origin& origin, const Place& place);
   void CheckTreePlace(const model::ICFile& entry, const Origin& origin, const Place& place);
-  void CheckMeeting(Meetings& seen, const std::string& what, std::string key, const Origin& origin,
-                    const Place& place);
+  void CheckCollision(Collisions& seen, const std::string& what, std::string key,
+                      const Origin& origin, const Place& place);
   void CheckValue(std::string_view what, const std::string& value, const Place& place);
   [[nodiscard]] static std::string Named(const Origin& origin);
   void Report(const std::vector<SurveyProblem>& problems, const Place& place);
@@ -52,8 +52,8 @@ class FileCheck {
   Findings& findings_;
   TreePlaces places_;
   std::unordered_map<const char*, Origin> origins_;  ///< by the paths that places_ was given
-  Meetings targets_;
-  Meetings ids_;
+  Collisions targets_;
+  Collisions ids_;
 };
 
 }  // namespace engine

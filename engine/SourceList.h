@@ -35,7 +35,7 @@ struct SurveyProblem {
 
 struct SourceList {
   std::vector<std::string> paths;  ///< full paths, in the order of installation
-  std::vector<std::string> links;  ///< those of a folder scan that may be links
+  std::vector<std::string> links;  ///< of a folder scan: a superset of the links among `paths`
   std::vector<SurveyProblem> problems;
 };
 

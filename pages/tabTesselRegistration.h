@@ -1,4 +1,4 @@
-// A version's page of what the Tessel runtime's catalogue is told about the program.
+// A version's page for the program's entry in the Tessel runtime's catalogue.
 #pragma once
 
 #include <cstdint>

@@ -32,7 +32,7 @@ struct UnseenPath {
 
 struct FoundFiles {
   std::vector<std::string> paths;  ///< full paths, in the order that FindFiles gives
-  std::vector<std::string> links;  ///< those of `paths` that may be links: all links are among them
+  std::vector<std::string> links;  ///< a superset of the links among `paths`
   std::vector<UnseenPath> unreadFolders;
   std::vector<UnseenPath> deadLinks;      ///< matching names that lead to no file or folder
   std::vector<std::string> specialFiles;  ///< matching names of pipes, devices and sockets

@@ -20,7 +20,7 @@ struct FolderItem {
 
   std::string name;
   Kind kind = Kind::File;
-  bool mayBeLink = false;   ///< false where the system says for nothing that it is none
+  bool mayBeLink = false;   ///< false if known, without an extra call, not to be a link
   std::error_code cause{};  ///< why it is Dead
 };
 
