@@ -9,14 +9,6 @@ using grid::EditReaction;
 
 namespace {
 
-const grid::GridTexts kTexts{.accessibleName = "Eigenschaften",
-                             .notEditable = "Dieser Wert kann nicht bearbeitet werden.",
-                             .editCaption = "Eigenschaft ändern",
-                             .prompt = "Neuer Wert für \"%property%\":",
-                             .oldValue = "Alter Wert:",
-                             .newValue = "Neuer Wert:",
-                             .reset = "Standard"};
-
 /// A grid with two rows that writes down its changes.
 struct Fixture {
   Fixture() {
@@ -29,12 +21,20 @@ struct Fixture {
     Activate(grid);
   }
 
+  static grid::GridTexts Texts() {
+    grid::GridTexts texts;
+    texts.notEditable = "Nicht änderbar.";
+    texts.editCaption = "Eigenschaft ändern";
+    texts.prompt = "Neu für \"%property%\":";
+    return texts;
+  }
+
   QTreeView& List() const { return Child<QTreeView>(grid, "lsvProps"); }
   QModelIndex Cell(int row, int column) const { return List().model()->index(row, column); }
   void DoubleClick(int row) const { tests::DoubleClick(List(), Cell(row, 1)); }
 
   ScriptedDialogs dialogs;
-  ctlPropertyEditor grid{dialogs, kTexts};
+  ctlPropertyEditor grid{dialogs, Texts()};
   QStringList changes;
 };
 
@@ -75,7 +75,7 @@ class ctlPropertyEditorTest : public QObject {
     script.Expect<QWidget>("frmEditProperty", [](QWidget& dialog) {
       Type(Child(dialog, "txtNewValue"), "  abc  ");
       QTest::keyClick(&dialog, Qt::Key_Return);
-      QCOMPARE(Shown(dialog, "lblPrompt"), "Neuer Wert für \"Zielordner\":");
+      QCOMPARE(Shown(dialog, "lblPrompt"), "Neu für \"Zielordner\":");
     });
     f.DoubleClick(0);
     QVERIFY(Rows(f.List()).startsWith("Zielordner=abc|"));
@@ -131,7 +131,7 @@ class ctlPropertyEditorTest : public QObject {
     QVERIFY_THROWS_EXCEPTION(tools::Error, f.grid.EditProperty("A"));
     QCOMPARE(f.changes, QStringList());
     QCOMPARE(Told(f.dialogs),
-             "Eigenschaft ändern|Dieser Wert kann nicht bearbeitet werden.\n"
+             "Eigenschaft ändern|Nicht änderbar.\n"
              "Fehler|Die Zahl ist zu groß.");
     QCOMPARE(f.dialogs.Messages().back().icon, tools::MessageIcon::Exclamation);
   }

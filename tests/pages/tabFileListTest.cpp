@@ -44,21 +44,16 @@ class tabFileListTest : public QObject {
  private Q_SLOTS:
   void ChosenFilesAreAdded() {
     Fixture f("");
-    for (const char* name : {"Q/b.txt", "Q/ä 漢.txt", "Q/tief/c", "leer/tief/d"}) {
-      f.folder.Write(name, "x");
-    }
-    f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolder, f.folder.Path("leer"));
-    PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
-    QVERIFY(!f.page->IsDirty());
+    for (const char* name : {"Q/b.txt", "Q/ä 漢.txt", "Q/tief/c"}) f.folder.Write(name, "x");
     f.Choose(38);
     f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolderAndSubfolders, f.folder.Path("Q"));
     PickFrom(f.OpenMenu(false), "mnuAddDirectory1");
     QVERIFY(f.page->IsDirty());
     f.Choose(2001);
-    f.dialogs.ExpectOpenFile(Text::FolderPrograms, f.folder.Path("Q/b.txt"));
-    Press(*f.page, "cmdAddFile");
-    f.dialogs.ExpectOpenFile(Text::FolderPrograms, "");
-    PickFrom(f.OpenMenu(false), "mnuAddFile");
+    for (const std::string& chosen : {f.folder.Path("Q/b.txt"), std::string()}) {
+      f.dialogs.ExpectOpenFile(Text::FolderPrograms, chosen);
+      Press(*f.page, "cmdAddFile");
+    }
     QCOMPARE(Rows(f.List()), f.Path("Q/b.txt") + "=%InstallPath%\\");
 
     f.page->ApplyChanges();
@@ -138,69 +133,61 @@ class tabFileListTest : public QObject {
 
   void OnlyPathsWithControlCharactersAreRefused() {
     Fixture f("");
-    f.dialogs.ExpectOpenFile(Text::FolderPrograms, f.folder.Path("b\n.txt"));
-    Press(*f.page, "cmdAddFile");
-    QVERIFY(Told(f.dialogs).endsWith(f.Path("b?.txt")));
-    QVERIFY(!f.page->IsDirty());
     try {
-      for (int i = 0; i < 12; ++i) f.folder.Write("Q/\t" + std::to_string(i), "x");
+      f.folder.Write("Q/\t", "x");
     } catch (const std::exception&) {
       QSKIP("this file system has no such names");
     }
     f.folder.Write("Q/gut", "x");
+    f.folder.Write("Q/tief/d", "x");
     f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolder, f.folder.Path("Q"));
     PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
-    QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?7") + "\nund 2 weitere"));
+    QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?")));
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("Files", {"Count"}) + f.Stored("File1", {"SourceName"}), "1gut");
   }
 
   void AnEntryWithoutATypeBuildsAsBeforeUntilItIsSet() {
-    const char* entries =
+    Fixture f(
         "[Files]\nCount=4\n[File1]\nID=a\nType=2\n[File2]\nID=b\nTargetFolder=2\n"
-        "[File3]\nID=c\nTargetFolder=2\n[File4]\nID=d\nType=\n";
-    const auto types = [](const Fixture& f) {
+        "[File3]\nID=c\nTargetFolder=2\n[File4]\nID=d\nType=\n");
+    const auto savedTypes = [&f] {
+      f.page->ApplyChanges();
       QStringList stored;
       for (const char* n : {"File1", "File2", "File3", "File4"}) stored += f.Stored(n, {"Type"});
       return stored.join('|');
     };
-    Fixture f(entries);
     f.Select(0);
     QVERIFY(f.Fields().startsWith("Eintragstyp=0|"));
-    f.page->ApplyChanges();
-    QCOMPARE(types(f), "2|-|-|");
-    Edit(*f.page, "Eintragstyp", "2");
-    Edit(*f.page, "Eintragstyp", "0");
-    f.page->ApplyChanges();
-    QCOMPARE(types(f), "2|0|-|");
+    QCOMPARE(savedTypes(), "2|-|-|");
+    for (const char* type : {"2", "0"}) Edit(*f.page, "Eintragstyp", type);
+    QCOMPARE(savedTypes(), "2|0|-|");
     f.Select(0);
     Press(*f.page, "cmdRemoveFile");
-    f.page->ApplyChanges();
-    QCOMPARE(types(f), "2|1|0|");
+    QCOMPARE(savedTypes(), "2|1|0|");
+  }
 
-    Fixture other("[Files]\nCount=1\n[File1]\nID=a\nTargetFolder=2\n");
-    other.folder.Write(other.kComponentFile, std::string("[Component]\nTitle=Kern\n") + kOneEntry);
-    other.page->ApplyChanges();
-    QCOMPARE(other.Stored("File1", {"Type"}), "2");
+  void ATypeThatAnotherProgramHasWrittenStays() {
+    Fixture f("[Files]\nCount=1\n[File1]\nID=a\nTargetFolder=2\n");
+    f.folder.Write(f.kComponentFile, std::string("[Component]\nTitle=Kern\n") + kOneEntry);
+    f.page->ApplyChanges();
+    QCOMPARE(f.Stored("File1", {"Type"}), "2");
   }
 
   void OnlyTheButtonRemovesAnEntry() {
     Fixture f("[Files]\nCount=2\n[File1]\nID=a\nTargetFolder=2\n[File2]\nID=b\nTargetFolder=2\n");
     QMenu& menu = f.OpenMenu(false);
     QVERIFY(!Child<QAction>(*f.page, "mnuRemoveFile").isEnabled());
-    QVERIFY(!Child<QAction>(*f.page, "mnuMoveFile").isEnabled());
-    PickFrom(menu, "mnuAddDynamic");
+    menu.close();
     for (const char* idle : {"mnuRemoveFile", "mnuMoveFile"}) PickFrom(f.OpenMenu(true), idle);
     Press(*f.page, "cmdMoveFile");
-    QCOMPARE(f.List().model()->rowCount(), 2);
     QVERIFY(!f.page->IsDirty());
 
-    Press(*f.page, "cmdRemoveFile");
-    QVERIFY(f.page->IsDirty());
-    f.page->SetDirty(false);
-    Press(*f.page, "cmdRemoveFile");  // nothing is selected any more
-    QVERIFY(!f.page->IsDirty());
-    QVERIFY(Child(*f.page, "cmdRemoveFile").isEnabled());
+    for (const bool selected : {true, false}) {
+      f.page->SetDirty(false);
+      Press(*f.page, "cmdRemoveFile");
+      QCOMPARE(f.page->IsDirty(), selected);
+    }
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("Files", {"Count"}), "1");
     for (const char* section : {"File1", "File2"}) QCOMPARE(f.Stored(section, {"ID"}), "b");

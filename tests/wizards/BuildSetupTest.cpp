@@ -7,7 +7,6 @@
 
 namespace tests {
 
-using model::LoadText;
 using model::Text;
 using tools::MessageAnswer;
 
@@ -31,15 +30,6 @@ class BuildSetupTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void ABuildWithoutProblemsOnlyShowsItsNotice() {
-    Fixture f;
-    f.Build();
-    QVERIFY(f.folder.Holds("aus/Probe.zip"));
-    QCOMPARE(f.dialogs.Notices(), std::vector{LoadText(Text::BuildingSetup)});
-    QCOMPARE(Told(f.dialogs), "");
-    QCOMPARE(f.dialogs.OpenNotices(), 0U);
-  }
-
   void ErrorsAreToldWithTheNameOfTheLog() {
     Fixture f;
     f.settings["includetessel"] = "-1";

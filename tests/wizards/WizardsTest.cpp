@@ -3,7 +3,6 @@
 #include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "wizards/OptionPages.h"
-#include "wizards/UpdateWizard.h"
 #include "wizards/WizardLauncher.h"
 
 namespace tests {
@@ -119,14 +118,6 @@ class WizardsTest : public QObject {
     QVERIFY(sample.dialogs.Messages().empty());
   }
 
-  void AFrameThatCannotBeMadeIsReported() {
-    ScriptedDialogs dialogs;
-    wizards::UpdateWizard(dialogs, [](tools::WizardDriver&) -> std::unique_ptr<WizardStructure> {
-      throw std::bad_alloc();
-    }).Start();
-    QCOMPARE(Told(dialogs), "Error|Cannot display wizard.");
-  }
-
   void TheConfigurationProposesItsOptionsUnlessTheAuthorSetOthers() {
     OptionPage f("Config", {{"config", "1"}, {"folder", "aus/probe"}},
                  "[Build1]\nOutputFolder=aus/probe\nLocale=1031\n[Build2]\nLocale= 2055\n");
@@ -170,7 +161,6 @@ class WizardsTest : public QObject {
       };
       f.page->ShowValues();
       Press(*f.page, "cmdSavePages");
-      QCOMPARE(f.page->focusWidget(), &Child(*f.page, "cmbConfiguration"));
     };
     save("2", "neu");
     QCOMPARE(Values(f.store), "config=2|folder=neu|installertype=2|language=1031");

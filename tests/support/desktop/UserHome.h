@@ -12,13 +12,8 @@ namespace tests {
 /// registry without keys. The folder has to stay until the next call or the end of the process.
 void UseHome(const TemporaryFolder& folder);
 
-/// Makes a key below HKEY_LOCAL_MACHINE, with values of empty text; all in
-/// ASCII. To be called after UseHome and
-/// before the registry is opened.
+/// Makes a key below HKEY_LOCAL_MACHINE, with values of empty text; all in ASCII. To be called
+/// after UseHome and before the registry is opened.
 void MakeMachineKey(const std::string& path, const std::vector<std::string>& valueNames = {});
-
-/// Windows only: the key of the user's real registry, below HKEY_CURRENT_USER, that other programs
-/// find what this process has in its HKEY_CURRENT_USER under.
-[[nodiscard]] std::string RealUserKey();
 
 }  // namespace tests

@@ -20,7 +20,7 @@ class RegistryOfOurOwn {
  public:
   RegistryOfOurOwn() {
     Redirect(HKEY_LOCAL_MACHINE, "\\Machine");
-    Redirect(HKEY_CURRENT_USER, kUser);
+    Redirect(HKEY_CURRENT_USER, "\\User");
   }
   ~RegistryOfOurOwn() {
     for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
@@ -31,11 +31,7 @@ class RegistryOfOurOwn {
   RegistryOfOurOwn(const RegistryOfOurOwn&) = delete;
   RegistryOfOurOwn& operator=(const RegistryOfOurOwn&) = delete;
 
-  [[nodiscard]] std::string UserKey() const { return key_ + kUser; }
-
  private:
-  static constexpr const char* kUser = "\\User";
-
   void Redirect(HKEY root, const char* name) {
     HKEY key = nullptr;
     Check(RegCreateKeyExW(HKEY_CURRENT_USER, tools::ToWide(key_ + name).c_str(), 0, nullptr, 0,
@@ -60,8 +56,6 @@ void UseHome(const TemporaryFolder& folder) {
   registry = std::make_unique<RegistryOfOurOwn>();
   _wputenv_s(L"APPDATA", tools::ToWide(folder.Path()).c_str());
 }
-
-std::string RealUserKey() { return Registry()->UserKey(); }
 
 void MakeMachineKey(const std::string& path, const std::vector<std::string>& valueNames) {
   HKEY key = nullptr;

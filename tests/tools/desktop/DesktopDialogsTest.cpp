@@ -1,6 +1,5 @@
 #include <QFileDialog>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
 
@@ -60,22 +59,6 @@ class DesktopDialogsTest : public QObject {
                                    .defaultAnswer = MessageAnswer::No}),
              MessageAnswer::Yes);
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-  }
-
-  void AMessageBoxIsNeverTooSmallForItsText() {
-    const QString text = "Datei:\n" + QString(500, 'x');
-    ModalScript script;
-    script.Expect<QMessageBox>("messageBox", [&text](QMessageBox& box) {
-      const auto& label = Child<QLabel>(box, "qt_msgbox_label");
-      const QRect room(0, 0, label.width(), 0);
-      const QRect needed = label.fontMetrics().boundingRect(room, Qt::TextWordWrap, box.text());
-      const bool fits = needed.width() <= label.width() && needed.height() <= label.height();
-      const QString shown = box.text().remove(QChar(0x200B));
-      QTest::keyClick(&box, Qt::Key_Return);
-      QVERIFY(fits);
-      QCOMPARE(shown, text);
-    });
-    dialogs_.ShowMessage({.text = tools::ToUtf8(text), .caption = "Fehler"});
   }
 
   void KeysPressTheButtonsOfAMessageBox() {
@@ -152,13 +135,6 @@ class DesktopDialogsTest : public QObject {
         {"Produkte", {"*.* (*)"}},
         {"", {"*.* (*)"}}};
     for (const auto& [filter, expected] : cases) QCOMPARE(tools::NameFilters(filter), expected);
-  }
-
-  void AMissingFolderGivesTheNearestOneAboveIt() {
-    const TemporaryFolder folder;
-    const QString existing = QDir::fromNativeSeparators(tools::ToQString(folder.Path()));
-    QCOMPARE(tools::NearestFolder(existing + "/Installationen/Demo/"), existing);
-    QCOMPARE(tools::NearestFolder("nicht da/auch nicht"), "");
   }
 
   void ABusyNoticePaintsItselfWithoutAnEventLoop() {
