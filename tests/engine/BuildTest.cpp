@@ -324,19 +324,6 @@ TEST_F(BuildTest, GoesByTheSourcesItFoundAtFirst) {
   EXPECT_THAT(Out("Probe.install"), AllOf(Not(HasSubstr("weg.txt")), Not(HasSubstr("neu.txt"))));
 }
 
-TEST_F(BuildTest, StoresUnusualAndLongNames) {
-  const std::string longName = std::string(251, 'n') + ".txt";
-  std::string deep = "tief";
-  while (folder_.Path("quelle/" + deep).size() < 500) deep += "/Ordner 資料夾 Größe";
-  product_.AddComponent("Ä \"測試\"",
-                        {Source(longName, "lang"), Source(deep + "/Übergrößen  測試.txt", "tief")});
-  Run();
-  EXPECT_EQ(LogLines(), "");
-  EXPECT_EQ(Out("InstallPath/" + longName), "lang");
-  EXPECT_EQ(Out("InstallPath/Übergrößen  測試.txt"), "tief");
-  EXPECT_THAT(Out("Probe.install"), HasSubstr("%InstallPath%\\Übergrößen  測試.txt"));
-}
-
 TEST_F(BuildTest, RaisesAFailureToWriteTheScript) {
   tests::FaultyDisk full;
   full.FailAt(tests::FaultyDisk::Step::Write, 1);

@@ -115,6 +115,9 @@ TEST_F(TestInstallationTest, TakesAnEmptyFolderOnly) {
   EXPECT_TRUE(IsFreeFolder(folder_.MakeFolder("leer")));
   EXPECT_FALSE(IsFreeFolder(folder_.Write("datei", "")));
   EXPECT_FALSE(IsFreeFolder(folder_.Path()));
+  std::error_code impossible;  // links need a right under Windows
+  std::filesystem::create_symlink("nirgends", tools::ToPath(folder_.Path("tot")), impossible);
+  EXPECT_EQ(IsFreeFolder(folder_.Path("tot")), bool{impossible});
 }
 
 }  // namespace setup

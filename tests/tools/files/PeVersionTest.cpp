@@ -1,7 +1,9 @@
+#include <filesystem>
 #include <random>
 
 #include "tests/support/Testing.h"
 #include "tools/files/FileInformation.h"
+#include "tools/files/Path.h"
 #include "tools/files/PeVersion.h"
 
 namespace tools {
@@ -49,6 +51,11 @@ TEST(PeVersionTest, ReadsTheFixedFileVersionOfProgramsOnly) {
   const tests::TemporaryFolder folder;
   const std::string path = folder.Write("a.dll", MakeProgram(true));
   EXPECT_EQ(InformationOf(path).version, "1.20.300.65535");
+  std::filesystem::last_write_time(ToPath(path), {});
+  EXPECT_NE(InformationOf(path).dateTime, InformationOf(folder.Write("b", "x")).dateTime);
+  for (const std::string& other : {folder.Path(), folder.Path("missing"), std::string()}) {
+    EXPECT_FALSE(InformationOf(other).exists) << other;
+  }
   EXPECT_EQ(VersionOf("#!/bin/sh\n" + std::string(500, ' ')), "");
   std::string withoutVersion = MakeProgram(true);
   withoutVersion[0x400 + 24] = 14;
