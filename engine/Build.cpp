@@ -1,6 +1,5 @@
 #include "engine/Build.h"
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -22,6 +21,7 @@
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/files/Files.h"
+#include "tools/files/Names.h"
 #include "tools/files/Path.h"
 
 namespace engine {
@@ -52,7 +52,7 @@ class Build {
  private:
   void RunToEnd() {
     log_.BeginBuildLog();
-    if (IsDangerousFileTitle(title_)) {
+    if (!tools::IsSafeFileTitle(title_)) {
       throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
     // Before any place is searched, and again with the places that links in a scan lead to.
@@ -233,14 +233,6 @@ class Build {
 };
 
 }  // namespace
-
-bool IsDangerousFileTitle(std::string_view title) {
-  if (title == "." || title == "..") return true;
-  return std::any_of(title.begin(), title.end(), [](char c) {
-    const bool otherStream = c == ':' && tools::kPathSeparator == '\\';
-    return c == '/' || c == '\\' || c == '\x7F' || (c >= 0 && c < ' ') || otherStream;
-  });
-}
 
 BuildSummary BuildVersion(const BuildEnvironment& environment, const BuildOptions& options,
                           std::int32_t version, BuildObserver& observer) {

@@ -12,7 +12,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "engine/BuildObserver.h"
 #include "engine/BuildOptions.h"
@@ -73,9 +72,5 @@ struct BuildSummary {
 [[nodiscard]] BuildSummary BuildVersion(const BuildEnvironment& environment,
                                         const BuildOptions& options, std::int32_t version,
                                         BuildObserver& observer);
-
-/// True when `title` followed by an extension would not name a file in the output folder itself on
-/// this machine: it holds a separator or control characters, or is "." or "..".
-[[nodiscard]] bool IsDangerousFileTitle(std::string_view title);
 
 }  // namespace engine

@@ -11,6 +11,7 @@
 #include "tools/files/Files.h"
 #include "tools/files/FolderListing.h"
 #include "tools/files/LinkTarget.h"
+#include "tools/files/Names.h"
 #include "tools/files/Path.h"
 #include "tools/files/SpecialFolders.h"
 #include "tools/settings/SettingsFile.h"
@@ -45,7 +46,7 @@ ProtectedPlaces::ProtectedPlaces(const model::ModProject& project, std::int32_t 
   const std::string own = project.VersionString(version);
   // Those beyond a damaged count, too.
   for (const std::string& text : project.StoredVersionTexts()) {
-    if (!model::IsSafeVersionText(text)) continue;
+    if (!tools::IsSafeNamePart(text)) continue;
     AddVersion(project, project.VersionFolder(text), text != own);
   }
   Add(FolderRefusal::Program, programFolder);
@@ -54,7 +55,7 @@ ProtectedPlaces::ProtectedPlaces(const model::ModProject& project, std::int32_t 
 void ProtectedPlaces::AddProduct(const model::ModProject& project) {
   Add(FolderRefusal::Product, project.ProductPath());
   for (const std::string& text : project.StoredVersionTexts()) {
-    if (model::IsSafeVersionText(text)) {
+    if (tools::IsSafeNamePart(text)) {
       Add(FolderRefusal::Product, project.VersionFolder(text));
     }
   }

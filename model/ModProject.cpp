@@ -1,6 +1,5 @@
 #include "model/ModProject.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <limits>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "tools/Error.h"
 #include "tools/Numbers.h"
 #include "tools/files/FindFiles.h"
+#include "tools/files/Names.h"
 #include "tools/files/Path.h"
 
 namespace model {
@@ -54,12 +54,6 @@ std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::
 }
 
 }  // namespace
-
-bool IsSafeVersionText(std::string_view version) {
-  return std::none_of(version.begin(), version.end(), [](char c) {
-    return c == '/' || c == '\\' || c == ':' || c == '\x7F' || (c >= 0 && c < ' ');
-  });
-}
 
 ModProject::ModProject(tools::SettingsStore& settings) : settings_(settings) {}
 
@@ -152,7 +146,7 @@ std::string ModProject::VersionFilePath(std::int32_t version) const {
 }
 
 std::string ModProject::VersionFolder(std::string_view versionText) const {
-  if (!IsSafeVersionText(versionText)) {
+  if (!tools::IsSafeNamePart(versionText)) {
     throw tools::Error(std::string("Die Versionsnummer kann kein Teil eines Ordnernamens sein: ")
                            .append(versionText));
   }

@@ -42,8 +42,8 @@ class ModProject {
   [[nodiscard]] bool HasKnownFormat(const std::string& productPath) const;
 
   // What is absent reads as the default; a file that is there but cannot be read raises
-  // tools::Error, as does an unsafe version text (see IsSafeVersionText). Writes do nothing while
-  // no product is open and raise tools::Error when the store cannot write.
+  // tools::Error, as does an unsafe version text (see tools::IsSafeNamePart). Writes do nothing
+  // while no product is open and raise tools::Error when the store cannot write.
   [[nodiscard]] std::string ReadProductSetting(std::string_view section, std::string_view key,
                                                std::string_view defaultValue) const;
   [[nodiscard]] std::string ReadProductSetting(const SettingName& name) const {
@@ -79,7 +79,7 @@ class ModProject {
 
   /// Paths of the files that hold the settings of a version and of a component; empty while no
   /// product is open. Raises tools::Error when the stored version text could lead out of the
-  /// product's folder (see IsSafeVersionText).
+  /// product's folder (see tools::IsSafeNamePart).
   [[nodiscard]] std::string VersionFilePath(std::int32_t version) const;
   [[nodiscard]] std::string ComponentFilePath(std::int32_t version, std::int32_t component) const;
 
@@ -121,9 +121,5 @@ class ModProject {
   tools::SettingsStore& settings_;
   std::string productPath_;
 };
-
-/// False for a version text that holds path separators, a colon or control characters: a folder
-/// named after it could lie outside the product's folder.
-[[nodiscard]] bool IsSafeVersionText(std::string_view version);
 
 }  // namespace model

@@ -11,6 +11,7 @@
 #include "tools/Versions.h"
 #include "tools/files/Files.h"
 #include "tools/files/Leftovers.h"
+#include "tools/files/Names.h"
 #include "tools/files/Path.h"
 #include "tools/files/SpecialFolders.h"
 #include "tools/files/TemporaryName.h"
@@ -200,7 +201,7 @@ bool ModProjectOperations::VersionExists(const std::string& version) const {
 // File systems have their own ideas of which names are one.
 bool ModProjectOperations::HaveOneFolder(const std::string& stored,
                                          const std::string& version) const {
-  if (!IsSafeVersionText(stored) || !IsSafeVersionText(version)) return false;
+  if (!tools::IsSafeNamePart(stored) || !tools::IsSafeNamePart(version)) return false;
   const tools::FileStamp one = tools::StampOf(project_.VersionFolder(stored));
   const tools::FileStamp other = tools::StampOf(project_.VersionFolder(version));
   return one.exists && other.exists && one.device == other.device && one.identity == other.identity;

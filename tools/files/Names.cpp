@@ -4,6 +4,7 @@
 #include <array>
 
 #include "tools/Text.h"
+#include "tools/files/Path.h"
 
 namespace tools {
 
@@ -67,6 +68,13 @@ bool IsDeviceName(std::string_view name) {
   return number == "¹" || number == "²" || number == "³";
 }
 
+// Control characters count as among those.
+bool HoldsNone(std::string_view text, std::string_view characters) {
+  return std::none_of(text.begin(), text.end(), [characters](char c) {
+    return (c >= 0 && c < ' ') || c == '\x7F' || characters.find(c) != std::string_view::npos;
+  });
+}
+
 }  // namespace
 
 std::string CleanFolderName(std::string_view text, std::string_view emptyName,
@@ -88,5 +96,12 @@ std::string CleanFolderName(std::string_view text, std::string_view emptyName,
 std::string CleanFileName(std::string_view text) { return CleanFolderName(text, "_", 0, "_"); }
 
 bool IsPortableFileName(std::string_view text) { return CleanFileName(text) == text; }
+
+bool IsSafeFileTitle(std::string_view text) {
+  // A colon leads elsewhere only on Windows: to another stream of the file.
+  return text != "." && text != ".." && HoldsNone(text, kPathSeparator == '\\' ? "/\\:" : "/\\");
+}
+
+bool IsSafeNamePart(std::string_view text) { return HoldsNone(text, "/\\:"); }
 
 }  // namespace tools

@@ -1,4 +1,5 @@
-// Text turned into names that every supported file system accepts.
+// Names of files and folders: made acceptable to every supported file system, or told from those
+// that are not.
 #pragma once
 
 #include <string>
@@ -19,5 +20,13 @@ namespace tools {
 
 /// True when `text` is a file name on every supported system: CleanFileName leaves it as it is.
 [[nodiscard]] bool IsPortableFileName(std::string_view text);
+
+/// True when `text` followed by an extension names a file in the folder itself on this machine: it
+/// holds no separator and no control character, and is neither "." nor "..".
+[[nodiscard]] bool IsSafeFileTitle(std::string_view text);
+
+/// True when `text` as a part of a folder's name cannot lead out of the folder above it on any
+/// supported system: it holds no separator, no colon and no control character.
+[[nodiscard]] bool IsSafeNamePart(std::string_view text);
 
 }  // namespace tools
