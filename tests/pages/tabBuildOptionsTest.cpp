@@ -29,19 +29,6 @@ class tabBuildOptionsTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void AVersionWithoutSettingsHasDefaults() {
-    Fixture f("");
-    const QString folder = f.Path("Produkt/Ausgabe/Debug");
-    QCOMPARE(f.Shown(), "Tessel-Installer|" + Caption(Text::TesselInstallerDescription) +
-                            "|Debug|Konfiguration=Debug|" + "Ausgabeordner=" + folder +
-                            "|Sprache (LCID)=0");
-    f.page->ApplyChanges();
-    QCOMPARE(f.File(f.kVersionFile),
-             "[BuildCommon]\nInstallerType=1\nActiveConfig=1\n\n"
-             "[Build1]\nOutputFolder=" +
-                 folder + "\nLocale=0\n");
-  }
-
   void StoredNumbersThatNameNothingSelectNothing() {
     const char* stored = "[BuildCommon]\nInstallerType=2\nActiveConfig=99999999999\n";
     Fixture f(stored);

@@ -52,10 +52,6 @@ struct OptionPage : Sample {
     page->show();
   }
 
-  QString Overview() const {
-    return Shown(*page, {"txtOverviewProduct", "txtOverviewVersion", "txtOverviewConfiguration",
-                         "txtOverviewLanguage", "txtOverviewFolder"});
-  }
   tools::WizardDataStore store;
   std::unique_ptr<tools::WizardOptionPage> page;
 };
@@ -221,12 +217,11 @@ class WizardsTest : public QObject {
   }
 
   void TheOutputPageShowsWhatWillBeBuilt() {
-    OptionPage f("Output", {{"config", "2"}, {"language", "1031"}, {"folder", "aus"}});
-    QCOMPARE(f.Overview(), "Probe|1.0.0|Release|1031 – Deutsch (Deutschland)|" +
-                               tools::ToQString(f.folder.Path("Produkt/aus")));
-    f.store = {{"config", "7"}, {"language", "Klingonisch"}};
-    f.page->ShowValues();
-    QCOMPARE(f.Overview(), "Probe|1.0.0|n/v|Klingonisch|n/v");
+    const OptionPage f("Output", {{"config", "2"}, {"language", "1031"}, {"folder", "aus"}});
+    QCOMPARE(Shown(*f.page, {"txtOverviewProduct", "txtOverviewVersion", "txtOverviewConfiguration",
+                             "txtOverviewLanguage", "txtOverviewFolder"}),
+             "Probe|1.0.0|Release|1031 – Deutsch (Deutschland)|" +
+                 tools::ToQString(f.folder.Path("Produkt/aus")));
   }
 
   void TheOutputPageWarnsOfUnsuitableFolders() {
