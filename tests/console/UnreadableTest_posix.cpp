@@ -97,6 +97,8 @@ TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolderAndReplacesNoOlderSetup) {
                              HasSubstr(folder_.Path(locked)),
                              HasSubstr("Der bisherige Inhalt des Ausgabeordners bleibt")));
     EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
+    EXPECT_EQ(Run({"1.0.0", "--check"}), ExitCode::BuiltWithErrors);
+    EXPECT_THAT(text_, AllOf(HasSubstr(folder_.Path(locked)), HasSubstr("1 Beanstandung.")));
   }
 }
 
@@ -110,12 +112,6 @@ TEST_F(UnreadableTest, AWriteProtectedFolderOfTheOldSetupIsReplacedToo) {
     SetMode("neu/InstallPath", 0555);
   }
   EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
-}
-
-TEST_F(UnreadableTest, ASourceIsFoundByTheCheckToo) {
-  Lock("src/a.txt");
-  EXPECT_EQ(Run({"1.0.0", "--check"}), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(text_, AllOf(HasSubstr(folder_.Path("src/a.txt")), HasSubstr("1 Beanstandung.")));
 }
 
 }  // namespace console

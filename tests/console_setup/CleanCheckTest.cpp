@@ -24,19 +24,19 @@ class CleanCheckTest : public tests::BuildFixture {
   }
 
   std::string RandomSettings() {
-    std::string settings = "Overwrite=" + OneOf({"0", "1"}) +
-                           "\nSelfRegisterDLL=" + OneOf({"0", "1"}) +
-                           "\nRegisterPath=" + OneOf({"0", "1"}) + "\n";
+    std::string settings;
+    for (const char* key : {"Overwrite=", "SelfRegisterDLL=", "RegisterPath=", "Vital="}) {
+      settings += key + OneOf({"0", "1", "1", "2", "-1"}) + "\n";
+    }
     if (Seldom()) settings += "Permanent=" + OneOf({"1", "40000", "x"}) + "\n";
-    if (Below(4) == 0) settings += "Vital=" + OneOf({"0", "2", "-1"}) + "\n";
-    if (Seldom()) settings += "Vital=" + OneOf({"-40000", ""}) + "\n";
+    if (Seldom()) settings = "Vital=" + OneOf({"-40000", ""}) + "\n";
     if (Seldom()) settings += "Type=" + OneOf({"", "0", "1", "3", "70000"}) + "\n";
     if (Seldom()) settings += "TargetFolder=" + OneOf({"2004", "38", "29", "5e9"}) + "\n";
     if (Seldom()) settings += "TargetName=" + OneOf({"a.txt", "Neu.dll", "\"q\"", "a\x1B"}) + "\n";
     if (Seldom()) settings += "Exclude=" + OneOf({"1", "2", "99999"}) + "\n";
     if (Seldom()) {
       settings += "TargetSubFolder=" +
-                  OneOf({"a.txt", "..", "..\\..", "x/Y", "X\\y", "x", "..\\Probe.INSTALL", "con"}) +
+                  OneOf({"a.txt", "..\\..", "x/Y", "X\\y", "x", "..\\Probe.INSTALL", "con"}) +
                   (Seldom() ? std::string(300, 'l') : std::string()) + "\n";
     }
     return settings;
@@ -50,7 +50,7 @@ class CleanCheckTest : public tests::BuildFixture {
     }
     const std::string name = folder + "/" + OneOf({"a", "A", "b", "c", "build"}) +
                              (Seldom() ? std::string() : std::to_string(Below(40))) +
-                             OneOf({".txt", ".dll", ".EXE", ".log", ".ü", ""});
+                             OneOf({".txt", ".dll", ".EXE", ".ocx", ".log", ".ü", ""});
     std::string entry = Source(name, std::string(Below(3000), 'x') + name, RandomSettings());
     if (Seldom()) std::filesystem::remove(tools::ToPath(folder_.Path("quelle/" + name)));
     if (Seldom()) entry = tools::ReplaceAll(entry, "ID={", "ID={gleich}\nSpur={");

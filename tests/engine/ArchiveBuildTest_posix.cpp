@@ -53,7 +53,7 @@ TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) 
   const std::string large(9'000'000, 'a');
   product_.AddComponent(
       "A", {Source("1/readme.txt", large, "TargetFolder=38\nTargetName=l.txt\nVital=2\n"),
-            Source("2/ohne", "")});
+            Source("2/ohne", "", "TargetFolder=0\n")});
   product_.AddComponent(
       "B", {"IncludeChildren=2\n" + tests::TestProduct::Scan(folder_.Path("quelle/3"), "*.*")});
   project_.WriteVersionSetting(1, "Tessel", "Key", "k");
@@ -75,6 +75,7 @@ TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) 
       HasSubstr("If Extract(\"%SrcPath%\\Probe.zip\", \"1.txt\", \"%TempPath%\\1.txt\") Then\r\n"
                 "If Not Add(\"%TempPath%\\1.txt\", \"%ProgramFiles%\\l.txt\") Then\r\n"));
   EXPECT_THAT(script, HasSubstr("\r\nDel \"%TempPath%\\1.txt\"\r\nEnd If\r\n"));
+  EXPECT_THAT(script, HasSubstr("%TempPath%\\2.\", \"\\ohne\""));
   EXPECT_THAT(script, HasSubstr("RegPrd \"k\", \"Probe\", 1\r\n"));
   EXPECT_THAT(script, HasSubstr("%TempPath%\\4.txt\", \"%InstallPath%\\readme.txt"));
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);

@@ -3,15 +3,6 @@
 
 namespace tools {
 
-TEST(SettingsFileTest, FindsSectionsAndKeysIgnoringCaseAndTakesTheFirstOfEqualOnes) {
-  const SettingsFile file(
-      "Lose=0\n[Product]\nTitle = Mein Titel \t\ntitle=zweiter\n[PRODUCT]\nAuthor=x\n[B]\n=leer\n");
-  EXPECT_EQ(file.Read("product", "TITLE", ""), "Mein Titel");
-  EXPECT_EQ(file.Read("Product", "Author", "fehlt"), "fehlt");
-  EXPECT_EQ(file.Read("", "Lose", "fehlt"), "fehlt");
-  EXPECT_EQ(file.Read("B", "", "fehlt"), "fehlt");
-}
-
 TEST(SettingsFileTest, RewritesOnlyTheLinesThatChange) {
   const std::string before =
       "\xEF\xBB\xBF; Kopf\r\n\r\n[A]\r\n; Bemerkung\r\n  Key =  "
