@@ -163,6 +163,9 @@ TEST_F(BuildCheckTest, SumsUpEntriesThatTheFileDoesNotHold) {
   ASSERT_EQ(messages_.size(), 4U);
   EXPECT_EQ(messages_.front().text, "File missing: " + folder_.Path("Produkt/"));
   EXPECT_EQ(messages_.back().entry, 6);
+  project_.WriteComponentSetting(1, 1, "Files", "Count", "2147483647");
+  Run();
+  EXPECT_EQ(summary_->errors, 1) << "one for all of them";
 }
 
 TEST_F(BuildCheckTest, NoValueWithAControlCharacterReachesASetup) {
