@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QGuiApplication>
 
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
@@ -29,7 +30,8 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                 .dialogs = dialogs_,
                 .clock = clock_,
                 .disk = disk_,
-                .programFolder = ProgramFolder()}),
+                .programFolder = ProgramFolder(),
+                .isEndWanted = [this] { return isEndWanted_; }}),
       window_({.project = project_,
                .operations = operations_,
                .dialogs = dialogs_,
@@ -45,12 +47,38 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                    launch(&wizards::WizardLauncher::StartSetupWizard));
   QObject::connect(&window_, &shell::frmMain::UpdateWizardWanted, &window_,
                    launch(&wizards::WizardLauncher::StartUpdateWizard));
+  QObject::connect(
+      qGuiApp, &QGuiApplication::commitDataRequest, &window_,
+      [this](QSessionManager& session) { OnSessionEnd(session); }, Qt::DirectConnection);
   desktopDialogs_.SetParent(&window_);
   newProductForm_.SetParent(&window_);
   wizards_.SetParent(&window_);
 }
 
 DesktopProgram::~DesktopProgram() = default;
+
+int DesktopProgram::Run() {
+  // The end may have come before, in a dialog's own loop.
+  const int result = isEndWanted_ ? 0 : QCoreApplication::exec();
+  if (window_.isVisible()) window_.close();
+  return result;
+}
+
+void DesktopProgram::End() {
+  isEndWanted_ = true;
+  QCoreApplication::exit();
+}
+
+void DesktopProgram::OnSessionEnd(QSessionManager& session) {
+  if (!operations_.IsDirty() || !session.allowsInteraction()) return;
+  bool mayEnd = true;
+  tools::Guard(dialogs_, [&] { mayEnd = operations_.MayDropChanges(); });
+  if (mayEnd) {
+    session.release();
+  } else {
+    session.cancel();
+  }
+}
 
 void DesktopProgram::OpenFromCommandLine(const QStringList& arguments) {
   if (arguments.size() != 2) return;

@@ -1,9 +1,11 @@
 // The objects of the desktop program, built and connected.
 #pragma once
 
+#include <QSessionManager>
 #include <QStringList>
 #include <memory>
 
+#include "app/EndSignals.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "pages/PageRegistry.h"
@@ -32,10 +34,19 @@ class DesktopProgram {
   /// nothing else is taken from there.
   void OpenFromCommandLine(const QStringList& arguments);
 
+  /// Handles events until the program is to end, and closes the window then.
+  int Run();
+
   [[nodiscard]] shell::frmMain& Window() { return window_; }
   [[nodiscard]] tools::Dialogs& Dialogs() { return dialogs_; }
 
  private:
+  /// Ends all event loops, those of dialogs too, and a running build; nothing is asked.
+  void End();
+  /// Asks about unsaved changes where the desktop that closes the session lets programs ask.
+  void OnSessionEnd(QSessionManager& session);
+
+  bool isEndWanted_ = false;
   tools::SystemDisk disk_;
   tools::SettingsStore settings_;
   std::unique_ptr<tools::Registry> registry_;
@@ -48,6 +59,7 @@ class DesktopProgram {
   pages::PageRegistry pageRegistry_;
   wizards::WizardLauncher wizards_;
   shell::frmMain window_;
+  EndSignals endSignals_{[this] { End(); }};
 };
 
 }  // namespace app

@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
   application.SetDialogs(&program.Dialogs());
   program.Window().show();
   program.OpenFromCommandLine(QCoreApplication::arguments());
-  const int result = QApplication::exec();
+  const int result = program.Run();
   application.SetDialogs(nullptr);
   return result;
 }

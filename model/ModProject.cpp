@@ -9,7 +9,7 @@
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/Numbers.h"
-#include "tools/files/FindFiles.h"
+#include "tools/Text.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
 
@@ -31,25 +31,23 @@ std::vector<std::int32_t> SlotsUpTo(std::int32_t count) {
   return slots;
 }
 
-// The component slots that have a file in a version's folder.
+// The component slots that have a file in a version's folder, or something in its place, which
+// reading it tells of.
 std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::int32_t count,
                                          const tools::ListingStep& step) {
+  std::error_code failure;
   std::vector<std::int32_t> slots;
-  const auto add = [&slots](const std::string& path) {
-    std::string name = tools::FileNamePart(path);
-    name.resize(name.size() - kComponentEnding.size());
-    slots.push_back(SlotNumberOf(name, kComponentWord));
-  };
-  const tools::FoundFiles found =
-      tools::SearchFiles(versionFolder, "component*.component", {.step = step});
-  if (!found.unreadFolders.empty()) {
-    const tools::UnseenPath& unread = found.unreadFolders.front();
-    throw tools::PathError("Der Ordner kann nicht gelesen werden", unread.path, unread.cause);
+  for (const tools::FolderItem& item : tools::ListFolder(versionFolder, failure, step)) {
+    if (item.name.size() <= kComponentEnding.size()) continue;
+    const std::size_t length = item.name.size() - kComponentEnding.size();
+    if (tools::EqualIgnoringAsciiCase(item.name.substr(length), kComponentEnding)) {
+      slots.push_back(SlotNumberOf(item.name.substr(0, length), kComponentWord));
+    }
   }
-  for (const std::string& path : found.paths) add(path);
-  // Reading these says why they cannot be read.
-  for (const std::string& path : found.specialFiles) add(path);
-  for (const tools::UnseenPath& dead : found.deadLinks) add(dead.path);
+  if (failure && failure != std::errc::no_such_file_or_directory &&
+      failure != std::errc::not_a_directory) {
+    throw tools::PathError("Der Ordner kann nicht gelesen werden", versionFolder, failure);
+  }
   return OrderedSlots(std::move(slots), count);
 }
 

@@ -118,15 +118,17 @@ std::string ModProjectOperations::AskForProductFile() {
 
 bool ModProjectOperations::CloseProduct(bool ask) {
   if (!project_.IsOpen()) return true;
-  if (ask && IsDirty() &&
-      Ask(LoadText(Text::UnsavedChangesAreLost), tools::StandardText(tools::kTextWarning),
-          tools::MessageButtons::OkCancel, tools::MessageAnswer::Ok) != tools::MessageAnswer::Ok) {
-    return false;
-  }
+  if (ask && !MayDropChanges()) return false;
   pages_->Reset(true);
   project_.SetProductPath({});
   view_->UpdateProjectState();
   return true;
+}
+
+bool ModProjectOperations::MayDropChanges() {
+  return !IsDirty() ||
+         Ask(LoadText(Text::UnsavedChangesAreLost), tools::StandardText(tools::kTextWarning),
+             tools::MessageButtons::OkCancel, tools::MessageAnswer::Ok) == tools::MessageAnswer::Ok;
 }
 
 std::vector<std::string> ModProjectOperations::SaveAllPages() {

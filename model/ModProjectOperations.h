@@ -38,6 +38,8 @@ class ModProjectOperations {
   /// Closes the product; with `ask`, warns first when pages hold changes. False when the user
   /// cancelled.
   bool CloseProduct(bool ask);
+  /// Asks whether the pages' changes, where there are some, may be lost; closes nothing.
+  [[nodiscard]] bool MayDropChanges();
   /// Applies every page, in order. A page that fails is reported and counts as saved all the same.
   /// Returns the titles of those that failed.
   std::vector<std::string> SaveAllPages();

@@ -20,8 +20,10 @@ constexpr const char* kLineBreak = "\r\n";
 
 class DesktopBuild : public engine::BuildObserver {
  public:
-  explicit DesktopBuild(tools::Dialogs& dialogs)
-      : dialogs_(dialogs), notice_(dialogs.ShowBusyNotice(LoadText(Text::BuildingSetup))) {}
+  explicit DesktopBuild(const BuildServices& services)
+      : dialogs_(services.dialogs),
+        isEndWanted_(services.isEndWanted),
+        notice_(dialogs_.ShowBusyNotice(LoadText(Text::BuildingSetup))) {}
 
   // The log holds it.
   void OnMessage(const engine::BuildMessage& /*message*/) override {}
@@ -40,7 +42,7 @@ class DesktopBuild : public engine::BuildObserver {
     return dialogs_.ShowMessage(question) == tools::MessageAnswer::Yes;
   }
 
-  bool IsStopWanted() override { return false; }
+  bool IsStopWanted() override { return isEndWanted_(); }
 
   void WithdrawNotice() { dialogs_.WithdrawBusyNotice(notice_); }
 
@@ -79,6 +81,7 @@ class DesktopBuild : public engine::BuildObserver {
   }
 
   tools::Dialogs& dialogs_;
+  const std::function<bool()>& isEndWanted_;
   int notice_;
 };
 
@@ -97,7 +100,7 @@ engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings) {
 
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
                 std::int32_t versionIndex) {
-  DesktopBuild build(services.dialogs);
+  DesktopBuild build(services);
   try {
     const engine::BuildEnvironment environment{.project = services.project,
                                                .clock = services.clock,

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "engine/BuildOptions.h"
@@ -23,6 +24,8 @@ struct BuildServices {
   const tools::Clock& clock;
   tools::Disk& disk;
   std::string programFolder;  ///< holds the setup wrapper and the runtime's installer
+  /// Whether the program is to end: a running build then stops and removes what it made.
+  std::function<bool()> isEndWanted = [] { return false; };
 };
 
 /// Converts "folder", "makezip" (packaged when exactly 1), "includeexe" and "includetessel" (on

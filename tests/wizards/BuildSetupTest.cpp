@@ -17,10 +17,12 @@ struct Fixture : ProductDesk {
   Fixture() { product.AddComponent("A", {product.File(folder.Write("a.txt", "a"))}); }
 
   void Build() {
-    wizards::BuildSetup({project, operations, dialogs, clock, disk, folder.Path("programm")},
+    wizards::BuildSetup({project, operations, dialogs, clock, disk, folder.Path("programm"),
+                         [this] { return isEndWanted; }},
                         settings, 1);
   }
 
+  bool isEndWanted = false;
   tools::WizardDataStore settings{{"folder", folder.Path("aus")}, {"makezip", "1"}};
 };
 
@@ -30,6 +32,14 @@ class BuildSetupTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  void TheEndOfTheProgramEndsTheBuildAndLeavesNothing() {
+    Fixture f;
+    f.isEndWanted = true;
+    f.Build();
+    QVERIFY(!f.folder.Holds("aus/Probe.zip"));
+    QCOMPARE(Told(f.dialogs), "");
+  }
+
   void ErrorsAreToldWithTheNameOfTheLog() {
     Fixture f;
     f.settings["includetessel"] = "-1";
