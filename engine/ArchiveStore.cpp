@@ -5,6 +5,7 @@
 
 #include "tools/Text.h"
 #include "tools/files/FileContent.h"
+#include "tools/files/FolderSteps.h"
 #include "tools/files/Path.h"
 
 namespace engine {
@@ -36,7 +37,10 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
     : fileTime_(fileTime),
       progress_(progress),
       folder_(tools::JoinPath(private_.Path(), "PackwrightTemp")) {
-  tools::MakeFolder(folder_);
+  if (const std::error_code cause = tools::CreateOneFolder(folder_)) {
+    throw tools::PathError("Der temporäre Ordner kann nicht angelegt werden",
+                           tools::FolderOf(private_.Path()), cause);
+  }
   WithArchive([&] {
     writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, kOptions,
                                                      [this](const tools::ArchiveTotals& totals) {

@@ -136,7 +136,7 @@ class Build {
                 std::string(left->what()));
       }
     } catch (const tools::Error& error) {
-      End(BuildOutcome::OutputFolderStuck, error.what());
+      End(BuildOutcome::OutputFolderStuck, stage_->WithUsersPaths(error.what()));
     }
   }
 
@@ -169,8 +169,8 @@ class Build {
 
   std::unique_ptr<FileStore> MakeStore() {
     if (!options_.packaged) {
-      return std::make_unique<TreeStore>(stage_->Path(), OwnNamesInTree(options_, title_),
-                                         progress_);
+      return std::make_unique<TreeStore>(stage_->Path(), summary_.outputFolder,
+                                         OwnNamesInTree(options_, title_), progress_);
     }
     return std::make_unique<ArchiveStore>(environment_.disk, InStage(title_ + kArchiveEnding),
                                           environment_.fileTime, progress_);

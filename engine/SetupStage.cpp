@@ -121,13 +121,17 @@ SetupStage::SetupStage(tools::Disk& disk, const tools::FolderClaim& output)
     replaced_ = tools::JoinPath(hold_->Path(), kReplaced);
     MakeNewFolder(new_);
   } catch (const tools::Error& error) {
+    if (hold_) Remove();
     throw tools::PathError("In den Ausgabeordner kann nicht geschrieben werden", output_.Path(),
                            error.Cause());
   }
 }
 
 SetupStage::~SetupStage() {
-  if (isKept_) return;
+  if (!isKept_) Remove();
+}
+
+void SetupStage::Remove() noexcept {
   const std::string name = tools::FileNamePart(hold_->Path());
   hold_.reset();
   try {
@@ -137,7 +141,7 @@ SetupStage::~SetupStage() {
 }
 
 std::string SetupStage::WithUsersPaths(const std::string& text) const {
-  return tools::ReplaceAll(text, new_, output_.Path());
+  return tools::ReplaceAll(tools::ReplaceAll(text, new_, output_.Path()), old_, output_.Path());
 }
 
 std::optional<tools::Error> SetupStage::Publish(const OutputContent* old) {

@@ -46,6 +46,7 @@ class SetupStage {
   [[nodiscard]] std::optional<tools::Error> Publish(const OutputContent* old);
 
  private:
+  void Remove() noexcept;
   [[noreturn]] static void FailForNewFile(const std::string& path);
   void SetOldAside(const OutputContent* old, const std::vector<std::string>& newNames);
   void Move(const std::string& from, const std::string& to, const std::string& usersPath);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tools/Text.h"
 #include "tools/files/Path.h"
 
 namespace engine {
@@ -27,9 +28,12 @@ std::string FaultText(const TreePlace& place) {
 
 }  // namespace
 
-TreeStore::TreeStore(std::string folder, const std::vector<std::string>& ownNames,
-                     BuildProgress& progress)
-    : folder_(std::move(folder)), places_(ownNames), progress_(progress) {}
+TreeStore::TreeStore(std::string folder, std::string usersFolder,
+                     const std::vector<std::string>& ownNames, BuildProgress& progress)
+    : folder_(std::move(folder)),
+      usersFolder_(std::move(usersFolder)),
+      places_(ownNames),
+      progress_(progress) {}
 
 StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourcePath) {
   StoredFile stored;
@@ -42,7 +46,7 @@ StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourc
     stored.replaced = place.other;
     if (stored.copy.Succeeded()) target = PathOf(place);
   } catch (const tools::Error& error) {
-    stored.copy.errorText = error.what();
+    stored.copy.errorText = tools::ReplaceAll(error.what(), folder_, usersFolder_);
     stored.copy.cause = error.Cause();
   }
   if (stored.copy.Succeeded()) {

@@ -12,9 +12,10 @@ namespace engine {
 
 class TreeStore : public FileStore {
  public:
-  /// The folder must exist; `progress` must outlive the store. `ownNames`: names in the folder that
-  /// are kept for the build itself.
-  TreeStore(std::string folder, const std::vector<std::string>& ownNames, BuildProgress& progress);
+  /// The folder must exist; errors name `usersFolder` instead. `progress` must outlive the store.
+  /// `ownNames`: names in the folder that are kept for the build itself.
+  TreeStore(std::string folder, std::string usersFolder, const std::vector<std::string>& ownNames,
+            BuildProgress& progress);
 
   /// Fails for a target subfolder whose ".." parts lead out of the folder, a name of the build's
   /// own and a folder and a file of one name. `sourcePath` must outlive the store.
@@ -29,6 +30,7 @@ class TreeStore : public FileStore {
   [[nodiscard]] std::string PathOf(const TreePlace& place);
 
   std::string folder_;
+  std::string usersFolder_;
   TreePlaces places_;
   BuildProgress& progress_;
   std::uint64_t filesDone_ = 0;

@@ -105,7 +105,8 @@ std::vector<std::string> HomeFolders() {
 
 void MakePrivateFolder(const std::string& path) {
   if (::mkdir(path.c_str(), 0700) == 0) return;
-  throw PathError("Der temporäre Ordner kann nicht angelegt werden", path, LastSystemError());
+  throw PathError("Der temporäre Ordner kann nicht angelegt werden", FolderOf(path),
+                  LastSystemError());
 }
 
 }  // namespace tools

@@ -99,7 +99,7 @@ std::vector<std::string> HomeFolders() {
 
 void MakePrivateFolder(const std::string& path) {
   const std::wstring sid = UserSid();
-  if (sid.empty()) throw PathError(kCannotMake, path, LastSystemError());
+  if (sid.empty()) throw PathError(kCannotMake, FolderOf(path), LastSystemError());
 
   // Protected from what the parent folder grants, full access for the user alone, inherited by all
   // that lies inside.
@@ -107,13 +107,13 @@ void MakePrivateFolder(const std::string& path) {
   PSECURITY_DESCRIPTOR descriptor = nullptr;
   if (ConvertStringSecurityDescriptorToSecurityDescriptorW(rights.c_str(), SDDL_REVISION_1,
                                                            &descriptor, nullptr) == 0) {
-    throw PathError(kCannotMake, path, LastSystemError());
+    throw PathError(kCannotMake, FolderOf(path), LastSystemError());
   }
   const std::unique_ptr<void, LocalMemory> owner(descriptor);
   SECURITY_ATTRIBUTES attributes{sizeof(SECURITY_ATTRIBUTES), descriptor, FALSE};
   // Fails when the name exists, so nobody can have prepared the folder.
   if (CreateDirectoryW(LongPath(path).c_str(), &attributes) == 0) {
-    throw PathError(kCannotMake, path, LastSystemError());
+    throw PathError(kCannotMake, FolderOf(path), LastSystemError());
   }
 }
 

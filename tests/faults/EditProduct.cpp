@@ -1,0 +1,91 @@
+// Edits a product as the desktop does, in a process that may fail or be killed at any call:
+//
+//   edit_product PRODUCT OPERATION
+//
+// "list" writes its versions and components to standard output. An error goes to standard error,
+// and the exit code is 3.
+#include <functional>
+#include <iostream>
+#include <map>
+
+#include "model/ModProjectOperations.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/ScriptedDialogs.h"
+#include "tools/Error.h"
+
+namespace {
+
+struct Desk {
+  explicit Desk(const std::string& product) {
+    operations.Connect(window, window);
+    project.SetProductPath(product);
+  }
+
+  void Save() {
+    tools::SettingsStore::Batch batch(settings);
+    project.WriteComponentSetting(1, 1, "Component", "Title", "New title");
+    for (int i = 1; i <= 300; ++i) {
+      project.WriteComponentSetting(1, 1, "File" + std::to_string(i), "SourceName", "a.txt");
+    }
+    batch.Commit();
+  }
+  void List() {
+    std::cout << project.ProductTitle();
+    for (const std::int32_t version : project.VersionSlots()) {
+      std::cout << '|' << project.VersionString(version);
+      project.RequireVersion(version);
+      for (const std::int32_t slot : project.ComponentSlots(version)) {
+        std::cout << ',' << project.ComponentTitle(version, slot) << ' '
+                  << project.ReadComponentSetting(version, slot, "File300", "SourceName", "-");
+      }
+    }
+  }
+
+  tools::SystemDisk disk;
+  tools::SettingsStore settings{disk};
+  model::ModProject project{settings};
+  tests::ScriptedDialogs dialogs;
+  tests::FixedClock clock;
+  tests::FakeWindow window;
+  model::ModProjectOperations operations{project, disk, dialogs, clock, window};
+};
+
+const std::map<std::string, std::function<void(Desk&)>> kOperations{
+    {"list", &Desk::List},
+    {"save", &Desk::Save},
+    {"add version",
+     [](Desk& desk) {
+       desk.dialogs.ExpectInputBox(model::Text::EnterVersion, "2.0");
+       desk.operations.AddVersion();
+     }},
+    {"delete version",
+     [](Desk& desk) {
+       desk.dialogs.ExpectQuestion(model::Text::ConfirmDeletion, tools::MessageAnswer::Yes);
+       desk.operations.DeleteVersion(1, "1.0");
+     }},
+    {"add component",
+     [](Desk& desk) {
+       desk.dialogs.ExpectInputBox(model::Text::EnterComponentTitle, "Another");
+       desk.operations.AddComponent(1);
+     }},
+    {"delete component", [](Desk& desk) {
+       desk.dialogs.ExpectQuestion(model::Text::ConfirmDeletion, tools::MessageAnswer::Yes);
+       desk.operations.DeleteComponent(1, 1, "1.0", "Main");
+     }}};
+
+}  // namespace
+
+// A question left unasked ends with the error that kept it from being asked.
+void tests::ReportFailure(const std::string& /*message*/) {}
+
+int main(int /*argc*/, char** argv) {
+  try {
+    Desk desk(argv[1]);
+    kOperations.at(argv[2])(desk);
+  } catch (const tools::Error& error) {
+    std::cerr << error.what() << std::endl;
+    return 3;
+  }
+  return 0;
+}

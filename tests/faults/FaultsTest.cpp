@@ -1,0 +1,222 @@
+// Runs a save, both kinds of build and the operations on a product with one system call failing at
+// a time, or with the process gone at that call, and looks at what is left. FAULTS_ALL=1 in the
+// environment tries every call with every error; otherwise the calls are spread over the errors.
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <map>
+
+#include "tests/support/Testing.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+#include "tools/files/TemporaryName.h"
+
+namespace {
+
+using testing::HasSubstr;
+using Content = std::map<std::string, std::string>;
+
+constexpr std::array kErrors{ENOSPC, EIO, EDQUOT, EACCES, EMFILE, EINTR, 0 /* a short write */};
+constexpr int kKill = -1;
+constexpr int kStopped = 3;
+constexpr int kKilled = 137;
+
+class FaultsTest : public testing::Test {
+ protected:
+  FaultsTest() {
+    Write("P.product",
+          "[General]\nVersion=1.0\n[Product]\nTitle=P\nAuthor=A\n[Versions]\nCount=1\nVer1=1.0\n");
+    Write("Version 1.0/product.version", "[Components]\nCount=1\n");
+    Write("Version 1.0/component1.component",
+          "[Component]\nTitle=Main\n[Files]\nCount=1\n[File1]\nType=2\nID={1}\nTargetFolder=2001\n"
+          "IncludeChildren=1\nSourceName=*.*\nSourcePath=../sources\n");
+    for (const char* name : {"a.txt", "b/c.txt", "b/d.txt"}) {
+      folder_.Write(std::string("whole/sources/") + name, std::string(name) + " is here\n");
+    }
+    folder_.Write("whole/sources/large.bin", std::string(200'000, 'x'));
+    folder_.MakeFolder("whole/tmp");
+    Restore();
+  }
+  void Write(const std::string& name, const std::string& content) {
+    folder_.Write("whole/product/" + name, content);
+  }
+
+  /// Has everything as at the beginning.
+  void Restore() const {
+    std::filesystem::remove_all(tools::ToPath(work_));
+    std::filesystem::copy(tools::ToPath(folder_.Path("whole")), tools::ToPath(work_),
+                          std::filesystem::copy_options::recursive);
+  }
+  /// What is there now becomes the beginning.
+  void Keep() const {
+    std::filesystem::remove_all(tools::ToPath(folder_.Path("whole")));
+    std::filesystem::copy(tools::ToPath(work_), tools::ToPath(folder_.Path("whole")),
+                          std::filesystem::copy_options::recursive);
+  }
+
+  /// Runs a program with the `at`-th call failing (0: none) and returns its exit code.
+  int Run(const std::string& command, long at, int error) {
+    std::string line = "LD_PRELOAD='" FAULT_SHIM "' SOURCE_DATE_EPOCH=1000000000 TMPDIR='" + work_ +
+                       "/tmp' FAULT_ROOT='" + work_ + "' FAULT_REPORT='" + folder_.Path("report") +
+                       "' FAULT_AT=" + std::to_string(at) + " FAULT_ERROR=" + std::to_string(error);
+    line += " " + command + " >'" + folder_.Path("output") + "' 2>'" + folder_.Path("errors") + "'";
+    tools::DeleteFile(folder_.Path("report"));
+    const int status = std::system(line.c_str());
+    output_ = folder_.Read("output");
+    errors_ = folder_.Read("errors");
+    report_ = folder_.Read("report");
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+  int Run(const std::string& command) { return Run(command, 0, EIO); }
+  [[nodiscard]] std::string Edit(const std::string& operation) const {
+    return "'" EDIT_PRODUCT "' '" + work_ + "/product/P.product' '" + operation + "'";
+  }
+  [[nodiscard]] std::string Build(const std::string& kind) const {
+    return "'" PACKWRIGHT_BUILD "' '" + work_ + "/product/P.product' 1.0 --quiet --overwrite " +
+           "--output '" + work_ + "/out' " + kind;
+  }
+  /// How many calls a command makes.
+  long Calls(const std::string& command, int error) {
+    Run(command, 0, error);
+    const long calls = std::atol(report_.substr(report_.find(' ') + 1).c_str());
+    Restore();
+    return calls;
+  }
+
+  /// Every file and folder but those of temporary names, whose paths `temporary` receives.
+  Content Look(std::vector<std::string>& temporary) const {
+    temporary.clear();
+    Content content;
+    std::filesystem::recursive_directory_iterator walk(tools::ToPath(work_));
+    for (auto entry = begin(walk); entry != end(walk); ++entry) {
+      const std::string path = tools::FromPath(entry->path());
+      if (tools::IsTemporaryName(path)) {
+        temporary.push_back(path);
+        entry.disable_recursion_pending();
+      } else {
+        content[path.substr(work_.size())] =
+            entry->is_directory() ? "folder" : tools::ReadWholeFile(path);
+      }
+    }
+    return content;
+  }
+
+  /// Runs the command with each single failure.
+  void FailEverywhere(const std::string& command) {
+    std::vector<std::string> temporary;
+    const Content old = Look(temporary);
+    ASSERT_EQ(Run(command), 0) << errors_;
+    const Content whole = Look(temporary);
+    ASSERT_NE(old, whole);
+    ASSERT_TRUE(temporary.empty());
+    Restore();
+    for (std::size_t i = 0; i < kErrors.size(); ++i) {
+      const long calls = Calls(command, kErrors.at(i));
+      ASSERT_GT(calls, 0);
+      const long first = everything_ ? 1 : 1 + static_cast<long>(i);
+      const long step = everything_ ? 1 : static_cast<long>(kErrors.size());
+      for (long at = first; at <= calls; at += step) {
+        const int code = Run(command, at, kErrors.at(i));
+        SCOPED_TRACE("call " + std::to_string(at) + ", errno " + std::to_string(kErrors.at(i)) +
+                     ", " + report_ + errors_ + output_);
+        const Content content = Look(temporary);
+        JudgeEnd(code, content, old, whole);
+        // What is hidden is named only where it could not be removed (at first).
+        if (temporary.empty() && errors_.find("nicht ganz gelöscht") == std::string::npos) {
+          EXPECT_THAT(errors_, Not(HasSubstr(".packwright-")));
+        }
+        JudgeLeftovers(temporary, command, whole);
+        Restore();
+        if (HasFailure()) return;
+      }
+    }
+  }
+
+  void JudgeEnd(int code, const Content& content, const Content& old, const Content& whole) {
+    if (code == 0) {
+      EXPECT_TRUE(content == whole);
+      return;
+    }
+    EXPECT_THAT(errors_, HasSubstr(work_));
+    if (code == kStopped) {
+      EXPECT_TRUE(content == old || content == whole);
+    } else {
+      EXPECT_EQ(code, 1);  // a source is left out, and said to be
+      EXPECT_THAT(Names(content), testing::IsSubsetOf(Names(whole)));
+      EXPECT_TRUE(content.contains("/out/P.install"));
+    }
+  }
+
+  /// Only what could not be removed is left, and the next run removes it.
+  void JudgeLeftovers(std::vector<std::string>& temporary, const std::string& command,
+                      const Content& whole) {
+    if (temporary.empty()) return;
+    EXPECT_THAT(report_, testing::ContainsRegex("^(unlink|rmdir|open)")) << temporary.front();
+    EXPECT_EQ(Run(command), 0) << errors_;
+    EXPECT_TRUE(Look(temporary) == whole);
+    EXPECT_THAT(temporary, testing::IsEmpty());
+  }
+
+  static std::vector<std::string> Names(const Content& content) {
+    std::vector<std::string> names;
+    for (const auto& [name, bytes] : content) names.push_back(name);
+    return names;
+  }
+
+  tests::TemporaryFolder folder_;
+  std::string work_ = folder_.Path("work");
+  bool everything_ = std::getenv("FAULTS_ALL") != nullptr;
+  std::string output_;
+  std::string errors_;
+  std::string report_;  ///< the call that failed and its path
+};
+
+TEST_F(FaultsTest, ASaveLeavesTheOldOrTheNew) { FailEverywhere(Edit("save")); }
+
+TEST_F(FaultsTest, APackagedBuildLeavesTheOldOrTheNew) {
+  ASSERT_EQ(Run(Build("--no-zip")), 0) << errors_;
+  Keep();
+  FailEverywhere(Build("--zip"));
+}
+
+TEST_F(FaultsTest, AnUnpackagedBuildLeavesTheOldOrTheNew) {
+  ASSERT_EQ(Run(Build("--zip")), 0) << errors_;
+  Keep();
+  FailEverywhere(Build("--no-zip"));
+}
+
+TEST_F(FaultsTest, AKilledOperationLeavesAProductThatOpensAsBeforeOrAsAfter) {
+  ASSERT_EQ(Run(Edit("list")), 0) << errors_;
+  const std::string before = output_;
+  for (const char* operation :
+       {"save", "add version", "delete version", "add component", "delete component"}) {
+    ASSERT_EQ(Run(Edit(operation)), 0) << errors_;
+    ASSERT_EQ(Run(Edit("list")), 0) << errors_;
+    const std::string after = output_;
+    ASSERT_NE(before, after);
+    Restore();
+    const long calls = Calls(Edit(operation), kKill);
+    for (long at = 1; at <= calls; ++at) {
+      ASSERT_EQ(Run(Edit(operation), at, kKill), kKilled);
+      SCOPED_TRACE(operation + (" at " + std::to_string(at) + ", " + report_));
+      EXPECT_EQ(Run(Edit("list")), 0) << errors_;
+      EXPECT_THAT(output_, testing::AnyOf(before, after));
+      std::vector<std::string> temporary;
+      if (output_ == before) {
+        // Again, in a new process: it goes through, and the leftovers go.
+        EXPECT_EQ(Run(Edit(operation)), 0) << errors_;
+        EXPECT_EQ(Run(Edit("list")), 0) << errors_;
+        EXPECT_EQ(output_, after);
+        (void)Look(temporary);
+        EXPECT_THAT(temporary, testing::IsEmpty());
+      }
+      Restore();
+      if (HasFailure()) return;
+    }
+  }
+}
+
+}  // namespace
