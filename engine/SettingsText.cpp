@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 #include "tools/Error.h"
 #include "tools/Text.h"
+#include "tools/settings/NameIndex.h"
 
 namespace engine {
 
@@ -41,52 +43,17 @@ void ForEachName(std::string_view text, Visit visit) {
   }
 }
 
-/// Names of a text, kept as small as they can be: a file may hold nothing but tiny names.
-class NameList {
- public:
-  explicit NameList(std::string_view text) : text_(text) {}
+/// The name of a section or key that begins at a place of the text.
+std::string_view SectionAt(std::string_view text, std::uint32_t place) {
+  text.remove_prefix(place);
+  std::string_view line = tools::TrimBlanks(TakeLine(text));
+  line.remove_suffix(1);  // the bracket
+  return tools::TrimBlanks(line);
+}
 
-  void Add(std::string_view name) {
-    places_.push_back({static_cast<std::uint32_t>(name.data() - text_.data()),
-                       static_cast<std::uint32_t>(name.size())});
-  }
-
-  /// Calls `visit(name)` for each name that is there already, and forgets all of them.
-  template <typename Visit>
-  void TakeDuplicates(Visit visit) {
-    std::sort(places_.begin(), places_.end(), [this](const Place& a, const Place& b) {
-      const int order = Compare(NameAt(a), NameAt(b));
-      return order < 0 || (order == 0 && a.begin < b.begin);
-    });
-    for (std::size_t i = 1; i < places_.size(); ++i) {
-      if (Compare(NameAt(places_[i - 1]), NameAt(places_[i])) == 0) visit(NameAt(places_[i]));
-    }
-    places_.clear();
-  }
-
- private:
-  struct Place {
-    std::uint32_t begin;  ///< in the text, and
-    std::uint32_t size;   ///< bytes there
-  };
-
-  [[nodiscard]] std::string_view NameAt(const Place& place) const {
-    return text_.substr(place.begin, place.size);
-  }
-
-  static int Compare(std::string_view a, std::string_view b) {
-    const std::size_t common = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < common; ++i) {
-      const char left = tools::LowerAscii(a[i]);
-      const char right = tools::LowerAscii(b[i]);
-      if (left != right) return left < right ? -1 : 1;
-    }
-    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
-  }
-
-  std::string_view text_;
-  std::vector<Place> places_;
-};
+std::string_view KeyAt(std::string_view text, std::uint32_t place) {
+  return tools::TrimBlanks(text.substr(place, text.find('=', place) - place));
+}
 
 void Note(Duplicates& found, std::string_view text, std::string_view section,
           std::string_view key) {
@@ -121,23 +88,22 @@ bool HasSections(std::string_view text) {
 
 Duplicates FindDuplicates(std::string_view text) {
   Duplicates found;
-  NameList sections(text);
-  NameList keys(text);
+  tools::NameIndex sections;
+  std::optional<tools::NameIndex> keys;  // of the section that is being read
   std::string_view section;
-  const auto endSection = [&] {
-    keys.TakeDuplicates([&](std::string_view key) { Note(found, text, section, key); });
-  };
   ForEachName(text, [&](std::string_view name, bool isSection) {
+    const auto place = static_cast<std::uint32_t>(name.data() - text.data());
     if (isSection) {
-      endSection();
       section = name;
-      sections.Add(name);
+      keys.reset();
+      const auto sectionAt = [text](std::uint32_t at) { return SectionAt(text, at); };
+      if (!sections.Add(name, place, sectionAt)) Note(found, text, section, {});
     } else if (section.data() != nullptr) {  // before the first section nothing counts anyway
-      keys.Add(name);
+      const auto keyAt = [text](std::uint32_t at) { return KeyAt(text, at); };
+      if (!keys) keys.emplace();
+      if (!keys->Add(name, place, keyAt)) Note(found, text, section, name);
     }
   });
-  endSection();
-  sections.TakeDuplicates([&](std::string_view name) { Note(found, text, name, {}); });
   return found;
 }
 

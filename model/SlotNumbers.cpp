@@ -46,7 +46,8 @@ std::vector<std::int32_t> SlotsNamedIn(std::string_view settingsText, std::strin
   while (!settingsText.empty()) {
     const std::size_t end = std::min(settingsText.find('\n'), settingsText.size());
     const std::string_view name = NameOfLine(settingsText.substr(0, end));
-    slots.push_back(SlotNumberOf(WithoutEnding(name, ending), word));
+    const std::int32_t slot = SlotNumberOf(WithoutEnding(name, ending), word);
+    if (slot != 0 && slot <= count) slots.push_back(slot);
     settingsText.remove_prefix(std::min(end + 1, settingsText.size()));
   }
   return OrderedSlots(std::move(slots), count);

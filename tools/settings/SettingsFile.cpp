@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <memory_resource>
 #include <utility>
 
 #include "tools/Error.h"
@@ -89,45 +88,6 @@ std::string_view ValueOf(std::string_view line) {
 
 }  // namespace
 
-/// Where names stand, found by the names' hashes; the names themselves stay in the text, so that an
-/// index is small beside it.
-class SettingsFile::NameIndex {
- public:
-  /// An index with room for this many names.
-  explicit NameIndex(std::size_t names) : memory_(names * kBytesPerName + 64), places_(&memory_) {
-    places_.reserve(names);
-  }
-
-  /// Adds a name that Find does not find yet.
-  void Add(std::string_view name, std::uint32_t place) { places_.emplace(Hash(name), place); }
-
-  /// The place of a name; `nameAt(place)` gives the name at a place.
-  template <typename NameAt>
-  [[nodiscard]] std::optional<std::uint32_t> Find(std::string_view name, NameAt nameAt) const {
-    auto [place, end] = places_.equal_range(Hash(name));
-    for (; place != end; ++place) {
-      if (EqualIgnoringAsciiCase(nameAt(place->second), name)) return place->second;
-    }
-    return std::nullopt;
-  }
-
- private:
-  static constexpr std::size_t kBytesPerName = 24;
-
-  /// FNV-1a (http://www.isthe.com/chongo/tech/comp/fnv/) over the lower-case bytes.
-  static std::uint32_t Hash(std::string_view name) {
-    std::uint32_t hash = 2166136261U;
-    for (const char c : name) {
-      hash = (hash ^ static_cast<unsigned char>(LowerAscii(c))) * 16777619U;
-    }
-    return hash;
-  }
-
-  // One allocation for all: a file of nothing but tiny names would else take many times its size.
-  std::pmr::monotonic_buffer_resource memory_;
-  std::pmr::unordered_multimap<std::uint32_t, std::uint32_t> places_;
-};
-
 SettingsFile::SettingsFile() : SettingsFile(std::string()) {}
 
 SettingsFile::SettingsFile(std::string content) : text_(std::move(content)) {
@@ -189,6 +149,8 @@ std::string_view SettingsFile::CurrentLine(Place line) const {
   return LineAt(replaced == replaced_.end() ? line : replaced->second);
 }
 
+std::string_view SettingsFile::KeyAt(Place line) const { return KeyOf(LineAt(line)); }
+
 std::string_view SettingsFile::NameOf(SectionNumber section) const {
   const std::size_t header = text_.find('[', sections_[section].begin);
   return *NameInHeader(LineAt(static_cast<Place>(header)));
@@ -198,11 +160,8 @@ std::optional<SettingsFile::SectionNumber> SettingsFile::FindSection(std::string
   if (lastSection_ && lastName_ == name) return lastSection_;
   const auto nameAt = [this](SectionNumber section) { return NameOf(section); };
   if (!sectionIndex_) {
-    sectionIndex_ = std::make_unique<NameIndex>(sections_.size());
-    for (SectionNumber i = 1; i < sections_.size(); ++i) {
-      const std::string_view next = NameOf(i);
-      if (!sectionIndex_->Find(next, nameAt)) sectionIndex_->Add(next, i);
-    }
+    sectionIndex_.emplace();
+    for (SectionNumber i = 1; i < sections_.size(); ++i) sectionIndex_->Add(NameOf(i), i, nameAt);
   }
   lastSection_ = sectionIndex_->Find(name, nameAt);
   lastName_ = name;
@@ -232,17 +191,14 @@ bool SettingsFile::IsLarge(SectionNumber section) const {
   return sections_[section].end - sections_[section].begin > kMostBytes || added_.contains(section);
 }
 
-SettingsFile::NameIndex& SettingsFile::KeyIndexOf(SectionNumber section) const {
-  std::unique_ptr<NameIndex>& index = keyIndexes_[section];
-  if (index) return *index;
-  std::size_t keys = 0;
-  ForEachKey(section, [&](Place, std::string_view) { ++keys; });
-  index = std::make_unique<NameIndex>(keys);
-  const auto keyAt = [this](Place line) { return KeyOf(LineAt(line)); };
-  ForEachKey(section, [&](Place line, std::string_view key) {
-    if (!index->Find(key, keyAt)) index->Add(key, line);
-  });
-  return *index;
+NameIndex& SettingsFile::KeyIndexOf(SectionNumber section) const {
+  const auto [index, isNew] = keyIndexes_.try_emplace(section);
+  if (isNew) {
+    ForEachKey(section, [&](Place line, std::string_view key) {
+      index->second.Add(key, line, [this](Place at) { return KeyAt(at); });
+    });
+  }
+  return index->second;
 }
 
 const std::vector<SettingsFile::Key>& SettingsFile::KeysOf(SectionNumber section) const {
@@ -261,7 +217,7 @@ std::optional<SettingsFile::Place> SettingsFile::FindLine(SectionNumber section,
                                                           std::string_view key) const {
   if (key.empty()) return std::nullopt;
   if (IsLarge(section)) {
-    return KeyIndexOf(section).Find(key, [this](Place line) { return KeyOf(LineAt(line)); });
+    return KeyIndexOf(section).Find(key, [this](Place line) { return KeyAt(line); });
   }
   for (const Key& other : KeysOf(section)) {
     if (EqualIgnoringAsciiCase(Text(other.begin, other.end), key)) return other.line;
@@ -320,7 +276,7 @@ SettingsFile::SectionNumber SettingsFile::AddSection(std::string_view name) {
   const Place begin = Append(header);
   sections_.push_back({begin, static_cast<Place>(text_.size())});
   const auto number = static_cast<SectionNumber>(sections_.size() - 1);
-  sectionIndex_->Add(NameOf(number), number);
+  sectionIndex_->Add(NameOf(number), number, [this](SectionNumber at) { return NameOf(at); });
   lastName_ = NameOf(number);
   lastSection_ = number;
   return number;
@@ -338,7 +294,8 @@ void SettingsFile::AddLine(SectionNumber section, std::string_view line, std::si
   const Key key{added, added, static_cast<Place>(added + keySize)};
   if (keysSection_ == section) keys_.push_back(key);
   const auto index = keyIndexes_.find(section);
-  if (index != keyIndexes_.end()) index->second->Add(Text(key.begin, key.end), added);
+  if (index == keyIndexes_.end()) return;
+  index->second.Add(Text(key.begin, key.end), added, [this](Place at) { return KeyAt(at); });
 }
 
 SettingsFile::Place SettingsFile::EndWithoutBlankLines(const Section& section) const {

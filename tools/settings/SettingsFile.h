@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,6 +19,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "tools/settings/NameIndex.h"
 
 namespace tools {
 
@@ -61,8 +64,6 @@ class SettingsFile {
   void ForgetWrites() { written_.clear(); }
 
  private:
-  class NameIndex;
-
   /// A place in text_: the first byte of a line.
   using Place = std::uint32_t;
   /// A position in sections_.
@@ -96,6 +97,7 @@ class SettingsFile {
   [[nodiscard]] std::string_view LineAt(Place line) const;
   /// The line that stands at a line's place by now.
   [[nodiscard]] std::string_view CurrentLine(Place line) const;
+  [[nodiscard]] std::string_view KeyAt(Place line) const;
   [[nodiscard]] std::string_view NameOf(SectionNumber section) const;
 
   [[nodiscard]] std::optional<SectionNumber> FindSection(std::string_view name) const;
@@ -119,15 +121,17 @@ class SettingsFile {
 
   std::string text_;  ///< the content as it was read, and behind it every line written since
   std::string_view lineEnd_ = "\n";
-  std::vector<Section> sections_;  ///< the first one is what stands before all headers
+  /// The first one is what stands before all headers. No vector: while that grows, it would take
+  /// thrice the room for a file of nothing but headers.
+  std::deque<Section> sections_;
   /// Lines that follow a section's text, but stand before blank lines at its end.
   std::unordered_map<SectionNumber, std::vector<Place>> added_;
   std::unordered_map<Place, Place> replaced_;  ///< lines, and the lines that took their places
   std::vector<WrittenLines> written_;          ///< what ReplayWrites is to repeat
 
   // Made when they are first needed.
-  mutable std::unique_ptr<NameIndex> sectionIndex_;
-  mutable std::unordered_map<SectionNumber, std::unique_ptr<NameIndex>> keyIndexes_;
+  mutable std::optional<NameIndex> sectionIndex_;
+  mutable std::unordered_map<SectionNumber, NameIndex> keyIndexes_;
   // The section found last and the keys of the small section searched last: the next search is
   // mostly for them too.
   mutable std::string lastName_;
