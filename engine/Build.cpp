@@ -37,8 +37,8 @@ class Build {
         version_(version),
         observer_(observer),
         title_(environment.project.ProductTitle()),
-        log_(environment.clock, observer),
-        progress_(observer, environment.clock) {}
+        progress_(observer, environment.clock),
+        log_(environment.clock, observer) {}
 
   BuildSummary Run() {
     try {
@@ -111,12 +111,12 @@ class Build {
   [[nodiscard]] bool Replaces() const { return !old_.files.empty(); }
 
   void MakeSetup(const ScriptHead& head) {
+    log_.WriteTo(environment_.disk, InStage(kLogName));
     StoreFiles();
     WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
                        survey_, names_);
     CopyPrograms();
-    tools::WriteTextFile(environment_.disk, InStage(kLogName), log_.Text(),
-                         tools::ReplacementFile::Durability::Cached);
+    log_.EndBuildLog();
     if (environment_.fileTime) tools::SetTreeTime(stage_->Path(), *environment_.fileTime);
     summary_.warnings = log_.WarningCount();
     summary_.errors = log_.ErrorCount();
@@ -220,7 +220,6 @@ class Build {
   std::int32_t version_;
   BuildObserver& observer_;
   std::string title_;
-  BuildLog log_;
   BuildProgress progress_;
   Survey survey_;
   StoredNameMap names_;
@@ -229,6 +228,7 @@ class Build {
   bool isIncomplete_ = false;
   std::string unread_;  ///< a source that is there, as far as the system tells, and was not read
   std::optional<SetupStage> stage_;
+  BuildLog log_;  ///< its file lies in the stage
   BuildSummary summary_;
 };
 

@@ -23,12 +23,23 @@ BuildLog::BuildLog(const tools::Clock& clock, BuildObserver& observer)
     : clock_(clock), observer_(observer) {}
 
 void BuildLog::BeginBuildLog() {
-  text_.clear();
+  unwritten_.clear();
+  file_.reset();
   errors_ = 0;
   warnings_ = 0;
   Append(kLogHead, "");
   Append("Created: ", clock_.DateTimeText());
   Append("", "");
+}
+
+void BuildLog::WriteTo(tools::Disk& disk, const std::string& path) {
+  file_ = std::make_unique<tools::ReplacementFile>(disk, path);
+}
+
+void BuildLog::EndBuildLog() {
+  WriteOut();
+  file_->Commit(tools::ReplacementFile::Durability::Cached);
+  file_.reset();
 }
 
 void BuildLog::LogWarning(std::string_view text, const Place& place) {
@@ -45,7 +56,14 @@ void BuildLog::LogError(std::string_view text, const Place& place, std::string_v
 
 void BuildLog::Append(std::string_view prefix, std::string_view text) {
   // A path that a line names may hold what would break the line.
-  text_.append(prefix).append(tools::EscapeControlCharacters(text)).append("\r\n");
+  unwritten_.append(prefix).append(tools::EscapeControlCharacters(text)).append("\r\n");
+  constexpr std::size_t kMostUnwritten = std::size_t{64} << 10U;
+  if (file_ && unwritten_.size() >= kMostUnwritten) WriteOut();
+}
+
+void BuildLog::WriteOut() {
+  file_->File().Write(unwritten_);
+  unwritten_.clear();
 }
 
 void BuildLog::Tell(Severity severity, std::string_view text, const Place& place,

@@ -5,15 +5,18 @@
 //   <empty line>
 //   Warning: <text>  or  ERROR: <text>, in the order of logging
 //
-// Every line ends in CR LF. The build writes the text to "build.log" at its end.
+// Every line ends in CR LF. The text is written as it grows: a log of a million messages costs no
+// memory.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "engine/BuildObserver.h"
 #include "tools/Clock.h"
+#include "tools/files/Disk.h"
 
 namespace engine {
 
@@ -31,22 +34,30 @@ class BuildLog {
 
   /// Starts the log anew with its three header lines.
   void BeginBuildLog();
+  /// From here on the log goes to a file that becomes `path`; until then it is kept. `disk` must
+  /// outlive the log. Raises tools::Error.
+  void WriteTo(tools::Disk& disk, const std::string& path);
+  /// Ends the file. Raises tools::Error.
+  void EndBuildLog();
+
+  // These raise tools::Error when the file cannot be written, or the count overflows.
+
   void LogWarning(std::string_view text, const Place& place = {});
-  /// `detail` is for the observer alone: a cause that the text does not hold. Raises tools::Error
-  /// when the count overflows.
+  /// `detail` is for the observer alone: a cause that the text does not hold.
   void LogError(std::string_view text, const Place& place = {}, std::string_view detail = {});
 
-  [[nodiscard]] const std::string& Text() const { return text_; }
   [[nodiscard]] std::int32_t ErrorCount() const { return errors_; }
   [[nodiscard]] std::int32_t WarningCount() const { return warnings_; }
 
  private:
   void Append(std::string_view prefix, std::string_view text);
+  void WriteOut();
   void Tell(Severity severity, std::string_view text, const Place& place, std::string_view detail);
 
   const tools::Clock& clock_;
   BuildObserver& observer_;
-  std::string text_;
+  std::string unwritten_;  ///< the end of the text
+  std::unique_ptr<tools::ReplacementFile> file_;
   std::int32_t errors_ = 0;
   std::int32_t warnings_ = 0;
 };
