@@ -1,7 +1,6 @@
 #include "console/Program.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -10,6 +9,7 @@
 #include "console/ProductProof.h"
 #include "console/ProductVersion.h"
 #include "console/ReportedCall.h"
+#include "console/SourceDate.h"
 #include "console/TextReport.h"
 #include "engine/Build.h"
 #include "engine/BuildCheck.h"
@@ -18,7 +18,6 @@
 #include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/Clock.h"
-#include "tools/EpochClock.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Disk.h"
@@ -146,29 +145,15 @@ ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version,
   return result.findings.empty() ? ExitCode::Built : ExitCode::BuiltWithErrors;
 }
 
-// See https://reproducible-builds.org/specs/source-date-epoch/.
-std::optional<std::int64_t> SourceDate(const std::string& text) {
-  if (text.empty()) return std::nullopt;
-  std::int64_t seconds = -1;
-  const char* const end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, seconds);
-  if (result.ec == std::errc{} && result.ptr == end && seconds >= 0 &&
-      seconds <= tools::EpochClock::kLast) {
-    return seconds;
-  }
-  throw BadCall{"SOURCE_DATE_EPOCH ist keine Anzahl von Sekunden: " + text};
-}
-
 ExitCode Build(const model::ModProject& project, const engine::BuildOptions& options,
                std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
                Report& report) {
   if (line.overwrite) report.Allow(Replaceable::EarlierSetup);
   if (line.force) report.Allow(Replaceable::Everything);
   const std::optional<std::int64_t> date = SourceDate(surroundings.sourceDate);
-  std::unique_ptr<tools::Clock> clock = std::make_unique<tools::SystemClock>();
+  const std::unique_ptr<tools::Clock> clock = ClockAt(date);
   std::optional<std::int64_t> fileTime;
   if (date) {
-    clock = std::make_unique<tools::EpochClock>(*date);
     constexpr std::int64_t kPerSecond = 1'000'000'000;
     fileTime = std::min(*date, std::numeric_limits<std::int64_t>::max() / kPerSecond) * kPerSecond;
   }

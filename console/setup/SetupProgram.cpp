@@ -1,10 +1,12 @@
 #include "console/setup/SetupProgram.h"
 
+#include <memory>
 #include <optional>
 
 #include "console/ProductProof.h"
 #include "console/ProductVersion.h"
 #include "console/ReportedCall.h"
+#include "console/SourceDate.h"
 #include "console/setup/JsonSetupReport.h"
 #include "console/setup/SetupCommandLine.h"
 #include "console/setup/TextSetupReport.h"
@@ -81,13 +83,14 @@ ExitCode Unpack(const std::string& path, const std::string& folder, tools::Disk&
 
 ExitCode Prove(const std::string& path, const SetupCommandLine& line,
                const Surroundings& surroundings, SetupReport& report) {
+  const std::unique_ptr<tools::Clock> clock = ClockAt(SourceDate(surroundings.sourceDate));
   const setup::Setup setup = Open(path);
   tools::SettingsStore store(surroundings.disk);
   model::ModProject project(store);
   OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
   const std::int32_t version = FindVersion(project, line.version);
   const setup::ProofResult result =
-      ProveVersion(setup, project, version, tools::SystemClock(),
+      ProveVersion(setup, project, version, *clock,
                    [&](const tools::Progress& progress) { report.OnProgress(progress); });
   const ExitCode code = Conclude(result.findings, result.furtherFindings, report);
   report.ProofEnd(result);

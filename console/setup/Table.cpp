@@ -3,11 +3,18 @@
 #include <algorithm>
 #include <ostream>
 
+#include "tools/Text.h"
+
 namespace console {
 
 std::size_t CharacterCount(const std::string& text) {
   return static_cast<std::size_t>(std::ranges::count_if(
       text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+void Table::Add(std::vector<std::string> cells) {
+  for (std::string& cell : cells) cell = tools::EscapeControlCharacters(cell);
+  rows_.push_back(std::move(cells));
 }
 
 void Table::WriteAligned(std::ostream& output, const std::string& indent) {
@@ -32,7 +39,7 @@ void Table::WriteAligned(std::ostream& output, const std::string& indent) {
 void WriteTabbed(std::ostream& output, std::vector<std::string> cells) {
   for (std::size_t i = 0; i < cells.size(); ++i) {
     std::ranges::replace(cells[i], '\t', ' ');
-    output << (i > 0 ? "\t" : "") << cells[i];
+    output << (i > 0 ? "\t" : "") << tools::EscapeControlCharacters(cells[i]);
   }
   output << '\n';
 }

@@ -15,8 +15,8 @@ class Table {
  public:
   explicit Table(std::vector<Align> columns) : columns_(std::move(columns)) {}
 
-  /// Adds a row with one cell for each column.
-  void Add(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
+  /// Adds a row with one cell for each column. Their control characters are shown as escapes.
+  void Add(std::vector<std::string> cells);
 
   /// Writes rows with their cells one below the other, two blanks between columns, each line behind
   /// `indent`; then forgets them.
@@ -27,7 +27,8 @@ class Table {
   std::vector<std::vector<std::string>> rows_;
 };
 
-/// Writes one row with tabs between its cells. A tab inside a cell becomes a blank.
+/// Writes one row with tabs between its cells. A tab inside a cell becomes a blank, other control
+/// characters are shown as escapes.
 void WriteTabbed(std::ostream& output, std::vector<std::string> cells);
 
 /// The number of characters of a UTF-8 text, with marks that stand above others as one more.

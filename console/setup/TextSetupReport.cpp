@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "console/TextReport.h"
+#include "tools/Text.h"
 
 namespace console {
 
@@ -15,6 +16,9 @@ const std::vector<std::string> kColumns{"Ziel",          "Größe",      "Vorhan
                                         "Registrierung", "Bei Fehler", "Abgelegt als"};
 const std::vector<Align> kAlignment{Align::Left, Align::Right, Align::Left,
                                     Align::Left, Align::Left,  Align::Left};
+
+/// Nothing that a setup holds may steer the terminal.
+std::string Shown(const std::string& text) { return tools::EscapeControlCharacters(text); }
 
 std::string SizeText(const std::optional<std::uint64_t>& size, bool forPeople) {
   if (!size) return "fehlt";
@@ -73,12 +77,13 @@ std::string OriginText(const setup::Finding& finding) {
 
 void TextSetupReport::Failure(const std::string& text) {
   ClearProgress();
-  Errors() << "packwright-setup: " << text << std::endl;
+  Errors() << "packwright-setup: " << Shown(text) << std::endl;
 }
 
 void TextSetupReport::OnFinding(const setup::Finding& finding) {
   ClearProgress();
-  Errors() << "Fehler: " << PlaceText(finding) << finding.text << OriginText(finding) << std::endl;
+  const std::string text = PlaceText(finding) + finding.text + OriginText(finding);
+  Errors() << "Fehler: " << Shown(text) << std::endl;
 }
 
 void TextSetupReport::FindingsEnd(std::size_t count) {
@@ -137,7 +142,7 @@ void TextSetupReport::ListFiles(const setup::Setup& setup) {
     const bool first = i == 0 || plan.files[i - 1].component != file.component;
     if (first) {
       table.WriteAligned(Output(), "  ");
-      Output() << "\nKomponente \"" << component << "\"\n";
+      Output() << "\nKomponente \"" << Shown(component) << "\"\n";
       if (!Quiet()) table.Add(kColumns);
     }
     table.Add(std::move(row));
@@ -149,14 +154,14 @@ void TextSetupReport::Installed(const setup::InstalledFile& file) {
   // Where the other files are is plain to see.
   if (!file.IsRedirected() || Quiet()) return;
   ClearProgress();
-  Output() << file.planned.target << " -> " << file.place << '\n';
+  Output() << Shown(file.planned.target + " -> " + file.place) << '\n';
 }
 
 void TextSetupReport::InstallationEnd(const setup::InstallationTotals& totals,
                                       const std::string& folder) {
   ClearProgress();
   if (Quiet()) return;
-  Output() << "Zur Probe installiert: " << folder << '\n'
+  Output() << "Zur Probe installiert: " << Shown(folder) << '\n'
            << "  Neu:        " << totals.created << '\n'
            << "  Ersetzt:    " << totals.replaced << '\n'
            << "  Geblieben:  " << totals.kept << '\n'
@@ -172,7 +177,7 @@ void TextSetupReport::ProofEnd(const setup::ProofResult& result) {
 void TextSetupReport::Differences(const setup::SetupComparison& comparison) {
   ClearProgress();
   for (const setup::Difference& difference : comparison.differences) {
-    Output() << DifferenceText(difference) << '\n';
+    Output() << Shown(DifferenceText(difference)) << '\n';
   }
   if (Quiet()) return;
   if (comparison.differences.empty()) Output() << "Kein Unterschied.\n";

@@ -27,12 +27,14 @@ class SetupProgramTest : public tests::BuildFixture {
         RunSetupProgram(arguments, {.streams = {output, errors, terminal, terminal},
                                     .workingFolder = folder_.Path(),
                                     .programFolder = {},
-                                    .disk = disk_});
+                                    .disk = disk_,
+                                    .sourceDate = sourceDate_});
     output_ = output.str();
     errors_ = errors.str();
     return code;
   }
 
+  std::string sourceDate_;
   std::string output_;
   std::string errors_;
 };
@@ -97,6 +99,12 @@ TEST_F(SetupProgramTest, ProvesASetup) {
   EXPECT_EQ(Call(call), ExitCode::Built) << errors_;
   EXPECT_EQ(output_,
             "Bewiesen: 3 Dateien, 1,5 kB kommen ganz und unverändert an, und sonst nichts.\n");
+  sourceDate_ = "1000000001";  // in 2001
+  EXPECT_EQ(Call(call), ExitCode::BuiltWithErrors);
+  EXPECT_THAT(errors_, HasSubstr("Jahr: \"2020\""));
+  sourceDate_ = "gestern";
+  EXPECT_EQ(Call(call), ExitCode::BadCall);
+  sourceDate_.clear();
   folder_.Write("quelle/b.txt", "bc");
   EXPECT_EQ(Call(call), ExitCode::BuiltWithErrors);
   EXPECT_THAT(errors_, HasSubstr("[Komponente 1 \"Über\", Eintrag 2]\n1 Beanstandung.\n"));
@@ -136,6 +144,24 @@ TEST_F(SetupProgramTest, SaysWhatANewSetupDoesOtherwise) {
       AllOf(HasSubstr("\"what\":\"Inhalt\",\"oldValue\":\"1 Bytes\",\"newValue\":\"0 Bytes\""),
             HasSubstr(
                 "\"what\":\"Vorhandene Datei\",\"oldValue\":\"bleibt\",\"newValue\":\"ersetzt\"")));
+}
+
+TEST_F(SetupProgramTest, NothingThatASetupHoldsSteersTheTerminal) {
+  Run();
+  const std::string script = Out("Probe.install");
+  const std::pair<const char*, const char*> changes[] = {
+      {"Über", "\x1B[2JÜ"}, {"b.txt", "\x1B[2Jb"}, {"End Sub", "\x1B[2J\r\nEnd Sub"}};
+  for (const auto& [from, to] : changes) {
+    folder_.Write("neu/Probe.install", tools::ReplaceAll(script, from, to));
+    folder_.Write("neu/Probe.zip", Out("Probe.zip"));
+    for (const bool terminal : {false, true}) {
+      for (const std::vector<std::string>& call :
+           {std::vector<std::string>{"list", "neu"}, {"compare", "aus", "neu"}}) {
+        (void)Call(call, terminal);
+        EXPECT_THAT(output_ + errors_, testing::Not(HasSubstr("\x1B[2"))) << to << call.front();
+      }
+    }
+  }
 }
 
 TEST_F(SetupProgramTest, TellsFindingsWithTheirPlace) {
