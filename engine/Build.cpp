@@ -111,7 +111,6 @@ class Build {
   [[nodiscard]] bool Replaces() const { return !old_.files.empty(); }
 
   void MakeSetup(const ScriptHead& head) {
-    log_.WriteTo(environment_.disk, InStage(kLogName));
     StoreFiles();
     WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
                        survey_, names_);
@@ -154,6 +153,7 @@ class Build {
   void StoreFiles() {
     progress_.Start(survey_.files, survey_.bytes);
     const std::unique_ptr<FileStore> store = MakeStore();
+    log_.WriteTo(environment_.disk, InStage(kLogName));
     const StoreFailures failures = engine::StoreFiles(survey_, *store, names_, log_);
     summary_.diskFull = failures.diskFull;
     isIncomplete_ = summary_.diskFull;
