@@ -38,11 +38,17 @@ bool IsTemporaryName(const std::string& name) {
   return tools::IsPortableFileName(name.ends_with('.') ? name.substr(0, name.size() - 1) : name);
 }
 
-// True for a path that stays below the folder from which it is taken.
-bool StaysBelow(std::string_view path) {
-  const TargetPath parts = SplitTarget(path);
-  return parts.kind == TargetPath::Kind::Root && !parts.climbs && !parts.parts.empty() &&
-         path.front() != '\\' && path.front() != '/';
+// A path below the folder of the setup without detours, as the system finds it; empty for one that
+// leads out.
+std::string PathInSetup(std::string_view path) {
+  const TargetPath target = SplitTarget(path);
+  std::string stored;
+  if (target.kind != TargetPath::Kind::Root || target.climbsOut) return stored;
+  for (const std::string& part : target.parts) {
+    if (!stored.empty()) stored += '\\';
+    stored += part;
+  }
+  return stored;
 }
 
 }  // namespace
@@ -265,10 +271,8 @@ void ScriptReader::TakeSource(std::string_view source) {
     file_.stored = member_;
     return;
   }
-  file_.stored = BelowFolder(source, kSetupFolder);
-  if (!file_.stored.empty() && StaysBelow(file_.stored)) return;
-  Report("Erwartet: eine Datei unter %SrcPath%.");
-  file_.stored.clear();
+  file_.stored = PathInSetup(BelowFolder(source, kSetupFolder));
+  if (file_.stored.empty()) Report("Erwartet: eine Datei unter %SrcPath%.");
 }
 
 void ScriptReader::EndBlock() {

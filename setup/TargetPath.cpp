@@ -14,7 +14,11 @@ char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a
 
 // Takes the top off the path.
 TargetPath TakeTop(std::string_view& path) {
-  TargetPath target{.kind = TargetPath::Kind::Root, .top = "root", .parts = {}, .climbs = false};
+  TargetPath target{.kind = TargetPath::Kind::Root,
+                    .top = "root",
+                    .parts = {},
+                    .climbs = false,
+                    .climbsOut = false};
   const std::string_view first = path.substr(0, path.find_first_of("\\/"));
   if (first.size() > 2 && first.front() == '%' && first.back() == '%') {
     target.kind = TargetPath::Kind::Folder;
@@ -37,6 +41,7 @@ TargetPath SplitTarget(std::string_view path) {
     path.remove_prefix(std::min(path.size(), part.size() + 1));
     if (part == "..") {
       target.climbs = true;
+      target.climbsOut = target.climbsOut || target.parts.empty();
       if (!target.parts.empty()) target.parts.pop_back();
     } else if (!part.empty() && part != ".") {
       target.parts.emplace_back(part);

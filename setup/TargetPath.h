@@ -16,8 +16,9 @@ struct TargetPath {
   Kind kind = Kind::Root;
   std::string top;
   std::vector<std::string>
-      parts;            ///< what follows, without "." and ".."; the last is the file's name
-  bool climbs = false;  ///< ".." was taken out: as a file system would, but never above `top`
+      parts;               ///< what follows, without "." and ".."; the last is the file's name
+  bool climbs = false;     ///< ".." was taken out: as a file system would, but never above `top`
+  bool climbsOut = false;  ///< one of them would have led above it
 };
 
 /// Takes a path apart at "\" and "/".

@@ -113,9 +113,18 @@ TEST(ScriptReader, SkipsTheBlockOfAnIfThatCannotBeRead) {
   EXPECT_EQ(reading.plan.files[0].stored, "2.txt");
 }
 
+TEST(ScriptReader, TakesSourcesByTheirShortestPath) {
+  for (const char* source : {"%SrcPath%\\\\x.txt", "%SrcPath%\\a\\..\\.\\x.txt"}) {
+    const ScriptReading reading = Read(
+        Changed("'Install files", "'Install files for \"A\"\nIf Not Copy(\"" + std::string(source) +
+                                      "\", \"C:\\x.txt\") Then\nEnd If\n'Install files"));
+    EXPECT_EQ(reading.plan.files.at(0).stored, "x.txt") << source;
+  }
+}
+
 TEST(ScriptReader, TakesNoSourceFromOutsideTheSetup) {
   for (const char* source : {"%SrcPath%\\..\\x.txt", "C:\\x.txt", "%SrcPath%\\C:\\x", "%SrcPath%",
-                             "%SrcPath%\\\\x", "%TempPath%\\x.txt"}) {
+                             "%SrcPath%\\a\\..\\..\\x", "%TempPath%\\x.txt"}) {
     const ScriptReading reading = Read(
         Changed("'Install files", "'Install files for \"A\"\nIf Not Copy(\"" + std::string(source) +
                                       "\", \"C:\\x.txt\") Then\nEnd If\n'Install files"));
