@@ -123,7 +123,7 @@ class Build {
 
   // Log, script and files of one setup move in together or not at all.
   void Publish() {
-    if (Replaces() && (isIncomplete_ || !unread_.empty())) {
+    if (Replaces() && isIncomplete_) {
       End(BuildOutcome::Incomplete, WhyIncomplete() + model::LoadText(model::Text::OldSetupStays));
       return;
     }
@@ -141,8 +141,7 @@ class Build {
 
   [[nodiscard]] std::string WhyIncomplete() const {
     if (summary_.diskFull) return "Der Datenträger ist voll. ";
-    if (isIncomplete_) return "Das Archiv konnte nicht erstellt werden. ";
-    return model::LoadText(model::Text::SourcesNotRead) + ": " + unread_ + ". ";
+    return "Das Archiv konnte nicht erstellt werden. ";
   }
 
   void End(BuildOutcome outcome, std::string reason) {
@@ -154,10 +153,8 @@ class Build {
     progress_.Start(survey_.files, survey_.bytes);
     const std::unique_ptr<FileStore> store = MakeStore();
     log_.WriteTo(environment_.disk, InStage(kLogName));
-    const StoreFailures failures = engine::StoreFiles(survey_, *store, names_, log_);
-    summary_.diskFull = failures.diskFull;
+    summary_.diskFull = engine::StoreFiles(survey_, *store, names_, log_);
     isIncomplete_ = summary_.diskFull;
-    unread_ = failures.unread;
     if (const std::optional<tools::Error> failure = store->Finish()) {
       isIncomplete_ = true;
       NoteDiskFull(failure->Cause());
@@ -226,7 +223,6 @@ class Build {
   std::optional<tools::FolderClaim> claim_;  ///< on the output folder, as long as this lives
   OutputContent old_;                        ///< what lay there at first
   bool isIncomplete_ = false;
-  std::string unread_;  ///< a source that is there, as far as the system tells, and was not read
   std::optional<SetupStage> stage_;
   BuildLog log_;  ///< its file lies in the stage
   BuildSummary summary_;

@@ -71,6 +71,8 @@ class Checker {
     if (folder.IsAccepted()) folder = AcceptContent(folder, ContentOf(folder.path), places);
     if (!folder.IsAccepted()) {
       findings_.Report("Der Ausgabeordner ist ungültig. " + folder.reason);
+    } else if (!tools::CanMakeFilesIn(folder.path)) {
+      findings_.Report("In den Ausgabeordner kann nicht geschrieben werden: " + folder.path);
     }
   }
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "model/TextTable.h"
+#include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/Mounts.h"
@@ -85,6 +86,8 @@ model::Text TextOf(FolderRefusal refusal) {
       return Text::FolderIsMount;
     case FolderRefusal::MountBelow:
       return Text::FolderHoldsMount;
+    case FolderRefusal::NotReached:
+      return Text::FolderNotReached;
     case FolderRefusal::UnknownSources:
       return Text::SourcesAreUnknown;
   }
@@ -117,8 +120,12 @@ OutputFolder AcceptOutputFolder(std::string_view text, const model::ModProject& 
   }
   const std::string controlled = VersionControlAt(path);
   if (!controlled.empty()) return Refuse(FolderRefusal::VersionControl, controlled);
-  const std::string obstacle = ObstacleOn(path);
-  if (!obstacle.empty()) return Refuse(FolderRefusal::NotAFolder, obstacle);
+  try {
+    const std::string obstacle = ObstacleOn(path);
+    if (!obstacle.empty()) return Refuse(FolderRefusal::NotAFolder, obstacle);
+  } catch (const tools::Error& error) {
+    return Refuse(FolderRefusal::NotReached, error.what());
+  }
   return {path, FolderRefusal::None, {}};
 }
 

@@ -28,7 +28,8 @@ enum class FolderRefusal {
   VersionControl,  ///< it belongs to version control, or holds a folder that does
   Mount,           ///< it is the root of a mounted file system that holds anything but a setup
   MountBelow,      ///< a file system is mounted in it
-  UnknownSources   ///< it holds files, and another version's sources cannot be told
+  UnknownSources,  ///< it holds files, and another version's sources cannot be told
+  NotReached,      ///< the system does not let one look at it
 };
 
 class ProtectedPlaces {

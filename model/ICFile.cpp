@@ -49,21 +49,21 @@ bool IsNeeded(const FileEntryField& field, const ICFile& entry, EntryUse use) {
 
 const std::array<FileEntryField, 14>& FileEntryFields() {
   static constexpr std::array<FileEntryField, 14> kFields{{
-      {"Type", Text::EntryType, &ICFile::Type},
-      {"Exclude", Text::EntryExclude, &ICFile::Exclude},
-      {"ID", Text::EntryGuid, &ICFile::ID, Access::ReadOnly},
-      {"IncludeChildren", Text::EntryIncludeSubfolders, &ICFile::IncludeChildren, Access::Editable,
+      {"Type", Text::EntryType, &ICFile::Type, "0"},
+      {"Exclude", Text::EntryExclude, &ICFile::Exclude, "0"},
+      {"ID", Text::EntryGuid, &ICFile::ID, "", BuildUse::Always, Access::ReadOnly},
+      {"IncludeChildren", Text::EntryIncludeSubfolders, &ICFile::IncludeChildren, "0",
        BuildUse::FolderScan},
-      {"Overwrite", Text::EntryOverwrite, &ICFile::Overwrite},
-      {"Permanent", Text::EntryPermanent, &ICFile::Permanent, Access::Editable, BuildUse::Never},
-      {"RegisterPath", Text::EntryRegisterPath, &ICFile::RegisterPath},
-      {"SelfRegisterDLL", Text::EntrySelfRegister, &ICFile::SelfRegisterDLL},
+      {"Overwrite", Text::EntryOverwrite, &ICFile::Overwrite, "0"},
+      {"Permanent", Text::EntryPermanent, &ICFile::Permanent, "0", BuildUse::Never},
+      {"RegisterPath", Text::EntryRegisterPath, &ICFile::RegisterPath, "0"},
+      {"SelfRegisterDLL", Text::EntrySelfRegister, &ICFile::SelfRegisterDLL, "0"},
       {"SourceName", Text::EntrySourceName, &ICFile::SourceName},
       {"SourcePath", Text::EntrySourceFolder, &ICFile::SourcePath},
-      {"TargetFolder", Text::EntryTargetFolder, &ICFile::TargetFolder},
+      {"TargetFolder", Text::EntryTargetFolder, &ICFile::TargetFolder, "0"},
       {"TargetName", Text::EntryTargetName, &ICFile::TargetName},
       {"TargetSubFolder", Text::EntryTargetSubfolder, &ICFile::TargetSubFolder},
-      {"Vital", Text::EntryVital, &ICFile::Vital, Access::Editable, BuildUse::Always, "1"},
+      {"Vital", Text::EntryVital, &ICFile::Vital, "1"},
   }};
   return kFields;
 }

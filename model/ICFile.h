@@ -44,9 +44,9 @@ struct FileEntryField {
   std::string_view name;  ///< of its key, and of its row in the editor
   Text title;
   Member member;
-  Access access = Access::Editable;
+  std::string_view standard = "";  ///< what an absent key counts as; a number for a number
   BuildUse buildUse = BuildUse::Always;
-  std::string_view standard = "";  ///< what an absent key counts as
+  Access access = Access::Editable;
 };
 
 /// All fields, in the order in which they are stored and shown.

@@ -75,7 +75,7 @@ TEST_F(UnreadableTest, SettingsEndABuildBeforeItChangesAnythingAndAreAFindingOfT
   }
 }
 
-TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolderAndReplacesNoOlderSetup) {
+TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolderAlone) {
   Lock("baum/1");
   SetMode("", 0777);
   const std::vector<std::string> call{"1.0.0", "--output", folder_.Path("neu"), "--overwrite",
@@ -85,20 +85,31 @@ TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolderAndReplacesNoOlderSetup) {
               HasSubstr("\nERROR: Unable to read folder '" + folder_.Path("baum/1") +
                         "': Zugriff verweigert\r\n"));
   EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
-  EXPECT_EQ(Run({"1.0.0", "--check"}), ExitCode::BuiltWithErrors);
+  EXPECT_EQ(Run({"1.0.0", "--check", "--output", folder_.Path("aus")}), ExitCode::BuiltWithErrors);
   EXPECT_THAT(text_, AllOf(HasSubstr("Der Ordner kann nicht gelesen werden: " +
                                      folder_.Path("baum/1") + " (Zugriff verweigert)"),
                            HasSubstr("1 Beanstandung.")));
   folder_.Write("baum/2/c.txt", "anders");
   for (const char* locked : {"baum/1", "src/a.txt", "src"}) {
     Lock(locked);
-    EXPECT_EQ(Run(call), ExitCode::Stopped);
-    EXPECT_THAT(text_, AllOf(HasSubstr("Quelldateien konnten nicht gelesen werden: "),
-                             HasSubstr(folder_.Path(locked)),
-                             HasSubstr("Der bisherige Inhalt des Ausgabeordners bleibt")));
-    EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
-    EXPECT_EQ(Run({"1.0.0", "--check"}), ExitCode::BuiltWithErrors);
+    EXPECT_EQ(Run(call), ExitCode::BuiltWithErrors) << locked;
+    EXPECT_THAT(folder_.Read("neu/build.log"), HasSubstr(folder_.Path(locked)));
+    EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "anders");
+    EXPECT_EQ(Run({"1.0.0", "--check", "--output", folder_.Path("aus")}),
+              ExitCode::BuiltWithErrors);
     EXPECT_THAT(text_, AllOf(HasSubstr(folder_.Path(locked)), HasSubstr("1 Beanstandung.")));
+  }
+}
+
+TEST_F(UnreadableTest, AnOutputFolderThatCannotBeWrittenToIsAFindingOfTheCheck) {
+  folder_.MakeFolder("fest");
+  SetMode("fest", 0555);
+  for (const char* output : {"fest", "fest/neu", "fest/neu/tief"}) {
+    const std::vector<std::string> call{"1.0.0", "--output", folder_.Path(output)};
+    EXPECT_EQ(Run(call), ExitCode::Stopped) << output;
+    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path(output), "--check"}),
+              ExitCode::BuiltWithErrors);
+    EXPECT_THAT(text_, HasSubstr("In den Ausgabeordner kann nicht geschrieben werden: "));
   }
 }
 

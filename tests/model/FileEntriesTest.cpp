@@ -41,6 +41,14 @@ class FileEntriesTest : public testing::Test {
   }
 };
 
+// The host of a page takes an absent number that is saved as 0 for no edit.
+TEST_F(FileEntriesTest, NumbersAreReadWithANumberAsDefault) {
+  for (const FileEntryField& field : FileEntryFields()) {
+    const bool isText = std::holds_alternative<std::string ICFile::*>(field.member);
+    EXPECT_EQ(field.standard, isText ? "" : field.name == "Vital" ? "1" : "0") << field.name;
+  }
+}
+
 TEST_F(FileEntriesTest, KeepsOneEntryOfEachIdInTheOrderOfInsertion) {
   FileEntries entries = WithIds({"c", "a", "", "b"});
   EXPECT_THAT(tests::ErrorOf([&] { entries.Add(*entries.Find("a")); }),

@@ -87,7 +87,11 @@ class DetailsPagesTest : public QObject {
       QVERIFY2(f.page->IsDirty(), name);
     }
     f.page->SetDirty(false);
-    QTest::keyClick(&Child(*f.page, "cmbProgramType"), Qt::Key_Down);
+    for (const auto& [key, subtypes] :
+         {std::pair(Qt::Key_Down, 2), {Qt::Key_Down, 0}, {Qt::Key_Up, 2}}) {
+      QTest::keyClick(&Child(*f.page, "cmbProgramType"), key);
+      QCOMPARE(Child<QComboBox>(*f.page, "cmbProgramSubtype").count(), subtypes);
+    }
     QVERIFY(f.page->IsDirty());
     f.page->ApplyChanges();
     QVERIFY(!f.page->IsDirty());

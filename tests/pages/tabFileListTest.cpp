@@ -166,6 +166,14 @@ class tabFileListTest : public QObject {
     QCOMPARE(f.Stored("File1", {"Type"}), "2");
   }
 
+  void TheWheelOverAnUnfocusedFolderBoxChangesNothing() {
+    Fixture f("");
+    auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
+    f.List().setFocus();
+    TurnWheel(folders, -120);
+    QCOMPARE(folders.currentIndex(), 0);
+  }
+
   void OnlyTheButtonRemovesAnEntry() {
     Fixture f("[Files]\nCount=2\n[File1]\nID=a\nTargetFolder=2\n[File2]\nID=b\nTargetFolder=2\n");
     QMenu& menu = f.OpenMenu(false);

@@ -69,6 +69,11 @@ class EditorTabsTest : public QObject {
     f.tabs.Reset(true);
     QCOMPARE(f.tabs.Count(), 2);
     QCOMPARE(f.tabs.Item(1).Title(), "kaputt");
+    f.tabs.ShowTab(2);
+    QVERIFY(f.tabs.Item(1).isHidden());
+    QVERIFY(!f.tabs.Item(2).isHidden());
+    f.tabs.ShowTab(3);
+    QVERIFY(f.tabs.Item(2).isHidden());
   }
 
   void AsksBeforeAPageOverwritesWhatAnotherProgramChanged() {

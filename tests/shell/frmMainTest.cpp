@@ -121,6 +121,22 @@ class frmMainTest : public QObject {
     QVERIFY(Told(*dialogs_).endsWith("weitere Fehler: 22"));
   }
 
+  void TheWindowHasItsTexts() {
+    QStringList texts;
+    for (const char* item :
+         {"mnuProductAddVersion", "mnuVersionAddComponent", "mnuVersionDelete",
+          "mnuVersionProperties", "mnuComponentDelete", "mnuComponentProperties"}) {
+      texts += Child<QAction>(program_->window, item).text();
+    }
+    QCOMPARE(texts.join('|'),
+             "Version hinzufügen...|Komponente hinzufügen...|Löschen|Eigenschaften|Löschen|"
+             "Eigenschaften");
+    QCOMPARE(Shown(program_->window,
+                   {"lblProjectTreeTitle", "lblDataEditorTitle", "lblProjectTreeInfo"}),
+             "Projekt-Struktur |Projekt-Editor |Rechtsklicken Sie auf ein Element, um ein "
+             "Kontextmenü einzublenden.");
+  }
+
   void SlotsOfSeveralDigitsComeBackFromTheirKeys() {
     const shell::NodeSlots slots = shell::SlotsOf(shell::ComponentNode(12, 345));
     QCOMPARE(std::pair(slots.version, slots.component), std::pair(12, 345));

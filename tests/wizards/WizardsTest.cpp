@@ -1,5 +1,3 @@
-#include <QWheelEvent>
-
 #include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "wizards/OptionPages.h"
@@ -114,6 +112,30 @@ class WizardsTest : public QObject {
     QVERIFY(sample.dialogs.Messages().empty());
   }
 
+  void ThePagesOfTheSetupWizardHaveTheirTexts() {
+    const Sample sample;
+    QStringList pages;
+    for (const char* key : {"intro", "configuration", "output", "packaging", "ready", "..."}) {
+      const tools::WizardPage page = wizards::SetupWizard(sample.services, 1, {}).ShowPage(key);
+      QStringList words;
+      for (const QString& line : tools::ToQString(page.PageDescription).split("\r\n")) {
+        words += line.section(' ', 0, 3);
+      }
+      pages += QString("%1 %2: %3 > ")
+                   .arg(page.PageStyle)
+                   .arg(tools::ToQString(page.PageTitle), words.join('/')) +
+               tools::ToQString(page.ForwardStep);
+    }
+    QCOMPARE(pages.join('\n'),
+             "1 Willkommen: Mit diesem Assistenten können/Einige der Optionen, die//"
+             "Klicken Sie auf \"Weiter\", > configuration\n"
+             "2 Konfiguration wählen: Legen Sie die zu > output\n"
+             "2 Ausgabe-Optionen: Geben Sie an, wo > packaging\n"
+             "2 Verpackung: Legen Sie die Optionen > ready\n"
+             "3 Setup erstellen: Der Assistent hat jetzt//Klicken Sie auf \"Fertig > \n"
+             "2 :  > ");
+  }
+
   void TheConfigurationProposesItsOptionsUnlessTheAuthorSetOthers() {
     OptionPage f("Config", {{"config", "1"}, {"folder", "aus/probe"}},
                  "[Build1]\nOutputFolder=aus/probe\nLocale=1031\n[Build2]\nLocale= 2055\n");
@@ -135,10 +157,7 @@ class WizardsTest : public QObject {
     OptionPage f("Config", {{"config", "2"}, {"language", "1031"}});
     Child(*f.page, "cmdSavePages").setFocus();
     for (const char* box : {"cmbConfiguration", "cmbLanguage"}) {
-      QWidget& target = Child(*f.page, box);
-      QWheelEvent turn({5, 5}, target.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
-                       Qt::NoScrollPhase, false);
-      QApplication::sendEvent(&target, &turn);
+      TurnWheel(Child(*f.page, box), 120);
     }
     QCOMPARE(Values(f.store), "config=2|language=1031");
   }

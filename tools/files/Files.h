@@ -27,6 +27,10 @@ enum class PathKind { Absent, File, Folder, Other };
 /// created, the outermost first. Raises Error naming the one that failed; none is then left over.
 std::vector<std::string> MakeFolder(std::string_view path);
 
+/// False when the system would refuse to make a file in the folder, or the folder itself where it
+/// is missing. What it answers true to can still fail.
+[[nodiscard]] bool CanMakeFilesIn(std::string_view folder);
+
 /// Creates the folder `relative` (the machine's separators, no "..") below `root` with its missing
 /// parents; none of them, `root` included, may be a link. Raises Error.
 void MakeFolderBelow(std::string_view root, std::string_view relative);

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 #include "tools/Error.h"
 #include "tools/files/FileHandle_posix.h"
@@ -188,6 +189,16 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
   }
   if (errno != 0) failure = LastSystemError();
   return items;
+}
+
+bool CanMakeFilesIn(std::string_view folder) {
+  for (std::string place(folder);
+       ::faccessat(AT_FDCWD, place.c_str(), W_OK | X_OK, AT_EACCESS) != 0;) {
+    std::string above = FolderOf(place);
+    if (errno != ENOENT || above.size() >= place.size()) return false;
+    place = std::move(above);
+  }
+  return true;
 }
 
 }  // namespace tools

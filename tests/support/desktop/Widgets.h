@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QTest>
 #include <QTreeView>
+#include <QWheelEvent>
 
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/TemporaryFolder.h"
@@ -61,6 +62,13 @@ inline void Type(QWidget& field, const QString& text) {
 inline void Activate(QWidget& window) {
   window.activateWindow();
   if (!QTest::qWaitForWindowActive(&window)) qFatal("the window does not become active");
+}
+
+/// Turns the mouse wheel over a widget; down for a negative angle.
+inline void TurnWheel(QWidget& widget, int angle) {
+  QWheelEvent turn({5, 5}, widget.mapToGlobal(QPoint(5, 5)), {}, {0, angle}, {}, {},
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&widget, &turn);
 }
 
 /// What the window system sends when the user presses a window's close box.

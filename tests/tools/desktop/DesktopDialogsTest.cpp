@@ -1,9 +1,12 @@
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QScreen>
 
 #include "tests/support/desktop/ModalScript.h"
+#include "tools/desktop/BusyNotice.h"
 #include "tools/desktop/DesktopDialogs.h"
 #include "tools/desktop/FileChoice.h"
 #include "tools/desktop/WaitCursor.h"
@@ -24,6 +27,13 @@ struct PaintCounter : QObject {
 
   int count = 0;
 };
+
+/// What the text of a wrapped label takes of the width that the label has.
+QSize NeededSize(const QLabel& label) {
+  return label.fontMetrics()
+      .boundingRect(QRect(0, 0, label.width(), 0), Qt::TextWordWrap, label.text())
+      .size();
+}
 
 }  // namespace
 
@@ -142,6 +152,38 @@ class DesktopDialogsTest : public QObject {
     QCOMPARE(Shown(notice, "lblProgress"), "1.200 von 5.000 Dateien, 3,0 MB von 4,0 MB");
     const auto& bar = Child<QProgressBar>(notice, "prgProgress");
     QCOMPARE(bar.value() * 4, bar.maximum() * 3);
+  }
+
+  void ABusyNoticeIsNeverTooSmallForItsTexts_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("pointSize");
+    QTest::newRow("short") << "Bitte warten" << 9;
+    QTest::newRow("large font") << "Das Setup wird erzeugt, bitte warten..." << 20;
+    QTest::newRow("long text") << QString("Bitte warten ").repeated(60) << 9;
+    QTest::newRow("long word") << QString(900, 'x') << 9;
+  }
+  void ABusyNoticeIsNeverTooSmallForItsTexts() {
+    QFETCH(const QString, text);
+    QFETCH(const int, pointSize);
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSize(pointSize);
+    QApplication::setFont(font);
+    tools::BusyNotice notice(text, nullptr);
+    QApplication::setFont(before);
+    notice.ShowProgress({.filesDone = 1});
+    notice.ShowProgress({.filesDone = 999'999,
+                         .filesTotal = 999'999,
+                         .bytesDone = 1'000'000'000'000,
+                         .bytesTotal = 1'000'000'000'000});
+    const auto& label = Child<QLabel>(notice, "lblText");
+    QCOMPARE(NeededSize(label).boundedTo(label.size()), NeededSize(label));
+    const auto& progress = Child(notice, "lblProgress");
+    QVERIFY2(progress.width() >= progress.sizeHint().width(), "lblProgress");
+    for (const QWidget* part : notice.findChildren<QWidget*>()) {
+      QVERIFY2(notice.rect().contains(part->geometry()), qPrintable(part->objectName()));
+    }
+    QVERIFY(notice.width() <= notice.screen()->availableGeometry().width());
   }
 
   void WhatTheUserDoesDuringABusyNoticeIsDropped() {
