@@ -1,7 +1,9 @@
 #include "model/NodeSettings.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "model/SlotNumbers.h"
 #include "tools/Error.h"
 #include "tools/files/Files.h"
 
@@ -96,9 +98,38 @@ bool NodeSettings::EditsMeetOtherChanges(const std::string& file,
   mode_ = Mode::Compare;
   edits_ = false;
   otherChanges_ = false;
+  offered_.clear();
   writes();
   mode_ = Mode::Edits;
-  return edits_ && otherChanges_;
+  return edits_ && (otherChanges_ || HaveLaterSectionsChanged());
+}
+
+void NodeSettings::NoteOffer(std::string_view section, std::string_view key) {
+  const std::size_t digits = section.find_last_not_of("0123456789") + 1;
+  if (digits == 0 || digits == section.size()) return;
+  auto found = offered_.find(section.substr(0, digits));
+  if (found == offered_.end()) {
+    found = offered_.emplace(section.substr(0, digits), NumberedSections{}).first;
+  }
+  const std::int32_t number = SlotNumberOf(section, section.substr(0, digits));
+  found->second.last = std::max(found->second.last, number);
+  if (!found->second.keys.contains(key)) found->second.keys.emplace(key);
+}
+
+bool NodeSettings::HaveLaterSectionsChanged() const {
+  for (const auto& [name, offered] : offered_) {
+    bool isStored = true;
+    for (std::int32_t number = offered.last + 1; isStored; ++number) {
+      const std::string section = name + std::to_string(number);
+      isStored = false;
+      for (const std::string& key : offered.keys) {
+        const auto seen = seen_->Find(section, key);
+        if (seen != current_->Find(section, key)) return true;
+        isStored = isStored || seen.has_value();
+      }
+    }
+  }
+  return false;
 }
 
 void NodeSettings::Save(std::string_view section, std::string_view key, std::string_view value) {
@@ -112,6 +143,7 @@ void NodeSettings::Save(std::string_view section, std::string_view key, std::str
                       (seen.text.empty() || value != asShown_(seen.text));
   switch (mode_) {
     case Mode::Compare:
+      NoteOffer(section, key);
       if (edited && current != value) edits_ = true;
       if (current != value && current.value_or(seen.noted ? seen.text : "") != seen.text) {
         otherChanges_ = true;

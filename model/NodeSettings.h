@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -71,6 +72,10 @@ class NodeSettings {
   [[nodiscard]] Seen SeenOf(std::string_view section, std::string_view key) const;
   void NoteRead(std::string_view section, std::string_view key, std::string_view defaultValue,
                 std::string_view value);
+  void NoteOffer(std::string_view section, std::string_view key);
+  /// Whether another program changed a section numbered behind those that a page saves: it would
+  /// stay behind, unread, when the page's list has become shorter.
+  [[nodiscard]] bool HaveLaterSectionsChanged() const;
   [[nodiscard]] bool EditsMeetOtherChanges(const std::string& file,
                                            const std::function<void()>& writes);
   void Write(std::string_view section, std::string_view key, std::string_view value);
@@ -93,9 +98,15 @@ class NodeSettings {
 
   Mode mode_ = Mode::Edits;
   std::shared_ptr<const tools::SettingsFile> current_;  ///< as a write finds the file
-  std::vector<std::string> writtenNotes_;               ///< keys of `noted_` that a write stores
-  bool edits_ = false;                                  ///< Compare found an edited text
-  bool otherChanges_ = false;                           ///< and one that another program changed
+  /// What Compare was offered, by the name of a numbered section without its number.
+  struct NumberedSections {
+    std::int32_t last = 0;
+    std::set<std::string, std::less<>> keys;
+  };
+  std::map<std::string, NumberedSections, std::less<>> offered_;
+  std::vector<std::string> writtenNotes_;  ///< keys of `noted_` that a write stores
+  bool edits_ = false;                     ///< Compare found an edited text
+  bool otherChanges_ = false;              ///< and one that another program changed
 };
 
 }  // namespace model

@@ -106,6 +106,27 @@ TEST_F(NodeSettingsTest, AnEmptyNumberWrittenAsZeroIsNoEditButAZeroInATextIs) {
   }
 }
 
+TEST_F(NodeSettingsTest, AShorterListLosesNoOtherChangeUnasked) {
+  const std::string seen = "Count=3\n[E1]\nK=a\n[E2]\nK=b\n[E3]\nK=";
+  const auto saveWithoutTheFirst = [&] {
+    bool isAsked = false;
+    node_.InOneWrite(
+        [&] {
+          node_.Save("S", "Count", "2");
+          node_.Save("E1", "K", "b");
+          node_.Save("E2", "K", "c");
+        },
+        [&](const std::string&) { isAsked = true; });
+    return isAsked;
+  };
+  Open(seen + "c\n");
+  Put(seen + "changed\n");
+  EXPECT_TRUE(saveWithoutTheFirst());
+  Open(seen + "c\n");
+  Put("; another program's\n" + seen + "c\n");
+  EXPECT_FALSE(saveWithoutTheFirst());
+}
+
 TEST_F(NodeSettingsTest, ARefusalKeepsTheFile) {
   EXPECT_EQ(Open("B=2\n"), "a|2");
   Put("B=9\n");
