@@ -31,10 +31,10 @@ struct ArchiveTotals {
 };
 
 /// Writes members in the order they are added, deflated (stored where that is not smaller), so that
-/// unchanged sources give the same bytes, whatever the number of threads. Members are compressed
-/// and written by worker threads that live inside the writer, while the caller goes on; memory is
-/// bounded by block size and threads. The archive takes its place only when Finish has succeeded:
-/// until then, and after any failure, the path is as it was.
+/// unchanged sources give the same bytes with the same libdeflate, whatever the number of threads.
+/// Members are compressed and written by worker threads that live inside the writer, while the
+/// caller goes on; memory is bounded by block size and threads. The archive takes its place only
+/// when Finish has succeeded: until then, and after any failure, the path is as it was.
 class ArchiveWriter {
  public:
   /// Called on the caller's own thread, inside AddFile and Finish, when members have been written.
