@@ -192,13 +192,14 @@ bool SettingsFile::IsLarge(SectionNumber section) const {
 }
 
 NameIndex& SettingsFile::KeyIndexOf(SectionNumber section) const {
-  const auto [index, isNew] = keyIndexes_.try_emplace(section);
-  if (isNew) {
-    ForEachKey(section, [&](Place line, std::string_view key) {
-      index->second.Add(key, line, [this](Place at) { return KeyAt(at); });
+  const auto found = keyIndexes_.try_emplace(section);
+  NameIndex& index = found.first->second;
+  if (found.second) {
+    ForEachKey(section, [this, &index](Place line, std::string_view key) {
+      index.Add(key, line, [this](Place at) { return KeyAt(at); });
     });
   }
-  return index->second;
+  return index;
 }
 
 const std::vector<SettingsFile::Key>& SettingsFile::KeysOf(SectionNumber section) const {
