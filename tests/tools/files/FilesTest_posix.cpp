@@ -2,9 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <filesystem>
-#include <thread>
 
 #include "tests/support/WithoutRights.h"
 #include "tools/files/Disk.h"
@@ -88,10 +86,6 @@ void Rewrite(const std::string& path, char content) {
   ::close(file);
 }
 
-bool IsUniform(const std::string& text) {
-  return text.find_first_not_of(text.front()) == std::string::npos;
-}
-
 TEST(ChangingSourceTest, IsCopiedOnceMoreAndThenRefused) {
   const tests::TemporaryFolder folder;
   const std::string source = folder.Write("quelle", std::string(9'000'000, 'a'));
@@ -104,28 +98,6 @@ TEST(ChangingSourceTest, IsCopiedOnceMoreAndThenRefused) {
   changes = 100;
   EXPECT_EQ(CopyFile(source, folder.Path("ziel"), change).errorText,
             "Die Datei ändert sich gerade");
-}
-
-TEST(ChangingSourceTest, IsNotReadHalfOldAndHalfNew) {
-  const tests::TemporaryFolder folder;
-  const std::string source = folder.Write("quelle", std::string(2'000'000, 'a'));
-  std::atomic<bool> ended = false;
-  std::thread writer([&] {
-    for (int i = 0; !ended; ++i) Rewrite(source, static_cast<char>('a' + i % 26));
-  });
-  int torn = 0;
-  for (int i = 0; i < 20; ++i) {
-    try {
-      if (!IsUniform(ReadFileUpTo(source, 4'000'000)->bytes)) ++torn;
-    } catch (const Error& error) {
-      EXPECT_EQ(error.Cause(), kChangesMeanwhile);
-    }
-  }
-  ended = true;
-  writer.join();
-  // A writer that the system halts in the middle of a write for long cannot be seen.
-  EXPECT_LT(torn, 4);
-  EXPECT_EQ(ReadFileUpTo(source, 4'000'000)->bytes.size(), 2'000'000U);
 }
 
 TEST(FileStampTest, TimesThatNanosecondsCannotCountAreCutOff) {
