@@ -144,50 +144,44 @@ FileStamp StampOf(std::string_view path) {
   return {};
 }
 
-std::vector<FolderEntry> ListEntries(std::string_view folder, std::error_code& failure) {
-  std::vector<FolderEntry> entries;
+// Gives each name in the folder but "." and "..", with the folder's descriptor. What `take` raises
+// passes through.
+template <typename Take>
+static void ReadFolder(std::string_view folder, std::error_code& failure, const Take& take) {
   const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(std::string(folder).c_str()),
                                                    ::closedir);
   if (!stream) {
     failure = LastSystemError();
-    return entries;
+    return;
   }
   errno = 0;
   while (const dirent* entry = ::readdir(stream.get())) {
     const std::string_view name(entry->d_name);
-    if (name != "." && name != "..") {
-      entries.push_back({std::string(name), OwnKind(::dirfd(stream.get()), *entry)});
-    }
+    if (name != "." && name != "..") take(::dirfd(stream.get()), *entry);
     errno = 0;
   }
   if (errno != 0) failure = LastSystemError();
+}
+
+std::vector<FolderEntry> ListEntries(std::string_view folder, std::error_code& failure) {
+  std::vector<FolderEntry> entries;
+  ReadFolder(folder, failure, [&entries](int descriptor, const dirent& entry) {
+    entries.push_back({entry.d_name, OwnKind(descriptor, entry)});
+  });
   return entries;
 }
 
 std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure,
                                    const ListingStep& step) {
   std::vector<FolderItem> items;
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(std::string(folder).c_str()),
-                                                   ::closedir);
-  if (!stream) {
-    failure = LastSystemError();
-    return items;
-  }
-  errno = 0;
-  while (const dirent* entry = ::readdir(stream.get())) {
+  ReadFolder(folder, failure, [&](int descriptor, const dirent& entry) {
     if (step) step();
-    const std::string_view name(entry->d_name);
-    if (name != "." && name != "..") {
-      FolderItem item{.name = std::string(name), .mayBeLink = entry->d_type != DT_REG};
-      if (entry->d_type == DT_DIR) item.kind = FolderItem::Kind::Folder;
-      if (entry->d_type == DT_REG || entry->d_type == DT_DIR ||
-          LookAt(::dirfd(stream.get()), item)) {
-        items.push_back(std::move(item));
-      }
+    FolderItem item{.name = entry.d_name, .mayBeLink = entry.d_type != DT_REG};
+    if (entry.d_type == DT_DIR) item.kind = FolderItem::Kind::Folder;
+    if (entry.d_type == DT_REG || entry.d_type == DT_DIR || LookAt(descriptor, item)) {
+      items.push_back(std::move(item));
     }
-    errno = 0;
-  }
-  if (errno != 0) failure = LastSystemError();
+  });
   return items;
 }
 
