@@ -11,9 +11,15 @@ target_compile_definitions(
             QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_link_libraries(packwright_qt_options INTERFACE packwright_options Qt6::Widgets)
 
+set(packwright_qt_headers
+    <QAction> <QApplication> <QComboBox> <QDialog> <QDialogButtonBox> <QFormLayout> <QGroupBox>
+    <QKeyEvent> <QLabel> <QLineEdit> <QListWidget> <QMessageBox> <QMouseEvent> <QPainter>
+    <QPushButton> <QSplitter> <QString> <QStyledItemDelegate> <QTimer> <QTreeWidget> <QVBoxLayout>)
+
 # packwright_qt_library(NAME ...) is packwright_library for a folder with Qt classes.
 function(packwright_qt_library name)
   set(CMAKE_AUTOMOC ON)
-  packwright_library(${name} ${ARGN})
+  packwright_library(${name} QT ${ARGN})
   target_link_libraries(packwright_${name} PUBLIC packwright_qt_options)
+  packwright_precompile(packwright_${name} qt ${packwright_std_headers} ${packwright_qt_headers})
 endfunction()

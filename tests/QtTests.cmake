@@ -10,6 +10,8 @@ add_library(qt_test_support STATIC ${qt_support_sources})
 target_link_libraries(qt_test_support PUBLIC packwright_tools packwright_qt_options Qt6::Test)
 # Tests compare with plain literals.
 target_compile_options(qt_test_support PUBLIC -UQT_NO_CAST_FROM_ASCII)
+packwright_precompile(qt_test_support qt_tests ${packwright_std_headers} ${packwright_qt_headers}
+                      <QTest> <QSignalSpy>)
 
 # packwright_qt_tests(FOLDER [libraries...])
 function(packwright_qt_tests folder)
@@ -18,6 +20,7 @@ function(packwright_qt_tests folder)
     cmake_path(GET source STEM name)
     add_executable(${name} ${source})
     target_link_libraries(${name} PRIVATE ${ARGN} qt_test_support)
+    packwright_precompile(${name} qt_tests)
     add_test(NAME ${folder}/${name} COMMAND ${name})
     set_tests_properties(${folder}/${name} PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen
                                                       TIMEOUT 300)
