@@ -45,7 +45,8 @@ class OneFolder : public tools::Dialogs {
   }
   std::string OpenFile(const tools::OpenFileRequest&) override { return {}; }
   std::string BrowseFolder(const std::string&, int) override { return folder_; }
-  int ShowBusyNotice(const std::string&) override { return 0; }
+  int ShowBusyNotice(const std::string&, const std::string&) override { return 0; }
+  bool IsStopWanted(int) override { return false; }
   void UpdateBusyNotice(int, const tools::Progress&) override {}
   void WithdrawBusyNotice(int) override {}
 

@@ -53,9 +53,12 @@ class Dialogs {
   virtual std::string BrowseFolder(const std::string& title, int flags) = 0;
 
   /// Shows a notice that work is going on and lets it paint; returns the token that withdraws it.
-  virtual int ShowBusyNotice(const std::string& text) = 0;
-  /// Shows how far the work has come; handles no user event but repaints.
+  /// With a `stopQuestion` the user can stop the work: he is asked it first, with Yes and No.
+  virtual int ShowBusyNotice(const std::string& text, const std::string& stopQuestion) = 0;
+  /// Shows how far the work has come; handles no user event but repaints and a wish to stop.
   virtual void UpdateBusyNotice(int token, const Progress& progress) = 0;
+  /// Whether the user has stopped the work; an unknown token is that of no work.
+  [[nodiscard]] virtual bool IsStopWanted(int token) = 0;
   /// Withdraws a notice; an unknown token does nothing.
   virtual void WithdrawBusyNotice(int token) = 0;
 };

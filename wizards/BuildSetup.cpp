@@ -23,12 +23,15 @@ class DesktopBuild : public engine::BuildObserver {
   explicit DesktopBuild(const BuildServices& services)
       : dialogs_(services.dialogs),
         isEndWanted_(services.isEndWanted),
-        notice_(dialogs_.ShowBusyNotice(LoadText(Text::BuildingSetup))) {}
+        pace_(services.clock),
+        notice_(dialogs_.ShowBusyNotice(LoadText(Text::BuildingSetup),
+                                        LoadText(Text::ReallyStopBuild))) {}
 
   // The log holds it.
   void OnMessage(const engine::BuildMessage& /*message*/) override {}
 
   void OnProgress(const tools::Progress& progress) override {
+    progress_ = progress;
     dialogs_.UpdateBusyNotice(notice_, progress);
   }
 
@@ -42,7 +45,11 @@ class DesktopBuild : public engine::BuildObserver {
     return dialogs_.ShowMessage(question) == tools::MessageAnswer::Yes;
   }
 
-  bool IsStopWanted() override { return isEndWanted_(); }
+  bool IsStopWanted() override {
+    // Before the first file is stored nothing else lets the user's wish through.
+    if (pace_.IsDue()) dialogs_.UpdateBusyNotice(notice_, progress_);
+    return isEndWanted_() || dialogs_.IsStopWanted(notice_);
+  }
 
   void WithdrawNotice() { dialogs_.WithdrawBusyNotice(notice_); }
 
@@ -61,8 +68,10 @@ class DesktopBuild : public engine::BuildObserver {
       case engine::BuildOutcome::Incomplete:
         ShowErrors(summary.reason);
         break;
-      case engine::BuildOutcome::OutputFolderInUse:
       case engine::BuildOutcome::Stopped:
+        WithdrawNotice();
+        break;
+      case engine::BuildOutcome::OutputFolderInUse:
         break;
     }
   }
@@ -82,6 +91,8 @@ class DesktopBuild : public engine::BuildObserver {
 
   tools::Dialogs& dialogs_;
   const std::function<bool()>& isEndWanted_;
+  tools::ReportPace pace_;
+  tools::Progress progress_;
   int notice_;
 };
 

@@ -96,13 +96,16 @@ class ScriptedDialogs : public tools::Dialogs {
     return Take("browse-folder dialog", title).text;
   }
 
-  int ShowBusyNotice(const std::string& text) override {
+  int ShowBusyNotice(const std::string& text, const std::string& /*stopQuestion*/) override {
     notices_.push_back(text);
     return *openNotices_.insert(static_cast<int>(notices_.size())).first;
   }
   void UpdateBusyNotice(int token, const tools::Progress& /*progress*/) override {
     if (!openNotices_.contains(token)) ReportFailure("progress for a notice that is not shown");
   }
+  bool IsStopWanted(int /*token*/) override { return stopWanted_; }
+  /// From now on the author stops what goes on.
+  void StopWork() { stopWanted_ = true; }
   void WithdrawBusyNotice(int token) override { openNotices_.erase(token); }
 
  private:
@@ -132,6 +135,7 @@ class ScriptedDialogs : public tools::Dialogs {
   tools::OpenFileRequest lastOpenFile_;
   std::vector<std::string> notices_;
   std::set<int> openNotices_;
+  bool stopWanted_ = false;
 };
 
 }  // namespace tests

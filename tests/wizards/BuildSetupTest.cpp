@@ -32,12 +32,16 @@ class BuildSetupTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void TheEndOfTheProgramEndsTheBuildAndLeavesNothing() {
-    Fixture f;
-    f.isEndWanted = true;
-    f.Build();
-    QVERIFY(!f.folder.Holds("aus/Probe.zip"));
-    QCOMPARE(Told(f.dialogs), "");
+  void TheEndOfTheProgramOrTheAuthorEndsTheBuildAndLeavesNothing() {
+    for (const bool byAuthor : {false, true}) {
+      Fixture f;
+      f.isEndWanted = !byAuthor;
+      if (byAuthor) f.dialogs.StopWork();
+      f.Build();
+      QVERIFY(!f.folder.Holds("aus/Probe.zip"));
+      QCOMPARE(Told(f.dialogs), "");
+      QCOMPARE(f.dialogs.OpenNotices(), 0U);
+    }
   }
 
   void ErrorsAreToldWithTheNameOfTheLog() {

@@ -6,13 +6,16 @@
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
 
+#include "tools/StandardTexts.h"
 #include "tools/desktop/FormStyle.h"
+#include "tools/desktop/QtText.h"
 #include "tools/desktop/UserInputBlocker.h"
 
 namespace tools {
@@ -70,7 +73,7 @@ void FitText(QLabel& label) {
 
 }  // namespace
 
-BusyNotice::BusyNotice(const QString& text, QWidget* parent)
+BusyNotice::BusyNotice(const QString& text, Buttons buttons, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       lblProgress_(new QLabel(this)),
       prgProgress_(new QProgressBar(this)) {
@@ -97,6 +100,13 @@ BusyNotice::BusyNotice(const QString& text, QWidget* parent)
   layout->addWidget(lblText);
   layout->addWidget(prgProgress_);
   layout->addWidget(lblProgress_);
+  if (buttons == Buttons::Stop) {
+    cmdStop_ = new QPushButton(ToQString(StandardText(kTextCancel)), this);
+    cmdStop_->setObjectName(u"cmdStop"_s);
+    connect(cmdStop_, &QPushButton::clicked, this, [this] { stopRequested_ = true; });
+    layout->addSpacing(kMargin / 2);
+    layout->addWidget(cmdStop_, 0, Qt::AlignRight);
+  }
   ShowAtOnce();
 }
 
@@ -131,7 +141,12 @@ void BusyNotice::closeEvent(QCloseEvent* event) { event->ignore(); }
 void BusyNotice::PaintNow() {
   layout()->activate();  // the window grows before it is painted
   repaint();
-  PaintWithoutUserInput();
+  UserInputBlocker blocker;
+  if (cmdStop_ != nullptr) {
+    blocker.LetThrough(*this);
+    connect(&blocker, &UserInputBlocker::EscapePressed, this, [this] { stopRequested_ = true; });
+  }
+  QCoreApplication::processEvents();
 }
 
 }  // namespace tools

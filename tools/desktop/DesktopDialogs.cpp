@@ -31,7 +31,7 @@ void UseGermanLabels(QFileDialog& dialog, const QString& accept) {
 DesktopDialogs::DesktopDialogs(QWidget* parent) : parent_(parent) {}
 
 DesktopDialogs::~DesktopDialogs() {
-  for (const auto& [token, notice] : notices_) delete notice.data();
+  for (const auto& [token, notice] : notices_) delete notice.window.data();
 }
 
 void DesktopDialogs::SetParent(QWidget* parent) { parent_ = parent; }
@@ -80,21 +80,37 @@ std::string DesktopDialogs::RunFileDialog(QFileDialog& dialog) {
   return ToUtf8(QDir::toNativeSeparators(dialog.selectedFiles().value(0)));
 }
 
-int DesktopDialogs::ShowBusyNotice(const std::string& text) {
-  notices_.emplace(++lastToken_, new BusyNotice(ToQString(text), Owner()));
+int DesktopDialogs::ShowBusyNotice(const std::string& text, const std::string& stopQuestion) {
+  const auto buttons = stopQuestion.empty() ? BusyNotice::Buttons::None : BusyNotice::Buttons::Stop;
+  Notice& notice = notices_[++lastToken_];
+  notice.stopQuestion = stopQuestion;
+  notice.window = new BusyNotice(ToQString(text), buttons, Owner());
   return lastToken_;
 }
 
 void DesktopDialogs::UpdateBusyNotice(int token, const Progress& progress) {
+  const auto found = notices_.find(token);
+  if (found == notices_.end() || !found->second.window) return;
+  Notice& notice = found->second;
+  notice.window->ShowProgress(progress);
+  if (notice.isStopped || !notice.window->TakeStopRequest()) return;
+  notice.isStopped = ShowMessage({.text = notice.stopQuestion,
+                                  .caption = ToUtf8(notice.window->windowTitle()),
+                                  .icon = MessageIcon::Question,
+                                  .buttons = MessageButtons::YesNo,
+                                  .defaultAnswer = MessageAnswer::No}) == MessageAnswer::Yes;
+}
+
+bool DesktopDialogs::IsStopWanted(int token) {
   const auto notice = notices_.find(token);
-  if (notice != notices_.end() && notice->second) notice->second->ShowProgress(progress);
+  return notice != notices_.end() && notice->second.isStopped;
 }
 
 void DesktopDialogs::WithdrawBusyNotice(int token) {
   const auto notice = notices_.find(token);
   if (notice == notices_.end()) return;
-  if (notice->second) notice->second->Withdraw();
-  delete notice->second.data();
+  if (notice->second.window) notice->second.window->Withdraw();
+  delete notice->second.window.data();
   notices_.erase(notice);
 }
 

@@ -32,17 +32,24 @@ class DesktopDialogs : public Dialogs {
   /// An initial folder that does not exist is replaced by the nearest one above it.
   std::string OpenFile(const OpenFileRequest& request) override;
   std::string BrowseFolder(const std::string& title, int flags) override;
-  int ShowBusyNotice(const std::string& text) override;
+  int ShowBusyNotice(const std::string& text, const std::string& stopQuestion) override;
   void UpdateBusyNotice(int token, const Progress& progress) override;
+  bool IsStopWanted(int token) override;
   void WithdrawBusyNotice(int token) override;
 
  private:
+  struct Notice {
+    QPointer<BusyNotice> window;  ///< null: gone with its owner
+    std::string stopQuestion;
+    bool isStopped = false;
+  };
+
   [[nodiscard]] QWidget* Owner() const;
   /// The path that the user chose, in the machine's separators; empty when cancelled.
   [[nodiscard]] static std::string RunFileDialog(QFileDialog& dialog);
 
   QPointer<QWidget> parent_;
-  std::map<int, QPointer<BusyNotice>> notices_;  ///< by token; null: gone with its owner
+  std::map<int, Notice> notices_;  ///< by token
   int lastToken_ = 0;
 };
 

@@ -1,7 +1,9 @@
 #include "tools/desktop/UserInputBlocker.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QKeyEvent>
+#include <QWidget>
+#include <QWindow>
 
 namespace tools {
 
@@ -9,14 +11,24 @@ UserInputBlocker::UserInputBlocker() { QCoreApplication::instance()->installEven
 
 UserInputBlocker::~UserInputBlocker() { QCoreApplication::instance()->removeEventFilter(this); }
 
-bool UserInputBlocker::eventFilter(QObject* /*watched*/, QEvent* event) {
+bool UserInputBlocker::IsInOpenWindow(const QObject* target) const {
+  if (window_ == nullptr) return false;
+  if (target == window_->windowHandle()) return true;
+  const auto* widget = qobject_cast<const QWidget*>(target);
+  return widget != nullptr && widget->window() == window_;
+}
+
+bool UserInputBlocker::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return !IsInOpenWindow(watched);
     case QEvent::KeyPress:
+      if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) Q_EMIT EscapePressed();
+      return true;
     case QEvent::Shortcut:
     case QEvent::ShortcutOverride:
     case QEvent::InputMethod:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
     case QEvent::ContextMenu:
     case QEvent::TabletPress:

@@ -3,6 +3,8 @@
 
 #include <QObject>
 
+class QWidget;
+
 namespace tools {
 
 /// While it lives, keys, mouse buttons, the wheel and close boxes do nothing: what the user does
@@ -14,7 +16,18 @@ class UserInputBlocker : public QObject {
   UserInputBlocker();
   ~UserInputBlocker() override;
 
+  /// The mouse works in this window; it must outlive this object.
+  void LetThrough(const QWidget& window) { window_ = &window; }
+
   bool eventFilter(QObject* watched, QEvent* event) override;
+
+ Q_SIGNALS:
+  void EscapePressed();
+
+ private:
+  [[nodiscard]] bool IsInOpenWindow(const QObject* target) const;
+
+  const QWidget* window_ = nullptr;
 };
 
 /// Handles every waiting event but the user's, which are dropped.

@@ -141,7 +141,7 @@ class DesktopDialogsTest : public QObject {
 
   void ABusyNoticePaintsItselfWithoutAnEventLoop() {
     const PaintCounter paints;
-    const int token = dialogs_.ShowBusyNotice("Bitte warten");
+    const int token = dialogs_.ShowBusyNotice("Bitte warten", {});
     const int paintsBefore = paints.count;
     QVERIFY(paintsBefore > 0);
     dialogs_.UpdateBusyNotice(
@@ -169,7 +169,7 @@ class DesktopDialogsTest : public QObject {
     QFont font = before;
     font.setPointSize(pointSize);
     QApplication::setFont(font);
-    tools::BusyNotice notice(text, nullptr);
+    tools::BusyNotice notice(text, tools::BusyNotice::Buttons::Stop, nullptr);
     QApplication::setFont(before);
     notice.ShowProgress({.filesDone = 1});
     notice.ShowProgress({.filesDone = 999'999,
@@ -187,8 +187,8 @@ class DesktopDialogsTest : public QObject {
   }
 
   void WhatTheUserDoesDuringABusyNoticeIsDropped() {
-    const int token = dialogs_.ShowBusyNotice("Bitte warten");
-    const int second = dialogs_.ShowBusyNotice("Noch etwas");
+    const int token = dialogs_.ShowBusyNotice("Bitte warten", {});
+    const int second = dialogs_.ShowBusyNotice("Noch etwas", {});
     TypeSoon();
     dialogs_.UpdateBusyNotice(token, {.filesDone = 1});
     TypeSoon();
@@ -202,8 +202,34 @@ class DesktopDialogsTest : public QObject {
     QCOMPARE(window_->text(), "a");
   }
 
+  void WorkIsStoppedByTheButtonOrEscapeOnceTheUserConfirms_data() {
+    QTest::addColumn<bool>("byKey");
+    QTest::addColumn<bool>("confirmed");
+    QTest::newRow("button, yes") << false << true;
+    QTest::newRow("button, no") << false << false;
+    QTest::newRow("Escape, yes") << true << true;
+  }
+
+  void WorkIsStoppedByTheButtonOrEscapeOnceTheUserConfirms() {
+    QFETCH(const bool, byKey);
+    QFETCH(const bool, confirmed);
+    const int token = dialogs_.ShowBusyNotice("Bitte warten", "Aufhören?");
+    ModalScript script;
+    script.ExpectAndPress("messageBox", confirmed ? "cmdYes" : "cmdNo");
+    QTimer::singleShot(0, [&] {
+      if (byKey) {
+        QTest::keyClick(window_.get(), Qt::Key_Escape);
+      } else {
+        Press(Child(*window_, "busyNotice"), "cmdStop");
+      }
+    });
+    for (int i = 0; i < 2; ++i) dialogs_.UpdateBusyNotice(token, {.filesDone = 1});
+    QCOMPARE(dialogs_.IsStopWanted(token), confirmed);
+    dialogs_.WithdrawBusyNotice(token);
+  }
+
   void ABusyNoticeStaysUntilItIsWithdrawn() {
-    const int token = dialogs_.ShowBusyNotice("Bitte warten");
+    const int token = dialogs_.ShowBusyNotice("Bitte warten", {});
     const QPointer<QWidget> notice = &Child(*window_, "busyNotice");
     QTest::keyClick(notice, Qt::Key_Escape);
     PressCloseBox(*notice);
