@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "app/EndSignals.h"
-#include "tools/files/FileHandle_posix.h"
+#include "tools/files/SystemFiles_posix.h"
 
 namespace app {
 

@@ -16,7 +16,8 @@
 #include <thread>
 #include <vector>
 
-#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/InputFile.h"
 
 namespace {
 

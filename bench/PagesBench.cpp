@@ -23,6 +23,7 @@
 #include "tools/Dialogs.h"
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
 
 namespace {

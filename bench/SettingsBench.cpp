@@ -25,6 +25,7 @@
 #include "model/ICFile.h"
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 #include "tools/settings/SettingsFile.h"
 #include "tools/settings/SettingsStore.h"

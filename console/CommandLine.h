@@ -6,6 +6,11 @@
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+class ParseError;
+}  // namespace CLI
+
 namespace console {
 
 /// The exit codes that scripts can rely on.
@@ -41,5 +46,13 @@ struct CommandLine {
 [[nodiscard]] std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& arguments,
                                                           std::ostream& output,
                                                           std::ostream& errors, ExitCode& exitCode);
+
+// The options library's own words in German, for the command lines of both programs.
+
+/// Gives the help of `app` German headings, and `footer` behind it. Flags take no value then.
+void LabelInGerman(CLI::App& app, const std::string& footer);
+
+/// What is wrong with a call.
+[[nodiscard]] std::string GermanText(const CLI::ParseError& error);
 
 }  // namespace console

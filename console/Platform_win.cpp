@@ -3,7 +3,6 @@
 
 #include "console/Platform.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 #include "tools/files/Path.h"
 // The shell's header wants the system's before it.
 #include <shellapi.h>

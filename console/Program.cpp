@@ -5,11 +5,9 @@
 #include <memory>
 #include <optional>
 
+#include "console/Call.h"
 #include "console/JsonReport.h"
 #include "console/ProductProof.h"
-#include "console/ProductVersion.h"
-#include "console/ReportedCall.h"
-#include "console/SourceDate.h"
 #include "console/TextReport.h"
 #include "engine/Build.h"
 #include "engine/BuildCheck.h"
@@ -21,7 +19,6 @@
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Disk.h"
-#include "tools/files/Files.h"
 #include "tools/files/Path.h"
 #include "tools/settings/SettingsStore.h"
 

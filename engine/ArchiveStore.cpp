@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "tools/Text.h"
-#include "tools/files/FileContent.h"
-#include "tools/files/FolderSteps.h"
+#include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 
 namespace engine {

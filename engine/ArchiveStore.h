@@ -7,11 +7,11 @@
 #include <optional>
 #include <string>
 
-#include "engine/BuildProgress.h"
+#include "engine/BuildObserver.h"
 #include "engine/FileStore.h"
 #include "tools/archive/ArchiveWriter.h"
 #include "tools/files/Disk.h"
-#include "tools/files/SpecialFolders.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace engine {
 

@@ -14,7 +14,6 @@
 #include <string>
 
 #include "engine/BuildObserver.h"
-#include "engine/BuildOptions.h"
 #include "model/ModProject.h"
 #include "tools/Clock.h"
 #include "tools/Versions.h"

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "engine/BuildObserver.h"
-#include "engine/BuildOptions.h"
 #include "engine/Survey.h"
 #include "model/ModProject.h"
 

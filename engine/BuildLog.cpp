@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "engine/OutputNames.h"
+#include "engine/OutputContent.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 

@@ -1,4 +1,5 @@
-// What a build tells and asks its observer as it goes on; printing lives with the observer.
+// What a build is asked to do, and what it tells and asks its observer as it goes on; printing
+// lives with the observer.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +8,14 @@
 #include "tools/Progress.h"
 
 namespace engine {
+
+struct BuildOptions {
+  std::string folder;           ///< output folder as the user wrote it
+  bool packaged = false;        ///< one archive instead of a tree
+  bool includeWrapper = false;  ///< the setup wrapper goes beside the script
+  bool includeRuntime = false;  ///< and so does the runtime's installer
+  bool isConfined = false;      ///< nothing outside the product's folder is read or written
+};
 
 enum class Severity { Warning, Error };
 
@@ -20,7 +29,7 @@ struct BuildMessage {
   std::int32_t entry = 0;  ///< entry number in the component, 0 when it belongs to none
 };
 
-/// Every call comes on the thread that builds. None may raise an error.
+/// Told and asked by a build. Every call comes on the thread that builds. None may raise an error.
 class BuildObserver {
  public:
   virtual ~BuildObserver() = default;
@@ -36,6 +45,29 @@ class BuildObserver {
   [[nodiscard]] virtual bool MayEmptyOutputFolder(const std::string& folder) = 0;
   /// Whether the user wants the build to end. Asked before each file and often within a large one.
   [[nodiscard]] virtual bool IsStopWanted() = 0;
+};
+
+/// How far a build has come, told to its observer from time to time.
+class BuildProgress {
+ public:
+  /// The references must outlive this object.
+  BuildProgress(BuildObserver& observer, const tools::Clock& clock);
+
+  /// Sets what is to be done and tells it at once. Raises tools::Stopped as ThrowIfStopped does.
+  void Start(std::uint64_t files, std::uint64_t bytes);
+  /// Tells what has been done, unless something was told a moment ago. Raises tools::Stopped.
+  void Report(std::uint64_t files, std::uint64_t bytes);
+  /// Tells the last reported state in any case.
+  void Finish();
+  /// Raises tools::Stopped when the observer wants the build to end. May be called often.
+  void ThrowIfStopped();
+
+ private:
+  void Tell();
+
+  BuildObserver& observer_;
+  tools::ReportPace pace_;
+  tools::Progress progress_;
 };
 
 }  // namespace engine

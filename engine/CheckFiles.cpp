@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "engine/InstallScript.h"
-#include "engine/OutputNames.h"
+#include "engine/OutputContent.h"
 #include "model/FolderTable.h"
 #include "tools/Error.h"
 #include "tools/Text.h"

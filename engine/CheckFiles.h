@@ -7,7 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "engine/BuildOptions.h"
+#include "engine/BuildObserver.h"
 #include "engine/Findings.h"
 #include "engine/Survey.h"
 #include "engine/TreePlaces.h"
@@ -15,7 +15,7 @@
 namespace engine {
 
 /// True for a value that cannot stand between the double quotes of a script line. What breaks the
-/// line itself is found elsewhere (ControlCharacters.h).
+/// line itself is found elsewhere (CheckSettings.h).
 [[nodiscard]] bool BreaksScriptLine(std::string_view value);
 
 class FileCheck {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "engine/SettingsText.h"
-#include "model/SlotNumbers.h"
+#include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Path.h"

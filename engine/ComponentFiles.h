@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "model/ModProject.h"
-#include "tools/files/FolderListing.h"
+#include "tools/files/FindFiles.h"
 
 namespace engine {
 

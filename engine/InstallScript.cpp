@@ -2,8 +2,7 @@
 
 #include <utility>
 
-#include "engine/OutputNames.h"
-#include "engine/ScriptPath.h"
+#include "engine/OutputContent.h"
 #include "model/FolderTable.h"
 #include "model/TextTable.h"
 #include "tools/StandardTexts.h"
@@ -134,6 +133,83 @@ void InstallScript::End() {
 void InstallScript::WriteScriptLine(std::string_view line) {
   sink_(line);
   sink_("\r\n");
+}
+
+namespace {
+
+// A settings value holds no line break, so none can blur where the ID ends.
+std::string KeyOf(std::string_view id, std::string_view sourcePath) {
+  std::string key;
+  key.reserve(id.size() + 1 + sourcePath.size());
+  key.append(id).append("\n").append(sourcePath);
+  return key;
+}
+
+}  // namespace
+
+bool StoredNameMap::Record(std::string_view id, std::string_view sourcePath,
+                           std::string_view storedName) {
+  return names_.try_emplace(KeyOf(id, sourcePath), storedName).second;
+}
+
+std::string_view StoredNameMap::Find(std::string_view id, std::string_view sourcePath) const {
+  const auto found = names_.find(KeyOf(id, sourcePath));
+  return found == names_.end() ? std::string_view{} : std::string_view(found->second);
+}
+
+namespace {
+
+constexpr std::size_t kBufferSize = 64 * 1024;
+
+class ScriptFile {
+ public:
+  ScriptFile(tools::Disk& disk, const std::string& path) : replacement_(disk, path) {}
+
+  void Append(std::string_view text) {
+    buffer_.append(text);
+    if (buffer_.size() >= kBufferSize) Flush();
+  }
+
+  void Commit() {
+    Flush();
+    replacement_.Commit(tools::ReplacementFile::Durability::Cached);
+  }
+
+ private:
+  void Flush() {
+    replacement_.File().Write(buffer_);
+    buffer_.clear();
+  }
+
+  tools::ReplacementFile replacement_;
+  std::string buffer_;
+};
+
+void WriteComponent(InstallScript& script, const SurveyedComponent& component,
+                    const StoredNameMap& names) {
+  script.BeginComponent(component.title);
+  for (const SurveyedEntry& surveyed : component.entries) {
+    for (const std::string& path : surveyed.sources) {
+      const std::string_view stored = names.Find(surveyed.file.ID, path);
+      if (!stored.empty()) script.AddFile(surveyed.file, path, stored);
+    }
+  }
+  script.EndComponent();
+}
+
+}  // namespace
+
+void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead head, bool packaged,
+                        const Survey& survey, const StoredNameMap& names) {
+  ScriptFile file(disk, path);
+  InstallScript script([&file](std::string_view text) { file.Append(text); }, std::move(head),
+                       packaged);
+  script.Begin();
+  for (const SurveyedComponent& component : survey.components) {
+    if (component.isInstalled) WriteComponent(script, component, names);
+  }
+  script.End();
+  file.Commit();
 }
 
 }  // namespace engine

@@ -9,11 +9,26 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
+#include "engine/Survey.h"
 #include "model/ICFile.h"
 #include "tools/Versions.h"
+#include "tools/files/Disk.h"
 
 namespace engine {
+
+/// Everything after the last "\" of a path in a script.
+[[nodiscard]] constexpr std::string_view ScriptFileName(std::string_view path) {
+  return path.substr(path.find_last_of('\\') + 1);
+}
+
+/// What follows the last "." of the file name; empty when there is none.
+[[nodiscard]] constexpr std::string_view ScriptExtension(std::string_view path) {
+  const std::string_view name = ScriptFileName(path);
+  const std::size_t dot = name.find_last_of('.');
+  return dot == std::string_view::npos ? std::string_view{} : name.substr(dot + 1);
+}
 
 /// What the script's head is made from.
 struct ScriptHead {
@@ -57,5 +72,26 @@ class InstallScript {
   ScriptHead head_;
   bool packaged_;
 };
+
+/// Stored names by entry ID and source path: a folder scan stores many files for one ID, and one
+/// file can be stored for several entries.
+class StoredNameMap {
+ public:
+  /// Records the name of a file. Returns false, and keeps the first name, when one is recorded for
+  /// this ID and path already.
+  bool Record(std::string_view id, std::string_view sourcePath, std::string_view storedName);
+
+  /// The recorded name; empty when there is none. Valid until the next Record.
+  [[nodiscard]] std::string_view Find(std::string_view id, std::string_view sourcePath) const;
+
+ private:
+  std::unordered_map<std::string, std::string> names_;
+};
+
+/// Writes the script of what was stored: creates or replaces the file at `path`. Files without a
+/// stored name get no statement. The text goes to disk as it grows: a large product's script is
+/// larger than the rest of a build's memory. Raises tools::Error; the path is then as it was.
+void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead head, bool packaged,
+                        const Survey& survey, const StoredNameMap& names);
 
 }  // namespace engine

@@ -6,13 +6,13 @@
 #include <set>
 #include <string_view>
 
-#include "engine/OutputNames.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderListing.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
-#include "tools/files/TemporaryName.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace engine {
 

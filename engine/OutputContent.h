@@ -1,12 +1,36 @@
-// What lies in an output folder before a build. Hidden folders that builds keep at its top while
-// they run (TemporaryName.h) count for nothing anywhere here, links count like files and are never
-// followed.
+// What lies in an output folder before a build, and the names of what a build itself puts at its
+// top.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "engine/BuildObserver.h"
+
 namespace engine {
+
+inline constexpr const char* kLogName = "build.log";
+inline constexpr const char* kWrapperName = "Setup.exe";
+inline constexpr const char* kWrapperSource = "Wrapper.exe";  ///< in the program's folder
+inline constexpr const char* kRuntimeName = "InstallTessel.msi";
+inline constexpr const char* kScriptEnding = ".install";
+inline constexpr const char* kArchiveEnding = ".zip";
+
+// What the log and the script begin with: it tells a setup from other files.
+inline constexpr const char* kLogHead = "Quillon Packwright Build Log";
+inline constexpr const char* kScriptTitle = "' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL";
+
+/// Those of a folder tree made with these options for a product of this title.
+[[nodiscard]] inline std::vector<std::string> OwnNamesInTree(const BuildOptions& options,
+                                                             const std::string& title) {
+  std::vector<std::string> names{kLogName, title + kScriptEnding};
+  if (options.includeWrapper) names.emplace_back(kWrapperName);
+  if (options.includeRuntime) names.emplace_back(kRuntimeName);
+  return names;
+}
+
+// Below, hidden folders that builds keep at the top while they run (TemporaryFiles.h) count for
+// nothing, links count like files and are never followed.
 
 /// Paths relative to the output folder, each folder before what lies in it.
 struct OutputContent {

@@ -7,7 +7,7 @@
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
-#include "tools/files/Mounts.h"
+#include "tools/files/LinksAndMounts.h"
 #include "tools/files/Path.h"
 
 namespace engine {

@@ -3,14 +3,15 @@
 #include <limits>
 #include <memory>
 
+#include "engine/ComponentFiles.h"
 #include "engine/SourceList.h"
-#include "model/SlotNumbers.h"
+#include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/Numbers.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderListing.h"
-#include "tools/files/LinkTarget.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/LinksAndMounts.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
 #include "tools/files/SpecialFolders.h"
@@ -133,6 +134,22 @@ std::optional<ProtectedPlaces::Place> ProtectedPlaces::PlaceIn(const std::string
   const auto found = byIdentity_.find({stamp.device, stamp.identity});
   if (found == byIdentity_.end()) return std::nullopt;
   return found->second;
+}
+
+void RequireConfined(const model::ModProject& project, std::int32_t version,
+                     const std::string& outputFolder, const std::set<std::string>& sourceFolders) {
+  const std::string limit = tools::CanonicalPath(project.ProductFolder());
+  const auto require = [&limit](const std::string& path) {
+    if (tools::IsSameOrBelow(tools::CanonicalPath(path), limit)) return;
+    throw tools::Error("Das liegt außerhalb des Ordners des Produkts: " + path);
+  };
+  if (!outputFolder.empty()) require(outputFolder);
+  require(project.ProductPath());
+  require(project.VersionFilePath(version));
+  for (const std::int32_t slot : ListComponentFiles(project, version).slots) {
+    require(project.ComponentFilePath(version, slot));
+  }
+  for (const std::string& folder : sourceFolders) require(folder);
 }
 
 }  // namespace engine

@@ -1,4 +1,5 @@
-// The places that no build may delete: what an output folder must not hold.
+// The places that no build may delete, because an output folder must not hold them; and the folder
+// that a confined build may not leave.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 #include <utility>
 
 #include "model/ModProject.h"
-#include "tools/files/Mounts.h"
+#include "tools/files/LinksAndMounts.h"
 
 namespace engine {
 
@@ -67,5 +68,12 @@ class ProtectedPlaces {
   std::set<std::pair<FolderRefusal, std::string>> added_;
   std::string unread_;
 };
+
+/// For building a product of somebody else, which must not reach beyond its own folder. Raises
+/// tools::Error naming the first path that lies outside the product's folder once links are
+/// followed: the output folder (none when empty), a settings file of the version, or one of
+/// `sourceFolders`.
+void RequireConfined(const model::ModProject& project, std::int32_t version,
+                     const std::string& outputFolder, const std::set<std::string>& sourceFolders);
 
 }  // namespace engine

@@ -8,11 +8,9 @@
 
 #include "tools/Text.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderListing.h"
-#include "tools/files/FolderSteps.h"
-#include "tools/files/LeftoverLock.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
-#include "tools/files/TemporaryName.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace engine {
 

@@ -12,8 +12,8 @@
 #include "engine/OutputContent.h"
 #include "tools/Error.h"
 #include "tools/files/Disk.h"
-#include "tools/files/FolderClaim.h"
-#include "tools/files/Leftovers.h"
+#include "tools/files/FolderLock.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace engine {
 

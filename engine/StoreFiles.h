@@ -3,7 +3,7 @@
 
 #include "engine/BuildLog.h"
 #include "engine/FileStore.h"
-#include "engine/StoredNameMap.h"
+#include "engine/InstallScript.h"
 #include "engine/Survey.h"
 
 namespace engine {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "engine/ScriptPath.h"
+#include "engine/InstallScript.h"
 #include "model/FolderTable.h"
 #include "tools/Error.h"
 #include "tools/Text.h"

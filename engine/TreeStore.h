@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/BuildProgress.h"
+#include "engine/BuildObserver.h"
 #include "engine/FileStore.h"
 #include "engine/TreePlaces.h"
 

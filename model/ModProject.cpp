@@ -4,7 +4,6 @@
 #include <limits>
 #include <utility>
 
-#include "model/SlotNumbers.h"
 #include "model/StoredNumbers.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "model/SettingNames.h"
-#include "tools/files/FolderListing.h"
+#include "tools/files/FindFiles.h"
 #include "tools/settings/SettingsStore.h"
 
 namespace model {

@@ -10,11 +10,10 @@
 #include "tools/Text.h"
 #include "tools/Versions.h"
 #include "tools/files/Files.h"
-#include "tools/files/Leftovers.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
 #include "tools/files/SpecialFolders.h"
-#include "tools/files/TemporaryName.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace model {
 

@@ -12,8 +12,6 @@
 
 #include "model/MainView.h"
 #include "model/ModProject.h"
-#include "model/NewProductForm.h"
-#include "model/OpenPages.h"
 #include "model/Undo.h"
 #include "tools/Clock.h"
 #include "tools/Dialogs.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/SlotNumbers.h"
+#include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/files/Files.h"
 

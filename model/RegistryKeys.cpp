@@ -4,7 +4,6 @@
 #include <numeric>
 #include <utility>
 
-#include "model/SlotNumbers.h"
 #include "model/StoredNumbers.h"
 #include "tools/Text.h"
 

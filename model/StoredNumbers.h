@@ -1,9 +1,11 @@
-// Numbers from settings files. Anybody can edit those: an error says which file and key to look at.
+// Numbers from settings files. Anybody can edit those: an error says which file and key to look at,
+// and a count of two thousand million must not make a loop of so many steps.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/SettingNames.h"
 
@@ -29,5 +31,24 @@ struct SettingPlace {
 /// A count from its stored text. Raises tools::Error naming the place for a negative number or one
 /// of over 31 bits.
 [[nodiscard]] std::int32_t StoredCount(const std::string& text, const SettingPlace& place);
+
+/// Up to this count it is cheap to ask for each slot in turn; above it the slots are looked up with
+/// the functions below.
+inline constexpr std::int32_t kCheapSlotCount = 10000;
+
+/// The number in a name made of `word` (ignoring ASCII case) and a decimal number without leading
+/// zeros, for example 7 for "Ver7"; 0 when `name` is no such name or the number has over 31 bits.
+[[nodiscard]] std::int32_t SlotNumberOf(std::string_view name, std::string_view word);
+
+/// The slots from 1 to `count`, ascending, that could have a key or a section named `word` and the
+/// slot number, followed by `ending`, in the settings file with this text. Every slot that has one
+/// is among them.
+[[nodiscard]] std::vector<std::int32_t> SlotsNamedIn(std::string_view settingsText,
+                                                     std::string_view word, std::int32_t count,
+                                                     std::string_view ending = {});
+
+/// `slots` ascending, each once, without those outside 1 to `count`.
+[[nodiscard]] std::vector<std::int32_t> OrderedSlots(std::vector<std::int32_t> slots,
+                                                     std::int32_t count);
 
 }  // namespace model

@@ -5,7 +5,7 @@
 
 #include "model/TextTable.h"
 #include "tools/Text.h"
-#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
 
 namespace pages {

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <string>
 
-#include "model/OpenPages.h"
+#include "model/MainView.h"
 #include "pages/PageHost.h"
 
 namespace pages {

@@ -27,7 +27,6 @@
 #include "tools/desktop/ListViewStyle.h"
 #include "tools/desktop/WaitCursor.h"
 #include "tools/files/FileInformation.h"
-#include "tools/files/Files.h"
 #include "tools/files/Path.h"
 
 namespace pages {

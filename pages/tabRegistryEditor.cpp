@@ -20,7 +20,6 @@
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
-#include "tools/desktop/ListItemDelegate.h"
 #include "tools/desktop/ListViewStyle.h"
 
 namespace pages {

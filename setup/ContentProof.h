@@ -1,15 +1,34 @@
-// Compares files of a setup with their sources, on all processors.
+// The files of a version: each with the statement of the script that installs it, and its content
+// compared with its source, on all processors.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "setup/ExpectedFiles.h"
+#include "setup/Plan.h"
+#include "setup/Proof.h"
 #include "setup/Setup.h"
 #include "tools/Progress.h"
 
 namespace setup {
+
+struct ExpectedFile {
+  static constexpr std::uint32_t kNotPlanned = 0xFFFFFFFF;
+
+  std::uint32_t entry = 0;              ///< position in ExpectedSetup::entries
+  std::uint32_t source = 0;             ///< position in its sources
+  std::uint32_t planned = kNotPlanned;  ///< position in Plan::files
+};
+
+/// What the script has to say of the entry's files: the target of one of them, and the rule.
+[[nodiscard]] std::string ExpectedTarget(const ExpectedEntry& entry, const std::string& source);
+[[nodiscard]] CopyRule ExpectedRule(const ExpectedEntry& entry, const std::string& source);
+
+/// Every file of the version, in order, with the first statement for its target that no file before
+/// it has.
+[[nodiscard]] std::vector<ExpectedFile> MatchFiles(const ExpectedSetup& expected, const Plan& plan);
 
 /// A file whose bytes are not those of its source.
 struct ContentFault {

@@ -1,4 +1,4 @@
-// What a setup will do, in the order in which the runtime does it.
+// What a setup will do, in the order in which the runtime does it, and what is wrong with it.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,17 @@ enum class CopyRule {
 };
 
 /// What the rule does to a file that is there (German).
-[[nodiscard]] const char* RuleText(CopyRule rule);
+[[nodiscard]] constexpr const char* RuleText(CopyRule rule) {
+  switch (rule) {
+    case CopyRule::Add:
+      return "bleibt";
+    case CopyRule::ReplaceSafely:
+      return "ersetzt (sicher)";
+    case CopyRule::Copy:
+      return "ersetzt";
+  }
+  return "";
+}
 
 /// What the user is told when a file cannot be installed.
 struct FailureText {
@@ -65,6 +75,16 @@ struct Plan {
   std::vector<std::string> components;  ///< their titles
   std::vector<FailureText> failures;    ///< those that differ
   std::vector<PlannedFile> files;
+};
+
+/// What is wrong with a setup, and where.
+struct Finding {
+  std::string file = {};            ///< path of the file that is at fault; empty when none is
+  std::uint32_t line = 0;           ///< its line, from 1; 0 when it has none
+  std::string text = {};            ///< what is wrong (German)
+  std::int32_t component = 0;       ///< component slot in the product, 0 when it belongs to none
+  std::string componentTitle = {};  ///< its title; known without a slot when the script names it
+  std::int32_t entry = 0;           ///< entry number in the component, 0 when it belongs to none
 };
 
 }  // namespace setup

@@ -4,10 +4,9 @@
 #include <utility>
 
 #include "setup/ContentProof.h"
-#include "setup/ExpectedFiles.h"
 #include "setup/TargetPath.h"
 #include "tools/Text.h"
-#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "setup/Finding.h"
+#include "setup/Plan.h"
 #include "setup/Setup.h"
 #include "tools/Progress.h"
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "setup/Folders.h"
 #include "setup/TargetPath.h"
 #include "tools/Text.h"
 #include "tools/files/Names.h"

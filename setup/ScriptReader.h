@@ -10,7 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "setup/Finding.h"
 #include "setup/Plan.h"
 #include "setup/ScriptStatement.h"
 

@@ -5,6 +5,7 @@
 #include "setup/TargetPath.h"
 #include "tools/Error.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 

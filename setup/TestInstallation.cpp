@@ -1,16 +1,74 @@
 #include "setup/TestInstallation.h"
 
 #include <filesystem>
+#include <unordered_map>
+#include <utility>
 
-#include "setup/Folders.h"
-#include "setup/InstalledTree.h"
+#include "setup/TargetPath.h"
 #include "tools/Error.h"
+#include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/Path.h"
 
 namespace setup {
 
 namespace {
+
+/// The files of a test installation by their targets, where case does not count, as under Windows.
+class InstalledTree {
+ public:
+  explicit InstalledTree(std::string folder) : folder_(std::move(folder)) {}
+
+  struct Place {
+    std::string key;   ///< the same for all spellings of a target
+    std::string path;  ///< full path, with the spelling that came first
+    bool occupied = false;
+  };
+  /// Where a file with this target goes; makes the folders above it. Raises tools::Error when one
+  /// of them cannot be made.
+  [[nodiscard]] Place PlaceOf(const TargetPath& target);
+  void Occupy(const Place& place);
+  void Free(const Place& place) { files_.erase(place.key); }
+  /// `path` of a place, below the folder, with "/".
+  [[nodiscard]] std::string Below(const std::string& path) const;
+
+ private:
+  std::string folder_;
+  std::unordered_map<std::string, std::string> folders_;  ///< key to full path
+  std::unordered_map<std::string, std::string> files_;    ///< key to name
+};
+
+InstalledTree::Place InstalledTree::PlaceOf(const TargetPath& target) {
+  Place place{.key = {}, .path = folder_};
+  const std::string* part = &target.top;
+  for (const std::string& next : target.parts) {
+    place.key.append(tools::FoldCase(*part)).append("\\");
+    std::string& known = folders_[place.key];
+    if (known.empty()) {
+      known = tools::JoinPath(place.path, *part);
+      tools::MakeFolder(known);
+    }
+    place.path = known;
+    part = &next;
+  }
+  place.key += tools::FoldCase(*part);
+  const auto file = files_.find(place.key);
+  place.occupied = file != files_.end();
+  place.path = tools::JoinPath(place.path, place.occupied ? file->second : *part);
+  return place;
+}
+
+void InstalledTree::Occupy(const Place& place) {
+  files_.insert_or_assign(place.key, tools::FileNamePart(place.path));
+}
+
+std::string InstalledTree::Below(const std::string& path) const {
+  std::string below = path.substr(tools::EnsureTrailingSeparator(folder_).size());
+  for (char& c : below) {
+    if (tools::IsPathSeparator(c)) c = '/';
+  }
+  return below;
+}
 
 using Place = InstalledTree::Place;
 

@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "model/MainView.h"
 #include "model/ModProject.h"
 #include "model/NodeSettings.h"
-#include "model/OpenPages.h"
 #include "pages/PageHost.h"
 #include "pages/PageRegistry.h"
 #include "shell/EditorArea.h"

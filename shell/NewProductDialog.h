@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "model/NewProductForm.h"
+#include "model/MainView.h"
 #include "tools/Dialogs.h"
 #include "tools/registry/Registry.h"
 

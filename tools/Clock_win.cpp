@@ -3,7 +3,6 @@
 
 #include "tools/Clock.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 
 namespace tools {
 

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "engine/Build.h"
-#include "engine/OutputNames.h"
+#include "engine/OutputContent.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
 #include "tools/StandardTexts.h"

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "engine/BuildOptions.h"
+#include "engine/BuildObserver.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "tools/Clock.h"

@@ -6,7 +6,7 @@
 
 #include "model/ModProject.h"
 #include "tools/Dialogs.h"
-#include "tools/desktop/wizard/WizardPageRegistry.h"
+#include "tools/desktop/wizard/WizardOptionPage.h"
 #include "wizards/UnsavedPages.h"
 
 namespace wizards {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "model/MainView.h"
 #include "model/ModProjectOperations.h"
-#include "model/OpenPages.h"
 
 namespace wizards {
 

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <ostream>
 
-#include "console/GermanOptions.h"
+#include "console/CommandLine.h"
 #include "tools/Versions.h"
 
 namespace console {

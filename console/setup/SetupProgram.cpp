@@ -3,10 +3,8 @@
 #include <memory>
 #include <optional>
 
+#include "console/Call.h"
 #include "console/ProductProof.h"
-#include "console/ProductVersion.h"
-#include "console/ReportedCall.h"
-#include "console/SourceDate.h"
 #include "console/setup/JsonSetupReport.h"
 #include "console/setup/SetupCommandLine.h"
 #include "console/setup/TextSetupReport.h"

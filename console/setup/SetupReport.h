@@ -6,7 +6,7 @@
 
 #include "console/Report.h"
 #include "setup/Comparison.h"
-#include "setup/Finding.h"
+#include "setup/Plan.h"
 #include "setup/Proof.h"
 #include "setup/Setup.h"
 #include "setup/TestInstallation.h"

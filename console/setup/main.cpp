@@ -1,5 +1,5 @@
 // packwright-setup: says what a finished setup does, without the runtime that it is made for.
-#include "console/ProgramMain.h"
+#include "console/Call.h"
 #include "console/setup/SetupProgram.h"
 
 int main(int argc, char** argv) {

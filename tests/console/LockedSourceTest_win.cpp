@@ -7,7 +7,6 @@
 #include "console/Platform.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 
 namespace console {
 namespace {

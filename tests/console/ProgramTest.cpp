@@ -6,6 +6,7 @@
 #include "tests/support/Testing.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 
 namespace console {
 

@@ -13,6 +13,8 @@
 #include "tests/support/ZipReader.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/InputFile.h"
 
 namespace engine {
 

@@ -3,6 +3,7 @@
 #include "tests/support/BuildFixture.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 
 namespace engine {
 

@@ -5,8 +5,9 @@
 #include "tools/Text.h"
 #include "tools/files/FileInformation.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderClaim.h"
-#include "tools/files/Leftovers.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/FolderLock.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace engine {
 

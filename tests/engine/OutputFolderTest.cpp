@@ -1,6 +1,7 @@
 #include "engine/OutputFolder.h"
 #include "engine/Survey.h"
 #include "tests/support/BuildFixture.h"
+#include "tools/files/Files.h"
 #include "tools/files/SpecialFolders.h"
 
 namespace engine {

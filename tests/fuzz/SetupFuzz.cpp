@@ -22,6 +22,7 @@
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 
 namespace {

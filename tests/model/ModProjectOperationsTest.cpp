@@ -3,6 +3,7 @@
 #include "tests/support/ProductDesk.h"
 #include "tests/support/Testing.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
 #include "tools/files/SpecialFolders.h"
 

@@ -1,8 +1,10 @@
 #include "model/ModProject.h"
-#include "model/SlotNumbers.h"
+#include "model/StoredNumbers.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/InputFile.h"
 
 namespace model {
 

@@ -5,8 +5,9 @@
 #include "tests/support/ProductDesk.h"
 #include "tests/support/Testing.h"
 #include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
-#include "tools/files/TemporaryName.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace model {
 

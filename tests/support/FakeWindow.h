@@ -9,8 +9,6 @@
 #include <vector>
 
 #include "model/MainView.h"
-#include "model/NewProductForm.h"
-#include "model/OpenPages.h"
 
 namespace tests {
 

@@ -10,7 +10,8 @@
 
 #include "tools/Error.h"
 #include "tools/files/Disk.h"
-#include "tools/files/TemporaryName.h"
+#include "tools/files/Files.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace tests {
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 
 namespace tests {

@@ -11,7 +11,6 @@
 #include "tools/archive/ArchiveJobs.h"
 #include "tools/archive/ArchiveWorkers.h"
 #include "tools/archive/MemberPacker.h"
-#include "tools/files/Files.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "tools/files/Disk.h"
-#include "tools/files/FileContent.h"
+#include "tools/files/InputFile.h"
 
 namespace tools {
 

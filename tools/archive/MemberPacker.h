@@ -10,8 +10,8 @@
 #include "tools/Error.h"
 #include "tools/archive/BlockDeflate.h"
 #include "tools/archive/ZipFormat.h"
-#include "tools/files/FileContent.h"
 #include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 
 namespace tools {
 

@@ -3,11 +3,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "tools/StandardTexts.h"
 #include "tools/desktop/BusyNotice.h"
-#include "tools/desktop/FileChoice.h"
-#include "tools/desktop/InputDialog.h"
 #include "tools/desktop/MessageWindow.h"
 #include "tools/desktop/QtText.h"
 #include "tools/desktop/WaitCursor.h"
@@ -17,6 +16,41 @@ namespace tools {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString Patterns(const QString& pattern) {
+  QStringList patterns;
+  for (const QString& item : pattern.split(u';', Qt::SkipEmptyParts)) {
+    const QString one = item.trimmed();
+    patterns += one == "*.*"_L1 ? u"*"_s : one;
+  }
+  return patterns.join(u' ');
+}
+
+/// The name filters of "text|pattern" pairs separated by "|"; several patterns of a pair are
+/// separated by ";". "*.*" matches every file, also one without an extension. A text without a
+/// pattern is left out; no pair at all gives a filter for every file.
+QStringList NameFilters(const QString& filter) {
+  const QStringList parts = filter.split(u'|');
+  QStringList filters;
+  for (qsizetype text = 0; text + 1 < parts.size(); text += 2) {
+    const QString patterns = Patterns(parts[text + 1]);
+    if (!patterns.isEmpty()) filters += u"%1 (%2)"_s.arg(parts[text], patterns);
+  }
+  return filters.isEmpty() ? QStringList(u"*.* (*)"_s) : filters;
+}
+
+/// `folder` when it exists, else the nearest folder above it that does; empty when there is none.
+QString NearestFolder(const QString& folder) {
+  QString candidate = QDir::cleanPath(QDir::fromNativeSeparators(folder));
+  while (!candidate.isEmpty() && !QFileInfo(candidate).isDir()) {
+    const qsizetype separator = candidate.lastIndexOf(u'/');
+    if (separator < 0) return {};
+    const QString above = candidate.left(separator == 0 ? 1 : separator);
+    if (above == candidate) return {};
+    candidate = above;
+  }
+  return candidate;
+}
 
 void UseGermanLabels(QFileDialog& dialog, const QString& accept) {
   dialog.setLabelText(QFileDialog::Accept, accept);

@@ -1,12 +1,37 @@
 #include "tools/desktop/ListViewStyle.h"
 
+#include <QAbstractItemView>
 #include <QFocusEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QTreeView>
 
-#include "tools/desktop/ListItemDelegate.h"
-
 namespace tools {
+
+namespace {
+
+constexpr int kRowPadding = 6;  // pixels, above and below together
+
+}  // namespace
+
+QSize ListItemDelegate::sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+  return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kRowPadding);
+}
+
+bool ListItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip) {
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  }
+  const QString text = index.data(Qt::ToolTipRole).toString();
+  const QString shown =
+      text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+  QToolTip::showText(event->globalPos(), shown, view, view->visualRect(index));
+  return true;
+}
 
 namespace {
 

@@ -1,6 +1,8 @@
 // The common look and behaviour of the program's list views in report view.
 #pragma once
 
+#include <QStyledItemDelegate>
+
 class QAbstractItemView;
 class QTreeView;
 
@@ -16,5 +18,19 @@ void ApplyListViewStyle(QTreeView& view);
 /// both when the list gets the focus without one, so that keys have a row to act on; when the row
 /// is removed, its neighbour does; a click cannot deselect it. The view has its model.
 void SelectCurrentRow(QAbstractItemView& view);
+
+/// How the lists draw a cell and show its tooltip: with a little air around each row, and tooltips
+/// as the text they are - never read as HTML, as Qt does with a text that looks like it - and long
+/// ones wrapped.
+class ListItemDelegate : public QStyledItemDelegate {
+  Q_OBJECT
+
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
+};
 
 }  // namespace tools

@@ -2,11 +2,9 @@
 
 #include "tools/Error.h"
 #include "tools/WindowsApi.h"
-#include "tools/files/FileHandle_win.h"
-#include "tools/files/FileStamp_win.h"
 #include "tools/files/Files.h"
-#include "tools/files/TemporaryName.h"
-#include "tools/files/WindowsPath.h"
+#include "tools/files/SystemFiles_win.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace tools {
 

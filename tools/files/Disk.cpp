@@ -1,9 +1,9 @@
 #include "tools/files/Disk.h"
 
-#include "tools/files/FolderSteps.h"
-#include "tools/files/Leftovers.h"
-#include "tools/files/LinkTarget.h"
+#include "tools/files/Files.h"
+#include "tools/files/LinksAndMounts.h"
 #include "tools/files/Path.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace tools {
 

@@ -8,9 +8,9 @@
 
 #include "tools/Error.h"
 #include "tools/files/Disk.h"
-#include "tools/files/FileHandle_posix.h"
-#include "tools/files/LinkTarget.h"
+#include "tools/files/LinksAndMounts.h"
 #include "tools/files/Path.h"
+#include "tools/files/SystemFiles_posix.h"
 
 namespace tools {
 
@@ -116,12 +116,5 @@ void SystemDisk::SyncFolder(const std::string& folder) noexcept {
 }
 
 void SystemDisk::Discard(const std::string& path) noexcept { ::unlink(path.c_str()); }
-
-std::string LinkTarget(std::string_view path) {
-  std::error_code failure;
-  if (!std::filesystem::is_symlink(ToPath(path), failure)) return std::string(path);
-  const std::filesystem::path target = std::filesystem::canonical(ToPath(path), failure);
-  return failure ? std::string(path) : FromPath(target);
-}
 
 }  // namespace tools

@@ -4,11 +4,9 @@
 #include "tools/Error.h"
 #include "tools/WindowsApi.h"
 #include "tools/files/Disk.h"
-#include "tools/files/FileHandle_win.h"
-#include "tools/files/HeldFile_win.h"
-#include "tools/files/LinkTarget.h"
+#include "tools/files/LinksAndMounts.h"
 #include "tools/files/Path.h"
-#include "tools/files/WindowsPath.h"
+#include "tools/files/SystemFiles_win.h"
 
 namespace tools {
 
@@ -106,13 +104,5 @@ void SystemDisk::Replace(const std::string& from, const std::string& to) {
 void SystemDisk::SyncFolder(const std::string&) noexcept {}
 
 void SystemDisk::Discard(const std::string& path) noexcept { DeleteFileW(LongPath(path).c_str()); }
-
-std::string LinkTarget(std::string_view path) {
-  const DWORD attributes = GetFileAttributesW(LongPath(path).c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
-    return std::string(path);
-  }
-  return CanonicalPath(path);
-}
 
 }  // namespace tools

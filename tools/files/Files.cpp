@@ -1,9 +1,7 @@
 #include "tools/files/Files.h"
 
 #include "tools/Error.h"
-#include "tools/files/FolderListing.h"
-#include "tools/files/FolderSteps.h"
-#include "tools/files/InputFile.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
 
 namespace tools {
@@ -69,12 +67,6 @@ void SetTreeTime(const std::string& folder, std::int64_t nanoseconds) {
   }
   if (failure) throw PathError("Der Ordner kann nicht gelesen werden", folder, failure);
   SetModificationTime(folder, nanoseconds);
-}
-
-std::string ReadWholeFile(std::string_view path) {
-  const InputFile file{std::string(path)};
-  const FileStamp stamp = file.Stamp();
-  return *ReadToEnd(file, static_cast<std::size_t>(stamp.size), std::string::npos);
 }
 
 }  // namespace tools

@@ -27,6 +27,10 @@ enum class PathKind { Absent, File, Folder, Other };
 /// created, the outermost first. Raises Error naming the one that failed; none is then left over.
 std::vector<std::string> MakeFolder(std::string_view path);
 
+/// Creates one folder, whose parent must be there. Returns the system's reason when it cannot.
+[[nodiscard]] std::error_code CreateOneFolder(const std::string& path);
+/// Removes an empty folder. Returns the system's reason when it cannot.
+std::error_code RemoveEmptyFolder(const std::string& path) noexcept;
 /// False when the system would refuse to make a file in the folder, or the folder itself where it
 /// is missing. What it answers true to can still fail.
 [[nodiscard]] bool CanMakeFilesIn(std::string_view folder);
@@ -65,18 +69,6 @@ using CopyProgress = std::function<void(std::uint64_t bytesSoFar)>;
 [[nodiscard]] CopyResult CopyFile(std::string_view source, std::string_view target,
                                   const CopyProgress& progress = {});
 
-/// The files of `folder` whose names match `pattern`, as full paths ("folder" with a separator
-/// ensured, then the name), as Windows matches them on every machine: "*" and "?" stand for
-/// characters, "*.*" matches every file, case does not count. A folder's own files come in byte
-/// order of their names, then, with `includeSubfolders`, its subfolders in byte order, each in
-/// turn. Links to files count as files; links to folders are not followed. A folder that does not
-/// exist has no files; one that cannot be read raises Error (SearchFiles in FindFiles.h goes on).
-[[nodiscard]] std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
-                                                 bool includeSubfolders);
-
-/// True when `pattern` matches the file name by the rules of FindFiles.
-[[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view pattern);
-
 /// Size in bytes and modification time; what tells whether a file has changed since it was read.
 struct FileStamp {
   bool exists = false;
@@ -96,8 +88,5 @@ struct FileStamp {
 void SetModificationTime(std::string_view path, std::int64_t nanoseconds);
 /// The same for a folder with all files and subfolders in it; links are not followed.
 void SetTreeTime(const std::string& folder, std::int64_t nanoseconds);
-
-/// The whole content of a regular file. Raises Error.
-[[nodiscard]] std::string ReadWholeFile(std::string_view path);
 
 }  // namespace tools

@@ -2,16 +2,10 @@
 
 #include "tools/Error.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
-#include "tools/files/FileHandle_win.h"
-#include "tools/files/FileStamp_win.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderListing.h"
-#include "tools/files/FolderSteps.h"
-#include "tools/files/HeldFile_win.h"
 #include "tools/files/Path.h"
-#include "tools/files/TemporaryName.h"
-#include "tools/files/WindowsPath.h"
+#include "tools/files/SystemFiles_win.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace tools {
 
@@ -36,36 +30,6 @@ DWORD AttributesOf(std::string_view path, std::error_code& failure) {
   }
   return attributes;
 }
-
-/// Junctions and symbolic links of folders.
-bool IsFolderLink(DWORD attributes) {
-  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
-         (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-}
-
-class FolderSearch {
- public:
-  explicit FolderSearch(const std::wstring& folder)
-      : handle_(FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &data_,
-                                 FindExSearchNameMatch, nullptr, 0)) {}
-  ~FolderSearch() {
-    if (IsOpen()) FindClose(handle_);
-  }
-  FolderSearch(const FolderSearch&) = delete;
-  FolderSearch& operator=(const FolderSearch&) = delete;
-
-  [[nodiscard]] bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
-  [[nodiscard]] const WIN32_FIND_DATAW& Data() const { return data_; }
-  [[nodiscard]] bool IsDots() const {
-    const std::wstring_view name(data_.cFileName);
-    return name == L"." || name == L"..";
-  }
-  bool Next() { return FindNextFileW(handle_, &data_) != 0; }
-
- private:
-  WIN32_FIND_DATAW data_{};
-  HANDLE handle_;
-};
 
 [[noreturn]] void FailToRemove(const std::wstring& path, DWORD error) {
   // The user knows the path without the prefix of LongPath.
@@ -94,15 +58,6 @@ void RemoveTree(const std::wstring& path, DWORD attributes) {
     return (folder ? RemoveDirectoryW(path.c_str()) : DeleteFileW(path.c_str())) != 0;
   });
   if (error != 0 && !IsAbsent(error)) FailToRemove(path, error);
-}
-
-/// For a link to a file. One that cannot be looked at leads somewhere: reading it tells more.
-bool LeadsNowhere(const std::string& path) {
-  try {
-    return !StampOf(path).exists;
-  } catch (const Error&) {
-    return false;
-  }
 }
 
 }  // namespace
@@ -190,55 +145,6 @@ FileStamp StampOf(std::string_view path) {
     throw PathError("Die Datei kann nicht gelesen werden", path, LastSystemError());
   }
   return {};
-}
-
-std::vector<FolderEntry> ListEntries(std::string_view folder, std::error_code& failure) {
-  std::vector<FolderEntry> entries;
-  FolderSearch search(LongPath(folder));
-  if (!search.IsOpen()) {
-    failure = LastSystemError();
-    return entries;
-  }
-  do {
-    if (search.IsDots()) continue;
-    const DWORD attributes = search.Data().dwFileAttributes;
-    FolderEntry::Kind kind = FolderEntry::Kind::File;
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-      kind = IsFolderLink(attributes) ? FolderEntry::Kind::Other : FolderEntry::Kind::Folder;
-    }
-    entries.push_back({FromWide(search.Data().cFileName), kind});
-  } while (search.Next());
-  if (GetLastError() != ERROR_NO_MORE_FILES) failure = LastSystemError();
-  return entries;
-}
-
-std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure,
-                                   const ListingStep& step) {
-  std::vector<FolderItem> items;
-  FolderSearch search(LongPath(folder));
-  if (!search.IsOpen()) {
-    failure = LastSystemError();
-    return items;
-  }
-  do {
-    if (step) step();
-    const DWORD attributes = search.Data().dwFileAttributes;
-    if (search.IsDots()) continue;
-    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    FolderItem item{FromWide(search.Data().cFileName),
-                    isFolder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
-                    (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0,
-                    {}};
-    if (IsFolderLink(attributes)) {
-      item.kind = FolderItem::Kind::FolderLink;
-    } else if (item.mayBeLink && LeadsNowhere(JoinPath(folder, item.name))) {
-      item.kind = FolderItem::Kind::Dead;
-      item.cause = std::make_error_code(std::errc::no_such_file_or_directory);
-    }
-    items.push_back(std::move(item));
-  } while (search.Next());
-  if (GetLastError() != ERROR_NO_MORE_FILES) failure = LastSystemError();
-  return items;
 }
 
 // Access control lists are only told by trying, which a check must not do.

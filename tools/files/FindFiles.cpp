@@ -7,7 +7,7 @@
 #include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/Path.h"
-#include "tools/files/TemporaryName.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace tools {
 

@@ -1,6 +1,10 @@
 #include "tools/files/InputFile.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "tools/Error.h"
+#include "tools/files/Files.h"
 
 namespace tools {
 
@@ -20,6 +24,28 @@ std::optional<std::string> ReadToEnd(const InputFile& file, std::size_t expected
   }
   bytes.resize(read);
   return bytes;
+}
+
+std::string ReadWholeFile(std::string_view path) {
+  const InputFile file{std::string(path)};
+  const FileStamp stamp = file.Stamp();
+  return *ReadToEnd(file, static_cast<std::size_t>(stamp.size), std::string::npos);
+}
+
+std::optional<FileContent> ReadFileUpTo(const std::string& path, std::size_t maximumBytes) {
+  const InputFile file(path);
+  constexpr int kTries = 2;
+  for (int i = 0; i < kTries; ++i) {
+    const std::optional<FileStamp> stamp = file.SteadyStamp();
+    if (!stamp) continue;
+    if (stamp->size > maximumBytes) return std::nullopt;
+    std::optional<std::string> bytes =
+        ReadToEnd(file, static_cast<std::size_t>(stamp->size), maximumBytes);
+    if (!bytes) return std::nullopt;
+    if (file.Stamp() == *stamp) return FileContent{std::move(*bytes), stamp->modifiedNanoseconds};
+  }
+  throw PathError("Die Datei kann nicht gelesen werden", path,
+                  std::make_error_code(kChangesMeanwhile));
 }
 
 }  // namespace tools

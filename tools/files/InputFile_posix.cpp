@@ -5,10 +5,9 @@
 #include <cerrno>
 
 #include "tools/Error.h"
-#include "tools/files/FileHandle_posix.h"
-#include "tools/files/FileStamp_posix.h"
+#include "tools/files/Files.h"
 #include "tools/files/InputFile.h"
-#include "tools/files/SteadyStatus_posix.h"
+#include "tools/files/SystemFiles_posix.h"
 
 namespace tools {
 

@@ -1,11 +1,9 @@
 #include <algorithm>
 
 #include "tools/Error.h"
-#include "tools/files/FileHandle_win.h"
-#include "tools/files/FileStamp_win.h"
-#include "tools/files/HeldFile_win.h"
+#include "tools/files/Files.h"
 #include "tools/files/InputFile.h"
-#include "tools/files/WindowsPath.h"
+#include "tools/files/SystemFiles_win.h"
 
 namespace tools {
 

@@ -3,9 +3,8 @@
 
 #include "tools/Text.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 #include "tools/files/Path.h"
-#include "tools/files/WindowsPath.h"
+#include "tools/files/SystemFiles_win.h"
 
 namespace tools {
 

@@ -1,12 +1,9 @@
-// The user's and the system's folders, and private temporary ones.
+// The user's and the system's folders.
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
-
-#include "tools/files/Leftovers.h"
 
 namespace tools {
 
@@ -24,22 +21,5 @@ inline constexpr std::int32_t kTemporaryFolder = 1003;  ///< the system's tempor
 /// The home folders of all users that this machine knows, whether they exist or not, this one's
 /// among them.
 [[nodiscard]] std::vector<std::string> HomeFolders();
-
-/// A fresh folder inside the system's temporary folder that only this user can enter, so that
-/// nobody else can prepare or read what lies in it. It is removed with all its contents by the
-/// destructor, or after a killed process by the next one that makes such a folder.
-class PrivateTemporaryFolder {
- public:
-  /// Raises Error.
-  PrivateTemporaryFolder();
-  ~PrivateTemporaryFolder();
-  PrivateTemporaryFolder(const PrivateTemporaryFolder&) = delete;
-  PrivateTemporaryFolder& operator=(const PrivateTemporaryFolder&) = delete;
-
-  [[nodiscard]] const std::string& Path() const { return held_->Path(); }
-
- private:
-  std::unique_ptr<HeldTemporary> held_;
-};
 
 }  // namespace tools

@@ -9,8 +9,6 @@
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Path.h"
-#include "tools/files/PrivateFolder.h"
-#include "tools/files/ReadStream.h"
 #include "tools/files/SpecialFolders.h"
 
 namespace tools {
@@ -63,8 +61,7 @@ std::string FolderOfLine(std::string_view line, std::string_view name) {
 
 /// A folder of xdg-user-dirs; the home folder when the user has none of its own.
 std::string UserFolder(std::string_view name) {
-  std::ifstream file =
-      OpenForReading(JoinPath(BaseFolder("XDG_CONFIG_HOME", ".config"), "user-dirs.dirs"));
+  std::ifstream file(JoinPath(BaseFolder("XDG_CONFIG_HOME", ".config"), "user-dirs.dirs"));
   std::string result;
   for (std::string line; std::getline(file, line);) {
     const std::string folder = FolderOfLine(line, name);
@@ -101,12 +98,6 @@ std::vector<std::string> HomeFolders() {
   }
   ::endpwent();
   return homes;
-}
-
-void MakePrivateFolder(const std::string& path) {
-  if (::mkdir(path.c_str(), 0700) == 0) return;
-  throw PathError("Der temporäre Ordner kann nicht angelegt werden", FolderOf(path),
-                  LastSystemError());
 }
 
 }  // namespace tools

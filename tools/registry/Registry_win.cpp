@@ -3,7 +3,6 @@
 
 #include "tools/Error.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 #include "tools/registry/Registry.h"
 
 namespace tools {

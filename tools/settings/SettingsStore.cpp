@@ -8,11 +8,12 @@
 #include <vector>
 
 #include "tools/Error.h"
+#include "tools/files/Files.h"
 #include "tools/files/FolderLock.h"
 #include "tools/files/InputFile.h"
-#include "tools/files/Leftovers.h"
-#include "tools/files/LinkTarget.h"
+#include "tools/files/LinksAndMounts.h"
 #include "tools/files/Path.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace tools {
 

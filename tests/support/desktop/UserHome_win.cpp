@@ -4,7 +4,6 @@
 #include "tests/support/desktop/UserHome.h"
 #include "tools/Guid.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 
 namespace tests {
 

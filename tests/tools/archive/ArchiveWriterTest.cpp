@@ -7,6 +7,7 @@
 #include "tools/archive/ArchiveWriter.h"
 #include "tools/archive/ZipFormat.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
 
 namespace tools {

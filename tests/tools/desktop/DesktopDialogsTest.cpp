@@ -8,7 +8,6 @@
 #include "tests/support/desktop/ModalScript.h"
 #include "tools/desktop/BusyNotice.h"
 #include "tools/desktop/DesktopDialogs.h"
-#include "tools/desktop/FileChoice.h"
 #include "tools/desktop/WaitCursor.h"
 
 namespace tests {

@@ -4,9 +4,8 @@
 #include "tests/support/Testing.h"
 #include "tools/Text.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 #include "tools/files/Disk.h"
-#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 
 namespace tools {
 

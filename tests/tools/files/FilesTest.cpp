@@ -2,6 +2,8 @@
 
 #include "tests/support/Testing.h"
 #include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 
 namespace tools {

@@ -6,10 +6,10 @@
 
 #include "tests/support/WithoutRights.h"
 #include "tools/files/Disk.h"
-#include "tools/files/FileContent.h"
-#include "tools/files/FileStamp_posix.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderClaim.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/FolderLock.h"
+#include "tools/files/SystemFiles_posix.h"
 
 namespace tools {
 

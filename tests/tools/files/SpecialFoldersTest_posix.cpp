@@ -3,6 +3,7 @@
 
 #include "tests/support/Testing.h"
 #include "tools/files/SpecialFolders.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace tools {
 

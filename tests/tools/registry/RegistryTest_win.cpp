@@ -1,7 +1,6 @@
 #include "tests/support/Testing.h"
 #include "tools/Guid.h"
 #include "tools/WindowsApi.h"
-#include "tools/WindowsText.h"
 #include "tools/registry/Registry.h"
 
 namespace tools {

@@ -1,6 +1,7 @@
 #include "tests/support/FaultyDisk.h"
 #include "tests/support/Testing.h"
 #include "tools/Text.h"
+#include "tools/files/FindFiles.h"
 #include "tools/settings/SettingsStore.h"
 
 namespace tools {

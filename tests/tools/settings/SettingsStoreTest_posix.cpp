@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "tests/support/WithoutRights.h"
+#include "tools/files/FindFiles.h"
 #include "tools/settings/SettingsStore.h"
 
 namespace tools {

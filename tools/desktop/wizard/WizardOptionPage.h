@@ -1,7 +1,9 @@
-// A page of a wizard on which the user sets options.
+// The pages of a wizard on which the user sets options, and which of them belongs to a ProgID.
 #pragma once
 
 #include <QWidget>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -9,8 +11,8 @@
 
 namespace tools {
 
-/// Shows values of the wizard's data store, and writes each back as soon as the user changes it; a
-/// value that the user leaves alone stays as it is.
+/// A page on which the user sets options. Shows values of the wizard's data store, and writes each
+/// back as soon as the user changes it; a value that the user leaves alone stays as it is.
 class WizardOptionPage : public QWidget {
   Q_OBJECT
 
@@ -28,6 +30,21 @@ class WizardOptionPage : public QWidget {
 
  private:
   WizardDataStore& store_;
+};
+
+/// Option pages by their ProgID.
+class WizardPageRegistry {
+ public:
+  using Factory = std::function<WizardOptionPage*(WizardDataStore& DataStore, QWidget* parent)>;
+
+  void Add(const std::string& ProgID, Factory factory);
+
+  /// A new page that `parent` owns; null for a ProgID that nobody has registered.
+  [[nodiscard]] WizardOptionPage* Create(const std::string& ProgID, WizardDataStore& DataStore,
+                                         QWidget* parent) const;
+
+ private:
+  std::map<std::string, Factory> factories_;
 };
 
 }  // namespace tools

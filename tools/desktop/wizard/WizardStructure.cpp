@@ -13,7 +13,6 @@
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
 #include "tools/desktop/wizard/WizardHeader.h"
-#include "tools/desktop/wizard/WizardPicture.h"
 
 namespace tools {
 

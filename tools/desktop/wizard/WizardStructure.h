@@ -11,7 +11,7 @@
 
 #include "tools/Dialogs.h"
 #include "tools/desktop/wizard/WizardDriver.h"
-#include "tools/desktop/wizard/WizardPageRegistry.h"
+#include "tools/desktop/wizard/WizardOptionPage.h"
 
 class QLabel;
 class QPushButton;

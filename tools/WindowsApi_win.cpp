@@ -1,0 +1,26 @@
+#include "tools/WindowsApi.h"
+
+namespace tools {
+
+std::wstring ToWide(std::string_view utf8) {
+  if (utf8.empty()) return {};
+  const int bytes = static_cast<int>(utf8.size());
+  std::wstring wide(
+      static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, nullptr, 0)),
+      L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, wide.data(), static_cast<int>(wide.size()));
+  return wide;
+}
+
+std::string FromWide(std::wstring_view wide) {
+  if (wide.empty()) return {};
+  const int units = static_cast<int>(wide.size());
+  std::string utf8(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), units,
+                                                                nullptr, 0, nullptr, nullptr)),
+                   '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, utf8.data(), static_cast<int>(utf8.size()),
+                      nullptr, nullptr);
+  return utf8;
+}
+
+}  // namespace tools

@@ -1,0 +1,77 @@
+// POSIX only: what the operations on files share.
+#pragma once
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+#include "tools/files/Files.h"
+
+namespace tools {
+
+/// Owns a file descriptor.
+class FileHandle {
+ public:
+  explicit FileHandle(int descriptor) : descriptor_(descriptor) {}
+  ~FileHandle() {
+    if (IsOpen()) ::close(descriptor_);
+  }
+  FileHandle(const FileHandle&) = delete;
+  FileHandle& operator=(const FileHandle&) = delete;
+
+  /// Closes the present descriptor and owns this one from now on.
+  void Take(int descriptor) {
+    if (IsOpen()) ::close(descriptor_);
+    descriptor_ = descriptor;
+  }
+  [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
+  [[nodiscard]] int Get() const { return descriptor_; }
+
+  /// Closes now and tells whether the system could write everything.
+  [[nodiscard]] bool Close() {
+    const int descriptor = descriptor_;
+    descriptor_ = -1;
+    return ::close(descriptor) == 0;
+  }
+
+ private:
+  int descriptor_;
+};
+
+/// A point in time as nanoseconds since 1970-01-01 UTC. Times that nanoseconds cannot count (from
+/// 2262 on) become the last that they can.
+[[nodiscard]] inline std::int64_t NanosecondsOf(const timespec& time) {
+  constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
+  constexpr std::int64_t kMostSeconds =
+      std::numeric_limits<std::int64_t>::max() / kNanosecondsPerSecond - 1;
+  const std::int64_t seconds = std::clamp<std::int64_t>(time.tv_sec, -kMostSeconds, kMostSeconds);
+  return seconds * kNanosecondsPerSecond + time.tv_nsec;
+}
+
+[[nodiscard]] inline FileStamp StampFrom(const struct stat& status) {
+  return {.exists = true,
+          .size = static_cast<std::uint64_t>(status.st_size),
+          .modifiedNanoseconds = NanosecondsOf(status.st_mtim),
+          .device = status.st_dev,
+          .identity = status.st_ino};
+}
+
+/// Fills `status` from an open file. Systems count a file's time in ticks of some milliseconds, and
+/// set it when a write begins: a file that was changed just now is looked at again when it should
+/// have been quiet for 20 milliseconds. Returns false when it has changed again by then, and where
+/// the system fails.
+[[nodiscard]] bool SteadyStatus(int descriptor, struct stat& status);
+
+/// True while `path` still names the open file or folder, links not followed: it was neither
+/// renamed nor replaced.
+[[nodiscard]] bool IsStillAt(const FileHandle& handle, const std::string& path);
+
+/// Removes `name` in the open folder `parent` with all that it holds; `path` is what an error calls
+/// it. Folders are opened by way of their parent and never through a link, so that nobody can lead
+/// the removal elsewhere meanwhile. Raises Error.
+void RemoveEntry(int parent, const std::string& name, const std::string& path);
+
+}  // namespace tools
