@@ -45,6 +45,7 @@ class OneFolder : public tools::Dialogs {
     return {};
   }
   std::string OpenFile(const tools::OpenFileRequest&) override { return {}; }
+  std::vector<std::string> OpenFiles(const tools::OpenFileRequest&) override { return {}; }
   std::string BrowseFolder(const std::string&, int) override { return folder_; }
   int ShowBusyNotice(const std::string&, const std::string&) override { return 0; }
   bool IsStopWanted(int) override { return false; }

@@ -19,12 +19,20 @@ void FileEntries::Add(ICFile entry) {
   byId_.emplace(entries_.back().ID, std::prev(entries_.end()));
 }
 
-void FileEntries::Remove(std::string_view id) {
+TakenFileEntry FileEntries::Take(std::string_view id) {
   const auto found = byId_.find(id);
-  if (found == byId_.end()) return;
   const auto entry = found->second;
+  TakenFileEntry taken;
+  taken.next_ = std::next(entry);
   byId_.erase(found);
-  entries_.erase(entry);
+  taken.entry_.splice(taken.entry_.begin(), entries_, entry);
+  return taken;
+}
+
+void FileEntries::PutBack(TakenFileEntry& taken) {
+  const auto entry = taken.entry_.begin();
+  entries_.splice(taken.next_, taken.entry_);
+  byId_.emplace(entry->ID, entry);
 }
 
 void FileEntries::SetField(std::string_view id, std::string_view fieldName, std::string_view text) {

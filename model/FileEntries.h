@@ -11,8 +11,20 @@
 
 namespace model {
 
+/// An entry taken out of its collection, to be put back in its place.
+class TakenFileEntry {
+ public:
+  [[nodiscard]] const ICFile& Entry() const { return entry_.front(); }
+
+ private:
+  friend class FileEntries;
+  std::list<ICFile> entry_;
+  std::list<ICFile>::iterator next_;  ///< the entry that followed
+};
+
 /// Entries in the order of their insertion, found by ID. IDs are compared exactly. An entry stays
-/// at its address until it is removed, also when the collection itself is moved.
+/// at its address until it is destroyed, also while it is taken out and when the collection itself
+/// is moved.
 class FileEntries {
  public:
   using const_iterator = std::list<ICFile>::const_iterator;
@@ -30,8 +42,11 @@ class FileEntries {
 
   /// Appends an entry. Raises tools::Error naming the ID when there is one with it already.
   void Add(ICFile entry);
-  /// Removes the entry with that ID, if there is one.
-  void Remove(std::string_view id);
+  /// Takes out the entry with that ID, which must be there.
+  [[nodiscard]] TakenFileEntry Take(std::string_view id);
+  /// Puts an entry back before the one that followed it, which must be there: of several entries,
+  /// the one taken last comes back first. Nothing may have been added with its ID.
+  void PutBack(TakenFileEntry& taken);
   /// Sets a field from text by the rules of SetFileEntryField; an unknown ID changes nothing.
   void SetField(std::string_view id, std::string_view fieldName, std::string_view text);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <unordered_set>
 
 #include "model/TextTable.h"
 #include "tools/Text.h"
@@ -22,14 +23,21 @@ constexpr std::size_t kMostNamedPaths = 10;
 
 bool IsControlCharacter(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
 
+/// What two entries that install the same file into the same place have in common.
+std::string SourceAndTarget(const model::ICFile& entry, const std::string& productFolder) {
+  const std::string folder = tools::ResolvePath(entry.SourcePath, productFolder);
+  return tools::JoinPath(folder, entry.SourceName) + '\n' + std::to_string(entry.TargetFolder) +
+         '\n' + entry.TargetSubFolder + '\n' + entry.TargetName;
+}
+
 }  // namespace
 
-std::string AskForFile(tools::Dialogs& dialogs) {
-  return dialogs.OpenFile({.title = LoadText(Text::FolderPrograms),
-                           .initialFolder = {},
-                           .filter = "*.*|*.*",
-                           .defaultExtension = {},
-                           .filterIndex = 1});
+std::vector<std::string> AskForFiles(tools::Dialogs& dialogs) {
+  return dialogs.OpenFiles({.title = LoadText(Text::FolderPrograms),
+                            .initialFolder = {},
+                            .filter = "*.*|*.*",
+                            .defaultExtension = {},
+                            .filterIndex = 1});
 }
 
 std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders) {
@@ -66,6 +74,29 @@ model::ICFile EntryFor(const std::string& path, std::int32_t targetFolder) {
   entry.SourceName = tools::FileNamePart(path);
   entry.Vital = 1;
   return entry;
+}
+
+std::size_t CountListed(const model::FileEntries& entries, const std::vector<model::ICFile>& added,
+                        const std::string& productFolder) {
+  std::unordered_set<std::string> listed;
+  for (const model::ICFile& entry : entries) listed.insert(SourceAndTarget(entry, productFolder));
+  if (listed.empty()) return 0;
+  return static_cast<std::size_t>(
+      std::count_if(added.begin(), added.end(), [&](const model::ICFile& entry) {
+        return listed.contains(SourceAndTarget(entry, productFolder));
+      }));
+}
+
+std::string AddedText(const std::vector<model::ICFile>& added, std::size_t listed) {
+  if (added.size() == 1) {
+    return tools::ReplaceAll(LoadText(listed > 0 ? Text::AddedListedFile : Text::AddedFile),
+                             "%file%", added.front().SourceName);
+  }
+  const std::string text =
+      tools::ReplaceAll(LoadText(Text::AddedFiles), "%count%", std::to_string(added.size()));
+  if (listed == 0) return text;
+  return text + " " +
+         tools::ReplaceAll(LoadText(Text::ListedBefore), "%count%", std::to_string(listed));
 }
 
 }  // namespace pages

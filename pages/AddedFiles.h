@@ -1,16 +1,17 @@
 // Choosing the files that an author adds to a component, and the entries that they become.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
-#include "model/ICFile.h"
+#include "model/FileEntries.h"
 #include "tools/Dialogs.h"
 
 namespace pages {
 
-/// Asks for one file; empty when the author cancels.
-[[nodiscard]] std::string AskForFile(tools::Dialogs& dialogs);
+/// Asks for files; none when the author cancels.
+[[nodiscard]] std::vector<std::string> AskForFiles(tools::Dialogs& dialogs);
 
 /// Asks for a folder and lists its files, with `withSubfolders` those in its subfolders too; empty
 /// when the author cancels. Raises tools::Error when the folder cannot be listed.
@@ -25,5 +26,14 @@ namespace pages {
 /// An entry that installs the file at `path` into a destination folder (FolderTable.h), under its
 /// own name; without an ID.
 [[nodiscard]] model::ICFile EntryFor(const std::string& path, std::int32_t targetFolder);
+
+/// How many of the entries to be added name a source and a target that one of `entries` names
+/// already. Relative sources are taken from `productFolder`.
+[[nodiscard]] std::size_t CountListed(const model::FileEntries& entries,
+                                      const std::vector<model::ICFile>& added,
+                                      const std::string& productFolder);
+
+/// What the status bar says after entries were added, `listed` of which were there already.
+[[nodiscard]] std::string AddedText(const std::vector<model::ICFile>& added, std::size_t listed);
 
 }  // namespace pages

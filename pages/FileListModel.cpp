@@ -1,6 +1,9 @@
 #include "pages/FileListModel.h"
 
+#include <QCollator>
+#include <QHash>
 #include <algorithm>
+#include <utility>
 
 #include "model/FolderTable.h"
 #include "pages/PageText.h"
@@ -15,25 +18,91 @@ std::string TargetText(const model::ICFile& entry) {
   return model::FolderMacro(entry.TargetFolder) + "\\" + entry.TargetSubFolder;
 }
 
+QString TextOf(const model::ICFile& entry, int column) {
+  return tools::ToQString(column == FileListModel::kFileName
+                              ? tools::JoinPath(entry.SourcePath, entry.SourceName)
+                              : TargetText(entry));
+}
+
 }  // namespace
 
 void FileListModel::Show(const model::FileEntries& entries, std::int32_t targetFolder) {
   beginResetModel();
-  shown_.clear();
+  inFolder_.clear();
   for (const model::ICFile& entry : entries) {
-    if (entry.TargetFolder == targetFolder) shown_.push_back(&entry);
+    if (entry.TargetFolder == targetFolder) inFolder_.push_back(&entry);
   }
+  Arrange();
   endResetModel();
+}
+
+void FileListModel::SetFilter(const QString& text) {
+  beginResetModel();
+  words_ = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  Arrange();
+  endResetModel();
+}
+
+void FileListModel::Arrange() {
+  shown_ = inFolder_;
+  if (HasFilter()) {
+    std::erase_if(shown_, [this](const auto* entry) { return !PassesFilter(*entry); });
+  }
+  if (sortColumn_ >= 0) SortRows();
+}
+
+bool FileListModel::PassesFilter(const model::ICFile& entry) const {
+  const QString path = TextOf(entry, kFileName);
+  return std::all_of(words_.begin(), words_.end(), [&path](const QString& word) {
+    return path.contains(word, Qt::CaseInsensitive);
+  });
+}
+
+void FileListModel::SortRows() {
+  QCollator german(QLocale(QLocale::German, QLocale::Germany));
+  german.setNumericMode(true);
+  german.setCaseSensitivity(Qt::CaseInsensitive);
+  std::vector<std::pair<QCollatorSortKey, const model::ICFile*>> rows;
+  rows.reserve(shown_.size());
+  for (const model::ICFile* entry : shown_) {
+    rows.emplace_back(german.sortKey(TextOf(*entry, sortColumn_)), entry);
+  }
+  const bool ascending = sortOrder_ == Qt::AscendingOrder;
+  std::stable_sort(rows.begin(), rows.end(), [ascending](const auto& a, const auto& b) {
+    return ascending ? a.first < b.first : b.first < a.first;
+  });
+  std::transform(rows.begin(), rows.end(), shown_.begin(),
+                 [](const auto& row) { return row.second; });
+}
+
+void FileListModel::sort(int column, Qt::SortOrder order) {
+  sortColumn_ = column;
+  sortOrder_ = order;
+  // The selected rows stay selected, wherever they go.
+  Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+  const std::vector<const model::ICFile*> before = shown_;
+  Arrange();
+  QHash<const model::ICFile*, int> rowOf;
+  for (int row = 0; row < rowCount(); ++row) rowOf.insert(&EntryAt(row), row);
+  const QModelIndexList from = persistentIndexList();
+  QModelIndexList to;
+  for (const QModelIndex& old : from) {
+    to.append(index(rowOf.value(before[static_cast<std::size_t>(old.row())]), old.column()));
+  }
+  changePersistentIndexList(from, to);
+  Q_EMIT layoutChanged({}, VerticalSortHint);
 }
 
 const model::ICFile& FileListModel::EntryAt(int row) const {
   return *shown_.at(static_cast<std::size_t>(row));
 }
 
-int FileListModel::RowOf(std::string_view id) const {
-  const auto found = std::find_if(shown_.begin(), shown_.end(),
-                                  [id](const model::ICFile* entry) { return entry->ID == id; });
-  return found == shown_.end() ? -1 : static_cast<int>(found - shown_.begin());
+std::vector<int> FileListModel::RowsOf(const std::unordered_set<std::string_view>& ids) const {
+  std::vector<int> rows;
+  for (int row = 0; row < rowCount(); ++row) {
+    if (ids.contains(EntryAt(row).ID)) rows.push_back(row);
+  }
+  return rows;
 }
 
 int FileListModel::rowCount(const QModelIndex& parent) const {
@@ -47,10 +116,7 @@ int FileListModel::columnCount(const QModelIndex& parent) const {
 QVariant FileListModel::data(const QModelIndex& index, int role) const {
   // A long path does not fit its column: the tooltip shows all of it.
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
-  const model::ICFile& entry = EntryAt(index.row());
-  return tools::ToQString(index.column() == kFileName
-                              ? tools::JoinPath(entry.SourcePath, entry.SourceName)
-                              : TargetText(entry));
+  return TextOf(EntryAt(index.row()), index.column());
 }
 
 QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int role) const {

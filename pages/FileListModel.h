@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QString>
 #include <cstdint>
-#include <string_view>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "model/FileEntries.h"
@@ -12,7 +14,7 @@ namespace pages {
 
 /// Two columns: the source file's path, and the place at the destination as the installation
 /// script names it. A row refers to its entry and copies nothing, so that a component of many
-/// thousand entries is shown at once.
+/// thousand entries is shown at once. Rows stand in the collection's order unless they are sorted.
 class FileListModel : public QAbstractTableModel {
   Q_OBJECT
 
@@ -21,22 +23,38 @@ class FileListModel : public QAbstractTableModel {
 
   using QAbstractTableModel::QAbstractTableModel;
 
-  /// Shows the entries with this destination folder, in the collection's order. They must stay
-  /// where they are until the next Show.
+  /// Shows the entries with this destination folder. They must stay where they are until the next
+  /// Show.
   void Show(const model::FileEntries& entries, std::int32_t targetFolder);
+  /// Shows only those whose source path holds every word of the text, in any case.
+  void SetFilter(const QString& text);
+  [[nodiscard]] bool HasFilter() const { return !words_.isEmpty(); }
+  /// The number of entries with this destination folder, whether the filter shows them or not.
+  [[nodiscard]] int CountInFolder() const { return static_cast<int>(inFolder_.size()); }
 
   /// The entry in that row, which must exist.
   [[nodiscard]] const model::ICFile& EntryAt(int row) const;
-  /// The row of the entry with that ID; -1 when it is not shown.
-  [[nodiscard]] int RowOf(std::string_view id) const;
+  /// The rows of those of the entries with these IDs that are shown, ascending.
+  [[nodiscard]] std::vector<int> RowsOf(const std::unordered_set<std::string_view>& ids) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  /// By the texts of that column as a reader of German orders them, numbers in them by value; -1
+  /// gives the collection's order.
+  void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
  private:
+  void Arrange();
+  void SortRows();
+  [[nodiscard]] bool PassesFilter(const model::ICFile& entry) const;
+
+  std::vector<const model::ICFile*> inFolder_;  ///< in the collection's order
   std::vector<const model::ICFile*> shown_;
+  QStringList words_;
+  int sortColumn_ = -1;
+  Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
 };
 
 }  // namespace pages

@@ -13,21 +13,24 @@
 #include <QSplitter>
 #include <QTreeView>
 #include <QVBoxLayout>
-#include <utility>
+#include <algorithm>
+#include <unordered_set>
 
 #include "model/FolderTable.h"
 #include "pages/AddedFiles.h"
+#include "pages/FileFilter.h"
+#include "pages/FileListDocument.h"
+#include "pages/FileListMenu.h"
+#include "pages/FileProperties.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
+#include "pages/TargetFolders.h"
 #include "tools/Error.h"
-#include "tools/StandardTexts.h"
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/ListViewStyle.h"
 #include "tools/desktop/WaitCursor.h"
-#include "tools/files/FileInformation.h"
-#include "tools/files/Path.h"
 
 namespace pages {
 
@@ -36,15 +39,6 @@ using grid::EditReaction;
 using tools::Guarded;
 
 namespace {
-
-constexpr std::string_view kType = "Type";
-constexpr const char* kExisting = "Existing";
-constexpr const char* kVersion = "Version";
-constexpr const char* kFileDateTime = "FileDateTime";
-
-QString FromLatin1(std::string_view text) {
-  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 template <typename Widget>
 Widget* Named(Widget* widget, const QString& name) {
@@ -55,7 +49,10 @@ Widget* Named(Widget* widget, const QString& name) {
 }  // namespace
 
 tabFileList::tabFileList(const PageServices& services, QWidget* parent)
-    : EditorPage(parent), services_(services), shownEntries_(new FileListModel(this)) {
+    : EditorPage(parent),
+      services_(services),
+      document_(new FileListDocument(this)),
+      shownEntries_(new FileListModel(this)) {
   setFont(tools::FormFont());
   BuildBrowser();
   BuildProperties();
@@ -71,7 +68,6 @@ tabFileList::tabFileList(const PageServices& services, QWidget* parent)
   layout->addWidget(halves);
   setFocusProxy(cmbDestinationFolder);
   ConnectEvents();
-  FillDestinationFolders();
 }
 
 // The list view outlives the entries, and is laid out once more while it is taken down.
@@ -90,17 +86,36 @@ void tabFileList::BuildBrowser() {
   folder->addWidget(lblDestinationFolder);
   folder->addWidget(cmbDestinationFolder, 1);
 
+  FillTargetFolders(*cmbDestinationFolder);
+  BuildList();
+  filter_ = new FileFilter(*shownEntries_, *lsvBrowser);
+
+  auto* layout = new QVBoxLayout(fraBrowser);
+  layout->addLayout(folder);
+  layout->addWidget(filter_);
+  layout->addWidget(lsvBrowser, 1);
+  layout->addLayout(BuildButtons());
+}
+
+void tabFileList::BuildList() {
   lsvBrowser = Named(new QTreeView, u"lsvBrowser"_s);
   lsvBrowser->setAccessibleName(fraBrowser->title());
   lsvBrowser->setModel(shownEntries_);
   tools::ApplyListViewStyle(*lsvBrowser);
+  lsvBrowser->setSelectionMode(QAbstractItemView::ExtendedSelection);
   lsvBrowser->setTextElideMode(Qt::ElideMiddle);
-  lsvBrowser->header()->setSectionResizeMode(FileListModel::kFileName, QHeaderView::Stretch);
-  lsvBrowser->header()->resizeSection(
-      FileListModel::kTarget, fontMetrics().horizontalAdvance(u"%CommonProgramsDir%\\"_s) * 5 / 4);
+  QHeaderView& header = *lsvBrowser->header();
+  header.setSectionResizeMode(FileListModel::kFileName, QHeaderView::Stretch);
+  header.resizeSection(FileListModel::kTarget,
+                       fontMetrics().horizontalAdvance(u"%CommonProgramsDir%\\"_s) * 5 / 4);
+  header.setSortIndicator(-1, Qt::AscendingOrder);
+  header.setSortIndicatorClearable(true);
+  lsvBrowser->setSortingEnabled(true);
   lsvBrowser->installEventFilter(this);
   lsvBrowser->viewport()->installEventFilter(this);
+}
 
+QLayout* tabFileList::BuildButtons() {
   cmdAddFile = Named(new QPushButton(Caption(Text::AddFileButton)), u"cmdAddFile"_s);
   cmdRemoveFile = Named(new QPushButton(Caption(Text::RemoveFileButton)), u"cmdRemoveFile"_s);
   cmdMoveFile = Named(new QPushButton(Caption(Text::MoveFileButton)), u"cmdMoveFile"_s);
@@ -109,11 +124,7 @@ void tabFileList::BuildBrowser() {
   auto* buttons = new QHBoxLayout;
   for (QPushButton* button : {cmdAddFile, cmdRemoveFile, cmdMoveFile}) buttons->addWidget(button);
   buttons->addStretch(1);
-
-  auto* layout = new QVBoxLayout(fraBrowser);
-  layout->addLayout(folder);
-  layout->addWidget(lsvBrowser, 1);
-  layout->addLayout(buttons);
+  return buttons;
 }
 
 void tabFileList::BuildProperties() {
@@ -138,104 +149,60 @@ void tabFileList::BuildMenu() {
   mnuPopupSep1 = Named(mnuPopup->addSeparator(), u"mnuPopupSep1"_s);
   mnuMoveFile = add(u"mnuMoveFile"_s, Text::MoveSelection);
   mnuRemoveFile = add(u"mnuRemoveFile"_s, Text::RemoveSelection);
+  BuildAddedMenu();
+}
+
+void tabFileList::BuildAddedMenu() {
+  mnuPopup->addSeparator();
+  AddUndoItems(*mnuPopup, *this, document_->Steps());
+  AddSortMenu(*mnuPopup, *lsvBrowser);
+  QAction* filter = AddItem(*mnuPopup, *this, u"mnuFilter"_s, Text::FilterEntries, u"Strg+F"_s,
+                            {Qt::CTRL | Qt::Key_F});
+  connect(filter, &QAction::triggered, filter_, &FileFilter::Start);
 }
 
 void tabFileList::ConnectEvents() {
   tools::Dialogs& dialogs = services_.dialogs;
-  connect(cmbDestinationFolder, &QComboBox::currentIndexChanged, this, [this] {
-    if (!filling_) RefreshFileList();
-  });
-  connect(mnuAddFile, &QAction::triggered, this, Guarded(dialogs, [this] { AddFile(); }));
+  connect(cmbDestinationFolder, &QComboBox::currentIndexChanged, this,
+          &tabFileList::RefreshFileList);
+  connect(document_, &FileListDocument::Changed, this, &tabFileList::ShowChange);
+  connect(&document_->Steps(), &QUndoStack::indexChanged, this,
+          [this] { SetDirty(!document_->Steps().isClean()); });
+  connect(mnuAddFile, &QAction::triggered, this, Guarded(dialogs, [this] { AddFiles(); }));
   connect(cmdAddFile, &QPushButton::clicked, mnuAddFile, &QAction::trigger);
   connect(mnuAddDirectory[0], &QAction::triggered, this,
           Guarded(dialogs, [this] { AddFolder(false); }));
   connect(mnuAddDirectory[1], &QAction::triggered, this,
           Guarded(dialogs, [this] { AddFolder(true); }));
-  connect(cmdRemoveFile, &QPushButton::clicked, this, Guarded(dialogs, [this] { RemoveFile(); }));
+  connect(cmdRemoveFile, &QPushButton::clicked, this,
+          Guarded(dialogs, [this] { RemoveSelected(); }));
   connect(lsvBrowser->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          Guarded(dialogs, [this] { ShowSelectedEntry(); }));
+          Guarded(dialogs, [this] { ShowSelectedEntries(); }));
   // Its source may have come or changed meanwhile.
-  connect(lsvBrowser, &QTreeView::clicked, this, Guarded(dialogs, [this] { ShowSelectedEntry(); }));
+  connect(lsvBrowser, &QTreeView::clicked, this,
+          Guarded(dialogs, [this] { ShowSelectedEntries(); }));
   propsFile->OnEditProperty([](const QString& name, QString&, EditReaction& reaction) {
-    for (const char* fixed : {kVersion, kFileDateTime, "ID", kExisting}) {
-      if (name == QLatin1StringView(fixed)) reaction = EditReaction::NotEditable;
-    }
+    if (!IsFilePropertyEditable(name)) reaction = EditReaction::NotEditable;
   });
   propsFile->OnPropertyChanged(
       [this](const QString& name, const QString& text) { ChangeProperty(name, text); });
 }
 
-void tabFileList::FillDestinationFolders() {
-  filling_ = true;
-  for (std::int32_t folder = 1; folder <= 100; ++folder) {
-    if (model::FolderMacro(folder).empty()) continue;
-    const std::string name = model::FolderDisplayName(folder);
-    cmbDestinationFolder->addItem(
-        tools::ToQString(tools::ReplaceAll(model::LoadText(Text::NamedFolder), "%name%", name)),
-        folder);
-  }
-  for (std::int32_t folder = 2000; folder <= 2020; ++folder) {
-    if (model::FolderMacro(folder).empty()) continue;
-    cmbDestinationFolder->addItem(tools::ToQString(model::FolderDisplayName(folder)), folder);
-  }
-  cmbDestinationFolder->setCurrentIndex(0);
-  filling_ = false;
-}
-
 std::string tabFileList::Title() const { return model::LoadText(Text::FilesPage); }
 
 void tabFileList::ReadSettings() {
-  std::vector<bool> typed;  // of the sections read so far
-  model::FileEntries entries = model::ReadFileEntries(
-      [&](auto section, auto key, auto defaultValue) {
-        if (key == kType) typed.push_back(IsTypeStored(section));
-        return Host()->Read(section, key, defaultValue);
-      },
-      services_.project.ComponentFilePath(Host()->VersionIndex(), Host()->ComponentIndex()));
-  entries_ = std::move(entries);
-  untyped_.clear();
-  typedSections_ = std::move(typed);
-  auto hasType = typedSections_.begin();
-  for (const model::ICFile& entry : entries_) {
-    if (!*hasType++) untyped_.insert(entry.ID);
-  }
+  document_->Read(*Host(), services_.project.ComponentFilePath(Host()->VersionIndex(),
+                                                               Host()->ComponentIndex()));
   RefreshFileList();
 }
 
-bool tabFileList::IsTypeStored(std::string_view section) const {
-  return !Host()->Read(section, kType, "").empty() ||
-         Host()->Read(section, kType, model::kBuildDefaultType).empty();
-}
+void tabFileList::WriteSettings() { document_->Write(*Host()); }
 
-void tabFileList::WriteSettings() {
-  // What is read through the host counts as seen: reading here would hide what another program has
-  // written meanwhile.
-  auto entry = entries_.begin();  // the one whose type is written next
-  std::size_t position = 0;
-  model::WriteFileEntries(
-      [&](auto section, auto key, auto value) {
-        if (key != kType) return Host()->Save(section, key, value);
-        const bool untyped = untyped_.contains((entry++)->ID);
-        const bool stored = position < typedSections_.size() && typedSections_[position];
-        ++position;
-        if (!untyped) return Host()->Save(section, key, value);
-        // Builds read a missing type as a single file: it must not become the 0 that is shown.
-        if (stored) Host()->Save(section, key, model::kBuildDefaultType);
-      },
-      entries_);
-}
-
-void tabFileList::SettingsWritten() {
-  std::size_t position = 0;
-  for (const model::ICFile& entry : entries_) {
-    if (position == typedSections_.size()) typedSections_.push_back(false);
-    if (!untyped_.contains(entry.ID)) typedSections_[position] = true;
-    ++position;
-  }
-}
+void tabFileList::SettingsWritten() { document_->Written(); }
 
 void tabFileList::RefreshFileList() {
-  shownEntries_->Show(entries_, ChosenFolder());
+  shownEntries_->Show(document_->Entries(), ChosenFolder());
+  filter_->ShowCount(document_->Entries().Count());
   propsFile->Clear();
 }
 
@@ -243,102 +210,117 @@ void tabFileList::AddFileEntry(const std::string& path) { AddFileEntries({path})
 
 void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
   std::vector<std::string> refused;
+  std::vector<model::ICFile> added;
   for (const std::string& path : paths) {
     if (CanBeStored(path)) {
-      AppendEntry(path);
+      added.push_back(EntryFor(path, ChosenFolder()));
     } else {
       refused.push_back(path);
     }
   }
-  if (refused.size() < paths.size()) RefreshFileList();
+  if (!added.empty()) {
+    const std::size_t listed =
+        CountListed(document_->Entries(), added, services_.project.ProductFolder());
+    filter_->Clear();  // it could hide what is added
+    document_->Add(added);
+    StatusTextChanged(AddedText(added, listed));
+  }
   if (!refused.empty()) throw tools::Error(RefusalOf(refused));
 }
 
-void tabFileList::AppendEntry(const std::string& path) {
-  model::ICFile entry = EntryFor(path, ChosenFolder());
-  entry.ID = guids_.NewText();
-  entries_.Add(std::move(entry));
-  SetDirty(true);
-}
-
-void tabFileList::AddFile() {
-  const std::string path = AskForFile(services_.dialogs);
-  if (!path.empty()) AddFileEntry(path);
-}
+void tabFileList::AddFiles() { AddFileEntries(AskForFiles(services_.dialogs)); }
 
 void tabFileList::AddFolder(bool withSubfolders) {
   const tools::WaitCursor wait;
   AddFileEntries(AskForFolder(services_.dialogs, withSubfolders));
 }
 
-void tabFileList::RemoveFile() {
-  const model::ICFile* entry = SelectedEntry();
-  if (entry == nullptr) return;
-  entries_.Remove(std::string(entry->ID));
-  SetDirty(true);
-  RefreshFileList();
+void tabFileList::RemoveSelected() {
+  const std::vector<std::string> ids = SelectedIds();
+  if (ids.empty()) return;
+  document_->Remove(ids);
+  StatusTextChanged(tools::ReplaceAll(model::LoadText(Text::RemovedEntries), "%count%",
+                                      std::to_string(ids.size())));
 }
 
-const model::ICFile* tabFileList::SelectedEntry() const {
-  const QModelIndexList selected = lsvBrowser->selectionModel()->selectedRows();
-  return selected.isEmpty() ? nullptr : &shownEntries_->EntryAt(selected.front().row());
+std::vector<const model::ICFile*> tabFileList::SelectedEntries() const {
+  QModelIndexList rows = lsvBrowser->selectionModel()->selectedRows();
+  std::sort(rows.begin(), rows.end());
+  std::vector<const model::ICFile*> entries;
+  for (const QModelIndex& row : rows) entries.push_back(&shownEntries_->EntryAt(row.row()));
+  return entries;
 }
 
-void tabFileList::ShowSelectedEntry() {
-  const model::ICFile* entry = SelectedEntry();
-  if (entry == nullptr) {
-    // Rows that belong to no entry would take edits that nobody keeps.
-    propsFile->Clear();
-    return;
-  }
+std::vector<std::string> tabFileList::SelectedIds() const {
+  std::vector<std::string> ids;
+  for (const model::ICFile* entry : SelectedEntries()) ids.push_back(entry->ID);
+  return ids;
+}
+
+void tabFileList::ShowSelectedEntries() {
+  // Rows that belong to no entry would take edits that nobody keeps.
+  const std::vector<const model::ICFile*> entries = SelectedEntries();
+  ShowFileProperties(*propsFile, entries, services_.project.ProductFolder());
+  if (entries.empty()) return;
   propsFile->setEnabled(true);
   cmdRemoveFile->setEnabled(true);
   cmdMoveFile->setEnabled(true);
-  propsFile->Clear();
-  for (const model::FileEntryField& field : model::FileEntryFields()) {
-    propsFile->AddProperty(FromLatin1(field.name), Caption(field.title),
-                           tools::ToQString(model::FileEntryFieldText(*entry, field)), 1,
-                           field.access == model::FileEntryField::Access::ReadOnly);
-  }
-  if (entry->Type == model::ICFile::kSingleFile) ShowSourceFile(*entry);
-}
-
-void tabFileList::ShowSourceFile(const model::ICFile& entry) {
-  const std::string folder =
-      tools::ResolvePath(entry.SourcePath, services_.project.ProductFolder());
-  const tools::FileInformation file =
-      tools::InformationOf(tools::JoinPath(folder, entry.SourceName));
-  const auto add = [this](const char* name, Text title, const std::string& value) {
-    propsFile->AddProperty(FromLatin1(name), Caption(title), tools::ToQString(value), 1, true);
-  };
-  add(kExisting, Text::SourceExists,
-      tools::StandardText(file.exists ? tools::kTextExisting : tools::kTextMissing));
-  add(kVersion, Text::SourceVersion, file.version);
-  add(kFileDateTime, Text::SourceDate, file.dateTime);
 }
 
 void tabFileList::ChangeProperty(const QString& name, const QString& text) {
-  const model::ICFile* entry = SelectedEntry();
-  if (entry == nullptr) return;
+  const std::vector<std::string> ids = SelectedIds();
+  if (ids.empty()) return;
   SetDirty(true);
-  const std::string id = entry->ID;
+  std::vector<FieldEdit> edits;
+  for (const std::string& id : ids) edits.push_back({id, tools::ToUtf8(name), tools::ToUtf8(text)});
   try {
-    entries_.SetField(id, tools::ToUtf8(name), tools::ToUtf8(text));
-    if (name == FromLatin1(kType)) untyped_.erase(id);
+    document_->Set(edits);
   } catch (...) {
     // The grid shows the refused text already.
-    ShowSelectedEntry();
+    ShowSelectedEntries();
     propsFile->SelectProperty(name);
     throw;
   }
-  RefreshFileList();
-  SelectEntry(id);
   propsFile->SelectProperty(name);
+  TellOfChange(name, ids);
 }
 
-void tabFileList::SelectEntry(const std::string& id) {
-  const int row = shownEntries_->RowOf(id);
-  if (row >= 0) lsvBrowser->setCurrentIndex(shownEntries_->index(row, 0));
+void tabFileList::TellOfChange(const QString& name, const std::vector<std::string>& ids) {
+  const model::ICFile& entry = *document_->Entries().Find(ids.front());
+  if (name == "TargetFolder"_L1) {
+    const Text text = ids.size() == 1 ? Text::EntryWentTo : Text::EntriesWentTo;
+    StatusTextChanged(
+        tools::ToUtf8(Caption(text)
+                          .replace(u"%count%"_s, QString::number(ids.size()))
+                          .replace(u"%folder%"_s, TargetFolderCaption(entry.TargetFolder))));
+  } else if (name == "Type"_L1 && entry.Type != model::ICFile::kSingleFile &&
+             entry.Type != model::ICFile::kFolderScan) {
+    StatusTextChanged(model::LoadText(Text::TypeInstallsNothing));
+  }
+}
+
+void tabFileList::ShowChange(const std::vector<std::string>& ids, bool repeated) {
+  const QModelIndexList selected = lsvBrowser->selectionModel()->selectedRows();
+  const auto first = std::min_element(selected.begin(), selected.end());
+  const int row = first == selected.end() ? -1 : first->row();
+  const std::vector<const model::ICFile*> entries = document_->Find(ids);
+  if (repeated) ChooseFolderOf(entries);
+  RefreshFileList();
+  if (entries.empty()) {
+    const int next = std::min(row, shownEntries_->rowCount() - 1);
+    if (next >= 0) SelectRows(*lsvBrowser, {next});
+    return;
+  }
+  SelectRows(*lsvBrowser, shownEntries_->RowsOf({ids.begin(), ids.end()}));
+}
+
+void tabFileList::ChooseFolderOf(const std::vector<const model::ICFile*>& entries) {
+  const bool isShown = std::any_of(entries.begin(), entries.end(), [this](const auto* entry) {
+    return entry->TargetFolder == ChosenFolder();
+  });
+  if (isShown || entries.empty()) return;
+  const int position = cmbDestinationFolder->findData(entries.front()->TargetFolder);
+  if (position >= 0) cmbDestinationFolder->setCurrentIndex(position);
 }
 
 std::int32_t tabFileList::ChosenFolder() const {
@@ -364,7 +346,7 @@ bool tabFileList::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void tabFileList::ShowPopup(const QPoint& globalPosition) {
-  const bool selected = SelectedEntry() != nullptr;
+  const bool selected = lsvBrowser->selectionModel()->hasSelection();
   mnuRemoveFile->setEnabled(selected);
   mnuMoveFile->setEnabled(selected);
   mnuPopup->popup(globalPosition);

@@ -1,32 +1,32 @@
 // A component's page of files: which files it installs, where to, and how.
 #pragma once
 
-#include <QList>
 #include <array>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "grid/ctlPropertyEditor.h"
 #include "model/FileEntries.h"
 #include "pages/FileListModel.h"
 #include "pages/PageRegistry.h"
-#include "tools/Guid.h"
 
 class QAction;
 class QComboBox;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QMenu;
 class QPushButton;
 class QTreeView;
 
 namespace pages {
 
-/// Lists the entries of one destination folder at a time and shows the fields of the selected one
-/// in a grid. All changes stay in memory until they are applied. Entries of a folder that cannot be
-/// chosen are kept, but never listed. An entry that is stored without a type shows 0, which is not
-/// written unless the author sets it.
+class FileFilter;
+class FileListDocument;
+
+/// Lists the entries of one destination folder at a time and shows the fields of the selected ones
+/// in a grid. All changes stay in memory until they are applied, and can be undone until then.
+/// Entries of a folder that cannot be chosen are kept, but never listed.
 ///
 /// Moving, and removing by the menu, are commands without an action so far; entries are removed
 /// by the button.
@@ -41,9 +41,9 @@ class tabFileList : public EditorPage {
   /// Raises tools::Error when the stored entries cannot be read; those shown stay.
   void ReadSettings() override;
 
-  /// Adds an entry for the file at this path, to be installed in the chosen destination folder, and
-  /// lists it. Raises tools::Error for a path with control characters: settings cannot hold a line
-  /// break.
+  /// Adds an entry for the file at this path, to be installed in the chosen destination folder,
+  /// and selects it. Raises tools::Error for a path with control characters: settings cannot hold a
+  /// line break.
   void AddFileEntry(const std::string& path);
   /// Lists the entries of the chosen destination folder anew; none is selected then.
   void RefreshFileList();
@@ -56,36 +56,35 @@ class tabFileList : public EditorPage {
 
  private:
   void BuildBrowser();
+  QLayout* BuildButtons();
+  void BuildList();
   void BuildProperties();
   void BuildMenu();
+  void BuildAddedMenu();
   void ConnectEvents();
-  void FillDestinationFolders();
 
-  void AddFile();
+  void AddFiles();
   void AddFolder(bool withSubfolders);
-  void RemoveFile();
-  /// The same for many paths: those that cannot be added are named by the error, the others are.
+  /// Those paths that cannot be added are named by the error, the others are added.
   void AddFileEntries(const std::vector<std::string>& paths);
-  /// Adds an entry without listing it.
-  void AppendEntry(const std::string& path);
-  /// The entry selected in the list; null when there is none.
-  [[nodiscard]] const model::ICFile* SelectedEntry() const;
-  void ShowSelectedEntry();
-  void ShowSourceFile(const model::ICFile& entry);
+  void RemoveSelected();
+  /// The entries selected in the list, in its order.
+  [[nodiscard]] std::vector<const model::ICFile*> SelectedEntries() const;
+  [[nodiscard]] std::vector<std::string> SelectedIds() const;
+  void ShowSelectedEntries();
   void ChangeProperty(const QString& name, const QString& text);
-  void SelectEntry(const std::string& id);
+  void TellOfChange(const QString& name, const std::vector<std::string>& ids);
+  /// Lists anew after these entries were added, removed or edited, and selects what there is of
+  /// them, else the row that moved up.
+  void ShowChange(const std::vector<std::string>& ids, bool repeated);
   [[nodiscard]] std::int32_t ChosenFolder() const;
-  /// True when that section has the key "Type", be it empty. Not while writing.
-  [[nodiscard]] bool IsTypeStored(std::string_view section) const;
+  void ChooseFolderOf(const std::vector<const model::ICFile*>& entries);
   void ShowPopup(const QPoint& globalPosition);
 
   PageServices services_;
-  tools::GuidSource guids_;
-  model::FileEntries entries_;
-  std::unordered_set<std::string> untyped_;  ///< IDs of entries that were stored without a type
-  std::vector<bool> typedSections_;  ///< which of the sections "File1", "File2" ... store a type
+  FileListDocument* document_;
   FileListModel* shownEntries_;
-  bool filling_ = false;  ///< the list of destination folders is being filled
+  FileFilter* filter_ = nullptr;
 
   QGroupBox* fraBrowser;
   QLabel* lblDestinationFolder;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tools/Progress.h"
 
@@ -47,6 +48,8 @@ class Dialogs {
 
   /// The path of the chosen file; empty when cancelled.
   virtual std::string OpenFile(const OpenFileRequest& request) = 0;
+  /// The same for several files of one folder; none when cancelled.
+  virtual std::vector<std::string> OpenFiles(const OpenFileRequest& request) = 0;
 
   /// The path of the chosen folder; empty when cancelled. `flags` are those of the shell's folder
   /// browser; 17 asks for file-system folders with an edit box.

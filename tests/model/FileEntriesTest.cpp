@@ -53,13 +53,14 @@ TEST_F(FileEntriesTest, KeepsOneEntryOfEachIdInTheOrderOfInsertion) {
   FileEntries entries = WithIds({"c", "a", "", "b"});
   EXPECT_THAT(tests::ErrorOf([&] { entries.Add(*entries.Find("a")); }),
               testing::HasSubstr("GUID: \"a\""));
-  const ICFile again = *entries.Find("a");
-  entries.Remove("a");
-  entries.Remove("nobody");
-  entries.Add(again);
   const ICFile* kept = entries.Find("b");
+  TakenFileEntry last = entries.Take("b");
+  TakenFileEntry first = entries.Take("c");
+  EXPECT_EQ(Ids(entries) + first.Entry().ID, "ac");
+  entries.PutBack(first);
+  entries.PutBack(last);
   const FileEntries moved = std::move(entries);
-  EXPECT_EQ(Ids(moved), "cba");
+  EXPECT_EQ(Ids(moved), "cab");
   EXPECT_EQ(moved.Count(), 4U);
   EXPECT_EQ(moved.Find("b"), kept);
   EXPECT_EQ(moved.Find("B"), nullptr);

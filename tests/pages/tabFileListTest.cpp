@@ -1,4 +1,5 @@
 #include <QDir>
+#include <QHeaderView>
 #include <filesystem>
 
 #include "tests/support/desktop/PageFixture.h"
@@ -10,6 +11,12 @@ using model::Text;
 namespace {
 
 constexpr const char* kOneEntry = "[Files]\nCount=1\n[File1]\nID=a\nType=2\nTargetFolder=2\n";
+
+constexpr const char* kThreeEntries =
+    "[Files]\nCount=3\n[File1]\nID=a\nType=1\nOverwrite=1\nSourcePath=z\nSourceName=c9\n"
+    "TargetFolder=2\n[File2]\nID=b\nType=1\nOverwrite=1\nSourcePath=y\nSourceName=b\n"
+    "TargetFolder=2\n[File3]\nID=c\nType=1\nOverwrite=1\nSourcePath=z\nSourceName=c10\n"
+    "TargetFolder=2\n";
 
 /// The page of a component with these entries.
 struct Fixture : PageFixture {
@@ -166,6 +173,95 @@ class tabFileListTest : public QObject {
     QCOMPARE(f.Stored("File1", {"Type"}), "2");
   }
 
+  void SeveralEntriesAreEditedAndRemovedAtOnce() {
+    Fixture f(kThreeEntries);
+    f.List().selectAll();
+    QVERIFY(f.Fields().contains("GUID=|") && f.Fields().contains("|Überschreiben=1|"));
+    Edit(*f.page, "Zieldateiname", "x");
+    Edit(*f.page, "Permanent", "32768");
+    QCOMPARE(f.dialogs.Messages().size(), 1U);
+    f.Select(0);
+    Click(f.List(), f.List().model()->index(1, 0), Qt::ShiftModifier);
+    Press(*f.page, "cmdRemoveFile");
+    QCOMPARE(Rows(f.List()), QDir::toNativeSeparators("z/c10=%ProgramsDir%\\"));
+    QVERIFY(f.Fields().contains("Zieldateiname=x|"));  // of the one behind them
+    f.page->ApplyChanges();
+    QCOMPARE(f.Stored("Files", {"Count"}) + f.Stored("File1", {"ID", "TargetName"}), "1c|x");
+  }
+
+  void StepsAreUndoneAndRepeatedUntilTheyAreApplied() {
+    Fixture f(kThreeEntries);
+    const QString before = Rows(f.List());
+    const auto pressKeys = [&f](Qt::Key key, int times) {
+      while (times-- > 0) QTest::keyClick(&f.List(), key, Qt::ControlModifier);
+    };
+    f.Select(1);
+    Edit(*f.page, "Quelldateiname", "neu");
+    Edit(*f.page, "Zielordner (allg.)", "38");
+    QVERIFY(f.area.hint.contains("Programme"));
+    f.List().selectAll();
+    Press(*f.page, "cmdRemoveFile");
+    f.folder.Write("Q/neu", "x");
+    f.dialogs.ExpectOpenFile(Text::FolderPrograms, f.folder.Path("Q/neu"));
+    Press(*f.page, "cmdAddFile");
+    const QString after = Rows(f.List());
+    Activate(f.area);
+    f.List().setFocus();
+    pressKeys(Qt::Key_Z, 4);
+    QCOMPARE(Rows(f.List()), before);
+    QVERIFY(f.Fields().contains("GUID=b"));  // what came back is selected
+    QVERIFY(!f.page->IsDirty());
+    pressKeys(Qt::Key_Y, 4);
+    QCOMPARE(Rows(f.List()), after);
+    QVERIFY(f.page->IsDirty());
+    f.page->ApplyChanges();
+    pressKeys(Qt::Key_Z, 4);
+    QVERIFY(!f.page->IsDirty());
+    QCOMPARE(f.Stored("File1", {"ID", "SourceName", "TargetFolder"}), "b|neu|38");
+  }
+
+  void ARepeatedlyAddedFileIsSelectedAndTold() {
+    Fixture f("");
+    for (const char* name : {"Q/a", "Q/b"}) f.folder.Write(name, "x");
+    const std::string both = f.folder.Path("Q/a") + "\n" + f.folder.Path("Q/b");
+    const std::pair<std::string, const char*> additions[] = {
+        {f.folder.Path("Q/b"), "Datei hinzugefügt: b"},
+        {both, "2 Dateien hinzugefügt. Schon für dieses Ziel in der Liste waren davon: 1."},
+        {f.folder.Path("Q/a"), "Hinzugefügt, obwohl schon für dieses Ziel in der Liste: a"}};
+    Type(Child(*f.page, "txtFilter"), "verdeckt alles");
+    for (const auto& [paths, hint] : additions) {
+      f.dialogs.ExpectOpenFile(Text::FolderPrograms, paths);
+      Press(*f.page, "cmdAddFile");
+      QCOMPARE(f.area.hint, hint);
+    }
+    QCOMPARE(f.List().model()->rowCount(), 4);
+    QCOMPARE(f.List().selectionModel()->selectedRows().value(0).row(), 3);
+  }
+
+  void TheListIsFilteredAndSorted() {
+    Fixture f(kThreeEntries);
+    const auto names = [&f] {
+      QString joined;
+      for (const QString& row : Rows(f.List()).split('|')) joined += row.section('=', 0, 0).mid(2);
+      return joined;
+    };
+    QCOMPARE(names(), "c9bc10");
+    f.Select(2);
+    const QHeaderView& header = *f.List().header();
+    for (const char* order : {"bc9c10", "c10c9b", "c9bc10"}) {
+      QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, QPoint(20, 8));
+      QCOMPARE(names(), order);
+      QVERIFY(f.List().currentIndex().data().toString().endsWith("c10"));
+    }
+    QTest::keyClick(&f.List(), Qt::Key_F, Qt::ControlModifier);
+    QWidget& filter = *QApplication::focusWidget();
+    QTest::keyClicks(&filter, "C1 z");
+    QCOMPARE(names() + Shown(*f.page, "lblShown"), "c101 von 3");
+    QVERIFY(f.Fields().contains("GUID=c|"));
+    QTest::keyClick(&filter, Qt::Key_Escape);
+    QCOMPARE(names() + Shown(*f.page, "lblShown"), "c9bc103 von 3");
+  }
+
   void TheWheelOverAnUnfocusedFolderBoxChangesNothing() {
     Fixture f("");
     auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
@@ -183,11 +279,12 @@ class tabFileListTest : public QObject {
     Press(*f.page, "cmdMoveFile");
     QVERIFY(!f.page->IsDirty());
 
-    for (const bool selected : {true, false}) {
-      f.page->SetDirty(false);
-      Press(*f.page, "cmdRemoveFile");
-      QCOMPARE(f.page->IsDirty(), selected);
-    }
+    f.List().clearSelection();
+    Press(*f.page, "cmdRemoveFile");
+    QVERIFY(!f.page->IsDirty());
+    f.Select(0);
+    Press(*f.page, "cmdRemoveFile");
+    QVERIFY(f.Fields().contains("GUID=b"));  // the next entry is selected
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("Files", {"Count"}), "1");
     for (const char* section : {"File1", "File2"}) QCOMPARE(f.Stored(section, {"ID"}), "b");

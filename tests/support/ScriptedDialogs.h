@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <deque>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -48,7 +49,8 @@ class ScriptedDialogs : public tools::Dialogs {
   void ExpectInputBox(const TextPart& prompt, const std::string& answer) {
     expected_.push_back({"input box", prompt.words, {}, answer});
   }
-  /// Expects an open-file or browse-folder dialog by its title.
+  /// Expects an open-file or browse-folder dialog by its title. The paths of several files are
+  /// separated by line breaks.
   void ExpectOpenFile(const TextPart& title, const std::string& path) {
     expected_.push_back({"open-file dialog", title.words, {}, path});
   }
@@ -91,6 +93,12 @@ class ScriptedDialogs : public tools::Dialogs {
   std::string OpenFile(const tools::OpenFileRequest& request) override {
     lastOpenFile_ = request;
     return Take("open-file dialog", request.title).text;
+  }
+  std::vector<std::string> OpenFiles(const tools::OpenFileRequest& request) override {
+    std::vector<std::string> paths;
+    std::istringstream lines(OpenFile(request));
+    for (std::string path; std::getline(lines, path);) paths.push_back(path);
+    return paths;
   }
   std::string BrowseFolder(const std::string& title, int /*flags*/) override {
     return Take("browse-folder dialog", title).text;

@@ -60,6 +60,10 @@ void UseGermanLabels(QFileDialog& dialog, const QString& accept) {
   dialog.setLabelText(QFileDialog::FileType, u"Dateityp:"_s);
 }
 
+std::string FirstOf(const std::vector<std::string>& paths) {
+  return paths.empty() ? std::string() : paths.front();
+}
+
 }  // namespace
 
 DesktopDialogs::DesktopDialogs(QWidget* parent) : parent_(parent) {}
@@ -83,10 +87,19 @@ std::string DesktopDialogs::InputBox(const std::string& prompt, const std::strin
 }
 
 std::string DesktopDialogs::OpenFile(const OpenFileRequest& request) {
+  return FirstOf(RunOpenDialog(request, false));
+}
+
+std::vector<std::string> DesktopDialogs::OpenFiles(const OpenFileRequest& request) {
+  return RunOpenDialog(request, true);
+}
+
+std::vector<std::string> DesktopDialogs::RunOpenDialog(const OpenFileRequest& request,
+                                                       bool several) const {
   QFileDialog dialog(Owner(), ToQString(request.title));
   dialog.setObjectName(u"openFile"_s);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setFileMode(several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
   UseGermanLabels(dialog, u"Öffnen"_s);
   const QStringList filters = NameFilters(ToQString(request.filter));
   // The texts of the filters say what they match; the patterns stay out of sight.
@@ -105,13 +118,17 @@ std::string DesktopDialogs::BrowseFolder(const std::string& title, int /*flags*/
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
   UseGermanLabels(dialog, u"Auswählen"_s);
-  return RunFileDialog(dialog);
+  return FirstOf(RunFileDialog(dialog));
 }
 
-std::string DesktopDialogs::RunFileDialog(QFileDialog& dialog) {
+std::vector<std::string> DesktopDialogs::RunFileDialog(QFileDialog& dialog) {
   const ArrowCursor arrow;
   if (dialog.exec() != QDialog::Accepted) return {};
-  return ToUtf8(QDir::toNativeSeparators(dialog.selectedFiles().value(0)));
+  std::vector<std::string> paths;
+  for (const QString& path : dialog.selectedFiles()) {
+    paths.push_back(ToUtf8(QDir::toNativeSeparators(path)));
+  }
+  return paths;
 }
 
 int DesktopDialogs::ShowBusyNotice(const std::string& text, const std::string& stopQuestion) {

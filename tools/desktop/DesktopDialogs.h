@@ -31,6 +31,7 @@ class DesktopDialogs : public Dialogs {
                        const std::string& defaultText) override;
   /// An initial folder that does not exist is replaced by the nearest one above it.
   std::string OpenFile(const OpenFileRequest& request) override;
+  std::vector<std::string> OpenFiles(const OpenFileRequest& request) override;
   std::string BrowseFolder(const std::string& title, int flags) override;
   int ShowBusyNotice(const std::string& text, const std::string& stopQuestion) override;
   void UpdateBusyNotice(int token, const Progress& progress) override;
@@ -45,8 +46,10 @@ class DesktopDialogs : public Dialogs {
   };
 
   [[nodiscard]] QWidget* Owner() const;
-  /// The path that the user chose, in the machine's separators; empty when cancelled.
-  [[nodiscard]] static std::string RunFileDialog(QFileDialog& dialog);
+  [[nodiscard]] std::vector<std::string> RunOpenDialog(const OpenFileRequest& request,
+                                                       bool several) const;
+  /// The paths that the user chose, in the machine's separators; none when cancelled.
+  [[nodiscard]] static std::vector<std::string> RunFileDialog(QFileDialog& dialog);
 
   QPointer<QWidget> parent_;
   std::map<int, Notice> notices_;  ///< by token

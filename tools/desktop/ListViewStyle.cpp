@@ -63,6 +63,7 @@ class CurrentRowSelector : public QObject {
 
  private:
   void SelectCurrent() {
+    if (view_.selectionMode() != QAbstractItemView::SingleSelection) return;
     const QModelIndex current = view_.currentIndex();
     if (current.isValid() && !view_.selectionModel()->isSelected(current)) {
       view_.setCurrentIndex(current);

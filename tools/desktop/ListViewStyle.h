@@ -14,9 +14,10 @@ namespace tools {
 /// view has its model.
 void ApplyListViewStyle(QTreeView& view);
 
-/// Keeps the current row of a list with single selection the selected one: the first row becomes
-/// both when the list gets the focus without one, so that keys have a row to act on; when the row
-/// is removed, its neighbour does; a click cannot deselect it. The view has its model.
+/// The first row becomes the current and selected one when the list gets the focus without one, so
+/// that keys have a row to act on. As long as the list has single selection, its current row stays
+/// the selected one: when the row is removed, its neighbour becomes both; a click cannot deselect
+/// it. The view has its model.
 void SelectCurrentRow(QAbstractItemView& view);
 
 /// How the lists draw a cell and show its tooltip: with a little air around each row, and tooltips
