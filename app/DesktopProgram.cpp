@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QGuiApplication>
 
+#include "shell/ResultPanel.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
 
@@ -30,8 +31,14 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                 .dialogs = dialogs_,
                 .clock = clock_,
                 .disk = disk_,
+                .registry = *registry_,
                 .programFolder = ProgramFolder(),
-                .isEndWanted = [this] { return isEndWanted_; }}),
+                .isEndWanted = [this] { return isEndWanted_; },
+                .onBuilt = [this](const engine::BuildResult& result) { ShowResult(result); },
+                .showPlace =
+                    [this](std::int32_t version, const wizards::ChosenPlace& place) {
+                      window_.ShowPlace(version, place.component, place.entry);
+                    }}),
       window_({.project = project_,
                .operations = operations_,
                .dialogs = dialogs_,
@@ -47,6 +54,13 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                    launch(&wizards::WizardLauncher::StartSetupWizard));
   QObject::connect(&window_, &shell::frmMain::UpdateWizardWanted, &window_,
                    launch(&wizards::WizardLauncher::StartUpdateWizard));
+  QObject::connect(&window_, &shell::frmMain::BuildAgainWanted, &window_,
+                   launch(&wizards::WizardLauncher::BuildAgain));
+  QObject::connect(&window_, &shell::frmMain::CheckWanted, &window_,
+                   tools::Guarded(dialogs_, [this](std::int32_t version) {
+                     window_.Results().Check(wizards_.CheckOf(version),
+                                             project_.VersionString(version));
+                   }));
   QObject::connect(
       qGuiApp, &QGuiApplication::commitDataRequest, &window_,
       [this](QSessionManager& session) { OnSessionEnd(session); }, Qt::DirectConnection);
@@ -67,6 +81,12 @@ int DesktopProgram::Run() {
 void DesktopProgram::End() {
   isEndWanted_ = true;
   QCoreApplication::exit();
+}
+
+void DesktopProgram::ShowResult(const engine::BuildResult& result) {
+  std::string version;
+  tools::Guard(dialogs_, [&] { version = project_.VersionString(result.version); });
+  window_.Results().ShowBuild(result, version);
 }
 
 void DesktopProgram::OnSessionEnd(QSessionManager& session) {

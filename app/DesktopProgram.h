@@ -43,6 +43,7 @@ class DesktopProgram {
  private:
   /// Ends all event loops, those of dialogs too, and a running build; nothing is asked.
   void End();
+  void ShowResult(const engine::BuildResult& result);
   /// Asks about unsaved changes where the desktop that closes the session lets programs ask.
   void OnSessionEnd(QSessionManager& session);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <cstdint>
 #include <string>
 
 #include "model/MainView.h"
@@ -22,6 +23,8 @@ class EditorPage : public QWidget, public model::OpenPage {
   [[nodiscard]] virtual int GetCaps(int /*capability*/) const { return 0; }
   /// Loads the controls from the settings. Raises tools::Error when they cannot be read.
   virtual void ReadSettings() = 0;
+  /// Selects the entry of that number; false on a page that has no such entry.
+  virtual bool ShowEntry(std::int32_t /*entry*/) { return false; }
   /// Shows the page's help; no page has any.
   virtual void DisplayHelp() {}
 

@@ -191,6 +191,23 @@ class Comparer {
 
 }  // namespace
 
+std::string DifferenceText(const Difference& difference) {
+  std::string change = difference.what + ": " + difference.oldValue + " -> " + difference.newValue;
+  switch (difference.kind) {
+    case Difference::Kind::Head:
+      return change;
+    case Difference::Kind::Added:
+      return "neu: " + difference.target;
+    case Difference::Kind::Removed:
+      return "entfernt: " + difference.target;
+    case Difference::Kind::Renamed:
+      return "umbenannt: " + difference.oldTarget + " -> " + difference.target;
+    case Difference::Kind::Changed:
+      return "geändert: " + difference.target + ": " + change;
+  }
+  return {};
+}
+
 SetupContents TakeContents(Setup& setup,
                            const std::function<void(const tools::Progress&)>& onProgress) {
   SetupContents contents;

@@ -28,6 +28,9 @@ struct Difference {
   std::string newValue;
 };
 
+/// The difference in one line (German).
+[[nodiscard]] std::string DifferenceText(const Difference& difference);
+
 struct SetupComparison {
   std::vector<Difference> differences;
   std::uint64_t oldFiles = 0;

@@ -115,22 +115,28 @@ void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVers
   addTopLevelItem(product.get());
   product.release()->setExpanded(true);
   if (latest != nullptr) latest->setExpanded(true);
-  Select(selected);
+  // Making a hidden node the current one would expand those above it.
+  QTreeWidgetItem* again = ItemOf(selected);
+  if (again == nullptr) return;
+  if (again->parent() == nullptr || again->parent()->isExpanded()) setCurrentItem(again);
 }
 
 void ProjectTree::SetProductTitle(const std::string& title) {
   if (topLevelItemCount() > 0) topLevelItem(0)->setText(0, tools::ToQString(title));
 }
 
-void ProjectTree::Select(const Node& node) {
-  if (node.key.empty()) return;
+QTreeWidgetItem* ProjectTree::ItemOf(const Node& node) {
+  if (node.key.empty()) return nullptr;
   for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
-    if (NodeOf(*item) != node) continue;
-    // Making a hidden node the current one would expand those above it.
-    const QTreeWidgetItem* parent = (*item)->parent();
-    if (parent == nullptr || parent->isExpanded()) setCurrentItem(*item);
-    return;
+    if (NodeOf(*item) == node) return *item;
   }
+  return nullptr;
+}
+
+bool ProjectTree::SelectNode(const Node& node) {
+  QTreeWidgetItem* item = ItemOf(node);
+  if (item != nullptr) setCurrentItem(item);
+  return item != nullptr;
 }
 
 void ProjectTree::mousePressEvent(QMouseEvent* event) {

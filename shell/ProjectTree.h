@@ -34,6 +34,8 @@ class ProjectTree : public QTreeWidget {
   /// Changes the product node's text.
   void SetProductTitle(const std::string& title);
 
+  /// Selects a node and unfolds those above it, without a click; false when there is no such node.
+  bool SelectNode(const Node& node);
   /// The selected node; the default one when none is.
   [[nodiscard]] Node SelectedNode() const;
   /// The stored texts that the selected version or component was shown with.
@@ -61,7 +63,7 @@ class ProjectTree : public QTreeWidget {
   [[nodiscard]] QTreeWidgetItem* MakeItem(const Node& node, const std::string& text) const;
   void AddComponents(const model::ModProject& project, std::int32_t version,
                      QTreeWidgetItem& parent, ErrorList& errors) const;
-  void Select(const Node& node);
+  [[nodiscard]] QTreeWidgetItem* ItemOf(const Node& node);
   void SelectInsteadOfHidden(QTreeWidgetItem* collapsed);
   void ShowMenuAtSelection();
 

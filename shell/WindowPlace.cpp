@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/Preferences.h"
+#include "model/Preferences.h"
 
 namespace shell {
 
@@ -15,25 +15,25 @@ namespace {
 constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
 
 void Store(tools::Registry& registry, std::string_view name, const QByteArray& state) {
-  registry.Write(kRoot, kPreferencesKey, name, state.toBase64().toStdString());
+  registry.Write(kRoot, model::kPreferencesKey, name, state.toBase64().toStdString());
 }
 
 QByteArray Stored(tools::Registry& registry, std::string_view name) {
   return QByteArray::fromBase64(
-      QByteArray::fromStdString(registry.Read(kRoot, kPreferencesKey, name, "")));
+      QByteArray::fromStdString(registry.Read(kRoot, model::kPreferencesKey, name, "")));
 }
 
 }  // namespace
 
 void RememberWindowPlace(tools::Registry& registry, const QWidget& window,
                          const QSplitter& splitter) {
-  Store(registry, kWindowGeometry, window.saveGeometry());
-  Store(registry, kSplitterPosition, splitter.saveState());
+  Store(registry, model::kWindowGeometry, window.saveGeometry());
+  Store(registry, model::kSplitterPosition, splitter.saveState());
 }
 
 void RestoreWindowPlace(tools::Registry& registry, QWidget& window, QSplitter& splitter) {
-  window.restoreGeometry(Stored(registry, kWindowGeometry));
-  splitter.restoreState(Stored(registry, kSplitterPosition));
+  window.restoreGeometry(Stored(registry, model::kWindowGeometry));
+  splitter.restoreState(Stored(registry, model::kSplitterPosition));
 }
 
 }  // namespace shell

@@ -16,6 +16,7 @@
 #include "shell/MainToolBar.h"
 #include "shell/NodeKey.h"
 #include "shell/ProjectTree.h"
+#include "shell/ResultPanel.h"
 #include "shell/TitleLabel.h"
 #include "shell/WindowPlace.h"
 #include "tools/desktop/Guard.h"
@@ -61,6 +62,7 @@ frmMain::frmMain(const MainServices& services)
   BuildTreePane();
   BuildEditorPane();
   BuildMenus();
+  BuildResultPanel();
   splitter_->setStretchFactor(1, 1);
   splitter_->setSizes({kFirstTreeWidth, kFirstSize.width() - kFirstTreeWidth});
   setMinimumSize(kLeastSize);
@@ -164,6 +166,30 @@ void frmMain::BuildMenus() {
   OnMenuItem(mnuComponentDelete, [this] { DeleteSelectedNode(); });
 }
 
+void frmMain::BuildResultPanel() {
+  pnlResult = new ResultPanel(services_.dialogs, this);
+  addDockWidget(Qt::BottomDockWidgetArea, pnlResult);
+  pnlResult->hide();
+  connect(pnlResult, &ResultPanel::PlaceChosen, this,
+          tools::Guarded(services_.dialogs,
+                         [this](std::int32_t version, std::int32_t component, std::int32_t entry) {
+                           ShowPlace(version, component, entry);
+                         }));
+  connect(pnlResult, &ResultPanel::BuildAgainWanted, this,
+          [this](std::int32_t version) { Q_EMIT BuildAgainWanted(version, editorTabs_); });
+
+  // In the version's menu, and by their keys from wherever the user is.
+  mnuPopupVersion->addSeparator();
+  mnuVersionCheck = AddMenuItem(*mnuPopupVersion, "mnuVersionCheck", Text::CheckVersion);
+  mnuVersionCheck->setShortcut(Qt::Key_F5);
+  mnuVersionBuildAgain = AddMenuItem(*mnuPopupVersion, "mnuVersionBuildAgain", Text::BuildAgain);
+  mnuVersionBuildAgain->setShortcut(Qt::Key_F7);
+  addActions({mnuVersionCheck, mnuVersionBuildAgain});
+  OnMenuItem(mnuVersionCheck, [this] { RunForVersion(Text::CheckVersion, &frmMain::CheckWanted); });
+  OnMenuItem(mnuVersionBuildAgain,
+             [this] { RunForVersion(Text::BuildAgain, &frmMain::BuildAgainWanted); });
+}
+
 void frmMain::SetFixedCaptions() {
   setWindowTitle(Caption(Text::ProgramName));
   lblProjectTreeTitle->setText(Caption(Text::ProjectTreeTitle) + QLatin1Char(' '));
@@ -187,6 +213,7 @@ void frmMain::UpdateProjectState() {
   FillTree(errors);
   errors.Try([this] { UpdateEditor(); });
   if (open) trvProjectTree->setFocus();
+  pnlResult->Clear();
   errors.Show(services_.dialogs);
 }
 
@@ -294,7 +321,7 @@ void frmMain::OnToolButton(const QString& key) {
     StartWizard(Text::UpdateWizard, &frmMain::UpdateWizardWanted);
 }
 
-void frmMain::StartWizard(Text title, void (frmMain::*wanted)(std::int32_t, model::OpenPages&)) {
+void frmMain::StartWizard(Text title, Wanted wanted) {
   if (!services_.project.IsOpen()) {
     Refuse(Text::NoProjectOpen, title);
     return;
@@ -305,6 +332,29 @@ void frmMain::StartWizard(Text title, void (frmMain::*wanted)(std::int32_t, mode
     return;
   }
   Q_EMIT(this->*wanted)(SlotsOf(node).version, editorTabs_);
+}
+
+void frmMain::RunForVersion(Text title, Wanted wanted) {
+  if (!services_.project.IsOpen()) {
+    Refuse(Text::NoProjectOpen, title);
+    return;
+  }
+  const std::int32_t version = SlotsOf(trvProjectTree->SelectedNode()).version;
+  if (version == 0) {
+    Refuse(Text::NoVersionSelected, title);
+    return;
+  }
+  Q_EMIT(this->*wanted)(version, editorTabs_);
+}
+
+void frmMain::ShowPlace(std::int32_t version, std::int32_t component, std::int32_t entry) {
+  if (!trvProjectTree->SelectNode(ComponentNode(version, component))) return;
+  UpdateEditor();
+  for (std::int32_t i = 1; entry != 0 && i <= editorTabs_.Count(); ++i) {
+    if (!editorTabs_.Item(i).ShowEntry(entry)) continue;
+    tabDataEditor->setCurrentIndex(i - 1);
+    break;
+  }
 }
 
 void frmMain::Refuse(Text text, Text caption) {

@@ -29,6 +29,7 @@ namespace shell {
 class ErrorList;
 class MainToolBar;
 class ProjectTree;
+class ResultPanel;
 class TitleLabel;
 
 /// What the main window works with. The references must outlive it.
@@ -58,6 +59,11 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void PositionExtender(QWidget& page) override;
 
   [[nodiscard]] QWidget* PageParent() override { return picDataEditor; }
+  /// Opens the component in those slots, and the entry on the page that lists it; an entry of 0 is
+  /// none. Pages with changes are offered for applying first.
+  void ShowPlace(std::int32_t version, std::int32_t component, std::int32_t entry);
+  [[nodiscard]] ResultPanel& Results() { return *pnlResult; }
+
   void ShowStatusText(const std::string& text) override;
   void ShowHourglass(bool shown) override;
 
@@ -65,6 +71,9 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   /// The user asked for a wizard for the version in this slot; `pages` are the open editor pages.
   void SetupWizardWanted(std::int32_t version, model::OpenPages& pages);
   void UpdateWizardWanted(std::int32_t version, model::OpenPages& pages);
+  /// The user wants the version built as at the last time, or checked for that.
+  void BuildAgainWanted(std::int32_t version, model::OpenPages& pages);
+  void CheckWanted(std::int32_t version, model::OpenPages& pages);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -85,7 +94,11 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void PopUpNodeMenu(const QPoint& globalPosition);
   void DeleteSelectedNode();
   void DropPages();
-  void StartWizard(model::Text title, void (frmMain::*wanted)(std::int32_t, model::OpenPages&));
+  using Wanted = void (frmMain::*)(std::int32_t, model::OpenPages&);
+  void StartWizard(model::Text title, Wanted wanted);
+  /// Emits `wanted` for the version that the selected node is or belongs to; refuses without one.
+  void RunForVersion(model::Text title, Wanted wanted);
+  void BuildResultPanel();
   void Refuse(model::Text text, model::Text caption);
 
   MainServices services_;
@@ -104,6 +117,8 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   QTabBar* tabDataEditor = nullptr;
   QVBoxLayout* editorLayout_ = nullptr;
 
+  ResultPanel* pnlResult = nullptr;
+
   QMenu* mnuPopupProduct = nullptr;
   QAction* mnuProductAddVersion = nullptr;
   QMenu* mnuPopupVersion = nullptr;
@@ -111,6 +126,8 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   QAction* mnuVersionSep = nullptr;
   QAction* mnuVersionDelete = nullptr;
   QAction* mnuVersionProperties = nullptr;
+  QAction* mnuVersionCheck = nullptr;
+  QAction* mnuVersionBuildAgain = nullptr;
   QMenu* mnuPopupComponent = nullptr;
   QAction* mnuComponentDelete = nullptr;
   QAction* mnuComponentProperties = nullptr;

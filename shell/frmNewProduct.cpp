@@ -9,8 +9,8 @@
 #include <QVBoxLayout>
 
 #include "model/ModProject.h"
+#include "model/Preferences.h"
 #include "model/TextTable.h"
-#include "shell/Preferences.h"
 #include "tools/StandardTexts.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
@@ -55,8 +55,8 @@ frmNewProduct::frmNewProduct(tools::Registry& registry, tools::Dialogs& dialogs,
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
   txtProductTitle->setText(Caption(Text::NewProductTitle));
   txtProductTitle->selectAll();
-  txtAuthor->setText(
-      tools::ToQString(registry_.Read(kRoot, kPreferencesKey, kLastAuthor, std::string_view())));
+  txtAuthor->setText(tools::ToQString(
+      registry_.Read(kRoot, model::kPreferencesKey, model::kLastAuthor, std::string_view())));
 }
 
 // The fields come into the dialog before the buttons, so that Tab goes through them first.
@@ -100,7 +100,8 @@ void frmNewProduct::ProposeFileName(const QString& title) {
 void frmNewProduct::Confirm() {
   // A product can be made without it.
   tools::Guard(dialogs_, [this] {
-    registry_.Write(kRoot, kPreferencesKey, kLastAuthor, tools::ToUtf8(txtAuthor->text()));
+    registry_.Write(kRoot, model::kPreferencesKey, model::kLastAuthor,
+                    tools::ToUtf8(txtAuthor->text()));
   });
   confirmed_ = true;
   accept();

@@ -20,8 +20,9 @@ console: engine setup
 console/setup: console setup
 grid: tools/desktop
 pages: grid model tools/registry
-wizards: engine tools/desktop/wizard
-shell: pages engine setup
+findings: engine tools/desktop
+wizards: findings tools/desktop/wizard tools/registry
+shell: pages findings setup
 app: shell wizards
 '
 

@@ -27,8 +27,13 @@ class DesktopBuild : public engine::BuildObserver {
         notice_(dialogs_.ShowBusyNotice(LoadText(Text::BuildingSetup),
                                         LoadText(Text::ReallyStopBuild))) {}
 
-  // The log holds it.
-  void OnMessage(const engine::BuildMessage& /*message*/) override {}
+  void OnMessage(const engine::BuildMessage& message) override {
+    if (result_.messages.size() < engine::BuildResult::kMostMessages) {
+      result_.messages.push_back(message);
+    } else {
+      ++result_.furtherMessages;
+    }
+  }
 
   void OnProgress(const tools::Progress& progress) override {
     progress_ = progress;
@@ -50,6 +55,8 @@ class DesktopBuild : public engine::BuildObserver {
     if (pace_.IsDue()) dialogs_.UpdateBusyNotice(notice_, progress_);
     return isEndWanted_() || dialogs_.IsStopWanted(notice_);
   }
+
+  engine::BuildResult& Result() { return result_; }
 
   void WithdrawNotice() { dialogs_.WithdrawBusyNotice(notice_); }
 
@@ -93,6 +100,7 @@ class DesktopBuild : public engine::BuildObserver {
   const std::function<bool()>& isEndWanted_;
   tools::ReportPace pace_;
   tools::Progress progress_;
+  engine::BuildResult result_;
   int notice_;
 };
 
@@ -112,17 +120,30 @@ engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings) {
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
                 std::int32_t versionIndex) {
   DesktopBuild build(services);
+  engine::BuildResult& result = build.Result();
+  result.version = versionIndex;
+  const auto begin = services.clock.SteadyNow();
+  const auto take = [&] {
+    result.duration =
+        std::chrono::duration_cast<std::chrono::milliseconds>(services.clock.SteadyNow() - begin);
+  };
   try {
     const engine::BuildEnvironment environment{.project = services.project,
                                                .clock = services.clock,
                                                .disk = services.disk,
                                                .programFolder = services.programFolder};
-    build.ShowEnd(
-        engine::BuildVersion(environment, ReadBuildOptions(settings), versionIndex, build));
-  } catch (...) {
+    result.summary =
+        engine::BuildVersion(environment, ReadBuildOptions(settings), versionIndex, build);
+    take();
+    build.ShowEnd(result.summary);
+  } catch (const std::exception& error) {
+    take();
     build.WithdrawNotice();
+    result.failure = error.what();
+    services.onBuilt(result);
     throw;
   }
+  services.onBuilt(result);
 }
 
 }  // namespace wizards

@@ -7,14 +7,22 @@
 #include <string>
 
 #include "engine/BuildObserver.h"
+#include "engine/BuildResult.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "tools/Clock.h"
 #include "tools/Dialogs.h"
 #include "tools/desktop/wizard/WizardDriver.h"
 #include "tools/files/Disk.h"
+#include "tools/registry/Registry.h"
 
 namespace wizards {
+
+/// A place in a version that its author wants to see.
+struct ChosenPlace {
+  std::int32_t component = 0;  ///< slot; 0 when no place was chosen
+  std::int32_t entry = 0;      ///< entry number in it, or 0
+};
 
 /// What the wizards work with. The references must outlive them.
 struct BuildServices {
@@ -23,9 +31,15 @@ struct BuildServices {
   tools::Dialogs& dialogs;
   const tools::Clock& clock;
   tools::Disk& disk;
+  tools::Registry& registry;  ///< remembers the options of the last builds
   std::string programFolder;  ///< holds the setup wrapper and the runtime's installer
   /// Whether the program is to end: a running build then stops and removes what it made.
   std::function<bool()> isEndWanted = [] { return false; };
+  /// Gets what each build came to, when its messages have been read.
+  std::function<void(const engine::BuildResult&)> onBuilt = [](const engine::BuildResult&) {};
+  /// Opens the place of a finding, when the wizard that showed it is closed.
+  std::function<void(std::int32_t version, const ChosenPlace& place)> showPlace =
+      [](std::int32_t, const ChosenPlace&) {};
 };
 
 /// Converts "folder", "makezip" (packaged when exactly 1), "includeexe" and "includetessel" (on

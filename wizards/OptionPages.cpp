@@ -7,22 +7,24 @@
 
 namespace wizards {
 
-tools::WizardPageRegistry OptionPages(const model::ModProject& project, std::int32_t versionIndex,
-                                      const std::string& programFolder, tools::Dialogs& dialogs,
-                                      UnsavedPages& unsaved) {
+tools::WizardPageRegistry OptionPages(const BuildServices& services, std::int32_t versionIndex,
+                                      UnsavedPages& unsaved, ChosenPlace& chosen) {
   const std::string library = kOptionPageLibrary;
   tools::WizardPageRegistry pages;
   pages.Add(library + "wizSetup_Config",
             [&, versionIndex](tools::WizardDataStore& store, QWidget* parent) {
-              return new wizSetup_Config(project, versionIndex, dialogs, unsaved, store, parent);
+              return new wizSetup_Config(services.project, versionIndex, services.dialogs, unsaved,
+                                         store, parent);
             });
-  pages.Add(library + "wizSetup_Output", [&project, versionIndex, programFolder, &dialogs](
-                                             tools::WizardDataStore& store, QWidget* parent) {
-    return new wizSetup_Output(project, versionIndex, programFolder, dialogs, store, parent);
-  });
-  pages.Add(library + "wizSetup_Packaging", [](tools::WizardDataStore& store, QWidget* parent) {
-    return new wizSetup_Packaging(store, parent);
-  });
+  pages.Add(library + "wizSetup_Output",
+            [&, versionIndex](tools::WizardDataStore& store, QWidget* parent) {
+              return new wizSetup_Output(services.project, versionIndex, services.programFolder,
+                                         services.dialogs, store, parent);
+            });
+  pages.Add(library + "wizSetup_Packaging",
+            [&, versionIndex](tools::WizardDataStore& store, QWidget* parent) {
+              return new wizSetup_Packaging(services, versionIndex, chosen, store, parent);
+            });
   return pages;
 }
 

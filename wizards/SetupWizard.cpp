@@ -6,6 +6,7 @@
 #include "model/TextTable.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/WaitCursor.h"
+#include "wizards/LastBuilds.h"
 
 namespace wizards {
 
@@ -87,6 +88,10 @@ void SetupWizard::Finish(tools::WizardStructure& ParentWizard) {
   tools::Guard(Dialogs(), [&] {
     const tools::WaitCursor hourglass;
     BuildSetup(services_, ParentWizard.DataStore(), versionIndex_);
+  });
+  tools::Guard(Dialogs(), [&] {
+    LastBuilds(services_.registry, services_.project)
+        .Remember(versionIndex_, ParentWizard.DataStore());
   });
   Dialogs().ShowMessage({.text = LoadText(Text::SetupBuilt),
                          .caption = Title(),

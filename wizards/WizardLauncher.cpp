@@ -1,26 +1,81 @@
 #include "wizards/WizardLauncher.h"
 
+#include <optional>
 #include <utility>
 
+#include "model/StoredOptions.h"
+#include "model/TextTable.h"
+#include "tools/desktop/WaitCursor.h"
+#include "wizards/LastBuilds.h"
 #include "wizards/OptionPages.h"
 #include "wizards/UpdateWizard.h"
 
 namespace wizards {
 
+using model::LoadText;
+using model::Text;
+
 WizardLauncher::WizardLauncher(BuildServices services) : services_(std::move(services)) {}
 
 void WizardLauncher::StartSetupWizard(std::int32_t version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
-  const tools::WizardPageRegistry optionPages =
-      OptionPages(services_.project, version, services_.programFolder, services_.dialogs, unsaved);
-  SetupWizard(services_, version, Frames(optionPages)).Start();
+  ChosenPlace chosen;
+  const tools::WizardPageRegistry optionPages = OptionPages(services_, version, unsaved, chosen);
+  // What comes of the wizard is shown in the main window, when that can be used again.
+  std::optional<engine::BuildResult> result;
+  BuildServices services = services_;
+  services.onBuilt = [&result](const engine::BuildResult& built) { result = built; };
+  SetupWizard(services, version, Frames(optionPages)).Start();
+  if (result) services_.onBuilt(*result);
+  if (chosen.component != 0) services_.showPlace(version, chosen);
 }
 
 void WizardLauncher::StartUpdateWizard(std::int32_t version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
-  const tools::WizardPageRegistry optionPages =
-      OptionPages(services_.project, version, services_.programFolder, services_.dialogs, unsaved);
+  ChosenPlace chosen;
+  const tools::WizardPageRegistry optionPages = OptionPages(services_, version, unsaved, chosen);
   UpdateWizard(services_.dialogs, Frames(optionPages)).Start();
+}
+
+void WizardLauncher::BuildAgain(std::int32_t version, model::OpenPages& pages) {
+  const tools::WizardDataStore settings =
+      LastBuilds(services_.registry, services_.project).Of(version);
+  if (settings.empty()) {
+    StartSetupWizard(version, pages);
+    return;
+  }
+  UnsavedPages unsaved(pages, services_.operations);
+  OfferSaving(unsaved);
+  const tools::WaitCursor hourglass;
+  BuildSetup(services_, settings, version);
+}
+
+void WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {
+  std::string text = LoadText(Text::UnsavedPages);
+  const std::vector<std::string> titles = unsaved.Titles();
+  if (titles.empty()) return;
+  for (const std::string& title : titles) text += "\n\u2022 " + title;
+  text += "\n\n" + LoadText(Text::SaveBeforeBuilding);
+  const bool save = services_.dialogs.ShowMessage({.text = text,
+                                                   .caption = LoadText(Text::BuildAgain),
+                                                   .icon = tools::MessageIcon::Question,
+                                                   .buttons = tools::MessageButtons::YesNo,
+                                                   .defaultAnswer = tools::MessageAnswer::Yes}) ==
+                    tools::MessageAnswer::Yes;
+  if (save) unsaved.Save();
+}
+
+findings::CheckRequest WizardLauncher::CheckOf(std::int32_t version) const {
+  const LastBuilds last(services_.registry, services_.project);
+  findings::CheckRequest request{.productPath = services_.project.ProductPath(),
+                                 .version = version,
+                                 .options = ReadBuildOptions(last.Of(version)),
+                                 .programFolder = services_.programFolder};
+  if (request.options.folder.empty()) {
+    const model::StoredOptions stored(services_.project, version);
+    request.options.folder = stored.Of(stored.ActiveConfiguration()).folder;
+  }
+  return request;
 }
 
 WizardBase::FrameMaker WizardLauncher::Frames(const tools::WizardPageRegistry& pages) const {

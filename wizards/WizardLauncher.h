@@ -1,11 +1,13 @@
-// Starts the program's wizards from the main window.
+// Starts the program's wizards from the main window, and the builds that need none.
 #pragma once
 
 #include <QPointer>
 #include <QWidget>
 #include <cstdint>
 
+#include "findings/CheckRun.h"
 #include "wizards/SetupWizard.h"
+#include "wizards/UnsavedPages.h"
 
 namespace wizards {
 
@@ -20,8 +22,16 @@ class WizardLauncher {
   void StartSetupWizard(std::int32_t version, model::OpenPages& pages);
   void StartUpdateWizard(std::int32_t version, model::OpenPages& pages);
 
+  /// Builds the version as at the last time, and asks first about pages with changes. A version
+  /// that was never built gets the setup wizard.
+  void BuildAgain(std::int32_t version, model::OpenPages& pages);
+
+  /// What has to be checked for a build as at the last time.
+  [[nodiscard]] findings::CheckRequest CheckOf(std::int32_t version) const;
+
  private:
   [[nodiscard]] WizardBase::FrameMaker Frames(const tools::WizardPageRegistry& pages) const;
+  void OfferSaving(UnsavedPages& unsaved) const;
 
   BuildServices services_;
   QPointer<QWidget> parent_;

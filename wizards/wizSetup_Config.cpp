@@ -12,6 +12,7 @@
 
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
+#include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
@@ -165,6 +166,11 @@ void wizSetup_Config::TakeLanguage() {
 void wizSetup_Config::ShowLanguage() {
   const QSignalBlocker quiet(cmbLanguage_);
   const QString text = ToQString(LanguageText(Value("language")));
+  const std::string configured = ProposalOf(Configuration()).language;
+  cmbLanguage_->lineEdit()->setPlaceholderText(
+      configured.empty() ? QString()
+                         : ToQString(tools::ReplaceAll(LoadText(Text::AsConfigured), "%language%",
+                                                       LanguageText(configured))));
   cmbLanguage_->setCurrentIndex(cmbLanguage_->findText(text));
   cmbLanguage_->setEditText(text);
   lblLanguageNote_->hide();

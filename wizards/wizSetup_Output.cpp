@@ -29,6 +29,7 @@ using tools::ToQString;
 namespace {
 
 constexpr int kFolderBrowserFlags = 17;
+constexpr int kWarningLines = 3;
 
 std::string ConfigurationName(const std::string& value) {
   const std::int32_t configuration = tools::ToInt32(value);
@@ -77,6 +78,11 @@ QWidget* wizSetup_Output::MakeFolderRow() {
   warning->setContentsMargins(0, 0, 0, 0);
   warning->addWidget(icon, 0, Qt::AlignTop);
   warning->addWidget(lblFolderWarning_, 1);
+  // Room for three lines is kept: a warning that comes and goes moves nothing.
+  fraFolderWarning_->setMinimumHeight(kWarningLines * fontMetrics().lineSpacing());
+  QSizePolicy policy = fraFolderWarning_->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  fraFolderWarning_->setSizePolicy(policy);
 
   auto* layout = new QGridLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);

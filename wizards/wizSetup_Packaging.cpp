@@ -1,48 +1,123 @@
 #include "wizards/wizSetup_Packaging.h"
 
 #include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
+#include "findings/FindingsList.h"
 #include "model/TextTable.h"
+#include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
-#include "wizards/BuildSetup.h"
+#include "wizards/LastBuilds.h"
 
 namespace wizards {
 
-using model::Text;
-
 using namespace Qt::StringLiterals;
 using model::LoadText;
+using model::Text;
+using tools::ToQString;
 
-wizSetup_Packaging::wizSetup_Packaging(tools::WizardDataStore& DataStore, QWidget* parent)
-    : WizardOptionPage(DataStore, parent) {
+wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services, std::int32_t versionIndex,
+                                       ChosenPlace& chosen, tools::WizardDataStore& DataStore,
+                                       QWidget* parent)
+    : WizardOptionPage(DataStore, parent),
+      services_(services),
+      versionIndex_(versionIndex),
+      chosen_(chosen),
+      cmdAsLastTime_(new QPushButton(ToQString(LoadText(Text::AsLastTime)), this)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  chkMakeZip_ = AddOption(u"chkMakeZip"_s, LoadText(Text::PackFiles), "makezip");
-  chkIncludeExe_ = AddOption(u"chkIncludeExe"_s, LoadText(Text::IncludeSetupProgram), "includeexe");
-  chkIncludeTessel_ =
-      AddOption(u"chkIncludeTessel"_s, LoadText(Text::IncludeRuntimeInstaller), "includetessel");
-  layout->addStretch();
+  options_ = {
+      AddOption(u"chkMakeZip"_s, LoadText(Text::PackFiles), "makezip"),
+      AddOption(u"chkIncludeExe"_s, LoadText(Text::IncludeSetupProgram), "includeexe"),
+      AddOption(u"chkIncludeTessel"_s, LoadText(Text::IncludeRuntimeInstaller), "includetessel")};
+  cmdAsLastTime_->setObjectName(u"cmdAsLastTime"_s);
+  cmdAsLastTime_->setAutoDefault(false);
+  layout->addWidget(cmdAsLastTime_, 0, Qt::AlignLeft);
+  layout->addSpacing(fontMetrics().height() / 2);
+  AddFindings();
+  connect(cmdAsLastTime_, &QPushButton::clicked, this,
+          tools::Guarded(services_.dialogs, [this] { SetAsLastTime(); }));
 }
 
-QCheckBox* wizSetup_Packaging::AddOption(const QString& name, const std::string& text,
-                                         const char* value) {
-  auto* box = new QCheckBox(tools::ToQString(text), this);
+wizSetup_Packaging::Option wizSetup_Packaging::AddOption(const QString& name,
+                                                         const std::string& text,
+                                                         const char* value) {
+  auto* box = new QCheckBox(ToQString(text), this);
   box->setObjectName(name);
   layout()->addWidget(box);
-  connect(box, &QCheckBox::clicked, this,
-          [this, value](bool checked) { SetValue(value, checked ? "1" : "0"); });
-  return box;
+  connect(box, &QCheckBox::clicked, this, [this, value](bool checked) {
+    SetValue(value, checked ? "1" : "0");
+    StartCheck();
+  });
+  return {box, value};
+}
+
+void wizSetup_Packaging::AddFindings() {
+  lblCheck_ = new QLabel(this);
+  lblCheck_->setObjectName(u"lblCheck"_s);
+  lsvFindings_ = new findings::FindingsList(this);
+  lsvFindings_->setAccessibleName(ToQString(LoadText(Text::Check)));
+  lblCheck_->setBuddy(lsvFindings_);
+  layout()->addWidget(lblCheck_);
+  layout()->addWidget(lsvFindings_);
+  connect(&check_, &findings::CheckRun::Finished, this, &wizSetup_Packaging::ShowFindings);
+  connect(lsvFindings_, &findings::FindingsList::PlaceChosen, this,
+          [this](std::int32_t component, std::int32_t entry) {
+            ChoosePlace({component, entry});
+          });
 }
 
 void wizSetup_Packaging::ShowValues() {
+  lastTime_ = LastBuilds(services_.registry, services_.project).Of(versionIndex_);
+  cmdAsLastTime_->setEnabled(!lastTime_.empty());
+  ShowOptions();
+  StartCheck();
+}
+
+void wizSetup_Packaging::ShowOptions() {
   const engine::BuildOptions options =
       ReadBuildOptions({{"makezip", Value("makezip")},
                         {"includeexe", Value("includeexe")},
                         {"includetessel", Value("includetessel")}});
-  chkMakeZip_->setChecked(options.packaged);
-  chkIncludeExe_->setChecked(options.includeWrapper);
-  chkIncludeTessel_->setChecked(options.includeRuntime);
+  options_[0].box->setChecked(options.packaged);
+  options_[1].box->setChecked(options.includeWrapper);
+  options_[2].box->setChecked(options.includeRuntime);
+}
+
+void wizSetup_Packaging::SetAsLastTime() {
+  for (const Option& option : options_) SetValue(option.value, lastTime_[option.value]);
+  ShowOptions();
+  StartCheck();
+}
+
+void wizSetup_Packaging::StartCheck() {
+  lblCheck_->setText(ToQString(LoadText(Text::CheckIsRunning)));
+  check_.Start({.productPath = services_.project.ProductPath(),
+                .version = versionIndex_,
+                .options = ReadBuildOptions({{"folder", Value("folder")},
+                                             {"makezip", Value("makezip")},
+                                             {"includeexe", Value("includeexe")},
+                                             {"includetessel", Value("includetessel")}}),
+                .programFolder = services_.programFolder});
+}
+
+void wizSetup_Packaging::ShowFindings(const std::vector<engine::BuildMessage>& messages) {
+  lblCheck_->setText(ToQString(LoadText(Text::Check)) + u": "_s +
+                     findings::FindingsList::Summary(messages));
+  lsvFindings_->Show(messages);
+}
+
+void wizSetup_Packaging::ChoosePlace(const ChosenPlace& place) {
+  chosen_ = place;
+  window()->close();
+}
+
+// The build, or another page, is next.
+void wizSetup_Packaging::hideEvent(QHideEvent* event) {
+  check_.Stop();
+  WizardOptionPage::hideEvent(event);
 }
 
 }  // namespace wizards

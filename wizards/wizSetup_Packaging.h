@@ -1,27 +1,63 @@
-// The wizard's page for what the finished setup consists of.
+// The wizard's page for what the finished setup consists of, and for what stands in its way.
 #pragma once
 
+#include <array>
+
+#include "findings/CheckRun.h"
 #include "tools/desktop/wizard/WizardOptionPage.h"
+#include "wizards/BuildSetup.h"
 
 class QCheckBox;
+class QLabel;
+class QPushButton;
+
+namespace findings {
+class FindingsList;
+}
 
 namespace wizards {
 
-/// Edits "makezip", "includeexe" and "includetessel" in check boxes: "1" checked, "0" not.
+/// Edits "makezip", "includeexe" and "includetessel" in check boxes: "1" checked, "0" not;
+/// `cmdAsLastTime` sets them as at the last build of the version. While the page is shown, the
+/// version is checked in the background for a build with the options chosen: `lsvFindings` lists
+/// what is found, and the place of a row that is chosen is where the wizard, which then closes,
+/// leads.
 class wizSetup_Packaging : public tools::WizardOptionPage {
   Q_OBJECT
 
  public:
-  wizSetup_Packaging(tools::WizardDataStore& DataStore, QWidget* parent);
+  /// For the version in slot `versionIndex`. The references must outlive the page.
+  wizSetup_Packaging(const BuildServices& services, std::int32_t versionIndex, ChosenPlace& chosen,
+                     tools::WizardDataStore& DataStore, QWidget* parent);
 
   void ShowValues() override;
 
- private:
-  QCheckBox* AddOption(const QString& name, const std::string& text, const char* value);
+ protected:
+  void hideEvent(QHideEvent* event) override;
 
-  QCheckBox* chkMakeZip_;
-  QCheckBox* chkIncludeExe_;
-  QCheckBox* chkIncludeTessel_;
+ private:
+  struct Option {
+    QCheckBox* box;
+    const char* value;
+  };
+
+  Option AddOption(const QString& name, const std::string& text, const char* value);
+  void AddFindings();
+  void ShowOptions();
+  void SetAsLastTime();
+  void StartCheck();
+  void ShowFindings(const std::vector<engine::BuildMessage>& messages);
+  void ChoosePlace(const ChosenPlace& place);
+
+  const BuildServices& services_;
+  std::int32_t versionIndex_;
+  ChosenPlace& chosen_;
+  tools::WizardDataStore lastTime_;  ///< of the last build; empty when there was none
+  std::array<Option, 3> options_{};
+  QPushButton* cmdAsLastTime_;
+  QLabel* lblCheck_ = nullptr;
+  findings::FindingsList* lsvFindings_ = nullptr;
+  findings::CheckRun check_;
 };
 
 }  // namespace wizards

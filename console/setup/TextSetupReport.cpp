@@ -41,23 +41,6 @@ std::string RegistrationText(const setup::Plan& plan) {
          plan.registration->type;
 }
 
-std::string DifferenceText(const setup::Difference& difference) {
-  std::string change = difference.what + ": " + difference.oldValue + " -> " + difference.newValue;
-  switch (difference.kind) {
-    case setup::Difference::Kind::Head:
-      return change;
-    case setup::Difference::Kind::Added:
-      return "neu: " + difference.target;
-    case setup::Difference::Kind::Removed:
-      return "entfernt: " + difference.target;
-    case setup::Difference::Kind::Renamed:
-      return "umbenannt: " + difference.oldTarget + " -> " + difference.target;
-    case setup::Difference::Kind::Changed:
-      return "geändert: " + difference.target + ": " + change;
-  }
-  return {};
-}
-
 std::string PlaceText(const setup::Finding& finding) {
   std::string place = finding.file;
   if (finding.line != 0) place += ", Zeile " + std::to_string(finding.line);
@@ -177,7 +160,7 @@ void TextSetupReport::ProofEnd(const setup::ProofResult& result) {
 void TextSetupReport::Differences(const setup::SetupComparison& comparison) {
   ClearProgress();
   for (const setup::Difference& difference : comparison.differences) {
-    Output() << Shown(DifferenceText(difference)) << '\n';
+    Output() << Shown(setup::DifferenceText(difference)) << '\n';
   }
   if (Quiet()) return;
   if (comparison.differences.empty()) Output() << "Kein Unterschied.\n";

@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include "tests/support/ProductDesk.h"
+#include "tests/support/desktop/UserHome.h"
 #include "tests/support/desktop/Widgets.h"
 #include "tools/Error.h"
 #include "wizards/BuildSetup.h"
@@ -17,12 +18,21 @@ struct Fixture : ProductDesk {
   Fixture() { product.AddComponent("A", {product.File(folder.Write("a.txt", "a"))}); }
 
   void Build() {
-    wizards::BuildSetup({project, operations, dialogs, clock, disk, folder.Path("programm"),
-                         [this] { return isEndWanted; }},
+    const auto registry = RegistryBelow(folder, disk);
+    wizards::BuildSetup({.project = project,
+                         .operations = operations,
+                         .dialogs = dialogs,
+                         .clock = clock,
+                         .disk = disk,
+                         .registry = *registry,
+                         .programFolder = folder.Path("programm"),
+                         .isEndWanted = [this] { return isEndWanted; },
+                         .onBuilt = [this](const engine::BuildResult& built) { result = built; }},
                         settings, 1);
   }
 
   bool isEndWanted = false;
+  engine::BuildResult result;
   tools::WizardDataStore settings{{"folder", folder.Path("aus")}, {"makezip", "1"}};
 };
 

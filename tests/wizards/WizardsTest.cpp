@@ -1,5 +1,7 @@
 #include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
+#include "tests/support/desktop/UserHome.h"
+#include "wizards/LastBuilds.h"
 #include "wizards/OptionPages.h"
 #include "wizards/WizardLauncher.h"
 
@@ -34,8 +36,10 @@ struct Sample : ProductDesk {
   }
 
   wizards::UnsavedPages unsaved{window, operations};
-  wizards::BuildServices services{project, operations, dialogs,
-                                  clock,   disk,       folder.Path("programm")};
+  std::unique_ptr<tools::Registry> registry = RegistryBelow(folder, disk);
+  wizards::BuildServices services{
+      project, operations, dialogs, clock, disk, *registry, folder.Path("programm")};
+  wizards::ChosenPlace chosen;
 };
 
 /// An option page for the sample's version, with these values of the wizard.
@@ -44,8 +48,7 @@ struct OptionPage : Sample {
              const std::string& buildKeys = {})
       : Sample(buildKeys), store(values) {
     const std::string progId = std::string("PackwrightWizards.wizSetup_") + name;
-    page.reset(
-        wizards::OptionPages(project, 1, {}, dialogs, unsaved).Create(progId, store, nullptr));
+    page.reset(wizards::OptionPages(services, 1, unsaved, chosen).Create(progId, store, nullptr));
     page->ShowValues();
     page->show();
   }
@@ -233,6 +236,33 @@ class WizardsTest : public QObject {
     }
     QCOMPARE(f.store["language"], "Klingonisch");
     QVERIFY(!Child(*f.page, "lblLanguageNote").isVisible());
+  }
+
+  void ThePackagingPageListsWhatStandsInTheWayOfTheChosenOptions() {
+    OptionPage f("Packaging", {{"folder", "aus"}});
+    std::filesystem::remove(f.folder.Path("quelle/hallo.txt"));
+    auto& findings = Child<QTreeWidget>(*f.page, "lsvFindings");
+    f.page->ShowValues();
+    QTRY_VERIFY(Shown(*f.page, "lblCheck").endsWith("1 Fehler, 0 Warnungen"));
+    QTest::keyClick(&Child(*f.page, "chkIncludeExe"), Qt::Key_Space);
+    QTRY_VERIFY(Shown(*f.page, "lblCheck").endsWith("2 Fehler, 0 Warnungen"));
+    QVERIFY2(Rows(findings).contains("Wrapper.exe"), qPrintable(Rows(findings)));
+    QVERIFY2(Rows(findings).contains("|Kern=1="), qPrintable(Rows(findings)));
+    DoubleClick(findings, findings.model()->index(1, 0));
+    QCOMPARE(std::pair(f.chosen.component, f.chosen.entry), std::pair(1, 1));
+    QVERIFY(!f.page->isVisible());
+  }
+
+  void TheOptionsOfTheLastBuildComeBackOnRequest() {
+    OptionPage f("Packaging", {{"folder", "|a=%;b"}, {"makezip", "1"}, {"includetessel", "1"}});
+    QVERIFY(!Child(*f.page, "cmdAsLastTime").isEnabled());
+    wizards::LastBuilds(*f.registry, f.project).Remember(1, f.store);
+    f.store = {{"folder", "neu"}};
+    f.page->ShowValues();
+    Press(*f.page, "cmdAsLastTime");
+    QCOMPARE(Values(f.store), "folder=neu|includeexe=|includetessel=1|makezip=1");
+    QCOMPARE(Values(wizards::LastBuilds(*f.registry, f.project).Of(1)),
+             "folder=|a=%;b|includetessel=1|makezip=1");
   }
 
   void TheOutputPageShowsWhatWillBeBuilt() {

@@ -38,12 +38,6 @@ double DoneShare(const Progress& progress) {
   return total > 0 ? std::min(1.0, done / total) : -1.0;
 }
 
-QString Size(std::uint64_t bytes) {
-  const QLocale german(QLocale::German, QLocale::Germany);
-  return german.formattedDataSize(static_cast<qint64>(bytes), 1,
-                                  QLocale::DataSizeTraditionalFormat);
-}
-
 QString OfTotal(const QString& done, const QString& total, bool totalKnown) {
   return totalKnown ? u"%1 von %2"_s.arg(done, total) : done;
 }
@@ -56,8 +50,8 @@ QString ProgressText(const Progress& progress) {
                          progress.filesTotal > 0) +
                  u" Dateien"_s;
   if (progress.bytesDone > 0 || progress.bytesTotal > 0) {
-    text += u", "_s +
-            OfTotal(Size(progress.bytesDone), Size(progress.bytesTotal), progress.bytesTotal > 0);
+    text += u", "_s + OfTotal(SizeText(progress.bytesDone), SizeText(progress.bytesTotal),
+                              progress.bytesTotal > 0);
   }
   return text;
 }

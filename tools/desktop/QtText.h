@@ -1,7 +1,9 @@
 // The border between the UTF-8 text of the lower layers and Qt's text.
 #pragma once
 
+#include <QLocale>
 #include <QString>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -13,5 +15,11 @@ namespace tools {
 }
 
 [[nodiscard]] inline std::string ToUtf8(const QString& text) { return text.toStdString(); }
+
+/// A number of bytes as people read it: "1,5 MB".
+[[nodiscard]] inline QString SizeText(std::uint64_t bytes) {
+  return QLocale(QLocale::German, QLocale::Germany)
+      .formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeTraditionalFormat);
+}
 
 }  // namespace tools

@@ -55,12 +55,7 @@ struct PageFixture : ProductDesk {
     return values.join('|');
   }
 
-  std::unique_ptr<tools::Registry> OpenRegistry() {
-    UseHome(folder);
-    return tools::OpenSystemRegistry(disk);
-  }
-
-  std::unique_ptr<tools::Registry> registry = OpenRegistry();
+  std::unique_ptr<tools::Registry> registry = RegistryBelow(folder, disk);
   pages::PageRegistry pageRegistry = pages::AllPages();
   FakeArea area;
   shell::EditorTabs tabs{area, project, dialogs, *registry, pageRegistry};

@@ -4,11 +4,14 @@
 
 #include <string_view>
 
-namespace shell {
+namespace model {
 
 inline constexpr std::string_view kPreferencesKey = "Software\\Quillon\\Packwright";
 inline constexpr std::string_view kLastAuthor = "LastAuthor";
 inline constexpr std::string_view kWindowGeometry = "WindowGeometry";
 inline constexpr std::string_view kSplitterPosition = "SplitterPosition";
 
-}  // namespace shell
+/// The key below it that holds the options of each version's last build.
+inline constexpr std::string_view kLastBuildsKey = "Software\\Quillon\\Packwright\\LastBuilds";
+
+}  // namespace model

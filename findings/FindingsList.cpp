@@ -1,0 +1,103 @@
+#include "findings/FindingsList.h"
+
+#include <QHeaderView>
+#include <QStyle>
+#include <algorithm>
+
+#include "model/TextTable.h"
+#include "tools/Text.h"
+#include "tools/desktop/ListViewStyle.h"
+#include "tools/desktop/QtText.h"
+
+namespace findings {
+
+using model::LoadText;
+using model::Text;
+using tools::ToQString;
+
+namespace {
+
+enum Column { kComponent, kEntry, kText };
+
+constexpr int kComponentRole = Qt::UserRole;
+constexpr int kEntryRole = Qt::UserRole + 1;
+constexpr int kComponentWidth = 22;  // characters
+
+QString TextOf(const engine::BuildMessage& message) {
+  QString text = ToQString(message.text);
+  if (!message.detail.empty()) text += QStringLiteral(" (%1)").arg(ToQString(message.detail));
+  return text;
+}
+
+QString ComponentOf(const engine::BuildMessage& message) {
+  if (message.component == 0) return {};
+  if (message.componentTitle.empty()) return QString::number(message.component);
+  return ToQString(message.componentTitle);
+}
+
+QString Counted(std::ptrdiff_t count, Text one, Text many) {
+  return QStringLiteral("%1 %2").arg(count).arg(ToQString(LoadText(count == 1 ? one : many)));
+}
+
+}  // namespace
+
+FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
+  setObjectName(QStringLiteral("lsvFindings"));
+  setHeaderLabels({ToQString(LoadText(Text::ComponentColumn)),
+                   ToQString(LoadText(Text::EntryColumn)),
+                   ToQString(LoadText(Text::FindingColumn))});
+  tools::ApplyListViewStyle(*this);
+  header()->resizeSection(kComponent, kComponentWidth * fontMetrics().averageCharWidth());
+  header()->setSectionResizeMode(kEntry, QHeaderView::ResizeToContents);
+  header()->setStretchLastSection(true);
+  connect(this, &QTreeWidget::itemActivated, this,
+          [this](const QTreeWidgetItem* row) { ChoosePlace(*row); });
+}
+
+void FindingsList::Show(const std::vector<engine::BuildMessage>& messages, std::uint64_t further) {
+  clear();
+  const QIcon warning = style()->standardIcon(QStyle::SP_MessageBoxWarning);
+  const QIcon error = style()->standardIcon(QStyle::SP_MessageBoxCritical);
+  QList<QTreeWidgetItem*> rows;
+  rows.reserve(static_cast<qsizetype>(messages.size()) + 1);
+  for (const engine::BuildMessage& message : messages) {
+    const bool isError = message.severity == engine::Severity::Error;
+    const QString text = TextOf(message);
+    auto* row = new QTreeWidgetItem(
+        {ComponentOf(message), message.entry == 0 ? QString() : QString::number(message.entry),
+         text});
+    row->setIcon(kComponent, isError ? error : warning);
+    row->setToolTip(kText, text);
+    row->setData(kComponent, Qt::AccessibleTextRole,
+                 ToQString(LoadText(isError ? Text::OneError : Text::OneWarning)) + u' ' +
+                     ComponentOf(message));
+    row->setData(kComponent, kComponentRole, message.component);
+    row->setData(kComponent, kEntryRole, message.entry);
+    rows.append(row);
+  }
+  if (further > 0) {
+    rows.append(
+        new QTreeWidgetItem({{},
+                             {},
+                             ToQString(tools::ReplaceAll(LoadText(Text::AndFurther), "%count%",
+                                                         std::to_string(further)))}));
+  }
+  addTopLevelItems(rows);
+}
+
+QString FindingsList::Summary(const std::vector<engine::BuildMessage>& messages) {
+  if (messages.empty()) return ToQString(LoadText(Text::NothingFound));
+  const auto errors = std::ranges::count_if(messages, [](const engine::BuildMessage& message) {
+    return message.severity == engine::Severity::Error;
+  });
+  const auto warnings = std::ssize(messages) - errors;
+  return Counted(errors, Text::OneError, Text::Errors) + QStringLiteral(", ") +
+         Counted(warnings, Text::OneWarning, Text::Warnings);
+}
+
+void FindingsList::ChoosePlace(const QTreeWidgetItem& row) {
+  const int component = row.data(kComponent, kComponentRole).toInt();
+  if (component != 0) Q_EMIT PlaceChosen(component, row.data(kComponent, kEntryRole).toInt());
+}
+
+}  // namespace findings

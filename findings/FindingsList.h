@@ -1,0 +1,38 @@
+// The list in which the author reads what a check or a build found, and from which he goes to the
+// place concerned.
+#pragma once
+
+#include <QTreeWidget>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/BuildObserver.h"
+
+namespace findings {
+
+/// One row for each finding: icon and component, entry, text. A double click or Enter chooses the
+/// place of a row that has one.
+class FindingsList : public QTreeWidget {
+  Q_OBJECT
+
+ public:
+  /// Its objectName is "lsvFindings".
+  explicit FindingsList(QWidget* parent);
+
+  /// Shows these findings in place of the former ones; a last row tells of `further` ones that
+  /// nobody kept.
+  void Show(const std::vector<engine::BuildMessage>& messages, std::uint64_t further = 0);
+
+  /// "2 Fehler, 1 Warnung", or that there is none.
+  [[nodiscard]] static QString Summary(const std::vector<engine::BuildMessage>& messages);
+
+ Q_SIGNALS:
+  /// The slot of the component, and the number of the entry in it or 0.
+  void PlaceChosen(std::int32_t component, std::int32_t entry);
+
+ private:
+  void ChoosePlace(const QTreeWidgetItem& row);
+};
+
+}  // namespace findings

@@ -1,0 +1,183 @@
+#include "shell/ResultPanel.h"
+
+#include <QDesktopServices>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "findings/FindingsList.h"
+#include "model/TextTable.h"
+#include "shell/SetupViews.h"
+#include "tools/Error.h"
+#include "tools/Text.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+using namespace Qt::StringLiterals;
+using engine::BuildOutcome;
+using model::LoadText;
+using model::Text;
+using tools::ToQString;
+
+namespace {
+
+constexpr int kMargin = 6;  // pixels
+
+QString WithVersion(Text text, const std::string& version) {
+  return ToQString(tools::ReplaceAll(LoadText(text), "%version%", version));
+}
+
+bool HoldsSetup(const engine::BuildResult& result) {
+  return result.failure.empty() && result.summary.outcome == BuildOutcome::Finished;
+}
+
+Text OutcomeText(const engine::BuildResult& result) {
+  if (HoldsSetup(result)) return Text::BuildFinished;
+  const bool wasStopped = result.failure.empty() && result.summary.outcome == BuildOutcome::Stopped;
+  return wasStopped ? Text::BuildStopped : Text::BuildNotFinished;
+}
+
+QString Fact(Text text, const char* name, const QString& value) {
+  return ToQString(LoadText(text)).replace(QString::fromUtf8(name), value);
+}
+
+QString SizeFact(const tools::ArchiveTotals& stored) {
+  const QString size = tools::SizeText(stored.bytesOut);
+  if (stored.bytesOut == stored.bytesIn) return Fact(Text::SizeOfTree, "%size%", size);
+  return Fact(Text::SizeOfSetup, "%size%", size)
+      .replace(u"%unpacked%"_s, tools::SizeText(stored.bytesIn));
+}
+
+QString FactsOf(const engine::BuildResult& result) {
+  if (!HoldsSetup(result)) {
+    QString reason = ToQString(result.failure.empty() ? result.summary.reason : result.failure);
+    if (reason.isEmpty() && result.summary.outcome == BuildOutcome::InvalidOutputFolder) {
+      reason = ToQString(LoadText(Text::InvalidOutputFolder));
+    }
+    return reason;
+  }
+  const QLocale german(QLocale::German, QLocale::Germany);
+  const std::uint64_t files = result.summary.stored.files;
+  return ToQString(result.summary.outputFolder) + u'\n' +
+         Fact(files == 1 ? Text::OneFileOfSetup : Text::FilesOfSetup, "%count%",
+              german.toString(static_cast<qulonglong>(files))) +
+         u", "_s + SizeFact(result.summary.stored) + u", "_s +
+         german.toString(static_cast<double>(result.duration.count()) / 1000, 'f', 1) + u" s"_s;
+}
+
+}  // namespace
+
+ResultPanel::ResultPanel(tools::Dialogs& dialogs, QWidget* parent)
+    : QDockWidget(ToQString(LoadText(Text::ResultPanel)), parent),
+      dialogs_(dialogs),
+      content_(new QWidget(this)),
+      lblOutcome_(new QLabel(content_)),
+      lblFacts_(new QLabel(content_)),
+      buttons_(new QWidget(content_)),
+      lsvFindings_(new findings::FindingsList(content_)) {
+  setObjectName(u"pnlResult"_s);
+  setAllowedAreas(Qt::BottomDockWidgetArea);
+  setFeatures(QDockWidget::DockWidgetClosable);
+  lblOutcome_->setObjectName(u"lblOutcome"_s);
+  QFont bold = lblOutcome_->font();
+  bold.setBold(true);
+  lblOutcome_->setFont(bold);
+  lblFacts_->setObjectName(u"lblFacts"_s);
+  lblFacts_->setTextFormat(Qt::PlainText);
+  lblFacts_->setWordWrap(true);
+  lblFacts_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  lsvFindings_->setAccessibleName(windowTitle());
+
+  auto* row = new QHBoxLayout(buttons_);
+  row->setContentsMargins(0, 0, 0, 0);
+  cmdOpenFolder_ = AddButton("cmdOpenFolder", LoadText(Text::OpenFolder));
+  cmdShowLog_ = AddButton("cmdShowLog", LoadText(Text::ShowLog));
+  cmdCompare_ = AddButton("cmdCompare", LoadText(Text::CompareWith));
+  cmdBuildAgain_ = AddButton("cmdBuildAgain", LoadText(Text::BuildAgain));
+  cmdBuildAgain_->setToolTip(ToQString(LoadText(Text::BuildAgain)) + u" (F7)"_s);
+  row->addStretch();
+  auto* layout = new QVBoxLayout(content_);
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  for (QWidget* part : std::initializer_list<QWidget*>{lblOutcome_, lblFacts_, buttons_}) {
+    layout->addWidget(part);
+  }
+  layout->addWidget(lsvFindings_, 1);
+  setWidget(content_);
+  hide();
+
+  connect(cmdOpenFolder_, &QPushButton::clicked, this, tools::Guarded(dialogs_, [this] {
+            if (QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(folder_)))) return;
+            throw tools::Error("Der Ordner kann nicht geöffnet werden: " + folder_);
+          }));
+  connect(cmdShowLog_, &QPushButton::clicked, this,
+          tools::Guarded(dialogs_, [this] { ShowBuildLog(folder_, window()); }));
+  connect(cmdCompare_, &QPushButton::clicked, this,
+          tools::Guarded(dialogs_, [this] { ShowDifferences(folder_, dialogs_, window()); }));
+  connect(cmdBuildAgain_, &QPushButton::clicked, this,
+          [this] { Q_EMIT BuildAgainWanted(version_); });
+  connect(lsvFindings_, &findings::FindingsList::PlaceChosen, this,
+          [this](std::int32_t component, std::int32_t entry) {
+            Q_EMIT PlaceChosen(version_, component, entry);
+          });
+  connect(&check_, &findings::CheckRun::Finished, this, &ResultPanel::ShowFindings);
+}
+
+QPushButton* ResultPanel::AddButton(const char* name, const std::string& text) {
+  auto* button = new QPushButton(ToQString(text), buttons_);
+  button->setObjectName(QString::fromLatin1(name));
+  buttons_->layout()->addWidget(button);
+  return button;
+}
+
+void ResultPanel::BringUp(std::int32_t version, const QString& outcome, const QString& facts) {
+  version_ = version;
+  lblOutcome_->setText(outcome);
+  lblFacts_->setText(facts);
+  lblFacts_->setVisible(!facts.isEmpty());
+  for (QPushButton* button : {cmdOpenFolder_, cmdShowLog_, cmdCompare_}) {
+    button->setEnabled(!folder_.empty());
+  }
+  show();
+}
+
+void ResultPanel::ShowBuild(const engine::BuildResult& result, const std::string& version) {
+  check_.Stop();
+  versionText_ = version;
+  folder_ = HoldsSetup(result) ? result.summary.outputFolder : std::string();
+  QString outcome = WithVersion(OutcomeText(result), version);
+  if (!result.messages.empty()) {
+    outcome += u": "_s + findings::FindingsList::Summary(result.messages);
+  }
+  lsvFindings_->Show(result.messages, result.furtherMessages);
+  lsvFindings_->setVisible(!result.messages.empty());
+  BringUp(result.version, outcome, FactsOf(result));
+}
+
+void ResultPanel::Check(const findings::CheckRequest& request, const std::string& version) {
+  versionText_ = version;
+  folder_.clear();
+  lsvFindings_->Show({});
+  lsvFindings_->show();
+  BringUp(request.version, ToQString(LoadText(Text::CheckIsRunning)), {});
+  check_.Start(request);
+}
+
+void ResultPanel::ShowFindings(const std::vector<engine::BuildMessage>& messages) {
+  lsvFindings_->Show(messages);
+  BringUp(version_,
+          WithVersion(Text::CheckFinished, versionText_) + u": "_s +
+              findings::FindingsList::Summary(messages),
+          {});
+}
+
+void ResultPanel::Clear() {
+  check_.Stop();
+  hide();
+}
+
+}  // namespace shell

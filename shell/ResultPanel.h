@@ -1,0 +1,64 @@
+// The panel below the pages that tells what the last build or check came to.
+#pragma once
+
+#include <QDockWidget>
+#include <cstdint>
+#include <string>
+
+#include "engine/BuildResult.h"
+#include "findings/CheckRun.h"
+#include "tools/Dialogs.h"
+
+class QLabel;
+class QPushButton;
+
+namespace findings {
+class FindingsList;
+}
+
+namespace shell {
+
+/// `lblOutcome` and `lblFacts` tell it in words; `lsvFindings` lists errors and warnings. Hidden
+/// until there is something to tell; the author may close it.
+class ResultPanel : public QDockWidget {
+  Q_OBJECT
+
+ public:
+  /// `dialogs` must outlive the panel.
+  ResultPanel(tools::Dialogs& dialogs, QWidget* parent);
+
+  /// Shows what a build of the version with this text came to.
+  void ShowBuild(const engine::BuildResult& result, const std::string& version);
+  /// Checks a version in the background and shows what is found.
+  void Check(const findings::CheckRequest& request, const std::string& version);
+  /// Forgets everything and hides.
+  void Clear();
+
+ Q_SIGNALS:
+  /// The place of a finding was chosen: slots of version and component, number of the entry or 0.
+  void PlaceChosen(std::int32_t version, std::int32_t component, std::int32_t entry);
+  /// The version in this slot is to be built as at the last time.
+  void BuildAgainWanted(std::int32_t version);
+
+ private:
+  QPushButton* AddButton(const char* name, const std::string& text);
+  void BringUp(std::int32_t version, const QString& outcome, const QString& facts);
+  void ShowFindings(const std::vector<engine::BuildMessage>& messages);
+
+  tools::Dialogs& dialogs_;
+  std::int32_t version_ = 0;  ///< slot of the version that is told about
+  std::string versionText_;
+  std::string folder_;  ///< of the setup that is told about; empty when there is none
+  QWidget* content_;
+  QLabel* lblOutcome_;
+  QLabel* lblFacts_;
+  QWidget* buttons_;
+  QPushButton* cmdOpenFolder_;
+  QPushButton* cmdShowLog_;
+  QPushButton* cmdCompare_;
+  QPushButton* cmdBuildAgain_;
+  findings::FindingsList* lsvFindings_;
+  findings::CheckRun check_;
+};
+
+}  // namespace shell

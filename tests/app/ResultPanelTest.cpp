@@ -1,0 +1,88 @@
+#include <QPlainTextEdit>
+#include <QTabBar>
+
+#include "tests/support/TestProduct.h"
+#include "tests/support/desktop/ModalScript.h"
+#include "tests/support/desktop/OpenedProgram.h"
+#include "tools/desktop/wizard/WizardStructure.h"
+
+namespace tests {
+
+/// From a build or a check back to the place that needs work, and to the setup itself.
+class ResultPanelTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void init() {
+    folder_ = std::make_unique<TemporaryFolder>();
+    UseHome(*folder_);
+    product_ = std::make_unique<TestProduct>(*folder_);
+    product_->AddComponent("Kern", {product_->File(folder_->Write("a.txt", "a")),
+                                    product_->File(folder_->Path("fehlt.txt"))});
+    script_ = std::make_unique<ModalScript>();
+    program_ = std::make_unique<OpenedProgram>();
+    program_->Open(folder_->Path(TestProduct::kFile));
+    program_->Click("v1");
+  }
+
+  void cleanup() {
+    program_.reset();
+    script_.reset();
+  }
+
+  void ACheckLeadsToTheEntryThatItIsAbout() {
+    QTest::keyClick(&program_->window, Qt::Key_F5);
+    QTRY_COMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: geprüft: 1 Fehler, 0 Warnungen");
+    QVERIFY(!Child(Panel(), "cmdShowLog").isEnabled());
+    DoubleClick(Findings(), Findings().model()->index(0, 0));
+    QCOMPARE(program_->SelectedKey(), "v1c1");
+  }
+
+  void ABuildIsToldAndMadeAgainWithoutTheWizard() {
+    script_->Expect<tools::WizardStructure>("wizardStructure", [](tools::WizardStructure& frame) {
+      for (int i = 0; i < 3; ++i) Press(frame, "cmdNext");
+      QTest::keyClick(&Child(frame, "chkMakeZip"), Qt::Key_Space);
+      Press(frame, "cmdNext");
+      Press(frame, "cmdFinish");
+    });
+    script_->ExpectAndPress("messageBox", "cmdOK");  // of the errors
+    script_->ExpectAndPress("messageBox", "cmdOK");
+    QTest::keyClick(&program_->window, Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: Setup erstellt: 1 Fehler, 0 Warnungen");
+    QVERIFY(Shown(Panel(), "lblFacts").contains("Ausgabe/Debug\n1 Datei, "));
+    QCOMPARE(Rows(Findings()).section('=', 0, 1), "Kern=2");
+    script_->Expect<QWidget>("textWindow", [](QWidget& window) {
+      QVERIFY(Shown(window, "txtText").contains("File missing: "));
+      Press(window, "cmdClose");
+    });
+    Press(Panel(), "cmdShowLog");
+
+    folder_->Write("fehlt.txt", "da");
+    Activate(program_->window);
+    script_->ExpectAndPress("messageBox", "cmdYes");  // the old setup goes
+    QTest::keyClick(&program_->window, Qt::Key_F7);
+    QCOMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: Setup erstellt");
+    QVERIFY(folder_->Holds("Produkt/Ausgabe/Debug/Probe.zip"));
+    script_->ExpectChoosing("browseFolder",
+                            tools::ToQString(folder_->Path("Produkt/Ausgabe/Debug")));
+    script_->Expect<QWidget>("textWindow", [](QWidget& window) {
+      QCOMPARE(Shown(window, "txtText"), "Beide Setups installieren dasselbe.");
+      Press(window, "cmdClose");
+    });
+    Press(Panel(), "cmdCompare");
+  }
+
+ private:
+  QWidget& Panel() const { return Child(program_->window, "pnlResult"); }
+  QTreeWidget& Findings() const { return Child<QTreeWidget>(Panel(), "lsvFindings"); }
+
+  std::unique_ptr<TemporaryFolder> folder_;
+  std::unique_ptr<TestProduct> product_;
+  std::unique_ptr<ModalScript> script_;
+  std::unique_ptr<OpenedProgram> program_;
+};
+
+}  // namespace tests
+
+QTEST_MAIN(tests::ResultPanelTest)
+#include "ResultPanelTest.moc"

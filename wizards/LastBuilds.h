@@ -1,0 +1,32 @@
+// The options of the last build of each version, so that it can be made again.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/ModProject.h"
+#include "tools/desktop/wizard/WizardDriver.h"
+#include "tools/registry/Registry.h"
+
+namespace wizards {
+
+/// They are the author's, not the product's: each build is one value below a key of the current
+/// user's registry, named by product file and version.
+class LastBuilds {
+ public:
+  /// The references must outlive this object.
+  LastBuilds(tools::Registry& registry, const model::ModProject& project);
+
+  /// The wizard's values of the last build of the version in that slot; empty when there was none.
+  [[nodiscard]] tools::WizardDataStore Of(std::int32_t version) const;
+  /// Raises tools::Error when the registry cannot be written to.
+  void Remember(std::int32_t version, const tools::WizardDataStore& values);
+
+ private:
+  [[nodiscard]] std::string NameOf(std::int32_t version) const;
+
+  tools::Registry& registry_;
+  const model::ModProject& project_;
+};
+
+}  // namespace wizards
