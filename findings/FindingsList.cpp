@@ -22,6 +22,7 @@ enum Column { kComponent, kEntry, kText };
 constexpr int kComponentRole = Qt::UserRole;
 constexpr int kEntryRole = Qt::UserRole + 1;
 constexpr int kComponentWidth = 22;  // characters
+constexpr int kLines = 9;
 
 QString TextOf(const engine::BuildMessage& message) {
   QString text = ToQString(message.text);
@@ -93,6 +94,10 @@ QString FindingsList::Summary(const std::vector<engine::BuildMessage>& messages)
   const auto warnings = std::ssize(messages) - errors;
   return Counted(errors, Text::OneError, Text::Errors) + QStringLiteral(", ") +
          Counted(warnings, Text::OneWarning, Text::Warnings);
+}
+
+QSize FindingsList::sizeHint() const {
+  return {QTreeWidget::sizeHint().width(), kLines * fontMetrics().lineSpacing()};
 }
 
 void FindingsList::ChoosePlace(const QTreeWidgetItem& row) {

@@ -24,6 +24,9 @@ class FindingsList : public QTreeWidget {
   /// nobody kept.
   void Show(const std::vector<engine::BuildMessage>& messages, std::uint64_t further = 0);
 
+  /// Room for a few rows.
+  [[nodiscard]] QSize sizeHint() const override;
+
   /// "2 Fehler, 1 Warnung", or that there is none.
   [[nodiscard]] static QString Summary(const std::vector<engine::BuildMessage>& messages);
 

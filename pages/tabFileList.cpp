@@ -196,6 +196,17 @@ void tabFileList::ReadSettings() {
   RefreshFileList();
 }
 
+bool tabFileList::ShowEntry(std::int32_t entry) {
+  const model::FileEntries& entries = document_->Entries();
+  if (entry < 1 || static_cast<std::size_t>(entry) > entries.Count()) return false;
+  const model::ICFile& wanted = *std::next(entries.begin(), entry - 1);
+  ChooseFolderOf({&wanted});
+  RefreshFileList();
+  SelectRows(*lsvBrowser, shownEntries_->RowsOf({wanted.ID}));
+  lsvBrowser->setFocus();
+  return true;
+}
+
 void tabFileList::WriteSettings() { document_->Write(*Host()); }
 
 void tabFileList::SettingsWritten() { document_->Written(); }

@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <chrono>
 
 #include "findings/FindingsList.h"
 #include "model/TextTable.h"
@@ -53,6 +55,14 @@ QString SizeFact(const tools::ArchiveTotals& stored) {
       .replace(u"%unpacked%"_s, tools::SizeText(stored.bytesIn));
 }
 
+QString DurationText(std::chrono::milliseconds duration) {
+  constexpr double kShortest = 0.1;
+  const QLocale german(QLocale::German, QLocale::Germany);
+  const double seconds = std::chrono::duration<double>(duration).count();
+  const QString text = german.toString(std::max(seconds, kShortest), 'f', 1) + u" s"_s;
+  return seconds < kShortest ? u"< "_s + text : text;
+}
+
 QString FactsOf(const engine::BuildResult& result) {
   if (!HoldsSetup(result)) {
     QString reason = ToQString(result.failure.empty() ? result.summary.reason : result.failure);
@@ -66,8 +76,7 @@ QString FactsOf(const engine::BuildResult& result) {
   return ToQString(result.summary.outputFolder) + u'\n' +
          Fact(files == 1 ? Text::OneFileOfSetup : Text::FilesOfSetup, "%count%",
               german.toString(static_cast<qulonglong>(files))) +
-         u", "_s + SizeFact(result.summary.stored) + u", "_s +
-         german.toString(static_cast<double>(result.duration.count()) / 1000, 'f', 1) + u" s"_s;
+         u", "_s + SizeFact(result.summary.stored) + u", "_s + DurationText(result.duration);
 }
 
 }  // namespace
@@ -161,14 +170,14 @@ void ResultPanel::ShowBuild(const engine::BuildResult& result, const std::string
 void ResultPanel::Check(const findings::CheckRequest& request, const std::string& version) {
   versionText_ = version;
   folder_.clear();
-  lsvFindings_->Show({});
-  lsvFindings_->show();
+  lsvFindings_->hide();
   BringUp(request.version, ToQString(LoadText(Text::CheckIsRunning)), {});
   check_.Start(request);
 }
 
 void ResultPanel::ShowFindings(const std::vector<engine::BuildMessage>& messages) {
   lsvFindings_->Show(messages);
+  lsvFindings_->setVisible(!messages.empty());
   BringUp(version_,
           WithVersion(Text::CheckFinished, versionText_) + u": "_s +
               findings::FindingsList::Summary(messages),

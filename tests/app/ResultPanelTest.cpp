@@ -17,8 +17,9 @@ class ResultPanelTest : public QObject {
     folder_ = std::make_unique<TemporaryFolder>();
     UseHome(*folder_);
     product_ = std::make_unique<TestProduct>(*folder_);
-    product_->AddComponent("Kern", {product_->File(folder_->Write("a.txt", "a")),
-                                    product_->File(folder_->Path("fehlt.txt"))});
+    product_->AddComponent("Kern",
+                           {product_->File(folder_->Write("a.txt", "a")),
+                            product_->File(folder_->Path("fehlt.txt"), "TargetFolder=2002\n")});
     script_ = std::make_unique<ModalScript>();
     program_ = std::make_unique<OpenedProgram>();
     program_->Open(folder_->Path(TestProduct::kFile));
@@ -36,6 +37,9 @@ class ResultPanelTest : public QObject {
     QVERIFY(!Child(Panel(), "cmdShowLog").isEnabled());
     DoubleClick(Findings(), Findings().model()->index(0, 0));
     QCOMPARE(program_->SelectedKey(), "v1c1");
+    const auto& files = Child<QTreeView>(program_->window, "lsvBrowser");
+    QVERIFY(files.currentIndex().data().toString().endsWith("fehlt.txt"));
+    QVERIFY(files.isVisible());
   }
 
   void ABuildIsToldAndMadeAgainWithoutTheWizard() {
