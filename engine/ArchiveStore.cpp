@@ -12,8 +12,6 @@ namespace engine {
 
 namespace {
 
-constexpr tools::ArchiveOptions kOptions{3, 12, 0};
-
 // What Windows takes for a path or a stream, or the runtime for a macro, becomes "_".
 std::string StoredExtension(std::string_view sourcePath) {
   constexpr std::string_view kSigns = "-_+~#!$&@()";
@@ -33,6 +31,7 @@ std::string StoredExtension(std::string_view sourcePath) {
 }  // namespace
 
 ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
+                           const tools::ArchiveOptions& options,
                            std::optional<std::int64_t> fileTime, BuildProgress& progress)
     : fileTime_(fileTime),
       progress_(progress),
@@ -42,7 +41,7 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                            tools::FolderOf(private_.Path()), cause);
   }
   WithArchive([&] {
-    writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, kOptions,
+    writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, options,
                                                      [this](const tools::ArchiveTotals& totals) {
                                                        totals_ = totals;
                                                        ReportProgress();

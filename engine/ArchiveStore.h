@@ -25,7 +25,8 @@ class ArchiveStore : public FileStore {
   /// 1970-01-01 UTC), or without one the times of their sources. Raises tools::Error when there can
   /// be no temporary folder.
   ArchiveStore(tools::Disk& disk, const std::string& archivePath,
-               std::optional<std::int64_t> fileTime, BuildProgress& progress);
+               const tools::ArchiveOptions& options, std::optional<std::int64_t> fileTime,
+               BuildProgress& progress);
 
   [[nodiscard]] StoredFile Store(const model::ICFile& entry,
                                  const std::string& sourcePath) override;

@@ -168,8 +168,19 @@ class Build {
       return std::make_unique<TreeStore>(stage_->Path(), summary_.outputFolder,
                                          OwnNamesInTree(options_, title_), progress_);
     }
-    return std::make_unique<ArchiveStore>(environment_.disk, InStage(title_ + kArchiveEnding),
+    const std::string name = title_ + kArchiveEnding;
+    return std::make_unique<ArchiveStore>(environment_.disk, InStage(name), PackingOf(name),
                                           environment_.fileTime, progress_);
+  }
+
+  /// The earlier setup lies in the output folder until the new one is whole.
+  [[nodiscard]] tools::ArchiveOptions PackingOf(const std::string& archiveName) const {
+    tools::ArchiveOptions packing;
+    if (options_.compression == Compression::Fast) packing.effort = 2;
+    if (options_.compression == Compression::Small) packing.effort = 24;
+    packing.threads = options_.threads;
+    if (!options_.isFresh) packing.earlier = tools::JoinPath(summary_.outputFolder, archiveName);
+    return packing;
   }
 
   ScriptHead MakeScriptHead() const {

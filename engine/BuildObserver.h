@@ -3,11 +3,28 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "tools/Progress.h"
 
 namespace engine {
+
+/// How much time an archive may take to become small.
+enum class Compression {
+  Fast,    ///< for builds that are only tried out
+  Normal,  ///< smaller than what common zip programs make, in little more time than Fast
+  Small    ///< for setups that many download; takes many times as long
+};
+
+/// The one named "fast", "normal" or "small"; nothing for another name.
+[[nodiscard]] inline std::optional<Compression> CompressionNamed(std::string_view name) {
+  if (name == "fast") return Compression::Fast;
+  if (name == "normal") return Compression::Normal;
+  if (name == "small") return Compression::Small;
+  return std::nullopt;
+}
 
 struct BuildOptions {
   std::string folder;           ///< output folder as the user wrote it
@@ -15,6 +32,11 @@ struct BuildOptions {
   bool includeWrapper = false;  ///< the setup wrapper goes beside the script
   bool includeRuntime = false;  ///< and so does the runtime's installer
   bool isConfined = false;      ///< nothing outside the product's folder is read or written
+  Compression compression = Compression::Normal;
+  /// Packs everything; else what an earlier setup in the output folder has packed is taken over.
+  /// The archive is the same either way.
+  bool isFresh = false;
+  int threads = 0;  ///< that pack; 0: one for each processor
 };
 
 enum class Severity { Warning, Error };

@@ -48,7 +48,7 @@ inline Bytef* ToBytes(std::string_view text) {
 /// The members in the order of the central directory. Raises a std::exception when data, checksum
 /// or headers of one are damaged. Zip64 is not understood.
 [[nodiscard]] inline std::vector<ZipEntry> ReadZip(std::string_view archive) {
-  const std::string_view end = archive.substr(archive.size() - 22);
+  const std::string_view end = archive.substr(archive.rfind("PK\5\6"));
   std::vector<ZipEntry> entries(Number(end, 10, 2));
   std::string_view central = archive.substr(Number(end, 16, 4));
   for (ZipEntry& entry : entries) {
@@ -61,10 +61,10 @@ inline Bytef* ToBytes(std::string_view text) {
     entry.dosDateTime = Number(central, 12, 4);
     entry.content = entry.stored ? std::string(data) : Inflate(data, Number(central, 24, 4));
     const uLong checksum = crc32_z(0, ToBytes(entry.content), entry.content.size());
-    if (local.substr(4, 26) != central.substr(6, 26) || checksum != Number(central, 16, 4)) {
+    if (local.substr(4, 24) != central.substr(6, 24) || checksum != Number(central, 16, 4)) {
       throw std::runtime_error("damaged headers of " + entry.name);
     }
-    central.remove_prefix(46 + nameSize);
+    central.remove_prefix(46 + nameSize + Number(central, 30, 2));
   }
   return entries;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tools/archive/BlockDeflate.h"
+#include "tools/archive/PackingNote.h"
 
 namespace tools {
 
@@ -27,13 +28,13 @@ void ArchiveAssembler::BeginMember(ZipMember member) {
   ClearData();
 }
 
-void ArchiveAssembler::AppendData(std::string_view data, std::uint32_t crc32,
-                                  std::size_t sourceBytes) {
+void ArchiveAssembler::AppendData(std::string_view data, const PackedBlock& block) {
   Write(data);
-  member_.crc32 = JoinCrc32(member_.crc32, crc32, sourceBytes);
+  member_.crc32 = JoinCrc32(member_.crc32, block.crc32, block.sourceBytes);
   member_.storedBytes += data.size();
-  member_.sourceBytes += sourceBytes;
-  sourceBytes_ += sourceBytes;
+  member_.sourceBytes += block.sourceBytes;
+  sourceBytes_ += block.sourceBytes;
+  NotePart(member_.note, {static_cast<std::uint32_t>(data.size()), block.crc32, block.sum});
 }
 
 void ArchiveAssembler::RestartMember(ZipMethod method) {
@@ -52,8 +53,13 @@ void ArchiveAssembler::EndMember() {
   ++members_;
 }
 
-void ArchiveAssembler::Finish() {
-  const std::string end = DirectoryEnd(members_, directory_.size(), archiveBytes_);
+void ArchiveAssembler::CountTakenOver(std::uint64_t files, std::uint64_t sourceBytes) {
+  filesTakenOver_ += files;
+  bytesTakenOver_ += sourceBytes;
+}
+
+void ArchiveAssembler::Finish(std::string_view comment) {
+  const std::string end = DirectoryEnd(members_, directory_.size(), archiveBytes_, comment);
   Write(directory_);
   Write(end);
 }
@@ -62,6 +68,7 @@ void ArchiveAssembler::ClearData() {
   member_.crc32 = 0;
   member_.storedBytes = 0;
   member_.sourceBytes = 0;
+  member_.note.clear();
 }
 
 void ArchiveAssembler::Write(std::string_view bytes) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/archive/MemberPacker.h"
 #include "tools/archive/ZipFormat.h"
 #include "tools/files/Disk.h"
 
@@ -25,8 +26,8 @@ class ArchiveAssembler {
   /// A member whose data comes in parts. Its header is written at once with the sizes given and
   /// once more, with method, sizes and checksum as they have come to be, by EndMember.
   void BeginMember(ZipMember member);
-  /// `crc32` and `sourceBytes` belong to the source's bytes that `data` stands for.
-  void AppendData(std::string_view data, std::uint32_t crc32, std::size_t sourceBytes);
+  /// `data` stands for the source's bytes of `block`, as they are or deflated.
+  void AppendData(std::string_view data, const PackedBlock& block);
   /// Takes back the data appended since BeginMember, to begin anew with another method.
   void RestartMember(ZipMethod method);
   void EndMember();
@@ -34,13 +35,18 @@ class ArchiveAssembler {
   /// The member between BeginMember and EndMember, sizes and checksum so far.
   [[nodiscard]] const ZipMember& CurrentMember() const { return member_; }
 
-  /// Writes the central directory.
-  void Finish();
+  /// Counts what was taken over from an earlier archive.
+  void CountTakenOver(std::uint64_t files, std::uint64_t sourceBytes);
+
+  /// Writes the central directory; `comment` is the archive's.
+  void Finish(std::string_view comment);
 
   /// What there is so far; any thread may ask at any time.
   [[nodiscard]] std::uint64_t Members() const { return members_; }
   [[nodiscard]] std::uint64_t SourceBytes() const { return sourceBytes_; }
   [[nodiscard]] std::uint64_t ArchiveBytes() const { return archiveBytes_; }
+  [[nodiscard]] std::uint64_t FilesTakenOver() const { return filesTakenOver_; }
+  [[nodiscard]] std::uint64_t BytesTakenOver() const { return bytesTakenOver_; }
 
  private:
   void ClearData();
@@ -53,6 +59,8 @@ class ArchiveAssembler {
   std::atomic<std::uint64_t> members_ = 0;
   std::atomic<std::uint64_t> sourceBytes_ = 0;
   std::atomic<std::uint64_t> archiveBytes_ = 0;
+  std::atomic<std::uint64_t> filesTakenOver_ = 0;
+  std::atomic<std::uint64_t> bytesTakenOver_ = 0;
 };
 
 }  // namespace tools

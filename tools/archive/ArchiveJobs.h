@@ -10,6 +10,7 @@
 
 #include "tools/archive/ArchiveAssembler.h"
 #include "tools/archive/ArchiveWorkers.h"
+#include "tools/archive/LargeMember.h"
 #include "tools/archive/MemberPacker.h"
 
 namespace tools {
@@ -22,7 +23,8 @@ class SmallFilesJob : public ArchiveJob {
 
   /// Adds a member that is no larger than a block.
   void Add(std::string memberName, FileContent content);
-  /// True when the files are enough to be worth a thread's while.
+  /// True when the files are enough to be worth a thread's while. The archive shows where one job
+  /// ends: it depends on nothing but the contents.
   [[nodiscard]] bool IsFull() const;
 
   [[nodiscard]] std::size_t WaitingBytes() const override { return waitingBytes_; }
@@ -38,35 +40,30 @@ class SmallFilesJob : public ArchiveJob {
 
   ArchiveAssembler& assembler_;
   std::vector<Source> sources_;
+  std::size_t sourceBytes_ = 0;
   std::size_t waitingBytes_ = 0;
   std::size_t heldBytes_ = 0;
   std::string packed_;
   std::vector<ZipMember> members_;
+  std::uint64_t filesTakenOver_ = 0;
+  std::uint64_t bytesTakenOver_ = 0;
 };
 
 /// Packs one block of a file that is larger than a block.
 ///
-/// The jobs of a file's blocks have to be added one behind the other, from the first to the last:
-/// the first one begins the member and the last one ends it.
+/// The jobs of a file's blocks have to be added one behind the other, from the first to the last.
 class FileBlockJob : public ArchiveJob {
  public:
-  /// `assembler` must outlive the job; `index` counts from 0.
-  FileBlockJob(ArchiveAssembler& assembler, std::shared_ptr<const ArchiveSource> source,
-               std::uint64_t index, std::size_t blockBytes);
-
-  /// How many blocks a file of this size has.
-  [[nodiscard]] static std::uint64_t Blocks(std::uint64_t fileBytes, std::size_t blockBytes);
+  /// `index` counts from 0.
+  FileBlockJob(std::shared_ptr<LargeMember> member, std::uint64_t index, std::size_t blockBytes)
+      : member_(std::move(member)), index_(index), blockBytes_(blockBytes) {}
 
   [[nodiscard]] std::size_t HeldBytes() const override;
   void Run(MemberPacker& packer, const std::stop_token& stop) override;
   void Deliver(const std::stop_token& stop) override;
 
  private:
-  [[nodiscard]] bool IsLast() const;
-  void StoreInstead(const std::stop_token& stop);
-
-  ArchiveAssembler& assembler_;
-  std::shared_ptr<const ArchiveSource> source_;
+  std::shared_ptr<LargeMember> member_;
   std::uint64_t index_;
   std::size_t blockBytes_;
   PackedBlock block_;

@@ -1,5 +1,7 @@
 #include "tools/archive/ArchiveWriter.h"
 
+#include <libdeflate.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <optional>
@@ -10,6 +12,9 @@
 #include "tools/archive/ArchiveAssembler.h"
 #include "tools/archive/ArchiveJobs.h"
 #include "tools/archive/ArchiveWorkers.h"
+#include "tools/archive/BlockDeflate.h"
+#include "tools/archive/EarlierArchive.h"
+#include "tools/archive/LargeMember.h"
 #include "tools/archive/MemberPacker.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
@@ -42,6 +47,20 @@ ArchiveWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
           .waitingBytes = kWaitingBytes};
 }
 
+// The archive's comment, which says by what its bytes were packed: only what the same things packed
+// can be taken over, or the archive would not be what packing anew gives. A library can be replaced
+// by another version without this program being built anew: a sample shows what it does.
+std::string PackingMark(int level, std::size_t blockBytes) {
+  constexpr int kWriterVersion = 1;  // to be raised when the writer packs otherwise
+  constexpr std::size_t kSampleBytes = 16384;
+  std::string sample;
+  for (unsigned i = 0; sample.size() < kSampleBytes; ++i) sample += std::to_string(i * i % 7919);
+  const std::uint32_t sum = Crc32(BlockDeflater(level, sample.size()).Deflate(sample));
+  return "Packwright " + std::to_string(kWriterVersion) +
+         ", libdeflate " LIBDEFLATE_VERSION_STRING " (" + std::to_string(sum) + "), level " +
+         std::to_string(level) + ", blocks of " + std::to_string(blockBytes / kMebibyte) + " MiB";
+}
+
 }  // namespace
 
 class ArchiveWriter::Implementation {
@@ -50,11 +69,13 @@ class ArchiveWriter::Implementation {
                  ProgressCallback progress)
       : progress_(std::move(progress)),
         blockBytes_(BlockBytes(options)),
+        mark_(PackingMark(Level(options), blockBytes_)),
+        earlier_(EarlierOf(options)),
         archive_(disk, archivePath),
         assembler_(archive_.File()),
         workers_(WorkerLimits(options),
-                 [level = Level(options), blockBytes = blockBytes_] {
-                   return std::make_unique<MemberPacker>(level, blockBytes);
+                 [this, level = Level(options)] {
+                   return std::make_unique<MemberPacker>(level, blockBytes_, earlier_);
                  }),
         reportProgress_([this] { ReportProgress(); }) {}
 
@@ -66,7 +87,7 @@ class ArchiveWriter::Implementation {
     }
     const ArchiveSource source{sourcePath, memberName, InputFile(sourcePath).Stamp()};
     if (source.stamp.size <= blockBytes_) throw SourceChanged(source);
-    AddBlocks(std::make_shared<const ArchiveSource>(source));
+    AddBlocks(source);
     ReportProgress();
   }
 
@@ -81,7 +102,7 @@ class ArchiveWriter::Implementation {
   ArchiveTotals Finish() {
     FlushSmallFiles();
     workers_.WaitForAll(reportProgress_);
-    assembler_.Finish();
+    assembler_.Finish(mark_);
     ReportProgress();
     archive_.Commit(ReplacementFile::Durability::Cached);
     return Totals();
@@ -95,22 +116,27 @@ class ArchiveWriter::Implementation {
     }
   }
 
+  [[nodiscard]] EarlierArchive EarlierOf(const ArchiveOptions& options) const {
+    if (options.earlier.empty()) return {};
+    return {options.earlier, mark_, blockBytes_};
+  }
+
   void FlushSmallFiles() {
     if (smallFiles_) workers_.Add(std::move(smallFiles_), reportProgress_);
     smallFiles_.reset();
   }
 
-  void AddBlocks(const std::shared_ptr<const ArchiveSource>& source) {
+  void AddBlocks(const ArchiveSource& source) {
     FlushSmallFiles();
-    const std::uint64_t blocks = FileBlockJob::Blocks(source->stamp.size, blockBytes_);
-    for (std::uint64_t i = 0; i < blocks; ++i) {
-      workers_.Add(std::make_unique<FileBlockJob>(assembler_, source, i, blockBytes_),
-                   reportProgress_);
+    const auto member = std::make_shared<LargeMember>(assembler_, source, blockBytes_);
+    for (std::uint64_t i = 0; i < member->Blocks(); ++i) {
+      workers_.Add(std::make_unique<FileBlockJob>(member, i, blockBytes_), reportProgress_);
     }
   }
 
   [[nodiscard]] ArchiveTotals Totals() const {
-    return {assembler_.Members(), assembler_.SourceBytes(), assembler_.ArchiveBytes()};
+    return {assembler_.Members(), assembler_.SourceBytes(), assembler_.ArchiveBytes(),
+            assembler_.FilesTakenOver(), assembler_.BytesTakenOver()};
   }
 
   void ReportProgress() {
@@ -122,6 +148,8 @@ class ArchiveWriter::Implementation {
 
   ProgressCallback progress_;
   std::size_t blockBytes_;
+  std::string mark_;
+  EarlierArchive earlier_;
   ReplacementFile archive_;
   ArchiveAssembler assembler_;
   ArchiveWorkers workers_;  // ends before what it works on

@@ -21,6 +21,9 @@ struct ArchiveOptions {
   /// a third more time and gains half a percent.
   int effort = 12;
   int threads = 0;  ///< worker threads, up to 8; 0 takes one for each processor
+  /// The archive of an earlier build, whose packed bytes are taken over for what has not changed;
+  /// empty, or one that cannot be used: everything is packed. The bytes that come out are the same.
+  std::string earlier{};
 };
 
 /// What an archive has come to.
@@ -28,10 +31,14 @@ struct ArchiveTotals {
   std::uint64_t files = 0;
   std::uint64_t bytesIn = 0;
   std::uint64_t bytesOut = 0;  ///< size of the archive file
+  // What came packed out of the earlier archive, or was stored in it too:
+  std::uint64_t filesTakenOver = 0;  ///< whole files
+  std::uint64_t bytesTakenOver = 0;  ///< of bytesIn; those of parts of large files too
 };
 
-/// Writes members in the order they are added, deflated (stored where that is not smaller), so that
-/// unchanged sources give the same bytes with the same libdeflate, whatever the number of threads.
+/// Writes members in the order they are added, deflated (stored where that gains next to nothing),
+/// so that unchanged sources give the same bytes with the same libdeflate, whatever the number of
+/// threads, and whatever comes out of an earlier archive.
 /// Members are compressed and written by worker threads that live inside the writer, while the
 /// caller goes on; memory is bounded by block size and threads. The archive takes its place only
 /// when Finish has succeeded: until then, and after any failure, the path is as it was.

@@ -7,9 +7,11 @@
 #include <array>
 #include <cstring>
 #include <new>
+#include <random>
 #include <stdexcept>
 
 #include "tools/archive/LastBlock.h"
+#include "tools/archive/PackingNote.h"
 
 namespace tools {
 
@@ -27,6 +29,29 @@ constexpr std::size_t kJoinBytes = kEmptyStoredBlock.size() + 1;
 // Small enough to stay in the processor's nearest caches.
 constexpr std::size_t kDecodeBytes = 65536;
 
+constexpr std::size_t kLargestStoredBlock = 65535;
+constexpr std::size_t kStoredBlockHeaderBytes = 5;  // of one that begins on a byte
+
+// A sample is made of pieces: long enough for a compressor to show what it can do, and together so
+// few that trying them takes little of the time that deflating everything would.
+constexpr int kSampleLevel = 1;
+constexpr std::size_t kPieceBytes = 4096;
+constexpr std::size_t kSourceBytesPerPiece = 32768;
+constexpr std::size_t kMostPieces = 16;
+constexpr std::size_t kLeastSampled = 65536;
+constexpr std::size_t kSampleGain = 100;  // one byte of so many, at least
+
+// Pieces at equal distances, the first at the begin and the last at the end.
+std::string SampleOf(std::string_view source) {
+  const std::size_t pieces = std::min(source.size() / kSourceBytesPerPiece, kMostPieces);
+  std::string sample;
+  sample.reserve(pieces * kPieceBytes);
+  for (std::size_t i = 0; i < pieces; ++i) {
+    sample += source.substr((source.size() - kPieceBytes) * i / (pieces - 1), kPieceBytes);
+  }
+  return sample;
+}
+
 }  // namespace
 
 // Turns a whole deflate stream into one that goes on, by clearing its final block's final bit.
@@ -38,9 +63,11 @@ class BlockDeflater::Continuation {
  public:
   explicit Continuation(std::size_t maximumBytes)
       : decompressor_(libdeflate_alloc_decompressor()),
-        whole_(std::make_unique_for_overwrite<char[]>(maximumBytes)),
+        whole_(std::make_unique_for_overwrite<char[]>(maximumBytes + kMarkBytes)),
         output_(kDecodeBytes) {
     if (!decompressor_ || inflateInit2(&stream_, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
+    std::random_device random;
+    for (char& byte : mark_) byte = static_cast<char>(random());
   }
   ~Continuation() { inflateEnd(&stream_); }
   Continuation(const Continuation&) = delete;
@@ -60,7 +87,34 @@ class BlockDeflater::Continuation {
     return OpenByDecoding(size, source);
   }
 
+  bool IsStreamOf(std::string_view source, std::string_view deflated) {
+    return DecodeWhole(deflated, source.size()) &&
+           std::memcmp(whole_.get(), source.data(), source.size()) == 0;
+  }
+
+  // A stored block put behind a part is read as that block only when the part leaves off where a
+  // block may begin, without having ended the stream. Bytes that were made to be read otherwise
+  // would have to bring forth the block's content, which nobody knew when they were made.
+  bool IsPartOf(std::string_view source, std::span<char> deflated) {
+    const std::string follower = StoredBlocks({mark_.data(), mark_.size()}, true);
+    std::ranges::copy(follower, deflated.last(kFollowerBytes).begin());
+    return DecodeWhole({deflated.data(), deflated.size()}, source.size() + mark_.size()) &&
+           std::memcmp(whole_.get(), source.data(), source.size()) == 0 &&
+           std::memcmp(whole_.get() + source.size(), mark_.data(), mark_.size()) == 0;
+  }
+
  private:
+  static constexpr std::size_t kMarkBytes = kFollowerBytes - kStoredBlockHeaderBytes;
+
+  // All of `deflated`, to `bytes` in whole_.
+  bool DecodeWhole(std::string_view deflated, std::size_t bytes) {
+    std::size_t taken = 0;
+    return libdeflate_deflate_decompress_ex(decompressor_.get(), deflated.data(), deflated.size(),
+                                            whole_.get(), bytes, &taken,
+                                            nullptr) == LIBDEFLATE_SUCCESS &&
+           taken == deflated.size();
+  }
+
   std::size_t OpenByDecoding(std::size_t size, std::string_view source) {
     source_ = source;
     bool finalReached = ClearFinalBit(0);
@@ -156,6 +210,7 @@ class BlockDeflater::Continuation {
   };
 
   LastBlockFinder finder_;
+  std::array<char, kMarkBytes> mark_{};
   std::unique_ptr<libdeflate_decompressor, FreeDecompressor> decompressor_;
   std::unique_ptr<char[]> whole_;
   z_stream stream_{};
@@ -169,8 +224,9 @@ void BlockDeflater::FreeCompressor::operator()(libdeflate_compressor* compressor
 }
 
 BlockDeflater::BlockDeflater(int level, std::size_t maximumBytes)
-    : compressor_(libdeflate_alloc_compressor(level)) {
-  if (!compressor_) throw std::bad_alloc();
+    : compressor_(libdeflate_alloc_compressor(level)),
+      sampler_(libdeflate_alloc_compressor(kSampleLevel)) {
+  if (!compressor_ || !sampler_) throw std::bad_alloc();
   capacity_ = libdeflate_deflate_compress_bound(compressor_.get(), maximumBytes);
   // Not initialised: memory that no source asks for is never touched.
   deflated_ = std::make_unique_for_overwrite<char[]>(capacity_ + kJoinBytes);
@@ -178,6 +234,14 @@ BlockDeflater::BlockDeflater(int level, std::size_t maximumBytes)
 }
 
 BlockDeflater::~BlockDeflater() = default;
+
+bool BlockDeflater::IsWorthIt(std::string_view source) {
+  if (source.size() < kLeastSampled) return true;
+  const std::string sample = SampleOf(source);
+  const std::size_t size = libdeflate_deflate_compress(sampler_.get(), sample.data(), sample.size(),
+                                                       deflated_.get(), sample.size());
+  return size != 0 && sample.size() - size >= sample.size() / kSampleGain;
+}
 
 std::string_view BlockDeflater::Deflate(std::string_view source) {
   const std::size_t size = libdeflate_deflate_compress(compressor_.get(), source.data(),
@@ -189,6 +253,29 @@ std::string_view BlockDeflater::Deflate(std::string_view source) {
 std::string_view BlockDeflater::DeflatePart(std::string_view source) {
   const std::size_t size = Deflate(source).size();
   return {deflated_.get(), continuation_->Open(deflated_.get(), size, source)};
+}
+
+bool BlockDeflater::IsStreamOf(std::string_view source, std::string_view deflated) {
+  return continuation_->IsStreamOf(source, deflated);
+}
+
+bool BlockDeflater::IsPartOf(std::string_view source, std::span<char> deflated) {
+  return continuation_->IsPartOf(source, deflated);
+}
+
+std::string StoredBlocks(std::string_view source, bool isLast) {
+  std::string blocks;
+  blocks.reserve(source.size() +
+                 (source.size() / kLargestStoredBlock + 1) * kStoredBlockHeaderBytes);
+  do {
+    const std::string_view block = source.substr(0, kLargestStoredBlock);
+    source.remove_prefix(block.size());
+    blocks.push_back(static_cast<char>(isLast && source.empty() ? kFinalBlockBit : 0));
+    AppendNumber(blocks, static_cast<std::uint16_t>(block.size()));
+    AppendNumber(blocks, static_cast<std::uint16_t>(~block.size()));
+    blocks += block;
+  } while (!source.empty());
+  return blocks;
 }
 
 std::uint32_t Crc32(std::string_view bytes) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,10 @@ class BlockDeflater {
   BlockDeflater(const BlockDeflater&) = delete;
   BlockDeflater& operator=(const BlockDeflater&) = delete;
 
+  /// False where deflating `source` is not worth the time: a sample of it, spread over the whole,
+  /// gains less than a hundredth. Small sources are always worth a try.
+  [[nodiscard]] bool IsWorthIt(std::string_view source);
+
   /// `source` as a deflate stream (RFC 1951) of its own; valid until the next call.
   [[nodiscard]] std::string_view Deflate(std::string_view source);
 
@@ -29,6 +34,14 @@ class BlockDeflater {
   /// decoded bytes differ.
   [[nodiscard]] std::string_view DeflatePart(std::string_view source);
 
+  /// True when `deflated`, to its last byte, is a stream of its own that decodes to `source`.
+  [[nodiscard]] bool IsStreamOf(std::string_view source, std::string_view deflated);
+  /// True when `deflated` decodes to `source` and leaves off as DeflatePart does, so that any
+  /// stream or part can follow, whoever made the bytes. The last kFollowerBytes of `deflated` are
+  /// not of the part: they are room to work in.
+  [[nodiscard]] bool IsPartOf(std::string_view source, std::span<char> deflated);
+  static constexpr std::size_t kFollowerBytes = 13;
+
  private:
   class Continuation;
   struct FreeCompressor {
@@ -36,10 +49,15 @@ class BlockDeflater {
   };
 
   std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor_;
+  std::unique_ptr<libdeflate_compressor, FreeCompressor> sampler_;
   std::size_t capacity_;
   std::unique_ptr<char[]> deflated_;
   std::unique_ptr<Continuation> continuation_;
 };
+
+/// `source` as a part of a deflate stream in stored blocks (RFC 1951, 3.2.4); the stream goes on
+/// behind it unless it `isLast`.
+[[nodiscard]] std::string StoredBlocks(std::string_view source, bool isLast);
 
 /// The CRC-32 of a zip member's bytes.
 [[nodiscard]] std::uint32_t Crc32(std::string_view bytes);

@@ -7,13 +7,14 @@
 namespace tools {
 
 // Not initialised: memory that no source asks for is never touched.
-MemberPacker::MemberPacker(int level, std::size_t blockBytes)
+MemberPacker::MemberPacker(int level, std::size_t blockBytes, const EarlierArchive& earlier)
     : blockBytes_(blockBytes),
       input_(std::make_unique_for_overwrite<char[]>(blockBytes)),
-      deflater_(level, blockBytes) {}
+      deflater_(level, blockBytes),
+      taker_(earlier, deflater_) {}
 
 ZipMember MemberPacker::PackWhole(const std::string& memberName, const FileContent& content,
-                                  std::string& bytes) {
+                                  std::string& bytes, bool& isTakenOver) {
   std::string_view data = content.bytes;
   ZipMember member{.name = memberName,
                    .method = ZipMethod::Stored,
@@ -22,11 +23,13 @@ ZipMember MemberPacker::PackWhole(const std::string& memberName, const FileConte
                    .sourceBytes = data.size(),
                    .storedBytes = data.size(),
                    .headerOffset = bytes.size()};
-  const std::string_view deflated = deflater_.Deflate(data);
-  if (deflated.size() < data.size()) {
+  const auto taken = taker_.Take(PackedForm::Stream, data, member.crc32);
+  isTakenOver = taken.has_value();
+  const std::string_view packed = taken ? *taken : Pack(data, PackedForm::Stream);
+  if (packed.size() < data.size()) {
     member.method = ZipMethod::Deflated;
-    member.storedBytes = deflated.size();
-    data = deflated;
+    member.storedBytes = packed.size();
+    data = packed;
   }
   bytes.append(LocalHeader(member)).append(data);
   return member;
@@ -41,12 +44,24 @@ PackedBlock MemberPacker::PackBlock(const ArchiveSource& source, std::uint64_t i
   // Asked for after reading, so that a change before or during it shows.
   if (content.size() != size || file.Stamp() != source.stamp) throw SourceChanged(source);
 
-  const bool last = rest == size;
+  const PackedForm form = rest == size ? PackedForm::Stream : PackedForm::Part;
   PackedBlock block;
-  block.data = last ? deflater_.Deflate(content) : deflater_.DeflatePart(content);
   block.crc32 = Crc32(content);
   block.sourceBytes = size;
+  const auto taken = taker_.Take(form, content, block.crc32);
+  block.data = taken ? *taken : Pack(content, form);
+  block.isDeflated = block.data.size() < size;
+  if (block.isDeflated) block.sum = Crc32(block.data);
+  block.isTakenOver = taken || (!block.isDeflated && taker_.WasStored(content, block.crc32));
   return block;
+}
+
+// `source` itself where deflating it gains nothing.
+std::string_view MemberPacker::Pack(std::string_view source, PackedForm form) {
+  if (!deflater_.IsWorthIt(source)) return source;
+  const std::string_view deflated =
+      form == PackedForm::Stream ? deflater_.Deflate(source) : deflater_.DeflatePart(source);
+  return deflated.size() < source.size() ? deflated : source;
 }
 
 Error SourceChanged(const ArchiveSource& source) {

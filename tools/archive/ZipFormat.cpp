@@ -4,35 +4,20 @@
 #include <chrono>
 
 #include "tools/Text.h"
+#include "tools/archive/PackingNote.h"
 
 namespace tools {
 
 namespace {
 
 constexpr std::uint32_t kLocalHeaderSignature = 0x04034b50;
-constexpr std::uint32_t kCentralRecordSignature = 0x02014b50;
-constexpr std::uint32_t kDirectoryEndSignature = 0x06054b50;
-constexpr std::uint32_t kZip64EndSignature = 0x06064b50;
-constexpr std::uint32_t kZip64LocatorSignature = 0x07064b50;
 
-constexpr std::uint16_t kZip64ExtraId = 0x0001;  // 4.5.3
-constexpr std::uint16_t kUtf8Flag = 1U << 11U;   // 4.4.4
+constexpr std::uint16_t kUtf8Flag = 1U << 11U;  // 4.4.4
 // 4.4.2 and 4.4.3: attributes are MS-DOS ones, the same on every machine; the version is the one
 // that brought the features used.
 constexpr std::uint16_t kVersionStored = 10;
 constexpr std::uint16_t kVersionDeflated = 20;
 constexpr std::uint16_t kVersionZip64 = 45;
-
-// A field of this value says that the Zip64 form has the real one.
-constexpr std::uint64_t kElsewhere16 = 0xFFFF;
-constexpr std::uint64_t kElsewhere32 = 0xFFFFFFFF;
-
-template <typename Number>
-void Append(std::string& bytes, Number value) {
-  for (std::size_t i = 0; i < sizeof(Number); ++i) {
-    bytes.push_back(static_cast<char>((static_cast<std::uint64_t>(value) >> (8 * i)) & 0xFFU));
-  }
-}
 
 std::uint16_t Low16(std::uint64_t value) {
   return static_cast<std::uint16_t>(std::min(value, kElsewhere16));
@@ -60,28 +45,31 @@ std::uint16_t VersionNeeded(const ZipMember& member, bool zip64) {
 // go to the Zip64 form when one has to, as the local header demands.
 void AppendCommonFields(std::string& bytes, const ZipMember& member, std::uint16_t version) {
   const bool elsewhere = NeedsZip64(member);
-  Append(bytes, version);
-  Append(bytes, Flags(member.name));
-  Append(bytes, static_cast<std::uint16_t>(member.method));
-  Append(bytes, DosDateTime(member.modifiedNanoseconds));
-  Append(bytes, member.crc32);
-  Append(bytes, Low32(elsewhere ? kElsewhere32 : member.storedBytes));
-  Append(bytes, Low32(elsewhere ? kElsewhere32 : member.sourceBytes));
-  Append(bytes, Low16(member.name.size()));
+  AppendNumber(bytes, version);
+  AppendNumber(bytes, Flags(member.name));
+  AppendNumber(bytes, static_cast<std::uint16_t>(member.method));
+  AppendNumber(bytes, DosDateTime(member.modifiedNanoseconds));
+  AppendNumber(bytes, member.crc32);
+  AppendNumber(bytes, Low32(elsewhere ? kElsewhere32 : member.storedBytes));
+  AppendNumber(bytes, Low32(elsewhere ? kElsewhere32 : member.sourceBytes));
+  AppendNumber(bytes, Low16(member.name.size()));
+}
+
+std::string ExtraField(std::uint16_t id, const std::string& values) {
+  std::string field;
+  AppendNumber(field, id);
+  AppendNumber(field, Low16(values.size()));
+  return field + values;
 }
 
 std::string Zip64Extra(const ZipMember& member, bool withOffset) {
   std::string values;
   if (NeedsZip64(member)) {
-    Append(values, member.sourceBytes);
-    Append(values, member.storedBytes);
+    AppendNumber(values, member.sourceBytes);
+    AppendNumber(values, member.storedBytes);
   }
-  if (withOffset) Append(values, member.headerOffset);
-  if (values.empty()) return {};
-  std::string extra;
-  Append(extra, kZip64ExtraId);
-  Append(extra, Low16(values.size()));
-  return extra + values;
+  if (withOffset) AppendNumber(values, member.headerOffset);
+  return values.empty() ? values : ExtraField(kZip64ExtraId, values);
 }
 
 }  // namespace
@@ -93,56 +81,57 @@ bool NeedsZip64(const ZipMember& member) {
 std::string LocalHeader(const ZipMember& member) {
   const std::string extra = Zip64Extra(member, false);
   std::string header;
-  Append(header, kLocalHeaderSignature);
+  AppendNumber(header, kLocalHeaderSignature);
   AppendCommonFields(header, member, VersionNeeded(member, !extra.empty()));
-  Append(header, Low16(extra.size()));
+  AppendNumber(header, Low16(extra.size()));
   return header.append(member.name).append(extra);
 }
 
 void AppendCentralRecord(std::string& directory, const ZipMember& member) {
-  const std::string extra = Zip64Extra(member, member.headerOffset >= kElsewhere32);
+  std::string extra = Zip64Extra(member, member.headerOffset >= kElsewhere32);
   const std::uint16_t version = VersionNeeded(member, !extra.empty());
-  Append(directory, kCentralRecordSignature);
-  Append(directory, version);  // made by
+  if (!member.note.empty()) extra += ExtraField(kPackingNoteId, member.note);
+  AppendNumber(directory, kCentralRecordSignature);
+  AppendNumber(directory, version);  // made by
   AppendCommonFields(directory, member, version);
-  Append(directory, Low16(extra.size()));
-  Append(directory, std::uint16_t{0});  // length of the comment
-  Append(directory, std::uint16_t{0});  // disk number
-  Append(directory, std::uint16_t{0});  // internal attributes
-  Append(directory, std::uint32_t{0});  // external attributes
-  Append(directory, Low32(member.headerOffset));
+  AppendNumber(directory, Low16(extra.size()));
+  AppendNumber(directory, std::uint16_t{0});  // length of the comment
+  AppendNumber(directory, std::uint16_t{0});  // disk number
+  AppendNumber(directory, std::uint16_t{0});  // internal attributes
+  AppendNumber(directory, std::uint32_t{0});  // external attributes
+  AppendNumber(directory, Low32(member.headerOffset));
   directory.append(member.name).append(extra);
 }
 
 std::string DirectoryEnd(std::uint64_t members, std::uint64_t directoryBytes,
-                         std::uint64_t directoryOffset) {
+                         std::uint64_t directoryOffset, std::string_view comment) {
   std::string end;
   if (members >= kElsewhere16 || std::max(directoryBytes, directoryOffset) >= kElsewhere32) {
     constexpr std::uint64_t kBytesThatFollow = 44;
-    Append(end, kZip64EndSignature);
-    Append(end, kBytesThatFollow);
-    Append(end, kVersionZip64);     // made by
-    Append(end, kVersionZip64);     // needed
-    Append(end, std::uint32_t{0});  // this disk
-    Append(end, std::uint32_t{0});  // the directory's disk
-    Append(end, members);           // on this disk
-    Append(end, members);           // in all
-    Append(end, directoryBytes);
-    Append(end, directoryOffset);
-    Append(end, kZip64LocatorSignature);
-    Append(end, std::uint32_t{0});  // the disk of the record above
-    Append(end, directoryOffset + directoryBytes);
-    Append(end, std::uint32_t{1});  // disks in all
+    AppendNumber(end, kZip64EndSignature);
+    AppendNumber(end, kBytesThatFollow);
+    AppendNumber(end, kVersionZip64);     // made by
+    AppendNumber(end, kVersionZip64);     // needed
+    AppendNumber(end, std::uint32_t{0});  // this disk
+    AppendNumber(end, std::uint32_t{0});  // the directory's disk
+    AppendNumber(end, members);           // on this disk
+    AppendNumber(end, members);           // in all
+    AppendNumber(end, directoryBytes);
+    AppendNumber(end, directoryOffset);
+    AppendNumber(end, kZip64LocatorSignature);
+    AppendNumber(end, std::uint32_t{0});  // the disk of the record above
+    AppendNumber(end, directoryOffset + directoryBytes);
+    AppendNumber(end, std::uint32_t{1});  // disks in all
   }
-  Append(end, kDirectoryEndSignature);
-  Append(end, std::uint16_t{0});  // this disk
-  Append(end, std::uint16_t{0});  // the directory's disk
-  Append(end, Low16(members));    // on this disk
-  Append(end, Low16(members));    // in all
-  Append(end, Low32(directoryBytes));
-  Append(end, Low32(directoryOffset));
-  Append(end, std::uint16_t{0});  // length of the comment
-  return end;
+  AppendNumber(end, kDirectoryEndSignature);
+  AppendNumber(end, std::uint16_t{0});  // this disk
+  AppendNumber(end, std::uint16_t{0});  // the directory's disk
+  AppendNumber(end, Low16(members));    // on this disk
+  AppendNumber(end, Low16(members));    // in all
+  AppendNumber(end, Low32(directoryBytes));
+  AppendNumber(end, Low32(directoryOffset));
+  AppendNumber(end, Low16(comment.size()));
+  return end.append(comment);
 }
 
 std::uint32_t DosDateTime(std::int64_t nanosecondsSince1970) {

@@ -60,6 +60,11 @@ TEST_F(ArchiveWriterTest, HoldsWhatWasAddedInThatOrderWhateverTheNumberOfThreads
       {"block and a byte", WordBytes(kBlock + 1)},
       {"three blocks", tests::MixedBytes(3 * kBlock)},
       {"random blocks", tests::RandomBytes(2 * kBlock + 7)},
+      {"late words", tests::RandomBytes(2 * kBlock) + WordBytes(kBlock + 9)},
+      {"late random", WordBytes(kBlock) + tests::RandomBytes(2 * kBlock + 70'000)},
+      // The gain of one block is less than what it takes to have stored ones in the stream.
+      {"random but for 900", tests::RandomBytes(14 * kBlock) + std::string(900, '0') +
+                                 tests::RandomBytes(2 * kBlock - 900)},
       {"a.txt", "a"}};
   for (std::size_t i = 0; i < 300; ++i) files.emplace_back(std::to_string(i), WordBytes(i * 77));
   std::vector<std::string> names;

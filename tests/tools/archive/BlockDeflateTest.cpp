@@ -17,11 +17,37 @@ TEST(BlockDeflateTest, PartsOfAnyEndJoinToOneStream) {
   std::string source;
   std::string stream;
   for (const std::string& part : parts) {
+    const bool isStored = part.size() % 3 == 0;
     source += part;
-    stream += deflater.DeflatePart(part);
+    stream += isStored ? StoredBlocks(part, false) : deflater.DeflatePart(part);
   }
-  stream += deflater.Deflate("the end");
-  EXPECT_TRUE(tests::Inflate(stream, source.size() + 7) == source + "the end");
+  EXPECT_TRUE(tests::Inflate(stream + std::string(deflater.Deflate("end")), source.size() + 3) ==
+              source + "end");
+  EXPECT_TRUE(tests::Inflate(stream + StoredBlocks("", true), source.size()) == source);
+}
+
+TEST(BlockDeflateTest, OnlyAPartThatAnythingCanFollowIsOne) {
+  BlockDeflater deflater(6, 1U << 20U);
+  const std::string source = tests::WordBytes(50'000);
+  const auto isPart = [&](std::string bytes) {
+    bytes.resize(bytes.size() + BlockDeflater::kFollowerBytes);
+    return deflater.IsPartOf(source, bytes);
+  };
+  const std::string part(deflater.DeflatePart(source));
+  const std::string whole(deflater.Deflate(source));
+  EXPECT_TRUE(isPart(part));
+  EXPECT_TRUE(isPart(StoredBlocks(source, false)));
+  EXPECT_TRUE(deflater.IsStreamOf(source, whole));
+  std::string other = part;
+  other[other.size() / 2] ^= 1;
+  for (const std::string& bytes :
+       {whole, part + part, part.substr(0, part.size() - 5), part + '\0',
+        StoredBlocks(source, true), StoredBlocks(source.substr(1), false), other, std::string()}) {
+    EXPECT_FALSE(isPart(bytes)) << bytes.size();
+  }
+  EXPECT_FALSE(deflater.IsStreamOf(source, part));
+  EXPECT_FALSE(deflater.IsStreamOf(source, whole + '\0'));
+  EXPECT_FALSE(deflater.IsStreamOf(source.substr(1), whole));
 }
 
 TEST(BlockDeflateTest, TheLastBlockIsOnlyFoundWhereItIsLikely) {

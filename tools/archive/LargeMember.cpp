@@ -1,0 +1,66 @@
+#include "tools/archive/LargeMember.h"
+
+#include "tools/files/InputFile.h"
+
+namespace tools {
+
+std::uint64_t LargeMember::Blocks() const {
+  return (source_.stamp.size + blockBytes_ - 1) / blockBytes_;
+}
+
+void LargeMember::Append(const PackedBlock& block, const std::stop_token& stop) {
+  if (appended_ == 0) {
+    // The sizes settle the form of the header; both are known to stay below them.
+    assembler_.BeginMember({.name = source_.memberName,
+                            .method = block.isDeflated ? ZipMethod::Deflated : ZipMethod::Stored,
+                            .modifiedNanoseconds = source_.stamp.modifiedNanoseconds,
+                            .sourceBytes = source_.stamp.size,
+                            .storedBytes = source_.stamp.size});
+  }
+  const ZipMember& member = assembler_.CurrentMember();
+  if (block.isDeflated && member.method == ZipMethod::Stored) {
+    WriteAgain(ZipMethod::Deflated, stop);
+  }
+  ++appended_;
+  const bool isLast = appended_ == Blocks();
+  Write(block, isLast);
+  isTakenOver_ = isTakenOver_ && block.isTakenOver;
+  if (block.isTakenOver) assembler_.CountTakenOver(0, block.sourceBytes);
+  if (!isLast) return;
+  // What the deflated blocks gained is less than what the stored ones take beyond their content.
+  const bool isDeflated = member.method == ZipMethod::Deflated;
+  if (isDeflated && member.storedBytes >= member.sourceBytes) WriteAgain(ZipMethod::Stored, stop);
+  if (stop.stop_requested()) return;
+  assembler_.EndMember();
+  if (isTakenOver_) assembler_.CountTakenOver(1, 0);
+}
+
+void LargeMember::Write(const PackedBlock& block, bool isLast) {
+  const bool isStream = assembler_.CurrentMember().method == ZipMethod::Deflated;
+  if (isStream && !block.isDeflated) {
+    assembler_.AppendData(StoredBlocks(block.data, isLast), block);
+  } else {
+    assembler_.AppendData(block.data, block);
+  }
+}
+
+// The blocks so far, out of the file, with nothing in them deflated.
+void LargeMember::WriteAgain(ZipMethod method, const std::stop_token& stop) {
+  const std::uint32_t crc32 = assembler_.CurrentMember().crc32;
+  const std::uint64_t sourceBytes = assembler_.CurrentMember().sourceBytes;
+  assembler_.RestartMember(method);
+  const InputFile file(source_.path);
+  PackedBlock block{.isDeflated = false};
+  for (std::uint64_t i = 0; i < appended_ && !stop.stop_requested(); ++i) {
+    block.data.resize(blockBytes_);
+    block.data.resize(file.ReadAt(i * blockBytes_, block.data));
+    block.crc32 = Crc32(block.data);
+    block.sourceBytes = block.data.size();
+    Write(block, i + 1 == Blocks());
+  }
+  const ZipMember& member = assembler_.CurrentMember();
+  const bool isSame = member.sourceBytes == sourceBytes && member.crc32 == crc32;
+  if (!isSame && !stop.stop_requested()) throw SourceChanged(source_);
+}
+
+}  // namespace tools

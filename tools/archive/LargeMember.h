@@ -1,0 +1,42 @@
+// A member whose source is packed in several blocks.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stop_token>
+#include <string>
+
+#include "tools/archive/ArchiveAssembler.h"
+#include "tools/archive/MemberPacker.h"
+
+namespace tools {
+
+/// Puts the blocks of one file together, in their order. Blocks are deflated or the source's bytes
+/// as they are: a member of both kinds is one deflate stream with stored blocks in it, and one that
+/// holds nothing else is stored. Which of them it is may turn out late; what has been written is
+/// then written once more.
+class LargeMember {
+ public:
+  /// `assembler` must outlive the member.
+  LargeMember(ArchiveAssembler& assembler, ArchiveSource source, std::size_t blockBytes)
+      : assembler_(assembler), source_(std::move(source)), blockBytes_(blockBytes) {}
+
+  [[nodiscard]] const ArchiveSource& Source() const { return source_; }
+  [[nodiscard]] std::uint64_t Blocks() const;
+
+  /// Adds the next block; the first one begins the member and the last one ends it. The member
+  /// stays incomplete when `stop` is requested. Raises Error.
+  void Append(const PackedBlock& block, const std::stop_token& stop);
+
+ private:
+  void Write(const PackedBlock& block, bool isLast);
+  void WriteAgain(ZipMethod method, const std::stop_token& stop);
+
+  ArchiveAssembler& assembler_;
+  ArchiveSource source_;
+  std::size_t blockBytes_;
+  std::uint64_t appended_ = 0;
+  bool isTakenOver_ = true;  ///< every block so far was
+};
+
+}  // namespace tools
