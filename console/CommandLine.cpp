@@ -43,6 +43,9 @@ std::string GermanText(const CLI::ParseError& error) {
   if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
     return "Optionen schließen einander aus: " + detail;
   }
+  if (dynamic_cast<const CLI::ValidationError*>(&error) != nullptr) {
+    return "Unbekannter Wert einer Option (möglich sind): " + detail;
+  }
   return "Ungültiger Aufruf: " + detail;
 }
 
@@ -59,6 +62,11 @@ constexpr const char* kExitCodes =
     "  3  abgelehnt oder abgebrochen (Einstellungen nicht lesbar, Ausgabeordner ungültig,\n"
     "     nicht leer oder von einem anderen Lauf belegt, Datenträger voll)\n";
 
+engine::Compression CompressionOf(const std::string& name) {
+  if (const auto compression = engine::CompressionNamed(name)) return *compression;
+  throw CLI::ValidationError("--compression", "fast, normal, small");
+}
+
 void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& showVersion) {
   app.add_option("PRODUKT", line.product, "Produktdatei (*.product)");
   app.add_option("VERSION", line.version, "Version, zum Beispiel 1.0.0");
@@ -70,6 +78,13 @@ void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& show
   app.add_flag_callback(
          "--no-zip", [&line] { line.zip = false; }, "Dateien unverpackt als Ordnerbaum ablegen")
       ->excludes(zip);
+  app.add_option_function<std::string>(
+         "--compression",
+         [&line](const std::string& name) { line.compression = CompressionOf(name); },
+         "Wie das Archiv gepackt wird: fast, normal (Vorgabe) oder small")
+      ->type_name("ART");
+  app.add_flag("--fresh", line.fresh, "Alles neu packen, nichts aus dem früheren Setup übernehmen");
+  auto* const threads = app.add_option("--threads", line.threads);
   app.add_flag("--wrapper", line.wrapper, "Ausführbares Installationsprogramm hinzufügen");
   app.add_flag("--runtime", line.runtime, "Installationsprogramm für Tessel hinzufügen");
   app.add_flag("--overwrite", line.overwrite, "Ein früheres Setup im Ausgabeordner ersetzen");
@@ -84,6 +99,8 @@ void DefineOptions(CLI::App& app, CommandLine& line, bool& zipWanted, bool& show
   app.add_flag("--list", line.list, "Versionen und Komponenten auflisten");
   app.add_flag("--version", showVersion, "Version dieses Programms anzeigen");
   app.set_help_flag("--help,-h", "Diese Hilfe anzeigen");
+  LabelInGerman(app, kExitCodes);
+  threads->group("");  // for measurements: not shown
 }
 
 /// What is wrong with a call whose options are known ones; empty when it can run.
@@ -106,7 +123,6 @@ std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& argu
   bool showVersion = false;
   CLI::App app(kDescription, "packwright-build");
   DefineOptions(app, line, zipWanted, showVersion);
-  LabelInGerman(app, kExitCodes);
 
   std::string objection;
   exitCode = ExitCode::Built;

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/BuildObserver.h"
+
 namespace CLI {
 class App;
 class ParseError;
@@ -33,12 +35,15 @@ struct CommandLine {
   bool overwrite = false;  ///< replace an earlier setup in the output folder
   bool force = false;      ///< replace whatever the output folder holds
   bool check = false;      ///< look for problems, write nothing
-  bool strict = false;     ///< warnings count as errors in the exit code
-  bool confine = false;    ///< nothing outside the product's folder is read or written
-  bool prove = false;      ///< prove the setup after the build
-  bool json = false;       ///< one JSON object a line instead of text
-  bool quiet = false;      ///< no progress and no summary
-  bool list = false;       ///< list versions and components
+  engine::Compression compression = engine::Compression::Normal;
+  bool fresh = false;    ///< pack everything anew
+  int threads = 0;       ///< that pack; 0: one for each processor
+  bool strict = false;   ///< warnings count as errors in the exit code
+  bool confine = false;  ///< nothing outside the product's folder is read or written
+  bool prove = false;    ///< prove the setup after the build
+  bool json = false;     ///< one JSON object a line instead of text
+  bool quiet = false;    ///< no progress and no summary
+  bool list = false;     ///< list versions and components
 };
 
 /// Reads the arguments (UTF-8, without the program's name). Without a result the call ends here

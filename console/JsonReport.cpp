@@ -75,7 +75,14 @@ void JsonReport::Summary(const engine::BuildSummary& summary) {
                        {"bytesIn", summary.stored.bytesIn},
                        {"bytesOut", summary.stored.bytesOut},
                        {"ratio", Ratio(summary.stored)},
+                       {"filesTakenOver", summary.stored.filesTakenOver},
+                       {"bytesTakenOver", summary.stored.bytesTakenOver},
                        {"seconds", SecondsSoFar()},
+                       {"times",
+                        {{"survey", summary.times.survey},
+                         {"packing", summary.times.packing},
+                         {"script", summary.times.script},
+                         {"total", summary.times.total}}},
                        {"warnings", summary.warnings},
                        {"errors", summary.errors}});
 }

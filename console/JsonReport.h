@@ -3,7 +3,8 @@
 //   progress         filesDone, filesTotal, bytesDone, bytesTotal, seconds
 //   product          title, versions: [{version, slot, components: [{slot, title}]}]
 //   checked          findings
-//   summary          outcome, outputFolder, files, bytesIn, bytesOut, ratio, seconds, warnings,
+//   summary          outcome, outputFolder, files, bytesIn, bytesOut, ratio, filesTakenOver,
+//                    bytesTakenOver, seconds, times: {survey, packing, script, total}, warnings,
 //                    errors
 //   proof            proven, files, bytes
 //   failure          text

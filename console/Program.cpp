@@ -43,6 +43,9 @@ engine::BuildOptions OptionsFor(const model::ModProject& project, std::int32_t v
   engine::BuildOptions options;
   options.packaged = line.zip;
   options.isConfined = line.confine;
+  options.compression = line.compression;
+  options.isFresh = line.fresh;
+  options.threads = line.threads;
   options.includeWrapper = line.wrapper;
   options.includeRuntime = line.runtime;
   if (!line.output) {

@@ -22,6 +22,21 @@ std::string TimeLeft(const tools::Progress& progress, double seconds) {
   return ", noch " + DecimalText(std::ceil(left), 0) + " s";
 }
 
+/// "13.000"
+std::string GroupedText(std::uint64_t number) {
+  std::string text = std::to_string(number);
+  for (std::size_t at = text.size(); at > 3; at -= 3) text.insert(at - 3, ".");
+  return text;
+}
+
+/// What the earlier setup spared this build; nothing when that is nothing.
+std::string TakenOverLine(const tools::ArchiveTotals& stored) {
+  if (stored.bytesTakenOver == 0) return {};
+  return "  Archiv:     " + GroupedText(stored.filesTakenOver) + " von " +
+         GroupedText(stored.files) + " Dateien unverändert übernommen (" +
+         ByteText(stored.bytesTakenOver) + ")\n";
+}
+
 }  // namespace
 
 TextReport::TextReport(Streams streams, InterruptTest interrupted, bool quiet)
@@ -70,7 +85,8 @@ void TextReport::Summary(const engine::BuildSummary& summary) {
            << "  Eingang:    " << ByteText(summary.stored.bytesIn) << '\n'
            << "  Ausgang:    " << ByteText(summary.stored.bytesOut) << " ("
            << DecimalText(100 * Ratio(summary.stored), 1) << " %)\n"
-           << "  Zeit:       " << DecimalText(SecondsSoFar(), 1) << " s\n"
+           << TakenOverLine(summary.stored) << "  Zeit:       " << DecimalText(SecondsSoFar(), 1)
+           << " s\n"
            << "  Warnungen:  " << summary.warnings << '\n'
            << "  Fehler:     " << summary.errors << '\n';
 }

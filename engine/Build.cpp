@@ -1,5 +1,6 @@
 #include "engine/Build.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -45,6 +46,7 @@ class Build {
     } catch (const tools::Stopped&) {
       End(BuildOutcome::Stopped, {});
     }
+    summary_.times.total = SecondsSince(begun_);
     return std::move(summary_);
   }
 
@@ -59,6 +61,7 @@ class Build {
     survey_ = SurveyVersion(environment_.project, version_,
                             OutputFolderPath(options_.folder, environment_.project),
                             [this] { progress_.ThrowIfStopped(); });
+    summary_.times.survey = SecondsSince(begun_);
     if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
     if (options_.isConfined) RequireConfinement(survey_.sourceFolders);
     FindControlCharacters(
@@ -110,14 +113,23 @@ class Build {
   [[nodiscard]] bool Replaces() const { return !old_.files.empty(); }
 
   void MakeSetup(const ScriptHead& head) {
+    TimePoint begun = environment_.clock.SteadyNow();
     StoreFiles();
+    summary_.times.packing = SecondsSince(begun);
+    begun = environment_.clock.SteadyNow();
     WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
                        survey_, names_);
+    summary_.times.script = SecondsSince(begun);
     CopyPrograms();
     log_.EndBuildLog();
     if (environment_.fileTime) tools::SetTreeTime(stage_->Path(), *environment_.fileTime);
     summary_.warnings = log_.WarningCount();
     summary_.errors = log_.ErrorCount();
+  }
+
+  using TimePoint = std::chrono::steady_clock::time_point;
+  [[nodiscard]] double SecondsSince(TimePoint begun) const {
+    return std::chrono::duration<double>(environment_.clock.SteadyNow() - begun).count();
   }
 
   // Log, script and files of one setup move in together or not at all.
@@ -235,6 +247,7 @@ class Build {
   bool isIncomplete_ = false;
   std::optional<SetupStage> stage_;
   BuildLog log_;  ///< its file lies in the stage
+  TimePoint begun_ = environment_.clock.SteadyNow();
   BuildSummary summary_;
 };
 

@@ -44,11 +44,20 @@ enum class BuildOutcome {
   Stopped,              ///< ended early: the observer wanted it
 };
 
+/// Where a build's time went, in seconds.
+struct BuildTimes {
+  double survey = 0;   ///< finding the sources
+  double packing = 0;  ///< storing them: archive or tree
+  double script = 0;
+  double total = 0;  ///< with what is beside these three
+};
+
 struct BuildSummary {
   BuildOutcome outcome = BuildOutcome::Finished;
   std::string reason;  ///< why the build was refused or ended early, beyond the outcome (German)
   std::string outputFolder;
   tools::ArchiveTotals stored;  ///< the files; not packaged, the copies count as what came out
+  BuildTimes times{};
   std::int32_t warnings = 0;
   std::int32_t errors = 0;
   bool diskFull = false;  ///< some failure came from a full disk

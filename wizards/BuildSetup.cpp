@@ -114,7 +114,9 @@ engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings) {
   return {.folder = text("folder"),
           .packaged = tools::ToInt16(text("makezip")) == 1,
           .includeWrapper = tools::ToInt16(text("includeexe")) != 0,
-          .includeRuntime = tools::ToInt16(text("includetessel")) != 0};
+          .includeRuntime = tools::ToInt16(text("includetessel")) != 0,
+          .compression =
+              engine::CompressionNamed(text("compression")).value_or(engine::Compression::Normal)};
 }
 
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,

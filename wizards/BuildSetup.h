@@ -43,7 +43,8 @@ struct BuildServices {
 };
 
 /// Converts "folder", "makezip" (packaged when exactly 1), "includeexe" and "includetessel" (on
-/// when not 0); an absent value counts as empty. Raises tools::Error for a number out of range.
+/// when not 0) and "compression" ("fast" or "small", else normal); an absent value counts as empty.
+/// Raises tools::Error for a number out of range.
 [[nodiscard]] engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings);
 
 /// Builds the version in slot `versionIndex`. A build that was refused leaves the busy notice; its

@@ -1,8 +1,10 @@
 #include "wizards/wizSetup_Packaging.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "findings/FindingsList.h"
@@ -28,10 +30,11 @@ wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services, std::int32
       cmdAsLastTime_(new QPushButton(ToQString(LoadText(Text::AsLastTime)), this)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  options_ = {
-      AddOption(u"chkMakeZip"_s, LoadText(Text::PackFiles), "makezip"),
-      AddOption(u"chkIncludeExe"_s, LoadText(Text::IncludeSetupProgram), "includeexe"),
-      AddOption(u"chkIncludeTessel"_s, LoadText(Text::IncludeRuntimeInstaller), "includetessel")};
+  options_[0] = AddOption(u"chkMakeZip"_s, LoadText(Text::PackFiles), "makezip");
+  layout->addLayout(MakeCompressionLine());
+  options_[1] = AddOption(u"chkIncludeExe"_s, LoadText(Text::IncludeSetupProgram), "includeexe");
+  options_[2] =
+      AddOption(u"chkIncludeTessel"_s, LoadText(Text::IncludeRuntimeInstaller), "includetessel");
   cmdAsLastTime_->setObjectName(u"cmdAsLastTime"_s);
   cmdAsLastTime_->setAutoDefault(false);
   layout->addWidget(cmdAsLastTime_, 0, Qt::AlignLeft);
@@ -52,6 +55,32 @@ wizSetup_Packaging::Option wizSetup_Packaging::AddOption(const QString& name,
     StartCheck();
   });
   return {box, value};
+}
+
+QLayout* wizSetup_Packaging::MakeCompressionLine() {
+  auto* const label = new QLabel(ToQString(LoadText(Text::CompressionChoice)), this);
+  cboCompression_ = new QComboBox(this);
+  cboCompression_->setObjectName(u"cboCompression"_s);
+  cboCompression_->addItem(ToQString(LoadText(Text::CompressionFast)), u"fast"_s);
+  cboCompression_->addItem(ToQString(LoadText(Text::CompressionNormal)), u"normal"_s);
+  cboCompression_->addItem(ToQString(LoadText(Text::CompressionSmall)), u"small"_s);
+  label->setBuddy(cboCompression_);
+  connect(cboCompression_, &QComboBox::activated, this, [this](int index) {
+    SetValue("compression", tools::ToUtf8(cboCompression_->itemData(index).toString()));
+  });
+  for (QWidget* const widget :
+       {static_cast<QWidget*>(label), static_cast<QWidget*>(cboCompression_)}) {
+    widget->setEnabled(false);
+    connect(options_[0].box, &QCheckBox::toggled, widget, &QWidget::setEnabled);
+  }
+  auto* const line = new QHBoxLayout;
+  // Under the text of the check box that it belongs to.
+  line->addSpacing(style()->pixelMetric(QStyle::PM_IndicatorWidth) +
+                   style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
+  line->addWidget(label);
+  line->addWidget(cboCompression_);
+  line->addStretch();
+  return line;
 }
 
 void wizSetup_Packaging::AddFindings() {
@@ -79,9 +108,11 @@ void wizSetup_Packaging::ShowValues() {
 void wizSetup_Packaging::ShowOptions() {
   const engine::BuildOptions options =
       ReadBuildOptions({{"makezip", Value("makezip")},
+                        {"compression", Value("compression")},
                         {"includeexe", Value("includeexe")},
                         {"includetessel", Value("includetessel")}});
   options_[0].box->setChecked(options.packaged);
+  cboCompression_->setCurrentIndex(static_cast<int>(options.compression));
   options_[1].box->setChecked(options.includeWrapper);
   options_[2].box->setChecked(options.includeRuntime);
 }

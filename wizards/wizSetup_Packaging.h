@@ -8,7 +8,9 @@
 #include "wizards/BuildSetup.h"
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
+class QLayout;
 class QPushButton;
 
 namespace findings {
@@ -18,7 +20,8 @@ class FindingsList;
 namespace wizards {
 
 /// Edits "makezip", "includeexe" and "includetessel" in check boxes: "1" checked, "0" not;
-/// `cmdAsLastTime` sets them as at the last build of the version. While the page is shown, the
+/// "compression" in a list that counts for an archive alone: "fast", "normal" or "small".
+/// `cmdAsLastTime` sets the boxes as at the last build of the version. While the page is shown, the
 /// version is checked in the background for a build with the options chosen: `lsvFindings` lists
 /// what is found, and the place of a row that is chosen is where the wizard, which then closes,
 /// leads.
@@ -42,6 +45,7 @@ class wizSetup_Packaging : public tools::WizardOptionPage {
   };
 
   Option AddOption(const QString& name, const std::string& text, const char* value);
+  [[nodiscard]] QLayout* MakeCompressionLine();
   void AddFindings();
   void ShowOptions();
   void SetAsLastTime();
@@ -54,6 +58,7 @@ class wizSetup_Packaging : public tools::WizardOptionPage {
   ChosenPlace& chosen_;
   tools::WizardDataStore lastTime_;  ///< of the last build; empty when there was none
   std::array<Option, 3> options_{};
+  QComboBox* cboCompression_ = nullptr;
   QPushButton* cmdAsLastTime_;
   QLabel* lblCheck_ = nullptr;
   findings::FindingsList* lsvFindings_ = nullptr;

@@ -10,7 +10,9 @@
 
 namespace console {
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 class ProgramTest : public testing::Test {
@@ -73,6 +75,14 @@ TEST_F(ProgramTest, ReplacesASetupWhenToldAndOtherFilesWhenForced) {
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_THAT(errors_, HasSubstr("(--overwrite ersetzt es): " + folder_.Path("aus")));
   EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Built);
+  EXPECT_THAT(output_, HasSubstr("2 von 2 Dateien unverändert übernommen (5,0 kB)"));
+  for (const char* options : {"--fresh", "--compression small", "--threads 3"}) {
+    EXPECT_EQ(Build(tools::SplitList("--output aus --overwrite --json " + std::string(options), ' ',
+                                     '"')),
+              ExitCode::Built);
+    EXPECT_THAT(output_, HasSubstr("\"filesTakenOver\":0,\"bytesTakenOver\":0,"));
+    EXPECT_THAT(output_, ContainsRegex("\"times\":.\"survey\":.*packing.*script.*total"));
+  }
   folder_.Write("aus/wichtig.txt", "x");
   for (const char* option : {"--quiet", "--overwrite"}) {
     EXPECT_EQ(Build({"--output", "aus", option}), ExitCode::Stopped);
@@ -130,13 +140,14 @@ TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
         "Produkt/Probe.product 1.0.0 --output", "Produkt/Probe.product 9.9.9",
         "Produkt/fehlt.product 1.0.0", "src/zwei.txt 1.0.0", "Produkt 1.0.0",
         "Produkt/Probe.product --list --check", "Produkt/Probe.product 1.0.0 --zip --no-zip",
-        "Produkt/Probe.product 1.0.0 --zip=false"}) {
+        "Produkt/Probe.product 1.0.0 --zip=false",
+        "Produkt/Probe.product 1.0.0 --compression best"}) {
     EXPECT_EQ(Run(tools::SplitList(call, ' ', '"')), ExitCode::BadCall) << call;
     EXPECT_THAT(errors_, StartsWith("packwright-build: "));
     EXPECT_EQ(output_, "");
   }
   EXPECT_EQ(Run({"--help"}), ExitCode::Built);
-  EXPECT_THAT(output_, HasSubstr("--overwrite"));
+  EXPECT_THAT(output_, AllOf(HasSubstr("--overwrite"), Not(HasSubstr("--threads"))));
   EXPECT_EQ(Run({"--version"}), ExitCode::Built);
   EXPECT_THAT(output_, StartsWith("packwright-build "));
 }

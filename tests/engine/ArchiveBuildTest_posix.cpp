@@ -90,6 +90,24 @@ TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) 
   Run();
   EXPECT_TRUE(folder_.Read("aus2/Probe.zip") == Out("Probe.zip"));
   EXPECT_EQ(folder_.Read("aus2/Probe.install"), script);
+
+  // On top of the setup that is there, and of one of another kind.
+  using enum Compression;
+  for (const auto& [compression, isFresh, takenOver] : {std::tuple(Normal, false, 6U),
+                                                        {Normal, true, 0U},
+                                                        {Fast, false, 0U},
+                                                        {Fast, false, 6U},
+                                                        {Normal, false, 0U}}) {
+    options_.compression = compression;
+    options_.isFresh = isFresh;
+    Run();
+    EXPECT_EQ(folder_.Read("aus2/Probe.zip") == Out("Probe.zip"), compression == Normal);
+    EXPECT_EQ(summary_->stored.filesTakenOver, takenOver);
+    EXPECT_EQ(summary_->stored.bytesTakenOver, takenOver == 0 ? 0 : summary_->stored.bytesIn);
+  }
+  const BuildTimes& times = summary_->times;
+  EXPECT_GT(times.packing, 0);
+  EXPECT_LE(times.survey + times.packing + times.script, times.total);
 }
 
 TEST_F(ArchiveBuildTest, LeavesOutWhatVanishedAndTakesWhatIsThere) {

@@ -54,7 +54,8 @@ inline Bytef* ToBytes(std::string_view text) {
   for (ZipEntry& entry : entries) {
     const std::size_t nameSize = Number(central, 28, 2);
     const std::string_view local = archive.substr(Number(central, 42, 4));
-    const std::string_view data = local.substr(30 + nameSize, Number(central, 20, 4));
+    const std::string_view data =
+        local.substr(30 + nameSize + Number(local, 28, 2), Number(central, 20, 4));
     entry.name = central.substr(46, nameSize);
     entry.utf8 = (Number(central, 8, 2) & 0x800U) != 0;
     entry.stored = Number(central, 10, 2) == 0;

@@ -300,6 +300,10 @@ class WizardsTest : public QObject {
       QTest::keyClick(&Child(*f.page, "chkIncludeExe"), Qt::Key_Space);
       QCOMPARE(Values(f.store), expected);
     }
+    QVERIFY(!Child(*f.page, "cboCompression").isEnabled());  // nothing is packed
+    QTest::keyClick(&Child(*f.page, "chkMakeZip"), Qt::Key_Space);
+    QTest::keyClick(&Child(*f.page, "cboCompression"), Qt::Key_Down);
+    QCOMPARE(Values(f.store), "compression=small|includeexe=1|makezip=1");
   }
 };
 

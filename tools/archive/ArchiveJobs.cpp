@@ -31,7 +31,9 @@ void SmallFilesJob::Run(MemberPacker& packer, const std::stop_token& stop) {
   for (const Source& source : sources_) {
     if (stop.stop_requested()) return;
     bool isTakenOver = false;
-    members_.push_back(packer.PackWhole(source.memberName, source.content, packed_, isTakenOver));
+    const bool isLast = &source == &sources_.back();
+    members_.push_back(
+        packer.PackWhole(source.memberName, source.content, isLast, packed_, isTakenOver));
     if (!isTakenOver) continue;
     ++filesTakenOver_;
     bytesTakenOver_ += source.content.bytes.size();

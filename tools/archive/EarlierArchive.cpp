@@ -48,7 +48,10 @@ struct EarlierArchive::Record {
       if (size > extra.size() - 4) return false;
       std::string_view field = extra.substr(4, size);
       extra.remove_prefix(4 + size);
-      if (id == kPackingNoteId) note = field;
+      if (id == kPackingNoteId) {
+        note = field;
+        dataOffset = kLocalNoteBytes;
+      }
       if (id != kZip64ExtraId) continue;
       for (std::uint64_t* const number : {&sourceBytes, &storedBytes, &headerOffset}) {
         if (*number != kElsewhere32) continue;
@@ -57,7 +60,7 @@ struct EarlierArchive::Record {
         field.remove_prefix(8);
       }
     }
-    dataOffset = headerOffset + kLocalHeaderBytes + nameBytes;
+    dataOffset += headerOffset + kLocalHeaderBytes + nameBytes;
     if (hasZip64Sizes) dataOffset += kLocalZip64ExtraBytes;
     return dataOffset > headerOffset && dataOffset + storedBytes >= dataOffset;
   }

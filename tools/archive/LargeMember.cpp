@@ -15,7 +15,8 @@ void LargeMember::Append(const PackedBlock& block, const std::stop_token& stop) 
                             .method = block.isDeflated ? ZipMethod::Deflated : ZipMethod::Stored,
                             .modifiedNanoseconds = source_.stamp.modifiedNanoseconds,
                             .sourceBytes = source_.stamp.size,
-                            .storedBytes = source_.stamp.size});
+                            .storedBytes = source_.stamp.size,
+                            .isNoted = true});
   }
   const ZipMember& member = assembler_.CurrentMember();
   if (block.isDeflated && member.method == ZipMethod::Stored) {

@@ -14,7 +14,7 @@ MemberPacker::MemberPacker(int level, std::size_t blockBytes, const EarlierArchi
       taker_(earlier, deflater_) {}
 
 ZipMember MemberPacker::PackWhole(const std::string& memberName, const FileContent& content,
-                                  std::string& bytes, bool& isTakenOver) {
+                                  bool isNoted, std::string& bytes, bool& isTakenOver) {
   std::string_view data = content.bytes;
   ZipMember member{.name = memberName,
                    .method = ZipMethod::Stored,
@@ -22,7 +22,8 @@ ZipMember MemberPacker::PackWhole(const std::string& memberName, const FileConte
                    .crc32 = Crc32(data),
                    .sourceBytes = data.size(),
                    .storedBytes = data.size(),
-                   .headerOffset = bytes.size()};
+                   .headerOffset = bytes.size(),
+                   .isNoted = isNoted};
   const auto taken = taker_.Take(PackedForm::Stream, data, member.crc32);
   isTakenOver = taken.has_value();
   const std::string_view packed = taken ? *taken : Pack(data, PackedForm::Stream);

@@ -43,8 +43,9 @@ class MemberPacker {
 
   /// Appends local header and data of a whole member to `bytes` and returns its description, with
   /// `headerOffset` counting from the start of `bytes`. The content is no larger than a block.
+  /// `isNoted`: the member will have a note.
   [[nodiscard]] ZipMember PackWhole(const std::string& memberName, const FileContent& content,
-                                    std::string& bytes, bool& isTakenOver);
+                                    bool isNoted, std::string& bytes, bool& isTakenOver);
 
   /// Packs block `index` of a file, counted from 0. Raises Error when the file cannot be read or is
   /// not the one that was added: blocks of two states of a file must not meet in one member.

@@ -79,10 +79,14 @@ bool NeedsZip64(const ZipMember& member) {
 }
 
 std::string LocalHeader(const ZipMember& member) {
-  const std::string extra = Zip64Extra(member, false);
+  std::string extra = Zip64Extra(member, false);
+  const std::uint16_t version = VersionNeeded(member, !extra.empty());
+  // Info-ZIP's unzip takes a name for UTF-8 only where an extra field follows: one that is in the
+  // directory alone makes it complain that the names differ.
+  if (member.isNoted) extra += ExtraField(kPackingNoteId, {});
   std::string header;
   AppendNumber(header, kLocalHeaderSignature);
-  AppendCommonFields(header, member, VersionNeeded(member, !extra.empty()));
+  AppendCommonFields(header, member, version);
   AppendNumber(header, Low16(extra.size()));
   return header.append(member.name).append(extra);
 }
@@ -90,7 +94,7 @@ std::string LocalHeader(const ZipMember& member) {
 void AppendCentralRecord(std::string& directory, const ZipMember& member) {
   std::string extra = Zip64Extra(member, member.headerOffset >= kElsewhere32);
   const std::uint16_t version = VersionNeeded(member, !extra.empty());
-  if (!member.note.empty()) extra += ExtraField(kPackingNoteId, member.note);
+  if (member.isNoted) extra += ExtraField(kPackingNoteId, member.note);
   AppendNumber(directory, kCentralRecordSignature);
   AppendNumber(directory, version);  // made by
   AppendCommonFields(directory, member, version);

@@ -21,6 +21,7 @@ struct ZipMember {
   std::uint64_t sourceBytes = 0;
   std::uint64_t storedBytes = 0;
   std::uint64_t headerOffset = 0;  ///< of the local header in the archive
+  bool isNoted = false;            ///< has a note, which may still be missing in the local header
   std::string note{};              ///< for the directory alone: see PackingNote.h
 };
 
@@ -34,6 +35,7 @@ inline constexpr std::uint32_t kZip64LocatorSignature = 0x07064b50;
 inline constexpr std::uint16_t kZip64ExtraId = 0x0001;    // 4.5.3
 inline constexpr std::size_t kLocalHeaderBytes = 30;      // without name and extra field
 inline constexpr std::size_t kLocalZip64ExtraBytes = 20;  // both sizes and the field's own header
+inline constexpr std::size_t kLocalNoteBytes = 4;         // an empty field
 inline constexpr std::size_t kCentralRecordBytes = 46;    // without name and extra field
 inline constexpr std::size_t kDirectoryEndBytes = 22;     // without the comment
 inline constexpr std::size_t kZip64EndBytes = 56;
@@ -47,7 +49,7 @@ inline constexpr std::uint64_t kElsewhere32 = 0xFFFFFFFF;
 [[nodiscard]] bool NeedsZip64(const ZipMember& member);
 
 /// Section 4.3.7 with 4.5.3, without a data descriptor: sizes and checksum stand in the header.
-/// Its length depends on the name and on NeedsZip64 only.
+/// Its length depends on the name, on NeedsZip64 and on `isNoted` only.
 [[nodiscard]] std::string LocalHeader(const ZipMember& member);
 
 /// Appends a record of the central directory (4.3.12 with 4.5.3).
