@@ -3,9 +3,10 @@
 # archive sizes. Each figure is the median of some runs that take turns; the data is in the page
 # cache, and what one run has written is on the disk before the next begins.
 #
-#   bench/run.sh [binaries] [small] [large] [huge] [settings] [pages] [desktop] [start] [memory]
+#   bench/run.sh [binaries] [small] [large] [rebuild] [stored] [levels] [huge] [settings] [pages]
+#                [desktop] [start] [memory] [entries]
 #
-# Without arguments all of them.
+# Without arguments all of them. PACKWRIGHT_BENCH_RUNS=1 is enough to see that it works.
 #
 # Data and results go to $PACKWRIGHT_BENCH_DIR (out/bench-data), about 9 GB for everything;
 # a file of 5 GiB also goes through the system's temporary folder.
@@ -62,6 +63,26 @@ make_large() {
   }
 }
 
+# What does not shrink, in files of the size of large photographs.
+make_random() {
+  [ -d "$data/random" ] || {
+    mkdir -p "$data/random.new"
+    head -c 350000000 /dev/urandom | split -b 7000000 - "$data/random.new/photo"
+    mv "$data/random.new" "$data/random"
+  }
+}
+
+# Files in no order, until they are a hundredth of all bytes; each gets one byte more.
+change_a_hundredth() { # FOLDER
+  find "$1" -type f -printf '%s %p\n' | sort -k2 | sort -R --random-source=<(yes) |
+    awk '{size[NR] = $1; $1 = ""; path[NR] = substr($0, 2); all += size[NR]}
+         END {for (i = 1; i <= NR; ++i) if (sum + size[i] <= all / 100) {sum += size[i]; print path[i]}}' |
+    while read -r file; do
+      printf x >>"$file"
+      touch -d '+1 minute' "$file" # zip sees steps of two seconds
+    done
+}
+
 # A product whose only entry is a scan of one of the folders above.
 make_product() { # NAME
   local folder="$data/product-$1"
@@ -82,9 +103,10 @@ make_nsis() { # NAME
 
 # --- measuring ----------------------------------------------------------------------------------
 
-# Seconds of one run of a shell command; its leftovers in out/ are removed before it.
+# Seconds of one run of a shell command; its leftovers in out/ are removed before it, and $before runs.
+before=
 seconds_of() {
-  rm -rf "$data/out" && mkdir -p "$data/out" && sync
+  rm -rf "$data/out" && mkdir -p "$data/out" && bash -c "$before" && sync
   local begun ended
   begun=$(date +%s.%N)
   bash -c "$1" >/dev/null 2>"$data/errors" || { cat "$data/errors" >&2; return 1; }
@@ -154,6 +176,50 @@ large_bench() {
     "pigz -K -6@pigz -K -6 -c $data/large/large.bin >$data/out/pigz.zip"
 }
 
+# Builds on top of a setup of the same files, all of them as they were or a hundredth changed. The
+# peer goes by time stamps; what comes out of ours is compared with a fresh build.
+rebuild_bench() { # NAME TITLE
+  local again="$data/again" changed
+  rm -rf "$again" "$data/product-again" && mkdir -p "$again"
+  cp -r --preserve=timestamps "$data/$1" "$data/again/files"
+  make_product again/files
+  rm -rf "$data/out" && bash -c "$(ours again/files)" && mv "$data/out/setup" "$again/setup"
+  (cd "$again" && zip -6 -q -r zip.zip files)
+  before="cp -r $again/setup $again/zip.zip $data/out"
+  for changed in "nothing" "a hundredth"; do
+    if [ "$changed" != nothing ]; then change_a_hundredth "$again/files"; fi
+    # zip ends with 12 when it finds nothing to do.
+    compare "$2, built again with $changed changed" \
+      "packwright@$(ours again/files --overwrite)" \
+      "--fresh@$(ours again/files '--overwrite --fresh')" \
+      "zip -u@cd $again && { zip -6 -u -q -r ../out/zip.zip files || [ \$? = 12 ]; }"
+    bash -c "$(ours again/files '--overwrite --fresh')"
+    cp "$data/out/setup/Bench.zip" "$again/fresh.zip"
+    rm -rf "$data/out/setup" && cp -r "$again/setup" "$data/out"
+    bash -c "$(ours again/files --overwrite)"
+    cmp "$data/out/setup/Bench.zip" "$again/fresh.zip" && echo "same bytes as fresh"
+  done
+  before=
+  rm -rf "$again"
+}
+
+stored_bench() {
+  make_random
+  make_product random
+  compare "350 MB that do not shrink" "packwright@$(ours random)" \
+    "zip -6@cd $data && zip -6 -q -r out/zip.zip random" \
+    "cp@cp -r $data/random $data/out/copy"
+}
+
+levels_bench() {
+  make_binaries
+  make_product binaries
+  compare "350 MB of binaries, levels" "normal@$(ours binaries)" \
+    "fast@$(ours binaries '--compression fast')" \
+    "small@$(ours binaries '--compression small')" \
+    "7zz -mx=5@cd $data && 7zz a -tzip -mx=5 out/7z.zip binaries"
+}
+
 settings_bench() {
   echo "## Settings, 50,000 entries"
   out/bench/bin/settings_bench "$data/settings"
@@ -188,29 +254,66 @@ huge_check() {
   unzip -tqq "$data/out/setup/Bench.zip" && unzip -Zt "$data/out/setup/Bench.zip"
 }
 
+# Peak memory in KB of a call of ours.
+memory_of() { # NAME OPTIONS
+  rm -rf "$data/out"
+  /usr/bin/time -f %M bash -c "exec $(ours "$1" "${2:-}")" 2>&1
+}
+
 memory_bench() {
   echo "## Peak memory of packwright-build (KB)"
-  local name
-  for name in binaries small large; do
+  local name threads
+  for name in binaries small large random; do
     [ -d "$data/product-$name" ] || continue
-    rm -rf "$data/out"
-    printf '%-10s ' "$name"
-    /usr/bin/time -f %M bash -c "exec $(ours "$name")" 2>&1
+    for threads in 1 4 8; do
+      printf '%-10s %s threads, --fresh and again: ' "$name" "$threads"
+      echo "$(memory_of "$name" "--threads $threads")" \
+        "$(/usr/bin/time -f %M bash -c "exec $(ours "$name" "--threads $threads --overwrite")" 2>&1)"
+    done
+  done
+}
+
+# What an entry of its own takes: the difference between many and more.
+entries_bench() {
+  echo "## Memory for each entry of its own (bytes)"
+  local count peak few
+  for count in 70000 200000; do
+    mkdir -p "$data/entries-$count"
+    (cd "$data/entries-$count" && seq "$count" | split -a 6 -l 1 -d - file)
+    make_product "entries-$count"
+    awk -v count="$count" -v folder="$data/entries-$count" 'BEGIN {
+      printf "[Component]\nTitle=All\n[Files]\nCount=%d\n", count
+      for (i = 1; i <= count; ++i)
+        printf "[File%d]\nID={%08X-1234-4321-ABCD-0123456789AB}\nType=1\nSourcePath=%s\nSourceName=file%06d\nTargetFolder=2001\nOverwrite=1\nVital=1\n",
+               i, i, folder, i - 1}' >"$data/product-entries-$count/Version 1.0.0/component1.component"
+    peak=$(memory_of "entries-$count")
+    echo "$count entries: $peak KB"
+    if [ "$count" = 70000 ]; then few=$peak; else echo "$(((peak - few) * 1024 / 130000)) for each"; fi
   done
 }
 
 prepare
-for what in ${*:-binaries small large huge settings pages desktop start memory}; do
+for what in ${*:-binaries small large rebuild stored levels huge settings pages desktop start memory \
+  entries}; do
   case $what in
     binaries) make_binaries; folder_bench binaries "350 MB of binaries" ;;
     small) make_small; folder_bench small "13,000 small files" ;;
     large) large_bench ;;
+    rebuild)
+      make_binaries
+      rebuild_bench binaries "350 MB of binaries"
+      make_small
+      rebuild_bench small "13,000 small files"
+      ;;
+    stored) stored_bench ;;
+    levels) levels_bench ;;
     huge) huge_check ;;
     settings) settings_bench ;;
     pages) pages_bench ;;
     desktop) desktop_bench ;;
     start) start_bench ;;
     memory) memory_bench ;;
+    entries) entries_bench ;;
     *) echo "unknown: $what" >&2; exit 2 ;;
   esac
 done

@@ -71,6 +71,7 @@ tools::WizardDataStore LastBuilds::Of(std::int32_t version) const {
 void LastBuilds::Remember(std::int32_t version, const tools::WizardDataStore& values) {
   std::string text;
   for (const auto& [name, value] : values) {
+    if (name == "compression") continue;  // chosen anew for each build
     if (!text.empty()) text += '|';
     text.append(name).append("=").append(Escaped(value));
   }

@@ -254,7 +254,9 @@ class WizardsTest : public QObject {
   }
 
   void TheOptionsOfTheLastBuildComeBackOnRequest() {
-    OptionPage f("Packaging", {{"folder", "|a=%;b"}, {"makezip", "1"}, {"includetessel", "1"}});
+    OptionPage f(
+        "Packaging",
+        {{"folder", "|a=%;b"}, {"makezip", "1"}, {"includetessel", "1"}, {"compression", "small"}});
     QVERIFY(!Child(*f.page, "cmdAsLastTime").isEnabled());
     wizards::LastBuilds(*f.registry, f.project).Remember(1, f.store);
     f.store = {{"folder", "neu"}};
