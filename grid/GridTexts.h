@@ -13,7 +13,9 @@ struct GridTexts {
   QString prompt;          ///< of the edit dialog; "%property%" stands for the row's title
   QString oldValue;        ///< labels of the edit dialog
   QString newValue;
-  QString reset;  ///< the edit dialog's button for the default value
+  QString reset;        ///< the edit dialog's button for the default value
+  QString browse;       ///< the edit dialog's button for a value that names a folder
+  QString knownValues;  ///< what screen readers call the list of known values
 };
 
 }  // namespace grid

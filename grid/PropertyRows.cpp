@@ -2,9 +2,15 @@
 
 #include <utility>
 
+#include "grid/MeaningDelegate.h"
+
 namespace grid {
 
 using namespace Qt::StringLiterals;
+
+QString WithMeaning(const QString& value, const QString& meaning) {
+  return meaning.isEmpty() ? value : value + u"  "_s + meaning;
+}
 
 int PropertyRows::RowOf(const QString& key) const { return rowOf_.value(key, -1); }
 
@@ -18,9 +24,11 @@ void PropertyRows::Append(PropertyRow property) {
   endInsertRows();
 }
 
-void PropertyRows::SetValue(int row, const QString& value, const QString& valueTip) {
+void PropertyRows::SetValue(int row, const QString& value, const QString& meaning,
+                            const QString& valueTip) {
   PropertyRow& property = rows_.at(static_cast<size_t>(row));
   property.value = value;
+  property.meaning = meaning;
   property.valueTip = valueTip;
   const QModelIndex changed = index(row, kValue);
   Q_EMIT dataChanged(changed, changed);
@@ -55,6 +63,9 @@ QVariant PropertyRows::data(const QModelIndex& index, int role) const {
   const bool isTitle = index.column() == kTitle;
   if (role == Qt::DisplayRole) return isTitle ? property.title : property.value;
   if (role == Qt::ToolTipRole) return isTitle ? property.titleTip : property.valueTip;
+  if (isTitle || property.meaning.isEmpty()) return {};
+  if (role == kMeaningRole) return property.meaning;
+  if (role == Qt::AccessibleTextRole) return WithMeaning(property.value, property.meaning);
   return {};
 }
 

@@ -13,12 +13,16 @@ struct PropertyRow {
   QString key;  ///< unique within the grid, compared exactly
   QString title;
   QString value;
+  QString meaning;  ///< of the value; empty where none is known
   QString titleTip;
   QString valueTip;
 };
 
-/// Two columns: title and value. Rows stand in the order in which they were added; a row is found
-/// by its key without a search.
+/// "2001  Installationsordner"; the value alone without a meaning.
+[[nodiscard]] QString WithMeaning(const QString& value, const QString& meaning);
+
+/// Two columns: title and value, which carries its meaning as kMeaningRole. Rows stand in the order
+/// in which they were added; a row is found by its key without a search.
 class PropertyRows : public QAbstractTableModel {
   Q_OBJECT
 
@@ -34,8 +38,8 @@ class PropertyRows : public QAbstractTableModel {
 
   /// Adds a row at the end; its key must not be present.
   void Append(PropertyRow property);
-  /// Replaces the value and its tooltip.
-  void SetValue(int row, const QString& value, const QString& valueTip);
+  /// Replaces the value, its meaning and its tooltip.
+  void SetValue(int row, const QString& value, const QString& meaning, const QString& valueTip);
   void Remove(int row);
   void Clear();
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "grid/MeaningDelegate.h"
 #include "grid/PropertyRows.h"
 #include "grid/frmEditProperty.h"
 #include "tools/Error.h"
@@ -53,6 +54,8 @@ void ctlPropertyEditor::OnPropertyChanged(PropertyChangedHandler handler) {
   onPropertyChanged_ = std::move(handler);
 }
 
+void ctlPropertyEditor::OnValueHelp(ValueHelper helper) { valueHelper_ = std::move(helper); }
+
 void ctlPropertyEditor::AddProperty(const QString& key, const QString& title,
                                     const QString& initialValue, std::int32_t /*dataType*/,
                                     bool /*readOnly*/) {
@@ -61,11 +64,14 @@ void ctlPropertyEditor::AddProperty(const QString& key, const QString& title,
     throw tools::Error("Die Eigenschaft \"" + ToUtf8(key) + "\" ist bereits vorhanden.");
   }
   const QString label = title.endsWith(u':') ? title.chopped(1) : title;
+  const QString meaning = MeaningOf(key, initialValue);
+  const bool hasTip = showTooltips_ || !meaning.isEmpty();
   rows_->Append({.key = key,
                  .title = label,
                  .value = initialValue,
+                 .meaning = meaning,
                  .titleTip = showTooltips_ ? label : QString(),
-                 .valueTip = showTooltips_ ? initialValue : QString()});
+                 .valueTip = hasTip ? WithMeaning(initialValue, meaning) : QString()});
 }
 
 void ctlPropertyEditor::RemoveProperty(const QString& key) {
@@ -77,7 +83,10 @@ void ctlPropertyEditor::SetProperty(const QString& key, const QString& newValue)
   const int row = ExistingRow(key);
   const PropertyRow& property = rows_->At(row);
   if (property.value == newValue) return;
-  rows_->SetValue(row, newValue, showTooltips_ ? newValue : property.valueTip);
+  const QString meaning = MeaningOf(key, newValue);
+  const bool hasTip = showTooltips_ || !meaning.isEmpty();
+  rows_->SetValue(row, newValue, meaning,
+                  hasTip ? WithMeaning(newValue, meaning) : property.valueTip);
   if (onPropertyChanged_) onPropertyChanged_(key, newValue);
 }
 
@@ -145,8 +154,10 @@ void ctlPropertyEditor::resizeEvent(QResizeEvent* event) {
 
 void ctlPropertyEditor::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (!styled_) tools::ApplyListViewStyle(*lsvProps_);
+  if (styled_) return;
   styled_ = true;
+  tools::ApplyListViewStyle(*lsvProps_);
+  lsvProps_->setItemDelegateForColumn(PropertyRows::kValue, new MeaningDelegate(lsvProps_));
 }
 
 void ctlPropertyEditor::EditRow(const QModelIndex& index) {
@@ -162,9 +173,22 @@ QString ctlPropertyEditor::AskForValue(const QString& key, const QString& value)
   dialog.SetValue(value);
   QString prompt = texts_.prompt;
   dialog.SetPrompt(prompt.replace(u"%property%"_s, title));
+  dialog.SetHelp(HelpFor(key));
   dialog.exec();
   if (!dialog.Apply()) return GetProperty(key);
   return ToQString(tools::TrimBlanks(ToUtf8(dialog.Value())));
+}
+
+ValueHelp ctlPropertyEditor::HelpFor(const QString& key) const {
+  return valueHelper_ ? valueHelper_(key) : ValueHelp();
+}
+
+QString ctlPropertyEditor::MeaningOf(const QString& key, const QString& value) const {
+  const std::vector<KnownValue> known = HelpFor(key).values;
+  const auto found =
+      std::find_if(known.begin(), known.end(),
+                   [&value](const KnownValue& candidate) { return candidate.value == value; });
+  return found == known.end() ? QString() : found->meaning;
 }
 
 void ctlPropertyEditor::ShowNotEditable() {

@@ -7,6 +7,7 @@
 
 #include "grid/EditReaction.h"
 #include "grid/GridTexts.h"
+#include "grid/KnownValues.h"
 #include "tools/Dialogs.h"
 
 class QTreeView;
@@ -31,6 +32,9 @@ class ctlPropertyEditor : public QWidget {
   /// Told after a row's value has changed.
   using PropertyChangedHandler = std::function<void(const QString& key, const QString& newValue)>;
 
+  /// Tells what helps to choose the value of the row `key`.
+  using ValueHelper = std::function<ValueHelp(const QString& key)>;
+
   /// `dialogs` shows the grid's messages and must outlive it.
   ctlPropertyEditor(tools::Dialogs& dialogs, GridTexts texts, QWidget* parent = nullptr);
 
@@ -39,6 +43,10 @@ class ctlPropertyEditor : public QWidget {
   /// or the SetProperty that raised the event. After a double click it becomes a message box.
   void OnEditProperty(EditPropertyHandler handler);
   void OnPropertyChanged(PropertyChangedHandler handler);
+
+  /// Rows that are added or changed from now on show what their values mean, and the edit dialog
+  /// proposes the known ones.
+  void OnValueHelp(ValueHelper helper);
 
   /// Adds a row at the end; nothing happens when `key` or `title` is empty. One ":" at the end of
   /// the title is cut off. `dataType` and `readOnly` have no effect: only the host's answer to
@@ -100,6 +108,8 @@ class ctlPropertyEditor : public QWidget {
   /// The text that the user confirmed, or the row's value when cancelled.
   [[nodiscard]] QString AskForValue(const QString& key, const QString& value);
   void ShowNotEditable();
+  [[nodiscard]] ValueHelp HelpFor(const QString& key) const;
+  [[nodiscard]] QString MeaningOf(const QString& key, const QString& value) const;
   /// The row with that key; raises tools::Error when there is none.
   [[nodiscard]] int ExistingRow(const QString& key) const;
   void PassOnKey(const QEvent& event);
@@ -111,6 +121,7 @@ class ctlPropertyEditor : public QWidget {
   QTreeView* lsvProps_;
   EditPropertyHandler onEditProperty_;
   PropertyChangedHandler onPropertyChanged_;
+  ValueHelper valueHelper_;
   bool showTooltips_ = false;
   bool styled_ = false;  ///< the list has its style, since the first showing
 };

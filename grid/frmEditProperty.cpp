@@ -1,5 +1,6 @@
 #include "grid/frmEditProperty.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "grid/ValueCompleter.h"
 #include "tools/desktop/FormStyle.h"
 
 namespace grid {
@@ -24,6 +26,7 @@ frmEditProperty::frmEditProperty(const GridTexts& texts, QWidget* parent)
     : QDialog(parent),
       cmdReset_(new QPushButton(this)),
       txtNewValue_(new QLineEdit(this)),
+      cmdBrowse_(new QPushButton(this)),
       txtOldValue_(new QLineEdit(this)),
       lblNewValue_(new QLabel(this)),
       lblOldValue_(new QLabel(this)),
@@ -41,9 +44,13 @@ frmEditProperty::frmEditProperty(const GridTexts& texts, QWidget* parent)
     textBox->setMinimumWidth(kTextBoxWidth);
   }
   txtOldValue_->setReadOnly(true);
+  cmdBrowse_->setObjectName(u"cmdBrowse"_s);
+  cmdBrowse_->setAutoDefault(false);
+  cmdBrowse_->hide();
   ShowTexts(texts);
   LayOut();
   connect(cmdReset_, &QPushButton::clicked, this, &frmEditProperty::Reset);
+  connect(cmdBrowse_, &QPushButton::clicked, this, &frmEditProperty::Browse);
   connect(cmdOK_, &QPushButton::clicked, this, &frmEditProperty::Confirm);
   connect(cmdCancel_, &QPushButton::clicked, this, &frmEditProperty::reject);
 }
@@ -51,6 +58,8 @@ frmEditProperty::frmEditProperty(const GridTexts& texts, QWidget* parent)
 void frmEditProperty::ShowTexts(const GridTexts& texts) {
   setWindowTitle(texts.editCaption);
   cmdReset_->setText(texts.reset);
+  cmdBrowse_->setText(texts.browse);
+  knownValues_ = texts.knownValues;
   lblOldValue_->setText(texts.oldValue);
   lblNewValue_->setText(texts.newValue);
   lblOldValue_->setBuddy(txtOldValue_);
@@ -72,8 +81,9 @@ void frmEditProperty::LayOut() {
   auto* fields = new QGridLayout;
   fields->addWidget(lblNewValue_, 0, 0);
   fields->addWidget(txtNewValue_, 0, 1);
+  fields->addWidget(cmdBrowse_, 0, 2);
   fields->addWidget(lblOldValue_, 1, 0);
-  fields->addWidget(txtOldValue_, 1, 1);
+  fields->addWidget(txtOldValue_, 1, 1, 1, 2);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(lblPrompt_);
   layout->addSpacing(layout->spacing());
@@ -85,8 +95,17 @@ void frmEditProperty::LayOut() {
   setTabOrder(cmdReset_, cmdCancel_);
   setTabOrder(cmdCancel_, cmdOK_);
   setTabOrder(cmdOK_, txtNewValue_);
-  setTabOrder(txtNewValue_, txtOldValue_);
+  setTabOrder(txtNewValue_, cmdBrowse_);
+  setTabOrder(cmdBrowse_, txtOldValue_);
   txtNewValue_->setFocus();
+}
+
+void frmEditProperty::SetHelp(const ValueHelp& help) {
+  browse_ = help.browse;
+  cmdBrowse_->setVisible(browse_ != nullptr);
+  if (help.values.empty()) return;
+  const auto* completer = new ValueCompleter(*txtNewValue_, help.values);
+  completer->popup()->setAccessibleName(knownValues_);
 }
 
 void frmEditProperty::setVisible(bool visible) {
@@ -125,6 +144,14 @@ void frmEditProperty::Fill() {
 void frmEditProperty::Reset() {
   txtNewValue_->setText(defaultValue_);
   txtNewValue_->setModified(true);
+}
+
+void frmEditProperty::Browse() {
+  const QString chosen = browse_();
+  if (chosen.isEmpty()) return;
+  txtNewValue_->setText(chosen);
+  txtNewValue_->setModified(true);
+  txtNewValue_->setFocus();
 }
 
 void frmEditProperty::Confirm() {

@@ -4,6 +4,7 @@
 #include <QDialog>
 
 #include "grid/GridTexts.h"
+#include "grid/KnownValues.h"
 
 class QLabel;
 class QLineEdit;
@@ -14,8 +15,9 @@ namespace grid {
 /// Knows nothing of properties: the caller sets prompt and value, shows it modally, and reads
 /// whether the user confirmed and what. Made afresh for each edit. It validates nothing.
 ///
-/// Controls, in their tab order: `cmdReset`, `cmdCancel`, `cmdOK`, `txtNewValue`, `txtOldValue`;
-/// the labels `lblNewValue`, `lblOldValue`, `lblPrompt`. `txtNewValue` has the focus at first.
+/// Controls, in their tab order: `cmdReset`, `cmdCancel`, `cmdOK`, `txtNewValue`, `cmdBrowse` (only
+/// for a value that can be browsed for), `txtOldValue`; the labels `lblNewValue`, `lblOldValue`,
+/// `lblPrompt`. `txtNewValue` has the focus at first.
 class frmEditProperty : public QDialog {
   Q_OBJECT
 
@@ -37,6 +39,9 @@ class frmEditProperty : public QDialog {
   void SetDefaultValue(const QString& value) { defaultValue_ = value; }
   void SetEnableDefaultValue(bool enable) { enableDefaultValue_ = enable; }
 
+  /// What helps to choose the new value; set once, before the dialog is shown.
+  void SetHelp(const ValueHelp& help);
+
   /// Fills the controls before they are first laid out.
   void setVisible(bool visible) override;
 
@@ -55,16 +60,20 @@ class frmEditProperty : public QDialog {
   void Fill();
   void Reset();
   void Confirm();
+  void Browse();
 
   QPushButton* cmdReset_;
   QPushButton* cmdCancel_ = nullptr;
   QPushButton* cmdOK_ = nullptr;
   QLineEdit* txtNewValue_;
+  QPushButton* cmdBrowse_;
   QLineEdit* txtOldValue_;
   QLabel* lblNewValue_;
   QLabel* lblOldValue_;
   QLabel* lblPrompt_;
 
+  QString knownValues_;  ///< what screen readers call their list
+  std::function<QString()> browse_;
   QString prompt_;
   QString value_;
   QString defaultValue_;

@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <unordered_set>
 
-#include "model/TextTable.h"
+#include "pages/PageText.h"
+#include "tools/StandardTexts.h"
 #include "tools/Text.h"
 #include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
@@ -12,7 +13,6 @@
 namespace pages {
 
 using model::LoadText;
-using model::Text;
 
 namespace {
 
@@ -22,6 +22,10 @@ constexpr int kEditBox = 16;
 constexpr std::size_t kMostNamedPaths = 10;
 
 bool IsControlCharacter(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+
+std::string Number(std::size_t number) {
+  return tools::ToUtf8(GermanNumber(static_cast<qlonglong>(number)));
+}
 
 /// What two entries that install the same file into the same place have in common.
 std::string SourceAndTarget(const model::ICFile& entry, const std::string& productFolder) {
@@ -38,6 +42,23 @@ std::vector<std::string> AskForFiles(tools::Dialogs& dialogs) {
                             .filter = "*.*|*.*",
                             .defaultExtension = {},
                             .filterIndex = 1});
+}
+
+std::vector<std::string> FilesIn(tools::Dialogs& dialogs, const DroppedPaths& dropped) {
+  std::vector<std::string> files = dropped.files;
+  if (dropped.folders.empty()) return files;
+  const bool withSubfolders =
+      dialogs.ShowMessage({.text = LoadText(Text::WithSubfolders),
+                           .caption = tools::StandardText(tools::kTextQuestion),
+                           .icon = tools::MessageIcon::Question,
+                           .buttons = tools::MessageButtons::YesNo,
+                           .defaultAnswer = tools::MessageAnswer::Yes}) ==
+      tools::MessageAnswer::Yes;
+  for (const std::string& folder : dropped.folders) {
+    const std::vector<std::string> found = tools::FindFiles(folder, "*.*", withSubfolders);
+    files.insert(files.end(), found.begin(), found.end());
+  }
+  return files;
 }
 
 std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders) {
@@ -93,10 +114,9 @@ std::string AddedText(const std::vector<model::ICFile>& added, std::size_t liste
                              "%file%", added.front().SourceName);
   }
   const std::string text =
-      tools::ReplaceAll(LoadText(Text::AddedFiles), "%count%", std::to_string(added.size()));
+      tools::ReplaceAll(LoadText(Text::AddedFiles), "%count%", Number(added.size()));
   if (listed == 0) return text;
-  return text + " " +
-         tools::ReplaceAll(LoadText(Text::ListedBefore), "%count%", std::to_string(listed));
+  return text + " " + tools::ReplaceAll(LoadText(Text::ListedBefore), "%count%", Number(listed));
 }
 
 }  // namespace pages

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/FileEntries.h"
+#include "pages/FileDrop.h"
 #include "tools/Dialogs.h"
 
 namespace pages {
@@ -16,6 +17,11 @@ namespace pages {
 /// Asks for a folder and lists its files, with `withSubfolders` those in its subfolders too; empty
 /// when the author cancels. Raises tools::Error when the folder cannot be listed.
 [[nodiscard]] std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders);
+
+/// The files that were dropped, and those of the folders: asks once whether with their subfolders.
+/// Raises tools::Error when a folder cannot be listed.
+[[nodiscard]] std::vector<std::string> FilesIn(tools::Dialogs& dialogs,
+                                               const DroppedPaths& dropped);
 
 /// True for a path without control characters: settings cannot hold a line break.
 [[nodiscard]] bool CanBeStored(const std::string& path);

@@ -49,12 +49,11 @@ void FileFilter::Apply(const QString& text) {
 
 void FileFilter::ShowCount(std::size_t all) {
   all_ = all;
-  const QLocale german(QLocale::German, QLocale::Germany);
   const auto filled = [&](Text text) {
     return Caption(text)
-        .replace(u"%shown%"_s, german.toString(model_.rowCount()))
-        .replace(u"%folder%"_s, german.toString(model_.CountInFolder()))
-        .replace(u"%all%"_s, german.toString(static_cast<qulonglong>(all_)));
+        .replace(u"%shown%"_s, GermanNumber(model_.rowCount()))
+        .replace(u"%folder%"_s, GermanNumber(model_.CountInFolder()))
+        .replace(u"%all%"_s, GermanNumber(static_cast<qlonglong>(all_)));
   };
   lblShown->setText(filled(Text::ShownOfAll));
   lblShown->setToolTip(filled(Text::ShownOfAllTip));

@@ -1,17 +1,22 @@
 #include "pages/FileListModel.h"
 
+#include <QApplication>
 #include <QCollator>
 #include <QHash>
+#include <QStyle>
 #include <algorithm>
 #include <utility>
 
 #include "model/FolderTable.h"
 #include "pages/PageText.h"
+#include "tools/desktop/GreyedText.h"
 #include "tools/files/Path.h"
 
 namespace pages {
 
 namespace {
+
+constexpr std::int16_t kLeftOut = 1;  ///< the value of Exclude that builds heed
 
 std::string TargetText(const model::ICFile& entry) {
   if (entry.TargetFolder == model::kCustomFolder) return entry.TargetSubFolder;
@@ -114,9 +119,37 @@ int FileListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant FileListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const model::ICFile& entry = EntryAt(index.row());
+  if (role == Qt::DisplayRole) return TextOf(entry, index.column());
+  if (role == Qt::ForegroundRole && entry.Exclude == kLeftOut) {
+    return tools::GreyedTextColor(QGuiApplication::palette());
+  }
+  if (index.column() == kFileName) return FileNameData(entry, role);
+  return role == Qt::ToolTipRole ? TextOf(entry, index.column()) : QVariant();
+}
+
+QVariant FileListModel::FileNameData(const model::ICFile& entry, int role) const {
+  const bool isMissing = missing_.contains(entry.ID);
+  if (role == Qt::DecorationRole && isMissing) return missingIcon_;
+  if (role != Qt::ToolTipRole && role != Qt::AccessibleTextRole) return {};
   // A long path does not fit its column: the tooltip shows all of it.
-  if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
-  return TextOf(EntryAt(index.row()), index.column());
+  QStringList lines(TextOf(entry, kFileName));
+  if (isMissing) lines += Caption(Text::SourceIsMissing);
+  if (entry.Exclude == kLeftOut) lines += Caption(Text::EntryIsLeftOut);
+  return lines.join(role == Qt::ToolTipRole ? QLatin1Char('\n') : QLatin1Char(' '));
+}
+
+void FileListModel::Mark(const std::vector<SourceState>& states) {
+  if (missingIcon_.isNull()) {
+    missingIcon_ = QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+  }
+  bool isChanged = false;
+  for (const SourceState& state : states) {
+    isChanged |= state.missing ? missing_.insert(state.id).second : missing_.erase(state.id) > 0;
+  }
+  if (!isChanged || shown_.empty()) return;
+  Q_EMIT dataChanged(index(0, kFileName), index(rowCount() - 1, kFileName));
 }
 
 QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int role) const {

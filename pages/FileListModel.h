@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QIcon>
 #include <QString>
 #include <cstdint>
 #include <string>
@@ -9,12 +10,14 @@
 #include <vector>
 
 #include "model/FileEntries.h"
+#include "pages/SourceCheck.h"
 
 namespace pages {
 
 /// Two columns: the source file's path, and the place at the destination as the installation
 /// script names it. A row refers to its entry and copies nothing, so that a component of many
-/// thousand entries is shown at once. Rows stand in the collection's order unless they are sorted.
+/// thousand entries is shown at once. Entries that builds leave out are greyed. Rows stand in the
+/// collection's order unless they are sorted.
 class FileListModel : public QAbstractTableModel {
   Q_OBJECT
 
@@ -29,6 +32,8 @@ class FileListModel : public QAbstractTableModel {
   /// Shows only those whose source path holds every word of the text, in any case.
   void SetFilter(const QString& text);
   [[nodiscard]] bool HasFilter() const { return !words_.isEmpty(); }
+  /// Marks entries whose sources are missing, and takes the marks from those whose are not.
+  void Mark(const std::vector<SourceState>& states);
   /// The number of entries with this destination folder, whether the filter shows them or not.
   [[nodiscard]] int CountInFolder() const { return static_cast<int>(inFolder_.size()); }
 
@@ -46,12 +51,15 @@ class FileListModel : public QAbstractTableModel {
   void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
  private:
+  [[nodiscard]] QVariant FileNameData(const model::ICFile& entry, int role) const;
   void Arrange();
   void SortRows();
   [[nodiscard]] bool PassesFilter(const model::ICFile& entry) const;
 
   std::vector<const model::ICFile*> inFolder_;  ///< in the collection's order
   std::vector<const model::ICFile*> shown_;
+  std::unordered_set<std::string> missing_;  ///< IDs of entries whose sources are
+  QIcon missingIcon_;                        ///< made when it is first needed
   QStringList words_;
   int sortColumn_ = -1;
   Qt::SortOrder sortOrder_ = Qt::AscendingOrder;

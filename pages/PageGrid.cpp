@@ -16,7 +16,9 @@ grid::GridTexts Texts() {
           .prompt = Caption(Text::EnterPropertyValue),
           .oldValue = Caption(Text::OldValue),
           .newValue = Caption(Text::NewValueLabel),
-          .reset = Caption(Text::ResetToDefault)};
+          .reset = Caption(Text::ResetToDefault),
+          .browse = Caption(Text::Browse),
+          .knownValues = Caption(Text::KnownValues)};
 }
 
 bool StartsEdit(const QKeyEvent& event) {

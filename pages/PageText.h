@@ -1,6 +1,7 @@
 // The texts of the editor pages.
 #pragma once
 
+#include <QLocale>
 #include <QString>
 
 #include "model/TextTable.h"
@@ -12,5 +13,10 @@ using model::Text;
 
 /// A text of the table as Qt shows it.
 [[nodiscard]] inline QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
+
+/// 50000 as "50.000".
+[[nodiscard]] inline QString GermanNumber(qlonglong number) {
+  return QLocale(QLocale::German, QLocale::Germany).toString(number);
+}
 
 }  // namespace pages

@@ -1,7 +1,11 @@
 #include "pages/TargetFolders.h"
 
+#include <QFont>
+
 #include "model/FolderTable.h"
 #include "pages/PageText.h"
+#include "tools/desktop/GreyedText.h"
+#include "tools/desktop/ListViewStyle.h"
 
 namespace pages {
 
@@ -13,21 +17,47 @@ constexpr std::int32_t kLastShellFolder = 100;
 constexpr std::int32_t kFirstOwnFolder = 2000;
 constexpr std::int32_t kLastOwnFolder = 2020;
 
-bool IsKnown(std::int32_t number) { return !model::FolderMacro(number).empty(); }
+constexpr int kCountRole = Qt::UserRole + 1;
+
+/// Draws the count at the right end of a folder's line.
+class CountDelegate : public tools::ListItemDelegate {
+ public:
+  using ListItemDelegate::ListItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    ListItemDelegate::paint(painter, option, index);
+    const int count = index.data(kCountRole).toInt();
+    if (count == 0) return;
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    const int gap = item.fontMetrics.averageCharWidth();
+    tools::DrawGreyedText(*painter, item, item.rect.adjusted(0, 0, -gap, 0),
+                          Qt::AlignRight | Qt::AlignVCenter, GermanNumber(count));
+  }
+};
 
 }  // namespace
+
+bool IsTargetFolder(std::int32_t number) { return !model::FolderMacro(number).empty(); }
+
+std::map<std::int32_t, int> CountByFolder(const model::FileEntries& entries) {
+  std::map<std::int32_t, int> counts;
+  for (const model::ICFile& entry : entries) ++counts[entry.TargetFolder];
+  return counts;
+}
 
 std::vector<std::int32_t> TargetFolderNumbers() {
   std::vector<std::int32_t> numbers;
   for (std::int32_t number = 1; number <= kLastOwnFolder; ++number) {
     const bool isListed = number <= kLastShellFolder || number >= kFirstOwnFolder;
-    if (isListed && IsKnown(number)) numbers.push_back(number);
+    if (isListed && IsTargetFolder(number)) numbers.push_back(number);
   }
   return numbers;
 }
 
 QString TargetFolderCaption(std::int32_t number) {
-  if (!IsKnown(number)) {
+  if (!IsTargetFolder(number)) {
     return Caption(Text::UnknownTargetFolder).replace(u"%number%"_s, QString::number(number));
   }
   const QString name = tools::ToQString(model::FolderDisplayName(number));
@@ -39,6 +69,22 @@ void FillTargetFolders(QComboBox& box) {
     box.addItem(TargetFolderCaption(number), number);
   }
   box.setCurrentIndex(0);
+  box.setItemDelegate(new CountDelegate(&box));
+}
+
+void ShowFolderCounts(QComboBox& box, const model::FileEntries& entries) {
+  const std::map<std::int32_t, int> counts = CountByFolder(entries);
+  for (int i = 0; i < box.count(); ++i) {
+    const auto found = counts.find(box.itemData(i).toInt());
+    const int count = found == counts.end() ? 0 : found->second;
+    if (box.itemData(i, kCountRole).toInt() == count) continue;
+    QFont font = box.font();
+    font.setBold(count > 0);
+    box.setItemData(i, count, kCountRole);
+    box.setItemData(i, font, Qt::FontRole);
+    box.setItemData(i, count == 0 ? QVariant() : box.itemText(i) + u", "_s + GermanNumber(count),
+                    Qt::AccessibleTextRole);
+  }
 }
 
 }  // namespace pages

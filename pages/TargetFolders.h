@@ -3,7 +3,10 @@
 
 #include <QComboBox>
 #include <cstdint>
+#include <map>
 #include <vector>
+
+#include "model/FileEntries.h"
 
 namespace pages {
 
@@ -14,7 +17,17 @@ namespace pages {
 /// one of the program's own; of an unknown number that it is unknown.
 [[nodiscard]] QString TargetFolderCaption(std::int32_t number);
 
+/// True for the number of a folder that there is.
+[[nodiscard]] bool IsTargetFolder(std::int32_t number);
+
+/// How many entries each folder gets, by its number.
+[[nodiscard]] std::map<std::int32_t, int> CountByFolder(const model::FileEntries& entries);
+
 /// Fills the box with all folders, their numbers as the items' data.
 void FillTargetFolders(QComboBox& box);
+
+/// Makes the box draw folders that get entries bold, with their numbers behind them. The items'
+/// texts stay.
+void ShowFolderCounts(QComboBox& box, const model::FileEntries& entries);
 
 }  // namespace pages

@@ -11,6 +11,7 @@
 #include <cmath>
 
 #include "model/SettingNames.h"
+#include "pages/KnownPageValues.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/Numbers.h"
@@ -113,6 +114,10 @@ void tabBuildOptions::ConnectEvents() {
   propsConfig->OnEditProperty([this](const QString& key, QString&, EditReaction& reaction) {
     // What is edited while no configuration is shown would be stored nowhere.
     if (key == kNameRow || shownPosition_ < 0) reaction = EditReaction::NotEditable;
+  });
+  propsConfig->OnValueHelp([&dialogs = services_.dialogs](const QString& key) {
+    if (key == kLanguageRow) return LanguageHelp();
+    return key == kFolderRow ? FolderHelp(dialogs) : grid::ValueHelp();
   });
   propsConfig->OnPropertyChanged([this](const QString&, const QString&) { SetDirty(true); });
 }

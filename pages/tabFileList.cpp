@@ -18,13 +18,17 @@
 
 #include "model/FolderTable.h"
 #include "pages/AddedFiles.h"
+#include "pages/EmptyFileHint.h"
 #include "pages/FileFilter.h"
 #include "pages/FileListDocument.h"
 #include "pages/FileListMenu.h"
 #include "pages/FileProperties.h"
+#include "pages/KnownPageValues.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
+#include "pages/SourceMarks.h"
 #include "pages/TargetFolders.h"
+#include "pages/UnknownTargets.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
@@ -89,6 +93,7 @@ void tabFileList::BuildBrowser() {
   FillTargetFolders(*cmbDestinationFolder);
   BuildList();
   filter_ = new FileFilter(*shownEntries_, *lsvBrowser);
+  emptyHint_ = new EmptyFileHint(*lsvBrowser);
 
   auto* layout = new QVBoxLayout(fraBrowser);
   layout->addLayout(folder);
@@ -168,6 +173,18 @@ void tabFileList::ConnectEvents() {
   connect(document_, &FileListDocument::Changed, this, &tabFileList::ShowChange);
   connect(&document_->Steps(), &QUndoStack::indexChanged, this,
           [this] { SetDirty(!document_->Steps().isClean()); });
+  connect(new FileDrop(*this), &FileDrop::Dropped, this,
+          Guarded(dialogs, [this](const DroppedPaths& dropped) { AddDropped(dropped); }));
+  new SourceMarks(*this, *document_, *shownEntries_, services_.project, dialogs);
+  connect(shownEntries_, &FileListModel::modelReset, this,
+          [this] { emptyHint_->Update(document_->Entries(), shownEntries_->HasFilter()); });
+  connect(emptyHint_, &EmptyFileHint::FilterUnwanted, filter_, &FileFilter::Clear);
+  connect(emptyHint_, &EmptyFileHint::FolderWanted, this, [this](std::int32_t number) {
+    cmbDestinationFolder->setCurrentIndex(cmbDestinationFolder->findData(number));
+    lsvBrowser->setFocus(Qt::TabFocusReason);
+  });
+  connect(emptyHint_, &EmptyFileHint::UnknownFoldersWanted, this,
+          Guarded(dialogs, [this] { MendUnknownTargets(); }));
   connect(mnuAddFile, &QAction::triggered, this, Guarded(dialogs, [this] { AddFiles(); }));
   connect(cmdAddFile, &QPushButton::clicked, mnuAddFile, &QAction::trigger);
   connect(mnuAddDirectory[0], &QAction::triggered, this,
@@ -181,6 +198,7 @@ void tabFileList::ConnectEvents() {
   // Its source may have come or changed meanwhile.
   connect(lsvBrowser, &QTreeView::clicked, this,
           Guarded(dialogs, [this] { ShowSelectedEntries(); }));
+  propsFile->OnValueHelp([&dialogs](const QString& name) { return FileFieldHelp(name, dialogs); });
   propsFile->OnEditProperty([](const QString& name, QString&, EditReaction& reaction) {
     if (!IsFilePropertyEditable(name)) reaction = EditReaction::NotEditable;
   });
@@ -214,6 +232,7 @@ void tabFileList::SettingsWritten() { document_->Written(); }
 void tabFileList::RefreshFileList() {
   shownEntries_->Show(document_->Entries(), ChosenFolder());
   filter_->ShowCount(document_->Entries().Count());
+  ShowFolderCounts(*cmbDestinationFolder, document_->Entries());
   propsFile->Clear();
 }
 
@@ -244,6 +263,24 @@ void tabFileList::AddFiles() { AddFileEntries(AskForFiles(services_.dialogs)); }
 void tabFileList::AddFolder(bool withSubfolders) {
   const tools::WaitCursor wait;
   AddFileEntries(AskForFolder(services_.dialogs, withSubfolders));
+}
+
+void tabFileList::AddDropped(const DroppedPaths& dropped) {
+  const tools::WaitCursor wait;
+  AddFileEntries(FilesIn(services_.dialogs, dropped));
+}
+
+void tabFileList::MendUnknownTargets() {
+  UnknownTargets dialog(document_->Entries(), window());
+  if (dialog.exec() != QDialog::Accepted) return;
+  const std::vector<std::string> ids = dialog.Chosen();
+  std::vector<FieldEdit> edits;
+  for (const std::string& id : ids) {
+    edits.push_back({id, "TargetFolder", std::to_string(dialog.Target())});
+  }
+  document_->Set(edits);
+  TellOfChange(u"TargetFolder"_s, ids);
+  ChooseFolderOf(document_->Find(ids));
 }
 
 void tabFileList::RemoveSelected() {

@@ -21,8 +21,10 @@ class QTreeView;
 
 namespace pages {
 
+class EmptyFileHint;
 class FileFilter;
 class FileListDocument;
+struct DroppedPaths;
 
 /// Lists the entries of one destination folder at a time and shows the fields of the selected ones
 /// in a grid. All changes stay in memory until they are applied, and can be undone until then.
@@ -67,9 +69,12 @@ class tabFileList : public EditorPage {
 
   void AddFiles();
   void AddFolder(bool withSubfolders);
+  void AddDropped(const DroppedPaths& dropped);
   /// Those paths that cannot be added are named by the error, the others are added.
   void AddFileEntries(const std::vector<std::string>& paths);
   void RemoveSelected();
+  /// Lets the author set the destinations of entries whose folder is unknown.
+  void MendUnknownTargets();
   /// The entries selected in the list, in its order.
   [[nodiscard]] std::vector<const model::ICFile*> SelectedEntries() const;
   [[nodiscard]] std::vector<std::string> SelectedIds() const;
@@ -87,6 +92,7 @@ class tabFileList : public EditorPage {
   FileListDocument* document_;
   FileListModel* shownEntries_;
   FileFilter* filter_ = nullptr;
+  EmptyFileHint* emptyHint_ = nullptr;
 
   QGroupBox* fraBrowser;
   QLabel* lblDestinationFolder;

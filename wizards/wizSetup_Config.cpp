@@ -10,13 +10,13 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "model/Languages.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
-#include "wizards/Languages.h"
 
 namespace wizards {
 
@@ -32,8 +32,8 @@ void PrepareLanguages(QComboBox& box) {
   box.setObjectName(u"cmbLanguage"_s);
   box.setEditable(true);
   box.setInsertPolicy(QComboBox::NoInsert);
-  for (const Language& language : CommonLanguages()) {
-    box.addItem(ToQString(LanguageText(std::to_string(language.lcid))));
+  for (const model::Language& language : model::CommonLanguages()) {
+    box.addItem(ToQString(model::LanguageText(std::to_string(language.lcid))));
   }
   box.completer()->setFilterMode(Qt::MatchContains);
   box.completer()->setCompletionMode(QCompleter::PopupCompletion);
@@ -139,7 +139,7 @@ void wizSetup_Config::ChooseConfiguration(std::int32_t configuration) {
 
 wizSetup_Config::Proposal wizSetup_Config::ProposalOf(std::int32_t configuration) const {
   Proposal proposal = stored_.Of(configuration);
-  std::string number = LanguageNumber(proposal.language);
+  std::string number = model::LanguageNumber(proposal.language);
   if (!number.empty()) proposal.language = std::move(number);
   return proposal;
 }
@@ -156,7 +156,7 @@ void wizSetup_Config::Follow(const Proposal& before, std::int32_t configuration)
 
 void wizSetup_Config::TakeLanguage() {
   const std::string typed = tools::ToUtf8(cmbLanguage_->currentText());
-  const std::string number = LanguageNumber(typed);
+  const std::string number = model::LanguageNumber(typed);
   // What is stored stays even when it names no language.
   const bool isStored = typed == ProposalOf(Configuration()).language;
   SetValue("language", isStored ? typed : number);
@@ -165,12 +165,12 @@ void wizSetup_Config::TakeLanguage() {
 
 void wizSetup_Config::ShowLanguage() {
   const QSignalBlocker quiet(cmbLanguage_);
-  const QString text = ToQString(LanguageText(Value("language")));
+  const QString text = ToQString(model::LanguageText(Value("language")));
   const std::string configured = ProposalOf(Configuration()).language;
   cmbLanguage_->lineEdit()->setPlaceholderText(
       configured.empty() ? QString()
                          : ToQString(tools::ReplaceAll(LoadText(Text::AsConfigured), "%language%",
-                                                       LanguageText(configured))));
+                                                       model::LanguageText(configured))));
   cmbLanguage_->setCurrentIndex(cmbLanguage_->findText(text));
   cmbLanguage_->setEditText(text);
   lblLanguageNote_->hide();

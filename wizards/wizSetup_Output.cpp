@@ -11,12 +11,12 @@
 
 #include "engine/OutputFolder.h"
 #include "engine/Survey.h"
+#include "model/Languages.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
-#include "wizards/Languages.h"
 
 namespace wizards {
 
@@ -136,7 +136,7 @@ void wizSetup_Output::ShowValues() {
   Show(*txtOverviewProduct_, project_.ProductTitle());
   Show(*txtOverviewVersion_, project_.VersionString(versionIndex_));
   Show(*txtOverviewConfiguration_, ConfigurationName(Value("config")));
-  Show(*txtOverviewLanguage_, LanguageText(Value("language")));
+  Show(*txtOverviewLanguage_, model::LanguageText(Value("language")));
   // Once, not with every key: that reads every component.
   places_.emplace(project_, versionIndex_, engine::SourceFoldersOf(project_, versionIndex_),
                   programFolder_);

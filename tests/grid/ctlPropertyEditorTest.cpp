@@ -1,3 +1,4 @@
+#include "grid/MeaningDelegate.h"
 #include "grid/ctlPropertyEditor.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tools/Error.h"
@@ -105,6 +106,19 @@ class ctlPropertyEditorTest : public QObject {
       f.grid.EditProperty("B");
     }
     QCOMPARE(f.changes, QStringList({"B=zweiB", "B=zweiBB"}));
+  }
+
+  void ValuesCarryTheirMeanings() {
+    Fixture f;
+    f.grid.OnValueHelp([](const QString& key) {
+      return key == "B" ? grid::ValueHelp{.values = {{"1", "Ja"}}} : grid::ValueHelp();
+    });
+    const auto meaning = [&f] { return f.Cell(1, 1).data(grid::kMeaningRole).toString(); };
+    f.grid.SetProperty("B", "1");
+    QCOMPARE(meaning() + f.Cell(1, 1).data(Qt::ToolTipRole).toString(), "Ja1  Ja");
+    QCOMPARE(Rows(f.List()), "Zielordner=eins|Version=1");
+    f.grid.SetProperty("B", "2");
+    QCOMPARE(meaning(), "");
   }
 
   void ARefusedEditChangesNothing() {

@@ -1,4 +1,6 @@
+#include <QAbstractItemView>
 #include <QClipboard>
+#include <QCompleter>
 
 #include "grid/frmEditProperty.h"
 #include "tests/support/desktop/Widgets.h"
@@ -85,6 +87,40 @@ class frmEditPropertyTest : public QObject {
     QCOMPARE(Shown(f.dialog, {"txtNewValue", "txtOldValue"}), "Vorgabe|alter Text");
     Press(f.dialog, "cmdOK");
     QCOMPARE(f.dialog.Value(), "Vorgabe");
+  }
+
+  void AKnownValueIsPickedFromTheListBelowTheField() {
+    Fixture f("38");
+    f.dialog.SetHelp({.values = {{"38", "Programme"}, {"2001", "Installationsordner"}}});
+    QAbstractItemView& list = *f.dialog.findChild<QCompleter*>()->popup();
+    for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::AltModifier}) {
+      QTest::keyClick(&f.newValue, Qt::Key_Down, held);
+      QVERIFY(list.isVisible());
+      QCOMPARE(list.currentIndex().data(), "38");
+      QTest::keyClick(&list, Qt::Key_Escape);
+    }
+    QTest::keyClick(&f.newValue, Qt::Key_Down);
+    QTest::keyClicks(&f.newValue, "install");
+    QCOMPARE(Rows(list), "2001");
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::keyClick(&list, Qt::Key_Return);
+    QCOMPARE(f.newValue.text(), "2001");
+    QTest::keyClicks(&f.newValue, "3");
+    QVERIFY(!list.isVisible());
+    QTest::keyClick(&f.newValue, Qt::Key_Return);
+    QCOMPARE(f.dialog.Value(), "3");
+  }
+
+  void AFolderIsBrowsedFor() {
+    Fixture f;
+    QVERIFY(Child(f.dialog, "cmdBrowse").isHidden());
+    QString chosen;
+    f.dialog.SetHelp({.browse = [&chosen] { return chosen; }});
+    for (const char* folder : {"/ordner", ""}) {
+      chosen = folder;
+      Press(f.dialog, "cmdBrowse");
+      QCOMPARE(f.newValue.text(), "/ordner");
+    }
   }
 
   void LongTextsStayWhole() {

@@ -1,5 +1,7 @@
 #include <QDir>
 #include <QHeaderView>
+#include <QLabel>
+#include <QMimeData>
 #include <filesystem>
 
 #include "tests/support/desktop/PageFixture.h"
@@ -7,6 +9,7 @@
 namespace tests {
 
 using model::Text;
+using tools::MessageAnswer;
 
 namespace {
 
@@ -17,6 +20,8 @@ constexpr const char* kThreeEntries =
     "TargetFolder=2\n[File2]\nID=b\nType=1\nOverwrite=1\nSourcePath=y\nSourceName=b\n"
     "TargetFolder=2\n[File3]\nID=c\nType=1\nOverwrite=1\nSourcePath=z\nSourceName=c10\n"
     "TargetFolder=2\n";
+
+QString LoadedText(Text text) { return tools::ToQString(model::LoadText(text)); }
 
 /// The page of a component with these entries.
 struct Fixture : PageFixture {
@@ -236,6 +241,76 @@ class tabFileListTest : public QObject {
     }
     QCOMPARE(f.List().model()->rowCount(), 4);
     QCOMPARE(f.List().selectionModel()->selectedRows().value(0).row(), 3);
+  }
+
+  void DroppedFilesAndFoldersAreAdded() {
+    Fixture f("");
+    for (const char* name : {"Q/a", "D/b", "D/tief/c"}) f.folder.Write(name, "x");
+    constexpr auto kActions = Qt::MoveAction | Qt::CopyAction;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(f.Path("Q/a")), QUrl::fromLocalFile(f.Path("D"))});
+    for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+      f.dialogs.ExpectQuestion(Text::WithSubfolders, answer);
+      QDragEnterEvent enter(QPoint(9, 9), kActions, &data, Qt::LeftButton, {});
+      QApplication::sendEvent(f.page, &enter);
+      QDropEvent drop(QPointF(9, 9), kActions, &data, Qt::LeftButton, {});
+      QApplication::sendEvent(f.page, &drop);
+      QCOMPARE(drop.dropAction(), Qt::CopyAction);
+      const int rows = answer == MessageAnswer::No ? 2 : 5;
+      QTRY_COMPARE(f.List().model()->rowCount(), rows);
+    }
+    QVERIFY(Rows(f.List()).endsWith(f.Path("D/tief/c") + "=%ProgramsDir%\\"));
+  }
+
+  void SourcesThatAreMissingAndEntriesLeftOutAreMarked() {
+    Fixture f(
+        "[Files]\nCount=3\n[File1]\nID=a\nType=1\nSourcePath=q\nSourceName=da\nTargetFolder=2\n"
+        "[File2]\nID=b\nType=1\nSourcePath=q\nSourceName=weg\nTargetFolder=2\n"
+        "[File3]\nID=c\nType=2\nSourcePath=q\nSourceName=*\nTargetFolder=2\nExclude=1\n");
+    const auto marks = [&f](int role) {
+      QString marked;
+      for (int row = 0; row < 3; ++row) {
+        const QVariant mark = f.List().model()->index(row, 0).data(role);
+        marked += mark.isNull() ? "-" : "x";
+      }
+      return marked;
+    };
+    QCOMPARE(marks(Qt::ForegroundRole), "--x");
+    QTRY_COMPARE(marks(Qt::DecorationRole), "xxx");
+    f.folder.Write("Produkt/q/da", "x");
+    QEvent activation(QEvent::WindowActivate);
+    QApplication::sendEvent(f.page, &activation);
+    QTRY_COMPARE(marks(Qt::DecorationRole), "-x-");
+    QVERIFY(f.List()
+                .model()
+                ->index(1, 0)
+                .data(Qt::ToolTipRole)
+                .toString()
+                .contains(LoadedText(Text::SourceIsMissing)));
+  }
+
+  void AnEmptyListLeadsOnToTheEntries() {
+    Fixture f(
+        "[Files]\nCount=3\n[File1]\nID=a\nTargetFolder=0\n[File2]\nID=b\nTargetFolder=2001\n"
+        "[File3]\nID=c\nTargetFolder=2001\n");
+    auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
+    const auto isBold = [&folders](int number) {
+      return folders.itemData(folders.findData(number), Qt::FontRole).value<QFont>().bold();
+    };
+    QVERIFY(isBold(2001) && !isBold(2));
+    auto& hint = Child<QLabel>(*f.page, "lblEmptyFileList");
+    QVERIFY(hint.text().contains("2 in Installationsordner</a>"));
+    QVERIFY(hint.text().contains("1 in unbekanntem Ordner (0)</a>"));
+    ModalScript script;
+    script.ExpectAndPress("unknownTargets", "cmdOK");
+    hint.setFocus();
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}) {
+      QTest::keyClick(&hint, key);
+    }
+    QCOMPARE(f.List().model()->rowCount(), 1);
+    QVERIFY(hint.isHidden() && isBold(2));
+    Type(Child(*f.page, "txtFilter"), "nichts");
+    QCOMPARE(hint.text().section(' ', 0, 4), LoadedText(Text::NoEntryPassesFilter));
   }
 
   void TheListIsFilteredAndSorted() {

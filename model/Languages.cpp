@@ -1,4 +1,4 @@
-#include "wizards/Languages.h"
+#include "model/Languages.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,7 @@
 
 #include "tools/Text.h"
 
-namespace wizards {
+namespace model {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::string LanguageNumber(const std::string& typed) {
   return {};
 }
 
-}  // namespace wizards
+}  // namespace model

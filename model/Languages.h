@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-namespace wizards {
+namespace model {
 
 struct Language {
   std::int32_t lcid;
@@ -23,4 +23,4 @@ struct Language {
 /// this name or LanguageText (case does not count). Empty when it is none of these.
 [[nodiscard]] std::string LanguageNumber(const std::string& typed);
 
-}  // namespace wizards
+}  // namespace model

@@ -1,0 +1,111 @@
+#include "grid/ValueCompleter.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPixmap>
+#include <QStandardItemModel>
+
+#include "grid/MeaningDelegate.h"
+
+namespace grid {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSearchedRole = Qt::UserRole + 2;
+constexpr int kMostRows = 12;
+constexpr int kArrowSize = 16;  ///< pixels, at 100 %
+
+QStandardItemModel* ModelOf(const std::vector<KnownValue>& values, QObject* parent) {
+  auto* model = new QStandardItemModel(parent);
+  for (const KnownValue& known : values) {
+    auto* item = new QStandardItem(known.value);
+    const QString both = known.value + u"  "_s + known.meaning;
+    item->setData(known.meaning, kMeaningRole);
+    item->setData(both, kSearchedRole);
+    item->setData(both, Qt::AccessibleTextRole);
+    model->appendRow(item);
+  }
+  return model;
+}
+
+/// A triangle in the text's colour: the style's own arrows are made for light palettes.
+QIcon ArrowIcon(const QWidget& widget) {
+  const qreal scale = widget.devicePixelRatioF();
+  QPixmap picture(QSize(kArrowSize, kArrowSize) * scale);
+  picture.setDevicePixelRatio(scale);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(widget.palette().color(QPalette::Text));
+  painter.drawPolygon(QPolygonF({{4, 6}, {12, 6}, {8, 11}}));
+  painter.end();
+  return picture;
+}
+
+}  // namespace
+
+ValueCompleter::ValueCompleter(QLineEdit& field, const std::vector<KnownValue>& values)
+    : QCompleter(&field), field_(field) {
+  setModel(ModelOf(values, this));
+  setCompletionRole(kSearchedRole);
+  setFilterMode(Qt::MatchContains);
+  setCaseSensitivity(Qt::CaseInsensitive);
+  setMaxVisibleItems(kMostRows);
+  popup()->setObjectName(u"lstKnownValues"_s);
+  popup()->setItemDelegate(new MeaningDelegate(this));
+  setWidget(&field);
+  AddArrow();
+  connect(&field, &QLineEdit::textEdited, this, &ValueCompleter::Narrow);
+  connect(this, qOverload<const QString&>(&QCompleter::activated), this, &ValueCompleter::Take);
+}
+
+void ValueCompleter::AddArrow() {
+  QAction* arrow = field_.addAction(ArrowIcon(field_), QLineEdit::TrailingPosition);
+  connect(arrow, &QAction::triggered, this, &ValueCompleter::Open);
+}
+
+void ValueCompleter::Open() {
+  field_.setFocus();
+  setCompletionPrefix({});
+  complete();
+  const QModelIndexList current = completionModel()->match(
+      completionModel()->index(0, 0), Qt::DisplayRole, field_.text(), 1, Qt::MatchExactly);
+  if (!current.isEmpty()) popup()->setCurrentIndex(current.front());
+}
+
+void ValueCompleter::Narrow(const QString& text) {
+  if (!popup()->isVisible()) return;
+  setCompletionPrefix(text);
+  if (completionCount() > 0) {
+    complete();
+  } else {
+    popup()->hide();
+  }
+}
+
+void ValueCompleter::Take(const QString& value) {
+  field_.setText(value);
+  field_.setModified(true);
+  field_.selectAll();
+}
+
+QString ValueCompleter::pathFromIndex(const QModelIndex& index) const {
+  return index.data(Qt::DisplayRole).toString();
+}
+
+bool ValueCompleter::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &field_ && event->type() == QEvent::KeyPress && !popup()->isVisible() &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+    Open();
+    return true;
+  }
+  return QCompleter::eventFilter(watched, event);
+}
+
+}  // namespace grid

@@ -1,0 +1,95 @@
+#include "pages/EmptyFileHint.h"
+
+#include <QAbstractItemView>
+#include <QEvent>
+
+#include "pages/PageText.h"
+#include "pages/TargetFolders.h"
+
+namespace pages {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kUnknown = "unknown"_L1;
+constexpr auto kFilter = "filter"_L1;
+constexpr int kMargin = 12;  ///< pixels
+
+QString Link(const QString& target, const QString& text) {
+  return u"<a href=\"%1\">%2</a>"_s.arg(target, text.toHtmlEscaped());
+}
+
+QString CountIn(int count, const QString& folder) {
+  return Caption(Text::FilesInFolder)
+      .replace(u"%count%"_s, GermanNumber(count))
+      .replace(u"%folder%"_s, folder);
+}
+
+/// "5 in Installationsordner, 1 in unbekanntem Ordner (0)", each a link.
+QString OtherFolders(const model::FileEntries& entries) {
+  QStringList links;
+  QStringList unknown;
+  for (const auto& [number, count] : CountByFolder(entries)) {
+    if (IsTargetFolder(number)) {
+      links += Link(QString::number(number), CountIn(count, TargetFolderCaption(number)));
+    } else {
+      const QString folder =
+          Caption(Text::InUnknownFolder).replace(u"%number%"_s, QString::number(number));
+      unknown += Link(kUnknown, CountIn(count, folder));
+    }
+  }
+  return (links + unknown).join(u", "_s);
+}
+
+}  // namespace
+
+EmptyFileHint::EmptyFileHint(QAbstractItemView& list) : QLabel(list.viewport()), list_(list) {
+  setObjectName(u"lblEmptyFileList"_s);
+  setTextFormat(Qt::RichText);
+  setWordWrap(true);
+  setAlignment(Qt::AlignCenter);
+  setMargin(kMargin);
+  setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  hide();
+  list.viewport()->installEventFilter(this);
+  connect(this, &QLabel::linkActivated, this, &EmptyFileHint::Follow);
+}
+
+void EmptyFileHint::Update(const model::FileEntries& entries, bool isFiltered) {
+  if (list_.model()->rowCount() > 0) {
+    hide();
+    return;
+  }
+  QString text;
+  if (isFiltered) {
+    text = Caption(Text::NoEntryPassesFilter).toHtmlEscaped() + u' ' +
+           Link(kFilter, Caption(Text::RemoveFilter));
+  } else if (entries.Count() == 0) {
+    text = Caption(Text::NoFilesYet).toHtmlEscaped();
+  } else {
+    text = Caption(Text::NoFilesInFolder).toHtmlEscaped() + u' ' + OtherFolders(entries);
+  }
+  setText(text);
+  Place();
+  show();
+}
+
+void EmptyFileHint::Follow(const QString& link) {
+  if (link == kFilter) {
+    Q_EMIT FilterUnwanted();
+  } else if (link == kUnknown) {
+    Q_EMIT UnknownFoldersWanted();
+  } else {
+    Q_EMIT FolderWanted(link.toInt());
+  }
+}
+
+void EmptyFileHint::Place() { setGeometry(list_.viewport()->rect()); }
+
+bool EmptyFileHint::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) Place();
+  return QLabel::eventFilter(watched, event);
+}
+
+}  // namespace pages

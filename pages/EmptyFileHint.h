@@ -1,0 +1,37 @@
+// What the file list says while it shows no entry, with links that lead on.
+#pragma once
+
+#include <QLabel>
+#include <cstdint>
+
+#include "model/FileEntries.h"
+
+class QAbstractItemView;
+
+namespace pages {
+
+/// Lies over the list's empty rows. Its links are reached by Tab and opened by Enter.
+class EmptyFileHint : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit EmptyFileHint(QAbstractItemView& list);
+
+  /// Says where the entries are when the list shows none; `isFiltered`: the filter hides some.
+  void Update(const model::FileEntries& entries, bool isFiltered);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ Q_SIGNALS:
+  void FolderWanted(std::int32_t number);
+  void UnknownFoldersWanted();
+  void FilterUnwanted();
+
+ private:
+  void Follow(const QString& link);
+  void Place();
+
+  QAbstractItemView& list_;
+};
+
+}  // namespace pages

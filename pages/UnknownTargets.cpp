@@ -1,0 +1,83 @@
+#include "pages/UnknownTargets.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "model/FolderTable.h"
+#include "pages/PageText.h"
+#include "pages/TargetFolders.h"
+#include "tools/desktop/FormStyle.h"
+#include "tools/desktop/ListViewStyle.h"
+#include "tools/files/Path.h"
+
+namespace pages {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kSize(560, 360);  ///< pixels, at first
+
+}  // namespace
+
+UnknownTargets::UnknownTargets(const model::FileEntries& entries, QWidget* parent)
+    : QDialog(parent), lsvEntries(new QTreeWidget), cmbTarget(new QComboBox) {
+  setObjectName(u"unknownTargets"_s);
+  setWindowTitle(Caption(Text::UnknownFoldersCaption));
+  setFont(tools::FormFont());
+  ListEntries(entries);
+  auto* label = new QLabel(Caption(Text::NewTargetFolder));
+  cmbTarget->setObjectName(u"cmbTarget"_s);
+  cmbTarget->setAccessibleName(label->text());
+  FillTargetFolders(*cmbTarget);
+  label->setBuddy(cmbTarget);
+  QDialogButtonBox* buttons = tools::MakeOkCancelButtons(this);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
+  connect(lsvEntries, &QTreeWidget::itemSelectionChanged, ok,
+          [this, ok] { ok->setEnabled(!lsvEntries->selectedItems().isEmpty()); });
+
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(lsvEntries, 1);
+  layout->addWidget(label);
+  layout->addWidget(cmbTarget);
+  layout->addSpacing(layout->spacing());
+  layout->addWidget(buttons);
+  resize(kSize);
+}
+
+void UnknownTargets::ListEntries(const model::FileEntries& entries) {
+  lsvEntries->setObjectName(u"lsvEntries"_s);
+  lsvEntries->setAccessibleName(windowTitle());
+  lsvEntries->setHeaderLabels({Caption(Text::FileNameColumn), Caption(Text::FolderNumberColumn)});
+  tools::ApplyListViewStyle(*lsvEntries);
+  lsvEntries->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  lsvEntries->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  for (const model::ICFile& entry : entries) {
+    if (IsTargetFolder(entry.TargetFolder)) continue;
+    const std::string source = tools::JoinPath(entry.SourcePath, entry.SourceName);
+    lsvEntries->addTopLevelItem(
+        new QTreeWidgetItem({tools::ToQString(source), QString::number(entry.TargetFolder)}));
+    ids_.push_back(entry.ID);
+  }
+  lsvEntries->selectAll();
+}
+
+std::vector<std::string> UnknownTargets::Chosen() const {
+  std::vector<std::string> ids;
+  const QList<QTreeWidgetItem*> items = lsvEntries->selectedItems();
+  for (QTreeWidgetItem* item : items) {
+    ids.push_back(ids_.at(static_cast<std::size_t>(lsvEntries->indexOfTopLevelItem(item))));
+  }
+  return ids;
+}
+
+std::int32_t UnknownTargets::Target() const { return cmbTarget->currentData().toInt(); }
+
+}  // namespace pages
