@@ -20,6 +20,8 @@ namespace setting {
 inline constexpr SettingName kFormat{"General", "Version"};
 inline constexpr SettingName kProductTitle{"Product", "Title"};
 inline constexpr SettingName kProductAuthor{"Product", "Author"};
+/// Whether sources below the product's folder are added as relative ones: 1, 0; empty: ask.
+inline constexpr SettingName kRelativeSources{"Sources", "Relative"};
 inline constexpr SettingName kVersionCount{"Versions", "Count", "0"};
 
 // Of a version's file.

@@ -21,6 +21,12 @@ const model::FileEntryField* FieldOf(std::string_view name) {
 
 }  // namespace
 
+std::vector<std::string> IdsOf(const std::vector<FieldEdit>& edits) {
+  std::vector<std::string> ids;
+  for (const FieldEdit& edit : edits) ids.push_back(edit.id);
+  return ids;
+}
+
 /// Adds entries or removes them. Made after the fact: an undo stack is no place for errors.
 class FileListDocument::Presence : public QUndoCommand {
  public:
@@ -93,11 +99,7 @@ class FileListDocument::Fields : public QUndoCommand {
       document_.entries_.SetField(edit.id, edit.field, edit.text);
     }
   }
-  void Tell(bool repeated) {
-    std::vector<std::string> ids;
-    for (const FieldEdit& edit : edits_) ids.push_back(edit.id);
-    Q_EMIT document_.Changed(ids, repeated);
-  }
+  void Tell(bool repeated) { Q_EMIT document_.Changed(IdsOf(edits_), repeated); }
 
   FileListDocument& document_;
   std::vector<FieldEdit> edits_;
@@ -107,6 +109,9 @@ class FileListDocument::Fields : public QUndoCommand {
 };
 
 FileListDocument::FileListDocument(QObject* parent) : QObject(parent) {}
+
+// The stack tells of its clearing once more, when the page that listens is half gone.
+FileListDocument::~FileListDocument() { steps_.disconnect(); }
 
 std::vector<const model::ICFile*> FileListDocument::Find(
     const std::vector<std::string>& ids) const {
@@ -197,9 +202,7 @@ void FileListDocument::Set(const std::vector<FieldEdit>& edits) {
   }
   if (edits.empty()) return;
   steps_.push(new Fields(*this, edits));
-  std::vector<std::string> ids;
-  for (const FieldEdit& edit : edits) ids.push_back(edit.id);
-  Q_EMIT Changed(ids, false);
+  Q_EMIT Changed(IdsOf(edits), false);
 }
 
 }  // namespace pages

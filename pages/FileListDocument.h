@@ -21,6 +21,9 @@ struct FieldEdit {
   std::string text;
 };
 
+/// The entries' IDs, one for each edit.
+[[nodiscard]] std::vector<std::string> IdsOf(const std::vector<FieldEdit>& edits);
+
 /// Each edit is one step of the undo stack, which is empty again after reading and after a write
 /// that succeeded. An entry that is stored without a type shows 0, which is not written unless the
 /// author sets it.
@@ -29,6 +32,7 @@ class FileListDocument : public QObject {
 
  public:
   explicit FileListDocument(QObject* parent);
+  ~FileListDocument() override;
 
   [[nodiscard]] const model::FileEntries& Entries() const { return entries_; }
   /// The entries with these IDs that there are, in the collection's order.

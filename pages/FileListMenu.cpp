@@ -6,6 +6,7 @@
 
 #include "pages/FileListModel.h"
 #include "pages/PageText.h"
+#include "pages/TargetFolders.h"
 
 namespace pages {
 
@@ -53,6 +54,17 @@ void AddUndoItems(QMenu& menu, QWidget& page, QUndoStack& steps) {
   QObject::connect(&steps, &QUndoStack::redoTextChanged, redo, [=](const QString& step) {
     redo->setText(caption(Text::RedoStep, step, redoKey));
   });
+}
+
+QString ToldOfChange(const QString& field, const model::ICFile& entry, std::size_t count) {
+  if (field == "TargetFolder"_L1) {
+    return Caption(count == 1 ? Text::EntryWentTo : Text::EntriesWentTo)
+        .replace(u"%count%"_s, GermanNumber(static_cast<qlonglong>(count)))
+        .replace(u"%folder%"_s, TargetFolderCaption(entry.TargetFolder));
+  }
+  const bool installs =
+      entry.Type == model::ICFile::kSingleFile || entry.Type == model::ICFile::kFolderScan;
+  return field == "Type"_L1 && !installs ? Caption(Text::TypeInstallsNothing) : QString();
 }
 
 void AddSortMenu(QMenu& menu, QTreeView& list) {

@@ -1,10 +1,11 @@
-// What stands in the file page's menu below its given items.
+// What stands in the file page's menu below its given items, and what it says after them.
 #pragma once
 
 #include <QMenu>
 #include <QTreeView>
 #include <QUndoStack>
 
+#include "model/ICFile.h"
 #include "model/TextTable.h"
 
 namespace pages {
@@ -16,6 +17,11 @@ QAction* AddItem(QMenu& menu, QWidget& page, const QString& name, model::Text te
 
 /// Adds "Rückgängig" (Ctrl+Z) and "Wiederholen" (Ctrl+Y), each with the step that it concerns.
 void AddUndoItems(QMenu& menu, QWidget& page, QUndoStack& steps);
+
+/// What the status bar says after that field was set for entries, of which `entry` is one; empty
+/// where the list shows it all.
+[[nodiscard]] QString ToldOfChange(const QString& field, const model::ICFile& entry,
+                                   std::size_t count);
 
 /// Adds the menu that sorts the list as clicks on its header do.
 void AddSortMenu(QMenu& menu, QTreeView& list);

@@ -6,6 +6,7 @@
 #include "model/FolderTable.h"
 #include "model/Languages.h"
 #include "pages/PageText.h"
+#include "pages/RelativeSources.h"
 #include "pages/TargetFolders.h"
 #include "tools/desktop/Guard.h"
 
@@ -33,9 +34,19 @@ grid::ValueHelp TargetFolderHelp() {
   return help;
 }
 
+grid::ValueHelp SourceFolderHelp(model::ModProject& project, tools::Dialogs& dialogs) {
+  return {.browse = [&project, &dialogs] {
+    const QString folder = FolderHelp(dialogs).browse();
+    std::string stored = tools::ToUtf8(folder);
+    tools::Guard(dialogs, [&] { stored = OfferRelativeFolder(stored, project, dialogs); });
+    return tools::ToQString(stored);
+  }};
+}
+
 }  // namespace
 
-grid::ValueHelp FileFieldHelp(const QString& field, tools::Dialogs& dialogs) {
+grid::ValueHelp FileFieldHelp(const QString& field, model::ModProject& project,
+                              tools::Dialogs& dialogs) {
   if (field == "Type"_L1) {
     return {.values = {{u"1"_s, Caption(Text::TypeSingleFile)},
                        {u"2"_s, Caption(Text::TypeFolderScan)}}};
@@ -44,7 +55,7 @@ grid::ValueHelp FileFieldHelp(const QString& field, tools::Dialogs& dialogs) {
     return {.values = {{u"0"_s, Caption(Text::FlagNo)}, {u"1"_s, Caption(Text::FlagYes)}}};
   }
   if (field == "TargetFolder"_L1) return TargetFolderHelp();
-  if (field == "SourcePath"_L1) return FolderHelp(dialogs);
+  if (field == "SourcePath"_L1) return SourceFolderHelp(project, dialogs);
   return {};
 }
 

@@ -14,7 +14,7 @@ namespace pages {
 
 /// What pages work with besides their host. The references outlive every page.
 struct PageServices {
-  const model::ModProject& project;
+  model::ModProject& project;
   tools::Dialogs& dialogs;
   tools::Registry& registry;
 };

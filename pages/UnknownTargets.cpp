@@ -69,15 +69,19 @@ void UnknownTargets::ListEntries(const model::FileEntries& entries) {
   lsvEntries->selectAll();
 }
 
-std::vector<std::string> UnknownTargets::Chosen() const {
-  std::vector<std::string> ids;
-  const QList<QTreeWidgetItem*> items = lsvEntries->selectedItems();
-  for (QTreeWidgetItem* item : items) {
-    ids.push_back(ids_.at(static_cast<std::size_t>(lsvEntries->indexOfTopLevelItem(item))));
+std::vector<FieldEdit> UnknownTargets::Edits() const {
+  const std::string target = std::to_string(cmbTarget->currentData().toInt());
+  std::vector<FieldEdit> edits;
+  const QModelIndexList rows = lsvEntries->selectionModel()->selectedRows();
+  for (const QModelIndex& row : rows) {
+    edits.push_back({ids_.at(static_cast<std::size_t>(row.row())), "TargetFolder", target});
   }
-  return ids;
+  return edits;
 }
 
-std::int32_t UnknownTargets::Target() const { return cmbTarget->currentData().toInt(); }
+std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries, QWidget* parent) {
+  UnknownTargets dialog(entries, parent);
+  return dialog.exec() == QDialog::Accepted ? dialog.Edits() : std::vector<FieldEdit>();
+}
 
 }  // namespace pages

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/FileEntries.h"
+#include "pages/FileListDocument.h"
 
 class QComboBox;
 class QPushButton;
@@ -21,9 +22,8 @@ class UnknownTargets : public QDialog {
  public:
   UnknownTargets(const model::FileEntries& entries, QWidget* parent);
 
-  /// The IDs of the selected entries, and the folder chosen for them.
-  [[nodiscard]] std::vector<std::string> Chosen() const;
-  [[nodiscard]] std::int32_t Target() const;
+  /// What gives the selected entries the chosen folder.
+  [[nodiscard]] std::vector<FieldEdit> Edits() const;
 
  private:
   void ListEntries(const model::FileEntries& entries);
@@ -32,5 +32,9 @@ class UnknownTargets : public QDialog {
   QComboBox* cmbTarget;
   std::vector<std::string> ids_;  ///< by row
 };
+
+/// Shows the dialog; no edits when the author cancels.
+[[nodiscard]] std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries,
+                                                   QWidget* parent);
 
 }  // namespace pages

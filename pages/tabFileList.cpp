@@ -2,13 +2,11 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QContextMenuEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTreeView>
@@ -24,11 +22,15 @@
 #include "pages/FileListMenu.h"
 #include "pages/FileProperties.h"
 #include "pages/KnownPageValues.h"
+#include "pages/ListPopup.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
+#include "pages/RelativeSources.h"
+#include "pages/ScanEntries.h"
 #include "pages/SourceMarks.h"
 #include "pages/TargetFolders.h"
 #include "pages/UnknownTargets.h"
+#include "pages/frmFolderScan.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
@@ -116,8 +118,6 @@ void tabFileList::BuildList() {
   header.setSortIndicator(-1, Qt::AscendingOrder);
   header.setSortIndicatorClearable(true);
   lsvBrowser->setSortingEnabled(true);
-  lsvBrowser->installEventFilter(this);
-  lsvBrowser->viewport()->installEventFilter(this);
 }
 
 QLayout* tabFileList::BuildButtons() {
@@ -159,6 +159,15 @@ void tabFileList::BuildMenu() {
 
 void tabFileList::BuildAddedMenu() {
   mnuPopup->addSeparator();
+  QAction* add = AddItem(*mnuPopup, *this, u"mnuAddScan"_s, Text::AddScan);
+  connect(add, &QAction::triggered, this, Guarded(services_.dialogs, [this] { AddScan(); }));
+  mnuShowScan_ = AddItem(*mnuPopup, *this, u"mnuShowScan"_s, Text::ShowScan);
+  connect(mnuShowScan_, &QAction::triggered, this,
+          Guarded(services_.dialogs, [this] { ShowScan(); }));
+  QAction* relative = AddItem(*mnuPopup, *this, u"mnuRelative"_s, Text::MakeSourcesRelative);
+  connect(relative, &QAction::triggered, this,
+          Guarded(services_.dialogs, [this] { MakeSourcesRelative(); }));
+  mnuPopup->addSeparator();
   AddUndoItems(*mnuPopup, *this, document_->Steps());
   AddSortMenu(*mnuPopup, *lsvBrowser);
   QAction* filter = AddItem(*mnuPopup, *this, u"mnuFilter"_s, Text::FilterEntries, u"Strg+F"_s,
@@ -173,6 +182,8 @@ void tabFileList::ConnectEvents() {
   connect(document_, &FileListDocument::Changed, this, &tabFileList::ShowChange);
   connect(&document_->Steps(), &QUndoStack::indexChanged, this,
           [this] { SetDirty(!document_->Steps().isClean()); });
+  new ListPopup(*lsvBrowser, *mnuPopup);
+  connect(mnuPopup, &QMenu::aboutToShow, this, &tabFileList::EnableMenuItems);
   connect(new FileDrop(*this), &FileDrop::Dropped, this,
           Guarded(dialogs, [this](const DroppedPaths& dropped) { AddDropped(dropped); }));
   new SourceMarks(*this, *document_, *shownEntries_, services_.project, dialogs);
@@ -198,7 +209,9 @@ void tabFileList::ConnectEvents() {
   // Its source may have come or changed meanwhile.
   connect(lsvBrowser, &QTreeView::clicked, this,
           Guarded(dialogs, [this] { ShowSelectedEntries(); }));
-  propsFile->OnValueHelp([&dialogs](const QString& name) { return FileFieldHelp(name, dialogs); });
+  propsFile->OnValueHelp([this, &dialogs](const QString& name) {
+    return FileFieldHelp(name, services_.project, dialogs);
+  });
   propsFile->OnEditProperty([](const QString& name, QString&, EditReaction& reaction) {
     if (!IsFilePropertyEditable(name)) reaction = EditReaction::NotEditable;
   });
@@ -249,6 +262,7 @@ void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
     }
   }
   if (!added.empty()) {
+    OfferRelativeSources(added, services_.project, services_.dialogs);
     const std::size_t listed =
         CountListed(document_->Entries(), added, services_.project.ProductFolder());
     filter_->Clear();  // it could hide what is added
@@ -270,15 +284,33 @@ void tabFileList::AddDropped(const DroppedPaths& dropped) {
   AddFileEntries(FilesIn(services_.dialogs, dropped));
 }
 
-void tabFileList::MendUnknownTargets() {
-  UnknownTargets dialog(document_->Entries(), window());
+void tabFileList::AddScan() {
+  frmFolderScan dialog({}, services_.project, services_.dialogs, window());
   if (dialog.exec() != QDialog::Accepted) return;
-  const std::vector<std::string> ids = dialog.Chosen();
-  std::vector<FieldEdit> edits;
-  for (const std::string& id : ids) {
-    edits.push_back({id, "TargetFolder", std::to_string(dialog.Target())});
-  }
+  filter_->Clear();  // it could hide what is added
+  document_->Add({EntryFor(dialog.Scan(), ChosenFolder(), services_)});
+}
+
+void tabFileList::ShowScan() {
+  const model::ICFile& entry = *SelectedEntries().front();
+  frmFolderScan dialog(ScanOf(entry), services_.project, services_.dialogs, window());
+  if (dialog.exec() != QDialog::Accepted) return;
+  document_->Set(EditsToScan(entry, dialog.Scan(), services_));
+}
+
+void tabFileList::MakeSourcesRelative() {
+  const std::vector<FieldEdit> edits =
+      EditsToRelativeSources(document_->Entries(), services_.project.ProductFolder());
   document_->Set(edits);
+  StatusTextChanged(tools::ReplaceAll(model::LoadText(Text::SourcesAreRelative), "%count%",
+                                      std::to_string(edits.size())));
+}
+
+void tabFileList::MendUnknownTargets() {
+  const std::vector<FieldEdit> edits = AskForTargets(document_->Entries(), window());
+  if (edits.empty()) return;
+  document_->Set(edits);
+  const std::vector<std::string> ids = IdsOf(edits);
   TellOfChange(u"TargetFolder"_s, ids);
   ChooseFolderOf(document_->Find(ids));
 }
@@ -335,16 +367,8 @@ void tabFileList::ChangeProperty(const QString& name, const QString& text) {
 
 void tabFileList::TellOfChange(const QString& name, const std::vector<std::string>& ids) {
   const model::ICFile& entry = *document_->Entries().Find(ids.front());
-  if (name == "TargetFolder"_L1) {
-    const Text text = ids.size() == 1 ? Text::EntryWentTo : Text::EntriesWentTo;
-    StatusTextChanged(
-        tools::ToUtf8(Caption(text)
-                          .replace(u"%count%"_s, QString::number(ids.size()))
-                          .replace(u"%folder%"_s, TargetFolderCaption(entry.TargetFolder))));
-  } else if (name == "Type"_L1 && entry.Type != model::ICFile::kSingleFile &&
-             entry.Type != model::ICFile::kFolderScan) {
-    StatusTextChanged(model::LoadText(Text::TypeInstallsNothing));
-  }
+  const QString told = ToldOfChange(name, entry, ids.size());
+  if (!told.isEmpty()) StatusTextChanged(tools::ToUtf8(told));
 }
 
 void tabFileList::ShowChange(const std::vector<std::string>& ids, bool repeated) {
@@ -375,29 +399,12 @@ std::int32_t tabFileList::ChosenFolder() const {
   return cmbDestinationFolder->currentData().toInt();
 }
 
-bool tabFileList::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == lsvBrowser->viewport() && event->type() == QEvent::MouseButtonPress) {
-    const auto& press = static_cast<const QMouseEvent&>(*event);
-    if (press.button() == Qt::RightButton) {
-      // The list selects the row under the mouse first.
-      QMetaObject::invokeMethod(
-          this, [this, at = press.globalPosition().toPoint()] { ShowPopup(at); },
-          Qt::QueuedConnection);
-    }
-  }
-  if (event->type() == QEvent::ContextMenu) {
-    const auto& request = static_cast<const QContextMenuEvent&>(*event);
-    if (request.reason() != QContextMenuEvent::Mouse) ShowPopup(request.globalPos());
-    return true;
-  }
-  return EditorPage::eventFilter(watched, event);
-}
-
-void tabFileList::ShowPopup(const QPoint& globalPosition) {
-  const bool selected = lsvBrowser->selectionModel()->hasSelection();
-  mnuRemoveFile->setEnabled(selected);
-  mnuMoveFile->setEnabled(selected);
-  mnuPopup->popup(globalPosition);
+void tabFileList::EnableMenuItems() {
+  const std::vector<const model::ICFile*> selected = SelectedEntries();
+  mnuRemoveFile->setEnabled(!selected.empty());
+  mnuMoveFile->setEnabled(!selected.empty());
+  mnuShowScan_->setEnabled(selected.size() == 1 &&
+                           selected.front()->Type == model::ICFile::kFolderScan);
 }
 
 }  // namespace pages

@@ -52,8 +52,6 @@ class tabFileList : public EditorPage {
   /// Lists the entries of the chosen destination folder anew; none is selected then.
   void RefreshFileList();
 
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  protected:
   void WriteSettings() override;
   void SettingsWritten() override;
@@ -73,6 +71,10 @@ class tabFileList : public EditorPage {
   /// Those paths that cannot be added are named by the error, the others are added.
   void AddFileEntries(const std::vector<std::string>& paths);
   void RemoveSelected();
+  void AddScan();
+  /// What the selected scan finds now; its entry can be edited there.
+  void ShowScan();
+  void MakeSourcesRelative();
   /// Lets the author set the destinations of entries whose folder is unknown.
   void MendUnknownTargets();
   /// The entries selected in the list, in its order.
@@ -86,7 +88,7 @@ class tabFileList : public EditorPage {
   void ShowChange(const std::vector<std::string>& ids, bool repeated);
   [[nodiscard]] std::int32_t ChosenFolder() const;
   void ChooseFolderOf(const std::vector<const model::ICFile*>& entries);
-  void ShowPopup(const QPoint& globalPosition);
+  void EnableMenuItems();
 
   PageServices services_;
   FileListDocument* document_;
@@ -110,6 +112,7 @@ class tabFileList : public EditorPage {
   QAction* mnuPopupSep1;
   QAction* mnuMoveFile;
   QAction* mnuRemoveFile;
+  QAction* mnuShowScan_ = nullptr;
 };
 
 }  // namespace pages

@@ -262,6 +262,48 @@ class tabFileListTest : public QObject {
     QVERIFY(Rows(f.List()).endsWith(f.Path("D/tief/c") + "=%ProgramsDir%\\"));
   }
 
+  void SourcesBelowTheProductBecomeRelativeOnceTheAuthorAgrees() {
+    for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+      Fixture f("");
+      const std::string file = f.folder.Path("Produkt/q/tief/da");
+      f.dialogs.ExpectOpenFile(Text::FolderPrograms, file);
+      f.dialogs.ExpectQuestion(Text::SaveSourcesRelative, answer);
+      f.dialogs.ExpectOpenFile(Text::FolderPrograms, file);
+      for (int i = 0; i < 2; ++i) Press(*f.page, "cmdAddFile");
+      const bool isRelative = answer == MessageAnswer::Yes;
+      QCOMPARE(Rows(f.List()).startsWith("q/tief"), isRelative);
+      QVERIFY(f.File(f.kProductFile).contains(isRelative ? "Relative=1" : "Relative=0"));
+      PickFrom(f.OpenMenu(false), "mnuRelative");
+      QCOMPARE(f.area.hint.right(1), isRelative ? "0" : "2");
+      f.page->ApplyChanges();
+      QCOMPARE(f.Stored("File2", {"SourcePath"}), "q/tief");
+    }
+  }
+
+  void AFolderScanShowsWhatItFinds() {
+    Fixture f("");
+    for (const char* name : {"Q/a.txt", "Q/b.dat", "Q/tief/c.txt"}) f.folder.Write(name, "123");
+    ModalScript script;
+    const auto expectScan = [&script](const QString& folder, const QString& found) {
+      script.Expect<QDialog>("frmFolderScan", [folder, found](QDialog& dialog) {
+        if (!folder.isEmpty()) Type(Child(dialog, "txtFolder"), folder);
+        Type(Child(dialog, "txtPattern"), "*.txt");
+        QTest::keyClick(&Child(dialog, "chkSubfolders"), Qt::Key_Space);
+        QTRY_COMPARE(Rows(Child<QAbstractItemView>(dialog, "lstFound")), found);
+        QCOMPARE(Shown(dialog, "lblFound").section(',', 0, 0),
+                 QString("%1 Dateien").arg(found.count('|') + 1));
+        Press(dialog, "cmdOK");
+      });
+    };
+    expectScan(f.Path("Q"), QDir::toNativeSeparators("a.txt|tief/c.txt"));
+    PickFrom(f.OpenMenu(false), "mnuAddScan");
+    QVERIFY(f.Fields().contains("Unterordner einschließen=1|"));  // the new entry is selected
+    expectScan("", "a.txt");
+    PickFrom(f.OpenMenu(true), "mnuShowScan");
+    f.page->ApplyChanges();
+    QCOMPARE(f.Stored("File1", {"Type", "SourceName", "IncludeChildren"}), "2|*.txt|0");
+  }
+
   void SourcesThatAreMissingAndEntriesLeftOutAreMarked() {
     Fixture f(
         "[Files]\nCount=3\n[File1]\nID=a\nType=1\nSourcePath=q\nSourceName=da\nTargetFolder=2\n"

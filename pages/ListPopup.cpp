@@ -1,0 +1,34 @@
+#include "pages/ListPopup.h"
+
+#include <QAbstractItemView>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+
+namespace pages {
+
+ListPopup::ListPopup(QAbstractItemView& list, QMenu& menu)
+    : QObject(&list), list_(list), menu_(menu) {
+  list.installEventFilter(this);
+  list.viewport()->installEventFilter(this);
+}
+
+bool ListPopup::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == list_.viewport() && event->type() == QEvent::MouseButtonPress) {
+    const auto& press = static_cast<const QMouseEvent&>(*event);
+    if (press.button() == Qt::RightButton) {
+      // The list selects the row under the mouse first.
+      QMetaObject::invokeMethod(
+          this, [this, at = press.globalPosition().toPoint()] { menu_.popup(at); },
+          Qt::QueuedConnection);
+    }
+  }
+  if (event->type() == QEvent::ContextMenu) {
+    const auto& request = static_cast<const QContextMenuEvent&>(*event);
+    if (request.reason() != QContextMenuEvent::Mouse) menu_.popup(request.globalPos());
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+}  // namespace pages

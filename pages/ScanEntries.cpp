@@ -1,0 +1,40 @@
+#include "pages/ScanEntries.h"
+
+#include "pages/RelativeSources.h"
+
+namespace pages {
+
+FolderScan ScanOf(const model::ICFile& entry) {
+  return {.folder = entry.SourcePath,
+          .pattern = entry.SourceName,
+          .withSubfolders = entry.IncludeChildren != 0};
+}
+
+model::ICFile EntryFor(const FolderScan& scan, std::int32_t targetFolder,
+                       const PageServices& services) {
+  model::ICFile entry;
+  entry.Type = model::ICFile::kFolderScan;
+  entry.TargetFolder = targetFolder;
+  entry.SourcePath = OfferRelativeFolder(scan.folder, services.project, services.dialogs);
+  entry.SourceName = scan.pattern;
+  entry.IncludeChildren = scan.withSubfolders ? 1 : 0;
+  entry.Vital = 1;
+  return entry;
+}
+
+std::vector<FieldEdit> EditsToScan(const model::ICFile& entry, const FolderScan& scan,
+                                   const PageServices& services) {
+  const FolderScan before = ScanOf(entry);
+  std::vector<FieldEdit> edits;
+  if (scan.folder != before.folder) {
+    edits.push_back({entry.ID, "SourcePath",
+                     OfferRelativeFolder(scan.folder, services.project, services.dialogs)});
+  }
+  if (scan.pattern != before.pattern) edits.push_back({entry.ID, "SourceName", scan.pattern});
+  if (scan.withSubfolders != before.withSubfolders) {
+    edits.push_back({entry.ID, "IncludeChildren", scan.withSubfolders ? "1" : "0"});
+  }
+  return edits;
+}
+
+}  // namespace pages

@@ -1,0 +1,24 @@
+// File entries as the folder scans that they are.
+#pragma once
+
+#include <vector>
+
+#include "model/ICFile.h"
+#include "pages/FileListDocument.h"
+#include "pages/PageRegistry.h"
+#include "pages/ScanSearch.h"
+
+namespace pages {
+
+[[nodiscard]] FolderScan ScanOf(const model::ICFile& entry);
+
+/// A new entry of that scan, without an ID. Offers a folder below the product's as a relative one,
+/// as the next one does. Both raise tools::Error.
+[[nodiscard]] model::ICFile EntryFor(const FolderScan& scan, std::int32_t targetFolder,
+                                     const PageServices& services);
+
+/// What makes the entry this scan; none when it is the same.
+[[nodiscard]] std::vector<FieldEdit> EditsToScan(const model::ICFile& entry, const FolderScan& scan,
+                                                 const PageServices& services);
+
+}  // namespace pages
