@@ -23,8 +23,14 @@ constexpr std::size_t kMostNamedPaths = 10;
 
 bool IsControlCharacter(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
 
-std::string Number(std::size_t number) {
-  return tools::ToUtf8(GermanNumber(static_cast<qlonglong>(number)));
+model::ICFile EntryFor(const std::string& path, std::int32_t targetFolder) {
+  model::ICFile entry;
+  entry.Type = model::ICFile::kSingleFile;
+  entry.TargetFolder = targetFolder;
+  entry.SourcePath = tools::FolderOf(path);
+  entry.SourceName = tools::FileNamePart(path);
+  entry.Vital = 1;
+  return entry;
 }
 
 /// What two entries that install the same file into the same place have in common.
@@ -70,10 +76,6 @@ std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolde
   return tools::FindFiles(folder, "*.*", withSubfolders);
 }
 
-bool CanBeStored(const std::string& path) {
-  return std::none_of(path.begin(), path.end(), IsControlCharacter);
-}
-
 std::string RefusalOf(const std::vector<std::string>& paths) {
   std::string text = LoadText(Text::PathsWithControlCharacters);
   const std::size_t named = std::min(paths.size(), kMostNamedPaths);
@@ -87,14 +89,16 @@ std::string RefusalOf(const std::vector<std::string>& paths) {
   return text.append("\n").append(tools::ReplaceAll(LoadText(Text::AndFurther), "%count%", others));
 }
 
-model::ICFile EntryFor(const std::string& path, std::int32_t targetFolder) {
-  model::ICFile entry;
-  entry.Type = model::ICFile::kSingleFile;
-  entry.TargetFolder = targetFolder;
-  entry.SourcePath = tools::FolderOf(path);
-  entry.SourceName = tools::FileNamePart(path);
-  entry.Vital = 1;
-  return entry;
+NewEntries EntriesFor(const std::vector<std::string>& paths, std::int32_t targetFolder) {
+  NewEntries added;
+  for (const std::string& path : paths) {
+    if (std::any_of(path.begin(), path.end(), IsControlCharacter)) {
+      added.refused.push_back(path);
+    } else {
+      added.entries.push_back(EntryFor(path, targetFolder));
+    }
+  }
+  return added;
 }
 
 std::size_t CountListed(const model::FileEntries& entries, const std::vector<model::ICFile>& added,
@@ -113,10 +117,8 @@ std::string AddedText(const std::vector<model::ICFile>& added, std::size_t liste
     return tools::ReplaceAll(LoadText(listed > 0 ? Text::AddedListedFile : Text::AddedFile),
                              "%file%", added.front().SourceName);
   }
-  const std::string text =
-      tools::ReplaceAll(LoadText(Text::AddedFiles), "%count%", Number(added.size()));
-  if (listed == 0) return text;
-  return text + " " + tools::ReplaceAll(LoadText(Text::ListedBefore), "%count%", Number(listed));
+  const std::string text = Counted(Text::AddedFiles, added.size());
+  return listed == 0 ? text : text + " " + Counted(Text::ListedBefore, listed);
 }
 
 }  // namespace pages

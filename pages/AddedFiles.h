@@ -23,15 +23,19 @@ namespace pages {
 [[nodiscard]] std::vector<std::string> FilesIn(tools::Dialogs& dialogs,
                                                const DroppedPaths& dropped);
 
-/// True for a path without control characters: settings cannot hold a line break.
-[[nodiscard]] bool CanBeStored(const std::string& path);
-
 /// The message that names paths that cannot be stored, the first ten of many.
 [[nodiscard]] std::string RefusalOf(const std::vector<std::string>& paths);
 
-/// An entry that installs the file at `path` into a destination folder (FolderTable.h), under its
-/// own name; without an ID.
-[[nodiscard]] model::ICFile EntryFor(const std::string& path, std::int32_t targetFolder);
+struct NewEntries {
+  std::vector<model::ICFile> entries;
+  std::vector<std::string> refused;  ///< paths that cannot be stored
+};
+
+/// Entries that install the files at these paths into a destination folder (FolderTable.h), under
+/// their own names; without IDs. Refuses paths with control characters: settings cannot hold a line
+/// break.
+[[nodiscard]] NewEntries EntriesFor(const std::vector<std::string>& paths,
+                                    std::int32_t targetFolder);
 
 /// How many of the entries to be added name a source and a target that one of `entries` names
 /// already. Relative sources are taken from `productFolder`.

@@ -139,6 +139,7 @@ void FileListDocument::Read(PageHost& host, const std::string& path) {
   for (const model::ICFile& entry : entries_) {
     if (!*hasType++) untyped_.insert(entry.ID);
   }
+  Q_EMIT Replaced();
 }
 
 bool FileListDocument::IsTypeStored(PageHost& host, std::string_view section) {

@@ -54,6 +54,8 @@ class FileListDocument : public QObject {
   void Set(const std::vector<FieldEdit>& edits);
 
  Q_SIGNALS:
+  /// Read has replaced all entries.
+  void Replaced();
   /// Entries with these IDs were added, removed or edited, by a step or by undoing one
   /// (`repeated`: by undoing or repeating it).
   void Changed(const std::vector<std::string>& ids, bool repeated);

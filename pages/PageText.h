@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "model/TextTable.h"
+#include "tools/Text.h"
 #include "tools/desktop/QtText.h"
 
 namespace pages {
@@ -17,6 +18,12 @@ using model::Text;
 /// 50000 as "50.000".
 [[nodiscard]] inline QString GermanNumber(qlonglong number) {
   return QLocale(QLocale::German, QLocale::Germany).toString(number);
+}
+
+/// A text of the table with a number in the place of its "%count%".
+[[nodiscard]] inline std::string Counted(Text text, std::size_t count) {
+  return tools::ReplaceAll(model::LoadText(text), "%count%",
+                           tools::ToUtf8(GermanNumber(static_cast<qlonglong>(count))));
 }
 
 }  // namespace pages

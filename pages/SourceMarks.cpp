@@ -33,6 +33,7 @@ SourceMarks::SourceMarks(QWidget& page, FileListDocument& document, FileListMode
   delay_.setSingleShot(true);
   delay_.setInterval(kDelay);
   connect(&delay_, &QTimer::timeout, this, tools::Guarded(dialogs, [this] { Start(); }));
+  connect(&document, &FileListDocument::Replaced, this, &SourceMarks::Update);
   connect(&document, &FileListDocument::Changed, this, &SourceMarks::Update);
   connect(&check_, &SourceCheck::Found, &model, &FileListModel::Mark);
 }

@@ -59,6 +59,7 @@ void UnknownTargets::ListEntries(const model::FileEntries& entries) {
   tools::ApplyListViewStyle(*lsvEntries);
   lsvEntries->setSelectionMode(QAbstractItemView::ExtendedSelection);
   lsvEntries->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  lsvEntries->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
   for (const model::ICFile& entry : entries) {
     if (IsTargetFolder(entry.TargetFolder)) continue;
     const std::string source = tools::JoinPath(entry.SourcePath, entry.SourceName);

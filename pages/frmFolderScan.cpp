@@ -105,6 +105,8 @@ void frmFolderScan::LayOut() {
   form->addRow(QString(), chkSubfolders);
   QDialogButtonBox* buttons = tools::MakeOkCancelButtons(this);
   cmdOK = buttons->button(QDialogButtonBox::Ok);
+  // Enter must not cancel while OK is not available.
+  buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
@@ -127,6 +129,7 @@ FolderScan frmFolderScan::Scan() const {
 void frmFolderScan::ScanChanged() {
   const bool isComplete = !txtFolder->text().isEmpty() && !txtPattern->text().isEmpty();
   cmdOK->setEnabled(isComplete);
+  cmdOK->setDefault(true);
   found_->setStringList({});
   lblFound->setText(isComplete ? Caption(Text::Searching) : QString());
   if (isComplete) {

@@ -32,7 +32,6 @@
 #include "pages/UnknownTargets.h"
 #include "pages/frmFolderScan.h"
 #include "tools/Error.h"
-#include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/ListViewStyle.h"
@@ -158,15 +157,16 @@ void tabFileList::BuildMenu() {
 }
 
 void tabFileList::BuildAddedMenu() {
+  const auto add = [this](const QString& name, Text text, void (tabFileList::*command)()) {
+    QAction* item = AddItem(*mnuPopup, *this, name, text);
+    connect(item, &QAction::triggered, this,
+            Guarded(services_.dialogs, [this, command] { (this->*command)(); }));
+    return item;
+  };
   mnuPopup->addSeparator();
-  QAction* add = AddItem(*mnuPopup, *this, u"mnuAddScan"_s, Text::AddScan);
-  connect(add, &QAction::triggered, this, Guarded(services_.dialogs, [this] { AddScan(); }));
-  mnuShowScan_ = AddItem(*mnuPopup, *this, u"mnuShowScan"_s, Text::ShowScan);
-  connect(mnuShowScan_, &QAction::triggered, this,
-          Guarded(services_.dialogs, [this] { ShowScan(); }));
-  QAction* relative = AddItem(*mnuPopup, *this, u"mnuRelative"_s, Text::MakeSourcesRelative);
-  connect(relative, &QAction::triggered, this,
-          Guarded(services_.dialogs, [this] { MakeSourcesRelative(); }));
+  add(u"mnuAddScan"_s, Text::AddScan, &tabFileList::AddScan);
+  mnuShowScan_ = add(u"mnuShowScan"_s, Text::ShowScan, &tabFileList::ShowScan);
+  add(u"mnuRelative"_s, Text::MakeSourcesRelative, &tabFileList::MakeSourcesRelative);
   mnuPopup->addSeparator();
   AddUndoItems(*mnuPopup, *this, document_->Steps());
   AddSortMenu(*mnuPopup, *lsvBrowser);
@@ -252,24 +252,16 @@ void tabFileList::RefreshFileList() {
 void tabFileList::AddFileEntry(const std::string& path) { AddFileEntries({path}); }
 
 void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
-  std::vector<std::string> refused;
-  std::vector<model::ICFile> added;
-  for (const std::string& path : paths) {
-    if (CanBeStored(path)) {
-      added.push_back(EntryFor(path, ChosenFolder()));
-    } else {
-      refused.push_back(path);
-    }
-  }
-  if (!added.empty()) {
-    OfferRelativeSources(added, services_.project, services_.dialogs);
+  NewEntries added = EntriesFor(paths, ChosenFolder());
+  if (!added.entries.empty()) {
+    OfferRelativeSources(added.entries, services_.project, services_.dialogs);
     const std::size_t listed =
-        CountListed(document_->Entries(), added, services_.project.ProductFolder());
+        CountListed(document_->Entries(), added.entries, services_.project.ProductFolder());
     filter_->Clear();  // it could hide what is added
-    document_->Add(added);
-    StatusTextChanged(AddedText(added, listed));
+    document_->Add(added.entries);
+    StatusTextChanged(AddedText(added.entries, listed));
   }
-  if (!refused.empty()) throw tools::Error(RefusalOf(refused));
+  if (!added.refused.empty()) throw tools::Error(RefusalOf(added.refused));
 }
 
 void tabFileList::AddFiles() { AddFileEntries(AskForFiles(services_.dialogs)); }
@@ -302,8 +294,7 @@ void tabFileList::MakeSourcesRelative() {
   const std::vector<FieldEdit> edits =
       EditsToRelativeSources(document_->Entries(), services_.project.ProductFolder());
   document_->Set(edits);
-  StatusTextChanged(tools::ReplaceAll(model::LoadText(Text::SourcesAreRelative), "%count%",
-                                      std::to_string(edits.size())));
+  StatusTextChanged(Counted(Text::SourcesAreRelative, edits.size()));
 }
 
 void tabFileList::MendUnknownTargets() {
@@ -319,8 +310,7 @@ void tabFileList::RemoveSelected() {
   const std::vector<std::string> ids = SelectedIds();
   if (ids.empty()) return;
   document_->Remove(ids);
-  StatusTextChanged(tools::ReplaceAll(model::LoadText(Text::RemovedEntries), "%count%",
-                                      std::to_string(ids.size())));
+  StatusTextChanged(Counted(Text::RemovedEntries, ids.size()));
 }
 
 std::vector<const model::ICFile*> tabFileList::SelectedEntries() const {
