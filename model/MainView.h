@@ -19,6 +19,8 @@ class MainView {
   virtual void UpdateProjectState() = 0;
   /// Versions or components were added or deleted: the tree follows, the editor stays.
   virtual void UpdateTree() = 0;
+  /// Shows a hint in the status bar.
+  virtual void ShowStatusText(const std::string& text) = 0;
   /// Shows the hourglass pointer and lets pending window messages run once, or restores the
   /// pointer.
   virtual void ShowHourglass(bool shown) = 0;

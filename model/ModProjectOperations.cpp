@@ -247,6 +247,11 @@ void ModProjectOperations::CreateVersion(const std::string& version, std::int32_
     ListVersion(slot, version);
   });
   RemoveAndShow(old);
+  ShowWhere(LoadText(Text::VersionIsNowInTree), version);
+}
+
+void ModProjectOperations::ShowWhere(const std::string& text, const std::string& version) {
+  view_->ShowStatusText(tools::ReplaceAll(text, "%version%", version));
 }
 
 std::string ModProjectOperations::WriteVersionFolder(const std::string& folder,
@@ -318,6 +323,7 @@ void ModProjectOperations::AddComponent(std::int32_t version) {
     project_.Settings().ReplaceFile(project_.ComponentFilePath(version, slot), file);
   });
   view_->UpdateTree();
+  ShowWhere(LoadText(Text::NowInVersion) + " " + title, project_.VersionString(version));
 }
 
 void ModProjectOperations::DeleteComponent(std::int32_t version, std::int32_t component,
@@ -342,17 +348,7 @@ bool ModProjectOperations::IsOutdated(const std::string& stored, const std::stri
 }
 
 void ModProjectOperations::Change(const std::function<void(Undo&)>& steps) {
-  Undo undo;
-  try {
-    steps(undo);
-  } catch (const tools::Error& error) {
-    const std::string stayed = undo.Run();
-    if (stayed.empty()) throw;
-    // What is there now may be neither the old nor the new: the tree shows it.
-    view_->UpdateTree();
-    throw tools::Error(std::string(error.what()) + "\nNicht alles wurde zurückgenommen: " + stayed,
-                       error.Cause());
-  }
+  RunOrTakeBack(steps, [this] { view_->UpdateTree(); });
 }
 
 void ModProjectOperations::RemoveIfThere(const std::string& folder) {

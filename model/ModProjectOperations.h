@@ -75,6 +75,7 @@ class ModProjectOperations {
   /// Runs the steps of an operation; when one fails, takes back those before it and raises the
   /// error, which then also tells what stayed.
   void Change(const std::function<void(Undo&)>& steps);
+  void ShowWhere(const std::string& text, const std::string& version);
   void RemoveIfThere(const std::string& folder);
   void RemoveAndShow(const std::string& folder);
 

@@ -15,7 +15,32 @@ std::string NoteKey(std::string_view section, std::string_view key) {
   return std::string(section).append("\n").append(key);
 }
 
+/// The lines of the sections that pages show.
+std::string ShownLines(const tools::SettingsFile& file) {
+  const std::string text = file.Render();
+  std::string lines;
+  bool isShown = true;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    const std::string_view line = std::string_view(text).substr(begin, end - begin);
+    if (line.starts_with('[')) {
+      const std::string_view name = line.substr(1, line.find(']') - 1);
+      isShown = name != "General" && name != setting::kVersionCount.section &&
+                name != setting::kComponentCount.section &&
+                name != setting::kComponentTitle.section;
+    }
+    if (isShown) lines.append(line).append(1, '\n');
+    begin = end + 1;
+  }
+  return lines;
+}
+
 }  // namespace
+
+bool NodeSettings::HasChangedOutside() const {
+  const auto now = project_.Settings().Load(FilePath());
+  return now != seen_ && ShownLines(*now) != ShownLines(*seen_);
+}
 
 void NodeSettings::Select(std::int32_t version, std::int32_t component) {
   version_ = version;

@@ -43,6 +43,13 @@ class NodeSettings {
   [[nodiscard]] std::int32_t Version() const { return version_; }
   [[nodiscard]] std::int32_t Component() const { return component_; }
 
+  /// The file of the node. Raises tools::Error.
+  [[nodiscard]] std::string FilePath() const;
+  /// True when the file holds other settings than when the node was selected, with the pages' own
+  /// writes since then. What only the tree shows - titles of components, lists of versions and
+  /// components - does not count. Raises tools::Error.
+  [[nodiscard]] bool HasChangedOutside() const;
+
   /// A setting of the node; the default when it is absent. A default of 0 or 1 makes the key a
   /// number, whose empty text a page may write as 0 unedited. Raises tools::Error for a file that
   /// is there but cannot be read.
@@ -68,7 +75,6 @@ class NodeSettings {
     bool noted = false;   ///< by a later or a default text
   };
 
-  [[nodiscard]] std::string FilePath() const;
   [[nodiscard]] Seen SeenOf(std::string_view section, std::string_view key) const;
   void NoteRead(std::string_view section, std::string_view key, std::string_view defaultValue,
                 std::string_view value);

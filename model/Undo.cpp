@@ -22,4 +22,17 @@ std::string Undo::Run() {
   return failures;
 }
 
+void RunOrTakeBack(const std::function<void(Undo&)>& steps, const std::function<void()>& onRest) {
+  Undo undo;
+  try {
+    steps(undo);
+  } catch (const tools::Error& error) {
+    const std::string stayed = undo.Run();
+    if (stayed.empty()) throw;
+    onRest();
+    throw tools::Error(std::string(error.what()) + "\nNicht alles wurde zurückgenommen: " + stayed,
+                       error.Cause());
+  }
+}
+
 }  // namespace model

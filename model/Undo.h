@@ -20,4 +20,9 @@ class Undo {
   std::vector<std::function<void()>> steps_;
 };
 
+/// Runs the steps of an operation. When one raises tools::Error, takes back those before it and
+/// raises the error; where something could not be taken back, that is added to the description, and
+/// `onRest` is called first: what is there then may be neither the old nor the new.
+void RunOrTakeBack(const std::function<void(Undo&)>& steps, const std::function<void()>& onRest);
+
 }  // namespace model

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <map>
 
+#include "model/ComponentOperations.h"
 #include "model/ModProjectOperations.h"
 #include "tests/support/FakeWindow.h"
 #include "tests/support/FixedClock.h"
@@ -19,6 +20,7 @@ namespace {
 struct Desk {
   explicit Desk(const std::string& product) {
     operations.Connect(window, window);
+    components.Connect(window);
     project.SetProductPath(product);
   }
 
@@ -49,6 +51,7 @@ struct Desk {
   tests::FixedClock clock;
   tests::FakeWindow window;
   model::ModProjectOperations operations{project, disk, dialogs, clock, window};
+  model::ComponentOperations components{project, disk, dialogs};
 };
 
 const std::map<std::string, std::function<void(Desk&)>> kOperations{
@@ -69,6 +72,8 @@ const std::map<std::string, std::function<void(Desk&)>> kOperations{
        desk.dialogs.ExpectInputBox(model::Text::EnterComponentTitle, "Another");
        desk.operations.AddComponent(1);
      }},
+    {"copy component",
+     [](Desk& desk) { desk.components.Copy(desk.components.ComponentsOf(1), 1); }},
     {"delete component", [](Desk& desk) {
        desk.dialogs.ExpectQuestion(model::Text::ConfirmDeletion, tools::MessageAnswer::Yes);
        desk.operations.DeleteComponent(1, 1, "1.0", "Main");

@@ -192,8 +192,8 @@ TEST_F(FaultsTest, AnUnpackagedBuildLeavesTheOldOrTheNew) {
 TEST_F(FaultsTest, AKilledOperationLeavesAProductThatOpensAsBeforeOrAsAfter) {
   ASSERT_EQ(Run(Edit("list")), 0) << errors_;
   const std::string before = output_;
-  for (const char* operation :
-       {"save", "add version", "delete version", "add component", "delete component"}) {
+  for (const char* operation : {"save", "add version", "delete version", "add component",
+                                "copy component", "delete component"}) {
     ASSERT_EQ(Run(Edit(operation)), 0) << errors_;
     ASSERT_EQ(Run(Edit("list")), 0) << errors_;
     const std::string after = output_;

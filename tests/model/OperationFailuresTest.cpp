@@ -14,12 +14,18 @@ namespace model {
 using tests::FaultyDisk;
 using Step = FaultyDisk::Step;
 
-/// An open product with a component, a free slot for another, and the window that shows it.
+/// An open product with a component, a free slot for another, a version with two components and one
+/// whose components are gone, and the window that shows it.
 struct OpenedProduct : tests::ProductDesk {
   explicit OpenedProduct(const std::string& fileName) {
     window.onUpdateTree = [this] { shown = Listing(); };
     product.AddComponent("A", {});
     folder.Write("Produkt/Version 1.0.0/component2.component", "[Files]\nCount=7\n");
+    folder.Write("Produkt/Version 0.2.0/product.version", "[Components]\nCount=2\n");
+    folder.Write("Produkt/Version 0.2.0/component1.component", "[Component]\nTitle=C\n");
+    folder.Write("Produkt/Version 0.2.0/component2.component", "[Component]\nTitle=D\n");
+    folder.Write("Produkt/Version 0.3.0/product.version", "[Components]\nCount=3\n");
+    product.WriteVersions("Count=3\nVer1=1.0.0\nVer2=0.2.0\nVer3=0.3.0\n");
     folder.Write("Produkt/Version 1.0.1/rest.txt", "in the way of the next version");
     project.SetProductPath(folder.Write("Produkt/" + fileName, folder.Read(product.kFile)));
     shown = Listing();
@@ -66,6 +72,14 @@ static const Operation kOperations[] = {
     {"delete version", [](OpenedProduct& p) { p.DeleteVersion(tools::MessageAnswer::Yes); }},
     {"add component", [](OpenedProduct& p) { p.AddComponent("B"); }},
     {"delete component", [](OpenedProduct& p) { p.DeleteComponent(1, "A"); }},
+    {"copy component",
+     [](OpenedProduct& p) { p.components.Copy(p.components.ComponentsOf(1), 1); }},
+    {"take over components beside others",
+     [](OpenedProduct& p) { p.components.Copy(p.components.ComponentsOf(2), 1); }},
+    {"take over components",
+     [](OpenedProduct& p) { p.components.Copy(p.components.ComponentsOf(2), 3); }},
+    {"move component",
+     [](OpenedProduct& p) { p.components.Move(p.components.ComponentsOf(2).front(), 1); }},
     {"new product", [](OpenedProduct& p) {
        p.window.newProduct = NewProduct{"Neu", "Ich", p.folder.Path("neu/tief/neu.product")};
        p.operations.NewProduct();

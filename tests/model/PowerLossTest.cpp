@@ -96,6 +96,7 @@ enum class Names { All, Flushed };
 struct RecordedProduct {
   explicit RecordedProduct(const std::string& path) {
     operations.Connect(window, window);
+    components.Connect(window);
     project.SetProductPath(path);
   }
   [[nodiscard]] std::string Listing() const {
@@ -117,6 +118,7 @@ struct RecordedProduct {
   tests::FixedClock clock;
   tests::FakeWindow window;
   ModProjectOperations operations{project, disk, dialogs, clock, window};
+  ComponentOperations components{project, disk, dialogs};
 };
 
 class PowerLossTest : public testing::Test {
@@ -209,6 +211,15 @@ TEST_F(PowerLossTest, LeavesTheProductAsBeforeOrAsAfterTheOperation) {
     p.dialogs.ExpectInputBox(Text::EnterVersion, "2.0");
     p.operations.AddVersion();
   });
+  // "2.0" has the count of the version before it, and no component.
+  for (const std::int32_t version : {2, 1}) {
+    LosePowerIn(
+        [=](RecordedProduct& p) { p.components.Copy(p.components.ComponentsOf(1), version); });
+  }
+  LosePowerIn(
+      [](RecordedProduct& p) { p.components.Copy({p.components.ComponentsOf(1).front()}, 2); });
+  LosePowerIn(
+      [](RecordedProduct& p) { p.components.Move(p.components.ComponentsOf(2).front(), 1); });
   LosePowerIn([](RecordedProduct& p) {
     p.dialogs.ExpectQuestion(Text::ConfirmDeletion, tools::MessageAnswer::Yes);
     p.operations.DeleteComponent(1, 1, "1.0.0", "Neu");

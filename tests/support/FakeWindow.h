@@ -37,6 +37,7 @@ struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {
     if (onUpdateTree) onUpdateTree();
   }
   void ShowHourglass(bool shown) override { hourglass = shown; }
+  void ShowStatusText(const std::string& text) override { statusText = text; }
   [[nodiscard]] std::int32_t Count() const override { return std::int32_t(pages.size()); }
   model::OpenPage& Item(std::int32_t index) override { return pages.at(std::size_t(index - 1)); }
   void Reset(bool ask) override { resets.push_back(ask); }
@@ -46,6 +47,7 @@ struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {
   int treeUpdates = 0;   ///< its tree
   std::function<void()> onUpdateTree;
   bool hourglass = false;
+  std::string statusText;
   std::deque<FakePage> pages;
   std::vector<bool> resets;                     ///< the `ask` of each Reset
   std::optional<model::NewProduct> newProduct;  ///< what the form answers

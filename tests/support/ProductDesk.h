@@ -1,6 +1,7 @@
 // The product of the tests with the commands on it, a scripted author and a window that counts.
 #pragma once
 
+#include "model/ComponentOperations.h"
 #include "model/ModProjectOperations.h"
 #include "tests/support/FakeWindow.h"
 #include "tests/support/FixedClock.h"
@@ -10,7 +11,10 @@
 namespace tests {
 
 struct ProductDesk {
-  ProductDesk() { operations.Connect(window, window); }
+  ProductDesk() {
+    operations.Connect(window, window);
+    components.Connect(window);
+  }
 
   // Commands with the author's answer; `shown` is what the tree shows of the node.
   void AddVersion(const std::string& answer) {
@@ -39,6 +43,7 @@ struct ProductDesk {
   FixedClock clock;
   FakeWindow window;
   model::ModProjectOperations operations{project, disk, dialogs, clock, window};
+  model::ComponentOperations components{project, disk, dialogs};
 };
 
 }  // namespace tests

@@ -1,0 +1,209 @@
+#include "model/ComponentOperations.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "model/ICFile.h"
+#include "model/StoredNumbers.h"
+#include "tools/Error.h"
+#include "tools/Guid.h"
+#include "tools/Text.h"
+#include "tools/files/Files.h"
+#include "tools/files/Path.h"
+
+namespace model {
+
+namespace {
+
+constexpr SettingName kTitle = setting::kComponentTitle;
+
+/// `title`, or as that of a copy when it is among `taken`.
+std::string FreeTitle(const std::string& title, const std::vector<std::string>& taken) {
+  const auto isTaken = [&](const std::string& text) {
+    return std::find(taken.begin(), taken.end(), text) != taken.end();
+  };
+  std::string candidate = title;
+  for (int number = 1; isTaken(candidate); ++number) {
+    const Text text = number == 1 ? Text::CopyOf : Text::CopyWithNumber;
+    candidate = tools::ReplaceAll(LoadText(text), "%number%", std::to_string(number));
+    candidate = tools::ReplaceAll(candidate, "%title%", title);
+  }
+  return candidate;
+}
+
+void GiveNewGuids(tools::SettingsFile& file) {
+  constexpr std::int32_t kAnyEntry = std::numeric_limits<std::int32_t>::max();
+  tools::GuidSource guids;
+  for (const std::int32_t entry : SlotsNamedIn(file.Render(), "File", kAnyEntry)) {
+    const std::string section = FileEntrySection(entry);
+    if (file.Find(section, "ID")) file.Write(section, "ID", guids.NewText());
+  }
+}
+
+}  // namespace
+
+ComponentOperations::ComponentOperations(ModProject& project, tools::Disk& disk,
+                                         tools::Dialogs& dialogs)
+    : project_(project), disk_(disk), dialogs_(dialogs) {}
+
+std::vector<ShownComponent> ComponentOperations::ComponentsOf(std::int32_t version) const {
+  std::vector<ShownComponent> components;
+  for (const std::int32_t slot : project_.ComponentSlots(version)) {
+    components.push_back(
+        {version, slot, project_.VersionString(version), project_.ComponentTitle(version, slot)});
+  }
+  return components;
+}
+
+void ComponentOperations::Copy(const std::vector<ShownComponent>& components,
+                               std::int32_t toVersion) {
+  if (components.empty()) return;
+  project_.RequireVersion(toVersion);
+  std::vector<std::string> titles = TitlesIn(toVersion);
+  std::vector<File> files;
+  for (const ShownComponent& component : components) {
+    if (IsOutdated(component, Text::Paste)) return;
+    const auto file = CopyOf(component);
+    titles.push_back(FreeTitle(component.shownTitle, titles));
+    file->Write(kTitle.section, kTitle.key, titles.back());
+    files.push_back(file);
+  }
+  if (files.size() == 1) {
+    AddOne(toVersion, *files.front());
+  } else {
+    AddSeveral(toVersion, files);
+  }
+  view_->UpdateTree();
+  titles.erase(titles.begin(), titles.end() - std::ptrdiff_t(files.size()));
+  view_->ShowStatusText(WhereText(titles, toVersion));
+}
+
+std::shared_ptr<tools::SettingsFile> ComponentOperations::CopyOf(
+    const ShownComponent& component) const {
+  const std::string path = project_.ComponentFilePath(component.version, component.component);
+  auto file = project_.Settings().Load(path)->Clone();
+  if (file->Render().find('\0') != std::string::npos) {
+    throw tools::PathError("Die Datei der Komponente ist beschädigt", path, {});
+  }
+  GiveNewGuids(*file);
+  return file;
+}
+
+std::vector<std::string> ComponentOperations::TitlesIn(std::int32_t version) const {
+  std::vector<std::string> titles;
+  for (const std::int32_t slot : project_.ComponentSlots(version)) {
+    titles.push_back(project_.ComponentTitle(version, slot));
+  }
+  return titles;
+}
+
+std::vector<std::int32_t> ComponentOperations::FreeSlots(std::int32_t version, std::int32_t first,
+                                                         std::size_t count) const {
+  const std::vector<std::int32_t> used = project_.ComponentSlots(version);
+  std::vector<std::int32_t> slots;
+  for (std::int32_t slot = first; slots.size() < count; ++slot) {
+    // A damaged count must not make a slot beyond it look free: the title is asked too.
+    if (!std::binary_search(used.begin(), used.end(), slot) &&
+        project_.ComponentTitle(version, slot).empty()) {
+      slots.push_back(slot);
+    }
+  }
+  return slots;
+}
+
+// As a component is added: the count first, for a slot more that is free shows nowhere.
+void ComponentOperations::AddOne(std::int32_t version, const tools::SettingsFile& file) {
+  const std::int32_t slot = FreeSlots(version, 1, 1).front();
+  Change([&](Undo& undo) {
+    if (project_.ComponentCount(version) < slot) WriteCount(version, slot, undo);
+    project_.Settings().ReplaceFile(project_.ComponentFilePath(version, slot), file);
+  });
+}
+
+// The count comes last and shows all of them at once. In a version without components it first goes
+// to 0, so that the slots below it can be used.
+void ComponentOperations::AddSeveral(std::int32_t version, const std::vector<File>& files) {
+  const std::int32_t count = project_.ComponentCount(version);
+  const bool isEmpty = project_.ComponentSlots(version).empty();
+  const std::vector<std::int32_t> slots = FreeSlots(version, isEmpty ? 1 : count + 1, files.size());
+  Change([&](Undo& undo) {
+    if (isEmpty && count > 0) WriteCount(version, 0, undo);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+      WriteComponent(project_.ComponentFilePath(version, slots[i]), *files[i], undo);
+    }
+    WriteCount(version, std::max(count, slots.back()), undo);
+  });
+}
+
+void ComponentOperations::WriteCount(std::int32_t version, std::int32_t count, Undo& undo) {
+  const std::string path = project_.VersionFilePath(version);
+  const File before = project_.Settings().Load(path);
+  project_.WriteVersionSetting(version, setting::kComponentCount, std::to_string(count));
+  undo.Add([=, this] { project_.Settings().ReplaceFile(path, *before); });
+}
+
+void ComponentOperations::WriteComponent(const std::string& path, const tools::SettingsFile& file,
+                                         Undo& undo) {
+  const File before = tools::FileExists(path) ? project_.Settings().Load(path) : nullptr;
+  project_.Settings().ReplaceFile(path, file);
+  undo.Add([=, this] {
+    if (before) {
+      project_.Settings().ReplaceFile(path, *before);
+    } else {
+      disk_.DeleteFile(path);
+    }
+  });
+}
+
+// One rename moves the component: at no time is it in both versions or in none.
+std::int32_t ComponentOperations::Move(const ShownComponent& component, std::int32_t toVersion) {
+  if (component.version == toVersion || IsOutdated(component, Text::Paste)) return 0;
+  project_.RequireVersion(toVersion);
+  const std::string from = project_.ComponentFilePath(component.version, component.component);
+  const std::int32_t slot = FreeSlots(toVersion, 1, 1).front();
+  const std::string to = project_.ComponentFilePath(toVersion, slot);
+  Change([&](Undo& undo) {
+    if (project_.ComponentCount(toVersion) < slot) WriteCount(toVersion, slot, undo);
+    disk_.Replace(from, to);
+  });
+  disk_.SyncFolder(tools::FolderOf(to));
+  disk_.SyncFolder(tools::FolderOf(from));
+  view_->UpdateTree();
+  return slot;
+}
+
+void ComponentOperations::Rename(const ShownComponent& component) {
+  const std::string title(
+      tools::TrimBlanks(dialogs_.InputBox(LoadText(Text::EnterOtherComponentTitle),
+                                          LoadText(Text::RenameComponent), component.shownTitle)));
+  if (title.empty() || title == component.shownTitle) return;
+  if (IsOutdated(component, Text::RenameComponent)) return;
+  project_.WriteComponentSetting(component.version, component.component, kTitle.section, kTitle.key,
+                                 title);
+  view_->UpdateTree();
+}
+
+bool ComponentOperations::IsOutdated(const ShownComponent& component, Text caption) {
+  if (project_.VersionString(component.version) == component.shownVersion &&
+      project_.ComponentTitle(component.version, component.component) == component.shownTitle) {
+    return false;
+  }
+  dialogs_.ShowMessage(
+      {.text = LoadText(Text::ProjectChangedElsewhere), .caption = LoadText(caption)});
+  view_->UpdateTree();
+  return true;
+}
+
+void ComponentOperations::Change(const std::function<void(Undo&)>& steps) {
+  RunOrTakeBack(steps, [this] { view_->UpdateTree(); });
+}
+
+std::string ComponentOperations::WhereText(const std::vector<std::string>& titles,
+                                           std::int32_t version) const {
+  std::string text =
+      tools::ReplaceAll(LoadText(Text::NowInVersion), "%version%", project_.VersionString(version));
+  for (std::size_t i = 0; i < titles.size(); ++i) text += (i == 0 ? " " : ", ") + titles[i];
+  return text;
+}
+
+}  // namespace model
