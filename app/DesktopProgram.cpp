@@ -25,6 +25,7 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
       project_(settings_),
       newProductForm_(*registry_, dialogs_),
       operations_(project_, disk_, dialogs_, clock_, newProductForm_),
+      components_(project_, disk_, dialogs_),
       pageRegistry_(pages::AllPages()),
       wizards_({.project = project_,
                 .operations = operations_,
@@ -41,6 +42,7 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                     }}),
       window_({.project = project_,
                .operations = operations_,
+               .components = components_,
                .dialogs = dialogs_,
                .registry = *registry_,
                .pageRegistry = pageRegistry_}) {

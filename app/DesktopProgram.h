@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "app/EndSignals.h"
+#include "model/ComponentOperations.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "pages/PageRegistry.h"
@@ -57,6 +58,7 @@ class DesktopProgram {
   model::ModProject project_;
   shell::NewProductDialog newProductForm_;
   model::ModProjectOperations operations_;
+  model::ComponentOperations components_;
   pages::PageRegistry pageRegistry_;
   wizards::WizardLauncher wizards_;
   shell::frmMain window_;

@@ -6,6 +6,7 @@
 #include "app/DesktopProgram.h"
 #include "shell/GuardedApplication.h"
 #include "tools/Process.h"
+#include "tools/desktop/FocusStyle.h"
 
 int main(int argc, char** argv) {
   tools::PrepareProcess();
@@ -13,6 +14,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("packwright"));
   QGuiApplication::setDesktopFileName(QStringLiteral("packwright"));
   shell::InstallGermanTexts(application);
+  QApplication::setStyle(new tools::FocusStyle);
 
   app::DesktopProgram program;
   application.SetDialogs(&program.Dialogs());

@@ -8,6 +8,7 @@ namespace model {
 
 inline constexpr std::string_view kPreferencesKey = "Software\\Quillon\\Packwright";
 inline constexpr std::string_view kLastAuthor = "LastAuthor";
+inline constexpr std::string_view kRecentProducts = "RecentProducts";  ///< tabs between the paths
 inline constexpr std::string_view kWindowGeometry = "WindowGeometry";
 inline constexpr std::string_view kSplitterPosition = "SplitterPosition";
 

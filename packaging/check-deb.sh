@@ -29,7 +29,8 @@ done
 
 root=$work/root
 dpkg-deb --extract "$package" "$root"
-for file in applications/packwright.desktop doc/packwright/user-guide.md \
+for file in applications/packwright.desktop doc/packwright/handbuch.html \
+  doc/packwright/kapitel/dateien.html \
   icons/hicolor/scalable/apps/packwright.svg man/man1/packwright.1 man/man1/packwright-build.1 \
   man/man1/packwright-setup.1 \
   bash-completion/completions/packwright-build bash-completion/completions/packwright-setup \

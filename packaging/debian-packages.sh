@@ -12,7 +12,7 @@ set -eu
 
 packages_build="cmake g++ ninja-build libcli11-dev libdeflate-dev libutf8proc-dev libzip-dev
   nlohmann-json3-dev zlib1g-dev"
-packages_desktop="librsvg2-bin qt6-base-dev qt6-translations-l10n"
+packages_desktop="cmark-gfm librsvg2-bin qt6-base-dev qt6-translations-l10n"
 packages_run="qt6-wayland unzip"
 packages_test="libgmock-dev libgtest-dev unzip"
 packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time unzip xauth xvfb zip"

@@ -4,9 +4,21 @@ namespace pages {
 
 void EditorPage::ApplyChanges() {
   if (host_ == nullptr) return;
-  host_->InOneWrite(*this, [this] { WriteSettings(); });
+  try {
+    host_->InOneWrite(*this, [this] { WriteSettings(); });
+  } catch (...) {
+    Q_EMIT SaveTried(false);
+    throw;
+  }
   SettingsWritten();
-  dirty_ = false;
+  SetDirty(false);
+  Q_EMIT SaveTried(true);
+}
+
+void EditorPage::SetDirty(bool dirty) {
+  if (dirty == dirty_) return;
+  dirty_ = dirty;
+  Q_EMIT DirtyChanged();
 }
 
 void EditorPage::StatusTextChanged(const std::string& text) {

@@ -35,7 +35,13 @@ class EditorPage : public QWidget, public model::OpenPage {
   /// unchanged.
   void ApplyChanges() final;
   [[nodiscard]] bool IsDirty() const override { return dirty_; }
-  void SetDirty(bool dirty) override { dirty_ = dirty; }
+  void SetDirty(bool dirty) override;
+
+ Q_SIGNALS:
+  /// IsDirty answers otherwise than before.
+  void DirtyChanged();
+  /// ApplyChanges has ended; not `saved`: by an error, which its caller tells.
+  void SaveTried(bool saved);
 
  protected:
   /// Hands the page's state to the host's Save, all of it, whether it was changed or not; may be

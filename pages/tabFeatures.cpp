@@ -4,7 +4,8 @@
 
 namespace pages {
 
-tabFeatures::tabFeatures(const PageServices& /*services*/, QWidget* parent) : EditorPage(parent) {}
+tabFeatures::tabFeatures(const PageServices& /*services*/, QWidget* parent)
+    : ReservedPage(parent) {}
 
 std::string tabFeatures::Title() const { return model::LoadText(model::Text::FeaturesPage); }
 

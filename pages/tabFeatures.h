@@ -2,20 +2,17 @@
 #pragma once
 
 #include "pages/PageRegistry.h"
+#include "pages/ReservedPage.h"
 
 namespace pages {
 
-class tabFeatures : public EditorPage {
+class tabFeatures : public ReservedPage {
   Q_OBJECT
 
  public:
   tabFeatures(const PageServices& services, QWidget* parent);
 
   [[nodiscard]] std::string Title() const override;
-  void ReadSettings() override {}
-
- protected:
-  void WriteSettings() override {}
 };
 
 }  // namespace pages

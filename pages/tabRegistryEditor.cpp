@@ -86,8 +86,8 @@ QWidget* tabRegistryEditor::BuildPath() {
   lblRegPath->setObjectName(u"lblRegPath"_s);
   cmbRegPath = new QComboBox;
   cmbRegPath->setObjectName(u"cmbRegPath"_s);
-  cmbRegPath->setAccessibleName(lblRegPath->text());
   cmbRegPath->setEditable(true);
+  tools::NameEditableBox(*cmbRegPath, lblRegPath->text());
   tools::IgnoreWheelWithoutFocus(*cmbRegPath);
   cmbRegPath->setInsertPolicy(QComboBox::NoInsert);
   // Enter takes the text as it was typed: no completion, and no search for it in the list.

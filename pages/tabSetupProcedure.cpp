@@ -5,7 +5,7 @@
 namespace pages {
 
 tabSetupProcedure::tabSetupProcedure(const PageServices& /*services*/, QWidget* parent)
-    : EditorPage(parent) {}
+    : ReservedPage(parent) {}
 
 std::string tabSetupProcedure::Title() const {
   return model::LoadText(model::Text::SetupProcedurePage);

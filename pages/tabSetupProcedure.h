@@ -3,20 +3,17 @@
 #pragma once
 
 #include "pages/PageRegistry.h"
+#include "pages/ReservedPage.h"
 
 namespace pages {
 
-class tabSetupProcedure : public EditorPage {
+class tabSetupProcedure : public ReservedPage {
   Q_OBJECT
 
  public:
   tabSetupProcedure(const PageServices& services, QWidget* parent);
 
   [[nodiscard]] std::string Title() const override;
-  void ReadSettings() override {}
-
- protected:
-  void WriteSettings() override {}
 };
 
 }  // namespace pages

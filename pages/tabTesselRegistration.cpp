@@ -98,6 +98,7 @@ void tabTesselRegistration::BuildControls() {
   prepare(lblProgramSubtype, u"lblProgramSubtype"_s, cmbProgramSubtype, u"cmbProgramSubtype"_s,
           Text::CatalogueSubtypeHint);
   cmbProgramSubtype->setEditable(true);
+  tools::NameEditableBox(*cmbProgramSubtype, lblProgramSubtype->text());
   cmbProgramSubtype->setInsertPolicy(QComboBox::NoInsert);
   cmbProgramSubtype->setCompleter(nullptr);
   for (QLineEdit* box : {txtTesselKey, txtProgramTitle, cmbProgramSubtype->lineEdit()}) {

@@ -144,6 +144,14 @@ void EditorTabs::ShowTab(std::int32_t index) {
   }
 }
 
+bool EditorTabs::HasChangedOutside() const {
+  try {
+    return settings_.HasChangedOutside();
+  } catch (const tools::Error&) {
+    return true;  // reading anew tells why
+  }
+}
+
 void EditorTabs::StatusTextChanged(const std::string& text) { area_.ShowStatusText(text); }
 
 std::string EditorTabs::Read(std::string_view section, std::string_view key,

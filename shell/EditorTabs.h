@@ -42,6 +42,11 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   /// Makes one page visible and hides the others; an index outside 1 to Count hides them all.
   void ShowTab(std::int32_t index);
 
+  /// The file of the pages' settings. Raises tools::Error.
+  [[nodiscard]] std::string SettingsPath() const { return settings_.FilePath(); }
+  /// True when another program has changed that file since the pages have read it.
+  [[nodiscard]] bool HasChangedOutside() const;
+
   void StatusTextChanged(const std::string& text) override;
   [[nodiscard]] std::string Read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue) override;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QToolBar>
+#include <QToolButton>
 
 #include "model/TextTable.h"
 #include "shell/IconList.h"
@@ -16,6 +17,11 @@ class MainToolBar : public QToolBar {
 
  public:
   explicit MainToolBar(QWidget* parent);
+
+  /// The button of that key.
+  [[nodiscard]] QToolButton& Button(const QString& key) const;
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
   void ButtonClicked(const QString& key);

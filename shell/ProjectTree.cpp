@@ -1,13 +1,18 @@
 #include "shell/ProjectTree.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QDrag>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QTreeWidgetItemIterator>
 #include <memory>
 #include <utility>
 
 #include "model/TextTable.h"
+#include "shell/ChangeMark.h"
 #include "tools/desktop/QtText.h"
 #include "tools/files/Path.h"
 
@@ -31,6 +36,11 @@ std::string StoredTextOf(const QTreeWidgetItem* item) {
   return item == nullptr ? std::string() : item->data(0, kStoredRole).toByteArray().toStdString();
 }
 
+/// Of this process alone: the nodes of another one are not those of this tree.
+QString DragFormat() {
+  return QStringLiteral("application/x-packwright-node-%1").arg(QCoreApplication::applicationPid());
+}
+
 bool IsArrowKey(int key) {
   return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
          key == Qt::Key_Home || key == Qt::Key_End;
@@ -48,6 +58,9 @@ ProjectTree::ProjectTree(QWidget* parent) : QTreeWidget(parent) {
   setSelectionMode(QAbstractItemView::SingleSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setMouseTracking(true);
+  setDragEnabled(true);
+  setAcceptDrops(true);
+  setDropIndicatorShown(false);
   connect(this, &QTreeWidget::itemClicked, this, [this] { itemClicked_ = true; });
   connect(this, &QTreeWidget::itemCollapsed, this, &ProjectTree::SelectInsteadOfHidden);
 }
@@ -70,10 +83,31 @@ QTreeWidgetItem* ProjectTree::MakeItem(const Node& node, const std::string& text
   item->setText(0, tools::ToQString(text));
   item->setData(0, kKeyRole, tools::ToQString(node.key));
   item->setData(0, kTagRole, tools::ToQString(node.tag));
-  item->setIcon(0, node.tag == kProductTag   ? productIcon_
-                   : node.tag == kVersionTag ? versionIcon_
-                                             : componentIcon_);
+  item->setIcon(0, IconOf(node));
+  item->setFlags(node.tag == kComponentTag ? item->flags() | Qt::ItemIsDragEnabled
+                                           : item->flags() & ~Qt::ItemIsDragEnabled);
+  if (node == marked_) ShowMark(*item, true);
   return item;
+}
+
+const QIcon& ProjectTree::IconOf(const Node& node) const {
+  return node.tag == kProductTag   ? productIcon_
+         : node.tag == kVersionTag ? versionIcon_
+                                   : componentIcon_;
+}
+
+void ProjectTree::ShowMark(QTreeWidgetItem& item, bool marked) const {
+  const QIcon& icon = IconOf(NodeOf(&item));
+  item.setIcon(0, marked ? WithChangeMark(icon) : icon);
+  item.setData(0, Qt::AccessibleDescriptionRole,
+               marked ? tools::ToQString(model::LoadText(Text::Changed)) : QVariant());
+}
+
+void ProjectTree::MarkChanged(const Node& node) {
+  if (node == marked_) return;
+  for (const Node& each : {std::exchange(marked_, node), node}) {
+    if (QTreeWidgetItem* item = Find(each)) ShowMark(*item, each == node);
+  }
 }
 
 void ProjectTree::AddComponents(const model::ModProject& project, std::int32_t version,
@@ -116,27 +150,39 @@ void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVers
   product.release()->setExpanded(true);
   if (latest != nullptr) latest->setExpanded(true);
   // Making a hidden node the current one would expand those above it.
-  QTreeWidgetItem* again = ItemOf(selected);
-  if (again == nullptr) return;
-  if (again->parent() == nullptr || again->parent()->isExpanded()) setCurrentItem(again);
+  Select(selected);
 }
 
 void ProjectTree::SetProductTitle(const std::string& title) {
   if (topLevelItemCount() > 0) topLevelItem(0)->setText(0, tools::ToQString(title));
 }
 
-QTreeWidgetItem* ProjectTree::ItemOf(const Node& node) {
+bool ProjectTree::HasChildren(const Node& node) const {
+  const QTreeWidgetItem* item = Find(node);
+  return item != nullptr && item->childCount() > 0;
+}
+
+QTreeWidgetItem* ProjectTree::Find(const Node& node) const {
   if (node.key.empty()) return nullptr;
-  for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+  // The iterator takes no constant tree.
+  for (QTreeWidgetItemIterator item(topLevelItem(0)); *item != nullptr; ++item) {
     if (NodeOf(*item) == node) return *item;
   }
   return nullptr;
 }
 
 bool ProjectTree::SelectNode(const Node& node) {
-  QTreeWidgetItem* item = ItemOf(node);
+  QTreeWidgetItem* item = Find(node);
   if (item != nullptr) setCurrentItem(item);
   return item != nullptr;
+}
+
+void ProjectTree::Select(const Node& node) {
+  QTreeWidgetItem* item = Find(node);
+  if (item == nullptr) return;
+  // Making a hidden node the current one would expand those above it.
+  const QTreeWidgetItem* parent = item->parent();
+  if (parent == nullptr || parent->isExpanded()) setCurrentItem(item);
 }
 
 void ProjectTree::mousePressEvent(QMouseEvent* event) {
@@ -198,6 +244,76 @@ void ProjectTree::SelectInsteadOfHidden(QTreeWidgetItem* collapsed) {
   for (const auto* above = selected->parent(); above != nullptr; above = above->parent()) {
     if (above == collapsed) setCurrentItem(collapsed);
   }
+}
+
+// The button that starts a drag does not come up over the tree: the node that the pages belong to
+// stays the selected one. Nothing is removed at the end, as the view's own drag would.
+void ProjectTree::startDrag(Qt::DropActions /*supportedActions*/) {
+  const Node dragged = SelectedNode();
+  if (dragged.tag != kComponentTag) return;
+  if (nodeAtPress_.key.empty()) {
+    setCurrentItem(nullptr);
+  } else {
+    Select(nodeAtPress_);
+  }
+  auto* drag = new QDrag(this);
+  auto* content = new QMimeData;
+  content->setData(DragFormat(), QByteArray::fromStdString(dragged.key));
+  drag->setMimeData(content);
+  drag->setPixmap(componentIcon_.pixmap(iconSize().isValid() ? iconSize() : QSize(24, 24)));
+  drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+  setState(NoState);
+}
+
+void ProjectTree::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasFormat(DragFormat())) {
+    event->acceptProposedAction();
+  } else {
+    event->ignore();
+  }
+}
+
+void ProjectTree::dragMoveEvent(QDragMoveEvent* event) {
+  QTreeWidget::dragMoveEvent(event);  // scrolls at the edges
+  if (DropTarget(*event).key.empty()) {
+    event->ignore();
+  } else {
+    event->setDropAction(IsCopy(*event) ? Qt::CopyAction : Qt::MoveAction);
+    event->accept();
+  }
+}
+
+void ProjectTree::dropEvent(QDropEvent* event) {
+  const Node target = DropTarget(*event);
+  if (target.key.empty()) {
+    event->ignore();
+    return;
+  }
+  const bool move = !IsCopy(*event);
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  // What it asks and shows must not run within the drag.
+  QMetaObject::invokeMethod(
+      this,
+      [this, dragged = DraggedNode(*event), target, move] {
+        Q_EMIT ComponentDropped(dragged, target, move);
+      },
+      Qt::QueuedConnection);
+}
+
+bool ProjectTree::IsCopy(const QDropEvent& event) {
+  return event.modifiers().testFlag(Qt::ControlModifier);
+}
+
+Node ProjectTree::DropTarget(const QDropEvent& event) const {
+  const Node target = NodeOf(itemAt(event.position().toPoint()));
+  const std::int32_t version = SlotsOf(target).version;
+  if (version == 0) return {};
+  return IsCopy(event) || version != SlotsOf(DraggedNode(event)).version ? target : Node();
+}
+
+Node ProjectTree::DraggedNode(const QDropEvent& event) {
+  return {std::string(kComponentTag), event.mimeData()->data(DragFormat()).toStdString()};
 }
 
 void ProjectTree::ShowMenuAtSelection() {

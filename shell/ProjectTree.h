@@ -33,11 +33,16 @@ class ProjectTree : public QTreeWidget {
   void Fill(const model::ModProject& project, std::int32_t latestVersion, ErrorList& errors);
   /// Changes the product node's text.
   void SetProductTitle(const std::string& title);
+  /// Selects that node where it is visible.
+  void Select(const Node& node);
+  /// Marks that node as one with unsaved changes and no other; the default one: none.
+  void MarkChanged(const Node& node);
 
   /// Selects a node and unfolds those above it, without a click; false when there is no such node.
   bool SelectNode(const Node& node);
   /// The selected node; the default one when none is.
   [[nodiscard]] Node SelectedNode() const;
+  [[nodiscard]] bool HasChildren(const Node& node) const;
   /// The stored texts that the selected version or component was shown with.
   [[nodiscard]] ShownTexts SelectedTexts() const;
 
@@ -48,6 +53,9 @@ class ProjectTree : public QTreeWidget {
   /// The user asked for the selected node's menu.
   void MenuWanted(const QPoint& globalPosition);
   void PointerMoved();
+  /// The user has dragged a component onto a version, or onto a component of it. Comes when the
+  /// drag is over.
+  void ComponentDropped(const shell::Node& component, const shell::Node& target, bool move);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -57,21 +65,32 @@ class ProjectTree : public QTreeWidget {
   [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
       const QModelIndex& index, const QEvent* event) const override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void startDrag(Qt::DropActions supportedActions) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   [[nodiscard]] QTreeWidgetItem* SelectedItem() const;
   [[nodiscard]] QTreeWidgetItem* MakeItem(const Node& node, const std::string& text) const;
   void AddComponents(const model::ModProject& project, std::int32_t version,
                      QTreeWidgetItem& parent, ErrorList& errors) const;
-  [[nodiscard]] QTreeWidgetItem* ItemOf(const Node& node);
+  [[nodiscard]] QTreeWidgetItem* Find(const Node& node) const;
+  [[nodiscard]] const QIcon& IconOf(const Node& node) const;
+  void ShowMark(QTreeWidgetItem& item, bool marked) const;
   void SelectInsteadOfHidden(QTreeWidgetItem* collapsed);
   void ShowMenuAtSelection();
+  [[nodiscard]] static Node DraggedNode(const QDropEvent& event);
+  [[nodiscard]] static bool IsCopy(const QDropEvent& event);
+  /// The node that a drop would act on; the default one where there is none to.
+  [[nodiscard]] Node DropTarget(const QDropEvent& event) const;
 
   QIcon productIcon_;
   QIcon versionIcon_;
   QIcon componentIcon_;
   bool itemClicked_ = false;  ///< in the mouse event that is being handled
   Node nodeAtPress_;          ///< selected when the mouse button went down
+  Node marked_;
 };
 
 }  // namespace shell

@@ -4,20 +4,21 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QVBoxLayout>
-#include <utility>
 
 #include "model/TextTable.h"
 #include "shell/ErrorList.h"
 #include "shell/IconList.h"
 #include "shell/MainToolBar.h"
-#include "shell/NodeKey.h"
+#include "shell/PageBars.h"
 #include "shell/ProjectTree.h"
 #include "shell/ResultPanel.h"
+#include "shell/StartArea.h"
 #include "shell/TitleLabel.h"
+#include "shell/UnsavedMarks.h"
 #include "shell/WindowPlace.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
@@ -33,14 +34,10 @@ namespace {
 
 constexpr QSize kFirstSize(1040, 680);
 constexpr QSize kLeastSize(640, 420);
+constexpr QSize kWindowFrame(16, 48);  ///< what the window system may add around the window
 constexpr int kFirstTreeWidth = 280;
 
 QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
-
-// Qt reads "[*]" in a window's title as the place of its mark for unsaved changes.
-QString LiteralTitle(QString title) {
-  return title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
-}
 
 }  // namespace
 
@@ -63,12 +60,17 @@ frmMain::frmMain(const MainServices& services)
   BuildEditorPane();
   BuildMenus();
   BuildResultPanel();
+  BuildKeys();
+  marks_ = new UnsavedMarks(*this, *trvProjectTree, *tabDataEditor);
   splitter_->setStretchFactor(1, 1);
   splitter_->setSizes({kFirstTreeWidth, kFirstSize.width() - kFirstTreeWidth});
-  setMinimumSize(kLeastSize);
-  resize(kFirstSize);
+  // On a small screen, or at a large scale, no part of it is out of sight.
+  const QSize room = screen()->availableSize() - kWindowFrame;
+  setMinimumSize(kLeastSize.boundedTo(room));
+  resize(kFirstSize.boundedTo(room));
   RestoreWindowPlace(services_.registry, *this, *splitter_);
   services_.operations.Connect(*this, editorTabs_);
+  services_.components.Connect(*this);
   UpdateProjectState();
   // Else the first button of the toolbar would have it.
   setFocus();
@@ -76,122 +78,8 @@ frmMain::frmMain(const MainServices& services)
 
 frmMain::~frmMain() = default;
 
-void frmMain::BuildToolBar() {
-  tbrMain = new MainToolBar(this);
-  addToolBar(tbrMain);
-  connect(tbrMain, &MainToolBar::ButtonClicked, this,
-          tools::Guarded(services_.dialogs, [this](const QString& key) { OnToolButton(key); }));
-}
-
-void frmMain::BuildTreePane() {
-  picProjectTree = new QWidget(splitter_);
-  picProjectTree->setObjectName(QStringLiteral("picProjectTree"));
-  lblProjectTreeTitle = new TitleLabel(picProjectTree);
-  lblProjectTreeTitle->setObjectName(QStringLiteral("lblProjectTreeTitle"));
-  trvProjectTree = new ProjectTree(picProjectTree);
-  trvProjectTree->setObjectName(QStringLiteral("trvProjectTree"));
-  lblProjectTreeInfo = new QLabel(picProjectTree);
-  lblProjectTreeInfo->setObjectName(QStringLiteral("lblProjectTreeInfo"));
-  lblProjectTreeInfo->setWordWrap(true);
-  lblProjectTreeTitle->setBuddy(trvProjectTree);
-
-  auto* layout = new QVBoxLayout(picProjectTree);
-  layout->setContentsMargins(6, 6, 0, 6);
-  layout->addWidget(lblProjectTreeTitle);
-  layout->addWidget(trvProjectTree, 1);
-  layout->addWidget(lblProjectTreeInfo);
-
-  connect(trvProjectTree, &ProjectTree::NodeClicked, this,
-          tools::Guarded(services_.dialogs, [this] { UpdateEditor(); }));
-  connect(trvProjectTree, &ProjectTree::MenuWanted, this, &frmMain::PopUpNodeMenu);
-  connect(trvProjectTree, &ProjectTree::PointerMoved, this, [this] { ShowStatusText({}); });
-}
-
-void frmMain::BuildEditorPane() {
-  picDataEditor = new QWidget(splitter_);
-  picDataEditor->setObjectName(QStringLiteral("picDataEditor"));
-  lblDataEditorTitle = new TitleLabel(picDataEditor);
-  lblDataEditorTitle->setObjectName(QStringLiteral("lblDataEditorTitle"));
-  tabDataEditor = new QTabBar(picDataEditor);
-  tabDataEditor->setObjectName(QStringLiteral("tabDataEditor"));
-  tabDataEditor->setDocumentMode(true);
-  tabDataEditor->setExpanding(false);
-  tabDataEditor->setUsesScrollButtons(true);
-  lblDataEditorTitle->setBuddy(tabDataEditor);
-
-  editorLayout_ = new QVBoxLayout(picDataEditor);
-  editorLayout_->setContentsMargins(0, 6, 6, 6);
-  editorLayout_->addWidget(lblDataEditorTitle);
-  editorLayout_->addWidget(tabDataEditor);
-  editorLayout_->addStretch(0);
-
-  connect(tabDataEditor, &QTabBar::currentChanged, this,
-          tools::Guarded(services_.dialogs, [this] { OnTabClick(); }));
-}
-
-QAction* frmMain::AddMenuItem(QMenu& menu, const char* name, Text text) {
-  QAction* item = menu.addAction(Caption(text));
-  item->setObjectName(QString::fromLatin1(name));
-  return item;
-}
-
-void frmMain::OnMenuItem(QAction* item, std::function<void()> command) {
-  connect(item, &QAction::triggered, this, tools::Guarded(services_.dialogs, std::move(command)));
-}
-
-void frmMain::BuildMenus() {
-  mnuPopupProduct = new QMenu(this);
-  mnuPopupProduct->setObjectName(QStringLiteral("mnuPopupProduct"));
-  mnuProductAddVersion = AddMenuItem(*mnuPopupProduct, "mnuProductAddVersion", Text::AddVersion);
-  OnMenuItem(mnuProductAddVersion, [this] { services_.operations.AddVersion(); });
-
-  mnuPopupVersion = new QMenu(this);
-  mnuPopupVersion->setObjectName(QStringLiteral("mnuPopupVersion"));
-  mnuVersionAddComponent =
-      AddMenuItem(*mnuPopupVersion, "mnuVersionAddComponent", Text::AddComponent);
-  mnuVersionSep = mnuPopupVersion->addSeparator();
-  mnuVersionSep->setObjectName(QStringLiteral("mnuVersionSep"));
-  mnuVersionDelete = AddMenuItem(*mnuPopupVersion, "mnuVersionDelete", Text::Delete);
-  mnuVersionProperties = AddMenuItem(*mnuPopupVersion, "mnuVersionProperties", Text::Properties);
-  OnMenuItem(mnuVersionAddComponent, [this] {
-    services_.operations.AddComponent(SlotsOf(trvProjectTree->SelectedNode()).version);
-  });
-  OnMenuItem(mnuVersionDelete, [this] { DeleteSelectedNode(); });
-
-  mnuPopupComponent = new QMenu(this);
-  mnuPopupComponent->setObjectName(QStringLiteral("mnuPopupComponent"));
-  mnuComponentDelete = AddMenuItem(*mnuPopupComponent, "mnuComponentDelete", Text::Delete);
-  mnuComponentProperties =
-      AddMenuItem(*mnuPopupComponent, "mnuComponentProperties", Text::Properties);
-  OnMenuItem(mnuComponentDelete, [this] { DeleteSelectedNode(); });
-}
-
-void frmMain::BuildResultPanel() {
-  pnlResult = new ResultPanel(services_.dialogs, this);
-  addDockWidget(Qt::BottomDockWidgetArea, pnlResult);
-  pnlResult->hide();
-  connect(pnlResult, &ResultPanel::PlaceChosen, this,
-          tools::Guarded(services_.dialogs,
-                         [this](std::int32_t version, std::int32_t component, std::int32_t entry) {
-                           ShowPlace(version, component, entry);
-                         }));
-  connect(pnlResult, &ResultPanel::BuildAgainWanted, this,
-          [this](std::int32_t version) { Q_EMIT BuildAgainWanted(version, editorTabs_); });
-
-  // In the version's menu, and by their keys from wherever the user is.
-  mnuPopupVersion->addSeparator();
-  mnuVersionCheck = AddMenuItem(*mnuPopupVersion, "mnuVersionCheck", Text::CheckVersion);
-  mnuVersionCheck->setShortcut(Qt::Key_F5);
-  mnuVersionBuildAgain = AddMenuItem(*mnuPopupVersion, "mnuVersionBuildAgain", Text::BuildAgain);
-  mnuVersionBuildAgain->setShortcut(Qt::Key_F7);
-  addActions({mnuVersionCheck, mnuVersionBuildAgain});
-  OnMenuItem(mnuVersionCheck, [this] { RunForVersion(Text::CheckVersion, &frmMain::CheckWanted); });
-  OnMenuItem(mnuVersionBuildAgain,
-             [this] { RunForVersion(Text::BuildAgain, &frmMain::BuildAgainWanted); });
-}
-
 void frmMain::SetFixedCaptions() {
-  setWindowTitle(Caption(Text::ProgramName));
+  marks_->Begin(Caption(Text::ProgramName));
   lblProjectTreeTitle->setText(Caption(Text::ProjectTreeTitle) + QLatin1Char(' '));
   lblDataEditorTitle->setText(Caption(Text::ProjectEditorTitle) + QLatin1Char(' '));
   lblProjectTreeInfo->setText(Caption(Text::ProjectTreeHint));
@@ -202,9 +90,8 @@ void frmMain::SetFixedCaptions() {
 void frmMain::UpdateProjectState() {
   const bool open = services_.project.IsOpen();
   if (open) {
-    setWindowTitle(
-        LiteralTitle(Caption(Text::ProgramName) + QStringLiteral(" - ") +
-                     tools::ToQString(tools::FileNamePart(services_.project.ProductPath()))));
+    marks_->Begin(Caption(Text::ProgramName) + QStringLiteral(" - ") +
+                  tools::ToQString(tools::FileNamePart(services_.project.ProductPath())));
   } else {
     SetFixedCaptions();
   }
@@ -212,7 +99,10 @@ void frmMain::UpdateProjectState() {
   ErrorList errors;
   FillTree(errors);
   errors.Try([this] { UpdateEditor(); });
-  if (open) trvProjectTree->setFocus();
+  if (open) {
+    trvProjectTree->setFocus();
+    startArea_->Remember(services_.project.ProductPath());
+  }
   pnlResult->Clear();
   errors.Show(services_.dialogs);
 }
@@ -238,26 +128,39 @@ void frmMain::FillTree(ErrorList& errors) {
   std::int32_t latest = 0;
   errors.Try([&] { latest = services_.operations.LatestVersion(); });
   trvProjectTree->Fill(services_.project, latest, errors);
+  pageBars_->TreeChanged();
 }
 
 void frmMain::UpdateEditor() {
-  editorTabs_.Reset(true);
-  const QSignalBlocker quiet(tabDataEditor);
-  while (tabDataEditor->count() > 0) tabDataEditor->removeTab(0);
+  DropPages(true);
   // First: a product file that cannot be read is told once, not by each page.
   trvProjectTree->SetProductTitle(services_.project.ProductTitle());
-  const Node node = trvProjectTree->SelectedNode();
-  const NodeSlots slots = SlotsOf(node);
-  editorTabs_.Prepare(PageListOf(node), slots.version, slots.component);
+  shownNode_ = trvProjectTree->SelectedNode();
+  const NodeSlots slots = SlotsOf(shownNode_);
+  editorTabs_.Prepare(PageListOf(shownNode_), slots.version, slots.component);
+  ShowTabs();
+}
+
+void frmMain::ShowTabs() {
+  const QSignalBlocker quiet(tabDataEditor);
+  // The pages of a node stay of the kind that was looked at last.
+  const QString last = lastPages_[shownNode_.tag];
   for (std::int32_t i = 1; i <= editorTabs_.Count(); ++i) {
-    tabDataEditor->addTab(tools::ToQString(editorTabs_.Item(i).Title()));
+    const int tab = tabDataEditor->addTab(tools::ToQString(editorTabs_.Item(i).Title()));
+    if (tabDataEditor->tabText(tab) == last) tabDataEditor->setCurrentIndex(tab);
   }
+  marks_->Watch(editorTabs_, shownNode_);
+  pageBars_->PagesRead(shownNode_);
+  startArea_->Update(services_.project.IsOpen(), tabDataEditor->count() > 0);
   OnTabClick();
 }
 
 void frmMain::OnTabClick() {
-  if (!services_.project.IsOpen() || tabDataEditor->currentIndex() < 0) return;
-  editorTabs_.ShowTab(tabDataEditor->currentIndex() + 1);
+  const int tab = tabDataEditor->currentIndex();
+  if (!services_.project.IsOpen() || tab < 0) return;
+  lastPages_[shownNode_.tag] = tabDataEditor->tabText(tab);
+  ShowStatusText({});  // the hint of the page that goes
+  editorTabs_.ShowTab(tab + 1);
 }
 
 void frmMain::PositionExtender(QWidget& page) {
@@ -298,13 +201,18 @@ void frmMain::DeleteSelectedNode() {
     }
   });
   // Its pages could only write to files that are gone, or to a later node of the same slot.
-  if (trvProjectTree->SelectedNode() != node) DropPages();
+  if (trvProjectTree->SelectedNode() == node) return;
+  DropPages(false);
+  startArea_->Update(services_.project.IsOpen(), false);
 }
 
-void frmMain::DropPages() {
-  editorTabs_.Reset(false);
+void frmMain::DropPages(bool ask) {
+  editorTabs_.Reset(ask);
   const QSignalBlocker quiet(tabDataEditor);
   while (tabDataEditor->count() > 0) tabDataEditor->removeTab(0);
+  marks_->Watch(editorTabs_, shownNode_);
+  pageBars_->PagesRead(shownNode_);
+  ShowStatusText({});
 }
 
 void frmMain::OnToolButton(const QString& key) {
@@ -369,7 +277,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
   if (event->spontaneous()) {
     tools::Guard(services_.dialogs, [this] { services_.operations.CloseProduct(true); });
   }
-  DropPages();
+  DropPages(false);
   event->accept();
 }
 

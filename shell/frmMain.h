@@ -5,8 +5,10 @@
 #include <QMainWindow>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 
+#include "model/ComponentOperations.h"
 #include "model/MainView.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
@@ -14,6 +16,7 @@
 #include "pages/PageRegistry.h"
 #include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
+#include "shell/NodeKey.h"
 #include "tools/Dialogs.h"
 #include "tools/registry/Registry.h"
 
@@ -26,16 +29,21 @@ class QVBoxLayout;
 
 namespace shell {
 
+class ComponentCommands;
 class ErrorList;
 class MainToolBar;
+class PageBars;
 class ProjectTree;
 class ResultPanel;
+class StartArea;
 class TitleLabel;
+class UnsavedMarks;
 
 /// What the main window works with. The references must outlive it.
 struct MainServices {
   model::ModProject& project;
   model::ModProjectOperations& operations;
+  model::ComponentOperations& components;
   tools::Dialogs& dialogs;
   tools::Registry& registry;
   const pages::PageRegistry& pageRegistry;
@@ -93,12 +101,17 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void OnTabClick();
   void PopUpNodeMenu(const QPoint& globalPosition);
   void DeleteSelectedNode();
-  void DropPages();
   using Wanted = void (frmMain::*)(std::int32_t, model::OpenPages&);
   void StartWizard(model::Text title, Wanted wanted);
   /// Emits `wanted` for the version that the selected node is or belongs to; refuses without one.
   void RunForVersion(model::Text title, Wanted wanted);
   void BuildResultPanel();
+  [[nodiscard]] ComponentCommands* MakeComponentCommands();
+  [[nodiscard]] PageBars* MakePageBars();
+  void BuildKeys();
+  /// With `ask`, pages with changes are first offered for applying.
+  void DropPages(bool ask);
+  void ShowTabs();
   void Refuse(model::Text text, model::Text caption);
 
   MainServices services_;
@@ -116,9 +129,15 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   TitleLabel* lblDataEditorTitle = nullptr;
   QTabBar* tabDataEditor = nullptr;
   QVBoxLayout* editorLayout_ = nullptr;
+  PageBars* pageBars_ = nullptr;
+  StartArea* startArea_ = nullptr;
+  UnsavedMarks* marks_ = nullptr;
+  Node shownNode_;                            ///< that the pages belong to
+  std::map<std::string, QString> lastPages_;  ///< the title of the page shown last, by kind of node
 
   ResultPanel* pnlResult = nullptr;
 
+  ComponentCommands* componentCommands_ = nullptr;
   QMenu* mnuPopupProduct = nullptr;
   QAction* mnuProductAddVersion = nullptr;
   QMenu* mnuPopupVersion = nullptr;

@@ -72,7 +72,7 @@ wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t 
   layout->addWidget(MakeUnsavedRow(dialogs));
   layout->addStretch();
   cmbConfiguration_->setAccessibleName(ToQString(LoadText(Text::Configuration)));
-  cmbLanguage_->setAccessibleName(ToQString(LoadText(Text::Language)));
+  tools::NameEditableBox(*cmbLanguage_, ToQString(LoadText(Text::Language)));
 
   connect(cmbConfiguration_, &QComboBox::activated, this,
           tools::Guarded(dialogs, [this](int index) { ChooseConfiguration(index + 1); }));

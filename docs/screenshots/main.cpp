@@ -19,7 +19,9 @@
 
 #include "app/DesktopProgram.h"
 #include "model/TextTable.h"
+#include "pages/EditorPage.h"
 #include "shell/GuardedApplication.h"
+#include "tools/desktop/FocusStyle.h"
 #include "tools/desktop/QtText.h"
 #include "tools/desktop/wizard/WizardStructure.h"
 
@@ -106,6 +108,40 @@ bool WizardPictures(shell::frmMain& window, const QDir& folder) {
   return stored;
 }
 
+/// A version without components, and the version to take some from. Adds version 1.2.0.
+bool EmptyVersionPictures(shell::frmMain& window, const QDir& folder) {
+  ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
+            QStringLiteral("product"));
+  QTimer::singleShot(0, &window, [] {
+    auto& question = *qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    question.findChild<QLineEdit*>()->setText(QStringLiteral("1.2.0"));
+    question.accept();
+  });
+  window.findChild<QAction*>(QStringLiteral("mnuProductAddVersion"))->trigger();
+  ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
+            QStringLiteral("v3"));
+  bool stored = StorePicture(window, folder, QStringLiteral("version-empty"));
+  QTimer::singleShot(0, &window, [&] {
+    auto& choice = *qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    stored = stored && StorePicture(choice, folder, QStringLiteral("version-choice"));
+    choice.reject();
+  });
+  window.findChild<QAbstractButton*>(QStringLiteral("lnkTakeOver"))->click();
+  return stored;
+}
+
+/// A changed page, and the start page after its product was closed.
+bool StatePictures(shell::frmMain& window, const QDir& folder) {
+  ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
+            QStringLiteral("product"));
+  auto& page = *window.findChild<pages::EditorPage*>(QStringLiteral("EditorTab1"));
+  page.SetDirty(true);
+  const bool stored = StorePicture(window, folder, QStringLiteral("unsaved"));
+  page.SetDirty(false);
+  window.findChild<QAction*>(QStringLiteral("close"))->trigger();
+  return stored && StorePicture(window, folder, QStringLiteral("start-page"));
+}
+
 bool MakePictures(const QString& product, const QDir& folder) {
   app::DesktopProgram program;
   shell::frmMain& window = program.Window();
@@ -114,13 +150,15 @@ bool MakePictures(const QString& product, const QDir& folder) {
   window.show();
   program.OpenFromCommandLine({QString(), product});
   return MainWindowPicture(window, folder) && PagePictures(window, folder) &&
-         WizardPictures(window, folder);
+         WizardPictures(window, folder) && EmptyVersionPictures(window, folder) &&
+         StatePictures(window, folder);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const shell::GuardedApplication application(argc, argv);
+  QApplication::setStyle(new tools::FocusStyle);
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() != 3) {
     std::fputs("usage: screenshots PRODUCT FOLDER\n", stderr);

@@ -1,4 +1,7 @@
+#include <QDesktopServices>
 #include <QDir>
+#include <QMimeData>
+#include <QStatusBar>
 #include <QTabBar>
 
 #include "grid/ctlPropertyEditor.h"
@@ -214,16 +217,19 @@ class frmMainTest : public QObject {
   void AFailedSaveCanBeRepeated() {
     OpenProductPage();
     Grid().SetProperty("ProductTitle", "Neuer Titel");
+    QCOMPARE(Marks(), "Geändert|Packwright - Probe.product[*]|Produkt, geändert|Geändert");
     const QString folder = tools::ToQString(home_->Path("Produkt"));
     QVERIFY(QDir().rename(folder, folder + "weg"));
     program_->Press("save");
     QVERIFY(Told(*dialogs_).startsWith("Fehler|"));
     QVERIFY(Told(*dialogs_).contains(folder));
+    QCOMPARE(Marks(), "Nicht gespeichert|Packwright - Probe.product||");
     QVERIFY(QDir().rename(folder + "weg", folder));
     QTest::keySequence(&program_->window, QKeySequence::Save);
     QCOMPARE(dialogs_->Messages().size(), 1U);
     QCOMPARE(Stored("Product", "Title"), "Neuer Titel");
     QVERIFY(program_->Nodes().startsWith("product=Neuer Titel|"));
+    QVERIFY(Marks().startsWith("Gespeichert "));
   }
 
   void TheCloseBoxClosesWhateverTheAnswer() {
@@ -261,6 +267,125 @@ class frmMainTest : public QObject {
     QCOMPARE(dialogs_->Messages().back().text, model::LoadText(Text::NoVersionSelected));
   }
 
+  void ComponentsAreCopiedMovedAndRenamedByKeyAndMouse() {
+    home_->Write("Produkt/Version 1.9.0/product.version", "");
+    program_->Open(product_);
+    program_->Click("v3c2");
+    Press(QKeySequence::Copy);
+    Press(QKeySequence::Paste);
+    QVERIFY(program_->Nodes().contains("v3=Version 1.10.0|[v3c1=Programm (Kopie)]|[v3c2=Progr"));
+    QCOMPARE(Status(), "Jetzt in Version 1.10.0: Programm (Kopie)");
+    dialogs_->ExpectInputBox(Text::EnterOtherComponentTitle, "Kern");
+    Press(Qt::Key_F2);
+    program_->Click("v3c1");
+    Press(QKeySequence::Cut);
+    program_->Click("v1");
+    Press(QKeySequence::Paste);
+    Press(QKeySequence::Paste);
+    const QString moved = "|[v1c1=Alt]|[v1c2=Programm (Kopie)]|v3=Version 1.10.0|[v3c2=Kern]|";
+    QVERIFY2(program_->Nodes().contains(moved), qPrintable(program_->Nodes()));
+    Drop("v3c2", "v1", Qt::ControlModifier);
+    Drop("v3c2", "v3", Qt::NoModifier);
+    Drop("v3c2", "v4", Qt::NoModifier);
+    const QString dropped = "|[v1c3=Kern]|v3=Version 1.10.0|[v4=Version 1.9.0]|[v4c1=Kern]";
+    QVERIFY2(program_->Nodes().endsWith(dropped), qPrintable(program_->Nodes()));
+  }
+
+  void AVersionWithoutComponentsOffersThoseOfOthers() {
+    home_->Write("Produkt/Version 1.9.0/product.version", "[Components]\nCount=7\n");
+    program_->Open(product_);
+    program_->Click("v3");
+    QVERIFY(Child(program_->window, "fraNoComponents").isHidden());
+    program_->Click("v4");
+    ModalScript script;
+    script.Expect<QDialog>("versionChoice", [](QDialog& dialog) {
+      auto& versions = Child<QAbstractItemView>(dialog, "lstVersions");
+      QCOMPARE(Rows(versions), "Version 1.10.0 (1): Programm|Version 1.0.0 (1): Alt");
+      DoubleClick(versions, versions.model()->index(1, 0));
+    });
+    tests::Press(program_->window, "lnkTakeOver");
+    QVERIFY(program_->Nodes().endsWith("[v4=Version 1.9.0]|[v4c1=Alt]"));
+    QVERIFY(Child(program_->window, "fraNoComponents").isHidden());
+  }
+
+  void TheStartPageOffersTheProductsOpenedLast() {
+    QVERIFY(Child(program_->window, "startPage").isVisible());
+    for (const char* name : {"Produkt/b.product", "Produkt/a.product", TestProduct::kFile}) {
+      home_->Write(name, home_->Read(TestProduct::kFile));
+      program_->Open(home_->Path(name));
+    }
+    QVERIFY(Shown(program_->window, "lblStartHint").startsWith("Wählen Sie links"));
+    program_->Click("product");
+    QVERIFY(Child(program_->window, "startPage").isHidden());
+    QVERIFY(QFile::remove(tools::ToQString(home_->Path("Produkt/a.product"))));
+    program_->Press("close");
+    const auto link = [this](const char* name) -> QAbstractButton& {
+      return Child<QAbstractButton>(program_->window, name);
+    };
+    QTRY_VERIFY(link("lnkRemove2").isVisible());
+    QVERIFY(!link("lnkProduct2").isEnabled());
+    tests::Press(program_->window, "lnkRemove2");
+    QTRY_COMPARE(link("lnkProduct2").text(), "b.product");
+    QTest::keyClick(&link("lnkProduct2"), Qt::Key_Return);
+    QTRY_COMPARE(program_->window.windowTitle(), "Packwright - b.product");
+  }
+
+  void APageStaysOfItsKindFromNodeToNode() {
+    program_->Open(product_);
+    program_->Click("v3");
+    for (const auto& [keys, tab] : {std::pair(Qt::CTRL | Qt::Key_Tab, 1),
+                                    {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, 0},
+                                    {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, 4}}) {
+      Press(keys);
+      QCOMPARE(Tabs().currentIndex(), tab);
+    }
+    for (const char* key : {"v3c2", "v1"}) program_->Click(key);
+    QCOMPARE(Tabs().tabText(Tabs().currentIndex()), "Tessel-Datenbank");
+  }
+
+  void PanesAreReachedByKey() {
+    program_->Open(product_);
+    program_->Click("v3c2");
+    QStringList focused;
+    for (int i = 0; i < 4; ++i) {
+      QTest::keyClick(&program_->window, Qt::Key_F6);
+      focused += QApplication::focusWidget()->objectName();
+    }
+    QCOMPARE(focused.join('|'), "tabDataEditor|cmbDestinationFolder||trvProjectTree");
+  }
+
+  void HelpLeadsToTheGuidesChapterOnThePageShown() {
+    QDesktopServices::setUrlHandler("file", this, "TakeUrl");
+    program_->Open(product_);
+    for (const char* node : {"", "product", "v3", "v3c2"}) {
+      if (*node != '\0') program_->Click(node);
+      for (int page = 0; page < std::max(Tabs().count(), 1); ++page) {
+        QTest::keyClick(&program_->window, Qt::Key_F1);
+        QCOMPARE(Unnamed(), "");
+        Press(Qt::CTRL | Qt::Key_Tab);
+      }
+    }
+    QCOMPARE(Told(*dialogs_), "");
+    QCOMPARE(chapters_.join('|'),
+             "das-hauptfenster|produkt|version|setup-typen|installationsablauf|"
+             "erstellungs-optionen|tessel-datenbank|dateien|registrierung");
+  }
+
+  void TellsWhenAnotherProgramChangesThePagesFile() {
+    OpenProductPage();
+    const QWidget& bar = Child(program_->window, "fraFileChanged");
+    QEvent activation(QEvent::WindowActivate);
+    home_->Write(TestProduct::kFile, home_->Read(TestProduct::kFile) + "Ver9=\n");
+    QApplication::sendEvent(&program_->window, &activation);
+    QVERIFY2(!QTest::qWaitFor([&] { return bar.isVisible(); }, 200), "no page shows versions");
+    TestProduct(*home_).Project().SetProductTitle("Fremd");
+    QApplication::sendEvent(&program_->window, &activation);
+    QTRY_VERIFY(bar.isVisible());
+    tests::Press(program_->window, "lnkReload");
+    QVERIFY(bar.isHidden());
+    QCOMPARE(Grid().GetProperty("ProductTitle"), "Fremd");
+  }
+
   void TheWindowComesBackOnAScreenThatIsPresent() {
     program_->window.move(9000, 9000);
     program_->window.close();
@@ -268,10 +393,37 @@ class frmMainTest : public QObject {
     QVERIFY(next.window.screen()->geometry().intersects(next.window.frameGeometry()));
   }
 
+ public Q_SLOTS:
+  void TakeUrl(const QUrl& url) { chapters_ += QFileInfo(url.toLocalFile()).completeBaseName(); }
+
  private:
   void OpenProductPage() {
     program_->Open(product_);
     program_->Click("product");
+  }
+  void Press(const QKeySequence& keys) { QTest::keySequence(&program_->Tree(), keys); }
+  QString Status() const { return Child<QStatusBar>(program_->window, "sbrMain").currentMessage(); }
+  /// What says that something is not saved: status bar, caption, tab and tree.
+  QString Marks() {
+    QTabBar& tabs = Tabs();
+    const bool icon = !tabs.tabIcon(0).isNull();
+    return QStringList{
+        Shown(program_->window, "lblSaveState"), program_->window.windowTitle(),
+        icon ? tabs.accessibleTabName(0) : QString(),
+        program_->Tree().topLevelItem(0)->data(0, Qt::AccessibleDescriptionRole).toString()}
+        .join('|');
+  }
+  /// Lets a dragged component fall onto a node.
+  void Drop(const char* component, const char* target, Qt::KeyboardModifiers keys) {
+    QMimeData content;
+    content.setData(QString("application/x-packwright-node-%1").arg(qApp->applicationPid()),
+                    component);
+    const QPoint place = program_->PlaceOf(target);
+    QDragEnterEvent enter(place, Qt::MoveAction, &content, Qt::LeftButton, keys);
+    QApplication::sendEvent(program_->Tree().viewport(), &enter);
+    QDropEvent drop(place, Qt::MoveAction, &content, Qt::LeftButton, keys);
+    QApplication::sendEvent(program_->Tree().viewport(), &drop);
+    QApplication::processEvents();
   }
   QPoint BesideTheNodes() const {
     return program_->Tree().viewport()->rect().bottomRight() - QPoint(20, 5);
@@ -290,6 +442,19 @@ class frmMainTest : public QObject {
     return titles.join('|');
   }
 
+  /// The fields and lists on screen that a screen reader has no name for.
+  QString Unnamed() {
+    QString names;
+    for (const QWidget* field : program_->window.findChildren<QWidget*>()) {
+      const bool named = !field->accessibleName().isEmpty() || !field->isVisible();
+      const bool isField = field->inherits("QLineEdit") || field->inherits("QComboBox") ||
+                           field->inherits("QAbstractItemView");
+      if (isField && !named && !field->inherits("QHeaderView")) names += field->objectName() + field->parent()->objectName() + ' ';
+    }
+    return names;
+  }
+
+  QStringList chapters_;  ///< of the guide, in the order in which they were opened
   std::unique_ptr<TemporaryFolder> home_;
   std::string product_;
   std::unique_ptr<ScriptedDialogs> dialogs_;

@@ -85,6 +85,11 @@ void IgnoreWheelWithoutFocus(QComboBox& box) {
   box.installEventFilter(new WheelFilter(&box));
 }
 
+void NameEditableBox(QComboBox& box, const QString& name) {
+  box.setAccessibleName(name);
+  box.lineEdit()->setAccessibleName(name);
+}
+
 QDialogButtonBox* MakeOkCancelButtons(QWidget* parent) {
   auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, parent);
   QPushButton* ok = box->button(QDialogButtonBox::Ok);

@@ -29,6 +29,9 @@ void PrepareTextBox(QLineEdit& textBox);
 /// Keeps the mouse wheel from choosing another entry while the pointer only passes over the box.
 void IgnoreWheelWithoutFocus(QComboBox& box);
 
+/// Names an editable box for screen readers, and the text box in it, which has the focus.
+void NameEditableBox(QComboBox& box, const QString& name);
+
 /// The buttons `cmdOK` (the default one, standard text 110) and `cmdCancel` (standard text 111) in
 /// the platform's order. The box emits accepted() and rejected(); it belongs to `parent`.
 [[nodiscard]] QDialogButtonBox* MakeOkCancelButtons(QWidget* parent);

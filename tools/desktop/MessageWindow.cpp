@@ -1,8 +1,10 @@
 #include "tools/desktop/MessageWindow.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -125,6 +127,20 @@ int WidestWord(const QWidget& box) {
   return std::min(box.screen()->availableGeometry().width() / 2, kWidestBox) - kIconAndMargins;
 }
 
+/// The box is wide enough for its caption, which window systems draw in a font of their own beside
+/// their buttons.
+void MakeRoomForCaption(QMessageBox& box) {
+  QFont font = QApplication::font("QMdiSubWindowTitleBar");
+  font.setBold(true);
+  const QFontMetrics metrics(font);
+  const int width = std::min(metrics.horizontalAdvance(box.windowTitle()) + 8 * metrics.height(),
+                             box.screen()->availableGeometry().width() * 3 / 4);
+  auto* layout = qobject_cast<QGridLayout*>(box.layout());
+  if (layout == nullptr) return;
+  layout->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                  layout->rowCount(), 0, 1, layout->columnCount());
+}
+
 void PrepareButtons(QMessageBox& box, const Message& message) {
   box.setStandardButtons(ButtonsOf(message.buttons));
   const MessageAnswer rejecting = RejectingAnswer(message.buttons);
@@ -150,6 +166,7 @@ MessageAnswer RunMessageBox(const Message& message, QWidget* owner) {
   box.setText(WithBreaksInLongWords(ToQString(message.text).replace("\r\n"_L1, "\n"_L1),
                                     box.fontMetrics(), WidestWord(box)));
   PrepareButtons(box, message);
+  MakeRoomForCaption(box);
   const int chosen = box.exec();
   for (const ButtonKind& kind : kButtons) {
     if (kind.button == chosen) return kind.answer;

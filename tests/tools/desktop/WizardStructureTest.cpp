@@ -136,6 +136,17 @@ class WizardStructureTest : public QObject {
     });
   }
 
+  void PagesKeepTheirMarginsUnderEveryStyle() {
+    ListedPages().Run("name", [](WizardStructure& frame) {
+      const QWidget& page = *Child(frame, "txtName").parentWidget();
+      const QPoint place = page.mapTo(&frame, QPoint());
+      QApplication::setStyle("windows");
+      QApplication::processEvents();
+      QCOMPARE(page.mapTo(&frame, QPoint()), place);
+      frame.close();
+    });
+  }
+
   void AnErrorOfTheDriverKeepsThePage() {
     ListedPages driver;
     driver.failing = "end";

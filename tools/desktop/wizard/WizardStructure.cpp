@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -57,7 +58,10 @@ WizardStructure::WizardStructure(WizardDriver& driver, const WizardPageRegistry&
   lblStepBar_->setWordWrap(true);
   content_->addWidget(emptyPage_);
   const int unit = fontMetrics().height();
-  content_->setContentsMargins(unit * 5 / 4, unit, unit * 5 / 4, unit);
+  // Margins of the frame itself would be lost when a style changes its frames.
+  auto* around = new QVBoxLayout;
+  around->setContentsMargins(unit * 5 / 4, unit, unit * 5 / 4, unit);
+  around->addWidget(content_);
 
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -65,7 +69,7 @@ WizardStructure::WizardStructure(WizardDriver& driver, const WizardPageRegistry&
   layout->addWidget(picture_, 0, 0, 3, 1);
   layout->addWidget(header_, 0, 1);
   layout->addWidget(lblStepBar_, 1, 1);
-  layout->addWidget(content_, 2, 1);
+  layout->addLayout(around, 2, 1);
   layout->setRowStretch(2, 1);
   layout->setColumnStretch(1, 1);
   auto* line = new QFrame(this);

@@ -1,0 +1,177 @@
+#include "shell/ComponentCommands.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMimeData>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "shell/ProjectTree.h"
+#include "shell/VersionChoice.h"
+#include "tools/Text.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+using model::LoadText;
+using model::ShownComponent;
+using model::Text;
+using tools::ToQString;
+
+namespace {
+
+const QString kFormat = QStringLiteral("application/x-packwright-components");
+const QByteArray kMove = QByteArrayLiteral("move");
+constexpr char kBetween = '\n';  // no stored text holds one
+
+}  // namespace
+
+ComponentCommands::ComponentCommands(ProjectTree& tree, Services services)
+    : QObject(&tree), tree_(tree), services_(std::move(services)) {
+  mnuCopy = AddItem("mnuCopy", Text::Copy, QKeySequence::Copy, [this] { PutOnClipboard(false); });
+  mnuCut = AddItem("mnuCut", Text::Cut, QKeySequence::Cut, [this] { PutOnClipboard(true); });
+  mnuPaste = AddItem("mnuPaste", Text::Paste, QKeySequence::Paste, [this] { Paste(); });
+  mnuRename = AddItem("mnuRename", Text::Rename, Qt::Key_F2, [this] { Rename(); });
+  mnuTakeOver = AddItem("mnuTakeOver", Text::TakeOverComponents, {},
+                        [this] { TakeOver(SlotsOf(tree_.SelectedNode()).version); });
+  connect(&tree, &ProjectTree::ComponentDropped, this,
+          tools::Guarded(services_.dialogs, [this](const Node& component, const Node& target,
+                                                   bool move) {
+            const NodeSlots slots = SlotsOf(component);
+            for (const ShownComponent& each : services_.components.ComponentsOf(slots.version)) {
+              if (each.component == slots.component) Place({each}, move, target);
+            }
+          }));
+}
+
+QAction* ComponentCommands::AddItem(const char* name, Text text, const QKeySequence& shortcut,
+                                    std::function<void()> command) {
+  auto* item = new QAction(ToQString(LoadText(text)), &tree_);
+  item->setObjectName(QString::fromLatin1(name));
+  item->setShortcut(shortcut);
+  item->setShortcutContext(Qt::WidgetShortcut);
+  tree_.addAction(item);
+  connect(item, &QAction::triggered, this, tools::Guarded(services_.dialogs, std::move(command)));
+  return item;
+}
+
+void ComponentCommands::AddTo(QMenu& versionMenu, QMenu& componentMenu) {
+  versionMenu.addSeparator();
+  versionMenu.addActions({mnuCopy, mnuPaste, mnuTakeOver});
+  componentMenu.addSeparator();
+  componentMenu.addActions({mnuCopy, mnuCut, mnuPaste, mnuRename});
+  for (const QMenu* menu : {&versionMenu, &componentMenu}) {
+    connect(menu, &QMenu::aboutToShow, this, [this] { EnableItems(false); });
+    // Disabled items would not answer their keys.
+    connect(
+        menu, &QMenu::aboutToHide, this, [this] { EnableItems(true); }, Qt::QueuedConnection);
+  }
+}
+
+void ComponentCommands::EnableItems(bool all) {
+  tools::Guard(services_.dialogs, [&] {
+    mnuPaste->setEnabled(all || !OnClipboard().empty());
+    mnuCopy->setEnabled(all || !Selected().empty());
+  });
+}
+
+std::vector<ShownComponent> ComponentCommands::Selected() const {
+  const Node node = tree_.SelectedNode();
+  const NodeSlots slots = SlotsOf(node);
+  const ShownTexts shown = tree_.SelectedTexts();
+  if (node.tag == kComponentTag) {
+    return {{slots.version, slots.component, shown.version, shown.component}};
+  }
+  if (node.tag == kVersionTag) return services_.components.ComponentsOf(slots.version);
+  return {};
+}
+
+void ComponentCommands::PutOnClipboard(bool move) {
+  const std::vector<ShownComponent> components = Selected();
+  if (components.empty() || (move && tree_.SelectedNode().tag != kComponentTag)) return;
+  QGuiApplication::clipboard()->setMimeData(Pack(components, move));
+  // Copies are made of the files.
+  if (services_.operations.IsDirty()) {
+    services_.showStatus(LoadText(Text::SavedStateIsCopied));
+  } else {
+    services_.showStatus(
+        tools::ReplaceAll(LoadText(move ? Text::ReadyToMove : Text::ReadyToPaste), "%subject%",
+                          components.size() == 1 ? components.front().shownTitle
+                                                 : std::to_string(components.size())));
+  }
+}
+
+QMimeData* ComponentCommands::Pack(const std::vector<ShownComponent>& components, bool move) const {
+  QStringList titles;
+  QByteArrayList fields{QByteArray::fromStdString(services_.project.ProductPath()),
+                        move ? kMove : QByteArray("copy")};
+  for (const ShownComponent& component : components) {
+    titles += ToQString(component.shownTitle);
+    fields << QByteArray::number(component.version) << QByteArray::number(component.component)
+           << QByteArray::fromStdString(component.shownVersion)
+           << QByteArray::fromStdString(component.shownTitle);
+  }
+  auto* data = new QMimeData;
+  data->setText(titles.join(QLatin1Char('\n')));
+  data->setData(kFormat, fields.join(kBetween));
+  return data;
+}
+
+std::vector<ShownComponent> ComponentCommands::OnClipboard(bool* move) const {
+  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+  if (data == nullptr || !data->hasFormat(kFormat)) return {};
+  const QByteArrayList fields = data->data(kFormat).split(kBetween);
+  if (fields.size() < 2 || fields[0].toStdString() != services_.project.ProductPath()) return {};
+  if (move != nullptr) *move = fields[1] == kMove;
+  std::vector<ShownComponent> components;
+  for (qsizetype i = 2; i + 4 <= fields.size(); i += 4) {
+    components.push_back({fields[i].toInt(), fields[i + 1].toInt(), fields[i + 2].toStdString(),
+                          fields[i + 3].toStdString()});
+  }
+  return components;
+}
+
+void ComponentCommands::Paste() {
+  bool move = false;
+  const std::vector<ShownComponent> components = OnClipboard(&move);
+  if (!components.empty()) Place(components, move, tree_.SelectedNode());
+}
+
+void ComponentCommands::Place(const std::vector<ShownComponent>& components, bool move,
+                              const Node& target) {
+  const std::int32_t version = SlotsOf(target).version;
+  const bool isThere = move && components.front().version == version;
+  if (version == 0 || isThere) {
+    services_.showStatus(LoadText(isThere ? Text::ComponentIsThere : Text::SelectVersionFirst));
+    return;
+  }
+  if (!move) {
+    services_.components.Copy(components, version);
+    return;
+  }
+  if (!services_.closePages()) return;
+  std::int32_t slot = 0;
+  tools::Guard(services_.dialogs,
+               [&] { slot = services_.components.Move(components.front(), version); });
+  services_.openNode(slot != 0 ? ComponentNode(version, slot) : tree_.SelectedNode());
+  if (slot == 0) return;
+  QGuiApplication::clipboard()->clear();
+  services_.showStatus(services_.components.WhereText({components.front().shownTitle}, version));
+}
+
+void ComponentCommands::Rename() {
+  const std::vector<ShownComponent> selected = Selected();
+  if (tree_.SelectedNode().tag == kComponentTag) services_.components.Rename(selected.front());
+}
+
+void ComponentCommands::TakeOver(std::int32_t version) {
+  if (version == 0) return;
+  const std::int32_t from =
+      ChooseVersion(services_.project, services_.components, version, tree_.window());
+  if (from != 0) services_.components.Copy(services_.components.ComponentsOf(from), version);
+}
+
+}  // namespace shell

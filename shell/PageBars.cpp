@@ -1,0 +1,101 @@
+#include "shell/PageBars.h"
+
+#include <QEvent>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "pages/EditorPage.h"
+#include "shell/EditorTabs.h"
+#include "shell/PageBar.h"
+#include "shell/ProjectTree.h"
+#include "tools/Error.h"
+#include "tools/desktop/Background.h"
+#include "tools/desktop/LinkButton.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+using model::Text;
+using tools::LinkButton;
+
+namespace {
+
+QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
+
+tools::FileStamp StampOf(const std::string& path) {
+  try {
+    return tools::StampOf(path);
+  } catch (const tools::Error&) {
+    return {};  // a file that cannot be reached has changed
+  }
+}
+
+}  // namespace
+
+PageBars::PageBars(QVBoxLayout& layout, QWidget& window, ProjectTree& tree, EditorTabs& pages,
+                   Actions actions)
+    : QObject(&window),
+      tree_(tree),
+      pages_(pages),
+      noComponents_(new PageBar(QStringLiteral("fraNoComponents"), Caption(Text::NoComponentsYet),
+                                layout.parentWidget())),
+      fileChanged_(new PageBar(QStringLiteral("fraFileChanged"), Caption(Text::FileChangedOutside),
+                               layout.parentWidget())) {
+  layout.addWidget(fileChanged_);
+  layout.addWidget(noComponents_);
+  const auto version = [this] { return SlotsOf(node_).version; };
+  connect(noComponents_->AddLink("lnkAddComponent", Caption(Text::AddComponent)),
+          &LinkButton::clicked, this,
+          [version, add = std::move(actions.addComponent)] { add(version()); });
+  connect(noComponents_->AddLink("lnkTakeOver", Caption(Text::TakeOverComponents)),
+          &LinkButton::clicked, this,
+          [version, takeOver = std::move(actions.takeOver)] { takeOver(version()); });
+  connect(fileChanged_->AddLink("lnkReload", Caption(Text::Reload)), &LinkButton::clicked, this,
+          [reload = std::move(actions.reload)] { reload(); });
+  window.installEventFilter(this);
+}
+
+void PageBars::PagesRead(const Node& node) {
+  node_ = node;
+  fileChanged_->hide();
+  seen_.reset();
+  path_.clear();
+  try {
+    if (pages_.Count() > 0) path_ = pages_.SettingsPath();
+  } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the pages have told of it
+  }
+  for (std::int32_t i = 1; i <= pages_.Count(); ++i) {
+    connect(&pages_.Item(i), &pages::EditorPage::SaveTried, this, &PageBars::PagesSaved);
+  }
+  TreeChanged();
+}
+
+// What another program wrote may have been overwritten.
+void PageBars::PagesSaved() {
+  if (!fileChanged_->isHidden()) fileChanged_->setVisible(pages_.HasChangedOutside());
+}
+
+void PageBars::TreeChanged() {
+  noComponents_->setVisible(node_.tag == kVersionTag && pages_.Count() > 0 &&
+                            !tree_.HasChildren(node_));
+}
+
+bool PageBars::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::WindowActivate) LookAtFile();
+  return QObject::eventFilter(watched, event);
+}
+
+// Only the file's stamp is looked at in the background; a file that has another one is read anew.
+void PageBars::LookAtFile() {
+  if (path_.empty() || !fileChanged_->isHidden()) return;
+  tools::RunInBackground(*this, [this, path = path_]() -> std::function<void()> {
+    return [this, path, stamp = StampOf(path)] {
+      if (path != path_ || pages_.Count() == 0 || stamp == seen_) return;
+      seen_ = stamp;
+      fileChanged_->setVisible(pages_.HasChangedOutside());
+    };
+  });
+}
+
+}  // namespace shell

@@ -1,0 +1,58 @@
+// When the bars above the pages show: a version has no components yet, or another program has
+// changed the file of the open pages.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "shell/NodeKey.h"
+#include "tools/files/Files.h"
+
+class QVBoxLayout;
+class QWidget;
+
+namespace shell {
+
+class EditorTabs;
+class PageBar;
+class ProjectTree;
+
+class PageBars : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Actions {
+    std::function<void(std::int32_t version)> takeOver;
+    std::function<void(std::int32_t version)> addComponent;
+    std::function<void()> reload;
+  };
+
+  /// Puts the bars at the end of `layout`. `window` is looked at for being activated: that is
+  /// when files are compared. What is given must outlive this object; the actions must not raise
+  /// errors.
+  PageBars(QVBoxLayout& layout, QWidget& window, ProjectTree& tree, EditorTabs& pages,
+           Actions actions);
+
+  /// The pages are those of this node now, just read.
+  void PagesRead(const Node& node);
+  /// The product's components may be others.
+  void TreeChanged();
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void LookAtFile();
+  void PagesSaved();
+
+  ProjectTree& tree_;
+  EditorTabs& pages_;
+  PageBar* noComponents_;
+  PageBar* fileChanged_;
+  Node node_;
+  std::string path_;                      ///< of the pages' file; empty without pages
+  std::optional<tools::FileStamp> seen_;  ///< the file as it was compared last
+};
+
+}  // namespace shell

@@ -1,0 +1,69 @@
+#include "shell/RecentMenu.h"
+
+#include <QKeyEvent>
+#include <QToolButton>
+#include <algorithm>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "shell/RecentProducts.h"
+#include "tools/desktop/Background.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+using model::Text;
+
+RecentMenu::RecentMenu(QToolButton& button, std::function<std::vector<std::string>()> paths)
+    : QMenu(&button), button_(button), paths_(std::move(paths)) {
+  setObjectName(QStringLiteral("mnuRecent"));
+  setTitle(tools::ToQString(model::LoadText(Text::RecentProducts)));
+  button.setMenu(this);
+  button.setPopupMode(QToolButton::MenuButtonPopup);
+  button.installEventFilter(this);
+  connect(this, &QMenu::aboutToShow, this, &RecentMenu::Fill);
+}
+
+bool RecentMenu::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &button_ && event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+    button_.showMenu();
+    return true;
+  }
+  return QMenu::eventFilter(watched, event);
+}
+
+void RecentMenu::Fill() {
+  clear();
+  const std::vector<std::string> paths = paths_();
+  int number = 0;
+  for (const std::string& path : paths) {
+    // The numbers are the keys; an "&" in a path is a letter.
+    QString text = tools::ToQString(path).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    QAction* entry = addAction(QStringLiteral("&%1  ").arg(++number % 10) + text);
+    entry->setData(tools::ToQString(path));
+    connect(entry, &QAction::triggered, this, [this, path] { Q_EMIT ProductWanted(path); });
+  }
+  if (number == 0) {
+    addAction(tools::ToQString(model::LoadText(Text::NoRecentProducts)))->setEnabled(false);
+    return;
+  }
+  tools::RunInBackground(*this, [this, paths]() -> std::function<void()> {
+    return [this, missing = MissingProducts(paths)] { ShowMissing(missing); };
+  });
+}
+
+void RecentMenu::ShowMissing(const std::vector<std::string>& missing) {
+  if (missing.empty()) return;
+  for (QAction* entry : actions()) {
+    const std::string path = tools::ToUtf8(entry->data().toString());
+    if (std::find(missing.begin(), missing.end(), path) != missing.end()) entry->setEnabled(false);
+  }
+  addSeparator();
+  connect(addAction(tools::ToQString(model::LoadText(Text::RemoveMissing))), &QAction::triggered,
+          this, [this, missing] {
+            for (const std::string& path : missing) Q_EMIT RemovalWanted(path);
+          });
+}
+
+}  // namespace shell

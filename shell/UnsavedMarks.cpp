@@ -1,0 +1,104 @@
+#include "shell/UnsavedMarks.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTime>
+#include <algorithm>
+
+#include "model/TextTable.h"
+#include "pages/EditorPage.h"
+#include "shell/ChangeMark.h"
+#include "shell/EditorTabs.h"
+#include "shell/ProjectTree.h"
+#include "tools/Text.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+using model::LoadText;
+using model::Text;
+
+UnsavedMarks::UnsavedMarks(QMainWindow& window, ProjectTree& tree, QTabBar& tabs)
+    : QObject(&window),
+      window_(window),
+      tree_(tree),
+      tabs_(tabs),
+      lblSaveState_(new QLabel(&window)) {
+  lblSaveState_->setObjectName(QStringLiteral("lblSaveState"));
+  window.statusBar()->addPermanentWidget(lblSaveState_);
+}
+
+void UnsavedMarks::Begin(const QString& caption) {
+  caption_ = caption;
+  savedAt_.clear();
+  failed_.clear();
+  Show();
+}
+
+void UnsavedMarks::Watch(EditorTabs& pages, const Node& node) {
+  pages_.clear();
+  failed_.clear();
+  node_ = node;
+  for (std::int32_t i = 1; i <= pages.Count(); ++i) {
+    pages::EditorPage* page = &pages.Item(i);
+    pages_.emplace_back(page);
+    disconnect(page, nullptr, this, nullptr);  // one that could not be removed
+    connect(page, &pages::EditorPage::DirtyChanged, this, &UnsavedMarks::Show);
+    connect(page, &pages::EditorPage::SaveTried, this,
+            [this, page](bool saved) { OnSaveTried(page, saved); });
+  }
+  Show();
+}
+
+void UnsavedMarks::OnSaveTried(const pages::EditorPage* page, bool saved) {
+  if (saved) {
+    failed_.remove(page);
+    savedAt_ = QTime::currentTime().toString(QStringLiteral("HH:mm"));
+  } else {
+    failed_.insert(page);
+  }
+  Show();
+}
+
+void UnsavedMarks::Show() {
+  bool anyDirty = false;
+  for (std::size_t i = 0; i < pages_.size(); ++i) {
+    const bool dirty = pages_[i] != nullptr && pages_[i]->IsDirty();
+    MarkTab(static_cast<int>(i), dirty);
+    anyDirty = anyDirty || dirty;
+  }
+  tree_.MarkChanged(anyDirty ? node_ : Node());
+  MarkWindow(anyDirty);
+  lblSaveState_->setText(StateText(anyDirty));
+}
+
+void UnsavedMarks::MarkTab(int index, bool dirty) {
+  if (index >= tabs_.count()) return;
+  tabs_.setTabIcon(index, dirty ? ChangeMark() : QIcon());
+  // The mark's word for those who do not see it.
+  const std::string name = tools::ReplaceAll(LoadText(Text::ChangedName), "%title%",
+                                             tools::ToUtf8(tabs_.tabText(index)));
+  tabs_.setAccessibleTabName(index, dirty ? tools::ToQString(name) : QString());
+}
+
+void UnsavedMarks::MarkWindow(bool dirty) {
+  // Qt reads "[*]" in a caption as the place of its mark. Without changes the caption has none.
+  const QString mark = QStringLiteral("[*]");
+  QString literal = caption_;
+  literal.replace(mark, mark + mark);
+  if (!dirty) window_.setWindowModified(false);
+  window_.setWindowTitle(dirty ? literal + mark : literal);
+  if (dirty) window_.setWindowModified(true);
+}
+
+QString UnsavedMarks::StateText(bool dirty) const {
+  if (dirty) return tools::ToQString(LoadText(Text::Changed));
+  if (!failed_.isEmpty()) return tools::ToQString(LoadText(Text::NotSaved));
+  if (savedAt_.isEmpty()) return {};
+  return tools::ToQString(
+      tools::ReplaceAll(LoadText(Text::SavedAt), "%time%", tools::ToUtf8(savedAt_)));
+}
+
+}  // namespace shell

@@ -1,0 +1,58 @@
+// Where the main window shows that its pages hold changes that are not saved: on tab and tree node,
+// in the window's caption and at the right end of the status bar.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+#include <QString>
+#include <vector>
+
+#include "shell/NodeKey.h"
+
+class QLabel;
+class QMainWindow;
+class QTabBar;
+
+namespace pages {
+class EditorPage;
+}
+
+namespace shell {
+
+class EditorTabs;
+class ProjectTree;
+
+/// The status bar's `lblSaveState` tells of changes, of a save that failed, or when the last one
+/// was.
+class UnsavedMarks : public QObject {
+  Q_OBJECT
+
+ public:
+  /// The widgets must outlive this object; the label is made in the window's status bar.
+  UnsavedMarks(QMainWindow& window, ProjectTree& tree, QTabBar& tabs);
+
+  /// Another product, or none, is shown under this caption: what was saved before is history.
+  void Begin(const QString& caption);
+  /// The pages of `node` are those in `pages` now, each with a tab in their order.
+  void Watch(EditorTabs& pages, const Node& node);
+
+ private:
+  void OnSaveTried(const pages::EditorPage* page, bool saved);
+  void Show();
+  void MarkTab(int index, bool dirty);
+  void MarkWindow(bool dirty);
+  [[nodiscard]] QString StateText(bool dirty) const;
+
+  QMainWindow& window_;
+  ProjectTree& tree_;
+  QTabBar& tabs_;
+  QLabel* lblSaveState_;
+  QString caption_;
+  Node node_;
+  std::vector<QPointer<pages::EditorPage>> pages_;
+  QSet<const QObject*> failed_;  ///< pages whose changes could not be saved, though they count so
+  QString savedAt_;              ///< hours and minutes of the last save; empty: none so far
+};
+
+}  // namespace shell

@@ -1,0 +1,20 @@
+// Asks for the version that components are taken from.
+#pragma once
+
+#include <cstdint>
+
+#include "model/ComponentOperations.h"
+#include "model/ModProject.h"
+
+class QWidget;
+
+namespace shell {
+
+/// Lists the other versions that have components, the highest first. Returns the slot of the one
+/// that the author chose; 0 when cancelled. The dialog is named `versionChoice`, its list
+/// `lstVersions`. Raises tools::Error.
+[[nodiscard]] std::int32_t ChooseVersion(const model::ModProject& project,
+                                         const model::ComponentOperations& components,
+                                         std::int32_t forVersion, QWidget* parent);
+
+}  // namespace shell

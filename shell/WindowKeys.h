@@ -1,0 +1,32 @@
+// Keys that work anywhere in the main window: the next page, the next pane, the user guide.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <vector>
+
+class QTabBar;
+class QWidget;
+
+namespace shell {
+
+/// Ctrl+Tab and Ctrl+Shift+Tab show the next and the previous page, F6 and Shift+F6 go to the next
+/// and the previous pane that can be used, F1 calls for help.
+class WindowKeys : public QObject {
+  Q_OBJECT
+
+ public:
+  /// What is given must outlive this object. A pane is the widget that the keyboard goes to; the
+  /// function gives it anew each time, null where there is none.
+  using Pane = std::function<QWidget*()>;
+  WindowKeys(QWidget& window, QTabBar& pages, std::vector<Pane> panes, std::function<void()> help);
+
+ private:
+  void ShowPage(int step);
+  void GoToPane(int step);
+
+  QTabBar& pages_;
+  std::vector<Pane> panes_;
+};
+
+}  // namespace shell

@@ -1,0 +1,212 @@
+// The controls of the main window: what frmMain.cpp makes work together.
+#include <QLabel>
+#include <QMenu>
+#include <QSplitter>
+#include <QTabBar>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "model/TextTable.h"
+#include "shell/ComponentCommands.h"
+#include "shell/MainToolBar.h"
+#include "shell/PageBars.h"
+#include "shell/ProjectTree.h"
+#include "shell/ResultPanel.h"
+#include "shell/StartArea.h"
+#include "shell/TitleLabel.h"
+#include "shell/UserGuide.h"
+#include "shell/WindowKeys.h"
+#include "shell/frmMain.h"
+#include "tools/desktop/Guard.h"
+#include "tools/desktop/QtText.h"
+
+namespace shell {
+
+using model::Text;
+
+namespace {
+
+QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
+
+}  // namespace
+
+void frmMain::BuildToolBar() {
+  tbrMain = new MainToolBar(this);
+  addToolBar(tbrMain);
+  connect(tbrMain, &MainToolBar::ButtonClicked, this,
+          tools::Guarded(services_.dialogs, [this](const QString& key) { OnToolButton(key); }));
+}
+
+void frmMain::BuildTreePane() {
+  picProjectTree = new QWidget(splitter_);
+  picProjectTree->setObjectName(QStringLiteral("picProjectTree"));
+  lblProjectTreeTitle = new TitleLabel(picProjectTree);
+  lblProjectTreeTitle->setObjectName(QStringLiteral("lblProjectTreeTitle"));
+  trvProjectTree = new ProjectTree(picProjectTree);
+  trvProjectTree->setObjectName(QStringLiteral("trvProjectTree"));
+  lblProjectTreeInfo = new QLabel(picProjectTree);
+  lblProjectTreeInfo->setObjectName(QStringLiteral("lblProjectTreeInfo"));
+  lblProjectTreeInfo->setWordWrap(true);
+  lblProjectTreeTitle->setBuddy(trvProjectTree);
+
+  auto* layout = new QVBoxLayout(picProjectTree);
+  layout->setContentsMargins(6, 6, 0, 6);
+  layout->addWidget(lblProjectTreeTitle);
+  layout->addWidget(trvProjectTree, 1);
+  layout->addWidget(lblProjectTreeInfo);
+
+  connect(trvProjectTree, &ProjectTree::NodeClicked, this,
+          tools::Guarded(services_.dialogs, [this] { UpdateEditor(); }));
+  connect(trvProjectTree, &ProjectTree::MenuWanted, this, &frmMain::PopUpNodeMenu);
+  connect(trvProjectTree, &ProjectTree::PointerMoved, this, [this] { ShowStatusText({}); });
+}
+
+void frmMain::BuildEditorPane() {
+  auto* side = new QWidget(splitter_);
+  picDataEditor = new QWidget(side);
+  picDataEditor->setObjectName(QStringLiteral("picDataEditor"));
+  lblDataEditorTitle = new TitleLabel(picDataEditor);
+  lblDataEditorTitle->setObjectName(QStringLiteral("lblDataEditorTitle"));
+  tabDataEditor = new QTabBar(picDataEditor);
+  tabDataEditor->setObjectName(QStringLiteral("tabDataEditor"));
+  tabDataEditor->setDocumentMode(true);
+  tabDataEditor->setExpanding(false);
+  tabDataEditor->setUsesScrollButtons(true);
+  lblDataEditorTitle->setBuddy(tabDataEditor);
+
+  editorLayout_ = new QVBoxLayout(picDataEditor);
+  editorLayout_->setContentsMargins(0, 6, 6, 6);
+  editorLayout_->addWidget(lblDataEditorTitle);
+  editorLayout_->addWidget(tabDataEditor);
+  pageBars_ = MakePageBars();
+  editorLayout_->addStretch(0);
+
+  auto* sideLayout = new QVBoxLayout(side);
+  sideLayout->setContentsMargins(0, 0, 0, 0);
+  sideLayout->addWidget(picDataEditor);
+  startArea_ = new StartArea(*sideLayout, *picDataEditor, tbrMain->Button(QStringLiteral("open")),
+                             {.operations = services_.operations,
+                              .dialogs = services_.dialogs,
+                              .registry = services_.registry});
+  connect(tabDataEditor, &QTabBar::currentChanged, this,
+          tools::Guarded(services_.dialogs, [this] { OnTabClick(); }));
+}
+
+QAction* frmMain::AddMenuItem(QMenu& menu, const char* name, Text text) {
+  QAction* item = menu.addAction(Caption(text));
+  item->setObjectName(QString::fromLatin1(name));
+  return item;
+}
+
+void frmMain::OnMenuItem(QAction* item, std::function<void()> command) {
+  connect(item, &QAction::triggered, this, tools::Guarded(services_.dialogs, std::move(command)));
+}
+
+void frmMain::BuildMenus() {
+  mnuPopupProduct = new QMenu(this);
+  mnuPopupProduct->setObjectName(QStringLiteral("mnuPopupProduct"));
+  mnuProductAddVersion = AddMenuItem(*mnuPopupProduct, "mnuProductAddVersion", Text::AddVersion);
+  OnMenuItem(mnuProductAddVersion, [this] { services_.operations.AddVersion(); });
+
+  mnuPopupVersion = new QMenu(this);
+  mnuPopupVersion->setObjectName(QStringLiteral("mnuPopupVersion"));
+  mnuVersionAddComponent =
+      AddMenuItem(*mnuPopupVersion, "mnuVersionAddComponent", Text::AddComponent);
+  mnuVersionSep = mnuPopupVersion->addSeparator();
+  mnuVersionSep->setObjectName(QStringLiteral("mnuVersionSep"));
+  mnuVersionDelete = AddMenuItem(*mnuPopupVersion, "mnuVersionDelete", Text::Delete);
+  mnuVersionProperties = AddMenuItem(*mnuPopupVersion, "mnuVersionProperties", Text::Properties);
+  OnMenuItem(mnuVersionAddComponent, [this] {
+    services_.operations.AddComponent(SlotsOf(trvProjectTree->SelectedNode()).version);
+  });
+  OnMenuItem(mnuVersionDelete, [this] { DeleteSelectedNode(); });
+
+  mnuPopupComponent = new QMenu(this);
+  mnuPopupComponent->setObjectName(QStringLiteral("mnuPopupComponent"));
+  mnuComponentDelete = AddMenuItem(*mnuPopupComponent, "mnuComponentDelete", Text::Delete);
+  mnuComponentProperties =
+      AddMenuItem(*mnuPopupComponent, "mnuComponentProperties", Text::Properties);
+  OnMenuItem(mnuComponentDelete, [this] { DeleteSelectedNode(); });
+  componentCommands_ = MakeComponentCommands();
+  componentCommands_->AddTo(*mnuPopupVersion, *mnuPopupComponent);
+}
+
+ComponentCommands* frmMain::MakeComponentCommands() {
+  return new ComponentCommands(
+      *trvProjectTree, {.project = services_.project,
+                        .operations = services_.operations,
+                        .components = services_.components,
+                        .dialogs = services_.dialogs,
+                        .closePages =
+                            [this] {
+                              DropPages(true);
+                              return editorTabs_.Count() == 0;
+                            },
+                        .openNode =
+                            [this](const Node& node) {
+                              trvProjectTree->Select(node);
+                              UpdateEditor();
+                            },
+                        .showStatus = [this](const std::string& text) { ShowStatusText(text); }});
+}
+
+PageBars* frmMain::MakePageBars() {
+  const auto guarded = [this](auto command) {
+    return [this, command](auto... slot) {
+      tools::Guard(services_.dialogs, [&] { command(slot...); });
+    };
+  };
+  return new PageBars(
+      *editorLayout_, *this, *trvProjectTree, editorTabs_,
+      {.takeOver = guarded([this](std::int32_t version) { componentCommands_->TakeOver(version); }),
+       .addComponent =
+           guarded([this](std::int32_t version) { services_.operations.AddComponent(version); }),
+       .reload = guarded([this] {
+         UpdateTree();
+         UpdateEditor();
+       })});
+}
+
+void frmMain::BuildResultPanel() {
+  pnlResult = new ResultPanel(services_.dialogs, this);
+  addDockWidget(Qt::BottomDockWidgetArea, pnlResult);
+  pnlResult->hide();
+  connect(pnlResult, &ResultPanel::PlaceChosen, this,
+          tools::Guarded(services_.dialogs,
+                         [this](std::int32_t version, std::int32_t component, std::int32_t entry) {
+                           ShowPlace(version, component, entry);
+                         }));
+  connect(pnlResult, &ResultPanel::BuildAgainWanted, this,
+          [this](std::int32_t version) { Q_EMIT BuildAgainWanted(version, editorTabs_); });
+
+  // In the version's menu, and by their keys from wherever the user is.
+  mnuPopupVersion->addSeparator();
+  mnuVersionCheck = AddMenuItem(*mnuPopupVersion, "mnuVersionCheck", Text::CheckVersion);
+  mnuVersionCheck->setShortcut(Qt::Key_F5);
+  mnuVersionBuildAgain = AddMenuItem(*mnuPopupVersion, "mnuVersionBuildAgain", Text::BuildAgain);
+  mnuVersionBuildAgain->setShortcut(Qt::Key_F7);
+  addActions({mnuVersionCheck, mnuVersionBuildAgain});
+  OnMenuItem(mnuVersionCheck, [this] { RunForVersion(Text::CheckVersion, &frmMain::CheckWanted); });
+  OnMenuItem(mnuVersionBuildAgain,
+             [this] { RunForVersion(Text::BuildAgain, &frmMain::BuildAgainWanted); });
+}
+
+void frmMain::BuildKeys() {
+  const auto page = [this]() -> QWidget* {
+    const int tab = tabDataEditor->currentIndex();
+    return tab < 0 ? nullptr : &editorTabs_.Item(tab + 1);
+  };
+  new WindowKeys(*this, *tabDataEditor,
+                 {[this] { return trvProjectTree; }, [this] { return tabDataEditor; }, page,
+                  [this] { return startArea_->Page(); }, [this] { return pnlResult; },
+                  [this] { return tbrMain; }},
+                 tools::Guarded(services_.dialogs, [this, page] {
+                   const QWidget* shown = page();
+                   OpenGuide(GuideChapter(
+                       shown == nullptr ? QString()
+                                        : QString::fromLatin1(shown->metaObject()->className())
+                                              .section(QStringLiteral("::"), -1)));
+                 }));
+}
+
+}  // namespace shell

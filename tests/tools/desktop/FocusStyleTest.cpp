@@ -1,0 +1,53 @@
+#include <QListWidget>
+#include <QStyleFactory>
+#include <QVBoxLayout>
+
+#include "tests/support/desktop/Widgets.h"
+#include "tools/desktop/FocusStyle.h"
+
+namespace tests {
+
+class FocusStyleTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void TheSelectionOfAListWithoutFocusIsPale() {
+    QApplication::setStyle(new tools::FocusStyle(QStyleFactory::create("fusion")));
+    QWidget window;
+    QListWidget list;
+    list.addItems({"gewählt", "nicht"});
+    QLineEdit box;
+    QVBoxLayout layout(&window);
+    layout.addWidget(&list);
+    layout.addWidget(&box);
+    window.show();
+    Activate(window);
+    list.setCurrentRow(0);
+    for (const QColor ground : {Qt::white, Qt::black}) {
+      QPalette palette = list.palette();
+      palette.setColor(QPalette::Base, ground);
+      palette.setColor(QPalette::Text, ground == Qt::white ? Qt::black : Qt::white);
+      list.setPalette(palette);
+      list.setFocus();
+      const QColor strong = ColourOf(list);
+      box.setFocus();
+      const QColor pale = ColourOf(list);
+      QCOMPARE(strong, palette.color(QPalette::Active, QPalette::Highlight));
+      QVERIFY(pale != strong);
+      const int distance = std::abs(pale.lightness() - ground.lightness());
+      QVERIFY2(distance > 40 && distance < 100, qPrintable(pale.name()));
+    }
+  }
+
+ private:
+  /// The ground of the selected row.
+  static QColor ColourOf(QListWidget& list) {
+    const QRect row = list.visualItemRect(list.item(0));
+    return list.viewport()->grab().toImage().pixelColor(row.right() - 3, row.center().y());
+  }
+};
+
+}  // namespace tests
+
+QTEST_MAIN(tests::FocusStyleTest)
+#include "FocusStyleTest.moc"

@@ -1,0 +1,70 @@
+#include "tools/desktop/FocusStyle.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QStyleOptionViewItem>
+
+namespace tools {
+
+namespace {
+
+constexpr double kShade = 0.25;  // of the text's colour in the pale selection
+
+QColor Blend(const QColor& ground, const QColor& ink) {
+  const auto mix = [](int a, int b) { return static_cast<int>(a + (b - a) * kShade); };
+  return {mix(ground.red(), ink.red()), mix(ground.green(), ink.green()),
+          mix(ground.blue(), ink.blue())};
+}
+
+bool HasFocus(const QAbstractItemView& view) {
+  if (view.window()->windowType() == Qt::Popup) return true;
+  const QWidget* focused = QApplication::focusWidget();
+  return focused != nullptr && (focused == &view || view.isAncestorOf(focused));
+}
+
+bool IsPale(const QStyleOption* option, const QWidget* widget) {
+  if (option == nullptr || !option->state.testFlag(QStyle::State_Selected)) return false;
+  const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+  return view != nullptr && view->isEnabled() && !HasFocus(*view);
+}
+
+QStyleOptionViewItem Pale(const QStyleOption& option) {
+  QStyleOptionViewItem pale;
+  if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(&option)) {
+    pale = *item;
+  } else {
+    pale.QStyleOption::operator=(option);
+  }
+  pale.state.setFlag(QStyle::State_Active, false);
+  const QColor text = pale.palette.color(QPalette::Active, QPalette::Text);
+  const QColor ground = pale.palette.color(QPalette::Active, QPalette::Base);
+  pale.palette.setColor(QPalette::Inactive, QPalette::Highlight, Blend(ground, text));
+  pale.palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+  return pale;
+}
+
+}  // namespace
+
+void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+  const bool isRow = element == PE_PanelItemViewRow || element == PE_PanelItemViewItem ||
+                     element == PE_IndicatorBranch;
+  if (isRow && IsPale(option, widget)) {
+    const QStyleOptionViewItem pale = Pale(*option);
+    QProxyStyle::drawPrimitive(element, &pale, painter, widget);
+  } else {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  if (element == CE_ItemViewItem && IsPale(option, widget)) {
+    const QStyleOptionViewItem pale = Pale(*option);
+    QProxyStyle::drawControl(element, &pale, painter, widget);
+  } else {
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
+}
+
+}  // namespace tools
