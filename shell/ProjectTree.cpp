@@ -149,7 +149,6 @@ void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVers
   addTopLevelItem(product.get());
   product.release()->setExpanded(true);
   if (latest != nullptr) latest->setExpanded(true);
-  // Making a hidden node the current one would expand those above it.
   Select(selected);
 }
 
