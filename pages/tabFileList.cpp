@@ -75,8 +75,12 @@ tabFileList::tabFileList(const PageServices& services, QWidget* parent)
   ConnectEvents();
 }
 
-// The list view outlives the entries, and is laid out once more while it is taken down.
-tabFileList::~tabFileList() { shownEntries_->Show({}, 0); }
+// The list view outlives the entries, and is laid out once more while it is taken down. The steps
+// would tell of their end when this is a page no more.
+tabFileList::~tabFileList() {
+  disconnect(&document_->Steps(), nullptr, this, nullptr);
+  shownEntries_->Show({}, 0);
+}
 
 void tabFileList::BuildBrowser() {
   fraBrowser = Named(new QGroupBox(Caption(Text::FileList)), u"fraBrowser"_s);

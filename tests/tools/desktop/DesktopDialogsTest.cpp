@@ -70,6 +70,16 @@ class DesktopDialogsTest : public QObject {
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   }
 
+  void AMessageBoxIsWideEnoughForItsCaption() {
+    const QString caption = "Einstellungen für die nächste Erstellung";
+    ModalScript script;
+    script.Expect<QMessageBox>("messageBox", [&](QMessageBox& box) {
+      QVERIFY(box.width() > box.fontMetrics().horizontalAdvance(caption) + 60);
+      Press(box, "cmdOK");
+    });
+    dialogs_.ShowMessage({.text = "Kurz.", .caption = tools::ToUtf8(caption)});
+  }
+
   void KeysPressTheButtonsOfAMessageBox() {
     using enum MessageAnswer;
     const std::vector<std::tuple<MessageButtons, MessageAnswer, Qt::Key, MessageAnswer>> cases{
