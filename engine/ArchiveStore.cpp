@@ -12,6 +12,8 @@ namespace engine {
 
 namespace {
 
+constexpr std::size_t kReadBytes = std::size_t{1} << 18U;
+
 // What Windows takes for a path or a stream, or the runtime for a macro, becomes "_".
 std::string StoredExtension(std::string_view sourcePath) {
   constexpr std::string_view kSigns = "-_+~#!$&@()";
@@ -33,13 +35,7 @@ std::string StoredExtension(std::string_view sourcePath) {
 ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                            const tools::ArchiveOptions& options,
                            std::optional<std::int64_t> fileTime, BuildProgress& progress)
-    : fileTime_(fileTime),
-      progress_(progress),
-      folder_(tools::JoinPath(private_.Path(), "PackwrightTemp")) {
-  if (const std::error_code cause = tools::CreateOneFolder(folder_)) {
-    throw tools::PathError("Der temporäre Ordner kann nicht angelegt werden",
-                           tools::FolderOf(private_.Path()), cause);
-  }
+    : fileTime_(fileTime), progress_(progress) {
   WithArchive([&] {
     writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, options,
                                                      [this](const tools::ArchiveTotals& totals) {
@@ -52,39 +48,29 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
 StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, const std::string& sourcePath) {
   StoredFile stored;
   stored.name = std::to_string(++counter_) + "." + StoredExtension(sourcePath);
-  std::optional<tools::FileContent> content;
-  try {
-    content = tools::ReadFileUpTo(sourcePath, tools::ArchiveWriter::kMaximumContentBytes);
-  } catch (const tools::Error& error) {
-    stored.copy = {.errorText = tools::SystemErrorText(error.Cause()), .cause = error.Cause()};
+  if (writer_) {
+    WithArchive([&] { stored.copy = writer_->AddFile(sourcePath, stored.name, fileTime_); });
   }
-  if (content) {
-    stored.copy.bytes = content->bytes.size();
-    if (fileTime_) content->modifiedNanoseconds = *fileTime_;
-    Archive(
-        [&](tools::ArchiveWriter& writer) { writer.AddContent(std::move(*content), stored.name); });
-  } else if (stored.copy.Succeeded()) {
-    StoreCopy(sourcePath, stored);
-  }
-  copiedBytes_ += stored.copy.bytes;
-  if (!stored.copy.Succeeded()) ++failedCopies_;
+  if (!writer_) stored.copy = ReadThrough(sourcePath);
+  readBytes_ += stored.copy.bytes;
+  if (!stored.copy.Succeeded()) ++failedFiles_;
+  ReportProgress();
   return stored;
 }
 
-void ArchiveStore::StoreCopy(const std::string& sourcePath, StoredFile& stored) {
-  const std::string copy = tools::JoinPath(folder_, stored.name);
-  stored.copy = tools::CopyFile(sourcePath, copy, [this](std::uint64_t) { ReportProgress(); });
-  if (!stored.copy.Succeeded()) return;
-  Archive([&](tools::ArchiveWriter& writer) {
-    if (fileTime_) tools::SetModificationTime(copy, *fileTime_);
-    writer.AddFile(copy, stored.name);
-  });
-}
-
-template <typename Action>
-void ArchiveStore::Archive(const Action& action) {
-  if (writer_) WithArchive([&] { action(*writer_); });
-  ReportProgress();
+tools::CopyResult ArchiveStore::ReadThrough(const std::string& sourcePath) {
+  tools::CopyResult result;
+  try {
+    const tools::InputFile file(sourcePath);
+    std::string buffer(kReadBytes, '\0');
+    while (const std::size_t count = file.ReadAt(result.bytes, buffer)) {
+      result.bytes += count;
+      ReportProgress();
+    }
+  } catch (const tools::Error& error) {
+    return {.errorText = tools::SystemErrorText(error.Cause()), .cause = error.Cause()};
+  }
+  return result;
 }
 
 std::optional<tools::Error> ArchiveStore::Finish() {
@@ -110,9 +96,9 @@ void ArchiveStore::WithArchive(const Action& action) {
 
 void ArchiveStore::ReportProgress() {
   if (failure_) {
-    progress_.Report(static_cast<std::uint64_t>(counter_), copiedBytes_);
+    progress_.Report(static_cast<std::uint64_t>(counter_), readBytes_);
   } else {
-    progress_.Report(totals_.files + failedCopies_, totals_.bytesIn);
+    progress_.Report(totals_.files + failedFiles_, totals_.bytesIn);
   }
 }
 

@@ -11,19 +11,15 @@
 #include "engine/FileStore.h"
 #include "tools/archive/ArchiveWriter.h"
 #include "tools/files/Disk.h"
-#include "tools/files/TemporaryFiles.h"
 
 namespace engine {
 
-/// Files are first copied, which settles their content, and archived from the copy while the next
-/// ones are copied: small files in memory, larger ones in a private temporary folder. A failure of
-/// the archive does not end the build: the remaining files are still copied, so that their problems
-/// are found too, and Finish gives the cause.
+/// A failure of the archive does not end the build: the remaining files are still read, so that
+/// their problems are found too, and Finish gives the cause.
 class ArchiveStore : public FileStore {
  public:
   /// `disk` and `progress` must outlive the store. Members get `fileTime` (nanoseconds since
-  /// 1970-01-01 UTC), or without one the times of their sources. Raises tools::Error when there can
-  /// be no temporary folder.
+  /// 1970-01-01 UTC), or without one the times of their sources.
   ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                const tools::ArchiveOptions& options, std::optional<std::int64_t> fileTime,
                BuildProgress& progress);
@@ -37,18 +33,14 @@ class ArchiveStore : public FileStore {
  private:
   template <typename Action>
   void WithArchive(const Action& action);
-  template <typename Action>
-  void Archive(const Action& action);
-  void StoreCopy(const std::string& sourcePath, StoredFile& stored);
+  [[nodiscard]] tools::CopyResult ReadThrough(const std::string& sourcePath);
   void ReportProgress();
 
   std::optional<std::int64_t> fileTime_;
   BuildProgress& progress_;
-  tools::PrivateTemporaryFolder private_;
-  std::string folder_;
   std::int32_t counter_ = 0;
-  std::uint64_t failedCopies_ = 0;
-  std::uint64_t copiedBytes_ = 0;
+  std::uint64_t failedFiles_ = 0;
+  std::uint64_t readBytes_ = 0;
   tools::ArchiveTotals totals_;
   std::optional<tools::Error> failure_;
   std::unique_ptr<tools::ArchiveWriter> writer_;

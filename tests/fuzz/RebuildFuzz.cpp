@@ -51,7 +51,7 @@ class Rebuilds {
         disk_, folder_.Path("a.zip"),
         {.blockMegabytes = 1, .effort = 2, .threads = 1, .earlier = earlier});
     for (std::size_t i = 0; i < sources_.size(); ++i) {
-      writer.AddFile(sources_[i], std::to_string(i + 1));
+      (void)writer.AddFile(sources_[i], std::to_string(i + 1));
     }
     (void)writer.Finish();
     return folder_.Read("a.zip");

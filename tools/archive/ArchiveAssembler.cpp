@@ -38,12 +38,11 @@ void ArchiveAssembler::AppendData(std::string_view data, const PackedBlock& bloc
 }
 
 void ArchiveAssembler::RestartMember(ZipMethod method) {
-  archiveBytes_ = member_.headerOffset + headerBytes_;
-  file_.Truncate(archiveBytes_);
-  sourceBytes_ -= member_.sourceBytes;
-  ClearData();
+  CutTo(member_.headerOffset + headerBytes_);
   member_.method = method;
 }
+
+void ArchiveAssembler::DropMember() { CutTo(member_.headerOffset); }
 
 void ArchiveAssembler::EndMember() {
   const std::string header = LocalHeader(member_);
@@ -62,6 +61,14 @@ void ArchiveAssembler::Finish(std::string_view comment) {
   const std::string end = DirectoryEnd(members_, directory_.size(), archiveBytes_, comment);
   Write(directory_);
   Write(end);
+}
+
+// Takes back the current member's data, and with it all that the archive has beyond so many bytes.
+void ArchiveAssembler::CutTo(std::uint64_t archiveBytes) {
+  file_.Truncate(archiveBytes);
+  archiveBytes_ = archiveBytes;
+  sourceBytes_ -= member_.sourceBytes;
+  ClearData();
 }
 
 void ArchiveAssembler::ClearData() {

@@ -30,6 +30,8 @@ class ArchiveAssembler {
   void AppendData(std::string_view data, const PackedBlock& block);
   /// Takes back the data appended since BeginMember, to begin anew with another method.
   void RestartMember(ZipMethod method);
+  /// Takes back the member begun last, header and all.
+  void DropMember();
   void EndMember();
 
   /// The member between BeginMember and EndMember, sizes and checksum so far.
@@ -49,6 +51,7 @@ class ArchiveAssembler {
   [[nodiscard]] std::uint64_t BytesTakenOver() const { return bytesTakenOver_; }
 
  private:
+  void CutTo(std::uint64_t archiveBytes);
   void ClearData();
   void Write(std::string_view bytes);
 

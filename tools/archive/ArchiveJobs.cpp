@@ -15,11 +15,11 @@ constexpr std::size_t kHeaderBytes = 128;  // about, with a name
 
 }  // namespace
 
-void SmallFilesJob::Add(std::string memberName, FileContent content) {
-  sourceBytes_ += content.bytes.size();
-  waitingBytes_ += content.bytes.capacity() + memberName.capacity();
-  heldBytes_ += content.bytes.capacity() + content.bytes.size() + kHeaderBytes;
-  sources_.push_back({std::move(memberName), std::move(content)});
+void SmallFilesJob::Add(SmallFile file) {
+  sourceBytes_ += file.content.size();
+  waitingBytes_ += file.content.capacity() + file.memberName.capacity();
+  heldBytes_ += file.content.capacity() + file.content.size() + kHeaderBytes;
+  sources_.push_back(std::move(file));
 }
 
 bool SmallFilesJob::IsFull() const {
@@ -28,15 +28,14 @@ bool SmallFilesJob::IsFull() const {
 
 void SmallFilesJob::Run(MemberPacker& packer, const std::stop_token& stop) {
   members_.reserve(sources_.size());
-  for (const Source& source : sources_) {
+  for (const SmallFile& source : sources_) {
     if (stop.stop_requested()) return;
     bool isTakenOver = false;
     const bool isLast = &source == &sources_.back();
-    members_.push_back(
-        packer.PackWhole(source.memberName, source.content, isLast, packed_, isTakenOver));
+    members_.push_back(packer.PackWhole(source, isLast, packed_, isTakenOver));
     if (!isTakenOver) continue;
     ++filesTakenOver_;
-    bytesTakenOver_ += source.content.bytes.size();
+    bytesTakenOver_ += source.content.size();
   }
   members_.back().note = NoteOfRun(Crc32(packed_));
   std::exchange(sources_, {});
@@ -48,13 +47,8 @@ void SmallFilesJob::Deliver(const std::stop_token& /*stop*/) {
   assembler_.CountTakenOver(filesTakenOver_, bytesTakenOver_);
 }
 
-std::size_t FileBlockJob::HeldBytes() const {
-  return packed_ ? block_.data.capacity() : blockBytes_;
-}
-
 void FileBlockJob::Run(MemberPacker& packer, const std::stop_token& /*stop*/) {
-  block_ = packer.PackBlock(member_->Source(), index_);
-  packed_ = true;
+  block_ = packer.PackBlock(std::exchange(content_, {}), isLast_);
 }
 
 void FileBlockJob::Deliver(const std::stop_token& stop) { member_->Append(block_, stop); }

@@ -22,7 +22,7 @@ class SmallFilesJob : public ArchiveJob {
   explicit SmallFilesJob(ArchiveAssembler& assembler) : assembler_(assembler) {}
 
   /// Adds a member that is no larger than a block.
-  void Add(std::string memberName, FileContent content);
+  void Add(SmallFile file);
   /// True when the files are enough to be worth a thread's while. The archive shows where one job
   /// ends: it depends on nothing but the contents.
   [[nodiscard]] bool IsFull() const;
@@ -33,13 +33,8 @@ class SmallFilesJob : public ArchiveJob {
   void Deliver(const std::stop_token& stop) override;
 
  private:
-  struct Source {
-    std::string memberName;
-    FileContent content;
-  };
-
   ArchiveAssembler& assembler_;
-  std::vector<Source> sources_;
+  std::vector<SmallFile> sources_;
   std::size_t sourceBytes_ = 0;
   std::size_t waitingBytes_ = 0;
   std::size_t heldBytes_ = 0;
@@ -54,20 +49,34 @@ class SmallFilesJob : public ArchiveJob {
 /// The jobs of a file's blocks have to be added one behind the other, from the first to the last.
 class FileBlockJob : public ArchiveJob {
  public:
-  /// `index` counts from 0.
-  FileBlockJob(std::shared_ptr<LargeMember> member, std::uint64_t index, std::size_t blockBytes)
-      : member_(std::move(member)), index_(index), blockBytes_(blockBytes) {}
+  FileBlockJob(std::shared_ptr<LargeMember> member, std::string content, bool isLast)
+      : member_(std::move(member)), content_(std::move(content)), isLast_(isLast) {}
 
-  [[nodiscard]] std::size_t HeldBytes() const override;
+  [[nodiscard]] std::size_t WaitingBytes() const override { return content_.capacity(); }
+  [[nodiscard]] std::size_t HeldBytes() const override {
+    return content_.capacity() + block_.data.capacity();
+  }
   void Run(MemberPacker& packer, const std::stop_token& stop) override;
   void Deliver(const std::stop_token& stop) override;
 
  private:
   std::shared_ptr<LargeMember> member_;
-  std::uint64_t index_;
-  std::size_t blockBytes_;
+  std::string content_;
+  bool isLast_;
   PackedBlock block_;
-  bool packed_ = false;
+};
+
+/// Takes a member back whose blocks have been added, but for the last one.
+class AbandonJob : public ArchiveJob {
+ public:
+  explicit AbandonJob(std::shared_ptr<LargeMember> member) : member_(std::move(member)) {}
+
+  [[nodiscard]] std::size_t HeldBytes() const override { return 0; }
+  void Run(MemberPacker& /*packer*/, const std::stop_token& /*stop*/) override {}
+  void Deliver(const std::stop_token& /*stop*/) override { member_->Abandon(); }
+
+ private:
+  std::shared_ptr<LargeMember> member_;
 };
 
 }  // namespace tools

@@ -16,7 +16,7 @@
 #include "tools/archive/EarlierArchive.h"
 #include "tools/archive/LargeMember.h"
 #include "tools/archive/MemberPacker.h"
-#include "tools/files/InputFile.h"
+#include "tools/archive/SteadySource.h"
 #include "tools/files/Path.h"
 
 namespace tools {
@@ -79,24 +79,32 @@ class ArchiveWriter::Implementation {
                  }),
         reportProgress_([this] { ReportProgress(); }) {}
 
-  void AddFile(const std::string& sourcePath, const std::string& memberName) {
-    CheckMember(memberName);
-    if (std::optional<FileContent> content = ReadFileUpTo(sourcePath, blockBytes_)) {
-      AddContent(std::move(*content), memberName);
-      return;
+  CopyResult AddFile(const std::string& sourcePath, const std::string& memberName,
+                     std::optional<std::int64_t> fileTime) {
+    workers_.RaiseFailure();
+    if (memberName.size() > kZipNameBytes) {
+      throw PathError("Der Name ist für ein Archiv zu lang", memberName, {});
     }
-    const ArchiveSource source{sourcePath, memberName, InputFile(sourcePath).Stamp()};
-    if (source.stamp.size <= blockBytes_) throw SourceChanged(source);
-    AddBlocks(source);
+    SteadySource source(sourcePath);
+    constexpr int kTries = 2;
+    std::uint64_t bytes = 0;
+    bool isAdded = false;
+    for (int i = 0; i < kTries && !isAdded && !source.Cause(); ++i) {
+      if (!source.Begin()) continue;
+      const FileStamp& stamp = source.Stamp();
+      isAdded =
+          Add(source, {sourcePath, memberName, stamp, fileTime.value_or(stamp.modifiedNanoseconds)},
+              bytes);
+    }
     ReportProgress();
-  }
-
-  void AddContent(FileContent content, const std::string& memberName) {
-    CheckMember(memberName);
-    if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
-    smallFiles_->Add(memberName, std::move(content));
-    if (smallFiles_->IsFull()) FlushSmallFiles();
-    ReportProgress();
+    CopyResult result;
+    if (isAdded) {
+      result.bytes = bytes;
+    } else {
+      result.cause = source.Cause() ? source.Cause() : std::make_error_code(kChangesMeanwhile);
+      result.errorText = SystemErrorText(result.cause);
+    }
+    return result;
   }
 
   ArchiveTotals Finish() {
@@ -109,11 +117,37 @@ class ArchiveWriter::Implementation {
   }
 
  private:
-  void CheckMember(const std::string& name) {
-    workers_.RaiseFailure();
-    if (name.size() > kZipNameBytes) {
-      throw PathError("Der Name ist für ein Archiv zu lang", name, {});
+  /// `bytes` receives the source's size. False when it could not be read as it was at Begin: the
+  /// archive is without it then.
+  bool Add(SteadySource& source, ArchiveSource description, std::uint64_t& bytes) {
+    bytes = description.stamp.size;
+    if (description.stamp.size > blockBytes_) return AddBlocks(source, std::move(description));
+    std::optional<std::string> content = source.Whole(blockBytes_);
+    if (!content || !source.IsUnchanged()) return false;
+    bytes = content->size();
+    if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
+    smallFiles_->Add(
+        {std::move(description.memberName), std::move(*content), description.modifiedNanoseconds});
+    if (smallFiles_->IsFull()) FlushSmallFiles();
+    return true;
+  }
+
+  // Blocks are packed while the next ones are read; the last one is only added when it is known
+  // that all of them are of one state of the file.
+  bool AddBlocks(SteadySource& source, ArchiveSource description) {
+    FlushSmallFiles();
+    const auto member = std::make_shared<LargeMember>(assembler_, description, blockBytes_);
+    for (std::uint64_t i = 1; i <= member->Blocks(); ++i) {
+      std::optional<std::string> content = source.Next(blockBytes_);
+      const bool isLast = i == member->Blocks();
+      if (!content || (isLast && !(source.IsAtEnd() && source.IsUnchanged()))) {
+        workers_.Add(std::make_unique<AbandonJob>(member), reportProgress_);
+        return false;
+      }
+      workers_.Add(std::make_unique<FileBlockJob>(member, std::move(*content), isLast),
+                   reportProgress_);
     }
+    return true;
   }
 
   [[nodiscard]] EarlierArchive EarlierOf(const ArchiveOptions& options) const {
@@ -124,14 +158,6 @@ class ArchiveWriter::Implementation {
   void FlushSmallFiles() {
     if (smallFiles_) workers_.Add(std::move(smallFiles_), reportProgress_);
     smallFiles_.reset();
-  }
-
-  void AddBlocks(const ArchiveSource& source) {
-    FlushSmallFiles();
-    const auto member = std::make_shared<LargeMember>(assembler_, source, blockBytes_);
-    for (std::uint64_t i = 0; i < member->Blocks(); ++i) {
-      workers_.Add(std::make_unique<FileBlockJob>(member, i, blockBytes_), reportProgress_);
-    }
   }
 
   [[nodiscard]] ArchiveTotals Totals() const {
@@ -165,12 +191,9 @@ ArchiveWriter::ArchiveWriter(Disk& disk, const std::string& archivePath,
 
 ArchiveWriter::~ArchiveWriter() = default;
 
-void ArchiveWriter::AddFile(const std::string& sourcePath, const std::string& memberName) {
-  implementation_->AddFile(sourcePath, memberName);
-}
-
-void ArchiveWriter::AddContent(FileContent content, const std::string& memberName) {
-  implementation_->AddContent(std::move(content), memberName);
+CopyResult ArchiveWriter::AddFile(const std::string& sourcePath, const std::string& memberName,
+                                  std::optional<std::int64_t> fileTime) {
+  return implementation_->AddFile(sourcePath, memberName, fileTime);
 }
 
 ArchiveTotals ArchiveWriter::Finish() { return implementation_->Finish(); }

@@ -4,11 +4,12 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "tools/files/Disk.h"
-#include "tools/files/InputFile.h"
+#include "tools/files/Files.h"
 
 namespace tools {
 
@@ -56,15 +57,17 @@ class ArchiveWriter {
   ArchiveWriter(const ArchiveWriter&) = delete;
   ArchiveWriter& operator=(const ArchiveWriter&) = delete;
 
-  /// Queues one file as member `memberName` ("/" separates folders). A file of up to one block is
-  /// read at once; a larger one is read until Finish returns, and a change of it meanwhile is an
-  /// Error. Blocks while the queue is full. Raises Error naming the path when the file cannot be
-  /// read; also for a member queued before, and then in all later calls.
-  void AddFile(const std::string& sourcePath, const std::string& memberName);
-
-  /// As AddFile, with a content that the caller has read: at most kMaximumContentBytes.
-  void AddContent(FileContent content, const std::string& memberName);
-  static constexpr std::size_t kMaximumContentBytes = std::size_t{1} << 20U;
+  /// Adds one file as member `memberName` ("/" separates folders) as it is at one moment: it is
+  /// read before this returns, and once more when it changes meanwhile. The result tells why it
+  /// could not be read (kChangesMeanwhile as a cause when it changes all the time); the archive
+  /// then goes on without it. The member gets `fileTime` (nanoseconds since 1970-01-01 UTC), or
+  /// without one the file's. Blocks while the queue is full.
+  ///
+  /// Raises Error when the archive cannot be written, and then in all later calls. One case of it:
+  /// of a file of many blocks the first ones do not shrink but a later one does. They are then read
+  /// again, and the file may have changed by then.
+  [[nodiscard]] CopyResult AddFile(const std::string& sourcePath, const std::string& memberName,
+                                   std::optional<std::int64_t> fileTime = {});
 
   /// Writes what is queued and the directory, and puts the archive in its place. Raises Error.
   ArchiveTotals Finish();

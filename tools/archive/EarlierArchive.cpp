@@ -193,7 +193,10 @@ bool EarlierArchive::AddToRun(const Record& record, std::size_t& runBegin) {
       runBegin == blocks_.size() ? record.headerOffset : pieces_.back().offset;
   if (runBegin == blocks_.size()) pieces_.push_back({.offset = begin});
   const std::uint64_t end = record.dataOffset + record.storedBytes;
-  if (record.headerOffset < begin || end - begin > kLargestPiece) return false;
+  // One behind the other, as they are written: so each lies in the piece, wherever that ends.
+  if (record.headerOffset < begin + pieces_.back().bytes || end - begin > kLargestPiece) {
+    return false;
+  }
   const bool isStored = record.method == static_cast<std::uint16_t>(ZipMethod::Stored);
   if (isStored && record.storedBytes != record.sourceBytes) return false;
   blocks_.push_back({.sourceBytes = static_cast<std::uint32_t>(record.sourceBytes),

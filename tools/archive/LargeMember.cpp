@@ -1,5 +1,6 @@
 #include "tools/archive/LargeMember.h"
 
+#include "tools/Error.h"
 #include "tools/files/InputFile.h"
 
 namespace tools {
@@ -13,7 +14,7 @@ void LargeMember::Append(const PackedBlock& block, const std::stop_token& stop) 
     // The sizes settle the form of the header; both are known to stay below them.
     assembler_.BeginMember({.name = source_.memberName,
                             .method = block.isDeflated ? ZipMethod::Deflated : ZipMethod::Stored,
-                            .modifiedNanoseconds = source_.stamp.modifiedNanoseconds,
+                            .modifiedNanoseconds = source_.modifiedNanoseconds,
                             .sourceBytes = source_.stamp.size,
                             .storedBytes = source_.stamp.size,
                             .isNoted = true});
@@ -25,15 +26,18 @@ void LargeMember::Append(const PackedBlock& block, const std::stop_token& stop) 
   ++appended_;
   const bool isLast = appended_ == Blocks();
   Write(block, isLast);
-  isTakenOver_ = isTakenOver_ && block.isTakenOver;
-  if (block.isTakenOver) assembler_.CountTakenOver(0, block.sourceBytes);
+  if (block.isTakenOver) takenOverBytes_ += block.sourceBytes;
   if (!isLast) return;
   // What the deflated blocks gained is less than what the stored ones take beyond their content.
   const bool isDeflated = member.method == ZipMethod::Deflated;
   if (isDeflated && member.storedBytes >= member.sourceBytes) WriteAgain(ZipMethod::Stored, stop);
   if (stop.stop_requested()) return;
   assembler_.EndMember();
-  if (isTakenOver_) assembler_.CountTakenOver(1, 0);
+  assembler_.CountTakenOver(takenOverBytes_ == source_.stamp.size ? 1 : 0, takenOverBytes_);
+}
+
+void LargeMember::Abandon() {
+  if (appended_ > 0) assembler_.DropMember();
 }
 
 void LargeMember::Write(const PackedBlock& block, bool isLast) {
@@ -61,7 +65,8 @@ void LargeMember::WriteAgain(ZipMethod method, const std::stop_token& stop) {
   }
   const ZipMember& member = assembler_.CurrentMember();
   const bool isSame = member.sourceBytes == sourceBytes && member.crc32 == crc32;
-  if (!isSame && !stop.stop_requested()) throw SourceChanged(source_);
+  if (isSame || stop.stop_requested()) return;
+  throw PathError("Die Datei wurde während des Packens geändert", source_.path, {});
 }
 
 }  // namespace tools

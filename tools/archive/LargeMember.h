@@ -5,11 +5,21 @@
 #include <memory>
 #include <stop_token>
 #include <string>
+#include <utility>
 
 #include "tools/archive/ArchiveAssembler.h"
 #include "tools/archive/MemberPacker.h"
+#include "tools/files/Files.h"
 
 namespace tools {
+
+/// A file of more than a block, as it was when it was added.
+struct ArchiveSource {
+  std::string path;
+  std::string memberName;
+  FileStamp stamp;
+  std::int64_t modifiedNanoseconds = 0;  ///< that the member gets
+};
 
 /// Puts the blocks of one file together, in their order. Blocks are deflated or the source's bytes
 /// as they are: a member of both kinds is one deflate stream with stored blocks in it, and one that
@@ -21,12 +31,13 @@ class LargeMember {
   LargeMember(ArchiveAssembler& assembler, ArchiveSource source, std::size_t blockBytes)
       : assembler_(assembler), source_(std::move(source)), blockBytes_(blockBytes) {}
 
-  [[nodiscard]] const ArchiveSource& Source() const { return source_; }
   [[nodiscard]] std::uint64_t Blocks() const;
 
   /// Adds the next block; the first one begins the member and the last one ends it. The member
   /// stays incomplete when `stop` is requested. Raises Error.
   void Append(const PackedBlock& block, const std::stop_token& stop);
+  /// Takes back the blocks so far: the archive is without the member.
+  void Abandon();
 
  private:
   void Write(const PackedBlock& block, bool isLast);
@@ -36,7 +47,7 @@ class LargeMember {
   ArchiveSource source_;
   std::size_t blockBytes_;
   std::uint64_t appended_ = 0;
-  bool isTakenOver_ = true;  ///< every block so far was
+  std::uint64_t takenOverBytes_ = 0;
 };
 
 }  // namespace tools

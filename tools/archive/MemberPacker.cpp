@@ -1,24 +1,18 @@
 #include "tools/archive/MemberPacker.h"
 
-#include <algorithm>
-
-#include "tools/files/InputFile.h"
+#include <utility>
 
 namespace tools {
 
-// Not initialised: memory that no source asks for is never touched.
 MemberPacker::MemberPacker(int level, std::size_t blockBytes, const EarlierArchive& earlier)
-    : blockBytes_(blockBytes),
-      input_(std::make_unique_for_overwrite<char[]>(blockBytes)),
-      deflater_(level, blockBytes),
-      taker_(earlier, deflater_) {}
+    : deflater_(level, blockBytes), taker_(earlier, deflater_) {}
 
-ZipMember MemberPacker::PackWhole(const std::string& memberName, const FileContent& content,
-                                  bool isNoted, std::string& bytes, bool& isTakenOver) {
-  std::string_view data = content.bytes;
-  ZipMember member{.name = memberName,
+ZipMember MemberPacker::PackWhole(const SmallFile& file, bool isNoted, std::string& bytes,
+                                  bool& isTakenOver) {
+  std::string_view data = file.content;
+  ZipMember member{.name = file.memberName,
                    .method = ZipMethod::Stored,
-                   .modifiedNanoseconds = content.modifiedNanoseconds,
+                   .modifiedNanoseconds = file.modifiedNanoseconds,
                    .crc32 = Crc32(data),
                    .sourceBytes = data.size(),
                    .storedBytes = data.size(),
@@ -36,24 +30,21 @@ ZipMember MemberPacker::PackWhole(const std::string& memberName, const FileConte
   return member;
 }
 
-PackedBlock MemberPacker::PackBlock(const ArchiveSource& source, std::uint64_t index) {
-  const InputFile file(source.path);
-  const std::uint64_t offset = index * blockBytes_;
-  const std::uint64_t rest = source.stamp.size - offset;
-  const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(rest, blockBytes_));
-  const std::string_view content(input_.get(), file.ReadAt(offset, {input_.get(), size}));
-  // Asked for after reading, so that a change before or during it shows.
-  if (content.size() != size || file.Stamp() != source.stamp) throw SourceChanged(source);
-
-  const PackedForm form = rest == size ? PackedForm::Stream : PackedForm::Part;
+PackedBlock MemberPacker::PackBlock(std::string content, bool isLast) {
+  const PackedForm form = isLast ? PackedForm::Stream : PackedForm::Part;
   PackedBlock block;
   block.crc32 = Crc32(content);
-  block.sourceBytes = size;
+  block.sourceBytes = content.size();
   const auto taken = taker_.Take(form, content, block.crc32);
-  block.data = taken ? *taken : Pack(content, form);
-  block.isDeflated = block.data.size() < size;
-  if (block.isDeflated) block.sum = Crc32(block.data);
+  const std::string_view packed = taken ? *taken : Pack(content, form);
+  block.isDeflated = packed.size() < content.size();
   block.isTakenOver = taken || (!block.isDeflated && taker_.WasStored(content, block.crc32));
+  if (block.isDeflated) {
+    block.data = packed;
+    block.sum = Crc32(packed);
+  } else {
+    block.data = std::move(content);
+  }
   return block;
 }
 
@@ -63,10 +54,6 @@ std::string_view MemberPacker::Pack(std::string_view source, PackedForm form) {
   const std::string_view deflated =
       form == PackedForm::Stream ? deflater_.Deflate(source) : deflater_.DeflatePart(source);
   return deflated.size() < source.size() ? deflated : source;
-}
-
-Error SourceChanged(const ArchiveSource& source) {
-  return PathError("Die Datei wurde während des Packens geändert", source.path, {});
 }
 
 }  // namespace tools

@@ -3,25 +3,21 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
-#include "tools/Error.h"
 #include "tools/archive/BlockDeflate.h"
 #include "tools/archive/BlockTaker.h"
 #include "tools/archive/EarlierArchive.h"
 #include "tools/archive/ZipFormat.h"
-#include "tools/files/Files.h"
-#include "tools/files/InputFile.h"
 
 namespace tools {
 
-/// A file of more than a block, as it was when it was added.
-struct ArchiveSource {
-  std::string path;
+/// A file of at most a block.
+struct SmallFile {
   std::string memberName;
-  FileStamp stamp;
+  std::string content;
+  std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
 };
 
 /// A part of a member whose source is packed in several blocks.
@@ -42,25 +38,18 @@ class MemberPacker {
   MemberPacker(int level, std::size_t blockBytes, const EarlierArchive& earlier);
 
   /// Appends local header and data of a whole member to `bytes` and returns its description, with
-  /// `headerOffset` counting from the start of `bytes`. The content is no larger than a block.
-  /// `isNoted`: the member will have a note.
-  [[nodiscard]] ZipMember PackWhole(const std::string& memberName, const FileContent& content,
-                                    bool isNoted, std::string& bytes, bool& isTakenOver);
+  /// `headerOffset` counting from the start of `bytes`. `isNoted`: the member will have a note.
+  [[nodiscard]] ZipMember PackWhole(const SmallFile& file, bool isNoted, std::string& bytes,
+                                    bool& isTakenOver);
 
-  /// Packs block `index` of a file, counted from 0. Raises Error when the file cannot be read or is
-  /// not the one that was added: blocks of two states of a file must not meet in one member.
-  [[nodiscard]] PackedBlock PackBlock(const ArchiveSource& source, std::uint64_t index);
+  /// Packs one block of a larger file.
+  [[nodiscard]] PackedBlock PackBlock(std::string content, bool isLast);
 
  private:
   [[nodiscard]] std::string_view Pack(std::string_view source, PackedForm form);
 
-  std::size_t blockBytes_;
-  std::unique_ptr<char[]> input_;  // a block
   BlockDeflater deflater_;
   BlockTaker taker_;
 };
-
-/// The error for a file that was changed while it was being packed.
-[[nodiscard]] Error SourceChanged(const ArchiveSource& source);
 
 }  // namespace tools

@@ -8,7 +8,6 @@
 #include "tools/files/Files.h"
 #include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
-#include "tools/files/SpecialFolders.h"
 
 namespace tools {
 
@@ -77,22 +76,6 @@ void RemoveLeftovers(const std::string& folder) noexcept {
       }
     }
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): as above
-  }
-}
-
-PrivateTemporaryFolder::PrivateTemporaryFolder() {
-  const std::string base = SpecialFolder(kTemporaryFolder);
-  RemoveLeftovers(base);
-  held_ = std::make_unique<HeldTemporary>(JoinPath(base, "x"), &Make);
-}
-
-PrivateTemporaryFolder::~PrivateTemporaryFolder() {
-  const std::string path = Path();
-  held_.reset();
-  try {
-    RemoveFolderTree(path);
-  } catch (const Error&) {
-    // A destructor has nobody to tell; what stays lies in the system's temporary folder.
   }
 }
 

@@ -59,26 +59,6 @@ class HeldTemporary {
 /// and whose process has ended. What cannot be removed stays, for the next time.
 void RemoveLeftovers(const std::string& folder) noexcept;
 
-/// A fresh folder inside the system's temporary folder that only this user can enter, so that
-/// nobody else can prepare or read what lies in it. It is removed with all its contents by the
-/// destructor, or after a killed process by the next one that makes such a folder.
-class PrivateTemporaryFolder {
- public:
-  /// Raises Error.
-  PrivateTemporaryFolder();
-  ~PrivateTemporaryFolder();
-  PrivateTemporaryFolder(const PrivateTemporaryFolder&) = delete;
-  PrivateTemporaryFolder& operator=(const PrivateTemporaryFolder&) = delete;
-
-  [[nodiscard]] const std::string& Path() const { return held_->Path(); }
-
- private:
-  /// Fails when the path exists, so that nobody can have prepared the folder. Raises Error.
-  static void Make(const std::string& path);
-
-  std::unique_ptr<HeldTemporary> held_;
-};
-
 /// The system's part of RemoveLeftovers: calls `remove` when `path` belongs to this user and to no
 /// running program.
 void RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&));

@@ -5,8 +5,6 @@
 
 #include <cerrno>
 
-#include "tools/Error.h"
-#include "tools/files/Path.h"
 #include "tools/files/SystemFiles_posix.h"
 #include "tools/files/TemporaryFiles.h"
 
@@ -53,12 +51,6 @@ void RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::stri
     return;
   }
   remove(path);
-}
-
-void PrivateTemporaryFolder::Make(const std::string& path) {
-  if (::mkdir(path.c_str(), 0700) == 0) return;
-  throw PathError("Der temporäre Ordner kann nicht angelegt werden", FolderOf(path),
-                  LastSystemError());
 }
 
 }  // namespace tools

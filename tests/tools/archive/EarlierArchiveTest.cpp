@@ -21,9 +21,10 @@ class EarlierArchiveTest : public testing::Test {
     for (unsigned i = 0; i < 150; ++i) files_["s" + std::to_string(i)] = WordBytes(i * 91, i);
     files_["empty"] = "";
     files_["random"] = RandomBytes(90'000);
-    files_["large"] = WordBytes(3 * kBlock + 1);
-    files_["large random"] = RandomBytes(2 * kBlock);
-    files_["mixed"] = RandomBytes(2 * kBlock, 7) + WordBytes(kBlock, 7) + RandomBytes(999, 8);
+    const std::string words = WordBytes(kBlock);
+    files_["large"] = words + words + words + "!";
+    files_["large random"] = RandomBytes(kBlock + 70'000);
+    files_["mixed"] = files_["large random"].substr(9, kBlock) + words + RandomBytes(999, 8);
   }
 
   /// Archives the files and gives the archive's bytes.
@@ -32,9 +33,7 @@ class EarlierArchiveTest : public testing::Test {
         disk_, archive_,
         {.blockMegabytes = 1, .effort = effort, .threads = threads, .earlier = earlier});
     for (const auto& [name, content] : files_) {
-      const std::string path = folder_.Write("in/" + name, content);
-      SetModificationTime(path, 0);
-      writer.AddFile(path, name);
+      (void)writer.AddFile(folder_.Write("in/" + name, content), name, 0);
     }
     totals_ = writer.Finish();
     return folder_.Read("a.zip");

@@ -1,9 +1,7 @@
 #include <stdlib.h>
-#include <sys/stat.h>
 
 #include "tests/support/Testing.h"
 #include "tools/files/SpecialFolders.h"
-#include "tools/files/TemporaryFiles.h"
 
 namespace tools {
 
@@ -34,17 +32,6 @@ TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFileAndDefaultsLieInTheHomeFo
   folder_.Write("settings/user-dirs.dirs",
                 "XDG_DOCUMENTS_DIR=\"relative\"\nXDG_DOCUMENTS_DIR=\"/srv/docs\"\n");
   EXPECT_EQ(SpecialFolder(kDocumentsFolder), "/srv/docs");
-}
-
-TEST_F(XdgFoldersTest, OnlyItsUserMayEnterAPrivateFolder) {
-  setenv("TMPDIR", folder_.Path().c_str(), 1);
-  folder_.Write(".packwright-0123456789abcdef.tmp/rest", "of a killed build");
-  const PrivateTemporaryFolder temporary;
-  EXPECT_TRUE(temporary.Path().starts_with(folder_.Path(".packwright-")));
-  EXPECT_FALSE(folder_.Holds(".packwright-0123456789abcdef.tmp"));
-  struct stat status {};
-  ASSERT_EQ(stat(temporary.Path().c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777, 0700U);
 }
 
 }  // namespace tools

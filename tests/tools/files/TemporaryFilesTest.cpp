@@ -1,10 +1,7 @@
-#include <fstream>
-
 #include "tests/support/Testing.h"
 #include "tools/files/Files.h"
 #include "tools/files/FindFiles.h"
 #include "tools/files/Path.h"
-#include "tools/files/SpecialFolders.h"
 #include "tools/files/TemporaryFiles.h"
 #include "tools/settings/SettingsStore.h"
 
@@ -69,20 +66,6 @@ TEST_F(LeftoversTest, ANameThatIsTakenAwayAtOnceIsReplacedByAnother) {
   });
   EXPECT_EQ(made, 2);
   EXPECT_TRUE(FileExists(held.Path()));
-}
-
-TEST(PrivateTemporaryFolderTest, APrivateFolderIsGoneWithItsContents) {
-  std::string path;
-  {
-    const PrivateTemporaryFolder folder;
-    path = folder.Path();
-    EXPECT_NE(path, PrivateTemporaryFolder().Path());
-    EXPECT_EQ(FolderOf(path), SpecialFolder(kTemporaryFolder));
-    MakeFolder(JoinPath(path, "PackwrightTemp"));
-    std::ofstream(ToPath(JoinPath(path, "PackwrightTemp/1.txt"))) << "x";
-    EXPECT_EQ(FindFiles(path, "*", true).size(), 1U);
-  }
-  EXPECT_FALSE(FolderExists(path));
 }
 
 }  // namespace tools

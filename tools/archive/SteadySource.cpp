@@ -1,0 +1,62 @@
+#include "tools/archive/SteadySource.h"
+
+#include <algorithm>
+
+#include "tools/Error.h"
+
+namespace tools {
+
+template <typename Action>
+void SteadySource::Try(const Action& action) {
+  try {
+    action();
+  } catch (const Error& error) {
+    cause_ = error.Cause();
+  }
+}
+
+SteadySource::SteadySource(const std::string& path) {
+  Try([&] { file_ = std::make_unique<InputFile>(path); });
+}
+
+bool SteadySource::Begin() {
+  at_ = 0;
+  bool isSteady = false;
+  if (!file_) return false;
+  Try([&] {
+    const std::optional<FileStamp> stamp = file_->SteadyStamp();
+    isSteady = stamp.has_value();
+    if (stamp) stamp_ = *stamp;
+  });
+  return isSteady;
+}
+
+std::optional<std::string> SteadySource::Whole(std::size_t maximumBytes) {
+  std::optional<std::string> bytes;
+  Try([&] { bytes = ReadToEnd(*file_, stamp_.size, maximumBytes); });
+  return bytes;
+}
+
+std::optional<std::string> SteadySource::Next(std::size_t bytes) {
+  std::string next(std::min<std::uint64_t>(bytes, stamp_.size - at_), '\0');
+  std::size_t count = 0;
+  Try([&] { count = file_->ReadAt(at_, next); });
+  at_ += count;
+  if (cause_ || count != next.size()) return std::nullopt;
+  return next;
+}
+
+bool SteadySource::IsAtEnd() {
+  char byte = 0;
+  std::size_t count = 1;
+  Try([&] { count = file_->ReadAt(at_, {&byte, 1}); });
+  return count == 0;
+}
+
+bool SteadySource::IsUnchanged() {
+  bool isSame = false;
+  Try([&] { isSame = file_->Stamp() == stamp_; });
+  return isSame;
+}
+
+}  // namespace tools
