@@ -58,7 +58,7 @@ WizardStructure::WizardStructure(WizardDriver& driver, const WizardPageRegistry&
   lblStepBar_->setWordWrap(true);
   content_->addWidget(emptyPage_);
   const int unit = fontMetrics().height();
-  // Margins of the frame itself would be lost when a style changes its frames.
+  // Margins of the frame itself are lost where a style is set before it has its size.
   auto* around = new QVBoxLayout;
   around->setContentsMargins(unit * 5 / 4, unit, unit * 5 / 4, unit);
   around->addWidget(content_);
