@@ -1,76 +1,38 @@
-#include <filesystem>
-#include <sstream>
-
-#include "console/Program.h"
-#include "tests/support/TestProduct.h"
-#include "tests/support/Testing.h"
-#include "tools/Text.h"
-#include "tools/files/Files.h"
-#include "tools/files/FindFiles.h"
+#include "tests/support/CallFixture.h"
 
 namespace console {
 
-using testing::ContainsRegex;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-
-class ProgramTest : public testing::Test {
+class ProgramTest : public tests::CallFixture {
  protected:
   ProgramTest() {
     product_.AddComponent("Programm",
                           {Source("lies.txt", std::string(5000, 'a')), Source("zwei.txt", "zwei")});
-    product_.Project().WriteProductSetting("Versions", "Count", "2");
-    product_.Project().WriteProductSetting("Versions", "Ver2", "1.1.0");
-  }
-  std::string Source(const std::string& name, const std::string& content) {
-    return tests::TestProduct::File(folder_.Write("src/" + name, content));
+    project_.WriteProductSetting("Versions", "Count", "2");
+    project_.WriteProductSetting("Versions", "Ver2", "1.1.0");
   }
 
-  ExitCode Run(const std::vector<std::string>& arguments) {
-    std::ostringstream output;
-    std::ostringstream errors;
-    const std::string folder = folder_.Path();
-    const ExitCode code = RunProgram(
-        arguments, {{output, errors, false}, folder, folder, disk_, interrupted_, sourceDate_});
-    output_ = output.str();
-    errors_ = errors.str();
-    return code;
-  }
+  ExitCode Run(const std::vector<std::string>& arguments) { return Call(RunProgram, arguments); }
   /// Builds version 1.0.0.
   ExitCode Build(std::vector<std::string> options) {
     options.insert(options.begin(), {"Produkt/Probe.product", "1.0.0"});
     return Run(options);
   }
-  [[nodiscard]] std::size_t FileCount(const std::string& name) const {
-    return tools::FindFiles(folder_.Path(name), "*", true).size();
-  }
-
-  tests::TemporaryFolder folder_;
-  tests::TestProduct product_{folder_};
-  std::string output_;
-  std::string errors_;
-  tests::FaultyDisk disk_;
-  std::string sourceDate_;
-  Report::InterruptTest interrupted_ = [] { return false; };
 };
 
 TEST_F(ProgramTest, BuildsIntoTheActiveConfigurationsFolder) {
   EXPECT_EQ(Build({}), ExitCode::Built) << errors_;
   EXPECT_TRUE(folder_.Holds("Produkt/Ausgabe/Debug/Probe.zip"));
-  EXPECT_TRUE(folder_.Holds("Produkt/Ausgabe/Debug/Probe.install"));
   EXPECT_THAT(output_, AllOf(HasSubstr("Dateien:    2"), HasSubstr(" 5,0 kB")));
   EXPECT_EQ(errors_, "");
 
-  folder_.Write("Produkt/Version 1.0.0/product.version",
-                "[Components]\nCount=1\n[BuildCommon]\nActiveConfig=2\n"
-                "[Build2]\nOutputFolder=fertig\n");
+  project_.WriteVersionSetting(1, "BuildCommon", "ActiveConfig", "2");
+  project_.WriteVersionSetting(1, "Build2", "OutputFolder", "fertig");
   EXPECT_EQ(Build({"--no-zip", "--quiet"}), ExitCode::Built);
   EXPECT_TRUE(folder_.Holds("Produkt/fertig/InstallPath/zwei.txt"));
   EXPECT_EQ(output_, "");
 }
 
-TEST_F(ProgramTest, ReplacesASetupWhenToldAndOtherFilesWhenForced) {
+TEST_F(ProgramTest, ReplacesASetupOnlyWhenTold) {
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Built);
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_THAT(errors_, HasSubstr("(--overwrite ersetzt es): " + folder_.Path("aus")));
@@ -81,7 +43,7 @@ TEST_F(ProgramTest, ReplacesASetupWhenToldAndOtherFilesWhenForced) {
                                      '"')),
               ExitCode::Built);
     EXPECT_THAT(output_, HasSubstr("\"filesTakenOver\":0,\"bytesTakenOver\":0,"));
-    EXPECT_THAT(output_, ContainsRegex("\"times\":.\"survey\":.*packing.*script.*total"));
+    EXPECT_THAT(output_, testing::ContainsRegex("\"times\":.\"survey\":.*packing.*script.*total"));
   }
   folder_.Write("aus/wichtig.txt", "x");
   for (const char* option : {"--quiet", "--overwrite"}) {
@@ -90,7 +52,7 @@ TEST_F(ProgramTest, ReplacesASetupWhenToldAndOtherFilesWhenForced) {
   }
   EXPECT_EQ(Build({"--output", "aus", "--force"}), ExitCode::Built);
   EXPECT_FALSE(folder_.Holds("aus/wichtig.txt"));
-  for (const char* folder : {"Produkt", "src", "", " "}) {
+  for (const char* folder : {"Produkt", "quelle", "", " "}) {
     EXPECT_EQ(Build({"--output", folder, "--force"}), ExitCode::Stopped);
     EXPECT_THAT(errors_, HasSubstr("Der Ausgabeordner ist ungültig. "));
   }
@@ -98,8 +60,8 @@ TEST_F(ProgramTest, ReplacesASetupWhenToldAndOtherFilesWhenForced) {
   EXPECT_TRUE(folder_.Holds("Produkt/Probe.product"));
 }
 
-TEST_F(ProgramTest, NamesComponentAndEntryOfAProblem) {
-  tools::DeleteFile(folder_.Path("src/zwei.txt"));
+TEST_F(ProgramTest, NamesThePlaceOfAProblem) {
+  tools::DeleteFile(folder_.Path("quelle/zwei.txt"));
   EXPECT_EQ(Build({"--wrapper"}), ExitCode::BuiltWithErrors);
   EXPECT_THAT(errors_, HasSubstr("zwei.txt [Komponente 1 \"Programm\", Eintrag 2]"));
   EXPECT_THAT(errors_, HasSubstr("setup wrapper"));
@@ -109,21 +71,20 @@ TEST_F(ProgramTest, NamesComponentAndEntryOfAProblem) {
   EXPECT_THAT(output_, HasSubstr("\"component\":1,\"componentTitle\":\"Programm\",\"entry\":2}\n"));
   EXPECT_THAT(output_, HasSubstr("{\"event\":\"summary\",\"outcome\":\"finished\","));
   EXPECT_THAT(output_, HasSubstr("\"files\":1,\"bytesIn\":5000,"));
-  EXPECT_THAT(output_, testing::EndsWith("\"warnings\":0,\"errors\":1}\n"));
+  EXPECT_THAT(output_, EndsWith("\"warnings\":0,\"errors\":1}\n"));
   EXPECT_EQ(errors_, "");
 }
 
 TEST_F(ProgramTest, CheckWritesNothing) {
-  const std::size_t before = FileCount("");
-  EXPECT_EQ(Build({"--check"}), ExitCode::Built) << errors_;
-  tools::DeleteFile(folder_.Path("src/zwei.txt"));
+  tools::DeleteFile(folder_.Path("quelle/zwei.txt"));
+  const auto before = tools::FindFiles(folder_.Path(), "*", true);
   EXPECT_EQ(Build({"--check", "--json"}), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(output_, testing::EndsWith("{\"event\":\"checked\",\"findings\":1}\n"));
-  EXPECT_EQ(FileCount(""), before - 1);
+  EXPECT_THAT(output_, EndsWith("{\"event\":\"checked\",\"findings\":1}\n"));
+  EXPECT_EQ(tools::FindFiles(folder_.Path(), "*", true), before);
   EXPECT_FALSE(folder_.Holds("Produkt/Ausgabe"));
 }
 
-TEST_F(ProgramTest, ListsVersionsAndComponents) {
+TEST_F(ProgramTest, ListsWhatAProductHolds) {
   EXPECT_EQ(Run({"Produkt/Probe.product", "--list"}), ExitCode::Built);
   EXPECT_EQ(output_, "Probe\n  1.0.0\n    1  Programm\n  1.1.0\n");
   EXPECT_EQ(Run({"Produkt/Probe.product", "--list", "--json"}), ExitCode::Built);
@@ -138,7 +99,7 @@ TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
   for (const char* call :
        {"", "Produkt/Probe.product", "Produkt/Probe.product 1.0.0 --unbekannt",
         "Produkt/Probe.product 1.0.0 --output", "Produkt/Probe.product 9.9.9",
-        "Produkt/fehlt.product 1.0.0", "src/zwei.txt 1.0.0", "Produkt 1.0.0",
+        "Produkt/fehlt.product 1.0.0", "quelle/zwei.txt 1.0.0", "Produkt 1.0.0",
         "Produkt/Probe.product --list --check", "Produkt/Probe.product 1.0.0 --zip --no-zip",
         "Produkt/Probe.product 1.0.0 --zip=false",
         "Produkt/Probe.product 1.0.0 --compression best"}) {
@@ -153,11 +114,11 @@ TEST_F(ProgramTest, TellsWhatIsWrongWithACall) {
 }
 
 TEST_F(ProgramTest, AFullDiskIsAnExitCodeOfItsOwn) {
-  disk_.FailOnce(tests::FaultyDisk::Step::Create, 1);
+  disk_.FailOnce(FaultyDisk::Step::Create, 1);
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_THAT(errors_, HasSubstr("Das Setup ist unvollständig: Der Datenträger ist voll."));
   EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Built);
-  disk_.FailOnce(tests::FaultyDisk::Step::Create, 1);
+  disk_.FailOnce(FaultyDisk::Step::Create, 1);
   EXPECT_EQ(Build({"--output", "aus", "--overwrite"}), ExitCode::Stopped);
   EXPECT_THAT(errors_, HasSubstr("Der bisherige Inhalt des Ausgabeordners bleibt unverändert."));
   EXPECT_TRUE(folder_.Holds("aus/Probe.zip"));
@@ -167,7 +128,7 @@ TEST_F(ProgramTest, TellsNumbersThatAreOutOfRange) {
   folder_.Write("Produkt/Ausgabe/Release/Probe.zip", "alt");
   for (const char* active : {"3000000000", "7", ""}) {
     SCOPED_TRACE(active);
-    product_.Project().WriteVersionSetting(1, "BuildCommon", "ActiveConfig", active);
+    project_.WriteVersionSetting(1, "BuildCommon", "ActiveConfig", active);
     EXPECT_EQ(Build({"--overwrite"}), ExitCode::Stopped);
     EXPECT_THAT(errors_, HasSubstr("product.version ([BuildCommon] ActiveConfig"));
     EXPECT_EQ(Build({"--check"}), ExitCode::BuiltWithErrors);
@@ -180,7 +141,7 @@ TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {
   interrupted_ = [] { return true; };
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_EQ(errors_, "packwright-build: Abgebrochen.\n");
-  EXPECT_EQ(FileCount("aus"), 0U);
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 0U);
   EXPECT_EQ(Build({"--check"}), ExitCode::Stopped);
   EXPECT_EQ(Run({"Produkt/Probe.product", "--list"}), ExitCode::Stopped);
   EXPECT_EQ(output_, "Probe\n  1.0.0\n");
@@ -206,31 +167,29 @@ TEST_F(ProgramTest, WarningsCountWhenTheyAreToldTo) {
 TEST_F(ProgramTest, AConfinedBuildStaysInTheProductsFolder) {
   const std::string outside = "liegt außerhalb des Ordners des Produkts: ";
   EXPECT_EQ(Build({"--confine"}), ExitCode::Stopped);
-  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("src")));
+  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("quelle")));
   EXPECT_EQ(Build({"--confine", "--check"}), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("src")));
+  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("quelle")));
   folder_.Write("Produkt/quelle/a.txt", "a");
-  folder_.Write(
-      "Produkt/Version 1.0.0/component1.component",
-      "[Component]\nTitle=A\n[Files]\nCount=1\n[File1]\nID={1}\nType=2\nSourcePath=quelle\n"
-      "SourceName=*\nIncludeChildren=1\nTargetFolder=2001\n");
+  project_.WriteVersionSetting(1, "Components", "Count", "0");
+  product_.AddComponent("A", {tests::TestProduct::Scan("quelle", "*")});
   EXPECT_EQ(Build({"--confine"}), ExitCode::Built) << errors_;
   EXPECT_EQ(Build({"--confine", "--check"}), ExitCode::Built) << errors_;
   EXPECT_EQ(Build({"--confine", "--output", "aus"}), ExitCode::Stopped);
   EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("aus")));
   std::error_code failure;
-  std::filesystem::create_symlink(folder_.Path("src/lies.txt"),
+  std::filesystem::create_symlink(folder_.Path("quelle/lies.txt"),
                                   folder_.Path("Produkt/quelle/l.txt"), failure);
   if (failure) GTEST_SKIP() << "no links here";
   EXPECT_EQ(Build({"--confine", "--overwrite"}), ExitCode::Stopped);
-  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("src")));
+  EXPECT_THAT(errors_, HasSubstr(outside + folder_.Path("quelle")));
 }
 
 TEST_F(ProgramTest, ADateFromOutsideMakesBuildsTheSameAtAnyTime) {
   sourceDate_ = "1000000001";
   EXPECT_EQ(Build({"--output", "1", "--prove"}), ExitCode::Built) << errors_;
   EXPECT_EQ(Build({"--output", "b1", "--no-zip"}), ExitCode::Built) << errors_;
-  tools::SetTreeTime(folder_.Path("src"), 1);
+  tools::SetTreeTime(folder_.Path("quelle"), 1);
   EXPECT_EQ(Build({"--output", "2"}), ExitCode::Built) << errors_;
   for (const char* name : {"Probe.zip", "Probe.install", "build.log"}) {
     EXPECT_TRUE(folder_.Read(std::string("1/") + name) == folder_.Read(std::string("2/") + name));

@@ -5,15 +5,12 @@
 
 #include "console/CommandLine.h"
 #include "console/Platform.h"
+#include "tests/support/BuildFixture.h"
 #include "tests/support/SampleBytes.h"
-#include "tests/support/TestProduct.h"
-#include "tests/support/Testing.h"
 
 namespace console {
 
-using testing::HasSubstr;
-
-class StreamsTest : public testing::Test {
+class StreamsTest : public tests::BuildFixture {
  protected:
   /// The exit code of a call; `surroundings` stands before it in the shell's command.
   ExitCode Run(const std::string& surroundings, const std::string& options) {
@@ -26,8 +23,6 @@ class StreamsTest : public testing::Test {
     return static_cast<ExitCode>(WEXITSTATUS(status));
   }
 
-  tests::TemporaryFolder folder_;
-  tests::TestProduct product_{folder_};
   std::string output_ = "1.0.0 --quiet --overwrite --output '" + folder_.Path("aus") + "'";
   std::string errors_;
 };
@@ -45,17 +40,17 @@ TEST_F(StreamsTest, ClosedStreamsAreNoPlaceForMessages) {
   product_.AddComponent("A", {tests::TestProduct::File(folder_.Path("fehlt"))});
   EXPECT_EQ(Run("<&- >&-", output_ + " --json"), ExitCode::BuiltWithErrors);
   EXPECT_EQ(Run("<&- >&-", "--list"), ExitCode::Built) << errors_;
-  EXPECT_THAT(folder_.Read("aus/Probe.zip"), testing::StartsWith("PK"));
-  EXPECT_THAT(folder_.Read("aus/build.log"), testing::EndsWith("fehlt\r\n"));
+  EXPECT_THAT(folder_.Read("aus/Probe.zip"), StartsWith("PK"));
+  EXPECT_THAT(folder_.Read("aus/build.log"), EndsWith("fehlt\r\n"));
 }
 
 TEST_F(StreamsTest, ALimitOfFileSizesIsAnError) {
-  const std::string source = folder_.Write("groß", tests::RandomBytes(2'000'000));
-  product_.AddComponent("A", {tests::TestProduct::File(source)});
+  product_.AddComponent("A", {Source("groß", tests::RandomBytes(2'000'000))});
   EXPECT_EQ(Run("ulimit -f 100; exec", output_), ExitCode::BuiltWithErrors);
   EXPECT_THAT(errors_, HasSubstr("Die Datei wird zu groß"));
   EXPECT_EQ(Run("ulimit -f 100; exec", output_ + " --no-zip"), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(folder_.Read("aus/build.log"), HasSubstr(source + "' to new location: "));
+  EXPECT_THAT(folder_.Read("aus/build.log"),
+              HasSubstr(folder_.Path("quelle/groß") + "' to new location: "));
 }
 
 }  // namespace console

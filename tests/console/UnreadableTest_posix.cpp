@@ -1,21 +1,15 @@
 // Files and folders that are there and cannot be read, seen by a user without special rights.
 #include <sys/stat.h>
 
-#include <sstream>
-
-#include "console/Program.h"
-#include "tests/support/TestProduct.h"
+#include "tests/support/CallFixture.h"
 #include "tests/support/WithoutRights.h"
 
 namespace console {
 
-using testing::AllOf;
-using testing::HasSubstr;
-
-class UnreadableTest : public testing::Test {
+class UnreadableTest : public tests::CallFixture {
  protected:
   UnreadableTest() {
-    product_.AddComponent("Gut", {tests::TestProduct::File(folder_.Write("src/a.txt", "a"))});
+    product_.AddComponent("Gut", {Source("a.txt", "a")});
     product_.AddComponent("Baum", {tests::TestProduct::Scan(folder_.Path("baum"), "*")});
     folder_.Write("baum/1/b.txt", "b");
     folder_.Write("baum/2/c.txt", "c");
@@ -36,27 +30,26 @@ class UnreadableTest : public testing::Test {
     locked_ = name;
     SetMode(name, 0);
   }
+  /// Calls the program on the product; all that it says is in text_ then.
   ExitCode Run(std::vector<std::string> arguments) {
-    std::ostringstream output;
-    std::ostringstream errors;
     arguments.insert(arguments.begin(), folder_.Path("Produkt/Probe.product"));
-    tools::SystemDisk disk;
     ExitCode code{};
-    EXPECT_EQ(tests::ErrorWithoutRights([&] {
-                code = RunProgram(arguments, {{output, errors, false}, "/", "/", disk});
-              }),
-              "no error");
-    text_ = output.str() + errors.str();
+    EXPECT_EQ(tests::ErrorWithoutRights([&] { code = Call(RunProgram, arguments); }), "no error");
+    text_ = output_ + errors_;
     return code;
   }
+  ExitCode Check(const std::string& output) {
+    return Run({"1.0.0", "--check", "--output", folder_.Path(output)});
+  }
+  ExitCode Build(const std::string& output) {
+    return Run({"1.0.0", "--no-zip", "--overwrite", "--output", folder_.Path(output)});
+  }
 
-  tests::TemporaryFolder folder_;
-  tests::TestProduct product_{folder_};
   std::string locked_;
   std::string text_;
 };
 
-TEST_F(UnreadableTest, SettingsEndABuildBeforeItChangesAnythingAndAreAFindingOfTheCheck) {
+TEST_F(UnreadableTest, SettingsEndABuildBeforeItChangesAnything) {
   const std::string version = "Produkt/Version 1.0.0";
   for (const std::string& name :
        {std::string("Produkt/Probe.product"), version + "/product.version",
@@ -64,39 +57,29 @@ TEST_F(UnreadableTest, SettingsEndABuildBeforeItChangesAnythingAndAreAFindingOfT
     SCOPED_TRACE(name);
     Lock(name);
     const auto named = AllOf(HasSubstr(folder_.Path(name)), HasSubstr("Zugriff verweigert"));
-    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("aus"), "--overwrite"}), ExitCode::Stopped);
+    EXPECT_EQ(Build("aus"), ExitCode::Stopped);
     EXPECT_THAT(text_, named);
     EXPECT_EQ(folder_.Read("aus/alt.zip"), "alt");
     EXPECT_EQ(Run({"--list"}), ExitCode::Stopped);
     EXPECT_THAT(text_, named);
-    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("aus"), "--check"}),
-              ExitCode::BuiltWithErrors);
+    EXPECT_EQ(Check("aus"), ExitCode::BuiltWithErrors);
     EXPECT_THAT(text_, named);
   }
 }
 
-TEST_F(UnreadableTest, AFolderOfAScanCostsThatFolderAlone) {
-  Lock("baum/1");
+TEST_F(UnreadableTest, ASourceCostsWhatItHoldsAlone) {
   SetMode("", 0777);
-  const std::vector<std::string> call{"1.0.0", "--output", folder_.Path("neu"), "--overwrite",
-                                      "--no-zip"};
-  EXPECT_EQ(Run(call), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(folder_.Read("neu/build.log"),
-              HasSubstr("\nERROR: Unable to read folder '" + folder_.Path("baum/1") +
-                        "': Zugriff verweigert\r\n"));
-  EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");
-  EXPECT_EQ(Run({"1.0.0", "--check", "--output", folder_.Path("aus")}), ExitCode::BuiltWithErrors);
-  EXPECT_THAT(text_, AllOf(HasSubstr("Der Ordner kann nicht gelesen werden: " +
-                                     folder_.Path("baum/1") + " (Zugriff verweigert)"),
-                           HasSubstr("1 Beanstandung.")));
-  folder_.Write("baum/2/c.txt", "anders");
-  for (const char* locked : {"baum/1", "src/a.txt", "src"}) {
+  for (const auto& [locked, words] : {std::pair{"baum/1", "Unable to read folder '"},
+                                      {"quelle/a.txt", "Unable to copy file '"},
+                                      {"quelle", "File missing: "}}) {
+    SCOPED_TRACE(locked);
     Lock(locked);
-    EXPECT_EQ(Run(call), ExitCode::BuiltWithErrors) << locked;
-    EXPECT_THAT(folder_.Read("neu/build.log"), HasSubstr(folder_.Path(locked)));
-    EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "anders");
-    EXPECT_EQ(Run({"1.0.0", "--check", "--output", folder_.Path("aus")}),
-              ExitCode::BuiltWithErrors);
+    folder_.Write("baum/2/c.txt", locked);
+    EXPECT_EQ(Build("neu"), ExitCode::BuiltWithErrors);
+    EXPECT_THAT(folder_.Read("neu/build.log"),
+                HasSubstr("ERROR: " + (words + folder_.Path(locked))));
+    EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), locked);
+    EXPECT_EQ(Check("aus"), ExitCode::BuiltWithErrors);
     EXPECT_THAT(text_, AllOf(HasSubstr(folder_.Path(locked)), HasSubstr("1 Beanstandung.")));
   }
 }
@@ -105,10 +88,8 @@ TEST_F(UnreadableTest, AnOutputFolderThatCannotBeWrittenToIsAFindingOfTheCheck) 
   folder_.MakeFolder("fest");
   SetMode("fest", 0555);
   for (const char* output : {"fest", "fest/neu", "fest/neu/tief"}) {
-    const std::vector<std::string> call{"1.0.0", "--output", folder_.Path(output)};
-    EXPECT_EQ(Run(call), ExitCode::Stopped) << output;
-    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path(output), "--check"}),
-              ExitCode::BuiltWithErrors);
+    EXPECT_EQ(Build(output), ExitCode::Stopped) << output;
+    EXPECT_EQ(Check(output), ExitCode::BuiltWithErrors) << output;
     EXPECT_THAT(text_, HasSubstr("In den Ausgabeordner kann nicht geschrieben werden: "));
   }
 }
@@ -117,9 +98,7 @@ TEST_F(UnreadableTest, AWriteProtectedFolderOfTheOldSetupIsReplacedToo) {
   SetMode("", 0777);
   folder_.Write("baum/2/tief/d.txt", "d");
   for (int build = 1; build <= 2; ++build) {
-    EXPECT_EQ(Run({"1.0.0", "--output", folder_.Path("neu"), "--overwrite", "--no-zip"}),
-              ExitCode::Built)
-        << text_;
+    EXPECT_EQ(Build("neu"), ExitCode::Built) << text_;
     SetMode("neu/InstallPath", 0555);
   }
   EXPECT_EQ(folder_.Read("neu/InstallPath/c.txt"), "c");

@@ -6,7 +6,6 @@
 #include "engine/BuildCheck.h"
 #include "setup/Comparison.h"
 #include "tests/support/BuildFixture.h"
-#include "tools/Text.h"
 
 namespace console {
 

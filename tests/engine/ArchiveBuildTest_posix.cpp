@@ -3,22 +3,15 @@
 #include <stdlib.h>
 #include <sys/mount.h>
 
-#include <filesystem>
 #include <map>
 
 #include "engine/BuildCheck.h"
 #include "engine/OutputContent.h"
 #include "tests/support/BuildFixture.h"
-#include "tests/support/FaultyDisk.h"
 #include "tests/support/ZipReader.h"
-#include "tools/Text.h"
-#include "tools/files/Files.h"
-#include "tools/files/FindFiles.h"
-#include "tools/files/InputFile.h"
 
 namespace engine {
 
-using testing::HasSubstr;
 using Members = std::map<std::string, std::string>;
 
 class ArchiveBuildTest : public tests::BuildFixture {
@@ -36,10 +29,22 @@ class ArchiveBuildTest : public tests::BuildFixture {
   [[nodiscard]] std::string Contents() {
     std::string contents;
     for (const std::string& path : tools::FindFiles(folder_.Path("aus"), "*", true)) {
-      contents +=
-          path.substr(folder_.Path("aus/").size()) + "=" + tools::ReadWholeFile(path) + "\n";
+      const std::string name = path.substr(folder_.Path("aus/").size());
+      contents += name + "=" + Out(name) + "\n";
     }
     return contents;
+  }
+
+  /// Has the disk not move one thing, and nothing more after that when it breaks.
+  void Pin(const std::string& ending, bool breaks) {
+    disk_.onStep = [=, isBroken = false](const FaultyDisk::Taken& taken) mutable {
+      if (taken.step != FaultyDisk::Step::Replace) return;
+      const bool isPinned = taken.path.ends_with(ending) || taken.other.ends_with(ending);
+      isBroken = isBroken || (isPinned && breaks);
+      if (!isPinned && !isBroken) return;
+      throw tools::PathError("", taken.other,
+                             std::make_error_code(std::errc::device_or_resource_busy));
+    };
   }
 
   [[nodiscard]] Members Archive() {
@@ -51,7 +56,7 @@ class ArchiveBuildTest : public tests::BuildFixture {
   }
 };
 
-TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) {
+TEST_F(ArchiveBuildTest, GivesTheSameBytesAgain) {
   const std::string large(9'000'000, 'a');
   product_.AddComponent(
       "A", {Source("1/readme.txt", large, "TargetFolder=38\nTargetName=l.txt\nVital=2\n"),
@@ -110,7 +115,7 @@ TEST_F(ArchiveBuildTest, NumbersFilesAcrossComponentsAndGivesTheSameBytesAgain) 
   EXPECT_LE(times.survey + times.packing + times.script, times.total);
 }
 
-TEST_F(ArchiveBuildTest, LeavesOutWhatVanishedAndTakesWhatIsThere) {
+TEST_F(ArchiveBuildTest, LeavesOutWhatVanished) {
   product_.AddComponent("A", {Source("weg", "w"), Source("schrumpft", std::string(500'000, 's')),
                               Source("bleibt", "b")});
   onProgress_ = [this](const tools::Progress& progress) {
@@ -120,19 +125,18 @@ TEST_F(ArchiveBuildTest, LeavesOutWhatVanishedAndTakesWhatIsThere) {
   };
   Run();
   EXPECT_EQ(Archive(), (Members{{"2.", "s"}, {"3.", "b"}}));
-  EXPECT_THAT(LogLines(), testing::StartsWith("ERROR: Unable to copy file '" +
-                                              folder_.Path("quelle/weg") + "' to temp folder: "));
-  EXPECT_THAT(Out("Probe.install"), testing::Not(HasSubstr("\"1.\"")));
+  EXPECT_THAT(LogLines(), StartsWith("ERROR: Unable to copy file '" + folder_.Path("quelle/weg") +
+                                     "' to temp folder: "));
+  EXPECT_THAT(Out("Probe.install"), Not(HasSubstr("\"1.\"")));
 }
 
 TEST_F(ArchiveBuildTest, AnArchiveThatFillsTheDiskReplacesNoOlderSetup) {
   product_.AddComponent("A", {Source("a.txt", "a"), Source("b.txt", "b")});
-  tests::FaultyDisk full;
   // The archive's remains are gone when its failure is told, and there is room again.
   onProgress_ = [&](const tools::Progress& progress) {
-    full.FailAt(tests::FaultyDisk::Step::Write, progress.filesDone == 2 ? 0 : 1);
+    disk_.FailAt(FaultyDisk::Step::Write, progress.filesDone == 2 ? 0 : 1);
   };
-  Run(full);
+  Run();
   EXPECT_EQ(LogLines(), "ERROR: Unable to compress setup files\r\n");
   EXPECT_THAT(messages_.at(0).detail, HasSubstr("Kein Speicherplatz mehr"));
   EXPECT_TRUE(summary_->diskFull);
@@ -140,7 +144,7 @@ TEST_F(ArchiveBuildTest, AnArchiveThatFillsTheDiskReplacesNoOlderSetup) {
   EXPECT_FALSE(HasOut("Probe.zip"));
   EXPECT_THAT(Out("Probe.install"), HasSubstr("2.txt"));
   const std::string before = Contents();
-  Run(full);
+  Run();
   EXPECT_EQ(summary_->outcome, BuildOutcome::Incomplete);
   EXPECT_EQ(Contents(), before);
 }
@@ -165,26 +169,6 @@ TEST_F(ArchiveBuildTest, LeavesEverythingAsItWasWhenStopped) {
   }
 }
 
-/// A disk that cannot move one thing, and nothing more after that when it is broken.
-class StuckDisk : public tools::SystemDisk {
- public:
-  explicit StuckDisk(std::string ending, bool breaks)
-      : ending_(std::move(ending)), breaks_(breaks) {}
-  void Replace(const std::string& from, const std::string& to) override {
-    const bool isStuck = from.ends_with(ending_) || to.ends_with(ending_);
-    isBroken_ = isBroken_ || (isStuck && breaks_);
-    if (isStuck || isBroken_) {
-      throw tools::PathError("", to, std::make_error_code(std::errc::device_or_resource_busy));
-    }
-    tools::SystemDisk::Replace(from, to);
-  }
-
- private:
-  std::string ending_;
-  bool breaks_;
-  bool isBroken_ = false;
-};
-
 TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   folder_.Write("aus/Probe.install", "alt");
@@ -192,8 +176,8 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
   std::filesystem::create_symlink(folder_.Path("quelle"), folder_.Path("aus/Verweis"));
   const std::string before = Contents();
   for (const char* pinned : {"aus/alter Ordner", "aus/Probe.zip", "aus/build.log"}) {
-    StuckDisk disk(pinned, false);
-    Run(disk);
+    Pin(pinned, false);
+    Run();
     EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
     EXPECT_EQ(summary_->reason,
               "Der Inhalt des Ausgabeordners kann nicht ersetzt werden: " + folder_.Path(pinned) +
@@ -201,18 +185,11 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
     EXPECT_EQ(Contents(), before);
     EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
   }
+  disk_.onStep = {};
   Run();
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
   EXPECT_FALSE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
   EXPECT_EQ(folder_.Read("quelle/a.txt"), "a");
-}
-
-TEST_F(ArchiveBuildTest, RemovesWhatAKilledBuildLeftAndCountsItForNothing) {
-  product_.AddComponent("A", {Source("a.txt", "a")});
-  folder_.Write("aus/.packwright-0123456789abcdef.tmp/Probe.zip", "halb");
-  folder_.Write("aus/.packwright-0123456789abcdee.tmp", "halb");
-  Run();
-  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
 }
 
 TEST_F(ArchiveBuildTest, PutsRightWhatABuildKilledAtItsEndLeft) {
@@ -250,9 +227,10 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackLaterWhenItCouldNotAtOnce) {
   const std::string before = Contents();
   for (const char* stuckAt : {"/old/2", "/replaced", "aus/Probe.zip", "aus/build.log"}) {
     SCOPED_TRACE(stuckAt);
-    StuckDisk disk(stuckAt, true);
+    Pin(stuckAt, true);
     mayEmpty_ = true;
-    Run(disk);
+    Run();
+    disk_.onStep = {};
     EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
     EXPECT_THAT(summary_->reason, HasSubstr("Der bisherige Inhalt des Ausgabeordners liegt in "));
     tools::DeleteFile(folder_.Path("aus/Probe.install"));  // the new one got in before the log
@@ -268,7 +246,7 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackLaterWhenItCouldNotAtOnce) {
   EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U) << before;
 }
 
-TEST_F(ArchiveBuildTest, CountsLinksAsContentAndWritesThroughNone) {
+TEST_F(ArchiveBuildTest, WritesThroughNoLink) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   options_.packaged = false;
   folder_.MakeFolder("fremd");
@@ -312,7 +290,7 @@ TEST_F(ArchiveBuildTest, EmptiesNoFolderWhileSourcesOfAnotherVersionAreUnknown) 
   EXPECT_THAT(summary_->reason, AllOf(HasSubstr("ist nicht festzustellen: "), HasSubstr(lost)));
 }
 
-TEST_F(ArchiveBuildTest, RefusesMountedFoldersAndWhatTheyShow) {
+TEST_F(ArchiveBuildTest, RefusesMountedFolders) {
   // In a view of its own, so that nothing stays mounted.
   if (::unshare(CLONE_NEWNS) != 0 ||
       ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {

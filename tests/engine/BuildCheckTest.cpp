@@ -1,16 +1,9 @@
 #include "engine/BuildCheck.h"
 #include "engine/SettingsText.h"
 #include "tests/support/BuildFixture.h"
-#include "tools/Text.h"
-#include "tools/files/Files.h"
-#include "tools/files/FindFiles.h"
 
 namespace engine {
 
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::StartsWith;
 using tests::TestProduct;
 
 class BuildCheckTest : public tests::BuildFixture {
@@ -28,7 +21,6 @@ class BuildCheckTest : public tests::BuildFixture {
     EXPECT_FALSE(folder_.Holds("aus"));
     return found;
   }
-  std::size_t ConflictLineOf(const std::string& name) { return ConflictLine(folder_.Read(name)); }
 };
 
 TEST_F(BuildCheckTest, ReportsTheProductFirst) {
@@ -51,7 +43,7 @@ TEST_F(BuildCheckTest, ReportsTheProductFirst) {
                   HasSubstr(folder_.Path("programm/Wrapper.exe"))));
 }
 
-TEST_F(BuildCheckTest, ReportsSourcesTargetsAndValues) {
+TEST_F(BuildCheckTest, ReportsWhatIsWrongInAnEntry) {
   product_.AddComponent("A", {TestProduct::File(folder_.Path("fehlt")),
                               TestProduct::File(folder_.Path("weg"), "Exclude=1\n"),
                               TestProduct::Scan(folder_.Path("leer"), "*.x")});
@@ -71,7 +63,7 @@ TEST_F(BuildCheckTest, ReportsFilesThatMeetWithBothPlaces) {
       "B", {Source("2/GRÖSSE.TXT", "2"), Source("3/größe.txt", "3", "TargetName=anders.txt\n")});
   options_.packaged = true;
   project_.WriteVersionSetting(1, "Tessel", "Type", "of no matter without a key");
-  EXPECT_THAT(Check(), ElementsAre());
+  EXPECT_THAT(Check(), IsEmpty());
   product_.AddComponent("C", {Source("4/größe.TXT", "4")});
   EXPECT_THAT(Check(),
               ElementsAre("3/1 Gleiches Ziel '%InstallPath%\\größe.TXT' für '" +
@@ -103,30 +95,27 @@ TEST_F(BuildCheckTest, WorksOutWhereATreesFoldersLead) {
 }
 
 TEST_F(BuildCheckTest, ReportsDamagedSettings) {
-  const std::string version = folder_.Path("Produkt/Version 1.0.0/");
   product_.AddComponent("A", {Source("a.txt", "a", "Permanent=99999\n"), Source("b.txt", "b")});
-  product_.AddComponent("B", {Source("c.txt", "c", "Type=3\n")});
+  product_.AddComponent("B", {Source("c.txt", "c", "Type=3\n") + "[File7]\n<<<<<<< unser\n"});
   product_.AddComponent("", {Source("d.txt", "d")});
   for (int slot = 4; slot <= 7; ++slot) product_.AddComponent("N", {});
   project_.WriteVersionSetting(1, "Components", "Count", "6");
   project_.WriteVersionSetting(1, "BuildCommon", "ActiveConfig", "1e");
   project_.WriteVersionSetting(1, "Build1", "Locale", "9999999999");
   const std::string component = "Produkt/Version 1.0.0/component";
-  folder_.Write(component + "2.component",
-                folder_.Read(component + "2.component") + "[File7]\n<<<<<<< unser\n");
   folder_.Write(component + "4.component", std::string(100, '\0'));
   folder_.Write(component + "5.component",
                 "[Component]\nTitle=Gr\xFC\xDF"
                 "e\n[files]\nCount=0\nCOUNT=1\n[FILES]\nCount=1\n");
   tools::DeleteFile(folder_.Path(component + "6.component"));
+  const std::size_t conflict = ConflictLine(folder_.Read(component + "2.component"));
   EXPECT_THAT(
       Check(),
       ElementsAre(
           EndsWith("product.version ([Build1] Locale)"),
           EndsWith("component1.component ([File1] Permanent)"),
-          "2/0 Die Datei enthält Konfliktmarken einer Zusammenführung: " + version +
-              "component2.component (Zeile " +
-              std::to_string(ConflictLineOf(component + "2.component")) + ")",
+          "2/0 Die Datei enthält Konfliktmarken einer Zusammenführung: " +
+              folder_.Path(component + "2.component (Zeile ") + std::to_string(conflict) + ")",
           "2/0 Abschnitte jenseits der Anzahl der Dateien (1): File7",
           "2/1 Der Eintragstyp ist weder 1 noch 2: 3",
           "3/0 Die Komponente hat Dateien (1), aber keine Bezeichnung",
@@ -134,37 +123,28 @@ TEST_F(BuildCheckTest, ReportsDamagedSettings) {
           StartsWith("4/0 Die Datei enthält keine Komponente"),
           StartsWith("5/0 Die Datei ist nicht in UTF-8"),
           "5/0 Der Schlüssel COUNT steht mehrfach im Abschnitt [files]; es gilt der erste: " +
-              version + "component5.component (Zeile 5)",
-          "5/0 Der Abschnitt [FILES] steht mehrfach in der Datei; es gilt der erste: " + version +
-              "component5.component (Zeile 6)",
+              folder_.Path(component + "5.component (Zeile 5)"),
+          "5/0 Der Abschnitt [FILES] steht mehrfach in der Datei; es gilt der erste: " +
+              folder_.Path(component + "5.component (Zeile 6)"),
           StartsWith("7/0 Die Komponentendatei liegt jenseits der Anzahl")));
 }
 
-TEST_F(BuildCheckTest, ReportsAVersionWithoutAUsableFile) {
-  const std::string path = folder_.Path("Produkt/Version 1.0.0/product.version");
-  folder_.Write("Produkt/Version 1.0.0/product.version", "");
-  EXPECT_THAT(Check(), ElementsAre("0/0 Die Datei der Version ist leer oder beschädigt: " + path));
-  tools::DeleteFile(path);
-  EXPECT_THAT(Check(), ElementsAre("0/0 Die Datei der Version fehlt: " + path));
-}
-
 TEST_F(BuildCheckTest, SumsUpEntriesThatTheFileDoesNotHold) {
-  const std::string b = Source("b.txt", "b");
   product_.AddComponent("A", {Source("a.txt", "a")});
-  project_.WriteComponentSetting(1, 1, "Files", "Count", "1000000");
-  for (const std::string& line : tools::SplitList(b, '\n', '\0')) {
-    const std::size_t equals = line.find('=');
-    if (equals == std::string::npos) continue;
-    project_.WriteComponentSetting(1, 1, "File3", line.substr(0, equals), line.substr(equals + 1));
-  }
+  const auto setCount = [&, whole = folder_.Read(TestProduct::kComponentFile)](const char* count) {
+    folder_.Write(TestProduct::kComponentFile,
+                  tools::ReplaceAll(whole, "Count=1", std::string("Count=") + count) + "[File3]\n" +
+                      Source("b.txt", "b"));
+  };
+  setCount("1000000");
   EXPECT_THAT(Check(), ElementsAre("1/2 Eintrag 2: ohne Abschnitt",
                                    "1/4 Einträge 4 bis 1000000: ohne Abschnitt"));
-  project_.WriteComponentSetting(1, 1, "Files", "Count", "6");
+  setCount("6");
   Run();
   ASSERT_EQ(messages_.size(), 4U);
   EXPECT_EQ(messages_.front().text, "File missing: " + folder_.Path("Produkt/"));
   EXPECT_EQ(messages_.back().entry, 6);
-  project_.WriteComponentSetting(1, 1, "Files", "Count", "2147483647");
+  setCount("2147483647");
   Run();
   EXPECT_EQ(summary_->errors, 1) << "one for all of them";
 }
@@ -172,9 +152,9 @@ TEST_F(BuildCheckTest, SumsUpEntriesThatTheFileDoesNotHold) {
 TEST_F(BuildCheckTest, NoValueWithAControlCharacterReachesASetup) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   project_.WriteVersionSetting(1, "Tessel", "Key", "K");
-  const std::string product = "Produkt/Probe.product";
-  const std::string version = "Produkt/Version 1.0.0/product.version";
-  const std::string component = "Produkt/Version 1.0.0/component1.component";
+  const char* const product = TestProduct::kFile;
+  const char* const version = TestProduct::kVersionFile;
+  const char* const component = TestProduct::kComponentFile;
   for (const auto& [file, before, after, key] :
        {std::tuple{product, "Author=", "Author=\x1B", "[Product] Author"},
         {version, "Key=K", "Key=\x7F", "[Tessel] Key"},
@@ -188,12 +168,11 @@ TEST_F(BuildCheckTest, NoValueWithAControlCharacterReachesASetup) {
     folder_.Write(file, tools::ReplaceAll(whole, before, after));
     const std::string text =
         "Ein Wert enthält ein Steuerzeichen: " + folder_.Path(file) + " (" + key + ")";
-    EXPECT_THAT(Check(), testing::Contains(EndsWith(text)));
-    EXPECT_EQ(tests::ErrorOf([&] { Run(); }), text);
+    EXPECT_THAT(Check(), Contains(EndsWith(text)));
+    EXPECT_EQ(ErrorOf([&] { Run(); }), text);
     folder_.Write(file, whole);
   }
-  EXPECT_FALSE(folder_.Holds("aus"));
-  EXPECT_THAT(Check(), ElementsAre());
+  EXPECT_THAT(Check(), IsEmpty());
 }
 
 }  // namespace engine

@@ -9,7 +9,7 @@ TEST(InstallScriptTest, ProposesAFolderThatWindowsAllows) {
   InstallScript script([&text](std::string_view part) { text += part; },
                        {2031, "Änne", {1, 2, 30}, "Foto: 2", "", "", "1"}, true);
   script.Begin();
-  EXPECT_THAT(text, testing::HasSubstr("PathStr(\"%ProgramFiles%\\Foto_ 2\")"));
+  EXPECT_THAT(text, HasSubstr("PathStr(\"%ProgramFiles%\\Foto_ 2\")"));
 }
 
 }  // namespace engine

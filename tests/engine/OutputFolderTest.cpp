@@ -1,7 +1,6 @@
 #include "engine/OutputFolder.h"
 #include "engine/Survey.h"
 #include "tests/support/BuildFixture.h"
-#include "tools/files/Files.h"
 #include "tools/files/SpecialFolders.h"
 
 namespace engine {
@@ -32,7 +31,7 @@ TEST_F(OutputFolderTest, TakesRelativeTextFromTheProductFolder) {
   EXPECT_EQ(Accept(folder_.Path("neu/tief/")).path, folder_.Path("neu/tief"));
 }
 
-TEST_F(OutputFolderTest, RefusesBlankTextRootAndHome) {
+TEST_F(OutputFolderTest, RefusesFoldersAboveAllOthers) {
   const std::string home = tools::SpecialFolder(tools::kProfileFolder);
   const std::string root = tools::FromPath(tools::ToPath(folder_.Path()).root_path());
   const std::pair<std::string, FolderRefusal> rows[] = {
@@ -80,7 +79,7 @@ TEST_F(OutputFolderTest, RefusesFoldersThatHoldSourcesWhateverTheirEntriesSay) {
       "ssssssssss--");
 }
 
-TEST_F(OutputFolderTest, RefusesSourcesOfOtherVersionsTheProgramAndVersionControl) {
+TEST_F(OutputFolderTest, RefusesWhatBelongsToOthers) {
   project_.WriteProductSetting("Versions", "Ver9", "2.0.0");
   folder_.Write("Produkt/Version 2.0.0/component7.component",
                 "[File3]\nSourcePath=../anders\nSourceName=1/a.txt\n"

@@ -1,8 +1,6 @@
 // What a build leaves out although it is there: its log and the check before it say so.
 #include <sys/stat.h>
 
-#include <filesystem>
-
 #include "engine/BuildCheck.h"
 #include "tests/support/BuildFixture.h"
 
@@ -39,7 +37,7 @@ TEST_F(PassedOverTest, AComponentFileInAnotherLetterCase) {
   EXPECT_EQ(summary_->outcome, BuildOutcome::InvalidOutputFolder) << "sources of it lie there";
 }
 
-TEST_F(PassedOverTest, LinksToFoldersAndWhatIsNoFileInAScan) {
+TEST_F(PassedOverTest, WhatIsNoFileInAScan) {
   folder_.Write("baum/a.txt", "a");
   folder_.Write("anderswo/b.txt", "b");
   Link(folder_.Path("anderswo"), "baum/ordner");
@@ -85,12 +83,12 @@ TEST_F(PassedOverTest, ADeadLinkInPlaceOfASettingsFileIsAnError) {
     const std::string path = folder_.Path(std::string("Produkt/") + name);
     std::filesystem::remove(path);
     std::filesystem::create_symlink("nirgends", path);
-    EXPECT_THAT(tests::ErrorOf([&] {
+    EXPECT_THAT(ErrorOf([&] {
                   for (const std::int32_t slot : project_.VersionSlots()) {
                     (void)project_.ComponentSlots(slot);
                   }
                 }),
-                testing::EndsWith(": " + path + " (Datei oder Ordner nicht gefunden)"));
+                EndsWith(": " + path + " (Datei oder Ordner nicht gefunden)"));
   }
 }
 

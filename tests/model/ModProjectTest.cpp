@@ -2,38 +2,15 @@
 #include "model/StoredNumbers.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/Testing.h"
-#include "tools/files/Files.h"
-#include "tools/files/FindFiles.h"
-#include "tools/files/InputFile.h"
 
 namespace model {
 
-using testing::ElementsAre;
-using testing::EndsWith;
-
 class ModProjectTest : public testing::Test {
  protected:
-  tests::TemporaryFolder folder_;
+  TemporaryFolder folder_;
   tests::TestProduct product_{folder_};
   ModProject& project_ = product_.Project();
 };
-
-TEST_F(ModProjectTest, KeepsSettingsInTheFilesOfTheirNodes) {
-  project_.WriteVersionSetting(1, "Tessel", "Key", "k");
-  folder_.Write("Produkt/Version 1.0.0/component12.component", "[Component]\nTitle=Hilfe\n");
-  project_.WriteComponentSetting(1, 12, "Files", "Count", "0");
-  EXPECT_EQ(folder_.Read("Produkt/Version 1.0.0/product.version"), "[Tessel]\nKey=k\n");
-  EXPECT_EQ(folder_.Read("Produkt/Version 1.0.0/component12.component"),
-            "[Component]\nTitle=Hilfe\n\n[Files]\nCount=0\n");
-  EXPECT_EQ(project_.ReadVersionSetting(1, "Tessel", "Key", "-"), "k");
-  EXPECT_EQ(project_.ReadVersionSetting(2, "Tessel", "Key", "-"), "-");
-  EXPECT_EQ(project_.ComponentTitle(1, 12), "Hilfe");
-  project_.SetProductTitle("Neu");
-  EXPECT_EQ(project_.ProductTitle(), "Neu");
-  EXPECT_EQ(project_.DefaultOutputFolder(1), folder_.Path("Produkt/Ausgabe/Debug"));
-  EXPECT_EQ(project_.DefaultOutputFolder(2), folder_.Path("Produkt/Ausgabe/Release"));
-  EXPECT_EQ(project_.DefaultOutputFolder(3), folder_.Path("Produkt/Ausgabe/"));
-}
 
 TEST_F(ModProjectTest, HasNoSettingsWhileNoProductIsOpen) {
   const std::string before = folder_.Read("Produkt/Probe.product");
@@ -44,27 +21,22 @@ TEST_F(ModProjectTest, HasNoSettingsWhileNoProductIsOpen) {
   EXPECT_EQ(project_.ReadComponentSetting(1, 1, "Component", "Title", "-"), "-");
   EXPECT_EQ(project_.VersionFilePath(1), "");
   EXPECT_EQ(folder_.Read("Produkt/Probe.product"), before);
-  EXPECT_EQ(folder_.Read("Produkt/Version 1.0.0/product.version"), "");
   project_.SetProductPath("x.product");
   EXPECT_TRUE(tools::IsAbsolutePath(project_.ProductFolder()));
 }
 
 TEST_F(ModProjectTest, WritesNothingForWhatIsGone) {
   product_.AddComponent("A", {});
-  const std::string component = folder_.Path("Produkt/Version 1.0.0/component1.component");
-  const auto writeAll = [&] {
-    EXPECT_THROW(project_.WriteComponentSetting(1, 1, "Files", "Count", "1"), tools::Error);
-    EXPECT_THROW(project_.WriteComponentSetting(1, 2, "Files", "Count", "1"), tools::Error);
-  };
-  folder_.Write("Produkt/Version 1.0.0/component1.component", "[Files]\nCount=0\n");
-  writeAll();
-  EXPECT_EQ(tools::ReadWholeFile(component), "[Files]\nCount=0\n");
-  tools::DeleteFile(component);
-  writeAll();
-  tools::DeleteFile(folder_.Path("Produkt/Version 1.0.0/product.version"));
-  writeAll();
-  EXPECT_THROW(project_.WriteVersionSetting(1, "Tessel", "Key", "k"), tools::Error);
-  EXPECT_THROW(project_.WriteVersionSetting(2, "Tessel", "Key", "k"), tools::Error);
+  folder_.Write(product_.kComponentFile, "[Files]\nCount=0\n");  // without a title
+  for (const char* gone : {"", product_.kComponentFile, product_.kVersionFile}) {
+    if (*gone != '\0') tools::DeleteFile(folder_.Path(gone));
+    for (const std::int32_t slot : {1, 2}) {
+      EXPECT_THROW(project_.WriteComponentSetting(1, slot, "Files", "Count", "1"), tools::Error);
+    }
+  }
+  for (const std::int32_t slot : {1, 2}) {
+    EXPECT_THROW(project_.WriteVersionSetting(slot, "Tessel", "Key", "k"), tools::Error);
+  }
   tools::DeleteFile(project_.ProductPath());
   EXPECT_THROW(project_.SetProductTitle("neu"), tools::Error);
   EXPECT_TRUE(tools::FindFiles(folder_.Path(), "*", true).empty());
@@ -85,11 +57,11 @@ TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {
   }
   for (const std::string count : {"Count=-5", "Count=99999999999"}) {
     product_.WriteVersions(count + "\n");
-    EXPECT_THAT(tests::ErrorOf([&] { (void)project_.VersionSlots(); }),
+    EXPECT_THAT(ErrorOf([&] { (void)project_.VersionSlots(); }),
                 EndsWith("Probe.product ([Versions] " + count + ")"));
     product_.WriteVersions("Count=1\nVer1=1.0.0\n");
     folder_.Write("Produkt/Version 1.0.0/product.version", "[Components]\n" + count + "\n");
-    EXPECT_THAT(tests::ErrorOf([&] { (void)project_.ComponentSlots(1); }),
+    EXPECT_THAT(ErrorOf([&] { (void)project_.ComponentSlots(1); }),
                 EndsWith("product.version ([Components] " + count + ")"));
   }
 }

@@ -1,24 +1,38 @@
-// Every operation on several files, with each step that changes the disk failing in turn.
-#include <filesystem>
+// Every operation on several files, with each step that changes the disk failing in turn, and with
+// the power gone after each.
+#include <algorithm>
 #include <map>
 
 #include "tests/support/ProductDesk.h"
 #include "tests/support/Testing.h"
-#include "tools/files/Files.h"
-#include "tools/files/InputFile.h"
-#include "tools/files/Path.h"
 #include "tools/files/TemporaryFiles.h"
 
 namespace model {
 
-using tests::FaultyDisk;
+namespace {
+
 using Step = FaultyDisk::Step;
+using std::filesystem::copy_options;
+using tools::ToPath;
+
+/// The versions and components of a product, as its files have them.
+std::string Listing(const ModProject& project) {
+  std::string text = project.ProductTitle();
+  for (const std::int32_t version : project.VersionSlots()) {
+    project.RequireVersion(version);
+    text += "|" + project.VersionString(version);
+    for (const std::int32_t slot : project.ComponentSlots(version)) {
+      text += "," + project.ComponentTitle(version, slot);
+    }
+  }
+  return text;
+}
 
 /// An open product with a component, a free slot for another, a version with two components and one
 /// whose components are gone, and the window that shows it.
 struct OpenedProduct : tests::ProductDesk {
-  explicit OpenedProduct(const std::string& fileName) {
-    window.onUpdateTree = [this] { shown = Listing(); };
+  explicit OpenedProduct(const std::string& name) : fileName(name) {
+    window.onUpdateTree = [this] { shown = Listing(project); };
     product.AddComponent("A", {});
     folder.Write("Produkt/Version 1.0.0/component2.component", "[Files]\nCount=7\n");
     folder.Write("Produkt/Version 0.2.0/product.version", "[Components]\nCount=2\n");
@@ -28,25 +42,13 @@ struct OpenedProduct : tests::ProductDesk {
     product.WriteVersions("Count=3\nVer1=1.0.0\nVer2=0.2.0\nVer3=0.3.0\n");
     folder.Write("Produkt/Version 1.0.1/rest.txt", "in the way of the next version");
     project.SetProductPath(folder.Write("Produkt/" + fileName, folder.Read(product.kFile)));
-    shown = Listing();
-  }
-
-  /// The versions and components of the product, as its files have them.
-  std::string Listing() {
-    std::string text = project.ProductPath();
-    for (const std::int32_t version : project.VersionSlots()) {
-      text += "|" + project.VersionString(version);
-      for (const std::int32_t slot : project.ComponentSlots(version)) {
-        text += "," + project.ComponentTitle(version, slot);
-      }
-    }
-    return text;
+    shown = Listing(project);
   }
 
   /// Everything in the folder; with `temporary`, what waits to be removed too.
   [[nodiscard]] std::map<std::string, std::string> Content(bool temporary) const {
     std::map<std::string, std::string> content;
-    std::filesystem::recursive_directory_iterator walk(tools::ToPath(folder.Path()));
+    std::filesystem::recursive_directory_iterator walk(ToPath(folder.Path()));
     for (auto entry = begin(walk); entry != end(walk); ++entry) {
       const std::string path = tools::FromPath(entry->path());
       if (!temporary && tools::IsTemporaryName(path)) {
@@ -59,6 +61,7 @@ struct OpenedProduct : tests::ProductDesk {
     return content;
   }
 
+  std::string fileName;
   std::string shown;  ///< the listing that the tree shows
 };
 
@@ -67,9 +70,9 @@ struct Operation {
   void (*run)(OpenedProduct&);
 };
 
-static const Operation kOperations[] = {
-    {"add version", [](OpenedProduct& p) { p.AddVersion("1.0.1"); }},
+const Operation kOperations[] = {
     {"delete version", [](OpenedProduct& p) { p.DeleteVersion(tools::MessageAnswer::Yes); }},
+    {"add version", [](OpenedProduct& p) { p.AddVersion("1.0.1"); }},
     {"add component", [](OpenedProduct& p) { p.AddComponent("B"); }},
     {"delete component", [](OpenedProduct& p) { p.DeleteComponent(1, "A"); }},
     {"copy component",
@@ -80,32 +83,32 @@ static const Operation kOperations[] = {
      [](OpenedProduct& p) { p.components.Copy(p.components.ComponentsOf(2), 3); }},
     {"move component",
      [](OpenedProduct& p) { p.components.Move(p.components.ComponentsOf(2).front(), 1); }},
+    {"save",
+     [](OpenedProduct& p) { p.project.WriteComponentSetting(1, 1, "Component", "Title", "N"); }},
     {"new product", [](OpenedProduct& p) {
        p.window.newProduct = NewProduct{"Neu", "Ich", p.folder.Path("neu/tief/neu.product")};
        p.operations.NewProduct();
      }}};
 
 /// Fails the `call`-th call of `step`; false when the operation has no such call.
-static bool FailAndRetry(const Operation& operation, const std::string& fileName, Step step,
-                         int call) {
+bool FailAndRetry(const Operation& operation, const std::string& fileName, Step step, int call) {
   OpenedProduct whole(fileName);
   const auto old = whole.Content(true);
   operation.run(whole);
   OpenedProduct product(fileName);
   product.disk.FailOnce(step, call);
-  const std::string error = tests::ErrorOf([&] { operation.run(product); });
+  const std::string error = ErrorOf([&] { operation.run(product); });
   if (product.disk.Calls(step) < call) return false;
 
   SCOPED_TRACE(std::string(operation.name) + " in " + fileName + ", step " +
                std::to_string(static_cast<int>(step)) + ", call " + std::to_string(call));
-  EXPECT_THAT(error, testing::HasSubstr(product.folder.Path()));
-  EXPECT_THAT(error, testing::HasSubstr("Kein Speicherplatz"));
+  EXPECT_THAT(error, AllOf(HasSubstr(product.folder.Path()), HasSubstr("Kein Speicherplatz")));
   // What could not be removed at the end is hidden, and named.
   const bool done = step == Step::RemoveFolderTree;
   EXPECT_EQ(product.Content(!done), done ? whole.Content(true) : old);
   EXPECT_EQ(done, error.find(".packwright-") != std::string::npos) << error;
   if (product.project.IsOpen()) {
-    EXPECT_EQ(product.shown, product.Listing());
+    EXPECT_EQ(product.shown, Listing(product.project));
   }
   if (done) return true;
   operation.run(product);
@@ -113,11 +116,83 @@ static bool FailAndRetry(const Operation& operation, const std::string& fileName
   return true;
 }
 
+/// A product whose steps in an operation can be taken again in a copy of it.
+struct ReplayedProduct : OpenedProduct {
+  explicit ReplayedProduct(const Operation& operation) : OpenedProduct("Demo.product") {
+    std::filesystem::copy(ToPath(folder.Path("Produkt")), ToPath(folder.Path("Vorher")),
+                          copy_options::recursive);
+    disk.onStep = [this](const FaultyDisk::Taken& step) { steps.push_back(step); };
+    operation.run(*this);
+    disk.onStep = {};
+  }
+
+  /// What the product holds when the power has gone after the first `count` steps. That loses
+  /// bytes that were not flushed and, at its worst, names that were not.
+  std::string After(std::size_t count, bool losesNames) {
+    std::filesystem::remove_all(ToPath(folder.Path("Kopie")));
+    std::filesystem::copy(ToPath(folder.Path("Vorher")), ToPath(folder.Path("Kopie")),
+                          copy_options::recursive);
+    for (std::size_t i = 0; i < count; ++i) {
+      if (IsKept(i, count, losesNames)) Redo(steps[i]);
+    }
+    tools::SettingsStore store{disk};
+    ModProject copy{store};
+    copy.SetProductPath(folder.Path("Kopie/" + fileName));
+    return Listing(copy);
+  }
+
+  [[nodiscard]] bool IsKept(std::size_t at, std::size_t count, bool losesNames) const {
+    const bool isWrite = steps[at].step == Step::Write;
+    if (!isWrite && !losesNames) return true;
+    const auto wanted = isWrite ? Step::Sync : Step::SyncFolder;
+    const std::string path = isWrite ? steps[at].path : tools::FolderOf(steps[at].path);
+    return std::any_of(steps.begin() + std::ptrdiff_t(at), steps.begin() + std::ptrdiff_t(count),
+                       [&](const auto& step) { return step.step == wanted && step.path == path; });
+  }
+
+  void Redo(const FaultyDisk::Taken& taken) const {
+    const auto inCopy = [this](const std::string& path) {
+      return ToPath(folder.Path("Kopie") + path.substr(folder.Path("Produkt").size()));
+    };
+    const std::filesystem::path path = inCopy(taken.path);
+    std::error_code lost;  // what it works on may not have been kept
+    switch (taken.step) {
+      case Step::Create:
+        std::ofstream(path, std::ios::binary);
+        break;
+      case Step::Write:
+        if (!std::filesystem::exists(path)) break;
+        std::fstream(path, std::ios::in | std::ios::out | std::ios::binary)
+                .seekp(std::streamoff(taken.offset))
+            << taken.other;
+        break;
+      case Step::Replace:
+      case Step::MoveFolder:
+        std::filesystem::rename(path, inCopy(taken.other), lost);
+        break;
+      case Step::MakeFolder:
+        std::filesystem::create_directories(path, lost);
+        break;
+      case Step::Discard:
+      case Step::DeleteFile:
+      case Step::RemoveFolderTree:
+        std::filesystem::remove_all(path, lost);
+        break;
+      default:
+        break;
+    }
+  }
+
+  std::vector<FaultyDisk::Taken> steps;
+};
+
+}  // namespace
+
 TEST(OperationFailuresTest, LeaveTheProductAsItWas) {
   for (const Operation& operation : kOperations) {
     int failures = 0;
     for (const char* fileName : {"Demo.product", "demo.product"}) {
-      for (std::size_t step = 0; step < FaultyDisk::kSteps; ++step) {
+      for (std::size_t step = 0; step < FaultyDisk::kFailingSteps; ++step) {
         int call = 1;
         while (FailAndRetry(operation, fileName, static_cast<Step>(step), call)) ++call;
         failures += call - 1;
@@ -131,11 +206,27 @@ TEST(OperationFailuresTest, WhatCannotBeTakenBackIsToldBesideTheFirstError) {
   OpenedProduct product("demo.product");
   product.disk.FailAt(Step::MoveFolder, 1);
   product.disk.FailAt(Step::Replace, 2);
-  const std::string error = tests::ErrorOf([&] { kOperations[1].run(product); });
-  EXPECT_THAT(error, testing::HasSubstr("Version 1.0.0 (Kein Speicherplatz"));
-  EXPECT_THAT(error, testing::HasSubstr("zurückgenommen: "));
-  EXPECT_THAT(error, testing::HasSubstr("demo.product (Kein Speicherplatz"));
-  EXPECT_EQ(product.shown, product.Listing());
+  EXPECT_THAT(ErrorOf([&] { kOperations[0].run(product); }),
+              AllOf(HasSubstr("Version 1.0.0 (Kein Speicherplatz"), HasSubstr("zurückgenommen: "),
+                    HasSubstr("demo.product (Kein Speicherplatz")));
+  EXPECT_EQ(product.shown, Listing(product.project));
+}
+
+TEST(PowerLossTest, LeavesTheProductAsBeforeOrAsAfterTheOperation) {
+  for (const Operation& operation : kOperations) {
+    if (std::string_view(operation.name) == "new product") continue;  // beside this one
+    ReplayedProduct product(operation);
+    const std::string before = product.After(0, true);
+    const std::string after = Listing(product.project);
+    ASSERT_NE(before, after);
+    for (const bool losesNames : {false, true}) {
+      for (std::size_t count = 0; count < product.steps.size(); ++count) {
+        EXPECT_THAT(product.After(count, losesNames), AnyOf(before, after))
+            << operation.name << " after step " << count << ", " << losesNames;
+      }
+      EXPECT_EQ(product.After(product.steps.size(), losesNames), after) << losesNames;
+    }
+  }
 }
 
 }  // namespace model

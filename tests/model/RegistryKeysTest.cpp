@@ -4,8 +4,6 @@
 
 namespace model {
 
-using testing::ElementsAre;
-
 class RegistryKeysTest : public testing::Test {
  protected:
   void SetText(const std::string& text) { file_ = std::make_unique<tools::SettingsFile>(text); }
@@ -55,7 +53,7 @@ TEST_F(RegistryKeysTest, CopesWithAnyStoredCount) {
   SetText("[Registry]\nKey1=A\nKeys=viele");
   EXPECT_THAT(keys_.Paths(), ElementsAre());
   SetText("[Registry]\nKeys=1\nKey1=A\n[RegKey1]\nValues=99999999999");
-  EXPECT_EQ(tests::ErrorOf([this] { (void)keys_.ValuesOf("A"); }),
+  EXPECT_EQ(ErrorOf([this] { (void)keys_.ValuesOf("A"); }),
             "Die Anzahl ist ungültig: K.component ([RegKey1] Values=99999999999)");
 }
 

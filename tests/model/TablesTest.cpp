@@ -1,18 +1,7 @@
 #include "model/FolderTable.h"
-#include "model/TextTable.h"
 #include "tests/support/Testing.h"
 
 namespace model {
-
-TEST(TextTable, GivesTextsByNumber) {
-  EXPECT_EQ(LoadText(Text::ProgramName), "Packwright");
-  EXPECT_EQ(LoadText(Text::NamedFolder), "Ordner \"%name%\"");
-  EXPECT_EQ(LoadText(Text::AllValuesAreRemoved),
-            "Alle Werte, die für \"%key%\" gespeichert sind, werden unwiderruflich gelöscht!");
-  for (const std::int32_t number : {INT32_MIN, -1, 0, 199, 398, INT32_MAX}) {
-    EXPECT_EQ(LoadText(Text{number}), "") << number;
-  }
-}
 
 TEST(FolderTable, HoldsEveryFolder) {
   std::string folders;

@@ -24,11 +24,10 @@ class BuildFixture : public testing::Test, protected engine::BuildObserver {
     return TestProduct::File(folder_.Write("quelle/" + name, content), settings);
   }
 
-  void Run() { Run(disk_); }
-  void Run(tools::Disk& disk) {
+  void Run() {
     summary_.reset();
     summary_ = engine::BuildVersion(
-        {product_.Project(), clock_, disk, folder_.Path("programm"), tools::Version{1, 2, 3}},
+        {product_.Project(), clock_, disk_, folder_.Path("programm"), tools::Version{1, 2, 3}},
         options_, 1, *this);
   }
 
@@ -61,7 +60,7 @@ class BuildFixture : public testing::Test, protected engine::BuildObserver {
   TestProduct product_{folder_};
   model::ModProject& project_ = product_.Project();
   FixedClock clock_;
-  tools::SystemDisk disk_;
+  FaultyDisk disk_;
   engine::BuildOptions options_{.folder = folder_.Path("aus")};
 
   std::vector<engine::BuildMessage> messages_;

@@ -1,7 +1,8 @@
-// A disk whose steps fail when a test says so.
+// A disk whose steps a test can watch and have fail.
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -18,6 +19,7 @@ namespace tests {
 /// The machine's own disk, but for the steps that were chosen to fail.
 class FaultyDisk : public tools::SystemDisk {
  public:
+  /// Those before Discard can fail.
   enum class Step {
     Create,
     Write,
@@ -28,9 +30,18 @@ class FaultyDisk : public tools::SystemDisk {
     RemoveFolderTree,
     MoveFolder,
     DeleteFile,
-    CopyFile
+    CopyFile,
+    Discard,
+    SyncFolder
   };
-  static constexpr std::size_t kSteps = 10;
+  static constexpr std::size_t kFailingSteps = 10;
+  /// A step as it is taken.
+  struct Taken {
+    Step step;
+    std::string path;
+    std::string other{};  ///< the new path, or the bytes
+    std::uint64_t offset = 0;
+  };
 
   /// The `call`-th call (from 1) of a step, and every later one, fails: the disk is full. 0 ends
   /// that.
@@ -39,65 +50,84 @@ class FaultyDisk : public tools::SystemDisk {
   void FailOnce(Step step, int call) { At(step) = {call, true, 0}; }
   /// How often a step was called since the last FailAt or FailOnce for it.
   [[nodiscard]] int Calls(Step step) { return At(step).calls; }
+  /// Told of each step that does not fail, before it is taken; may raise an error of its own.
+  std::function<void(const Taken&)> onStep;
 
   [[nodiscard]] std::unique_ptr<tools::OutputFile> CreateNew(const std::string& path,
                                                              const std::string& target) override {
-    Pass(Step::Create, target);
-    return std::make_unique<File>(*this, target, SystemDisk::CreateNew(path, target));
+    Pass({Step::Create, path}, target);
+    return std::make_unique<File>(*this, path, target, SystemDisk::CreateNew(path, target));
   }
   void Replace(const std::string& from, const std::string& to) override {
-    Pass(Step::Replace, to);
+    Pass({Step::Replace, from, to}, to);
     SystemDisk::Replace(from, to);
   }
   std::vector<std::string> MakeFolder(const std::string& path) override {
-    Pass(Step::MakeFolder, path);
+    Pass({Step::MakeFolder, path}, path);
     return SystemDisk::MakeFolder(path);
   }
   void RemoveFolderTree(const std::string& path) override {
-    Pass(Step::RemoveFolderTree, path);
+    Pass({Step::RemoveFolderTree, path}, path);
     SystemDisk::RemoveFolderTree(path);
   }
   void MoveFolder(const std::string& from, const std::string& to) override {
-    Pass(Step::MoveFolder, tools::IsTemporaryName(from) ? to : from);
+    Pass({Step::MoveFolder, from, to}, tools::IsTemporaryName(from) ? to : from);
     SystemDisk::MoveFolder(from, to);
   }
   void DeleteFile(const std::string& path) override {
-    Pass(Step::DeleteFile, path);
+    Pass({Step::DeleteFile, path}, path);
     SystemDisk::DeleteFile(path);
   }
   [[nodiscard]] tools::CopyResult CopyFile(const std::string& source, const std::string& target,
                                            const tools::CopyProgress& progress) override {
     try {
-      Pass(Step::CopyFile, target);
+      Pass({Step::CopyFile, source, target}, target);
     } catch (const tools::Error& error) {
       return {.errorText = tools::SystemErrorText(error.Cause()), .cause = error.Cause()};
     }
     return SystemDisk::CopyFile(source, target, progress);
   }
+  void Discard(const std::string& path) noexcept override {
+    Pass({Step::Discard, path}, path);
+    SystemDisk::Discard(path);
+  }
+  void SyncFolder(const std::string& folder) noexcept override {
+    Pass({Step::SyncFolder, folder}, folder);
+    SystemDisk::SyncFolder(folder);
+  }
 
  private:
   class File : public tools::OutputFile {
    public:
-    File(FaultyDisk& disk, std::string path, std::unique_ptr<tools::OutputFile> file)
-        : disk_(disk), path_(std::move(path)), file_(std::move(file)) {}
+    File(FaultyDisk& disk, std::string path, std::string target,
+         std::unique_ptr<tools::OutputFile> file)
+        : disk_(disk), path_(std::move(path)), target_(std::move(target)), file_(std::move(file)) {}
 
-    void Write(std::string_view bytes) override { AtStep(Step::Write).Write(bytes); }
-    void WriteAt(std::uint64_t offset, std::string_view bytes) override {
-      AtStep(Step::Write).WriteAt(offset, bytes);
+    void Write(std::string_view bytes) override {
+      disk_.Pass({Step::Write, path_, std::string(bytes), end_}, target_);
+      file_->Write(bytes);
+      end_ += bytes.size();
     }
-    void Truncate(std::uint64_t size) override { file_->Truncate(size); }
-    void Sync() override { AtStep(Step::Sync).Sync(); }
-    void Close() override { AtStep(Step::Close).Close(); }
+    void WriteAt(std::uint64_t offset, std::string_view bytes) override {
+      disk_.Pass({Step::Write, path_, std::string(bytes), offset}, target_);
+      file_->WriteAt(offset, bytes);
+    }
+    void Truncate(std::uint64_t size) override { file_->Truncate(end_ = size); }
+    void Sync() override {
+      disk_.Pass({Step::Sync, path_}, target_);
+      file_->Sync();
+    }
+    void Close() override {
+      disk_.Pass({Step::Close, path_}, target_);
+      file_->Close();
+    }
 
    private:
-    tools::OutputFile& AtStep(Step step) {
-      disk_.Pass(step, path_);
-      return *file_;
-    }
-
     FaultyDisk& disk_;
     std::string path_;
+    std::string target_;
     std::unique_ptr<tools::OutputFile> file_;
+    std::uint64_t end_ = 0;
   };
 
   struct Fault {
@@ -108,17 +138,19 @@ class FaultyDisk : public tools::SystemDisk {
 
   Fault& At(Step step) { return faults_.at(static_cast<std::size_t>(step)); }
 
-  /// Counts a call of a step and raises tools::Error naming the path when it is to fail.
-  void Pass(Step step, const std::string& path) {
-    Fault& fault = At(step);
+  /// Counts a call of a step and raises tools::Error naming `shown` when it is to fail.
+  void Pass(const Taken& taken, const std::string& shown) {
+    Fault& fault = At(taken.step);
     ++fault.calls;
-    if (fault.call == 0 || fault.calls < fault.call) return;
-    if (fault.once && fault.calls > fault.call) return;
-    throw tools::PathError("Die Datei kann nicht geschrieben werden", path,
-                           std::make_error_code(std::errc::no_space_on_device));
+    const bool isReached = fault.call != 0 && fault.calls >= fault.call;
+    if (isReached && !(fault.once && fault.calls > fault.call)) {
+      throw tools::PathError("Die Datei kann nicht geschrieben werden", shown,
+                             std::make_error_code(std::errc::no_space_on_device));
+    }
+    if (onStep) onStep(taken);
   }
 
-  std::array<Fault, kSteps> faults_{};
+  std::array<Fault, kFailingSteps + 2> faults_{};
 };
 
 }  // namespace tests

@@ -64,6 +64,13 @@ class ScriptedDialogs : public tools::Dialogs {
   [[nodiscard]] std::string LastMessage() const {
     return messages_.empty() ? "" : messages_.back().caption + "|" + messages_.back().text;
   }
+  /// Icon and default button of the message box shown last, as in "!Ok" or "?Yes".
+  [[nodiscard]] std::string LastStyle() const {
+    static constexpr const char* kAnswers[] = {"Ok", "Cancel", "Yes", "No"};
+    const tools::Message& last = messages_.back();
+    return "!?iX"[static_cast<int>(last.icon)] +
+           std::string(kAnswers[static_cast<int>(last.defaultAnswer)]);
+  }
   /// The default text of the input box shown last.
   [[nodiscard]] const std::string& LastDefaultText() const { return lastDefaultText_; }
   /// The open-file dialog shown last.

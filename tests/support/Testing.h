@@ -1,14 +1,22 @@
-// What nearly every test needs: the framework, a folder of its own, errors as text.
+// What nearly every test below Qt uses, under names without their namespaces.
 #pragma once
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "tests/support/FaultyDisk.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tools/Error.h"
+#include "tools/Text.h"
+#include "tools/files/Disk.h"
+#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
+#include "tools/files/InputFile.h"
+#include "tools/files/Path.h"
 
 namespace tests {
 
@@ -24,3 +32,16 @@ template <typename Action>
 }
 
 }  // namespace tests
+
+using testing::AllOf;
+using testing::AnyOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+using tests::ErrorOf;
+using tests::FaultyDisk;
+using tests::TemporaryFolder;

@@ -19,7 +19,7 @@ struct OpenedProgram {
   }
 
   void Open(const std::string& product) {
-    program.OpenFromCommandLine({"packwright", tools::ToQString(product)});
+    program.OpenFromCommandLine({"packwright", ToQString(product)});
   }
 
   QTreeWidget& Tree() const { return Child<QTreeWidget>(window, "trvProjectTree"); }

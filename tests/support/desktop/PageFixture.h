@@ -14,7 +14,7 @@ namespace tests {
 struct FakeArea : QWidget, shell::EditorArea {
   QWidget* PageParent() override { return this; }
   void PositionExtender(QWidget& page) override { page.setGeometry(rect()); }
-  void ShowStatusText(const std::string& text) override { hint = tools::ToQString(text); }
+  void ShowStatusText(const std::string& text) override { hint = ToQString(text); }
   void ShowHourglass(bool shown) override { hourglasses += shown ? 1 : -1; }
 
   QString hint = "nichts";
@@ -44,14 +44,22 @@ struct PageFixture : ProductDesk {
     Activate(area);
   }
 
-  QString Path(const char* name) const { return tools::ToQString(folder.Path(name)); }
+  /// Expects that a double click on the row of that title tells that it cannot be edited.
+  void RefuseToEdit(const char* title) const {
+    const std::size_t told = dialogs.Messages().size();
+    DoubleClick(Grid(*page), RowWith(Grid(*page), title));
+    QCOMPARE(dialogs.Messages().size(), told + 1);
+    QCOMPARE(dialogs.Messages().back().text, model::LoadText(Text::ValueNotEditable));
+  }
+
+  QString Path(const char* name) const { return ToQString(folder.Path(name)); }
   /// All that a file on disk holds.
-  QString File(const char* name) const { return tools::ToQString(folder.Read(name)); }
+  QString File(const char* name) const { return ToQString(folder.Read(name)); }
   /// Settings that the component's file holds ("-" for an absent one), joined by "|".
   QString Stored(const char* section, std::initializer_list<const char*> keys) const {
     const tools::SettingsFile settings(folder.Read(kComponentFile));
     QStringList values;
-    for (const char* key : keys) values += tools::ToQString(settings.Read(section, key, "-"));
+    for (const char* key : keys) values += ToQString(settings.Read(section, key, "-"));
     return values.join('|');
   }
 

@@ -17,6 +17,10 @@
 
 namespace tests {
 
+using model::Text;
+using tools::MessageAnswer;
+using tools::ToQString;
+
 /// The descendant of `parent` with that objectName. A test cannot go on without it: ends the
 /// program when there is none.
 template <typename T = QWidget>
@@ -136,6 +140,12 @@ inline QString Told(const ScriptedDialogs& dialogs) {
     messages += QString::fromStdString(message.caption + "|" + message.text);
   }
   return messages.join('\n');
+}
+
+/// Whether one message was shown so far, an error whose text has this part.
+inline bool IsToldOneError(const ScriptedDialogs& dialogs, const QString& part) {
+  return dialogs.Messages().size() == 1 && Told(dialogs).startsWith("Fehler|") &&
+         Told(dialogs).contains(part);
 }
 
 }  // namespace tests
