@@ -1,9 +1,6 @@
 #include "tests/support/Testing.h"
-#include "tools/Text.h"
 
 namespace tools {
-
-using testing::ElementsAre;
 
 TEST(TextTest, CaseIsIgnoredForAllLetters) {
   EXPECT_TRUE(EqualIgnoringCase("ÜBERGRÖSSE.TXT", "übergrösse.txt"));
@@ -23,7 +20,7 @@ TEST(TextTest, BytesThatAreNotUtf8AreKept) {
   EXPECT_TRUE(IsValidUtf8("aü漢\xF0\x9F\x98\x80"));
 }
 
-TEST(TextTest, TrimsReplacesAndSplits) {
+TEST(TextTest, IsTakenApart) {
   EXPECT_EQ(TrimBlanks(" \ta b\t "), "a b");
   EXPECT_EQ(TrimBlanks("\n a"), "\n a");
   EXPECT_EQ(TrimBlanks(" \t "), "");
@@ -34,22 +31,6 @@ TEST(TextTest, TrimsReplacesAndSplits) {
   EXPECT_THAT(SplitList("5\"; \t\"a;3\"", ';', '"'), ElementsAre("5\"", " \t\"a;3\""));
   EXPECT_THAT(SplitList("a;;", ';', '"'), ElementsAre("a", "", ""));
   EXPECT_THAT(SplitList("", ';', '"'), ElementsAre());
-}
-
-TEST(TextTest, ControlCharactersAreFoundAndEscaped) {
-  const std::string plain = "Größe \xC2\xA0\xE2\x80\xA7 \xFF";
-  EXPECT_FALSE(HasControlCharacter(plain));
-  EXPECT_EQ(EscapeControlCharacters(plain), plain);
-  for (const auto& [text, escaped] : {std::pair{"a\nb", "a\\u000Ab"},
-                                      {"\x1B", "\\u001B"},
-                                      {"\x7F", "\\u007F"},
-                                      {"ä\xC2\x80", "ä\\u0080"},
-                                      {"\xC2\x9F", "\\u009F"},
-                                      {"\xE2\x80\xA8", "\\u2028"},
-                                      {"\xE2\x80\xA9\r", "\\u2029\\u000D"}}) {
-    EXPECT_TRUE(HasControlCharacter(text)) << escaped;
-    EXPECT_EQ(EscapeControlCharacters(text), escaped);
-  }
 }
 
 }  // namespace tools

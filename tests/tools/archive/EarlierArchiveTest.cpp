@@ -1,5 +1,4 @@
 // Archives made on top of earlier ones.
-#include <filesystem>
 #include <map>
 
 #include "tests/support/SampleBytes.h"
@@ -39,7 +38,7 @@ class EarlierArchiveTest : public testing::Test {
     return folder_.Read("a.zip");
   }
 
-  tests::TemporaryFolder folder_;
+  TemporaryFolder folder_;
   const std::string archive_ = folder_.Path("a.zip");
   SystemDisk disk_;
   Files files_;

@@ -2,10 +2,7 @@
 #include <thread>
 
 #include "tests/support/Testing.h"
-#include "tools/Text.h"
 #include "tools/WindowsApi.h"
-#include "tools/files/Disk.h"
-#include "tools/files/FindFiles.h"
 
 namespace tools {
 
@@ -17,7 +14,7 @@ class HeldFileTest : public testing::Test {
   }
   void Replace() { WriteTextFile(disk_, path_, "neu", ReplacementFile::Durability::Flushed); }
 
-  tests::TemporaryFolder folder_;
+  TemporaryFolder folder_;
   SystemDisk disk_;
   const std::string path_ = folder_.Write("demo.product", "alt");
 };
@@ -33,9 +30,9 @@ TEST_F(HeldFileTest, IsReplacedWhenItIsLetGoAfterAMoment) {
   EXPECT_EQ(folder_.Read("demo.product"), "neu");
 }
 
-TEST_F(HeldFileTest, StaysAsItWasAndIsNamedWhenItIsNotLetGo) {
+TEST_F(HeldFileTest, StaysAsItWasWhenItIsNotLetGo) {
   const HANDLE held = Hold();
-  EXPECT_THAT(tests::ErrorOf([this] { Replace(); }), testing::HasSubstr(path_));
+  EXPECT_THAT(ErrorOf([this] { Replace(); }), HasSubstr(path_));
   CloseHandle(held);
   EXPECT_EQ(folder_.Read("demo.product"), "alt");
   EXPECT_EQ(FindFiles(folder_.Path(), "*", true).size(), 1U);

@@ -14,7 +14,7 @@ class XdgFoldersTest : public testing::Test {
   }
   ~XdgFoldersTest() override { unsetenv("TMPDIR"); }
 
-  const tests::TemporaryFolder folder_;
+  const TemporaryFolder folder_;
 };
 
 TEST_F(XdgFoldersTest, DocumentsComeFromTheUsersOwnFileAndDefaultsLieInTheHomeFolder) {

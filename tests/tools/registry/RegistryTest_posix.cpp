@@ -15,7 +15,7 @@ TEST(RegistryTest, RootsAreFoundByTheirExactNames) {
 TEST(RegistryTest, ValuesAreKeptFromOneRunToTheNext) {
   constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
   const std::string key = "Software\\Quillon\\[Öl] 50%=a;b ";
-  const tests::TemporaryFolder folder;
+  const TemporaryFolder folder;
   setenv("XDG_CONFIG_HOME", folder.Path("config").c_str(), 1);
   SystemDisk disk;
   const auto first = OpenSystemRegistry(disk);

@@ -5,9 +5,7 @@
 
 namespace tools {
 
-using testing::ElementsAre;
-
-TEST(RegistryTest, TheSystemKeepsKeysAndValues) {
+TEST(RegistryTest, TheSystemKeepsValues) {
   constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
   const std::string key = "Software\\PackwrightTest-" + NewGuidText();
   SystemDisk disk;

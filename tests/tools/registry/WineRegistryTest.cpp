@@ -3,8 +3,6 @@
 
 namespace tools {
 
-using testing::ElementsAre;
-
 // As Wine 8 writes its files.
 static constexpr const char* kSystem = R"(WINE REGISTRY Version 2
 ;; All keys relative to REGISTRY\\Machine
@@ -29,7 +27,7 @@ static constexpr const char* kSystem = R"(WINE REGISTRY Version 2
 [System] 1795238516
 )";
 
-TEST(WineRegistryTest, ListsKeysBelowAKeyAndTheNamesOfItsValues) {
+TEST(WineRegistryTest, ListsWhatAKeyHolds) {
   const WineRegistryFile file(kSystem);
   EXPECT_THAT(file.SubkeyNames(""), ElementsAre("Software", "System"));
   EXPECT_THAT(file.SubkeyNames("software\\QUILLON"),
@@ -57,9 +55,9 @@ TEST(WineRegistryTest, SurvivesDamagedFiles) {
   EXPECT_THAT(WineRegistryFile("REGEDIT4\n[a] 1\n").SubkeyNames(""), ElementsAre());
 }
 
-TEST(WineRegistryTest, FindsRootsInTheirFilesAndSeesChanges) {
+TEST(WineRegistryTest, FindsRootsInTheirFiles) {
   using Root = RegistryRoot;
-  const tests::TemporaryFolder folder;
+  const TemporaryFolder folder;
   WineRegistry registry(folder.Path());
   for (const auto& [root, name] : kRegistryRoots) {
     EXPECT_THAT(registry.SubkeyNames(root, ""), ElementsAre()) << name;
