@@ -16,7 +16,7 @@ namespace console {
 
 class JsonReport : public Report {
  public:
-  JsonReport(Streams streams, InterruptTest interrupted, bool quiet);
+  using Report::Report;
 
   void OnMessage(const engine::BuildMessage& message) override;
   void OnProgress(const tools::Progress& progress) override;
@@ -27,7 +27,7 @@ class JsonReport : public Report {
   void Summary(const engine::BuildSummary& summary) override;
 
  private:
-  bool quiet_;
+  void Tell(const Json& event);
 };
 
 }  // namespace console

@@ -175,7 +175,7 @@ ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& 
   if (line.check) return Check(project, line, surroundings, report);
   OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
   if (line.list) {
-    const tools::SettingsStore::Batch once(store);  // compares each file with the disk once
+    const tools::SettingsStore::Session session(store);
     report.Listing(project);
     return ExitCode::Built;
   }

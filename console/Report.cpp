@@ -4,21 +4,14 @@
 
 namespace console {
 
-Report::Report(Streams streams, InterruptTest interrupted)
-    : streams_(streams), interrupted_(interrupted) {}
-
 bool Report::MayEmptyOutputFolder(const std::string& folder) {
   if (replaceable_ != Replaceable::EarlierSetup) return replaceable_ == Replaceable::Everything;
   return engine::FirstOtherFile(folder).empty();
 }
 
-void Report::ThrowIfStopped() const {
-  if (interrupted_()) throw tools::Stopped();
-}
-
 void Report::OnProofProgress(const tools::Progress& progress) {
   ThrowIfStopped();
-  if (pace_.IsDue()) OnProgress(progress);
+  if (IsProgressDue()) OnProgress(progress);
 }
 
 void Report::ForEachComponent(const model::ModProject& project, std::int32_t version,
@@ -32,31 +25,9 @@ void Report::ForEachComponent(const model::ModProject& project, std::int32_t ver
   }
 }
 
-double Report::SecondsSoFar() const {
-  return std::chrono::duration<double>(clock_.SteadyNow() - begun_).count();
-}
-
 double Ratio(const tools::ArchiveTotals& totals) {
   if (totals.bytesIn == 0) return 1.0;
   return static_cast<double>(totals.bytesOut) / static_cast<double>(totals.bytesIn);
-}
-
-std::string OutcomeName(engine::BuildOutcome outcome) {
-  switch (outcome) {
-    case engine::BuildOutcome::Finished:
-      return "finished";
-    case engine::BuildOutcome::InvalidOutputFolder:
-      return "invalid-output-folder";
-    case engine::BuildOutcome::OutputFolderInUse:
-      return "output-folder-in-use";
-    case engine::BuildOutcome::OutputFolderStuck:
-      return "output-folder-stuck";
-    case engine::BuildOutcome::Incomplete:
-      return "incomplete";
-    case engine::BuildOutcome::Stopped:
-      return "stopped";
-  }
-  return {};
 }
 
 }  // namespace console

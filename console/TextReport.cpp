@@ -1,19 +1,13 @@
 #include "console/TextReport.h"
 
-#include <array>
 #include <cmath>
-#include <iomanip>
 #include <ostream>
-#include <sstream>
 
 #include "tools/Text.h"
 
 namespace console {
 
 namespace {
-
-// ECMA-48 control functions: back to the line's begin, erase to its end.
-constexpr const char* kEraseLine = "\r\x1B[K";
 
 std::string TimeLeft(const tools::Progress& progress, double seconds) {
   if (progress.bytesDone == 0 || progress.bytesTotal < progress.bytesDone) return {};
@@ -39,31 +33,24 @@ std::string TakenOverLine(const tools::ArchiveTotals& stored) {
 
 }  // namespace
 
-TextReport::TextReport(Streams streams, InterruptTest interrupted, bool quiet)
-    : Report(streams, interrupted), quiet_(quiet) {}
-
 void TextReport::OnMessage(const engine::BuildMessage& message) {
-  ClearProgress();
+  progressLine_.Clear();
   Errors() << tools::EscapeControlCharacters(MessageLine(message)) << std::endl;
 }
 
 void TextReport::Failure(const std::string& text) {
-  ClearProgress();
+  progressLine_.Clear();
   Errors() << "packwright-build: " << tools::EscapeControlCharacters(text) << std::endl;
 }
 
 void TextReport::CheckEnd(std::size_t findings) {
-  if (quiet_) return;
-  if (findings == 0) {
-    Output() << "Keine Beanstandungen.\n";
-  } else {
-    Output() << findings << (findings == 1 ? " Beanstandung.\n" : " Beanstandungen.\n");
-  }
+  if (Quiet()) return;
+  Output() << (findings == 0 ? "Keine Beanstandungen." : FindingsText(findings)) << '\n';
 }
 
 void TextReport::ProofEnd(const setup::ProofResult& result) {
-  ClearProgress();
-  if (!quiet_ && result.findings.empty()) Output() << ProofText(result) << '\n';
+  progressLine_.Clear();
+  if (!Quiet() && result.findings.empty()) Output() << ProofText(result) << '\n';
 }
 
 void TextReport::Listing(const model::ModProject& project) {
@@ -78,8 +65,8 @@ void TextReport::Listing(const model::ModProject& project) {
 }
 
 void TextReport::Summary(const engine::BuildSummary& summary) {
-  ClearProgress();
-  if (quiet_) return;
+  progressLine_.Clear();
+  if (Quiet()) return;
   Output() << "Setup erstellt: " << tools::EscapeControlCharacters(summary.outputFolder) << '\n'
            << "  Dateien:    " << summary.stored.files << '\n'
            << "  Eingang:    " << ByteText(summary.stored.bytesIn) << '\n'
@@ -92,44 +79,11 @@ void TextReport::Summary(const engine::BuildSummary& summary) {
 }
 
 void TextReport::OnProgress(const tools::Progress& progress) {
-  if (quiet_ || !ErrorsAreTerminal() || progress.filesTotal == 0) return;
+  if (Quiet() || !GetStreams().errorsAreTerminal || progress.filesTotal == 0) return;
   const double seconds = SecondsSoFar();
   const auto rate = static_cast<std::uint64_t>(static_cast<double>(progress.bytesDone) / seconds);
-  Errors() << kEraseLine << progress.filesDone << " von " << progress.filesTotal << " Dateien, "
-           << ByteText(progress.bytesDone) << " von " << ByteText(progress.bytesTotal) << ", "
-           << ByteText(rate) << "/s" << TimeLeft(progress, seconds) << std::flush;
-  progressShown_ = true;
-}
-
-void TextReport::ClearProgress() {
-  if (progressShown_) Errors() << kEraseLine;
-  progressShown_ = false;
-}
-
-std::string DecimalText(double number, int digits) {
-  std::ostringstream text;
-  text.imbue(std::locale::classic());
-  text << std::fixed << std::setprecision(digits) << number;
-  std::string result = text.str();
-  const std::size_t point = result.find('.');
-  if (point != std::string::npos) result[point] = ',';
-  return result;
-}
-
-std::string ByteText(std::uint64_t bytes) {
-  constexpr std::array<const char*, 5> kUnits{" Bytes", " kB", " MB", " GB", " TB"};
-  std::size_t unit = 0;
-  auto number = static_cast<double>(bytes);
-  while (number >= 1000 && unit + 1 < kUnits.size()) {
-    number /= 1000;
-    ++unit;
-  }
-  return DecimalText(number, unit == 0 ? 0 : 1) + kUnits[unit];
-}
-
-std::string ProofText(const setup::ProofResult& result) {
-  return "Bewiesen: " + std::to_string(result.files) + " Dateien, " + ByteText(result.bytes) +
-         " kommen ganz und unverändert an, und sonst nichts.";
+  progressLine_.Show(ProgressText(progress) + ", " + ByteText(rate) + "/s" +
+                     TimeLeft(progress, seconds));
 }
 
 std::string MessageLine(const engine::BuildMessage& message) {
@@ -137,10 +91,7 @@ std::string MessageLine(const engine::BuildMessage& message) {
   line += message.text;
   if (!message.detail.empty()) line += " (" + message.detail + ")";
   if (message.component == 0) return line;
-  line +=
-      " [Komponente " + std::to_string(message.component) + " \"" + message.componentTitle + "\"";
-  if (message.entry != 0) line += ", Eintrag " + std::to_string(message.entry);
-  return line + "]";
+  return line + OriginText(message.component, message.componentTitle, message.entry);
 }
 
 }  // namespace console

@@ -116,7 +116,7 @@ void NodeSettings::InOneWrite(const std::function<void()>& writes,
 
 bool NodeSettings::EditsMeetOtherChanges(const std::string& file,
                                          const std::function<void()>& writes) {
-  const tools::SettingsStore::Batch batch(project_.Settings());
+  const tools::SettingsStore::Session session(project_.Settings());
   current_ = project_.Settings().Load(file);
   // Writing to a node that is gone fails, there is nothing to ask about.
   if (current_ == seen_ || !tools::FileExists(file)) return false;

@@ -33,7 +33,8 @@ using tools::ToUtf8;
 
 namespace {
 
-// Texts that also decide what an entry of the lists does.
+// Texts that also decide what an entry of the lists does: the lists hold nothing but texts, and a
+// key of the machine that bears one of them cannot be entered.
 constexpr Text kTopLevel = Text::TopLevel;
 constexpr Text kToTopLevel = Text::ToTopLevel;
 constexpr Text kLevelUp = Text::LevelUp;
@@ -154,6 +155,7 @@ void tabRegistryEditor::ConnectEvents() {
   connect(cmdAddValue, &QPushButton::clicked, this, Guarded(dialogs_, [this] { AddValue(); }));
   connect(cmdRemoveValue, &QPushButton::clicked, this,
           Guarded(dialogs_, [this] { RemoveValue(); }));
+  // "(not set)" is what the page shows, not a text to begin with.
   propRegValues->OnEditProperty([](const QString& key, QString& value, EditReaction&) {
     if (ToUtf8(key) == kDefaultValue && value == Caption(kNotSet)) value.clear();
   });
@@ -172,6 +174,8 @@ std::string tabRegistryEditor::FilePath() const {
 void tabRegistryEditor::WriteSettings() {
   if (currentPath_.empty()) return;
   const std::vector<model::RegistryValue> values = ValuesInGrid();
+  // A key whose last value was removed keeps what is stored: only RemoveAllValues frees it. What
+  // nobody edited is not written again.
   if (values.empty() || values == shownValues_) return;
   keys_.Store(currentPath_, values);
 }
@@ -200,6 +204,7 @@ std::vector<model::RegistryValue> tabRegistryEditor::ValuesInGrid() const {
     }
     values.push_back(std::move(value));
   }
+  // A key's values are stored as one list: without these the save would drop them.
   if (!values.empty()) values.insert(values.end(), hiddenValues_.begin(), hiddenValues_.end());
   return values;
 }
@@ -346,6 +351,7 @@ void tabRegistryEditor::AddValue() {
 
 void tabRegistryEditor::RemoveValue() {
   const QString selected = propRegValues->SelectedProperty();
+  // Every key has its default value; it can only be unset.
   if (ToUtf8(selected) == kDefaultValue) {
     propRegValues->SetProperty(selected, Caption(kNotSet));
   } else {

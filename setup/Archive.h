@@ -26,7 +26,8 @@ struct Member {
 /// Takes the next bytes of a file; may raise an error to stop.
 using ByteSink = std::function<void(std::string_view)>;
 
-/// Several threads may use one archive at a time.
+/// Shared by threads: several may search and unpack one archive at the same time, each with an
+/// Unpacker of its own.
 class Archive {
  public:
   /// Reads the directory and holds it against the members' own headers. Raises tools::Error naming

@@ -36,8 +36,10 @@ struct ContentFault {
   std::string text;        ///< why (German)
 };
 
-/// Compares each planned file of the list with its source; each byte is read once. The faults come
-/// in the order of the list. `progress` counts on from its state. Raises what `onProgress` raises.
+/// Compares each planned file of the list with its source; each byte is read once. `threads`
+/// threads share what is passed here, and only read it; `progress` and `onProgress` belong to the
+/// caller's thread. The faults come in the order of the list. `progress` counts on from its state.
+/// Raises what `onProgress` raises.
 [[nodiscard]] std::vector<ContentFault> CompareContents(
     const Setup& setup, const ExpectedSetup& expected, const std::vector<ExpectedFile>& files,
     unsigned threads, tools::Progress& progress,

@@ -12,7 +12,8 @@
 
 namespace setup {
 
-/// Several threads may read one at a time; only its owner changes it.
+/// Shared by threads: several may read one at the same time, each with a ContentReader of its own,
+/// while nobody changes it.
 struct Setup {
   std::string folder;      ///< full path
   std::string scriptPath;  ///< full path

@@ -94,7 +94,7 @@ void EditorTabs::Prepare(std::string_view pageList, std::int32_t version, std::i
   std::vector<std::string> reasons;
   {
     // All pages see the file as it is now, and it is compared with the disk once for all its keys.
-    const tools::SettingsStore::Batch reading(project_.Settings());
+    const tools::SettingsStore::Session session(project_.Settings());
     settings_.Select(version, component);
     int position = 0;
     for (const std::string& name : tools::SplitList(pageList, ';', '"')) {

@@ -135,6 +135,8 @@ void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVers
   std::vector<std::int32_t> versions;
   errors.Try([&] { title = project.ProductTitle(); });
   errors.Try([&] { versions = project.VersionSlots(); });
+  // All nodes are made before the tree gets them: each one added to a tree on the screen costs a
+  // layout, and a version whose reading fails must not leave half a tree.
   std::unique_ptr<QTreeWidgetItem> product(MakeItem(ProductNode(), title));
   QTreeWidgetItem* latest = nullptr;
   for (const std::int32_t slot : versions) {
@@ -198,6 +200,8 @@ void ProjectTree::mousePressEvent(QMouseEvent* event) {
 // The click counts when the button goes up: whatever it opens then finds the mouse free.
 void ProjectTree::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
+  // Qt tells of a click on a node (itemClicked), one that is selected already too, and of none
+  // where the click only folded a node; that can have moved the selection all the same.
   itemClicked_ = false;
   QTreeWidget::mouseReleaseEvent(event);
   const Node before = std::exchange(nodeAtPress_, SelectedNode());
@@ -215,6 +219,8 @@ void ProjectTree::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const Node before = SelectedNode();
+  // Getting the focus makes the first node the current one without selecting it: an arrow key would
+  // go on from there.
   if (before.key.empty() && IsArrowKey(event->key()) && topLevelItemCount() > 0) {
     setCurrentItem(topLevelItem(0));
   } else {

@@ -123,8 +123,8 @@ void frmMain::UpdateTree() {
 }
 
 void frmMain::FillTree(ErrorList& errors) {
-  // Thousands of components are read: inside a batch each file is compared with the disk once.
-  const tools::SettingsStore::Batch batch(services_.project.Settings());
+  // Thousands of components are read.
+  const tools::SettingsStore::Session session(services_.project.Settings());
   std::int32_t latest = 0;
   errors.Try([&] { latest = services_.operations.LatestVersion(); });
   trvProjectTree->Fill(services_.project, latest, errors);

@@ -1,11 +1,11 @@
-// What every program of this house sets up before anything else.
+// What each program sets up before anything else.
 #pragma once
 
 namespace tools {
 
-/// Opens the standard streams that the caller closed on the system's empty device: a file opened
-/// later would take their numbers, and messages would go into it. Exceeding the caller's limit of
-/// file sizes becomes an error of the write, where the system would end the program.
+/// Standard streams that the caller has closed lead to the system's empty device from now on: a
+/// file opened later would take their numbers, and messages would go into it. A write beyond the
+/// user's limit of file sizes fails from now on; the system would end the program.
 void PrepareProcess() noexcept;
 
 }  // namespace tools

@@ -34,7 +34,7 @@ class ReportPace {
     last_ = now;
     return true;
   }
-  /// A report was made unasked.
+  /// A report was made without asking IsDue: the next one is due one interval from now.
   void Restart() { last_ = clock_.SteadyNow(); }
 
  private:

@@ -7,12 +7,7 @@ namespace console {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-/// File names need not be UTF-8: what is not becomes U+FFFD.
-void WriteLine(std::ostream& output, const Json& object) {
-  output << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
-}
+void WriteLine(std::ostream& output, const Json& object) { output << JsonLine(object) << '\n'; }
 
 Json HeadOf(const setup::Setup& setup) {
   const setup::Plan& plan = setup.plan;
@@ -76,9 +71,7 @@ const char* RuleName(setup::CopyRule rule) {
   return "";
 }
 
-void JsonSetupReport::Failure(const std::string& text) {
-  WriteLine(Output(), {{"event", "failure"}, {"text", text}});
-}
+void JsonSetupReport::Failure(const std::string& text) { WriteLine(Output(), FailureEvent(text)); }
 
 void JsonSetupReport::OnFinding(const setup::Finding& finding) {
   WriteLine(Output(), {{"event", "finding"},
@@ -130,11 +123,7 @@ void JsonSetupReport::InstallationEnd(const setup::InstallationTotals& totals,
 }
 
 void JsonSetupReport::ProofEnd(const setup::ProofResult& result) {
-  if (Quiet()) return;
-  WriteLine(Output(), {{"event", "proof"},
-                       {"proven", result.findings.empty()},
-                       {"files", result.files},
-                       {"bytes", result.bytes}});
+  if (!Quiet()) WriteLine(Output(), ProofEvent(result));
 }
 
 void JsonSetupReport::Differences(const setup::SetupComparison& comparison) {
@@ -157,11 +146,7 @@ void JsonSetupReport::Differences(const setup::SetupComparison& comparison) {
 }
 
 void JsonSetupReport::ShowProgress(const tools::Progress& progress) {
-  WriteLine(Output(), {{"event", "progress"},
-                       {"filesDone", progress.filesDone},
-                       {"filesTotal", progress.filesTotal},
-                       {"bytesDone", progress.bytesDone},
-                       {"bytesTotal", progress.bytesTotal}});
+  WriteLine(Output(), ProgressEvent(progress));
 }
 
 }  // namespace console

@@ -2,15 +2,12 @@
 
 #include <ostream>
 
-#include "console/TextReport.h"
+#include "console/ReportParts.h"
 #include "tools/Text.h"
 
 namespace console {
 
 namespace {
-
-// ECMA-48 control functions: back to the line's begin, erase to its end.
-constexpr const char* kEraseLine = "\r\x1B[K";
 
 const std::vector<std::string> kColumns{"Ziel",          "Größe",      "Vorhandene Datei",
                                         "Registrierung", "Bei Fehler", "Abgelegt als"};
@@ -47,32 +44,24 @@ std::string PlaceText(const setup::Finding& finding) {
   return place.empty() ? place : place + ": ";
 }
 
-std::string OriginText(const setup::Finding& finding) {
-  if (finding.componentTitle.empty() && finding.component == 0) return {};
-  std::string origin = " [Komponente ";
-  if (finding.component != 0) origin += std::to_string(finding.component) + " ";
-  origin += "\"" + finding.componentTitle + "\"";
-  if (finding.entry != 0) origin += ", Eintrag " + std::to_string(finding.entry);
-  return origin + "]";
-}
-
 }  // namespace
 
 void TextSetupReport::Failure(const std::string& text) {
-  ClearProgress();
+  progressLine_.Clear();
   Errors() << "packwright-setup: " << Shown(text) << std::endl;
 }
 
 void TextSetupReport::OnFinding(const setup::Finding& finding) {
-  ClearProgress();
-  const std::string text = PlaceText(finding) + finding.text + OriginText(finding);
+  progressLine_.Clear();
+  const std::string text = PlaceText(finding) + finding.text +
+                           OriginText(finding.component, finding.componentTitle, finding.entry);
   Errors() << "Fehler: " << Shown(text) << std::endl;
 }
 
 void TextSetupReport::FindingsEnd(std::size_t count) {
-  ClearProgress();
+  progressLine_.Clear();
   if (Quiet() || count == 0) return;
-  Errors() << count << (count == 1 ? " Beanstandung.\n" : " Beanstandungen.\n");
+  Errors() << FindingsText(count) << '\n';
 }
 
 void TextSetupReport::Listing(const setup::Setup& setup) {
@@ -136,13 +125,13 @@ void TextSetupReport::ListFiles(const setup::Setup& setup) {
 void TextSetupReport::Installed(const setup::InstalledFile& file) {
   // Where the other files are is plain to see.
   if (!file.IsRedirected() || Quiet()) return;
-  ClearProgress();
+  progressLine_.Clear();
   Output() << Shown(file.planned.target + " -> " + file.place) << '\n';
 }
 
 void TextSetupReport::InstallationEnd(const setup::InstallationTotals& totals,
                                       const std::string& folder) {
-  ClearProgress();
+  progressLine_.Clear();
   if (Quiet()) return;
   Output() << "Zur Probe installiert: " << Shown(folder) << '\n'
            << "  Neu:        " << totals.created << '\n'
@@ -152,13 +141,13 @@ void TextSetupReport::InstallationEnd(const setup::InstallationTotals& totals,
 }
 
 void TextSetupReport::ProofEnd(const setup::ProofResult& result) {
-  ClearProgress();
+  progressLine_.Clear();
   if (Quiet() || !result.findings.empty()) return;
   Output() << ProofText(result) << '\n';
 }
 
 void TextSetupReport::Differences(const setup::SetupComparison& comparison) {
-  ClearProgress();
+  progressLine_.Clear();
   for (const setup::Difference& difference : comparison.differences) {
     Output() << Shown(setup::DifferenceText(difference)) << '\n';
   }
@@ -169,16 +158,7 @@ void TextSetupReport::Differences(const setup::SetupComparison& comparison) {
 }
 
 void TextSetupReport::ShowProgress(const tools::Progress& progress) {
-  if (!GetStreams().errorsAreTerminal) return;
-  Errors() << kEraseLine << progress.filesDone << " von " << progress.filesTotal << " Dateien, "
-           << ByteText(progress.bytesDone) << " von " << ByteText(progress.bytesTotal)
-           << std::flush;
-  progressShown_ = true;
-}
-
-void TextSetupReport::ClearProgress() {
-  if (progressShown_) Errors() << kEraseLine;
-  progressShown_ = false;
+  if (GetStreams().errorsAreTerminal) progressLine_.Show(ProgressText(progress));
 }
 
 }  // namespace console

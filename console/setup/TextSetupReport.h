@@ -24,12 +24,10 @@ class TextSetupReport : public SetupReport {
   void ShowProgress(const tools::Progress& progress) override;
 
  private:
-  /// Takes the progress line off the terminal, so that another line can take its place.
-  void ClearProgress();
   void ListHead(const setup::Setup& setup);
   void ListFiles(const setup::Setup& setup);
 
-  bool progressShown_ = false;
+  ProgressLine progressLine_{Errors()};
 };
 
 }  // namespace console

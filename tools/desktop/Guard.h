@@ -9,11 +9,18 @@
 #include <utility>
 
 #include "tools/Dialogs.h"
+#include "tools/StandardTexts.h"
 
 namespace tools {
 
 /// Shows `description` as an error: exclamation icon, OK button, the standard error caption.
-void ShowError(Dialogs& dialogs, const std::string& description);
+inline void ShowError(Dialogs& dialogs, const std::string& description) {
+  dialogs.ShowMessage({.text = description,
+                       .caption = StandardText(kTextError),
+                       .icon = MessageIcon::Exclamation,
+                       .buttons = MessageButtons::Ok,
+                       .defaultAnswer = MessageAnswer::Ok});
+}
 
 /// Runs `handler`; the user reads the description of an exception that ends it.
 template <std::invocable Handler>

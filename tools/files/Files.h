@@ -32,7 +32,7 @@ std::vector<std::string> MakeFolder(std::string_view path);
 /// Removes an empty folder. Returns the system's reason when it cannot.
 std::error_code RemoveEmptyFolder(const std::string& path) noexcept;
 /// False when the system would refuse to make a file in the folder, or the folder itself where it
-/// is missing. What it answers true to can still fail.
+/// is missing. True is no promise: making it can still fail.
 [[nodiscard]] bool CanMakeFilesIn(std::string_view folder);
 
 /// Creates the folder `relative` (the machine's separators, no "..") below `root` with its missing

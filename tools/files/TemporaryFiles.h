@@ -35,8 +35,8 @@ class TemporaryHold {
   bool lost_ = false;
 };
 
-/// A temporary file or folder beside `target`, marked as in use. What becomes of it is its owner's
-/// business; a folder that is held cannot be written to by a SettingsStore, which locks it too.
+/// A temporary file or folder beside `target`, marked as in use. Its owner renames or removes it;
+/// this object never does. A SettingsStore cannot write to a folder that is held: it locks it too.
 class HeldTemporary {
  public:
   /// `create` makes the file or folder under the name that it is given, which nothing has yet. It

@@ -115,7 +115,8 @@ void SettingsFile::FindSections() {
   const std::string_view text = text_;
   const std::size_t textBegin = text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
   auto begin = static_cast<Place>(textBegin);
-  // A header is a line whose first "[" has only blanks before it.
+  // A header is a line whose first "[" has only blanks before it. Going from "[" to "[" passes over
+  // the lines of a large file without looking at each.
   for (std::size_t i = text.find('[', begin); i != std::string_view::npos;) {
     std::size_t lineBegin = i;
     while (lineBegin > textBegin && IsBlank(text[lineBegin - 1])) --lineBegin;
@@ -157,6 +158,7 @@ std::string_view SettingsFile::NameOf(SectionNumber section) const {
 }
 
 std::optional<SettingsFile::SectionNumber> SettingsFile::FindSection(std::string_view name) const {
+  // The keys of a section are mostly asked for one after the other.
   if (lastSection_ && lastName_ == name) return lastSection_;
   const auto nameAt = [this](SectionNumber section) { return NameOf(section); };
   if (!sectionIndex_) {
@@ -186,6 +188,8 @@ void SettingsFile::ForEachKey(SectionNumber section, Visit visit) const {
   for (const Place line : added->second) visit(line, KeyOf(LineAt(line)));
 }
 
+// A file of 50,000 entries is 50,000 small sections: an index of each would take longer to make
+// than its few keys take to search, and many times the room.
 bool SettingsFile::IsLarge(SectionNumber section) const {
   constexpr std::size_t kMostBytes = 2048;
   return sections_[section].end - sections_[section].begin > kMostBytes || added_.contains(section);
@@ -251,6 +255,7 @@ bool SettingsFile::Write(std::string_view section, std::string_view key, std::st
   const std::string text = MakeLine(line ? KeyOf(LineAt(*line)) : key, value, lineEnd_);
   constexpr std::size_t kAroundName = 6;  // brackets, line ends
   CheckRoom(section.size() + kAroundName + text.size());
+  // Nothing was changed until here, and nothing is refused from here on.
   const SectionNumber place = found ? *found : AddSection(section);
   if (written_.empty() || written_.back().section != place) {
     written_.push_back({place, static_cast<Place>(text_.size())});
@@ -271,6 +276,7 @@ SettingsFile::Place SettingsFile::Append(std::string_view text) {
 
 SettingsFile::SectionNumber SettingsFile::AddSection(std::string_view name) {
   const Section& last = sections_.back();
+  // A blank line sets the new section off, unless one is there.
   const bool follows = last.begin < last.end && EndWithoutBlankLines(last) == last.end;
   std::string header(follows ? lineEnd_ : "");
   header.append("[").append(name).append("]").append(lineEnd_);
@@ -285,6 +291,8 @@ SettingsFile::SectionNumber SettingsFile::AddSection(std::string_view name) {
 
 void SettingsFile::AddLine(SectionNumber section, std::string_view line, std::size_t keySize) {
   Section& place = sections_[section];
+  // Appending to the last section makes the section longer; any other needs the table, and so does
+  // one that ends in blank lines, which stay its end.
   const bool endsText = place.end == text_.size() && EndWithoutBlankLines(place) == place.end;
   const Place added = Append(line);
   if (endsText) {
@@ -329,6 +337,7 @@ void SettingsFile::Render(const Sink& sink) const {
       part.append(text);
     }
   };
+  // In the order of the text: it is then given in a few long pieces, not line by line.
   std::vector<std::pair<Place, Place>> replaced(replaced_.begin(), replaced_.end());
   std::sort(replaced.begin(), replaced.end());
   const auto giveLines = [&](Place begin, Place end) {

@@ -7,7 +7,12 @@
 // two equal ones counts. Comments, unknown lines, the order of lines and bytes that are not UTF-8
 // survive an edit.
 //
-// Reading changes what is remembered of earlier searches: one thread at a time uses an object.
+// The text as it was read is never changed: a line that is written is appended behind it, and
+// tables say whose place it takes. So places in the text stay right, and the writes of a batch can
+// be repeated on what another program has stored meanwhile.
+//
+// Searching a const object changes what it remembers of earlier searches (the mutable members): one
+// thread at a time uses an object, readers too.
 #pragma once
 
 #include <cstdint>
@@ -129,7 +134,8 @@ class SettingsFile {
   std::unordered_map<Place, Place> replaced_;  ///< lines, and the lines that took their places
   std::vector<WrittenLines> written_;          ///< what ReplayWrites is to repeat
 
-  // Made when they are first needed.
+  // What searches of a const object remember. The indexes are made when they are first needed: most
+  // sections are never searched.
   mutable std::optional<NameIndex> sectionIndex_;
   mutable std::unordered_map<SectionNumber, NameIndex> keyIndexes_;
   // The section found last and the keys of the small section searched last: the next search is

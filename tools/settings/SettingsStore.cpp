@@ -115,8 +115,8 @@ struct SettingsStore::Entry {
   std::shared_ptr<SettingsFile> file;
   FileStamp stamp;  ///< of the file on disk that `file` was read from
   std::uint64_t lastUse = 0;
-  std::uint64_t checkedInBatch = 0;  ///< the batch in which the stamp was compared last
-  std::uint64_t firstWrite = 0;      ///< when writes that are not on disk yet began; 0: none
+  std::uint64_t checkedInSession = 0;  ///< the session in which the stamp was compared last
+  std::uint64_t firstWrite = 0;        ///< when writes that are not on disk yet began; 0: none
   /// Of the file's bytes, where its time was too young to tell a later change.
   std::optional<std::uint64_t> checksum;
 };
@@ -153,7 +153,7 @@ void SettingsStore::Write(const std::string& path, std::string_view section, std
   }
   if (!entry.file->Write(section, key, value) && entry.stamp.exists) return;
   if (entry.firstWrite == 0) entry.firstWrite = uses_;
-  if (batch_ != 0) return;
+  if (isInBatch_) return;
   try {
     Replace(path, entry);
   } catch (...) {
@@ -177,7 +177,7 @@ SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
   }
   Entry& entry = *lastEntry_;
   entry.lastUse = ++uses_;
-  if (entry.firstWrite != 0 || (batch_ != 0 && entry.checkedInBatch == batch_)) return entry;
+  if (entry.firstWrite != 0 || (session_ != 0 && entry.checkedInSession == session_)) return entry;
   try {
     if (!entry.file || StampToRead(path) != entry.stamp) {
       ReadFromDisk(path, entry);
@@ -188,7 +188,7 @@ SettingsStore::Entry& SettingsStore::Fetch(const std::string& path) {
     Forget(path);
     throw;
   }
-  entry.checkedInBatch = batch_;
+  entry.checkedInSession = session_;
   return entry;
 }
 
@@ -244,7 +244,7 @@ std::uint64_t SettingsStore::WriteFile(const std::string& path, const SettingsFi
 
 /// A batch may write thousands of files to one folder: one look at its listing is enough.
 void SettingsStore::Tidy(const std::string& folder) {
-  if (batch_ == 0) tidiedFolders_.clear();
+  if (!isInBatch_) tidiedFolders_.clear();
   if (tidiedFolders_.insert(folder).second) RemoveLeftovers(folder);
 }
 
@@ -293,16 +293,26 @@ void SettingsStore::ForgetOldest() {
   }
 }
 
-SettingsStore::Batch::Batch(SettingsStore& store) : store_(store), outermost_(store.batch_ == 0) {
+SettingsStore::Session::Session(SettingsStore& store)
+    : store_(store), outermost_(store.session_ == 0) {
+  if (outermost_) store_.session_ = ++store_.lastSession_;
+}
+
+SettingsStore::Session::~Session() {
+  if (outermost_) store_.session_ = 0;
+}
+
+SettingsStore::Batch::Batch(SettingsStore& store)
+    : store_(store), session_(store), outermost_(!store.isInBatch_) {
   if (!outermost_) return;
-  store_.batch_ = ++store_.lastBatch_;
+  store_.isInBatch_ = true;
   store_.tidiedFolders_.clear();
 }
 
 SettingsStore::Batch::~Batch() {
   if (!outermost_) return;
   store_.DropPending();
-  store_.batch_ = 0;
+  store_.isInBatch_ = false;
 }
 
 void SettingsStore::Batch::Commit() {

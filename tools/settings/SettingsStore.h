@@ -52,13 +52,28 @@ class SettingsStore {
   [[nodiscard]] bool IsBeingWritten(const std::string& path) const;
 
   /// The file as it is now (pending writes of a batch included), for many reads of one consistent
-  /// state. A missing file reads as an empty one. Never null. Raises Error as Read does.
+  /// state. A missing file reads as an empty one. Never null. Like the store itself, it is for one
+  /// thread. Raises Error as Read does.
   [[nodiscard]] std::shared_ptr<const SettingsFile> Load(const std::string& path);
 
-  /// Collects the writes of one operation; each file is read once and replaced once. A batch inside
-  /// a batch belongs to the outer one. Inside a batch a file is not checked for changes from
-  /// outside; when one has happened by the time of the commit, the writes are applied to the file
-  /// as it is then, so that other programs' settings of other keys stay.
+  /// For many reads of one moment: while it lives, each file is compared with the disk once, at its
+  /// first read. A session inside a session belongs to the outer one.
+  class Session {
+   public:
+    explicit Session(SettingsStore& store);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+   private:
+    SettingsStore& store_;
+    bool outermost_;
+  };
+
+  /// A session that also collects the writes of one operation: each file is replaced once. A batch
+  /// inside a batch belongs to the outer one. When a file has been changed from outside by the time
+  /// of the commit, the writes are applied to the file as it is then, so that other programs'
+  /// settings of other keys stay.
   class Batch {
    public:
     explicit Batch(SettingsStore& store);
@@ -73,6 +88,7 @@ class SettingsStore {
 
    private:
     SettingsStore& store_;
+    Session session_;
     bool outermost_;
   };
 
@@ -104,8 +120,9 @@ class SettingsStore {
   Entry* lastEntry_ = nullptr;   ///< what is known of it: the next call mostly asks for it too
   std::uint64_t keptBytes_ = 0;  ///< size of the files that entries_ holds
   std::uint64_t uses_ = 0;       ///< counts calls of Fetch: the order of uses and writes
-  std::uint64_t batch_ = 0;      ///< number of the running batch, 0 outside
-  std::uint64_t lastBatch_ = 0;
+  std::uint64_t session_ = 0;    ///< number of the running session, 0 outside
+  std::uint64_t lastSession_ = 0;
+  bool isInBatch_ = false;
 };
 
 }  // namespace tools

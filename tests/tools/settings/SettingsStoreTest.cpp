@@ -33,6 +33,16 @@ TEST_F(SettingsStoreTest, ReadsWhatIsOnTheDisk) {
   EXPECT_EQ(store_.Read(path_, "A", "b", "d"), "d");
 }
 
+TEST_F(SettingsStoreTest, ASessionComparesAFileOnceAndItsWritesAreMadeAtOnce) {
+  Write("b", "1");
+  const SettingsStore::Session session(store_);
+  EXPECT_EQ(store_.Read(path_, "A", "b", ""), "1");
+  folder_.Write("a.product", "[A]\nb=22\n");
+  EXPECT_EQ(store_.Read(path_, "A", "b", ""), "1");
+  Write("c", "3");
+  EXPECT_EQ(Stored(), "[A]\nb=22\nc=3\n");
+}
+
 TEST_F(SettingsStoreTest, ABatchKeepsWhatOthersWrite) {
   Write("b", "1");
   const auto snapshot = store_.Load(path_);
