@@ -21,6 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr std::int32_t kInstallationFolder = 2001;
 constexpr QSize kSize(560, 360);  ///< pixels, at first
 
 }  // namespace
@@ -35,6 +36,7 @@ UnknownTargets::UnknownTargets(const model::FileEntries& entries, QWidget* paren
   cmbTarget->setObjectName(u"cmbTarget"_s);
   cmbTarget->setAccessibleName(label->text());
   FillTargetFolders(*cmbTarget);
+  cmbTarget->setCurrentIndex(cmbTarget->findData(kInstallationFolder));
   label->setBuddy(cmbTarget);
   QDialogButtonBox* buttons = tools::MakeOkCancelButtons(this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -31,7 +31,7 @@ constexpr QSize kSize(600, 460);                         ///< pixels, at first
 QString FoundText(const ScanResult& result) {
   if (!result.problem.empty()) return ToQString(result.problem);
   const QLocale german(QLocale::German, QLocale::Germany);
-  return Caption(Text::ScanFinds)
+  return Caption(result.files.size() == 1 ? Text::ScanFindsOne : Text::ScanFinds)
       .replace(u"%count%"_s, GermanNumber(result.files.size()))
       .replace(u"%size%"_s, german.formattedDataSize(static_cast<qint64>(result.bytes), 1,
                                                      QLocale::DataSizeTraditionalFormat));

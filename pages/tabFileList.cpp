@@ -236,7 +236,7 @@ bool tabFileList::ShowEntry(std::int32_t entry) {
   if (entry < 1 || static_cast<std::size_t>(entry) > entries.Count()) return false;
   const model::ICFile& wanted = *std::next(entries.begin(), entry - 1);
   ChooseFolderOf({&wanted});
-  RefreshFileList();
+  filter_->Clear();  // it could hide the entry
   SelectRows(*lsvBrowser, shownEntries_->RowsOf({wanted.ID}));
   lsvBrowser->setFocus();
   return true;
