@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTreeView>
+#include <algorithm>
 #include <unordered_set>
 
 #include "pages/PageText.h"
@@ -40,8 +41,7 @@ void FileFilter::Clear() { txtFilter->clear(); }
 
 void FileFilter::Apply(const QString& text) {
   std::unordered_set<std::string_view> selected;
-  const QModelIndexList rows = list_.selectionModel()->selectedRows();
-  for (const QModelIndex& row : rows) selected.insert(model_.EntryAt(row.row()).ID);
+  for (const int row : SelectedRows(list_)) selected.insert(model_.EntryAt(row).ID);
   model_.SetFilter(text);
   SelectRows(list_, model_.RowsOf(selected));
   ShowCount(all_);
@@ -73,6 +73,17 @@ bool FileFilter::eventFilter(QObject* watched, QEvent* event) {
     }
   }
   return QWidget::eventFilter(watched, event);
+}
+
+std::vector<int> SelectedRows(const QTreeView& list) {
+  std::vector<int> rows;
+  const QItemSelection selection = list.selectionModel()->selection();
+  for (const QItemSelectionRange& range : selection) {
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  }
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  return rows;
 }
 
 void SelectRows(QTreeView& list, const std::vector<int>& rows) {

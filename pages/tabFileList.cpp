@@ -75,12 +75,8 @@ tabFileList::tabFileList(const PageServices& services, QWidget* parent)
   ConnectEvents();
 }
 
-// The list view outlives the entries, and is laid out once more while it is taken down. The steps
-// would tell of their end when this is a page no more.
-tabFileList::~tabFileList() {
-  disconnect(&document_->Steps(), nullptr, this, nullptr);
-  shownEntries_->Show({}, 0);
-}
+// The list view outlives the entries, and is laid out once more while it is taken down.
+tabFileList::~tabFileList() { shownEntries_->Show({}, 0); }
 
 void tabFileList::BuildBrowser() {
   fraBrowser = Named(new QGroupBox(Caption(Text::FileList)), u"fraBrowser"_s);
@@ -262,8 +258,9 @@ void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
     const std::size_t listed =
         CountListed(document_->Entries(), added.entries, services_.project.ProductFolder());
     filter_->Clear();  // it could hide what is added
-    document_->Add(added.entries);
-    StatusTextChanged(AddedText(added.entries, listed));
+    const std::string told = AddedText(added.entries, listed);
+    document_->Add(std::move(added.entries));
+    StatusTextChanged(told);
   }
   if (!added.refused.empty()) throw tools::Error(RefusalOf(added.refused));
 }
@@ -308,6 +305,7 @@ void tabFileList::MendUnknownTargets() {
   const std::vector<std::string> ids = IdsOf(edits);
   TellOfChange(u"TargetFolder"_s, ids);
   ChooseFolderOf(document_->Find(ids));
+  SelectRows(*lsvBrowser, shownEntries_->RowsOf({ids.begin(), ids.end()}));
 }
 
 void tabFileList::RemoveSelected() {
@@ -318,10 +316,8 @@ void tabFileList::RemoveSelected() {
 }
 
 std::vector<const model::ICFile*> tabFileList::SelectedEntries() const {
-  QModelIndexList rows = lsvBrowser->selectionModel()->selectedRows();
-  std::sort(rows.begin(), rows.end());
   std::vector<const model::ICFile*> entries;
-  for (const QModelIndex& row : rows) entries.push_back(&shownEntries_->EntryAt(row.row()));
+  for (const int row : SelectedRows(*lsvBrowser)) entries.push_back(&shownEntries_->EntryAt(row));
   return entries;
 }
 
@@ -366,15 +362,15 @@ void tabFileList::TellOfChange(const QString& name, const std::vector<std::strin
 }
 
 void tabFileList::ShowChange(const std::vector<std::string>& ids, bool repeated) {
-  const QModelIndexList selected = lsvBrowser->selectionModel()->selectedRows();
-  const auto first = std::min_element(selected.begin(), selected.end());
-  const int row = first == selected.end() ? -1 : first->row();
+  const std::vector<int> selected = SelectedRows(*lsvBrowser);
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
   if (repeated) ChooseFolderOf(entries);
   RefreshFileList();
   if (entries.empty()) {
-    const int next = std::min(row, shownEntries_->rowCount() - 1);
-    if (next >= 0) SelectRows(*lsvBrowser, {next});
+    const int last = shownEntries_->rowCount() - 1;
+    if (!selected.empty() && last >= 0) {
+      SelectRows(*lsvBrowser, {std::min(selected.front(), last)});
+    }
     return;
   }
   SelectRows(*lsvBrowser, shownEntries_->RowsOf({ids.begin(), ids.end()}));
