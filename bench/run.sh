@@ -126,8 +126,9 @@ compare() {
     for ((i = 1; i <= $#; i++)); do
       seconds_of "${!i#*@}" >>"$data/times.$i"
       if [ "$run" = 1 ]; then
-        find "$data/out" -type f \( -name '*.zip' -o -name '*.exe' \) -printf '%s\n' |
-          sort -n | tail -1 >"$data/size.$i"
+        # The one written last: what $before has put there is older.
+        find "$data/out" -type f \( -name '*.zip' -o -name '*.exe' \) -printf '%T@ %s\n' |
+          sort -n | tail -1 | cut -d ' ' -f 2 >"$data/size.$i"
       fi
     done
   done
@@ -185,7 +186,7 @@ rebuild_bench() { # NAME TITLE
   make_product again/files
   rm -rf "$data/out" && bash -c "$(ours again/files)" && mv "$data/out/setup" "$again/setup"
   (cd "$again" && zip -6 -q -r zip.zip files)
-  before="cp -r $again/setup $again/zip.zip $data/out"
+  before="cp -r --preserve=timestamps $again/setup $again/zip.zip $data/out"
   for changed in "nothing" "a hundredth"; do
     if [ "$changed" != nothing ]; then change_a_hundredth "$again/files"; fi
     # zip ends with 12 when it finds nothing to do.

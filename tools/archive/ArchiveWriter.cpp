@@ -26,6 +26,9 @@ namespace {
 constexpr std::size_t kMebibyte = 1U << 20U;
 // Each takes about 10 MiB: more would break the promise of bounded memory on large machines.
 constexpr int kMaximumThreads = 8;
+// From this level on a compressor alone takes as much again.
+constexpr int kLargeLevel = 10;
+constexpr int kMaximumLargeThreads = 4;
 constexpr std::size_t kWaitingJobs = 512;
 constexpr std::size_t kWaitingBytes = 6 * kMebibyte;
 // Outcomes that may wait for their turn, beyond the blocks that the threads work on.
@@ -40,7 +43,8 @@ int Level(const ArchiveOptions& options) { return std::clamp(options.effort, 2, 
 ArchiveWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
   const int processors = static_cast<int>(std::thread::hardware_concurrency());
   const int wanted = options.threads > 0 ? options.threads : processors;
-  const int threads = std::clamp(wanted, 1, kMaximumThreads);
+  const int most = Level(options) < kLargeLevel ? kMaximumThreads : kMaximumLargeThreads;
+  const int threads = std::clamp(wanted, 1, most);
   return {.threads = threads,
           .heldBytes = static_cast<std::size_t>(threads) * BlockBytes(options) + 2 * kHeldBytes,
           .waitingJobs = kWaitingJobs,

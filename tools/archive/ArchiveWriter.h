@@ -21,7 +21,8 @@ struct ArchiveOptions {
   /// 6, makes smaller archives than common zip programs do at their default; one level more costs
   /// a third more time and gains half a percent.
   int effort = 12;
-  int threads = 0;  ///< worker threads, up to 8; 0 takes one for each processor
+  /// Worker threads, up to 8, and up to 4 from effort 20 on; 0 takes one for each processor.
+  int threads = 0;
   /// The archive of an earlier build, whose packed bytes are taken over for what has not changed;
   /// empty, or one that cannot be used: everything is packed. The bytes that come out are the same.
   std::string earlier{};
