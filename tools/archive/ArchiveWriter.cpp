@@ -116,6 +116,7 @@ class ArchiveWriter::Implementation {
     workers_.WaitForAll(reportProgress_);
     assembler_.Finish(mark_);
     ReportProgress();
+    earlier_ = EarlierArchive();  // it may be the file that is replaced
     archive_.Commit(ReplacementFile::Durability::Cached);
     return Totals();
   }
