@@ -74,7 +74,7 @@ class ComponentCheck {
   void Run() {
     const std::string text = settings_.Render();
     CheckText(text, path_, place_, findings_);
-    CheckNumber("Registry", "Keys");
+    CheckRegistryCount();
     std::int32_t count = 0;
     try {
       count = model::ReadFileCount(read_, path_);
@@ -86,9 +86,10 @@ class ComponentCheck {
   }
 
  private:
-  void CheckNumber(std::string_view section, std::string_view key) {
+  void CheckRegistryCount() {
     findings_.Try(place_, [&] {
-      (void)model::StoredInt32(settings_.Read(section, key, "0"), {path_, section, key});
+      (void)model::StoredCount(settings_.Read("Registry", "Keys", "0"),
+                               {path_, "Registry", "Keys"});
     });
   }
 

@@ -5,27 +5,12 @@
 #include <tuple>
 #include <utility>
 
-#include "engine/SettingsText.h"
 #include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Path.h"
 
 namespace engine {
-
-void RequireVersionFile(const model::ModProject& project, std::int32_t version) {
-  const std::string path = project.VersionFilePath(version);
-  const tools::PathKind kind = LookAt(path);
-  if (kind == tools::PathKind::Absent) throw tools::Error("Die Datei der Version fehlt: " + path);
-  if (kind == tools::PathKind::Folder) {
-    throw tools::PathError("Die Datei der Version kann nicht gelesen werden", path,
-                           std::make_error_code(std::errc::is_a_directory));
-  }
-  const std::string text = project.Settings().Load(path)->Render();
-  if (!HasSections(text) || text.find('\0') != std::string::npos) {
-    throw tools::Error("Die Datei der Version ist leer oder beschädigt: " + path);
-  }
-}
 
 namespace {
 

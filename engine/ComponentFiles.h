@@ -1,4 +1,4 @@
-// The files of one version: whether its own is of use, and which component files there are.
+// Which component files a version has.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +9,6 @@
 #include "tools/files/FindFiles.h"
 
 namespace engine {
-
-/// Raises tools::Error naming the file of the version when it is missing, is a folder, cannot be
-/// read or holds no settings (zero bytes, for example, or nothing but NULs after a loss of power).
-void RequireVersionFile(const model::ModProject& project, std::int32_t version);
 
 /// A file whose name is that of a component file but for the case of its letters.
 struct MisnamedFile {

@@ -80,12 +80,6 @@ void ForEachSection(std::string_view text,
   });
 }
 
-bool HasSections(std::string_view text) {
-  bool found = false;
-  ForEachSection(text, [&](std::string_view) { found = true; });
-  return found;
-}
-
 Duplicates FindDuplicates(std::string_view text) {
   Duplicates found;
   tools::NameIndex sections;

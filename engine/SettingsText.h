@@ -17,9 +17,6 @@ namespace engine {
 /// Calls `visit` with the name of each section, in order. The views are of `text`.
 void ForEachSection(std::string_view text, const std::function<void(std::string_view name)>& visit);
 
-/// True when there is a section at all.
-[[nodiscard]] bool HasSections(std::string_view text);
-
 /// A section, or a key of a section, that the text has more than once: the first one counts. The
 /// views are of `text`.
 struct DuplicateName {

@@ -59,7 +59,7 @@ class Surveyor {
   /// Without `lookForSources` only the folders of the sources are gathered.
   Survey Run(bool lookForSources) {
     onlyFolders_ = !lookForSources;
-    RequireVersionFile(project_, version_);
+    project_.RequireSoundVersionFile(version_);
     const ComponentFiles files = ListComponentFiles(project_, version_, step_);
     if (!files.slots.empty() || !files.misnamed.empty()) RequireCount();
     const std::int32_t count = project_.ComponentCount(version_);

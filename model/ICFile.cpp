@@ -79,7 +79,9 @@ void SetFileEntryField(ICFile& entry, std::string_view name, std::string_view te
   }
 }
 
-std::string FileEntrySection(std::int32_t number) { return "File" + std::to_string(number); }
+std::string FileEntrySection(std::int32_t number) {
+  return std::string(kFileSection).append(std::to_string(number));
+}
 
 std::int32_t ReadFileCount(const SettingReader& read, std::string_view path) {
   constexpr SettingName kCount = setting::kFileCount;

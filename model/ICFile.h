@@ -77,11 +77,12 @@ enum class EntryUse {
 
 // What reads takes the path of the component's file for its errors, which name file and key.
 
-/// The number of entries: section "Files", key "Count". Raises tools::Error on overflow.
+/// The number of entries: section "Files", key "Count". Raises tools::Error as StoredCount does.
 [[nodiscard]] std::int32_t ReadFileCount(const SettingReader& read, std::string_view path);
 void WriteFileCount(const SettingWriter& write, std::int32_t count);
 
-/// The section of entry `number` (1-based): "File" followed by the number.
+/// The section of entry `number` (1-based): kFileSection followed by the number.
+inline constexpr std::string_view kFileSection = "File";
 [[nodiscard]] std::string FileEntrySection(std::int32_t number);
 
 /// Entry `number`. Raises tools::Error when a number that `use` needs does not fit its field.

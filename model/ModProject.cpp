@@ -137,6 +137,15 @@ void ModProject::RequireComponent(std::int32_t version, std::int32_t component) 
                          ComponentFilePath(version, component), {});
 }
 
+void ModProject::RequireSoundVersionFile(std::int32_t version) const {
+  const std::string path = VersionFilePath(version);
+  if (!settings_.Exists(path)) throw tools::Error("Die Datei der Version fehlt: " + path);
+  const auto file = settings_.Load(path);
+  if (!file->HasSections() || file->Render().find('\0') != std::string::npos) {
+    throw tools::Error("Die Datei der Version ist leer oder beschädigt: " + path);
+  }
+}
+
 std::string ModProject::VersionFilePath(std::int32_t version) const {
   if (!IsOpen()) return {};
   return tools::JoinPath(VersionFolder(VersionString(version)), kVersionFileName);

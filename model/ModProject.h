@@ -76,6 +76,9 @@ class ModProject {
   void RequireProduct() const;
   void RequireVersion(std::int32_t version) const;
   void RequireComponent(std::int32_t version, std::int32_t component) const;
+  /// Raises tools::Error naming the file of the version when it is missing, cannot be read or holds
+  /// no settings (zero bytes, for example, or NULs after a loss of power).
+  void RequireSoundVersionFile(std::int32_t version) const;
 
   /// Paths of the files that hold the settings of a version and of a component; empty while no
   /// product is open. Raises tools::Error when the stored version text could lead out of the
@@ -89,8 +92,8 @@ class ModProject {
   [[nodiscard]] std::string ProductTitle() const;
   [[nodiscard]] std::string ProductAuthor() const;
   void SetProductTitle(std::string_view title);
-  /// The highest version slot ever used; 0 when there is none. Raises tools::Error naming file and
-  /// key for a negative number or one of over 31 bits.
+  /// The highest version slot ever used; 0 when there is none. Raises tools::Error as StoredCount
+  /// does.
   [[nodiscard]] std::int32_t VersionCount() const;
   /// The version's text, empty for a free slot.
   [[nodiscard]] std::string VersionString(std::int32_t version) const;

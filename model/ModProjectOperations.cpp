@@ -4,12 +4,14 @@
 #include <limits>
 #include <utility>
 
+#include "model/DeletedVersions.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
 #include "tools/Versions.h"
 #include "tools/files/Files.h"
+#include "tools/files/FolderListing.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
 #include "tools/files/SpecialFolders.h"
@@ -202,21 +204,16 @@ bool ModProjectOperations::VersionExists(const std::string& version) const {
 // File systems have their own ideas of which names are one.
 bool ModProjectOperations::HaveOneFolder(const std::string& stored,
                                          const std::string& version) const {
-  if (!tools::IsSafeNamePart(stored) || !tools::IsSafeNamePart(version)) return false;
-  const tools::FileStamp one = tools::StampOf(project_.VersionFolder(stored));
-  const tools::FileStamp other = tools::StampOf(project_.VersionFolder(version));
-  return one.exists && other.exists && one.device == other.device && one.identity == other.identity;
+  return tools::IsSafeNamePart(stored) && tools::IsSafeNamePart(version) &&
+         AreOneFolder(project_.VersionFolder(stored), project_.VersionFolder(version));
 }
 
 std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
     std::int32_t latest) const {
   auto file = std::make_shared<tools::SettingsFile>();
   if (latest != 0) {
-    const std::string path = project_.VersionFilePath(latest);
-    file = project_.Settings().Load(path)->Clone();
-    if (file->Render().find('\0') != std::string::npos) {
-      throw tools::PathError("Die Datei der letzten Version ist beschädigt", path, {});
-    }
+    project_.RequireSoundVersionFile(latest);
+    file = project_.Settings().Load(project_.VersionFilePath(latest))->Clone();
   }
   file->Write("General", "Created", clock_.DateTimeText());
   return file;
@@ -227,6 +224,7 @@ std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
 // makes the version visible, comes last.
 void ModProjectOperations::CreateVersion(const std::string& version, std::int32_t latest) {
   project_.RequireProduct();
+  RemoveDeletedVersions(disk_, project_);
   const std::string folder = project_.VersionFolder(version);
   const std::shared_ptr<tools::SettingsFile> file = NewVersionFile(latest);
   std::int32_t slot = FirstFreeSlot(project_.VersionSlots());
@@ -282,6 +280,7 @@ void ModProjectOperations::ListVersion(std::int32_t slot, const std::string& ver
 void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string& shownText) {
   if (!ConfirmDeletion()) return;
   project_.RequireProduct();
+  RemoveDeletedVersions(disk_, project_);
   if (IsOutdated(project_.VersionString(version), shownText)) return;
   const std::string folder = tools::FolderOf(project_.VersionFilePath(version));
   const std::string removed = tools::TemporaryNameBeside(folder);
@@ -291,10 +290,12 @@ void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string
   const bool isShared = std::count_if(stored.begin(), stored.end(), [&](const std::string& text) {
                           return HaveOneFolder(text, shownText);
                         }) > 1;
+  const bool hasFolder = !isShared && tools::FolderExists(folder);
   Change([&](Undo& undo) {
+    if (hasFolder) MarkAsDeleted(disk_, folder, undo);
     project_.WriteProductSetting(setting::kVersionCount.section, key, "");
     undo.Add([&] { project_.WriteProductSetting(setting::kVersionCount.section, key, shownText); });
-    if (!isShared && tools::FolderExists(folder)) disk_.MoveFolder(folder, removed);
+    if (hasFolder) MoveDeleted(disk_, folder, removed);
   });
   disk_.SyncFolder(tools::FolderOf(folder));
   RemoveAndShow(removed);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/ICFile.h"
 #include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/files/Files.h"
@@ -130,6 +131,7 @@ bool NodeSettings::EditsMeetOtherChanges(const std::string& file,
 }
 
 void NodeSettings::NoteOffer(std::string_view section, std::string_view key) {
+  if (section == setting::kFileCount.section && key == setting::kFileCount.key) NoteFileList();
   const std::size_t digits = section.find_last_not_of("0123456789") + 1;
   if (digits == 0 || digits == section.size()) return;
   auto found = offered_.find(section.substr(0, digits));
@@ -139,6 +141,12 @@ void NodeSettings::NoteOffer(std::string_view section, std::string_view key) {
   const std::int32_t number = SlotNumberOf(section, section.substr(0, digits));
   found->second.last = std::max(found->second.last, number);
   if (!found->second.keys.contains(key)) found->second.keys.emplace(key);
+}
+
+// A list that has become empty offers none of its sections.
+void NodeSettings::NoteFileList() {
+  NumberedSections& files = offered_[std::string(kFileSection)];
+  for (const FileEntryField& field : FileEntryFields()) files.keys.emplace(field.name);
 }
 
 bool NodeSettings::HaveLaterSectionsChanged() const {

@@ -79,6 +79,7 @@ class NodeSettings {
   void NoteRead(std::string_view section, std::string_view key, std::string_view defaultValue,
                 std::string_view value);
   void NoteOffer(std::string_view section, std::string_view key);
+  void NoteFileList();
   /// Whether another program changed a section numbered behind those that a page saves: it would
   /// stay behind, unread, when the page's list has become shorter.
   [[nodiscard]] bool HaveLaterSectionsChanged() const;

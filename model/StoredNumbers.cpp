@@ -38,7 +38,9 @@ std::int32_t StoredInt32(std::string_view text, const SettingPlace& place) {
 std::int32_t StoredCount(const std::string& text, const SettingPlace& place) {
   std::int32_t count = -1;
   try {
-    count = tools::ToInt32(text);
+    if (tools::TrimBlanks(text).empty() || tools::BeginsWithNumber(text)) {
+      count = tools::ToInt32(text);
+    }
   } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): told below, with file and key
   }
   if (count >= 0) return count;

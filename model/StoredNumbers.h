@@ -28,8 +28,8 @@ struct SettingPlace {
 [[nodiscard]] std::int16_t StoredInt16(std::string_view text, const SettingPlace& place);
 [[nodiscard]] std::int32_t StoredInt32(std::string_view text, const SettingPlace& place);
 
-/// A count from its stored text. Raises tools::Error naming the place for a negative number or one
-/// of over 31 bits.
+/// A count from its stored text; blank text is 0. Raises tools::Error naming the place for text
+/// that is no number, a negative number, or one of over 31 bits: what is counted must not vanish.
 [[nodiscard]] std::int32_t StoredCount(const std::string& text, const SettingPlace& place);
 
 /// Up to this count it is cheap to ask for each slot in turn; above it the slots are looked up with

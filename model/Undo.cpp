@@ -1,5 +1,6 @@
 #include "model/Undo.h"
 
+#include <exception>
 #include <utility>
 
 #include "tools/Error.h"
@@ -13,7 +14,7 @@ std::string Undo::Run() {
   while (!steps_.empty()) {
     try {
       steps_.back()();
-    } catch (const tools::Error& error) {
+    } catch (const std::exception& error) {
       if (!failures.empty()) failures += "; ";
       failures += error.what();
     }
@@ -26,12 +27,13 @@ void RunOrTakeBack(const std::function<void(Undo&)>& steps, const std::function<
   Undo undo;
   try {
     steps(undo);
-  } catch (const tools::Error& error) {
+  } catch (const std::exception& error) {
     const std::string stayed = undo.Run();
     if (stayed.empty()) throw;
     onRest();
+    const auto* told = dynamic_cast<const tools::Error*>(&error);
     throw tools::Error(std::string(error.what()) + "\nNicht alles wurde zurückgenommen: " + stayed,
-                       error.Cause());
+                       told == nullptr ? std::error_code() : told->Cause());
   }
 }
 

@@ -67,6 +67,8 @@ double LeadingNumber(std::string_view text) {
   return negative ? -value : value;
 }
 
+bool BeginsWithNumber(std::string_view text) { return !NumberPart(text).empty(); }
+
 std::int16_t ToInt16(std::string_view text) { return ToInteger<std::int16_t>(text); }
 
 std::int32_t ToInt32(std::string_view text) { return ToInteger<std::int32_t>(text); }

@@ -270,8 +270,9 @@ TEST_F(BuildTest, TellsOfAComponentWhoseEntriesCannotBeCounted) {
   const std::string entry = "[File1]\n" + Source("a.txt", "a");
   product_.AddComponent("A", {entry});
   for (const std::string& files :
-       {std::string("[Files]\nCount=-1\n"), std::string("[Files]\nCount=\n"), std::string(),
-        std::string("[Files]\nCount=2147483648\n"), std::string("[Files]\nCount=1\n\0", 17)}) {
+       {std::string("[Files]\nCount=-1\n"), std::string("[Files]\nCount=xyz\n"),
+        std::string("[Files]\nCount=\n"), std::string(), std::string("[Files]\nCount=2147483648\n"),
+        std::string("[Files]\nCount=1\n\0", 17)}) {
     folder_.Write(TestProduct::kComponentFile, "[Component]\nTitle=A\n" + files + entry);
     Run();
     EXPECT_EQ(summary_->errors, 1) << files;

@@ -121,10 +121,21 @@ TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatest) {
   EXPECT_EQ(window.treeUpdates, 1);
 }
 
+TEST_F(ModProjectOperationsTest, ADamagedVersionIsNotInherited) {
+  for (const std::string& content : {std::string("[A]\0", 4), std::string(), std::string("-")}) {
+    folder.Write(product.kVersionFile, content);
+    if (content == "-") tools::DeleteFile(folder.Path(product.kVersionFile));
+    EXPECT_THAT(tests::ErrorOf([&] { AddVersion("1.0.1"); }),
+                testing::EndsWith(folder.Path(product.kVersionFile)));
+    EXPECT_FALSE(Holds("Version 1.0.1"));
+  }
+}
+
 TEST_F(ModProjectOperationsTest, RefusesVersionsThatItCannotAdd) {
-  SetUpProduct("Count=3\nVer1=1.0.0-Ä\nVer3=\"2.0 \"\nVer9=9.0\n");
+  SetUpProduct("Count=3\nVer1=3.0.0-Ä\nVer3=\"2.0 \"\nVer9=9.0\n");
   folder.MakeFolder("Produkt/Version 9.0");
-  for (const char* answer : {" 1.0.0-ä ", "1.0.0-Ä", "2.0", "9.0", ""}) {
+  Write("Version 3.0.0-Ä/product.version", "[A]\n");
+  for (const char* answer : {" 3.0.0-ä ", "3.0.0-Ä", "2.0", "9.0", ""}) {
     AddVersion(answer);
     ExpectLastMessage(Text::AddVersion, Text::VersionExists);
   }

@@ -121,6 +121,12 @@ TEST_F(NodeSettingsTest, AShorterListLosesNoOtherChangeUnasked) {
   Open(seen + "c\n");
   Put("; another program's\n" + seen + "c\n");
   EXPECT_FALSE(saveWithoutTheFirst());
+  Open("[Files]\nCount=1\n[File1]\nVital=1\n");
+  Put("[Files]\nCount=1\n[File1]\nVital=0\n");
+  bool isAsked = false;
+  node_.InOneWrite([&] { node_.Save("Files", "Count", "0"); },
+                   [&](const auto&) { isAsked = true; });
+  EXPECT_TRUE(isAsked) << "none is left";
 }
 
 TEST_F(NodeSettingsTest, AFileThatIsGoneIsNotMadeAgainFromAPage) {

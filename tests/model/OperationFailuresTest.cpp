@@ -202,6 +202,16 @@ TEST(OperationFailuresTest, LeaveTheProductAsItWas) {
   }
 }
 
+TEST(OperationFailuresTest, WantOfMemoryIsTakenBackToo) {
+  OpenedProduct product("demo.product");
+  const auto old = product.Content(true);
+  product.disk.onStep = [](const auto& taken) {
+    if (taken.step == Step::MoveFolder) throw std::bad_alloc();
+  };
+  EXPECT_THROW(kOperations[1].run(product), std::bad_alloc);
+  EXPECT_EQ(product.Content(true), old);
+}
+
 TEST(OperationFailuresTest, WhatCannotBeTakenBackIsToldBesideTheFirstError) {
   OpenedProduct product("demo.product");
   product.disk.FailAt(Step::MoveFolder, 1);

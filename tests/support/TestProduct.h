@@ -21,7 +21,7 @@ class TestProduct {
 
   /// The product lies in the subfolder "Produkt" of `folder`, with the title "Probe".
   explicit TestProduct(const TemporaryFolder& folder) : folder_(folder) {
-    folder.Write(kVersionFile, "");
+    folder.Write(kVersionFile, "[Components]\nCount=0\n");
     WriteVersions("Count=1\nVer1=1.0.0\n");
     project_.SetProductPath(folder.Path(kFile));
   }

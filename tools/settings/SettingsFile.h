@@ -38,6 +38,9 @@ class SettingsFile {
   ~SettingsFile();
   SettingsFile& operator=(const SettingsFile&) = delete;
 
+  /// True when there is a section at all.
+  [[nodiscard]] bool HasSections() const { return sections_.size() > 1; }
+
   /// The value of a key, or nothing. The view lives as long as this object and its next Write.
   [[nodiscard]] std::optional<std::string_view> Find(std::string_view section,
                                                      std::string_view key) const;
