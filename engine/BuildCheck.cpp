@@ -50,7 +50,7 @@ class Checker {
     if (options_.includeRuntime) CheckProgram(kRuntimeName);
     findings_.Try({}, [this] { CheckComponentFiles(); });
     FileCheck files(options_, title_, outputFolder_, findings_);
-    for (const SurveyedComponent& component : survey_.components) files.Check(component);
+    for (const SurveyedComponent& component : survey_.components) files.Check(component, step);
     return InOrder();
   }
 

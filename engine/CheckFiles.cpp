@@ -40,12 +40,13 @@ FileCheck::FileCheck(const BuildOptions& options, const std::string& title,
       findings_(findings),
       places_(OwnNamesInTree(options, title)) {}
 
-void FileCheck::Check(const SurveyedComponent& component) {
+void FileCheck::Check(const SurveyedComponent& component, const SurveyStep& step) {
   Report(component.problems, {component.slot, component.title, 0});
-  for (const SurveyedEntry& entry : component.entries) CheckEntry(component, entry);
+  for (const SurveyedEntry& entry : component.entries) CheckEntry(component, entry, step);
 }
 
-void FileCheck::CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed) {
+void FileCheck::CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed,
+                           const SurveyStep& step) {
   const Place place = component.PlaceOf(surveyed);
   if (!surveyed.hasSection) {
     const std::string first = std::to_string(surveyed.number);
@@ -64,6 +65,7 @@ void FileCheck::CheckEntry(const SurveyedComponent& component, const SurveyedEnt
   }
   CheckNames(entry, place);
   for (const std::string& path : surveyed.sources) {
+    if (step) step();
     CheckFile(entry, {&component, surveyed.number, path}, place);
   }
 }

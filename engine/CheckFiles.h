@@ -26,7 +26,8 @@ class FileCheck {
             Findings& findings);
 
   /// Checks the component's entries and files, and reports what the survey found wrong with them.
-  void Check(const SurveyedComponent& component);
+  /// Raises what `step` raises, which is called for each file.
+  void Check(const SurveyedComponent& component, const SurveyStep& step);
 
  private:
   /// A file of the version: where it comes from in the product.
@@ -37,7 +38,8 @@ class FileCheck {
   };
   using Collisions = std::unordered_map<std::string, Origin>;
 
-  void CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed);
+  void CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed,
+                  const SurveyStep& step);
   void CheckNames(const model::ICFile& entry, const Place& place);
   void CheckFile(const model::ICFile& entry, const Origin& origin, const Place& place);
   void CheckTreePlace(const model::ICFile& entry, const Origin& origin, const Place& place);

@@ -35,9 +35,13 @@ std::vector<std::string> NamesIn(const std::string& folder) {
   return names;
 }
 
+// Links that lead nowhere included. What cannot be looked at must not count as absent.
 bool IsThere(const std::string& path) {
-  std::error_code ignored;
-  return std::filesystem::exists(std::filesystem::symlink_status(tools::ToPath(path), ignored));
+  std::error_code failure;
+  const auto status = std::filesystem::symlink_status(tools::ToPath(path), failure);
+  if (status.type() == std::filesystem::file_type::not_found) return false;
+  if (failure) throw tools::PathError("Die Datei kann nicht gelesen werden", path, failure);
+  return true;
 }
 
 /// Moves what lies in `from`, if that is there, to the names that are free in `to`.
@@ -130,6 +134,7 @@ SetupStage::~SetupStage() {
 }
 
 void SetupStage::Remove() noexcept {
+  if (!hold_) return;
   const std::string name = tools::FileNamePart(hold_->Path());
   hold_.reset();
   try {
@@ -163,7 +168,10 @@ std::optional<tools::Error> SetupStage::Publish(const OutputContent* old) {
     output_.Remove(tools::JoinPath(tools::FileNamePart(hold_->Path()), kReplaced));
     return std::nullopt;
   } catch (const tools::Error& error) {
-    return error;
+    // Often somebody had one of the files open for a moment.
+    const std::string stage = hold_->Path();
+    Remove();
+    return IsThere(stage) ? std::optional(error) : std::nullopt;
   }
 }
 

@@ -11,7 +11,7 @@
 #include "tools/Text.h"
 #include "tools/Versions.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderListing.h"
+#include "tools/files/FindFiles.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
 #include "tools/files/SpecialFolders.h"

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <unordered_set>
 
+#include "model/TextTable.h"
 #include "pages/PageText.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
@@ -40,6 +41,19 @@ std::string SourceAndTarget(const model::ICFile& entry, const std::string& produ
          '\n' + entry.TargetSubFolder + '\n' + entry.TargetName;
 }
 
+void TellOfPassedOver(tools::Dialogs& dialogs, const tools::FoundFiles& found) {
+  std::vector<std::string> places = found.specialFiles;
+  places.insert(places.end(), found.folderLinks.begin(), found.folderLinks.end());
+  for (const tools::UnseenPath& link : found.deadLinks) places.push_back(link.path);
+  if (places.empty()) return;
+  const std::string first = *std::min_element(places.begin(), places.end());
+  const std::string text = tools::ReplaceAll(LoadText(Text::PassedOverInFolder), "%count%",
+                                             std::to_string(places.size()));
+  (void)dialogs.ShowMessage(
+      {.text = tools::ReplaceAll(text, "%path%", tools::EscapeControlCharacters(first)),
+       .caption = tools::StandardText(tools::kTextWarning)});
+}
+
 }  // namespace
 
 std::vector<std::string> AskForFiles(tools::Dialogs& dialogs) {
@@ -73,7 +87,11 @@ std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolde
       LoadText(withSubfolders ? Text::AddsFilesOfFolderAndSubfolders : Text::AddsFilesOfFolder);
   const std::string folder = dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
   if (folder.empty()) return {};
-  return tools::FindFiles(folder, "*.*", withSubfolders);
+  tools::FoundFiles found =
+      tools::SearchFiles(folder, "*.*", {.includeSubfolders = withSubfolders});
+  tools::RequireAllRead(found);
+  TellOfPassedOver(dialogs, found);
+  return std::move(found.paths);
 }
 
 std::string RefusalOf(const std::vector<std::string>& paths) {

@@ -15,7 +15,8 @@ namespace pages {
 [[nodiscard]] std::vector<std::string> AskForFiles(tools::Dialogs& dialogs);
 
 /// Asks for a folder and lists its files, with `withSubfolders` those in its subfolders too; empty
-/// when the author cancels. Raises tools::Error when the folder cannot be listed.
+/// when the author cancels. Says how many links and special files are not among them. Raises
+/// tools::Error when the folder cannot be listed.
 [[nodiscard]] std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders);
 
 /// The files that were dropped, and those of the folders: asks once whether with their subfolders.

@@ -57,6 +57,16 @@ TEST_F(BuildCheckTest, ReportsWhatIsWrongInAnEntry) {
                           "2/2 Unbekannte Nummer des Zielordners: 29", StartsWith("2/3 Überlauf")));
 }
 
+TEST_F(BuildCheckTest, CanBeStoppedAtEachFileOnceTheSurveyIsDone) {
+  product_.AddComponent("A", {Source("a.txt", "a"), Source("b.txt", "b")});
+  int steps = 0;
+  const SurveyStep count = [&] { ++steps; };
+  (void)SurveyVersion(project_, 1, options_.folder, count);
+  const int ofSurvey = std::exchange(steps, 0);
+  (void)CheckBuild(project_, options_, 1, folder_.Path("programm"), count);
+  EXPECT_EQ(steps, ofSurvey + 2);
+}
+
 TEST_F(BuildCheckTest, ReportsFilesThatMeetWithBothPlaces) {
   product_.AddComponent("A", {Source("1/Größe.txt", "1")});
   product_.AddComponent(

@@ -144,8 +144,13 @@ class tabFileListTest : public QObject {
     }
     f.folder.Write("Q/gut", "x");
     f.folder.Write("Q/tief/d", "x");
+    for (const char* link : {"Q/ins Leere", "Q/zweiter"}) {
+      std::filesystem::create_symlink("fehlt", f.folder.Path(link));
+    }
     f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolder, f.folder.Path("Q"));
     PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
+    const QString passedOver = tools::ToQString(f.dialogs.Messages().front().text);
+    QVERIFY(passedOver.contains(" 2.") && passedOver.endsWith(f.Path("Q/ins Leere")));
     QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?")));
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("Files", {"Count"}) + f.Stored("File1", {"SourceName"}), "1gut");

@@ -1,6 +1,7 @@
 #include "tools/files/FindFiles.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "tools/Error.h"
@@ -140,8 +141,7 @@ class Searcher {
     if (search_.skipTemporary) {
       std::erase_if(items, [](const FolderItem& item) { return IsTemporaryName(item.name); });
     }
-    std::sort(items.begin(), items.end(),
-              [](const FolderItem& a, const FolderItem& b) { return a.name < b.name; });
+    Sort(items);
     const std::string prefix = EnsureTrailingSeparator(folder);
     for (const FolderItem& item : items) {
       if (search_.step) search_.step();
@@ -155,6 +155,16 @@ class Searcher {
         found_.folderLinks.push_back(prefix + item.name);
       }
     }
+  }
+
+  // A search of a folder of millions can be ended here too.
+  void Sort(std::vector<FolderItem>& items) const {
+    constexpr std::uint32_t kComparisonsPerStep = 1024;
+    std::uint32_t comparisons = 0;
+    std::sort(items.begin(), items.end(), [&](const FolderItem& a, const FolderItem& b) {
+      if (search_.step && ++comparisons % kComparisonsPerStep == 0) search_.step();
+      return a.name < b.name;
+    });
   }
 
   void Take(const std::string& prefix, const FolderItem& item) {
@@ -203,13 +213,16 @@ FoundFiles SearchFiles(std::string_view folder, std::string_view pattern,
   return Searcher(pattern, search).Run(std::string(folder));
 }
 
+void RequireAllRead(const FoundFiles& found) {
+  if (found.unreadFolders.empty()) return;
+  const UnseenPath& unread = found.unreadFolders.front();
+  throw PathError("Der Ordner kann nicht gelesen werden", unread.path, unread.cause);
+}
+
 std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
                                    bool includeSubfolders) {
   FoundFiles found = SearchFiles(folder, pattern, {.includeSubfolders = includeSubfolders});
-  if (!found.unreadFolders.empty()) {
-    const UnseenPath& unread = found.unreadFolders.front();
-    throw PathError("Der Ordner kann nicht gelesen werden", unread.path, unread.cause);
-  }
+  RequireAllRead(found);
   return std::move(found.paths);
 }
 

@@ -90,4 +90,7 @@ struct FoundFiles {
 [[nodiscard]] FoundFiles SearchFiles(std::string_view folder, std::string_view pattern,
                                      const FileSearch& search);
 
+/// Raises Error naming the first folder that a search could not read.
+void RequireAllRead(const FoundFiles& found);
+
 }  // namespace tools

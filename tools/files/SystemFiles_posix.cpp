@@ -45,8 +45,9 @@ bool SteadyStatus(int descriptor, struct stat& status) {
 bool IsStillAt(const FileHandle& handle, const std::string& path) {
   struct stat opened {};
   struct stat now {};
-  return ::fstat(handle.Get(), &opened) == 0 && ::lstat(path.c_str(), &now) == 0 &&
-         opened.st_dev == now.st_dev && opened.st_ino == now.st_ino;
+  if (::fstat(handle.Get(), &opened) != 0) return true;
+  if (::lstat(path.c_str(), &now) != 0) return errno != ENOENT;
+  return opened.st_dev == now.st_dev && opened.st_ino == now.st_ino;
 }
 
 namespace {

@@ -66,7 +66,7 @@ class FileHandle {
 [[nodiscard]] bool SteadyStatus(int descriptor, struct stat& status);
 
 /// True while `path` still names the open file or folder, links not followed: it was neither
-/// renamed nor replaced.
+/// renamed nor replaced. Also true when the system fails to tell.
 [[nodiscard]] bool IsStillAt(const FileHandle& handle, const std::string& path);
 
 /// Removes `name` in the open folder `parent` with all that it holds; `path` is what an error calls
