@@ -91,11 +91,15 @@ void DesktopProgram::ShowResult(const engine::BuildResult& result) {
   window_.Results().ShowBuild(result, version);
 }
 
-void DesktopProgram::OnSessionEnd(QSessionManager& session) {
-  if (!operations_.IsDirty() || !session.allowsInteraction()) return;
+bool DesktopProgram::MayEndSession() {
   bool mayEnd = true;
   tools::Guard(dialogs_, [&] { mayEnd = operations_.MayDropChanges(); });
-  if (mayEnd) {
+  return mayEnd;
+}
+
+void DesktopProgram::OnSessionEnd(QSessionManager& session) {
+  if (!operations_.IsDirty() || !session.allowsInteraction()) return;
+  if (MayEndSession()) {
     session.release();
   } else {
     session.cancel();

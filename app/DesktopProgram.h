@@ -38,6 +38,9 @@ class DesktopProgram {
   /// Handles events until the program is to end, and closes the window then.
   int Run();
 
+  /// Asks about unsaved changes, where there are some; false when the author wants to go on.
+  [[nodiscard]] bool MayEndSession();
+
   [[nodiscard]] shell::frmMain& Window() { return window_; }
   [[nodiscard]] tools::Dialogs& Dialogs() { return dialogs_; }
 

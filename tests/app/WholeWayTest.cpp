@@ -122,7 +122,12 @@ class WholeWayTest : public QObject {
   void EditVersion() {
     Edit(*script_, ShowPage("Erstellungs-Optionen"), "Ausgabeordner", "../fertig");
     Type(Child(ShowPage("Tessel-Datenbank"), "txtTesselKey"), "demokey");
+    for (const char* answer : {"cmdCancel", "cmdOK"}) {
+      script_->ExpectAndPress("messageBox", answer);
+      QCOMPARE(program_->program.MayEndSession(), answer == QLatin1StringView("cmdOK"));
+    }
     program_->Press("save");
+    QVERIFY(program_->program.MayEndSession());  // without a question
   }
 
   void RenameCloseAndOpenAgain() {
