@@ -1,9 +1,11 @@
 // Edits a product as the desktop does, in a process that may fail or be killed at any call:
 //
 //   edit_product PRODUCT OPERATION
+//   edit_product PRODUCT write KEY TIMES [seconds]
 //
-// "list" writes its versions and components to standard output. An error goes to standard error,
-// and the exit code is 3.
+// "list" writes its versions and components to standard output. "write" gives two keys the numbers
+// up to TIMES in turn, on a disk whose times tick in seconds where that is said; what it wrote must
+// still be there before it writes again. An error goes to standard error, and the exit code is 3.
 #include <functional>
 #include <iostream>
 #include <map>
@@ -17,8 +19,25 @@
 
 namespace {
 
+/// Where it is told to, its times tick in seconds.
+class ClockworkDisk : public tools::SystemDisk {
+ public:
+  explicit ClockworkDisk(bool inSeconds) : inSeconds_(inSeconds) {}
+  void Replace(const std::string& from, const std::string& to) override {
+    constexpr std::int64_t kSecond = 1'000'000'000;
+    if (inSeconds_) {
+      const std::int64_t time = tools::StampOf(from).modifiedNanoseconds;
+      tools::SetModificationTime(from, time - time % kSecond);
+    }
+    SystemDisk::Replace(from, to);
+  }
+
+ private:
+  bool inSeconds_;
+};
+
 struct Desk {
-  explicit Desk(const std::string& product) {
+  explicit Desk(const std::string& product, bool inSeconds = false) : disk(inSeconds) {
     operations.Connect(window, window);
     components.Connect(window);
     project.SetProductPath(product);
@@ -32,6 +51,15 @@ struct Desk {
     }
     batch.Commit();
   }
+  void WriteTimes(const std::string& key, int times) {
+    for (int i = 1; i <= times; ++i) {
+      for (const std::string& own : {key + "1", key + "2"}) {
+        const std::string last = project.ReadProductSetting("Stress", own, "0");
+        if (last != std::to_string(i - 1)) throw tools::Error(own + " is " + last + " again");
+        project.WriteProductSetting("Stress", own, std::to_string(i));
+      }
+    }
+  }
   void List() {
     std::cout << project.ProductTitle();
     for (const std::int32_t version : project.VersionSlots()) {
@@ -44,7 +72,7 @@ struct Desk {
     }
   }
 
-  tools::SystemDisk disk;
+  ClockworkDisk disk;
   tools::SettingsStore settings{disk};
   model::ModProject project{settings};
   tests::ScriptedDialogs dialogs;
@@ -84,10 +112,14 @@ const std::map<std::string, std::function<void(Desk&)>> kOperations{
 // A question left unasked ends with the error that kept it from being asked.
 void tests::ReportFailure(const std::string& /*message*/) {}
 
-int main(int /*argc*/, char** argv) {
+int main(int argc, char** argv) {
   try {
-    Desk desk(argv[1]);
-    kOperations.at(argv[2])(desk);
+    Desk desk(argv[1], argc > 5);
+    if (argc > 4) {
+      desk.WriteTimes(argv[3], std::atoi(argv[4]));
+    } else {
+      kOperations.at(argv[2])(desk);
+    }
   } catch (const tools::Error& error) {
     std::cerr << error.what() << std::endl;
     return 3;
