@@ -5,8 +5,9 @@
 #
 # Groups: build (compile the layers without Qt), desktop (compile the desktop program too), run
 # (run.sh), test (compile and run the tests), docs (docs/screenshots.sh), ci (the checks of
-# .ci/run), bench (bench/run.sh and the programs it compares with), windows (the cross-build and
-# its tests under Wine), windows-desktop (what the package with the desktop program needs beside).
+# .ci/run), fuzz (tests/run-fuzzers.sh), bench (bench/run.sh and the programs it compares with),
+# windows (the cross-build and its tests under Wine), windows-desktop (what the package with the
+# desktop program needs beside).
 # Installs as root, or through sudo; asks nothing. Only a missing package causes an apt call.
 set -eu
 
@@ -19,6 +20,7 @@ packages_bench="7zip libglib2.0-dev nsis pigz pkg-config time unzip xauth xvfb z
 packages_docs="fonts-dejavu-core"
 packages_ci="appstream clang-format clang-tidy desktop-file-utils dpkg-dev file groff-base
   libxml2-utils shared-mime-info"
+packages_fuzz="clang libclang-rt-14-dev"
 packages_windows="dpkg-dev g++-mingw-w64-x86-64-posix googletest icoutils librsvg2-bin
   libz-mingw-w64-dev wine wine64"
 packages_windows_desktop="fonts-liberation fonts-wine unzip xvfb"
@@ -33,6 +35,7 @@ for group in "$@"; do
     bench) wanted="$wanted $packages_bench" ;;
     docs) wanted="$wanted $packages_docs" ;;
     ci) wanted="$wanted $packages_ci" ;;
+    fuzz) wanted="$wanted $packages_fuzz" ;;
     windows) wanted="$wanted $packages_windows" ;;
     windows-desktop) wanted="$wanted $packages_windows_desktop" ;;
     *) echo "debian-packages.sh: unknown group '$group'" >&2; exit 2 ;;
