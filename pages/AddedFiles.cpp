@@ -54,6 +54,15 @@ void TellOfPassedOver(tools::Dialogs& dialogs, const tools::FoundFiles& found) {
        .caption = tools::StandardText(tools::kTextWarning)});
 }
 
+std::vector<std::string> ListFiles(tools::Dialogs& dialogs, const std::string& folder,
+                                   bool withSubfolders) {
+  tools::FoundFiles found =
+      tools::SearchFiles(folder, "*.*", {.includeSubfolders = withSubfolders});
+  tools::RequireAllRead(found);
+  TellOfPassedOver(dialogs, found);
+  return std::move(found.paths);
+}
+
 }  // namespace
 
 std::vector<std::string> AskForFiles(tools::Dialogs& dialogs) {
@@ -75,7 +84,7 @@ std::vector<std::string> FilesIn(tools::Dialogs& dialogs, const DroppedPaths& dr
                            .defaultAnswer = tools::MessageAnswer::Yes}) ==
       tools::MessageAnswer::Yes;
   for (const std::string& folder : dropped.folders) {
-    const std::vector<std::string> found = tools::FindFiles(folder, "*.*", withSubfolders);
+    const std::vector<std::string> found = ListFiles(dialogs, folder, withSubfolders);
     files.insert(files.end(), found.begin(), found.end());
   }
   return files;
@@ -87,11 +96,7 @@ std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolde
       LoadText(withSubfolders ? Text::AddsFilesOfFolderAndSubfolders : Text::AddsFilesOfFolder);
   const std::string folder = dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
   if (folder.empty()) return {};
-  tools::FoundFiles found =
-      tools::SearchFiles(folder, "*.*", {.includeSubfolders = withSubfolders});
-  tools::RequireAllRead(found);
-  TellOfPassedOver(dialogs, found);
-  return std::move(found.paths);
+  return ListFiles(dialogs, folder, withSubfolders);
 }
 
 std::string RefusalOf(const std::vector<std::string>& paths) {

@@ -19,8 +19,9 @@ namespace pages {
 /// tools::Error when the folder cannot be listed.
 [[nodiscard]] std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders);
 
-/// The files that were dropped, and those of the folders: asks once whether with their subfolders.
-/// Raises tools::Error when a folder cannot be listed.
+/// The files that were dropped, and those of the folders: asks once whether with their subfolders,
+/// and says what it passes over as AskForFolder does. Raises tools::Error when a folder cannot be
+/// listed.
 [[nodiscard]] std::vector<std::string> FilesIn(tools::Dialogs& dialogs,
                                                const DroppedPaths& dropped);
 

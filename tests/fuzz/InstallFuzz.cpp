@@ -10,6 +10,7 @@
 #include "tools/Error.h"
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // A file name and, behind a line break, a search pattern.
 #include "tests/fuzz/Fuzz.h"
 #include "tools/Text.h"
-#include "tools/files/Files.h"
+#include "tools/files/FindFiles.h"
 
 void tests::Fuzz(std::string_view input) {
   const std::size_t end = input.find('\n');

@@ -1,6 +1,6 @@
 // A program file, for the reader of its version.
 #include "tests/fuzz/Fuzz.h"
-#include "tools/files/PeVersion.h"
+#include "tools/files/FileInformation.h"
 
 void tests::Fuzz(std::string_view input) {
   const std::string version = tools::PeVersionText([&](std::uint64_t offset, std::size_t size) {

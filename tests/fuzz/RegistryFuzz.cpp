@@ -1,6 +1,6 @@
 // A file of Wine's registry: every key that it lists is opened.
 #include "tests/fuzz/Fuzz.h"
-#include "tools/registry/WineRegistryFile.h"
+#include "tools/registry/WineRegistry.h"
 
 void tests::Fuzz(std::string_view input) {
   constexpr std::size_t kMostKeys = 200;

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "tests/fuzz/Fuzz.h"
-#include "tools/files/Files.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 
 int main(int /*argc*/, char** argv) {

@@ -1,5 +1,3 @@
-#include <random>
-
 #include "tests/support/Testing.h"
 #include "tools/files/FileInformation.h"
 
@@ -54,19 +52,10 @@ TEST(PeVersionTest, ReadsTheFixedFileVersionOfProgramsOnly) {
   EXPECT_EQ(VersionOf("#!/bin/sh\n" + std::string(500, ' ')), "");
 }
 
-TEST(PeVersionTest, SurvivesDamagedFiles) {
+TEST(PeVersionTest, HasNoVersionOfAFileThatIsCutOff) {
   const std::string program = MakeProgram(true);
   for (std::size_t size = 0; size < 0x480 + 92; ++size) {
     EXPECT_EQ(VersionOf(program.substr(0, size)), "") << size;
-  }
-  std::mt19937 random(1);
-  for (int i = 0; i < 20000; ++i) {
-    std::string damaged = program;
-    for (int change = 0; change < 4; ++change) {
-      Put(damaged, random() % (damaged.size() - 4), random() | (random() % 2 ? 0xFFFF0000 : 0),
-          1 + random() % 4);
-    }
-    EXPECT_EQ(VersionOf(damaged).find_first_not_of("0123456789."), std::string::npos);
   }
 }
 
