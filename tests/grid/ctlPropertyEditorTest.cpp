@@ -8,8 +8,6 @@ namespace tests {
 using grid::ctlPropertyEditor;
 using grid::EditReaction;
 
-namespace {
-
 /// A grid with two rows that writes down its changes.
 struct Fixture {
   Fixture() {
@@ -31,8 +29,6 @@ struct Fixture {
   QStringList changes;
 };
 
-}  // namespace
-
 class ctlPropertyEditorTest : public QObject {
   Q_OBJECT
 
@@ -42,24 +38,18 @@ class ctlPropertyEditorTest : public QObject {
     f.grid.AddProperty("", "Titel", "x");
     f.grid.AddProperty("C", "", "x");
     f.grid.AddProperty("a", "Doppelt::", "klein");
-    QCOMPARE(f.grid.ListPropertyNames(), "A; B; a");
     QCOMPARE(Rows(f.List()), "Zielordner=eins|Version=zwei|Doppelt:=klein");
     for (const char* key : {"A", "nicht da", ""}) f.grid.RemoveProperty(key);
-    QCOMPARE(f.grid.GetProperty("a") + f.grid.GetProperty("A"), "klein");
-    f.grid.Clear();
-    f.grid.AddProperty("A", "Wieder da", "1");
-    QCOMPARE(f.grid.ListPropertyNames(), "A");
-    QCOMPARE(f.changes, QStringList());
+    QCOMPARE(f.grid.ListPropertyNames(), "B; a");
+    QCOMPARE(f.grid.GetProperty("a"), "klein");
+    QVERIFY_THROWS_EXCEPTION(tools::Error, f.grid.AddProperty("a", "Noch eine", "x"));
+    QVERIFY_THROWS_EXCEPTION(tools::Error, f.grid.SetProperty("A", "x"));
   }
 
   void OnlyADifferentValueIsAChange() {
     Fixture f;
     for (const char* value : {"eins", "Eins", ""}) f.grid.SetProperty("A", value);
     QCOMPARE(f.changes, QStringList({"A=Eins", "A="}));
-    QVERIFY_THROWS_EXCEPTION(tools::Error, f.grid.AddProperty("A", "Noch eine", "x"));
-    QVERIFY_THROWS_EXCEPTION(tools::Error, f.grid.SetProperty("C", "x"));
-    f.grid.EditProperty("C");
-    QCOMPARE(Rows(f.List()), "Zielordner=|Version=zwei");
   }
 
   void ADoubleClickEditsTheRowInTheDialog() {

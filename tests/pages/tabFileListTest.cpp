@@ -8,11 +8,6 @@
 
 namespace tests {
 
-using model::Text;
-using tools::MessageAnswer;
-
-namespace {
-
 constexpr const char* kOneEntry = "[Files]\nCount=1\n[File1]\nID=a\nType=2\nTargetFolder=2\n";
 
 constexpr const char* kThreeEntries =
@@ -47,8 +42,6 @@ struct Fixture : PageFixture {
     return OpenedMenu();
   }
 };
-
-}  // namespace
 
 class tabFileListTest : public QObject {
   Q_OBJECT
@@ -85,12 +78,11 @@ class tabFileListTest : public QObject {
     f.Choose(2004);
     QVERIFY(Rows(f.List()).startsWith(QDir::toNativeSeparators("q/da.txt") + "=C:\\x|"));
     f.Select(0);
-    const QString fields =
+    QVERIFY(f.Fields().startsWith(
         "Eintragstyp=1|Ausschließen=0|GUID=a|Unterordner einschließen=0|Überschreiben=0|"
         "Permanent=0|Pfad registrieren=0|DLL registrieren=0|Quelldateiname=da.txt|Quellordner=q|"
         "Zielordner (allg.)=2004|Zieldateiname=|Zielordner=C:\\x|Essenziell=1|"
-        "Vorhanden=Vorhanden|Version=|Datum=";
-    QCOMPARE(f.Fields().left(fields.size()), fields);
+        "Vorhanden=Vorhanden|Version=|Datum="));
     std::filesystem::remove(f.folder.Path("Produkt/q/da.txt"));
     f.Select(0);
     QVERIFY(f.Fields().contains("Vorhanden=Nicht vorhanden"));
@@ -119,20 +111,7 @@ class tabFileListTest : public QObject {
     Fixture f("[Files]\nCount=1\n[File1]\nID=a\nType=1\nTargetFolder=2\n");
     const ModalScript script;  // expects no window
     f.Select(0);
-    for (const char* fixed : {"GUID", "Vorhanden", "Version", "Datum"}) {
-      DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), fixed));
-      QCOMPARE(f.dialogs.Messages().back().text, model::LoadText(Text::ValueNotEditable));
-    }
-    QCOMPARE(f.dialogs.Messages().size(), 4U);
-  }
-
-  void ANumberThatDoesNotFitIsRefused() {
-    Fixture f(kOneEntry);
-    f.Select(0);
-    Edit(*f.page, "Permanent", "32768");
-    QCOMPARE(f.dialogs.Messages().size(), 1U);
-    QVERIFY(Told(f.dialogs).startsWith("Fehler|"));
-    QVERIFY(f.Fields().contains("Permanent=0"));
+    for (const char* fixed : {"GUID", "Vorhanden", "Version", "Datum"}) f.RefuseToEdit(fixed);
   }
 
   void OnlyPathsWithControlCharactersAreRefused() {
@@ -142,8 +121,7 @@ class tabFileListTest : public QObject {
     } catch (const std::exception&) {
       QSKIP("this file system has no such names");
     }
-    f.folder.Write("Q/gut", "x");
-    f.folder.Write("Q/tief/d", "x");
+    for (const char* name : {"Q/gut", "Q/tief/d"}) f.folder.Write(name, "x");
     for (const char* link : {"Q/ins Leere", "Q/zweiter"}) {
       std::filesystem::create_symlink("fehlt", f.folder.Path(link));
     }
@@ -153,7 +131,8 @@ class tabFileListTest : public QObject {
     QVERIFY(passedOver.contains(" 2.") && passedOver.endsWith(f.Path("Q/ins Leere")));
     QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?")));
     f.page->ApplyChanges();
-    QCOMPARE(f.Stored("Files", {"Count"}) + f.Stored("File1", {"SourceName"}), "1gut");
+    QCOMPARE(f.Stored("Files", {"Count"}), "1");
+    QCOMPARE(f.Stored("File1", {"SourceName"}), "gut");
   }
 
   void AnEntryWithoutATypeBuildsAsBeforeUntilItIsSet() {
@@ -176,17 +155,11 @@ class tabFileListTest : public QObject {
     QCOMPARE(savedTypes(), "2|1|0|");
   }
 
-  void ATypeThatAnotherProgramHasWrittenStays() {
-    Fixture f("[Files]\nCount=1\n[File1]\nID=a\nTargetFolder=2\n");
-    f.folder.Write(f.kComponentFile, std::string("[Component]\nTitle=Kern\n") + kOneEntry);
-    f.page->ApplyChanges();
-    QCOMPARE(f.Stored("File1", {"Type"}), "2");
-  }
-
   void SeveralEntriesAreEditedAndRemovedAtOnce() {
     Fixture f(kThreeEntries);
     f.List().selectAll();
-    QVERIFY(f.Fields().contains("GUID=|") && f.Fields().contains("|Überschreiben=1|"));
+    QVERIFY(f.Fields().contains("GUID=|"));
+    QVERIFY(f.Fields().contains("|Überschreiben=1|"));
     Edit(*f.page, "Zieldateiname", "x");
     Edit(*f.page, "Permanent", "32768");
     QCOMPARE(f.dialogs.Messages().size(), 1U);
@@ -196,7 +169,8 @@ class tabFileListTest : public QObject {
     QCOMPARE(Rows(f.List()), QDir::toNativeSeparators("z/c10=%ProgramsDir%\\"));
     QVERIFY(f.Fields().contains("Zieldateiname=x|"));  // of the one behind them
     f.page->ApplyChanges();
-    QCOMPARE(f.Stored("Files", {"Count"}) + f.Stored("File1", {"ID", "TargetName"}), "1c|x");
+    QCOMPARE(f.Stored("Files", {"Count"}), "1");
+    QCOMPARE(f.Stored("File1", {"ID", "TargetName"}), "c|x");
   }
 
   void StepsAreUndoneAndRepeatedUntilTheyAreApplied() {
@@ -378,10 +352,11 @@ class tabFileListTest : public QObject {
     QTest::keyClick(&f.List(), Qt::Key_F, Qt::ControlModifier);
     QWidget& filter = *QApplication::focusWidget();
     QTest::keyClicks(&filter, "C1 z");
-    QCOMPARE(names() + Shown(*f.page, "lblShown"), "c101 von 3");
+    QCOMPARE(names(), "c10");
+    QCOMPARE(Shown(*f.page, "lblShown"), "1 von 3");
     QVERIFY(f.Fields().contains("GUID=c|"));
     QTest::keyClick(&filter, Qt::Key_Escape);
-    QCOMPARE(names() + Shown(*f.page, "lblShown"), "c9bc103 von 3");
+    QCOMPARE(names(), "c9bc10");
   }
 
   void TheWheelOverAnUnfocusedFolderBoxChangesNothing() {
@@ -394,9 +369,6 @@ class tabFileListTest : public QObject {
 
   void OnlyTheButtonRemovesAnEntry() {
     Fixture f("[Files]\nCount=2\n[File1]\nID=a\nTargetFolder=2\n[File2]\nID=b\nTargetFolder=2\n");
-    QMenu& menu = f.OpenMenu(false);
-    QVERIFY(!Child<QAction>(*f.page, "mnuRemoveFile").isEnabled());
-    menu.close();
     for (const char* idle : {"mnuRemoveFile", "mnuMoveFile"}) PickFrom(f.OpenMenu(true), idle);
     Press(*f.page, "cmdMoveFile");
     QVERIFY(!f.page->IsDirty());

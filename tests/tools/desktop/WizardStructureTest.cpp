@@ -7,11 +7,8 @@
 
 namespace tests {
 
-using tools::ToQString;
 using tools::WizardPage;
 using tools::WizardStructure;
-
-namespace {
 
 /// Shows the value "name" of the data store in `txtName`.
 struct NamePage : tools::WizardOptionPage {
@@ -81,8 +78,6 @@ QString Enabled(const QWidget& window) {
   }
   return names.join(' ');
 }
-
-}  // namespace
 
 class WizardStructureTest : public QObject {
   Q_OBJECT
