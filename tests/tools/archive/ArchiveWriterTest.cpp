@@ -148,11 +148,14 @@ TEST_F(ArchiveWriterTest, ASourceIsPackedAsItWasAtOneMoment) {
   const std::string large = folder_.Write("in/large", content);
   unsigned changes = 0;
   unsigned mostChanges = 0;
-  const auto change = [&](const ArchiveTotals& /*soFar*/) {
-    if (changes < mostChanges) std::filesystem::resize_file(ToPath(large), 39 * kBlock - ++changes);
+  // The first blocks are written while the last ones are not yet read.
+  tests::FaultyDisk disk;
+  disk.onStep = [&](const tests::FaultyDisk::Taken& taken) {
+    if (taken.step != tests::FaultyDisk::Step::Write || changes >= mostChanges) return;
+    std::filesystem::resize_file(ToPath(large), 39 * kBlock - ++changes);
   };
   for (mostChanges = 0; mostChanges <= 1; ++mostChanges) {
-    ArchiveWriter writer(*disk_, archive_, {.blockMegabytes = 1, .threads = 1}, change);
+    ArchiveWriter writer(disk, archive_, {.blockMegabytes = 1, .threads = 1});
     EXPECT_TRUE(writer.AddFile(small, "small").Succeeded());
     EXPECT_TRUE(writer.AddFile(large, "large").Succeeded());
     folder_.Write("in/small", "longer now");
@@ -164,11 +167,11 @@ TEST_F(ArchiveWriterTest, ASourceIsPackedAsItWasAtOneMoment) {
   EXPECT_EQ(changes, 1U);
 
   mostChanges = 1000;
-  ArchiveWriter writer(*disk_, archive_, {.blockMegabytes = 1, .threads = 1}, change);
+  ArchiveWriter writer(disk, archive_, {.blockMegabytes = 1, .threads = 1});
   EXPECT_TRUE(writer.AddFile(large, "large").cause == kChangesMeanwhile);
   EXPECT_TRUE(writer.AddFile(small, "small").Succeeded());
   EXPECT_EQ(writer.Finish().bytesIn, 10U);
-  EXPECT_EQ(ReadZip(ArchiveBytes()).at(0).content, "longer now");
+  EXPECT_TRUE(ReadZip(ArchiveBytes()).at(0).content == "longer now");
 }
 
 TEST_F(ArchiveWriterTest, TheProgressCallbackCanStopIt) {
