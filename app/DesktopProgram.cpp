@@ -61,7 +61,8 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
   QObject::connect(&window_, &shell::frmMain::CheckWanted, &window_,
                    tools::Guarded(dialogs_, [this](std::int32_t version) {
                      window_.Results().Check(wizards_.CheckOf(version),
-                                             project_.VersionString(version));
+                                             project_.VersionString(version),
+                                             operations_.IsDirty());
                    }));
   QObject::connect(
       qGuiApp, &QGuiApplication::commitDataRequest, &window_,

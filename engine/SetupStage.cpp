@@ -171,7 +171,11 @@ std::optional<tools::Error> SetupStage::Publish(const OutputContent* old) {
     // Often somebody had one of the files open for a moment.
     const std::string stage = hold_->Path();
     Remove();
-    return IsThere(stage) ? std::optional(error) : std::nullopt;
+    try {
+      return IsThere(stage) ? std::optional(error) : std::nullopt;
+    } catch (const tools::Error&) {
+      return error;  // whether it is gone is not known
+    }
   }
 }
 

@@ -125,6 +125,11 @@ void ComponentOperations::AddOne(std::int32_t version, const tools::SettingsFile
 void ComponentOperations::AddSeveral(std::int32_t version, const std::vector<File>& files) {
   const std::int32_t count = project_.ComponentCount(version);
   const bool isEmpty = project_.ComponentSlots(version).empty();
+  constexpr std::int32_t kMostSlots = std::numeric_limits<std::int32_t>::max() / 2;
+  if (!isEmpty && count > kMostSlots) {
+    throw tools::Error("Die Anzahl der Komponenten ist zu groß: " +
+                       project_.VersionFilePath(version));
+  }
   const std::vector<std::int32_t> slots = FreeSlots(version, isEmpty ? 1 : count + 1, files.size());
   Change([&](Undo& undo) {
     if (isEmpty && count > 0) WriteCount(version, 0, undo);

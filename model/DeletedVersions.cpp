@@ -6,6 +6,7 @@
 #include "tools/Error.h"
 #include "tools/files/Files.h"
 #include "tools/files/FindFiles.h"
+#include "tools/files/LinksAndMounts.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
 #include "tools/files/TemporaryFiles.h"
@@ -15,6 +16,25 @@ namespace model {
 namespace {
 
 constexpr std::string_view kMark = ".packwright-deleted";
+
+// The mark holds the folder's own name: in a copy of the folder, or in one renamed, it is none.
+std::string MarkOf(const std::string& folder) {
+  return tools::JoinPath(tools::JoinPath(folder, kMark), tools::FileNamePart(folder));
+}
+
+void DiscardMark(tools::Disk& disk, const std::string& folder) {
+  disk.DiscardFolder(MarkOf(folder));
+  disk.DiscardFolder(tools::JoinPath(folder, kMark));
+}
+
+// What a link leads to is not the version's alone.
+bool IsLink(const std::string& folder) { return tools::LinkTarget(folder) != folder; }
+
+// Another product may list what this one does not.
+bool IsProduct(const tools::FolderEntry& entry) {
+  return entry.kind != tools::FolderEntry::Kind::Folder &&
+         tools::EqualIgnoringAsciiCase(tools::Extension(entry.name), ModProject::kProductExtension);
+}
 
 bool IsListed(const std::string& folder, const ModProject& project) {
   const std::vector<std::string> stored = project.StoredVersionTexts();
@@ -32,17 +52,19 @@ bool AreOneFolder(const std::string& path, const std::string& otherPath) {
 }
 
 void MarkAsDeleted(tools::Disk& disk, const std::string& folder, Undo& undo) {
-  const std::string mark = tools::JoinPath(folder, kMark);
+  if (IsLink(folder)) return;
+  undo.Add([&disk, folder] { DiscardMark(disk, folder); });
   try {
-    disk.MakeFolder(mark);
+    disk.MakeFolder(MarkOf(folder));
   } catch (const tools::Error& error) {
     throw tools::PathError("Die Version kann nicht gelöscht werden", folder, error.Cause());
   }
-  undo.Add([&disk, mark] { disk.DiscardFolder(mark); });
   disk.SyncFolder(folder);
 }
 
 void MoveDeleted(tools::Disk& disk, const std::string& folder, const std::string& to) {
+  // Without the mark it is another folder by now.
+  if (!IsLink(folder) && !tools::FolderExists(MarkOf(folder))) return;
   try {
     disk.MoveFolder(folder, to);
   } catch (const tools::Error&) {
@@ -52,12 +74,16 @@ void MoveDeleted(tools::Disk& disk, const std::string& folder, const std::string
 
 void RemoveDeletedVersions(tools::Disk& disk, const ModProject& project) {
   std::error_code failure;
-  for (const tools::FolderEntry& entry : tools::ListEntries(project.ProductFolder(), failure)) {
+  const std::vector<tools::FolderEntry> entries =
+      tools::ListEntries(project.ProductFolder(), failure);
+  if (std::ranges::count_if(entries, IsProduct) > 1) return;
+  for (const tools::FolderEntry& entry : entries) {
     const std::string folder = tools::JoinPath(project.ProductFolder(), entry.name);
-    const std::string mark = tools::JoinPath(folder, kMark);
-    if (entry.kind != tools::FolderEntry::Kind::Folder || !tools::FolderExists(mark)) continue;
+    if (entry.kind != tools::FolderEntry::Kind::Folder || !tools::FolderExists(MarkOf(folder))) {
+      continue;
+    }
     if (IsListed(folder, project)) {
-      disk.DiscardFolder(mark);
+      DiscardMark(disk, folder);
       continue;
     }
     try {

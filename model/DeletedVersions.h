@@ -13,15 +13,16 @@ namespace model {
 /// True when both paths lead to one folder that is there.
 [[nodiscard]] bool AreOneFolder(const std::string& path, const std::string& otherPath);
 
-/// Marks the folder before its version leaves the product. Raises tools::Error naming it.
+/// Marks the folder before its version leaves the product; a link gets no mark, for what it leads
+/// to is not removed. Raises tools::Error naming the folder.
 void MarkAsDeleted(tools::Disk& disk, const std::string& folder, Undo& undo);
 
-/// Renames the folder to `to`. Raises tools::Error, but not where another program has gone by the
-/// mark already.
+/// Renames a marked folder, or a link, to `to`. Raises tools::Error, but not where another program
+/// has gone by the mark already.
 void MoveDeleted(tools::Disk& disk, const std::string& folder, const std::string& to);
 
 /// Removes the folders that killed deletions have left. What cannot be removed stays, for the next
-/// time.
+/// time; where the folder holds two products all stay.
 void RemoveDeletedVersions(tools::Disk& disk, const ModProject& project);
 
 }  // namespace model

@@ -34,6 +34,8 @@ bool WantsRelativeSources(model::ModProject& project, tools::Dialogs& dialogs) {
 std::string RelativeFolder(const std::string& folder, const std::string& productFolder) {
   if (!tools::IsAbsolutePath(folder) || !tools::IsSameOrBelow(folder, productFolder)) return {};
   std::string relative = folder.substr(std::min(folder.size(), productFolder.size()));
+  // In a relative folder "\\" separates on every machine; here it belongs to a name.
+  if (!tools::IsPathSeparator('\\') && relative.find('\\') != std::string::npos) return {};
   for (char& c : relative) {
     if (tools::IsPathSeparator(c)) c = '/';
   }

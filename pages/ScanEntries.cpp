@@ -1,8 +1,16 @@
 #include "pages/ScanEntries.h"
 
 #include "pages/RelativeSources.h"
+#include "tools/desktop/QtText.h"
 
 namespace pages {
+
+namespace {
+
+// Bytes that no screen shows stay as they are unless the author changed the text.
+std::string AsShown(const std::string& text) { return tools::ToUtf8(tools::ToQString(text)); }
+
+}  // namespace
 
 FolderScan ScanOf(const model::ICFile& entry) {
   return {.folder = entry.SourcePath,
@@ -26,11 +34,12 @@ std::vector<FieldEdit> EditsToScan(const model::ICFile& entry, const FolderScan&
                                    const PageServices& services) {
   const FolderScan before = ScanOf(entry);
   std::vector<FieldEdit> edits;
-  if (scan.folder != before.folder) {
+  if (scan.folder != AsShown(before.folder)) {
     edits.push_back({entry.ID, "SourcePath",
                      OfferRelativeFolder(scan.folder, services.project, services.dialogs)});
   }
-  if (scan.pattern != before.pattern) edits.push_back({entry.ID, "SourceName", scan.pattern});
+  if (scan.pattern != AsShown(before.pattern))
+    edits.push_back({entry.ID, "SourceName", scan.pattern});
   if (scan.withSubfolders != before.withSubfolders) {
     edits.push_back({entry.ID, "IncludeChildren", scan.withSubfolders ? "1" : "0"});
   }

@@ -187,8 +187,12 @@ void tabFileList::ConnectEvents() {
   connect(new FileDrop(*this), &FileDrop::Dropped, this,
           Guarded(dialogs, [this](const DroppedPaths& dropped) { AddDropped(dropped); }));
   new SourceMarks(*this, *document_, *shownEntries_, services_.project, dialogs);
-  connect(shownEntries_, &FileListModel::modelReset, this,
-          [this] { emptyHint_->Update(document_->Entries(), shownEntries_->HasFilter()); });
+  // A reset deselects without a signal: rows of no entry would take edits that nobody keeps.
+  connect(shownEntries_, &FileListModel::modelReset, this, [this] {
+    propsFile->Clear();
+    emptyHint_->Update(document_->Entries(),
+                       shownEntries_->HasFilter() && shownEntries_->CountInFolder() > 0);
+  });
   connect(emptyHint_, &EmptyFileHint::FilterUnwanted, filter_, &FileFilter::Clear);
   connect(emptyHint_, &EmptyFileHint::FolderWanted, this, [this](std::int32_t number) {
     cmbDestinationFolder->setCurrentIndex(cmbDestinationFolder->findData(number));
@@ -366,6 +370,8 @@ void tabFileList::ShowChange(const std::vector<std::string>& ids, bool repeated)
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
   if (repeated) ChooseFolderOf(entries);
   RefreshFileList();
+  // What a step brought back is to be seen.
+  if (repeated && shownEntries_->RowsOf({ids.begin(), ids.end()}).empty()) filter_->Clear();
   if (entries.empty()) {
     const int last = shownEntries_->rowCount() - 1;
     if (!selected.empty() && last >= 0) {

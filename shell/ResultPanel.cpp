@@ -167,7 +167,9 @@ void ResultPanel::ShowBuild(const engine::BuildResult& result, const std::string
   BringUp(result.version, outcome, FactsOf(result));
 }
 
-void ResultPanel::Check(const findings::CheckRequest& request, const std::string& version) {
+void ResultPanel::Check(const findings::CheckRequest& request, const std::string& version,
+                        bool hasUnsavedPages) {
+  checkNote_ = hasUnsavedPages ? ToQString(LoadText(Text::SavedStateIsChecked)) : QString();
   versionText_ = version;
   folder_.clear();
   lsvFindings_->hide();
@@ -181,7 +183,11 @@ void ResultPanel::ShowFindings(const std::vector<engine::BuildMessage>& messages
   BringUp(version_,
           WithVersion(Text::CheckFinished, versionText_) + u": "_s +
               findings::FindingsList::Summary(messages),
-          {});
+          checkNote_);
+}
+
+void ResultPanel::Forget(std::int32_t version) {
+  if (version == version_) Clear();
 }
 
 void ResultPanel::Clear() {

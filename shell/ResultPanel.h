@@ -29,8 +29,11 @@ class ResultPanel : public QDockWidget {
 
   /// Shows what a build of the version with this text came to.
   void ShowBuild(const engine::BuildResult& result, const std::string& version);
-  /// Checks a version in the background and shows what is found.
-  void Check(const findings::CheckRequest& request, const std::string& version);
+  /// Checks a version as it is stored, in the background, and shows what is found.
+  void Check(const findings::CheckRequest& request, const std::string& version,
+             bool hasUnsavedPages);
+  /// What is told is of no use when it is about the version in this slot, which is gone.
+  void Forget(std::int32_t version);
   /// Forgets everything and hides.
   void Clear();
 
@@ -48,6 +51,7 @@ class ResultPanel : public QDockWidget {
   tools::Dialogs& dialogs_;
   std::int32_t version_ = 0;  ///< slot of the version that is told about
   std::string versionText_;
+  QString checkNote_;   ///< what the check that runs does not see
   std::string folder_;  ///< of the setup that is told about; empty when there is none
   QWidget* content_;
   QLabel* lblOutcome_;

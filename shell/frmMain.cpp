@@ -202,6 +202,7 @@ void frmMain::DeleteSelectedNode() {
   });
   // Its pages could only write to files that are gone, or to a later node of the same slot.
   if (trvProjectTree->SelectedNode() == node) return;
+  if (node.tag == kVersionTag) pnlResult->Forget(slots.version);
   DropPages(false);
   startArea_->Update(services_.project.IsOpen(), false);
 }

@@ -18,6 +18,8 @@ class UnsavedPages {
 
   /// Their titles in the order of the tabs, with those whose changes the last Save could not store.
   [[nodiscard]] std::vector<std::string> Titles() const;
+  /// Whether the last Save left changes behind.
+  [[nodiscard]] bool HasFailed() const { return !failed_.empty(); }
   /// Saves every open page, as the main window's command does.
   void Save();
 

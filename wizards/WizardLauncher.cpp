@@ -46,6 +46,7 @@ void WizardLauncher::BuildAgain(std::int32_t version, model::OpenPages& pages) {
   }
   UnsavedPages unsaved(pages, services_.operations);
   OfferSaving(unsaved);
+  if (unsaved.HasFailed()) return;  // the author wanted them in the setup
   const tools::WaitCursor hourglass;
   BuildSetup(services_, settings, version);
 }

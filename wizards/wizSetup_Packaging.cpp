@@ -147,7 +147,7 @@ void wizSetup_Packaging::ChoosePlace(const ChosenPlace& place) {
 
 // The build, or another page, is next.
 void wizSetup_Packaging::hideEvent(QHideEvent* event) {
-  check_.Stop();
+  if (!event->spontaneous()) check_.Stop();
   WizardOptionPage::hideEvent(event);
 }
 

@@ -97,6 +97,10 @@ class BlockDeflater::Continuation {
   // would have to bring forth the block's content, which nobody knew when they were made.
   bool IsPartOf(std::string_view source, std::span<char> deflated) {
     const std::string follower = StoredBlocks({mark_.data(), mark_.size()}, true);
+    // A stored block that is open at the part's end would take the follower as its content, and
+    // give the source's own end where that reads as the follower's header.
+    if (source.ends_with(std::string_view(follower).substr(0, kStoredBlockHeaderBytes)))
+      return false;
     std::ranges::copy(follower, deflated.last(kFollowerBytes).begin());
     return DecodeWhole({deflated.data(), deflated.size()}, source.size() + mark_.size()) &&
            std::memcmp(whole_.get(), source.data(), source.size()) == 0 &&

@@ -194,7 +194,8 @@ bool EarlierArchive::AddToRun(const Record& record, std::size_t& runBegin) {
   if (runBegin == blocks_.size()) pieces_.push_back({.offset = begin});
   const std::uint64_t end = record.dataOffset + record.storedBytes;
   // One behind the other, as they are written: so each lies in the piece, wherever that ends.
-  if (record.headerOffset < begin + pieces_.back().bytes || end - begin > kLargestPiece) {
+  if (record.headerOffset < begin + pieces_.back().bytes || record.dataOffset > end ||
+      record.storedBytes > record.sourceBytes || end - begin > kLargestPiece) {
     return false;
   }
   const bool isStored = record.method == static_cast<std::uint16_t>(ZipMethod::Stored);
