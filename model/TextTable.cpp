@@ -1,8 +1,8 @@
 #include "model/TextTable.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
+#include <iterator>
 
 namespace model {
 
@@ -13,14 +13,15 @@ struct Row {
   const char* words;
 };
 
-constexpr std::array kTexts{
+constexpr Row kTexts[]{
+    // not deduced as std::array: compilers limit that to fewer rows
 #define TEXT(number, name, text) Row{Text::name, text},
 #include "resources/texts.de.inc"
 #undef TEXT
 };
 
 constexpr bool NumbersAscend() {
-  for (std::size_t i = 1; i < kTexts.size(); ++i) {
+  for (std::size_t i = 1; i < std::size(kTexts); ++i) {
     if (kTexts[i].name <= kTexts[i - 1].name) return false;
   }
   return true;
@@ -31,9 +32,9 @@ static_assert(NumbersAscend(), "a number is doubled or out of order");
 
 std::string LoadText(Text text) {
   const auto found =
-      std::lower_bound(kTexts.begin(), kTexts.end(), text,
+      std::lower_bound(std::begin(kTexts), std::end(kTexts), text,
                        [](const Row& row, Text wanted) { return row.name < wanted; });
-  return found != kTexts.end() && found->name == text ? found->words : std::string{};
+  return found != std::end(kTexts) && found->name == text ? found->words : std::string{};
 }
 
 }  // namespace model

@@ -23,6 +23,7 @@ const model::FileEntryField* FieldOf(std::string_view name) {
 
 std::vector<std::string> IdsOf(const std::vector<FieldEdit>& edits) {
   std::vector<std::string> ids;
+  ids.reserve(edits.size());
   for (const FieldEdit& edit : edits) ids.push_back(edit.id);
   return ids;
 }

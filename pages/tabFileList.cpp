@@ -346,6 +346,7 @@ void tabFileList::ChangeProperty(const QString& name, const QString& text) {
   if (ids.empty()) return;
   SetDirty(true);
   std::vector<FieldEdit> edits;
+  edits.reserve(ids.size());
   for (const std::string& id : ids) edits.push_back({id, tools::ToUtf8(name), tools::ToUtf8(text)});
   try {
     document_->Set(edits);

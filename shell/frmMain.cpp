@@ -8,6 +8,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QVBoxLayout>
 
 #include "model/TextTable.h"
 #include "shell/ErrorList.h"

@@ -200,7 +200,7 @@ void frmMain::BuildKeys() {
                  {[this] { return trvProjectTree; }, [this] { return tabDataEditor; }, page,
                   [this] { return startArea_->Page(); }, [this] { return pnlResult; },
                   [this] { return tbrMain; }},
-                 tools::Guarded(services_.dialogs, [this, page] {
+                 tools::Guarded(services_.dialogs, [page] {
                    const QWidget* shown = page();
                    OpenGuide(GuideChapter(
                        shown == nullptr ? QString()

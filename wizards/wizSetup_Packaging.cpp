@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHideEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>

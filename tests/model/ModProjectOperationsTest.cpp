@@ -175,6 +175,23 @@ TEST_F(ModProjectOperationsTest, DeletingOneOfTwoSlotsWithOneVersionKeepsItsFold
   EXPECT_TRUE(Holds("Version 1.0.0/product.version"));
 }
 
+TEST_F(ModProjectOperationsTest, OnlyWhatAKilledDeletionLeftIsRemovedByTheNext) {
+  const std::string mark = "/.packwright-deleted/Version 0.9";
+  folder.MakeFolder("Produkt/Version 0.9" + mark);
+  folder.MakeFolder("Produkt/Version 0.9 Sicherung" + mark);
+  AddVersion("1.1.0");
+  EXPECT_FALSE(folder.Holds("Produkt/Version 0.9"));
+  EXPECT_TRUE(folder.Holds("Produkt/Version 0.9 Sicherung"));
+
+  // Behind a link lies what is somebody's own.
+  std::filesystem::rename(folder.Path("Produkt/Version 1.0.0"), folder.Path("Produkt/basis"));
+  std::filesystem::create_directory_symlink("basis", folder.Path("Produkt/Version 1.0.0"));
+  DeleteVersion(tools::MessageAnswer::Yes);
+  AddVersion("1.2.0");
+  EXPECT_FALSE(folder.Holds("Produkt/Version 1.0.0"));
+  EXPECT_TRUE(folder.Holds("Produkt/basis/product.version"));
+}
+
 TEST_F(ModProjectOperationsTest, DeletesNothingWhenTheSlotHoldsSomethingElseThanShown) {
   SetUpProduct("Count=1\nVer1=1.0.0\n", "A");
   DeleteVersion(MessageAnswer::Yes, "2.0.0");

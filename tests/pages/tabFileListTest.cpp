@@ -354,10 +354,9 @@ class tabFileListTest : public QObject {
     QTest::keyClicks(&filter, "C1 z");
     QCOMPARE(names(), "c10");
     QCOMPARE(Shown(*f.page, "lblShown"), "1 von 3");
+    QVERIFY(f.Fields().contains("GUID=c|"));
     QTest::keyClicks(&filter, "nichts");
     QCOMPARE(f.Fields(), "");  // of no entry
-    for (int i = 0; i < 6; ++i) QTest::keyClick(&filter, Qt::Key_Backspace);
-    QVERIFY(f.Fields().contains("GUID=c|"));
     QTest::keyClick(&filter, Qt::Key_Escape);
     QCOMPARE(names(), "c9bc10");
   }

@@ -126,7 +126,7 @@ class ArchiveWriter::Implementation {
   /// archive is without it then.
   bool Add(SteadySource& source, ArchiveSource description, std::uint64_t& bytes) {
     bytes = description.stamp.size;
-    if (description.stamp.size > blockBytes_) return AddBlocks(source, std::move(description));
+    if (description.stamp.size > blockBytes_) return AddBlocks(source, description);
     std::optional<std::string> content = source.Whole(blockBytes_);
     if (!content || !source.IsUnchanged()) return false;
     bytes = content->size();
@@ -139,7 +139,7 @@ class ArchiveWriter::Implementation {
 
   // Blocks are packed while the next ones are read; the last one is only added when it is known
   // that all of them are of one state of the file.
-  bool AddBlocks(SteadySource& source, ArchiveSource description) {
+  bool AddBlocks(SteadySource& source, const ArchiveSource& description) {
     FlushSmallFiles();
     const auto member = std::make_shared<LargeMember>(assembler_, description, blockBytes_);
     for (std::uint64_t i = 1; i <= member->Blocks(); ++i) {

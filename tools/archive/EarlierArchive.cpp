@@ -214,8 +214,13 @@ bool EarlierArchive::AddToRun(const Record& record, std::size_t& runBegin) {
 std::span<const EarlierArchive::Block> EarlierArchive::Find(std::size_t sourceBytes,
                                                             std::uint32_t crc32) const {
   const std::pair key(static_cast<std::uint32_t>(sourceBytes), crc32);
-  const auto found = std::ranges::equal_range(blocks_, key, {}, KeyOf);
-  return {found.begin(), found.end()};
+  const auto begin = std::lower_bound(
+      blocks_.begin(), blocks_.end(), key,
+      [](const Block& block, const auto& wanted) { return KeyOf(block) < wanted; });
+  const auto end = std::upper_bound(
+      begin, blocks_.end(), key,
+      [](const auto& wanted, const Block& block) { return wanted < KeyOf(block); });
+  return {begin, end};
 }
 
 bool EarlierArchive::Read(std::uint32_t piece, std::span<char> buffer) const {
