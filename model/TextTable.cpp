@@ -13,8 +13,9 @@ struct Row {
   const char* words;
 };
 
+// Not a std::array whose size is deduced: compilers limit that to fewer rows.
 constexpr Row kTexts[]{
-    // not deduced as std::array: compilers limit that to fewer rows
+// not deduced as std::array: compilers limit that to fewer rows
 #define TEXT(number, name, text) Row{Text::name, text},
 #include "resources/texts.de.inc"
 #undef TEXT
