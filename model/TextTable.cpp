@@ -15,7 +15,6 @@ struct Row {
 
 // Not a std::array whose size is deduced: compilers limit that to fewer rows.
 constexpr Row kTexts[]{
-// not deduced as std::array: compilers limit that to fewer rows
 #define TEXT(number, name, text) Row{Text::name, text},
 #include "resources/texts.de.inc"
 #undef TEXT
