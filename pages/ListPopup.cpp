@@ -14,7 +14,8 @@ ListPopup::ListPopup(QAbstractItemView& list, QMenu& menu)
 }
 
 bool ListPopup::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == list_.viewport() && event->type() == QEvent::MouseButtonPress) {
+  // The type first: the viewport outlives the list for a moment and gets events then.
+  if (event->type() == QEvent::MouseButtonPress && watched == list_.viewport()) {
     const auto& press = static_cast<const QMouseEvent&>(*event);
     if (press.button() == Qt::RightButton) {
       // The list selects the row under the mouse first.
