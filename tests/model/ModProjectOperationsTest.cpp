@@ -185,7 +185,9 @@ TEST_F(ModProjectOperationsTest, OnlyWhatAKilledDeletionLeftIsRemovedByTheNext) 
 
   // Behind a link lies what is somebody's own.
   std::filesystem::rename(folder.Path("Produkt/Version 1.0.0"), folder.Path("Produkt/basis"));
-  std::filesystem::create_directory_symlink("basis", folder.Path("Produkt/Version 1.0.0"));
+  std::error_code error;
+  std::filesystem::create_directory_symlink("basis", folder.Path("Produkt/Version 1.0.0"), error);
+  if (error) GTEST_SKIP() << "links cannot be made here";
   DeleteVersion(tools::MessageAnswer::Yes);
   AddVersion("1.2.0");
   EXPECT_FALSE(folder.Holds("Produkt/Version 1.0.0"));

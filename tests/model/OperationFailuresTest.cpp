@@ -90,11 +90,22 @@ const Operation kOperations[] = {
        p.operations.NewProduct();
      }}};
 
+/// The product's content before and after an operation that nothing fails.
+struct Contents {
+  Contents(const Operation& operation, const std::string& fileName) {
+    OpenedProduct product(fileName);
+    old = product.Content(true);
+    operation.run(product);
+    whole = product.Content(true);
+  }
+
+  std::map<std::string, std::string> old;
+  std::map<std::string, std::string> whole;
+};
+
 /// Fails the `call`-th call of `step`; false when the operation has no such call.
-bool FailAndRetry(const Operation& operation, const std::string& fileName, Step step, int call) {
-  OpenedProduct whole(fileName);
-  const auto old = whole.Content(true);
-  operation.run(whole);
+bool FailAndRetry(const Operation& operation, const std::string& fileName, const Contents& contents,
+                  Step step, int call) {
   OpenedProduct product(fileName);
   product.disk.FailOnce(step, call);
   const std::string error = ErrorOf([&] { operation.run(product); });
@@ -105,14 +116,14 @@ bool FailAndRetry(const Operation& operation, const std::string& fileName, Step 
   EXPECT_THAT(error, AllOf(HasSubstr(product.folder.Path()), HasSubstr("Kein Speicherplatz")));
   // What could not be removed at the end is hidden, and named.
   const bool done = step == Step::RemoveFolderTree;
-  EXPECT_EQ(product.Content(!done), done ? whole.Content(true) : old);
+  EXPECT_EQ(product.Content(!done), done ? contents.whole : contents.old);
   EXPECT_EQ(done, error.find(".packwright-") != std::string::npos) << error;
   if (product.project.IsOpen()) {
     EXPECT_EQ(product.shown, Listing(product.project));
   }
   if (done) return true;
   operation.run(product);
-  EXPECT_EQ(product.Content(true), whole.Content(true)) << "again";
+  EXPECT_EQ(product.Content(true), contents.whole) << "again";
   return true;
 }
 
@@ -192,9 +203,10 @@ TEST(OperationFailuresTest, LeaveTheProductAsItWas) {
   for (const Operation& operation : kOperations) {
     int failures = 0;
     for (const char* fileName : {"Demo.product", "demo.product"}) {
+      const Contents contents(operation, fileName);
       for (std::size_t step = 0; step < FaultyDisk::kFailingSteps; ++step) {
         int call = 1;
-        while (FailAndRetry(operation, fileName, static_cast<Step>(step), call)) ++call;
+        while (FailAndRetry(operation, fileName, contents, static_cast<Step>(step), call)) ++call;
         failures += call - 1;
       }
     }
