@@ -21,12 +21,16 @@ std::string ProgramFolder() {
 DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
     : settings_(disk_),
       registry_(tools::OpenSystemRegistry(disk_)),
-      dialogs_(dialogs != nullptr ? *dialogs : desktopDialogs_),
       project_(settings_),
-      newProductForm_(*registry_, dialogs_),
-      operations_(project_, disk_, dialogs_, clock_, newProductForm_),
-      components_(project_, disk_, dialogs_),
       pageRegistry_(pages::AllPages()),
+      window_({.project = project_,
+               .disk = disk_,
+               .clock = clock_,
+               .dialogs = dialogs,
+               .registry = *registry_,
+               .pageRegistry = pageRegistry_}),
+      dialogs_(window_.Dialogs()),
+      operations_(window_.Operations()),
       wizards_({.project = project_,
                 .operations = operations_,
                 .dialogs = dialogs_,
@@ -37,20 +41,16 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                 .isEndWanted = [this] { return isEndWanted_; },
                 .onBuilt = [this](const engine::BuildResult& result) { ShowResult(result); },
                 .showPlace =
-                    [this](std::int32_t version, const wizards::ChosenPlace& place) {
+                    [this](model::VersionSlot version, const wizards::ChosenPlace& place) {
                       window_.ShowPlace(version, place.component, place.entry);
-                    }}),
-      window_({.project = project_,
-               .operations = operations_,
-               .components = components_,
-               .dialogs = dialogs_,
-               .registry = *registry_,
-               .pageRegistry = pageRegistry_}) {
-  using Launch = void (wizards::WizardLauncher::*)(std::int32_t, model::OpenPages&);
+                    }},
+               &window_) {
+  using Launch = void (wizards::WizardLauncher::*)(model::VersionSlot, model::OpenPages&);
   const auto launch = [this](Launch start) {
-    return tools::Guarded(dialogs_, [this, start](std::int32_t version, model::OpenPages& pages) {
-      (wizards_.*start)(version, pages);
-    });
+    return tools::Guarded(dialogs_,
+                          [this, start](model::VersionSlot version, model::OpenPages& pages) {
+                            (wizards_.*start)(version, pages);
+                          });
   };
   QObject::connect(&window_, &shell::frmMain::SetupWizardWanted, &window_,
                    launch(&wizards::WizardLauncher::StartSetupWizard));
@@ -59,7 +59,7 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
   QObject::connect(&window_, &shell::frmMain::BuildAgainWanted, &window_,
                    launch(&wizards::WizardLauncher::BuildAgain));
   QObject::connect(&window_, &shell::frmMain::CheckWanted, &window_,
-                   tools::Guarded(dialogs_, [this](std::int32_t version) {
+                   tools::Guarded(dialogs_, [this](model::VersionSlot version) {
                      window_.Results().Check(wizards_.CheckOf(version),
                                              project_.VersionString(version),
                                              operations_.IsDirty());
@@ -67,9 +67,6 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
   QObject::connect(
       qGuiApp, &QGuiApplication::commitDataRequest, &window_,
       [this](QSessionManager& session) { OnSessionEnd(session); }, Qt::DirectConnection);
-  desktopDialogs_.SetParent(&window_);
-  newProductForm_.SetParent(&window_);
-  wizards_.SetParent(&window_);
 }
 
 DesktopProgram::~DesktopProgram() = default;

@@ -6,14 +6,10 @@
 #include <memory>
 
 #include "app/EndSignals.h"
-#include "model/ComponentOperations.h"
 #include "model/ModProject.h"
-#include "model/ModProjectOperations.h"
 #include "pages/PageRegistry.h"
-#include "shell/NewProductDialog.h"
 #include "shell/frmMain.h"
 #include "tools/Clock.h"
-#include "tools/desktop/DesktopDialogs.h"
 #include "tools/files/Disk.h"
 #include "tools/registry/Registry.h"
 #include "tools/settings/SettingsStore.h"
@@ -56,15 +52,12 @@ class DesktopProgram {
   tools::SettingsStore settings_;
   std::unique_ptr<tools::Registry> registry_;
   tools::SystemClock clock_;
-  tools::DesktopDialogs desktopDialogs_;
-  tools::Dialogs& dialogs_;
   model::ModProject project_;
-  shell::NewProductDialog newProductForm_;
-  model::ModProjectOperations operations_;
-  model::ComponentOperations components_;
   pages::PageRegistry pageRegistry_;
-  wizards::WizardLauncher wizards_;
   shell::frmMain window_;
+  tools::Dialogs& dialogs_;
+  model::ModProjectOperations& operations_;
+  wizards::WizardLauncher wizards_;
   EndSignals endSignals_{[this] { End(); }};
 };
 

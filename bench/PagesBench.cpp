@@ -63,7 +63,6 @@ class Area : public shell::EditorArea {
   [[nodiscard]] QWidget* PageParent() override { return &window_; }
   void PositionExtender(QWidget& page) override { page.setGeometry(window_.rect()); }
   void ShowStatusText(const std::string&) override {}
-  void ShowHourglass(bool) override {}
   void Show() { window_.show(); }
 
  private:

@@ -21,9 +21,9 @@ void OpenProduct(model::ModProject& project, const std::string& path) {
   }
 }
 
-std::int32_t FindVersion(const model::ModProject& project, const std::string& wanted) {
+model::VersionSlot FindVersion(const model::ModProject& project, const std::string& wanted) {
   std::string known;
-  for (const std::int32_t version : project.VersionSlots()) {
+  for (const model::VersionSlot version : project.VersionSlots()) {
     const std::string text = project.VersionString(version);
     if (tools::EqualIgnoringCase(tools::TrimBlanks(text), tools::TrimBlanks(wanted))) {
       return version;

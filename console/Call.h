@@ -25,7 +25,8 @@ struct BadCall {
 void OpenProduct(model::ModProject& project, const std::string& path);
 
 /// The slot of a version. Raises BadCall that names the versions there are.
-[[nodiscard]] std::int32_t FindVersion(const model::ModProject& project, const std::string& wanted);
+[[nodiscard]] model::VersionSlot FindVersion(const model::ModProject& project,
+                                             const std::string& wanted);
 
 /// The date that the environment sets for all that a setup holds (SOURCE_DATE_EPOCH):
 /// the seconds since 1970-01-01 UTC that `text` gives; nothing when it is empty. Raises BadCall for

@@ -37,7 +37,7 @@ void JsonReport::OnMessage(const engine::BuildMessage& message) {
   Tell({{"event", isError ? "error" : "warning"},
         {"text", message.text},
         {"detail", message.detail},
-        {"component", message.component},
+        {"component", std::int32_t{message.component}},
         {"componentTitle", message.componentTitle},
         {"entry", message.entry}});
 }
@@ -54,13 +54,13 @@ void JsonReport::ProofEnd(const setup::ProofResult& result) {
 
 void JsonReport::Listing(const model::ModProject& project) {
   Json versions = Json::array();
-  for (const std::int32_t version : project.VersionSlots()) {
+  for (const model::VersionSlot version : project.VersionSlots()) {
     Json components = Json::array();
-    ForEachComponent(project, version, [&](std::int32_t slot, const std::string& title) {
-      components.push_back({{"slot", slot}, {"title", title}});
+    ForEachComponent(project, version, [&](model::ComponentSlot slot, const std::string& title) {
+      components.push_back({{"slot", std::int32_t{slot}}, {"title", title}});
     });
     versions.push_back({{"version", project.VersionString(version)},
-                        {"slot", version},
+                        {"slot", std::int32_t{version}},
                         {"components", std::move(components)}});
   }
   Tell({{"event", "product"}, {"title", project.ProductTitle()}, {"versions", versions}});

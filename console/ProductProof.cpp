@@ -56,7 +56,7 @@ std::vector<setup::Finding> ProblemsOf(const engine::Survey& survey) {
 
 }  // namespace
 
-setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int32_t version,
+setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, model::VersionSlot version,
                                      engine::Survey& survey, const tools::Clock& clock) {
   setup::ExpectedSetup expected;
   expected.title = project.ProductTitle();
@@ -81,7 +81,7 @@ setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, std::int3
 }
 
 setup::ProofResult ProveVersion(const setup::Setup& setup, const model::ModProject& project,
-                                std::int32_t version, const tools::Clock& clock,
+                                model::VersionSlot version, const tools::Clock& clock,
                                 const std::function<void(const tools::Progress&)>& onProgress) {
   setup::ExpectedSetup expected;
   std::vector<setup::Finding> problems;

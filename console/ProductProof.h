@@ -14,13 +14,14 @@ namespace console {
 
 /// What the setup of the version has to hold. Takes the sources out of `survey`.
 [[nodiscard]] setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project,
-                                                   std::int32_t version, engine::Survey& survey,
+                                                   model::VersionSlot version,
+                                                   engine::Survey& survey,
                                                    const tools::Clock& clock);
 
 /// Proves the setup on all processors. What kept the version from being surveyed whole, such as a
 /// missing source, is among the findings. Raises tools::Error, and what `onProgress` raises.
 [[nodiscard]] setup::ProofResult ProveVersion(
-    const setup::Setup& setup, const model::ModProject& project, std::int32_t version,
+    const setup::Setup& setup, const model::ModProject& project, model::VersionSlot version,
     const tools::Clock& clock, const std::function<void(const tools::Progress&)>& onProgress);
 
 }  // namespace console

@@ -26,7 +26,7 @@ namespace console {
 
 namespace {
 
-std::string StoredOutputFolder(const model::ModProject& project, std::int32_t version) {
+std::string StoredOutputFolder(const model::ModProject& project, model::VersionSlot version) {
   const model::StoredOptions stored(project, version);
   const std::int32_t configuration = stored.ActiveConfiguration();
   std::string folder = stored.Of(configuration).folder;
@@ -38,7 +38,7 @@ std::string StoredOutputFolder(const model::ModProject& project, std::int32_t ve
       " ([BuildCommon] ActiveConfig=" + std::to_string(configuration) + ")");
 }
 
-engine::BuildOptions OptionsFor(const model::ModProject& project, std::int32_t version,
+engine::BuildOptions OptionsFor(const model::ModProject& project, model::VersionSlot version,
                                 const CommandLine& line, const std::string& workingFolder) {
   engine::BuildOptions options;
   options.packaged = line.zip;
@@ -68,7 +68,7 @@ ExitCode Check(model::ModProject& project, const CommandLine& line,
                const Surroundings& surroundings, Report& report) {
   try {
     OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
-    const std::int32_t version = FindVersion(project, line.version);
+    const model::VersionSlot version = FindVersion(project, line.version);
     const engine::BuildOptions options =
         OptionsFor(project, version, line, surroundings.workingFolder);
     return TellFindings(engine::CheckBuild(project, options, version, surroundings.programFolder,
@@ -130,7 +130,7 @@ void Tell(const setup::Finding& finding, Report& report) {
 }
 
 /// Proves the setup that was just built; its findings are told like the errors of the build.
-ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version,
+ExitCode ProveBuilt(const model::ModProject& project, model::VersionSlot version,
                     const std::string& outputFolder, const tools::Clock& clock, Report& report) {
   setup::ProofResult result;
   try {
@@ -146,8 +146,8 @@ ExitCode ProveBuilt(const model::ModProject& project, std::int32_t version,
 }
 
 ExitCode Build(const model::ModProject& project, const engine::BuildOptions& options,
-               std::int32_t version, const CommandLine& line, const Surroundings& surroundings,
-               Report& report) {
+               model::VersionSlot version, const CommandLine& line,
+               const Surroundings& surroundings, Report& report) {
   if (line.overwrite) report.Allow(Replaceable::EarlierSetup);
   if (line.force) report.Allow(Replaceable::Everything);
   const std::optional<std::int64_t> date = SourceDate(surroundings.sourceDate);
@@ -179,7 +179,7 @@ ExitCode Run(const CommandLine& line, const Surroundings& surroundings, Report& 
     report.Listing(project);
     return ExitCode::Built;
   }
-  const std::int32_t version = FindVersion(project, line.version);
+  const model::VersionSlot version = FindVersion(project, line.version);
   const engine::BuildOptions options =
       OptionsFor(project, version, line, surroundings.workingFolder);
   return Build(project, options, version, line, surroundings, report);

@@ -14,10 +14,10 @@ void Report::OnProofProgress(const tools::Progress& progress) {
   if (IsProgressDue()) OnProgress(progress);
 }
 
-void Report::ForEachComponent(const model::ModProject& project, std::int32_t version,
+void Report::ForEachComponent(const model::ModProject& project, model::VersionSlot version,
                               const ComponentTeller& tell) const {
   ThrowIfStopped();
-  for (const std::int32_t slot :
+  for (const model::ComponentSlot slot :
        project.PossibleComponentSlots(version, [this] { ThrowIfStopped(); })) {
     ThrowIfStopped();
     const std::string title = project.ComponentTitle(version, slot);

@@ -35,9 +35,9 @@ class Report : public CallReport, public engine::BuildObserver {
   virtual void Summary(const engine::BuildSummary& summary) = 0;
 
  protected:
-  using ComponentTeller = std::function<void(std::int32_t slot, const std::string& title)>;
+  using ComponentTeller = std::function<void(model::ComponentSlot slot, const std::string& title)>;
   /// Tells of each component of a version as it is read. Raises tools::Stopped.
-  void ForEachComponent(const model::ModProject& project, std::int32_t version,
+  void ForEachComponent(const model::ModProject& project, model::VersionSlot version,
                         const ComponentTeller& tell) const;
 
  private:

@@ -56,9 +56,9 @@ void TextReport::ProofEnd(const setup::ProofResult& result) {
 void TextReport::Listing(const model::ModProject& project) {
   const auto shown = [](const std::string& text) { return tools::EscapeControlCharacters(text); };
   Output() << shown(project.ProductTitle()) << '\n';
-  for (const std::int32_t version : project.VersionSlots()) {
+  for (const model::VersionSlot version : project.VersionSlots()) {
     Output() << "  " << shown(project.VersionString(version)) << '\n';
-    ForEachComponent(project, version, [&](std::int32_t slot, const std::string& title) {
+    ForEachComponent(project, version, [&](model::ComponentSlot slot, const std::string& title) {
       Output() << "    " << slot << "  " << shown(title) << '\n';
     });
   }

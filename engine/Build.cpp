@@ -30,8 +30,8 @@ namespace {
 
 class Build {
  public:
-  Build(const BuildEnvironment& environment, const BuildOptions& options, std::int32_t version,
-        BuildObserver& observer)
+  Build(const BuildEnvironment& environment, const BuildOptions& options,
+        model::VersionSlot version, BuildObserver& observer)
       : environment_(environment),
         options_(options),
         version_(version),
@@ -236,7 +236,7 @@ class Build {
 
   const BuildEnvironment& environment_;
   const BuildOptions& options_;
-  std::int32_t version_;
+  model::VersionSlot version_;
   BuildObserver& observer_;
   std::string title_;
   BuildProgress progress_;
@@ -254,7 +254,7 @@ class Build {
 }  // namespace
 
 BuildSummary BuildVersion(const BuildEnvironment& environment, const BuildOptions& options,
-                          std::int32_t version, BuildObserver& observer) {
+                          model::VersionSlot version, BuildObserver& observer) {
   return Build(environment, options, version, observer).Run();
 }
 

@@ -78,7 +78,7 @@ struct BuildSummary {
 /// version text, a version without a usable file, an output folder that another build holds, a full
 /// or read-only disk for it, the script or the log.
 [[nodiscard]] BuildSummary BuildVersion(const BuildEnvironment& environment,
-                                        const BuildOptions& options, std::int32_t version,
+                                        const BuildOptions& options, model::VersionSlot version,
                                         BuildObserver& observer);
 
 }  // namespace engine

@@ -28,7 +28,7 @@ bool IsWholeNumber(std::string_view text) {
 
 class Checker {
  public:
-  Checker(const model::ModProject& project, const BuildOptions& options, std::int32_t version,
+  Checker(const model::ModProject& project, const BuildOptions& options, model::VersionSlot version,
           const std::string& programFolder)
       : project_(project), version_(version), options_(options), programFolder_(programFolder) {}
 
@@ -105,14 +105,14 @@ class Checker {
   void CheckComponentFiles() {
     const std::int32_t count = project_.ComponentCount(version_);
     const ComponentFiles files = ListComponentFiles(project_, version_);
-    for (const std::int32_t slot : files.slots) {
+    for (const model::ComponentSlot slot : files.slots) {
       CheckComponentSettings(project_, version_, slot, findings_);
       CheckWithin(count, slot, project_.ComponentFilePath(version_, slot));
     }
     for (const MisnamedFile& file : files.misnamed) CheckWithin(count, file.slot, file.path);
   }
 
-  void CheckWithin(std::int32_t count, std::int32_t slot, const std::string& path) {
+  void CheckWithin(std::int32_t count, model::ComponentSlot slot, const std::string& path) {
     if (slot <= count) return;
     findings_.Report("Die Komponentendatei liegt jenseits der Anzahl der Komponenten (" +
                          std::to_string(count) + "): " + path,
@@ -136,7 +136,7 @@ class Checker {
   }
 
   const model::ModProject& project_;
-  std::int32_t version_;
+  model::VersionSlot version_;
   const BuildOptions& options_;
   std::string programFolder_;
   std::string title_;
@@ -148,8 +148,8 @@ class Checker {
 }  // namespace
 
 std::vector<BuildMessage> CheckBuild(const model::ModProject& project, const BuildOptions& options,
-                                     std::int32_t versionIndex, const std::string& programFolder,
-                                     const SurveyStep& step) {
+                                     model::VersionSlot versionIndex,
+                                     const std::string& programFolder, const SurveyStep& step) {
   return Checker(project, options, versionIndex, programFolder).Run(step);
 }
 

@@ -18,7 +18,7 @@ namespace engine {
 /// Raises only tools::Stopped, from `step`.
 [[nodiscard]] std::vector<BuildMessage> CheckBuild(const model::ModProject& project,
                                                    const BuildOptions& options,
-                                                   std::int32_t versionIndex,
+                                                   model::VersionSlot versionIndex,
                                                    const std::string& programFolder,
                                                    const SurveyStep& step = {});
 

@@ -22,9 +22,9 @@ namespace engine {
 
 /// Where in the product a problem lies; zeros and empty text where it has no place there.
 struct Place {
-  std::int32_t component = 0;       ///< component slot
-  std::string_view componentTitle;  ///< must live as long as this object
-  std::int32_t entry = 0;           ///< entry number in the component
+  model::ComponentSlot component = 0;  ///< component slot
+  std::string_view componentTitle;     ///< must live as long as this object
+  std::int32_t entry = 0;              ///< entry number in the component
 };
 
 class BuildLog {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/Slots.h"
 #include "tools/Progress.h"
 
 namespace engine {
@@ -44,9 +45,9 @@ enum class Severity { Warning, Error };
 /// A problem, with its place in the product.
 struct BuildMessage {
   Severity severity = Severity::Error;
-  std::string text;            ///< as in the log, without "Warning: " or "ERROR: "
-  std::string detail;          ///< the cause, where the log's text does not hold it
-  std::int32_t component = 0;  ///< component slot, 0 when it belongs to none
+  std::string text;                    ///< as in the log, without "Warning: " or "ERROR: "
+  std::string detail;                  ///< the cause, where the log's text does not hold it
+  model::ComponentSlot component = 0;  ///< component slot, 0 when it belongs to none
   std::string componentTitle;
   std::int32_t entry = 0;  ///< entry number in the component, 0 when it belongs to none
 };

@@ -15,7 +15,7 @@ struct BuildResult {
   /// So many messages are kept; the log holds all of them.
   static constexpr std::size_t kMostMessages = 10'000;
 
-  std::int32_t version = 0;  ///< slot
+  model::VersionSlot version = 0;  ///< slot
   BuildSummary summary;
   std::string failure;  ///< why the build could not run or end at all; empty for any other end
   std::vector<BuildMessage> messages;

@@ -130,7 +130,7 @@ class ComponentCheck {
 
 }  // namespace
 
-void CheckProductSettings(const model::ModProject& project, std::int32_t version,
+void CheckProductSettings(const model::ModProject& project, model::VersionSlot version,
                           Findings& findings) {
   CheckFile(project, project.ProductPath(), findings);
   findings.Try({}, [&] { CheckFile(project, project.VersionFilePath(version), findings); });
@@ -150,8 +150,8 @@ void CheckProductSettings(const model::ModProject& project, std::int32_t version
   }
 }
 
-void CheckComponentSettings(const model::ModProject& project, std::int32_t version,
-                            std::int32_t slot, Findings& findings) {
+void CheckComponentSettings(const model::ModProject& project, model::VersionSlot version,
+                            model::ComponentSlot slot, Findings& findings) {
   findings.Try({slot, {}, 0}, [&] {
     const std::string path = project.ComponentFilePath(version, slot);
     if (LookAt(path) != tools::PathKind::File) return;
@@ -166,7 +166,7 @@ namespace {
 
 class Finder {
  public:
-  Finder(const model::ModProject& project, std::int32_t version,
+  Finder(const model::ModProject& project, model::VersionSlot version,
          const std::function<void(const std::string&, const Place&)>& report)
       : project_(project), version_(version), report_(report) {}
 
@@ -211,14 +211,14 @@ class Finder {
   }
 
   const model::ModProject& project_;
-  std::int32_t version_;
+  model::VersionSlot version_;
   const std::function<void(const std::string&, const Place&)>& report_;
 };
 
 }  // namespace
 
 void FindControlCharacters(
-    const model::ModProject& project, std::int32_t version, const Survey& survey,
+    const model::ModProject& project, model::VersionSlot version, const Survey& survey,
     const std::function<void(const std::string& text, const Place& place)>& report) {
   Finder finder(project, version, report);
   finder.LookAtProduct();

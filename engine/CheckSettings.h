@@ -15,19 +15,19 @@ namespace engine {
 
 /// Reports damage in the files of the product and of the version, and numbers in them that are out
 /// of range.
-void CheckProductSettings(const model::ModProject& project, std::int32_t version,
+void CheckProductSettings(const model::ModProject& project, model::VersionSlot version,
                           Findings& findings);
 
 /// Reports damage in the file of a component, numbers in it that are out of range, and sections
 /// that its number of entries leaves out.
-void CheckComponentSettings(const model::ModProject& project, std::int32_t version,
-                            std::int32_t slot, Findings& findings);
+void CheckComponentSettings(const model::ModProject& project, model::VersionSlot version,
+                            model::ComponentSlot slot, Findings& findings);
 
 /// Calls `report` for each value that a build would write into script or log and that holds a
 /// control character, with a sentence that names file, section and key. Raises tools::Error for
 /// settings that cannot be read.
 void FindControlCharacters(
-    const model::ModProject& project, std::int32_t version, const Survey& survey,
+    const model::ModProject& project, model::VersionSlot version, const Survey& survey,
     const std::function<void(const std::string& text, const Place& place)>& report);
 
 }  // namespace engine

@@ -23,7 +23,7 @@ bool IsSameFile(const std::string& path, const std::string& other) {
 
 }  // namespace
 
-ComponentFiles ListComponentFiles(const model::ModProject& project, std::int32_t version,
+ComponentFiles ListComponentFiles(const model::ModProject& project, model::VersionSlot version,
                                   const tools::ListingStep& step) {
   constexpr std::string_view kEnding = ".component";
   const std::string folder = tools::FolderOf(project.VersionFilePath(version));
@@ -38,7 +38,7 @@ ComponentFiles ListComponentFiles(const model::ModProject& project, std::int32_t
       continue;
     }
     const std::string_view name(item.name.data(), item.name.size() - kEnding.size());
-    const std::int32_t slot = model::SlotNumberOf(name, "component");
+    const model::ComponentSlot slot = model::SlotNumberOf(name, "component");
     if (slot == 0) continue;
     const std::string path = project.ComponentFilePath(version, slot);
     std::string found = tools::JoinPath(folder, item.name);

@@ -12,13 +12,13 @@ namespace engine {
 
 /// A file whose name is that of a component file but for the case of its letters.
 struct MisnamedFile {
-  std::int32_t slot = 0;
+  model::ComponentSlot slot = 0;
   std::string path;
 };
 
 struct ComponentFiles {
   /// The slots, ascending, whose component file (or something in its place) is there.
-  std::vector<std::int32_t> slots;
+  std::vector<model::ComponentSlot> slots;
   /// Files that this machine does not take for the component files that they may be, by slot.
   std::vector<MisnamedFile> misnamed;
 };
@@ -26,7 +26,7 @@ struct ComponentFiles {
 /// The component files in a version's folder, beyond the version's count too. Raises tools::Error
 /// when the folder cannot be searched, and what `step` raises.
 [[nodiscard]] ComponentFiles ListComponentFiles(const model::ModProject& project,
-                                                std::int32_t version,
+                                                model::VersionSlot version,
                                                 const tools::ListingStep& step = {});
 
 }  // namespace engine

@@ -36,7 +36,7 @@ tools::FileStamp StampWherePossible(const std::string& path) {
 
 }  // namespace
 
-ProtectedPlaces::ProtectedPlaces(const model::ModProject& project, std::int32_t version,
+ProtectedPlaces::ProtectedPlaces(const model::ModProject& project, model::VersionSlot version,
                                  const std::set<std::string>& sourceFolders,
                                  const std::string& programFolder) {
   // The first rule that holds a place is the one that is told.
@@ -136,7 +136,7 @@ std::optional<ProtectedPlaces::Place> ProtectedPlaces::PlaceIn(const std::string
   return found->second;
 }
 
-void RequireConfined(const model::ModProject& project, std::int32_t version,
+void RequireConfined(const model::ModProject& project, model::VersionSlot version,
                      const std::string& outputFolder, const std::set<std::string>& sourceFolders) {
   const std::string limit = tools::CanonicalPath(project.ProductFolder());
   const auto require = [&limit](const std::string& path) {
@@ -146,7 +146,7 @@ void RequireConfined(const model::ModProject& project, std::int32_t version,
   if (!outputFolder.empty()) require(outputFolder);
   require(project.ProductPath());
   require(project.VersionFilePath(version));
-  for (const std::int32_t slot : ListComponentFiles(project, version).slots) {
+  for (const model::ComponentSlot slot : ListComponentFiles(project, version).slots) {
     require(project.ComponentFilePath(version, slot));
   }
   for (const std::string& folder : sourceFolders) require(folder);

@@ -43,7 +43,7 @@ class ProtectedPlaces {
   /// Gathers homes, the program, the product and all versions, the sources of other versions, and
   /// `sourceFolders`, full paths of folders that hold sources of the version in slot `version`.
   /// `programFolder` may be empty. Raises tools::Error when the product file cannot be read.
-  ProtectedPlaces(const model::ModProject& project, std::int32_t version,
+  ProtectedPlaces(const model::ModProject& project, model::VersionSlot version,
                   const std::set<std::string>& sourceFolders, const std::string& programFolder);
 
   /// The place that a folder (a canonical path) is, or that lies in it. Folders are told by volume
@@ -73,7 +73,7 @@ class ProtectedPlaces {
 /// tools::Error naming the first path that lies outside the product's folder once links are
 /// followed: the output folder (none when empty), a settings file of the version, or one of
 /// `sourceFolders`.
-void RequireConfined(const model::ModProject& project, std::int32_t version,
+void RequireConfined(const model::ModProject& project, model::VersionSlot version,
                      const std::string& outputFolder, const std::set<std::string>& sourceFolders);
 
 }  // namespace engine

@@ -49,7 +49,7 @@ bool IsNoComponent(const tools::SettingsFile& settings) {
 
 class Surveyor {
  public:
-  Surveyor(const model::ModProject& project, std::int32_t version, std::string outputFolder,
+  Surveyor(const model::ModProject& project, model::VersionSlot version, std::string outputFolder,
            const SurveyStep& step)
       : project_(project),
         version_(version),
@@ -63,7 +63,7 @@ class Surveyor {
     const ComponentFiles files = ListComponentFiles(project_, version_, step_);
     if (!files.slots.empty() || !files.misnamed.empty()) RequireCount();
     const std::int32_t count = project_.ComponentCount(version_);
-    for (const std::int32_t slot : files.slots) {
+    for (const model::ComponentSlot slot : files.slots) {
       if (slot <= count) VisitSlot(slot);
     }
     for (const MisnamedFile& file : files.misnamed) {
@@ -82,7 +82,7 @@ class Surveyor {
                        " ([Components] Count)");
   }
 
-  void VisitSlot(std::int32_t slot) {
+  void VisitSlot(model::ComponentSlot slot) {
     SurveyedComponent component;
     component.slot = slot;
     const std::string path = project_.ComponentFilePath(version_, slot);
@@ -113,7 +113,7 @@ class Surveyor {
   }
 
   // What cannot be read is noted for the caller: nothing may be deleted then.
-  bool Load(std::int32_t slot, const std::string& path) {
+  bool Load(model::ComponentSlot slot, const std::string& path) {
     settings_.reset();
     try {
       if (LookAt(path) == tools::PathKind::Absent) {
@@ -292,7 +292,7 @@ class Surveyor {
   }
 
   const model::ModProject& project_;
-  std::int32_t version_;
+  model::VersionSlot version_;
   SourceScope scope_;
   const SurveyStep& step_;
   bool onlyFolders_ = false;
@@ -307,12 +307,13 @@ class Surveyor {
 
 }  // namespace
 
-Survey SurveyVersion(const model::ModProject& project, std::int32_t version,
+Survey SurveyVersion(const model::ModProject& project, model::VersionSlot version,
                      const std::string& outputFolder, const SurveyStep& step) {
   return Surveyor(project, version, outputFolder, step).Run(true);
 }
 
-std::set<std::string> SourceFoldersOf(const model::ModProject& project, std::int32_t version) {
+std::set<std::string> SourceFoldersOf(const model::ModProject& project,
+                                      model::VersionSlot version) {
   const SurveyStep noStep;
   return Surveyor(project, version, {}, noStep).Run(false).sourceFolders;
 }

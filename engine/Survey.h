@@ -29,7 +29,7 @@ struct SurveyedEntry {
 };
 
 struct SurveyedComponent {
-  std::int32_t slot = 0;
+  model::ComponentSlot slot = 0;
   std::string title;
   bool isInstalled = true;  ///< false: its file is of no use, and the script does not name it
   std::deque<SurveyedEntry> entries;
@@ -52,12 +52,12 @@ struct Survey {
 /// Surveys the version in slot `version`, passing over `outputFolder` in scans. Raises tools::Error
 /// for an unsafe version text, a version folder that cannot be searched, a version file that is
 /// missing, cannot be read or holds no settings, and what `step` raises.
-[[nodiscard]] Survey SurveyVersion(const model::ModProject& project, std::int32_t version,
+[[nodiscard]] Survey SurveyVersion(const model::ModProject& project, model::VersionSlot version,
                                    const std::string& outputFolder, const SurveyStep& step = {});
 
 /// The folders that the sources of the version lie in, without a look at the sources themselves: a
 /// scan's links are not known. Raises tools::Error where settings cannot be read.
 [[nodiscard]] std::set<std::string> SourceFoldersOf(const model::ModProject& project,
-                                                    std::int32_t version);
+                                                    model::VersionSlot version);
 
 }  // namespace engine

@@ -15,7 +15,7 @@ namespace findings {
 /// What is checked: the version in slot `version` as it is stored, for a build with `options`.
 struct CheckRequest {
   std::string productPath;
-  std::int32_t version = 0;
+  model::VersionSlot version = 0;
   engine::BuildOptions options;
   std::string programFolder;  ///< as the build has it
 };

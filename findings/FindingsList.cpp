@@ -72,7 +72,7 @@ void FindingsList::Show(const std::vector<engine::BuildMessage>& messages, std::
     row->setData(kComponent, Qt::AccessibleTextRole,
                  ToQString(LoadText(isError ? Text::OneError : Text::OneWarning)) + u' ' +
                      ComponentOf(message));
-    row->setData(kComponent, kComponentRole, message.component);
+    row->setData(kComponent, kComponentRole, std::int32_t{message.component});
     row->setData(kComponent, kEntryRole, message.entry);
     rows.append(row);
   }

@@ -32,7 +32,7 @@ class FindingsList : public QTreeWidget {
 
  Q_SIGNALS:
   /// The slot of the component, and the number of the entry in it or 0.
-  void PlaceChosen(std::int32_t component, std::int32_t entry);
+  void PlaceChosen(model::ComponentSlot component, std::int32_t entry);
 
  private:
   void ChoosePlace(const QTreeWidgetItem& row);

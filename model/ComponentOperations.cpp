@@ -43,12 +43,12 @@ void GiveNewGuids(tools::SettingsFile& file) {
 }  // namespace
 
 ComponentOperations::ComponentOperations(ModProject& project, tools::Disk& disk,
-                                         tools::Dialogs& dialogs)
-    : project_(project), disk_(disk), dialogs_(dialogs) {}
+                                         tools::Dialogs& dialogs, MainView& view)
+    : project_(project), disk_(disk), dialogs_(dialogs), view_(view) {}
 
-std::vector<ShownComponent> ComponentOperations::ComponentsOf(std::int32_t version) const {
+std::vector<ShownComponent> ComponentOperations::ComponentsOf(VersionSlot version) const {
   std::vector<ShownComponent> components;
-  for (const std::int32_t slot : project_.ComponentSlots(version)) {
+  for (const ComponentSlot slot : project_.ComponentSlots(version)) {
     components.push_back(
         {version, slot, project_.VersionString(version), project_.ComponentTitle(version, slot)});
   }
@@ -56,7 +56,7 @@ std::vector<ShownComponent> ComponentOperations::ComponentsOf(std::int32_t versi
 }
 
 void ComponentOperations::Copy(const std::vector<ShownComponent>& components,
-                               std::int32_t toVersion) {
+                               VersionSlot toVersion) {
   if (components.empty()) return;
   project_.RequireVersion(toVersion);
   std::vector<std::string> titles = TitlesIn(toVersion);
@@ -73,9 +73,9 @@ void ComponentOperations::Copy(const std::vector<ShownComponent>& components,
   } else {
     AddSeveral(toVersion, files);
   }
-  view_->UpdateTree();
+  view_.UpdateTree();
   titles.erase(titles.begin(), titles.end() - std::ptrdiff_t(files.size()));
-  view_->ShowStatusText(WhereText(titles, toVersion));
+  view_.ShowStatusText(WhereText(titles, toVersion));
 }
 
 std::shared_ptr<tools::SettingsFile> ComponentOperations::CopyOf(
@@ -89,19 +89,19 @@ std::shared_ptr<tools::SettingsFile> ComponentOperations::CopyOf(
   return file;
 }
 
-std::vector<std::string> ComponentOperations::TitlesIn(std::int32_t version) const {
+std::vector<std::string> ComponentOperations::TitlesIn(VersionSlot version) const {
   std::vector<std::string> titles;
-  for (const std::int32_t slot : project_.ComponentSlots(version)) {
+  for (const ComponentSlot slot : project_.ComponentSlots(version)) {
     titles.push_back(project_.ComponentTitle(version, slot));
   }
   return titles;
 }
 
-std::vector<std::int32_t> ComponentOperations::FreeSlots(std::int32_t version, std::int32_t first,
-                                                         std::size_t count) const {
-  const std::vector<std::int32_t> used = project_.ComponentSlots(version);
-  std::vector<std::int32_t> slots;
-  for (std::int32_t slot = first; slots.size() < count; ++slot) {
+std::vector<ComponentSlot> ComponentOperations::FreeSlots(VersionSlot version, ComponentSlot first,
+                                                          std::size_t count) const {
+  const std::vector<ComponentSlot> used = project_.ComponentSlots(version);
+  std::vector<ComponentSlot> slots;
+  for (ComponentSlot slot = first; slots.size() < count; ++slot) {
     // A damaged count must not make a slot beyond it look free: the title is asked too.
     if (!std::binary_search(used.begin(), used.end(), slot) &&
         project_.ComponentTitle(version, slot).empty()) {
@@ -112,8 +112,8 @@ std::vector<std::int32_t> ComponentOperations::FreeSlots(std::int32_t version, s
 }
 
 // As a component is added: the count first, for a slot more that is free shows nowhere.
-void ComponentOperations::AddOne(std::int32_t version, const tools::SettingsFile& file) {
-  const std::int32_t slot = FreeSlots(version, 1, 1).front();
+void ComponentOperations::AddOne(VersionSlot version, const tools::SettingsFile& file) {
+  const ComponentSlot slot = FreeSlots(version, 1, 1).front();
   Change([&](Undo& undo) {
     if (project_.ComponentCount(version) < slot) WriteCount(version, slot, undo);
     project_.Settings().ReplaceFile(project_.ComponentFilePath(version, slot), file);
@@ -122,7 +122,7 @@ void ComponentOperations::AddOne(std::int32_t version, const tools::SettingsFile
 
 // The count comes last and shows all of them at once. In a version without components it first goes
 // to 0, so that the slots below it can be used.
-void ComponentOperations::AddSeveral(std::int32_t version, const std::vector<File>& files) {
+void ComponentOperations::AddSeveral(VersionSlot version, const std::vector<File>& files) {
   const std::int32_t count = project_.ComponentCount(version);
   const bool isEmpty = project_.ComponentSlots(version).empty();
   constexpr std::int32_t kMostSlots = std::numeric_limits<std::int32_t>::max() / 2;
@@ -130,17 +130,18 @@ void ComponentOperations::AddSeveral(std::int32_t version, const std::vector<Fil
     throw tools::Error("Die Anzahl der Komponenten ist zu groß: " +
                        project_.VersionFilePath(version));
   }
-  const std::vector<std::int32_t> slots = FreeSlots(version, isEmpty ? 1 : count + 1, files.size());
+  const std::vector<ComponentSlot> slots =
+      FreeSlots(version, isEmpty ? 1 : count + 1, files.size());
   Change([&](Undo& undo) {
     if (isEmpty && count > 0) WriteCount(version, 0, undo);
     for (std::size_t i = 0; i < files.size(); ++i) {
       WriteComponent(project_.ComponentFilePath(version, slots[i]), *files[i], undo);
     }
-    WriteCount(version, std::max(count, slots.back()), undo);
+    WriteCount(version, std::max<std::int32_t>(count, slots.back()), undo);
   });
 }
 
-void ComponentOperations::WriteCount(std::int32_t version, std::int32_t count, Undo& undo) {
+void ComponentOperations::WriteCount(VersionSlot version, std::int32_t count, Undo& undo) {
   const std::string path = project_.VersionFilePath(version);
   const File before = project_.Settings().Load(path);
   project_.WriteVersionSetting(version, setting::kComponentCount, std::to_string(count));
@@ -161,11 +162,11 @@ void ComponentOperations::WriteComponent(const std::string& path, const tools::S
 }
 
 // One rename moves the component: at no time is it in both versions or in none.
-std::int32_t ComponentOperations::Move(const ShownComponent& component, std::int32_t toVersion) {
+ComponentSlot ComponentOperations::Move(const ShownComponent& component, VersionSlot toVersion) {
   if (component.version == toVersion || IsOutdated(component, Text::Paste)) return 0;
   project_.RequireVersion(toVersion);
   const std::string from = project_.ComponentFilePath(component.version, component.component);
-  const std::int32_t slot = FreeSlots(toVersion, 1, 1).front();
+  const ComponentSlot slot = FreeSlots(toVersion, 1, 1).front();
   const std::string to = project_.ComponentFilePath(toVersion, slot);
   Change([&](Undo& undo) {
     if (project_.ComponentCount(toVersion) < slot) WriteCount(toVersion, slot, undo);
@@ -173,7 +174,7 @@ std::int32_t ComponentOperations::Move(const ShownComponent& component, std::int
   });
   disk_.SyncFolder(tools::FolderOf(to));
   disk_.SyncFolder(tools::FolderOf(from));
-  view_->UpdateTree();
+  view_.UpdateTree();
   return slot;
 }
 
@@ -185,7 +186,7 @@ void ComponentOperations::Rename(const ShownComponent& component) {
   if (IsOutdated(component, Text::RenameComponent)) return;
   project_.WriteComponentSetting(component.version, component.component, kTitle.section, kTitle.key,
                                  title);
-  view_->UpdateTree();
+  view_.UpdateTree();
 }
 
 bool ComponentOperations::IsOutdated(const ShownComponent& component, Text caption) {
@@ -195,16 +196,16 @@ bool ComponentOperations::IsOutdated(const ShownComponent& component, Text capti
   }
   dialogs_.ShowMessage(
       {.text = LoadText(Text::ProjectChangedElsewhere), .caption = LoadText(caption)});
-  view_->UpdateTree();
+  view_.UpdateTree();
   return true;
 }
 
 void ComponentOperations::Change(const std::function<void(Undo&)>& steps) {
-  RunOrTakeBack(steps, [this] { view_->UpdateTree(); });
+  RunOrTakeBack(steps, [this] { view_.UpdateTree(); });
 }
 
 std::string ComponentOperations::WhereText(const std::vector<std::string>& titles,
-                                           std::int32_t version) const {
+                                           VersionSlot version) const {
   std::string text =
       tools::ReplaceAll(LoadText(Text::NowInVersion), "%version%", project_.VersionString(version));
   for (std::size_t i = 0; i < titles.size(); ++i) text += (i == 0 ? " " : ", ") + titles[i];

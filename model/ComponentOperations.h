@@ -24,8 +24,8 @@ namespace model {
 
 /// A component by its slots, with the stored texts that the tree was told of it.
 struct ShownComponent {
-  std::int32_t version = 0;
-  std::int32_t component = 0;
+  VersionSlot version = 0;
+  ComponentSlot component = 0;
   std::string shownVersion;
   std::string shownTitle;
 };
@@ -33,25 +33,23 @@ struct ShownComponent {
 class ComponentOperations {
  public:
   /// The references must outlive this object.
-  ComponentOperations(ModProject& project, tools::Disk& disk, tools::Dialogs& dialogs);
-
-  /// The window, which is made after this object. Call before any operation.
-  void Connect(MainView& view) { view_ = &view; }
+  ComponentOperations(ModProject& project, tools::Disk& disk, tools::Dialogs& dialogs,
+                      MainView& view);
 
   /// The components of a version, ascending. Raises tools::Error.
-  [[nodiscard]] std::vector<ShownComponent> ComponentsOf(std::int32_t version) const;
+  [[nodiscard]] std::vector<ShownComponent> ComponentsOf(VersionSlot version) const;
 
   /// Copies the stored state of the components into a version: sources and settings as they are,
   /// file entries with new GUIDs; where the version has the title already, the copy says that it is
   /// one. One copy takes the first free slot. Several take the first ones of a version without
   /// components, else those behind the last used one. Does nothing for no component.
-  void Copy(const std::vector<ShownComponent>& components, std::int32_t toVersion);
+  void Copy(const std::vector<ShownComponent>& components, VersionSlot toVersion);
   /// Moves a component, as it is, to the first free slot of another version, and returns that slot;
   /// 0 when it was refused, or is in that version already.
-  std::int32_t Move(const ShownComponent& component, std::int32_t toVersion);
+  ComponentSlot Move(const ShownComponent& component, VersionSlot toVersion);
   /// Says for the status bar that the components are in a version now.
   [[nodiscard]] std::string WhereText(const std::vector<std::string>& titles,
-                                      std::int32_t version) const;
+                                      VersionSlot version) const;
   /// Asks for another title.
   void Rename(const ShownComponent& component);
 
@@ -60,21 +58,21 @@ class ComponentOperations {
 
   [[nodiscard]] bool IsOutdated(const ShownComponent& component, Text caption);
   [[nodiscard]] std::shared_ptr<tools::SettingsFile> CopyOf(const ShownComponent& component) const;
-  [[nodiscard]] std::vector<std::string> TitlesIn(std::int32_t version) const;
+  [[nodiscard]] std::vector<std::string> TitlesIn(VersionSlot version) const;
   /// `count` slots of a version that hold no component, ascending, not below `first`.
-  [[nodiscard]] std::vector<std::int32_t> FreeSlots(std::int32_t version, std::int32_t first,
-                                                    std::size_t count) const;
-  void AddOne(std::int32_t version, const tools::SettingsFile& file);
-  void AddSeveral(std::int32_t version, const std::vector<File>& files);
+  [[nodiscard]] std::vector<ComponentSlot> FreeSlots(VersionSlot version, ComponentSlot first,
+                                                     std::size_t count) const;
+  void AddOne(VersionSlot version, const tools::SettingsFile& file);
+  void AddSeveral(VersionSlot version, const std::vector<File>& files);
   /// Writes the version's component count, to be put back by `undo`.
-  void WriteCount(std::int32_t version, std::int32_t count, Undo& undo);
+  void WriteCount(VersionSlot version, std::int32_t count, Undo& undo);
   void WriteComponent(const std::string& path, const tools::SettingsFile& file, Undo& undo);
   void Change(const std::function<void(Undo&)>& steps);
 
   ModProject& project_;
   tools::Disk& disk_;
   tools::Dialogs& dialogs_;
-  MainView* view_ = nullptr;
+  MainView& view_;
 };
 
 }  // namespace model

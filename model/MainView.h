@@ -3,10 +3,20 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace model {
+
+/// Shows the hourglass pointer while it lives.
+class Hourglass {
+ public:
+  virtual ~Hourglass() = default;
+  Hourglass() = default;
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+};
 
 class MainView {
  public:
@@ -21,9 +31,8 @@ class MainView {
   virtual void UpdateTree() = 0;
   /// Shows a hint in the status bar.
   virtual void ShowStatusText(const std::string& text) = 0;
-  /// Shows the hourglass pointer and lets pending window messages run once, or restores the
-  /// pointer.
-  virtual void ShowHourglass(bool shown) = 0;
+  /// Shows the hourglass pointer and lets pending window messages run once.
+  [[nodiscard]] virtual std::unique_ptr<Hourglass> ShowHourglass() = 0;
 };
 
 /// One open page.
@@ -73,6 +82,13 @@ class NewProductForm {
 
   /// Shows the form; nothing when the user cancelled.
   virtual std::optional<NewProduct> Ask() = 0;
+};
+
+/// All that an author's commands on products need of the desktop.
+struct Desktop {
+  MainView& view;
+  OpenPages& pages;
+  NewProductForm& newProductForm;
 };
 
 }  // namespace model

@@ -20,7 +20,7 @@ constexpr std::string_view kVersionKey = "Ver";
 constexpr std::string_view kComponentWord = "component";
 constexpr std::string_view kComponentEnding = ".component";
 
-std::string ComponentFileName(std::int32_t component) {
+std::string ComponentFileName(ComponentSlot component) {
   return std::string(kComponentWord).append(std::to_string(component)).append(kComponentEnding);
 }
 
@@ -32,10 +32,10 @@ std::vector<std::int32_t> SlotsUpTo(std::int32_t count) {
 
 // The component slots that have a file in a version's folder, or something in its place, which
 // reading it tells of.
-std::vector<std::int32_t> ComponentFiles(const std::string& versionFolder, std::int32_t count,
-                                         const tools::ListingStep& step) {
+std::vector<ComponentSlot> ComponentFiles(const std::string& versionFolder, std::int32_t count,
+                                          const tools::ListingStep& step) {
   std::error_code failure;
-  std::vector<std::int32_t> slots;
+  std::vector<ComponentSlot> slots;
   for (const tools::FolderItem& item : tools::ListFolder(versionFolder, failure, step)) {
     if (item.name.size() <= kComponentEnding.size()) continue;
     const std::size_t length = item.name.size() - kComponentEnding.size();
@@ -83,14 +83,14 @@ void ModProject::WriteProductSetting(std::string_view section, std::string_view 
   batch.Commit();
 }
 
-std::string ModProject::ReadVersionSetting(std::int32_t version, std::string_view section,
+std::string ModProject::ReadVersionSetting(VersionSlot version, std::string_view section,
                                            std::string_view key,
                                            std::string_view defaultValue) const {
   if (!IsOpen()) return std::string(defaultValue);
   return settings_.Read(VersionFilePath(version), section, key, defaultValue);
 }
 
-void ModProject::WriteVersionSetting(std::int32_t version, std::string_view section,
+void ModProject::WriteVersionSetting(VersionSlot version, std::string_view section,
                                      std::string_view key, std::string_view value) {
   if (!IsOpen()) return;
   const std::string path = VersionFilePath(version);
@@ -101,14 +101,14 @@ void ModProject::WriteVersionSetting(std::int32_t version, std::string_view sect
   batch.Commit();
 }
 
-std::string ModProject::ReadComponentSetting(std::int32_t version, std::int32_t component,
+std::string ModProject::ReadComponentSetting(VersionSlot version, ComponentSlot component,
                                              std::string_view section, std::string_view key,
                                              std::string_view defaultValue) const {
   if (!IsOpen()) return std::string(defaultValue);
   return settings_.Read(ComponentFilePath(version, component), section, key, defaultValue);
 }
 
-void ModProject::WriteComponentSetting(std::int32_t version, std::int32_t component,
+void ModProject::WriteComponentSetting(VersionSlot version, ComponentSlot component,
                                        std::string_view section, std::string_view key,
                                        std::string_view value) {
   if (!IsOpen()) return;
@@ -124,20 +124,20 @@ void ModProject::RequireProduct() const {
   throw tools::PathError("Die Projektdatei ist nicht mehr vorhanden", productPath_, {});
 }
 
-void ModProject::RequireVersion(std::int32_t version) const {
+void ModProject::RequireVersion(VersionSlot version) const {
   const std::string path = VersionFilePath(version);
   if (!VersionString(version).empty() && settings_.Exists(path)) return;
   throw tools::PathError("Die Version ist nicht mehr vorhanden", path, {});
 }
 
-void ModProject::RequireComponent(std::int32_t version, std::int32_t component) const {
+void ModProject::RequireComponent(VersionSlot version, ComponentSlot component) const {
   RequireVersion(version);
   if (!ComponentTitle(version, component).empty()) return;
   throw tools::PathError("Die Komponente ist nicht mehr vorhanden",
                          ComponentFilePath(version, component), {});
 }
 
-void ModProject::RequireSoundVersionFile(std::int32_t version) const {
+void ModProject::RequireSoundVersionFile(VersionSlot version) const {
   const std::string path = VersionFilePath(version);
   if (!settings_.Exists(path)) throw tools::Error("Die Datei der Version fehlt: " + path);
   const auto file = settings_.Load(path);
@@ -146,7 +146,7 @@ void ModProject::RequireSoundVersionFile(std::int32_t version) const {
   }
 }
 
-std::string ModProject::VersionFilePath(std::int32_t version) const {
+std::string ModProject::VersionFilePath(VersionSlot version) const {
   if (!IsOpen()) return {};
   return tools::JoinPath(VersionFolder(VersionString(version)), kVersionFileName);
 }
@@ -159,7 +159,7 @@ std::string ModProject::VersionFolder(std::string_view versionText) const {
   return tools::JoinPath(ProductFolder(), std::string("Version ").append(versionText));
 }
 
-std::string ModProject::ComponentFilePath(std::int32_t version, std::int32_t component) const {
+std::string ModProject::ComponentFilePath(VersionSlot version, ComponentSlot component) const {
   if (!IsOpen()) return {};
   return tools::JoinPath(VersionFolder(VersionString(version)), ComponentFileName(component));
 }
@@ -179,44 +179,45 @@ std::int32_t ModProject::VersionCount() const {
                      {productPath_, setting::kVersionCount});
 }
 
-std::string ModProject::VersionString(std::int32_t version) const {
+std::string ModProject::VersionString(VersionSlot version) const {
   std::string key(kVersionKey);
   key.append(std::to_string(version));
   return ReadProductSetting(setting::kVersionCount.section, key, "");
 }
 
-std::vector<std::int32_t> ModProject::VersionSlots() const {
+std::vector<VersionSlot> ModProject::VersionSlots() const {
   const std::int32_t count = VersionCount();
-  std::vector<std::int32_t> slots =
+  const std::vector<std::int32_t> numbers =
       count <= kCheapSlotCount
           ? SlotsUpTo(count)
           : SlotsNamedIn(settings_.Load(productPath_)->Render(), kVersionKey, count);
-  std::erase_if(slots, [this](std::int32_t slot) { return VersionString(slot).empty(); });
+  std::vector<VersionSlot> slots(numbers.begin(), numbers.end());
+  std::erase_if(slots, [this](VersionSlot slot) { return VersionString(slot).empty(); });
   return slots;
 }
 
-std::int32_t ModProject::ComponentCount(std::int32_t version) const {
+std::int32_t ModProject::ComponentCount(VersionSlot version) const {
   return StoredCount(ReadVersionSetting(version, setting::kComponentCount),
                      {VersionFilePath(version), setting::kComponentCount});
 }
 
-std::string ModProject::ComponentTitle(std::int32_t version, std::int32_t component) const {
+std::string ModProject::ComponentTitle(VersionSlot version, ComponentSlot component) const {
   constexpr SettingName kTitle = setting::kComponentTitle;
   return ReadComponentSetting(version, component, kTitle.section, kTitle.key, "");
 }
 
 // Counts are only text: 10,000 versions of 10,000 slots must not make 100 million looks at files.
-std::vector<std::int32_t> ModProject::PossibleComponentSlots(std::int32_t version,
-                                                             const tools::ListingStep& step) const {
+std::vector<ComponentSlot> ModProject::PossibleComponentSlots(
+    VersionSlot version, const tools::ListingStep& step) const {
   const std::int32_t count = ComponentCount(version);
   if (count == 0) return {};
   return ComponentFiles(tools::FolderOf(VersionFilePath(version)), count, step);
 }
 
-std::vector<std::int32_t> ModProject::ComponentSlots(std::int32_t version) const {
-  std::vector<std::int32_t> slots = PossibleComponentSlots(version);
+std::vector<ComponentSlot> ModProject::ComponentSlots(VersionSlot version) const {
+  std::vector<ComponentSlot> slots = PossibleComponentSlots(version);
   std::erase_if(
-      slots, [this, version](std::int32_t slot) { return ComponentTitle(version, slot).empty(); });
+      slots, [this, version](ComponentSlot slot) { return ComponentTitle(version, slot).empty(); });
   return slots;
 }
 

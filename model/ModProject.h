@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "model/SettingNames.h"
+#include "model/Slots.h"
 #include "tools/files/FindFiles.h"
 #include "tools/settings/SettingsStore.h"
 
@@ -53,38 +54,37 @@ class ModProject {
   void WriteProductSetting(const SettingName& name, std::string_view value) {
     WriteProductSetting(name.section, name.key, value);
   }
-  [[nodiscard]] std::string ReadVersionSetting(std::int32_t version, std::string_view section,
+  [[nodiscard]] std::string ReadVersionSetting(VersionSlot version, std::string_view section,
                                                std::string_view key,
                                                std::string_view defaultValue) const;
-  [[nodiscard]] std::string ReadVersionSetting(std::int32_t version,
-                                               const SettingName& name) const {
+  [[nodiscard]] std::string ReadVersionSetting(VersionSlot version, const SettingName& name) const {
     return ReadVersionSetting(version, name.section, name.key, name.standard);
   }
-  void WriteVersionSetting(std::int32_t version, std::string_view section, std::string_view key,
+  void WriteVersionSetting(VersionSlot version, std::string_view section, std::string_view key,
                            std::string_view value);
-  void WriteVersionSetting(std::int32_t version, const SettingName& name, std::string_view value) {
+  void WriteVersionSetting(VersionSlot version, const SettingName& name, std::string_view value) {
     WriteVersionSetting(version, name.section, name.key, value);
   }
-  [[nodiscard]] std::string ReadComponentSetting(std::int32_t version, std::int32_t component,
+  [[nodiscard]] std::string ReadComponentSetting(VersionSlot version, ComponentSlot component,
                                                  std::string_view section, std::string_view key,
                                                  std::string_view defaultValue) const;
-  void WriteComponentSetting(std::int32_t version, std::int32_t component, std::string_view section,
+  void WriteComponentSetting(VersionSlot version, ComponentSlot component, std::string_view section,
                              std::string_view key, std::string_view value);
 
   /// Raise tools::Error naming the file when the open product, a version (its slot or its file) or
   /// a component (its title) is gone.
   void RequireProduct() const;
-  void RequireVersion(std::int32_t version) const;
-  void RequireComponent(std::int32_t version, std::int32_t component) const;
+  void RequireVersion(VersionSlot version) const;
+  void RequireComponent(VersionSlot version, ComponentSlot component) const;
   /// Raises tools::Error naming the file of the version when it is missing, cannot be read or holds
   /// no settings (zero bytes, for example, or NULs after a loss of power).
-  void RequireSoundVersionFile(std::int32_t version) const;
+  void RequireSoundVersionFile(VersionSlot version) const;
 
   /// Paths of the files that hold the settings of a version and of a component; empty while no
   /// product is open. Raises tools::Error when the stored version text could lead out of the
   /// product's folder (see tools::IsSafeNamePart).
-  [[nodiscard]] std::string VersionFilePath(std::int32_t version) const;
-  [[nodiscard]] std::string ComponentFilePath(std::int32_t version, std::int32_t component) const;
+  [[nodiscard]] std::string VersionFilePath(VersionSlot version) const;
+  [[nodiscard]] std::string ComponentFilePath(VersionSlot version, ComponentSlot component) const;
 
   /// The folder of a version with this text.
   [[nodiscard]] std::string VersionFolder(std::string_view versionText) const;
@@ -96,23 +96,23 @@ class ModProject {
   /// does.
   [[nodiscard]] std::int32_t VersionCount() const;
   /// The version's text, empty for a free slot.
-  [[nodiscard]] std::string VersionString(std::int32_t version) const;
+  [[nodiscard]] std::string VersionString(VersionSlot version) const;
   /// The slots of the versions there are, ascending. Quick whatever the count in the file says.
-  [[nodiscard]] std::vector<std::int32_t> VersionSlots() const;
+  [[nodiscard]] std::vector<VersionSlot> VersionSlots() const;
   /// The texts of all versions that the product file holds, those beyond a damaged count too.
   [[nodiscard]] std::vector<std::string> StoredVersionTexts() const;
   /// The highest component slot ever used in a version; 0 and errors as above.
-  [[nodiscard]] std::int32_t ComponentCount(std::int32_t version) const;
+  [[nodiscard]] std::int32_t ComponentCount(VersionSlot version) const;
   /// The component's title, empty for a free slot.
-  [[nodiscard]] std::string ComponentTitle(std::int32_t version, std::int32_t component) const;
+  [[nodiscard]] std::string ComponentTitle(VersionSlot version, ComponentSlot component) const;
   /// The slots up to the version's count whose component files are there, ascending: one look at
   /// the version's folder and none at each file. Raises tools::Error when the folder cannot be
   /// listed, and what `step` raises, which is called for each entry of the folder.
-  [[nodiscard]] std::vector<std::int32_t> PossibleComponentSlots(
-      std::int32_t version, const tools::ListingStep& step = {}) const;
+  [[nodiscard]] std::vector<ComponentSlot> PossibleComponentSlots(
+      VersionSlot version, const tools::ListingStep& step = {}) const;
   /// The slots of the components there are in a version, ascending; quick as above. Raises
   /// tools::Error when the version's folder cannot be searched.
-  [[nodiscard]] std::vector<std::int32_t> ComponentSlots(std::int32_t version) const;
+  [[nodiscard]] std::vector<ComponentSlot> ComponentSlots(VersionSlot version) const;
 
   /// The output folder proposed for a build configuration (1 debug, 2 release).
   [[nodiscard]] std::string DefaultOutputFolder(std::int32_t configuration) const;

@@ -30,9 +30,10 @@ std::string NumberedKey(std::string_view word, std::int32_t number) {
 }
 
 /// The lowest slot, from 1, that is not among `used` (ascending).
-std::int32_t FirstFreeSlot(const std::vector<std::int32_t>& used) {
-  std::int32_t slot = 1;
-  for (const std::int32_t taken : used) {
+template <typename Slot>
+Slot FirstFreeSlot(const std::vector<Slot>& used) {
+  Slot slot = 1;
+  for (const Slot taken : used) {
     if (taken != slot) break;
     ++slot;
   }
@@ -45,21 +46,12 @@ std::string Trimmed(const std::string& text) { return std::string(tools::TrimBla
 
 ModProjectOperations::ModProjectOperations(ModProject& project, tools::Disk& disk,
                                            tools::Dialogs& dialogs, const tools::Clock& clock,
-                                           NewProductForm& newProductForm)
-    : project_(project),
-      disk_(disk),
-      dialogs_(dialogs),
-      clock_(clock),
-      newProductForm_(newProductForm) {}
-
-void ModProjectOperations::Connect(MainView& view, OpenPages& pages) {
-  view_ = &view;
-  pages_ = &pages;
-}
+                                           const Desktop& desktop)
+    : project_(project), disk_(disk), dialogs_(dialogs), clock_(clock), desktop_(desktop) {}
 
 bool ModProjectOperations::NewProduct() {
-  if (!CloseProduct(true)) return false;
-  const std::optional<model::NewProduct> product = newProductForm_.Ask();
+  if (!CloseProductAfterWarning()) return false;
+  const std::optional<model::NewProduct> product = desktop_.newProductForm.Ask();
   return product && CreateProduct(*product);
 }
 
@@ -90,7 +82,7 @@ bool ModProjectOperations::CreateProduct(const model::NewProduct& product) {
 }
 
 bool ModProjectOperations::OpenProduct(const std::string& path) {
-  if (!CloseProduct(true)) return false;
+  if (!CloseProductAfterWarning()) return false;
   const std::string chosen = path.empty() ? AskForProductFile() : path;
   if (chosen.empty()) return false;
   const std::string caption = tools::StandardText(tools::kTextError);
@@ -103,7 +95,7 @@ bool ModProjectOperations::OpenProduct(const std::string& path) {
     return false;
   }
   project_.SetProductPath(chosen);
-  view_->UpdateProjectState();
+  desktop_.view.UpdateProjectState();
   return true;
 }
 
@@ -117,12 +109,16 @@ std::string ModProjectOperations::AskForProductFile() {
        .defaultExtension = extension});
 }
 
-bool ModProjectOperations::CloseProduct(bool ask) {
-  if (!project_.IsOpen()) return true;
-  if (ask && !MayDropChanges()) return false;
-  pages_->Reset(true);
+void ModProjectOperations::CloseProduct() {
+  if (!project_.IsOpen()) return;
+  desktop_.pages.Reset(true);
   project_.SetProductPath({});
-  view_->UpdateProjectState();
+  desktop_.view.UpdateProjectState();
+}
+
+bool ModProjectOperations::CloseProductAfterWarning() {
+  if (!MayDropChanges()) return false;
+  CloseProduct();
   return true;
 }
 
@@ -135,9 +131,9 @@ bool ModProjectOperations::MayDropChanges() {
 std::vector<std::string> ModProjectOperations::SaveAllPages() {
   std::vector<std::string> failed;
   if (!project_.IsOpen()) return failed;
-  view_->ShowHourglass(true);
-  for (std::int32_t i = 1; i <= pages_->Count(); ++i) {
-    OpenPage& page = pages_->Item(i);
+  const std::unique_ptr<Hourglass> hourglass = desktop_.view.ShowHourglass();
+  for (std::int32_t i = 1; i <= desktop_.pages.Count(); ++i) {
+    OpenPage& page = desktop_.pages.Item(i);
     try {
       page.ApplyChanges();
     } catch (const std::exception& error) {
@@ -146,22 +142,21 @@ std::vector<std::string> ModProjectOperations::SaveAllPages() {
     }
     page.SetDirty(false);
   }
-  view_->ShowHourglass(false);
   return failed;
 }
 
 bool ModProjectOperations::IsDirty() const {
   if (!project_.IsOpen()) return false;
-  for (std::int32_t i = 1; i <= pages_->Count(); ++i) {
-    if (pages_->Item(i).IsDirty()) return true;
+  for (std::int32_t i = 1; i <= desktop_.pages.Count(); ++i) {
+    if (desktop_.pages.Item(i).IsDirty()) return true;
   }
   return false;
 }
 
-std::int32_t ModProjectOperations::LatestVersion() const {
-  std::int32_t latest = 0;
+VersionSlot ModProjectOperations::LatestVersion() const {
+  VersionSlot latest = 0;
   std::string latestText;
-  for (const std::int32_t slot : project_.VersionSlots()) {
+  for (const VersionSlot slot : project_.VersionSlots()) {
     const std::string text = project_.VersionString(slot);
     if (latest == 0 || tools::CompareVersions(latestText, text) == 1) {
       latest = slot;
@@ -172,7 +167,7 @@ std::int32_t ModProjectOperations::LatestVersion() const {
 }
 
 void ModProjectOperations::AddVersion() {
-  const std::int32_t latest = LatestVersion();
+  const VersionSlot latest = LatestVersion();
   const std::string title = LoadText(Text::AddVersion);
   const std::string version =
       Trimmed(dialogs_.InputBox(LoadText(Text::EnterVersion), title, NextVersionText(latest)));
@@ -184,7 +179,7 @@ void ModProjectOperations::AddVersion() {
   CreateVersion(version, latest);
 }
 
-std::string ModProjectOperations::NextVersionText(std::int32_t latest) const {
+std::string ModProjectOperations::NextVersionText(VersionSlot latest) const {
   if (latest == 0) return "1.0.0";
   tools::Version version = tools::SplitVersion(project_.VersionString(latest));
   if (version.revision < std::numeric_limits<std::int32_t>::max()) ++version.revision;
@@ -209,7 +204,7 @@ bool ModProjectOperations::HaveOneFolder(const std::string& stored,
 }
 
 std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
-    std::int32_t latest) const {
+    VersionSlot latest) const {
   auto file = std::make_shared<tools::SettingsFile>();
   if (latest != 0) {
     project_.RequireSoundVersionFile(latest);
@@ -222,12 +217,12 @@ std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
 // The folder is made whole under another name. A folder that has the version's name already goes
 // when the version is there, so that an error leaves it too as it was. The product file, which
 // makes the version visible, comes last.
-void ModProjectOperations::CreateVersion(const std::string& version, std::int32_t latest) {
+void ModProjectOperations::CreateVersion(const std::string& version, VersionSlot latest) {
   project_.RequireProduct();
   RemoveDeletedVersions(disk_, project_);
   const std::string folder = project_.VersionFolder(version);
   const std::shared_ptr<tools::SettingsFile> file = NewVersionFile(latest);
-  std::int32_t slot = FirstFreeSlot(project_.VersionSlots());
+  VersionSlot slot = FirstFreeSlot(project_.VersionSlots());
   // A damaged count must not make a slot beyond it look free.
   while (!project_.VersionString(slot).empty()) ++slot;
   const std::string old = tools::TemporaryNameBeside(folder);
@@ -249,7 +244,7 @@ void ModProjectOperations::CreateVersion(const std::string& version, std::int32_
 }
 
 void ModProjectOperations::ShowWhere(const std::string& text, const std::string& version) {
-  view_->ShowStatusText(tools::ReplaceAll(text, "%version%", version));
+  desktop_.view.ShowStatusText(tools::ReplaceAll(text, "%version%", version));
 }
 
 std::string ModProjectOperations::WriteVersionFolder(const std::string& folder,
@@ -266,7 +261,7 @@ std::string ModProjectOperations::WriteVersionFolder(const std::string& folder,
   }
 }
 
-void ModProjectOperations::ListVersion(std::int32_t slot, const std::string& version) {
+void ModProjectOperations::ListVersion(VersionSlot slot, const std::string& version) {
   tools::SettingsStore::Batch batch(project_.Settings());
   if (project_.VersionCount() < slot) {
     project_.WriteProductSetting(setting::kVersionCount, std::to_string(slot));
@@ -277,7 +272,7 @@ void ModProjectOperations::ListVersion(std::int32_t slot, const std::string& ver
 
 // The version first leaves the product file. Its folder is then renamed, which happens wholly or
 // not at all: an error leaves the version either as it was or deleted.
-void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string& shownText) {
+void ModProjectOperations::DeleteVersion(VersionSlot version, const std::string& shownText) {
   if (!ConfirmDeletion()) return;
   project_.RequireProduct();
   RemoveDeletedVersions(disk_, project_);
@@ -303,13 +298,13 @@ void ModProjectOperations::DeleteVersion(std::int32_t version, const std::string
 
 // The count comes first: a slot more that is free shows nowhere. The component's file, which makes
 // it visible, comes last, and anew: one that was left in the slot is not inherited.
-void ModProjectOperations::AddComponent(std::int32_t version) {
+void ModProjectOperations::AddComponent(VersionSlot version) {
   const std::string title =
       Trimmed(dialogs_.InputBox(LoadText(Text::EnterComponentTitle), LoadText(Text::AddComponent),
                                 LoadText(Text::NewComponentTitle)));
   if (title.empty()) return;
   project_.RequireVersion(version);
-  std::int32_t slot = FirstFreeSlot(project_.ComponentSlots(version));
+  ComponentSlot slot = FirstFreeSlot(project_.ComponentSlots(version));
   // A damaged count must not make a slot beyond it look free.
   while (!project_.ComponentTitle(version, slot).empty()) ++slot;
   tools::SettingsFile file;
@@ -323,11 +318,11 @@ void ModProjectOperations::AddComponent(std::int32_t version) {
     }
     project_.Settings().ReplaceFile(project_.ComponentFilePath(version, slot), file);
   });
-  view_->UpdateTree();
+  desktop_.view.UpdateTree();
   ShowWhere(LoadText(Text::NowInVersion) + " " + title, project_.VersionString(version));
 }
 
-void ModProjectOperations::DeleteComponent(std::int32_t version, std::int32_t component,
+void ModProjectOperations::DeleteComponent(VersionSlot version, ComponentSlot component,
                                            const std::string& shownVersion,
                                            const std::string& shownTitle) {
   if (!ConfirmDeletion()) return;
@@ -338,18 +333,18 @@ void ModProjectOperations::DeleteComponent(std::int32_t version, std::int32_t co
   const std::string path = project_.ComponentFilePath(version, component);
   disk_.DeleteFile(path);
   disk_.SyncFolder(tools::FolderOf(path));
-  view_->UpdateTree();
+  desktop_.view.UpdateTree();
 }
 
 bool ModProjectOperations::IsOutdated(const std::string& stored, const std::string& shown) {
   if (stored == shown) return false;
   Refuse(LoadText(Text::ProjectChangedElsewhere), LoadText(Text::Delete));
-  view_->UpdateTree();
+  desktop_.view.UpdateTree();
   return true;
 }
 
 void ModProjectOperations::Change(const std::function<void(Undo&)>& steps) {
-  RunOrTakeBack(steps, [this] { view_->UpdateTree(); });
+  RunOrTakeBack(steps, [this] { desktop_.view.UpdateTree(); });
 }
 
 void ModProjectOperations::RemoveIfThere(const std::string& folder) {
@@ -362,10 +357,10 @@ void ModProjectOperations::RemoveAndShow(const std::string& folder) {
     const tools::HeldTemporary held(folder);
     RemoveIfThere(folder);
   } catch (...) {
-    view_->UpdateTree();
+    desktop_.view.UpdateTree();
     throw;
   }
-  view_->UpdateTree();
+  desktop_.view.UpdateTree();
 }
 
 bool ModProjectOperations::ConfirmDeletion() {

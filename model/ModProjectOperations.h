@@ -21,21 +21,18 @@ namespace model {
 
 class ModProjectOperations {
  public:
-  /// The references must outlive this object.
+  /// The references, those in `desktop` too, must outlive this object; none is used yet.
   ModProjectOperations(ModProject& project, tools::Disk& disk, tools::Dialogs& dialogs,
-                       const tools::Clock& clock, NewProductForm& newProductForm);
-
-  /// The window and its pages, which are made after this object and call it. Call before any other
-  /// operation; both must outlive this object's use.
-  void Connect(MainView& view, OpenPages& pages);
+                       const tools::Clock& clock, const Desktop& desktop);
 
   /// True when a product was created and opened.
   bool NewProduct();
   /// Opens the product file, asking for one when `path` is empty. True when it is now open.
   bool OpenProduct(const std::string& path);
-  /// Closes the product; with `ask`, warns first when pages hold changes. False when the user
-  /// cancelled.
-  bool CloseProduct(bool ask);
+  /// Closes the product; each page with changes is offered for applying.
+  void CloseProduct();
+  /// The same, with a warning first when pages hold changes. False when the user cancelled it.
+  bool CloseProductAfterWarning();
   /// Asks whether the pages' changes, where there are some, may be lost; closes nothing.
   [[nodiscard]] bool MayDropChanges();
   /// Applies every page, in order. A page that fails is reported and counts as saved all the same.
@@ -45,14 +42,14 @@ class ModProjectOperations {
   [[nodiscard]] bool IsDirty() const;
 
   /// The slot of the highest version, 0 when there is none; of equal ones the first.
-  [[nodiscard]] std::int32_t LatestVersion() const;
+  [[nodiscard]] VersionSlot LatestVersion() const;
   void AddVersion();
   /// `shownText` is the version's text as the tree was told it; when the slot holds another one now
   /// (another program changed the product), says so, refreshes the tree and deletes nothing.
-  void DeleteVersion(std::int32_t version, const std::string& shownText);
-  void AddComponent(std::int32_t version);
+  void DeleteVersion(VersionSlot version, const std::string& shownText);
+  void AddComponent(VersionSlot version);
   /// `shownVersion` and `shownTitle` as above.
-  void DeleteComponent(std::int32_t version, std::int32_t component,
+  void DeleteComponent(VersionSlot version, ComponentSlot component,
                        const std::string& shownVersion, const std::string& shownTitle);
 
  private:
@@ -61,15 +58,15 @@ class ModProjectOperations {
   void Refuse(const std::string& text, const std::string& caption);
   bool CreateProduct(const model::NewProduct& product);
   [[nodiscard]] std::string AskForProductFile();
-  [[nodiscard]] std::string NextVersionText(std::int32_t latest) const;
+  [[nodiscard]] std::string NextVersionText(VersionSlot latest) const;
   [[nodiscard]] bool VersionExists(const std::string& version) const;
   [[nodiscard]] bool HaveOneFolder(const std::string& stored, const std::string& version) const;
-  [[nodiscard]] std::shared_ptr<tools::SettingsFile> NewVersionFile(std::int32_t latest) const;
-  void CreateVersion(const std::string& version, std::int32_t latest);
+  [[nodiscard]] std::shared_ptr<tools::SettingsFile> NewVersionFile(VersionSlot latest) const;
+  void CreateVersion(const std::string& version, VersionSlot latest);
   /// Makes what will be `folder` under a temporary name, which is returned.
   std::string WriteVersionFolder(const std::string& folder, const tools::SettingsFile& file,
                                  Undo& undo);
-  void ListVersion(std::int32_t slot, const std::string& version);
+  void ListVersion(VersionSlot slot, const std::string& version);
   bool ConfirmDeletion();
   bool IsOutdated(const std::string& stored, const std::string& shown);
   /// Runs the steps of an operation; when one fails, takes back those before it and raises the
@@ -83,9 +80,7 @@ class ModProjectOperations {
   tools::Disk& disk_;
   tools::Dialogs& dialogs_;
   const tools::Clock& clock_;
-  NewProductForm& newProductForm_;
-  MainView* view_ = nullptr;
-  OpenPages* pages_ = nullptr;
+  Desktop desktop_;
 };
 
 }  // namespace model

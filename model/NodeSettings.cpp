@@ -43,7 +43,7 @@ bool NodeSettings::HasChangedOutside() const {
   return now != seen_ && ShownLines(*now) != ShownLines(*seen_);
 }
 
-void NodeSettings::Select(std::int32_t version, std::int32_t component) {
+void NodeSettings::Select(VersionSlot version, ComponentSlot component) {
   version_ = version;
   component_ = component;
   noted_.clear();

@@ -39,9 +39,9 @@ class NodeSettings {
 
   /// Selects a node by its slots (0 where none is selected) and forgets what was seen of the last.
   /// A file that cannot be read is told by the first Read.
-  void Select(std::int32_t version, std::int32_t component);
-  [[nodiscard]] std::int32_t Version() const { return version_; }
-  [[nodiscard]] std::int32_t Component() const { return component_; }
+  void Select(VersionSlot version, ComponentSlot component);
+  [[nodiscard]] VersionSlot Version() const { return version_; }
+  [[nodiscard]] ComponentSlot Component() const { return component_; }
 
   /// The file of the node. Raises tools::Error.
   [[nodiscard]] std::string FilePath() const;
@@ -92,8 +92,8 @@ class NodeSettings {
 
   ModProject& project_;
   AsShown asShown_;
-  std::int32_t version_ = 0;
-  std::int32_t component_ = 0;
+  VersionSlot version_ = 0;
+  ComponentSlot component_ = 0;
 
   /// The file as it was when the node was selected, with the pages' own writes since then.
   std::shared_ptr<const tools::SettingsFile> seen_ = std::make_shared<tools::SettingsFile>();

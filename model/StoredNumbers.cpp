@@ -93,11 +93,4 @@ std::vector<std::int32_t> SlotsNamedIn(std::string_view settingsText, std::strin
   return OrderedSlots(std::move(slots), count);
 }
 
-std::vector<std::int32_t> OrderedSlots(std::vector<std::int32_t> slots, std::int32_t count) {
-  std::erase_if(slots, [count](std::int32_t slot) { return slot < 1 || slot > count; });
-  std::sort(slots.begin(), slots.end());
-  slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
-  return slots;
-}
-
 }  // namespace model

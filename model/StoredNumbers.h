@@ -2,6 +2,7 @@
 // and a count of two thousand million must not make a loop of so many steps.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -48,7 +49,12 @@ inline constexpr std::int32_t kCheapSlotCount = 10000;
                                                      std::string_view ending = {});
 
 /// `slots` ascending, each once, without those outside 1 to `count`.
-[[nodiscard]] std::vector<std::int32_t> OrderedSlots(std::vector<std::int32_t> slots,
-                                                     std::int32_t count);
+template <typename Slot>
+[[nodiscard]] std::vector<Slot> OrderedSlots(std::vector<Slot> slots, std::int32_t count) {
+  std::erase_if(slots, [count](Slot slot) { return slot < 1 || slot > count; });
+  std::sort(slots.begin(), slots.end());
+  slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
+  return slots;
+}
 
 }  // namespace model

@@ -13,7 +13,7 @@ namespace model {
 class StoredOptions {
  public:
   /// For the version in slot `version`. `project` must outlive this object.
-  StoredOptions(const ModProject& project, std::int32_t version)
+  StoredOptions(const ModProject& project, VersionSlot version)
       : project_(project), version_(version) {}
 
   /// The configuration chosen last: 1 debug, 2 release, or whatever number the file holds. Raises
@@ -40,7 +40,7 @@ class StoredOptions {
 
  private:
   const ModProject& project_;
-  std::int32_t version_;
+  VersionSlot version_;
 };
 
 }  // namespace model

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/Slots.h"
+
 namespace pages {
 
 class EditorPage;
@@ -34,8 +36,8 @@ class PageHost {
   virtual void StatusTextChanged(const std::string& text) = 0;
 
   /// The slots of the selected version and component, 0 where none is selected.
-  [[nodiscard]] virtual std::int32_t VersionIndex() const = 0;
-  [[nodiscard]] virtual std::int32_t ComponentIndex() const = 0;
+  [[nodiscard]] virtual model::VersionSlot VersionIndex() const = 0;
+  [[nodiscard]] virtual model::ComponentSlot ComponentIndex() const = 0;
 };
 
 }  // namespace pages

@@ -142,7 +142,7 @@ void ComponentCommands::Paste() {
 
 void ComponentCommands::Place(const std::vector<ShownComponent>& components, bool move,
                               const Node& target) {
-  const std::int32_t version = SlotsOf(target).version;
+  const model::VersionSlot version = SlotsOf(target).version;
   const bool isThere = move && components.front().version == version;
   if (version == 0 || isThere) {
     services_.showStatus(LoadText(isThere ? Text::ComponentIsThere : Text::SelectVersionFirst));
@@ -153,7 +153,7 @@ void ComponentCommands::Place(const std::vector<ShownComponent>& components, boo
     return;
   }
   if (!services_.closePages()) return;
-  std::int32_t slot = 0;
+  model::ComponentSlot slot;
   tools::Guard(services_.dialogs,
                [&] { slot = services_.components.Move(components.front(), version); });
   services_.openNode(slot != 0 ? ComponentNode(version, slot) : tree_.SelectedNode());
@@ -167,9 +167,9 @@ void ComponentCommands::Rename() {
   if (tree_.SelectedNode().tag == kComponentTag) services_.components.Rename(selected.front());
 }
 
-void ComponentCommands::TakeOver(std::int32_t version) {
+void ComponentCommands::TakeOver(model::VersionSlot version) {
   if (version == 0) return;
-  const std::int32_t from =
+  const model::VersionSlot from =
       ChooseVersion(services_.project, services_.components, version, tree_.window());
   if (from != 0) services_.components.Copy(services_.components.ComponentsOf(from), version);
 }

@@ -46,7 +46,7 @@ class ComponentCommands : public QObject {
   void AddTo(QMenu& versionMenu, QMenu& componentMenu);
 
   /// Lets the author choose another version, whose components are then copied into this one.
-  void TakeOver(std::int32_t version);
+  void TakeOver(model::VersionSlot version);
 
  private:
   QAction* AddItem(const char* name, model::Text text, const QKeySequence& shortcut,

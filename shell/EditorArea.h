@@ -19,9 +19,6 @@ class EditorArea {
   virtual void PositionExtender(QWidget& page) = 0;
   /// Shows a hint in the status bar.
   virtual void ShowStatusText(const std::string& text) = 0;
-  /// Shows the hourglass pointer and lets pending window messages run once, or restores the
-  /// pointer.
-  virtual void ShowHourglass(bool shown) = 0;
 };
 
 }  // namespace shell

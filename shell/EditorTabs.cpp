@@ -10,6 +10,8 @@
 #include "tools/Text.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
+#include "tools/desktop/UserInputBlocker.h"
+#include "tools/desktop/WaitCursor.h"
 #include "tools/settings/SettingsStore.h"
 
 namespace shell {
@@ -63,15 +65,15 @@ void EditorTabs::OfferChanges(pages::EditorPage& page) {
     return;
   }
   std::string refusal;
-  area_.ShowHourglass(true);
   try {
+    const tools::WaitCursor hourglass;
+    tools::PaintWithoutUserInput();
     page.ApplyChanges();
   } catch (const OverwritingRefused& error) {
     // The page goes now, and with it what its author has just been told to keep.
     refusal = error.what();
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): only saving reports failures
   }
-  area_.ShowHourglass(false);
   if (!refusal.empty()) tools::ShowError(dialogs_, refusal);
 }
 
@@ -90,7 +92,8 @@ void EditorTabs::AllowOverwriting(const pages::EditorPage& page, const std::stri
   }
 }
 
-void EditorTabs::Prepare(std::string_view pageList, std::int32_t version, std::int32_t component) {
+void EditorTabs::Prepare(std::string_view pageList, model::VersionSlot version,
+                         model::ComponentSlot component) {
   std::vector<std::string> reasons;
   {
     // All pages see the file as it is now, and it is compared with the disk once for all its keys.

@@ -35,7 +35,8 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   /// under the name "EditorTab" and its position in the list, and has read its settings. A page
   /// that cannot be made or read is left out, and the reason reported: once, where it is that of
   /// several pages.
-  void Prepare(std::string_view pageList, std::int32_t version, std::int32_t component);
+  void Prepare(std::string_view pageList, model::VersionSlot version,
+               model::ComponentSlot component);
 
   [[nodiscard]] std::int32_t Count() const override;
   [[nodiscard]] pages::EditorPage& Item(std::int32_t index) override;
@@ -52,8 +53,10 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
                                  std::string_view defaultValue) override;
   void Save(std::string_view section, std::string_view key, std::string_view value) override;
   void InOneWrite(const pages::EditorPage& page, const std::function<void()>& writes) override;
-  [[nodiscard]] std::int32_t VersionIndex() const override { return settings_.Version(); }
-  [[nodiscard]] std::int32_t ComponentIndex() const override { return settings_.Component(); }
+  [[nodiscard]] model::VersionSlot VersionIndex() const override { return settings_.Version(); }
+  [[nodiscard]] model::ComponentSlot ComponentIndex() const override {
+    return settings_.Component();
+  }
 
  private:
   [[nodiscard]] std::unique_ptr<pages::EditorPage> MakePage(const std::string& pageName,

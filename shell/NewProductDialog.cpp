@@ -6,7 +6,7 @@
 namespace shell {
 
 std::optional<model::NewProduct> NewProductDialog::Ask() {
-  frmNewProduct form(registry_, dialogs_, parent_);
+  frmNewProduct form(registry_, dialogs_, &parent_);
   form.exec();
   if (!form.Confirmed()) return std::nullopt;
   return model::NewProduct{.title = tools::ToUtf8(form.ProductTitle()),

@@ -13,11 +13,11 @@ constexpr char kComponentLetter = 'c';
 
 Node ProductNode() { return {std::string(kProductTag), "product"}; }
 
-Node VersionNode(std::int32_t version) {
+Node VersionNode(model::VersionSlot version) {
   return {std::string(kVersionTag), kVersionLetter + std::to_string(version)};
 }
 
-Node ComponentNode(std::int32_t version, std::int32_t component) {
+Node ComponentNode(model::VersionSlot version, model::ComponentSlot component) {
   return {std::string(kComponentTag),
           kVersionLetter + std::to_string(version) + kComponentLetter + std::to_string(component)};
 }

@@ -5,9 +5,10 @@
 //   tag "component"  key "v", the version slot, "c" and the component slot
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "model/Slots.h"
 
 namespace shell {
 
@@ -24,13 +25,13 @@ struct Node {
 };
 
 [[nodiscard]] Node ProductNode();
-[[nodiscard]] Node VersionNode(std::int32_t version);
-[[nodiscard]] Node ComponentNode(std::int32_t version, std::int32_t component);
+[[nodiscard]] Node VersionNode(model::VersionSlot version);
+[[nodiscard]] Node ComponentNode(model::VersionSlot version, model::ComponentSlot component);
 
 /// The slots that a node's key holds, 0 where it holds none.
 struct NodeSlots {
-  std::int32_t version = 0;
-  std::int32_t component = 0;
+  model::VersionSlot version = 0;
+  model::ComponentSlot component = 0;
 };
 [[nodiscard]] NodeSlots SlotsOf(const Node& node);
 

@@ -24,8 +24,8 @@ class PageBars : public QObject {
 
  public:
   struct Actions {
-    std::function<void(std::int32_t version)> takeOver;
-    std::function<void(std::int32_t version)> addComponent;
+    std::function<void(model::VersionSlot version)> takeOver;
+    std::function<void(model::VersionSlot version)> addComponent;
     std::function<void()> reload;
   };
 

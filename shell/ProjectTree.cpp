@@ -110,12 +110,12 @@ void ProjectTree::MarkChanged(const Node& node) {
   }
 }
 
-void ProjectTree::AddComponents(const model::ModProject& project, std::int32_t version,
+void ProjectTree::AddComponents(const model::ModProject& project, model::VersionSlot version,
                                 QTreeWidgetItem& parent, ErrorList& errors) const {
-  std::vector<std::int32_t> slots;
+  std::vector<model::ComponentSlot> slots;
   errors.Try([&] { slots = project.PossibleComponentSlots(version); });
   QList<QTreeWidgetItem*> items;
-  for (const std::int32_t slot : slots) {
+  for (const model::ComponentSlot slot : slots) {
     errors.Try([&] {
       const std::string title = project.ComponentTitle(version, slot);
       if (title.empty()) return;
@@ -126,20 +126,20 @@ void ProjectTree::AddComponents(const model::ModProject& project, std::int32_t v
   parent.addChildren(items);
 }
 
-void ProjectTree::Fill(const model::ModProject& project, std::int32_t latestVersion,
+void ProjectTree::Fill(const model::ModProject& project, model::VersionSlot latestVersion,
                        ErrorList& errors) {
   const Node selected = SelectedNode();
   clear();
   if (!project.IsOpen()) return;
   std::string title = tools::FileNamePart(project.ProductPath());
-  std::vector<std::int32_t> versions;
+  std::vector<model::VersionSlot> versions;
   errors.Try([&] { title = project.ProductTitle(); });
   errors.Try([&] { versions = project.VersionSlots(); });
   // All nodes are made before the tree gets them: each one added to a tree on the screen costs a
   // layout, and a version whose reading fails must not leave half a tree.
   std::unique_ptr<QTreeWidgetItem> product(MakeItem(ProductNode(), title));
   QTreeWidgetItem* latest = nullptr;
-  for (const std::int32_t slot : versions) {
+  for (const model::VersionSlot slot : versions) {
     const std::string text = project.VersionString(slot);
     QTreeWidgetItem* version =
         MakeItem(VersionNode(slot), model::LoadText(Text::Version) + " " + text);
@@ -312,7 +312,7 @@ bool ProjectTree::IsCopy(const QDropEvent& event) {
 
 Node ProjectTree::DropTarget(const QDropEvent& event) const {
   const Node target = NodeOf(itemAt(event.position().toPoint()));
-  const std::int32_t version = SlotsOf(target).version;
+  const model::VersionSlot version = SlotsOf(target).version;
   if (version == 0) return {};
   return IsCopy(event) || version != SlotsOf(DraggedNode(event)).version ? target : Node();
 }

@@ -30,7 +30,7 @@ class ProjectTree : public QTreeWidget {
   /// expanded, the node that was selected still selected where it is visible. Empties the tree when
   /// no product is open. A file that cannot be read costs only the nodes that it tells of, and is
   /// added to `errors`.
-  void Fill(const model::ModProject& project, std::int32_t latestVersion, ErrorList& errors);
+  void Fill(const model::ModProject& project, model::VersionSlot latestVersion, ErrorList& errors);
   /// Changes the product node's text.
   void SetProductTitle(const std::string& title);
   /// Selects that node where it is visible.
@@ -73,7 +73,7 @@ class ProjectTree : public QTreeWidget {
  private:
   [[nodiscard]] QTreeWidgetItem* SelectedItem() const;
   [[nodiscard]] QTreeWidgetItem* MakeItem(const Node& node, const std::string& text) const;
-  void AddComponents(const model::ModProject& project, std::int32_t version,
+  void AddComponents(const model::ModProject& project, model::VersionSlot version,
                      QTreeWidgetItem& parent, ErrorList& errors) const;
   [[nodiscard]] QTreeWidgetItem* Find(const Node& node) const;
   [[nodiscard]] const QIcon& IconOf(const Node& node) const;

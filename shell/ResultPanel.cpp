@@ -130,7 +130,7 @@ ResultPanel::ResultPanel(tools::Dialogs& dialogs, QWidget* parent)
   connect(cmdBuildAgain_, &QPushButton::clicked, this,
           [this] { Q_EMIT BuildAgainWanted(version_); });
   connect(lsvFindings_, &findings::FindingsList::PlaceChosen, this,
-          [this](std::int32_t component, std::int32_t entry) {
+          [this](model::ComponentSlot component, std::int32_t entry) {
             Q_EMIT PlaceChosen(version_, component, entry);
           });
   connect(&check_, &findings::CheckRun::Finished, this, &ResultPanel::ShowFindings);
@@ -143,7 +143,8 @@ QPushButton* ResultPanel::AddButton(const char* name, const std::string& text) {
   return button;
 }
 
-void ResultPanel::BringUp(std::int32_t version, const QString& outcome, const QString& facts) {
+void ResultPanel::BringUp(model::VersionSlot version, const QString& outcome,
+                          const QString& facts) {
   version_ = version;
   lblOutcome_->setText(outcome);
   lblFacts_->setText(facts);
@@ -186,7 +187,7 @@ void ResultPanel::ShowFindings(const std::vector<engine::BuildMessage>& messages
           checkNote_);
 }
 
-void ResultPanel::Forget(std::int32_t version) {
+void ResultPanel::Forget(model::VersionSlot version) {
   if (version == version_) Clear();
 }
 

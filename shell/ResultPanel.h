@@ -33,23 +33,23 @@ class ResultPanel : public QDockWidget {
   void Check(const findings::CheckRequest& request, const std::string& version,
              bool hasUnsavedPages);
   /// What is told is of no use when it is about the version in this slot, which is gone.
-  void Forget(std::int32_t version);
+  void Forget(model::VersionSlot version);
   /// Forgets everything and hides.
   void Clear();
 
  Q_SIGNALS:
   /// The place of a finding was chosen: slots of version and component, number of the entry or 0.
-  void PlaceChosen(std::int32_t version, std::int32_t component, std::int32_t entry);
+  void PlaceChosen(model::VersionSlot version, model::ComponentSlot component, std::int32_t entry);
   /// The version in this slot is to be built as at the last time.
-  void BuildAgainWanted(std::int32_t version);
+  void BuildAgainWanted(model::VersionSlot version);
 
  private:
   QPushButton* AddButton(const char* name, const std::string& text);
-  void BringUp(std::int32_t version, const QString& outcome, const QString& facts);
+  void BringUp(model::VersionSlot version, const QString& outcome, const QString& facts);
   void ShowFindings(const std::vector<engine::BuildMessage>& messages);
 
   tools::Dialogs& dialogs_;
-  std::int32_t version_ = 0;  ///< slot of the version that is told about
+  model::VersionSlot version_ = 0;  ///< slot of the version that is told about
   std::string versionText_;
   QString checkNote_;   ///< what the check that runs does not see
   std::string folder_;  ///< of the setup that is told about; empty when there is none

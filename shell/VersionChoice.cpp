@@ -32,26 +32,27 @@ QString Line(const std::string& version, const std::vector<model::ShownComponent
 }
 
 void AddVersions(QListWidget& list, const model::ModProject& project,
-                 const model::ComponentOperations& components, std::int32_t forVersion) {
-  std::vector<std::int32_t> versions = project.VersionSlots();
-  std::stable_sort(versions.begin(), versions.end(), [&](std::int32_t a, std::int32_t b) {
-    return tools::CompareVersions(project.VersionString(b), project.VersionString(a)) == 1;
-  });
-  for (const std::int32_t slot : versions) {
+                 const model::ComponentOperations& components, model::VersionSlot forVersion) {
+  std::vector<model::VersionSlot> versions = project.VersionSlots();
+  std::stable_sort(
+      versions.begin(), versions.end(), [&](model::VersionSlot a, model::VersionSlot b) {
+        return tools::CompareVersions(project.VersionString(b), project.VersionString(a)) == 1;
+      });
+  for (const model::VersionSlot slot : versions) {
     if (slot == forVersion) continue;
     const auto held = components.ComponentsOf(slot);
     if (held.empty()) continue;
     auto* item = new QListWidgetItem(Line(project.VersionString(slot), held), &list);
     item->setToolTip(item->text());
-    item->setData(Qt::UserRole, slot);
+    item->setData(Qt::UserRole, std::int32_t{slot});
   }
 }
 
 }  // namespace
 
-std::int32_t ChooseVersion(const model::ModProject& project,
-                           const model::ComponentOperations& components, std::int32_t forVersion,
-                           QWidget* parent) {
+model::VersionSlot ChooseVersion(const model::ModProject& project,
+                                 const model::ComponentOperations& components,
+                                 model::VersionSlot forVersion, QWidget* parent) {
   QDialog dialog(parent);
   dialog.setObjectName(QStringLiteral("versionChoice"));
   dialog.setWindowTitle(

@@ -13,8 +13,8 @@ namespace shell {
 /// Lists the other versions that have components, the highest first. Returns the slot of the one
 /// that the author chose; 0 when cancelled. The dialog is named `versionChoice`, its list
 /// `lstVersions`. Raises tools::Error.
-[[nodiscard]] std::int32_t ChooseVersion(const model::ModProject& project,
-                                         const model::ComponentOperations& components,
-                                         std::int32_t forVersion, QWidget* parent);
+[[nodiscard]] model::VersionSlot ChooseVersion(const model::ModProject& project,
+                                               const model::ComponentOperations& components,
+                                               model::VersionSlot forVersion, QWidget* parent);
 
 }  // namespace shell

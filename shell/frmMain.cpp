@@ -24,6 +24,7 @@
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
 #include "tools/desktop/UserInputBlocker.h"
+#include "tools/desktop/WaitCursor.h"
 #include "tools/files/Path.h"
 #include "tools/settings/SettingsStore.h"
 
@@ -44,8 +45,12 @@ QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
 frmMain::frmMain(const MainServices& services)
     : services_(services),
-      editorTabs_(*this, services.project, services.dialogs, services.registry,
-                  services.pageRegistry) {
+      dialogs_(services.dialogs != nullptr ? *services.dialogs : desktopDialogs_),
+      editorTabs_(*this, services.project, dialogs_, services.registry, services.pageRegistry),
+      newProductForm_(services.registry, dialogs_, *this),
+      operations_(services.project, services.disk, dialogs_, services.clock,
+                  {.view = *this, .pages = editorTabs_, .newProductForm = newProductForm_}),
+      components_(services.project, services.disk, dialogs_, *this) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowIcon(IconList().Icon(QStringLiteral("packwright")));
   BuildToolBar();
@@ -70,8 +75,6 @@ frmMain::frmMain(const MainServices& services)
   setMinimumSize(kLeastSize.boundedTo(room));
   resize(kFirstSize.boundedTo(room));
   RestoreWindowPlace(services_.registry, *this, *splitter_);
-  services_.operations.Connect(*this, editorTabs_);
-  services_.components.Connect(*this);
   UpdateProjectState();
   // Else the first button of the toolbar would have it.
   setFocus();
@@ -105,7 +108,7 @@ void frmMain::UpdateProjectState() {
     startArea_->Remember(services_.project.ProductPath());
   }
   pnlResult->Clear();
-  errors.Show(services_.dialogs);
+  errors.Show(dialogs_);
 }
 
 void frmMain::EnableDisableAll(bool enable) {
@@ -120,14 +123,14 @@ void frmMain::EnableDisableAll(bool enable) {
 void frmMain::UpdateTree() {
   ErrorList errors;
   FillTree(errors);
-  errors.Show(services_.dialogs);
+  errors.Show(dialogs_);
 }
 
 void frmMain::FillTree(ErrorList& errors) {
   // Thousands of components are read.
   const tools::SettingsStore::Session session(services_.project.Settings());
-  std::int32_t latest = 0;
-  errors.Try([&] { latest = services_.operations.LatestVersion(); });
+  model::VersionSlot latest;
+  errors.Try([&] { latest = operations_.LatestVersion(); });
   trvProjectTree->Fill(services_.project, latest, errors);
   pageBars_->TreeChanged();
 }
@@ -172,13 +175,13 @@ void frmMain::ShowStatusText(const std::string& text) {
   sbrMain->showMessage(tools::ToQString(text));
 }
 
-void frmMain::ShowHourglass(bool shown) {
-  if (shown) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    tools::PaintWithoutUserInput();
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
+std::unique_ptr<model::Hourglass> frmMain::ShowHourglass() {
+  struct Pointer : model::Hourglass {
+    tools::WaitCursor cursor;
+  };
+  auto hourglass = std::make_unique<Pointer>();
+  tools::PaintWithoutUserInput();
+  return hourglass;
 }
 
 void frmMain::PopUpNodeMenu(const QPoint& globalPosition) {
@@ -194,11 +197,10 @@ void frmMain::DeleteSelectedNode() {
   const Node node = trvProjectTree->SelectedNode();
   const NodeSlots slots = SlotsOf(node);
   const ShownTexts shown = trvProjectTree->SelectedTexts();
-  tools::Guard(services_.dialogs, [&] {
-    if (node.tag == kVersionTag) services_.operations.DeleteVersion(slots.version, shown.version);
+  tools::Guard(dialogs_, [&] {
+    if (node.tag == kVersionTag) operations_.DeleteVersion(slots.version, shown.version);
     if (node.tag == kComponentTag) {
-      services_.operations.DeleteComponent(slots.version, slots.component, shown.version,
-                                           shown.component);
+      operations_.DeleteComponent(slots.version, slots.component, shown.version, shown.component);
     }
   });
   // Its pages could only write to files that are gone, or to a later node of the same slot.
@@ -218,14 +220,13 @@ void frmMain::DropPages(bool ask) {
 }
 
 void frmMain::OnToolButton(const QString& key) {
-  model::ModProjectOperations& operations = services_.operations;
-  if (key == QLatin1String("new")) operations.NewProduct();
-  if (key == QLatin1String("open")) operations.OpenProduct({});
+  if (key == QLatin1String("new")) operations_.NewProduct();
+  if (key == QLatin1String("open")) operations_.OpenProduct({});
   if (key == QLatin1String("save")) {
-    operations.SaveAllPages();
+    operations_.SaveAllPages();
     trvProjectTree->SetProductTitle(services_.project.ProductTitle());
   }
-  if (key == QLatin1String("close")) operations.CloseProduct(false);
+  if (key == QLatin1String("close")) operations_.CloseProduct();
   if (key == QLatin1String("setupwiz")) StartWizard(Text::SetupWizard, &frmMain::SetupWizardWanted);
   if (key == QLatin1String("updatewiz"))
     StartWizard(Text::UpdateWizard, &frmMain::UpdateWizardWanted);
@@ -249,7 +250,7 @@ void frmMain::RunForVersion(Text title, Wanted wanted) {
     Refuse(Text::NoProjectOpen, title);
     return;
   }
-  const std::int32_t version = SlotsOf(trvProjectTree->SelectedNode()).version;
+  const model::VersionSlot version = SlotsOf(trvProjectTree->SelectedNode()).version;
   if (version == 0) {
     Refuse(Text::NoVersionSelected, title);
     return;
@@ -257,7 +258,8 @@ void frmMain::RunForVersion(Text title, Wanted wanted) {
   Q_EMIT(this->*wanted)(version, editorTabs_);
 }
 
-void frmMain::ShowPlace(std::int32_t version, std::int32_t component, std::int32_t entry) {
+void frmMain::ShowPlace(model::VersionSlot version, model::ComponentSlot component,
+                        std::int32_t entry) {
   if (!trvProjectTree->SelectNode(ComponentNode(version, component))) return;
   UpdateEditor();
   for (std::int32_t i = 1; entry != 0 && i <= editorTabs_.Count(); ++i) {
@@ -268,16 +270,14 @@ void frmMain::ShowPlace(std::int32_t version, std::int32_t component, std::int32
 }
 
 void frmMain::Refuse(Text text, Text caption) {
-  services_.dialogs.ShowMessage(
-      {.text = model::LoadText(text), .caption = model::LoadText(caption)});
+  dialogs_.ShowMessage({.text = model::LoadText(text), .caption = model::LoadText(caption)});
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-  tools::Guard(services_.dialogs,
-               [this] { RememberWindowPlace(services_.registry, *this, *splitter_); });
+  tools::Guard(dialogs_, [this] { RememberWindowPlace(services_.registry, *this, *splitter_); });
   // The answer does not keep the window open.
   if (event->spontaneous()) {
-    tools::Guard(services_.dialogs, [this] { services_.operations.CloseProduct(true); });
+    tools::Guard(dialogs_, [this] { operations_.CloseProductAfterWarning(); });
   }
   DropPages(false);
   event->accept();

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "model/ComponentOperations.h"
@@ -16,8 +17,12 @@
 #include "pages/PageRegistry.h"
 #include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
+#include "shell/NewProductDialog.h"
 #include "shell/NodeKey.h"
+#include "tools/Clock.h"
 #include "tools/Dialogs.h"
+#include "tools/desktop/DesktopDialogs.h"
+#include "tools/files/Disk.h"
 #include "tools/registry/Registry.h"
 
 class QLabel;
@@ -42,15 +47,15 @@ class UnsavedMarks;
 /// What the main window works with. The references must outlive it.
 struct MainServices {
   model::ModProject& project;
-  model::ModProjectOperations& operations;
-  model::ComponentOperations& components;
-  tools::Dialogs& dialogs;
+  tools::Disk& disk;
+  const tools::Clock& clock;
+  tools::Dialogs* dialogs;  ///< null: windows over this one
   tools::Registry& registry;
   const pages::PageRegistry& pageRegistry;
 };
 
-/// Connects itself and its page host to the operations it is given. An error of any of its commands
-/// is shown as a message; the program goes on.
+/// Makes the commands on products, which work with it and its page host. An error of any of them is
+/// shown as a message; the program goes on.
 class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   Q_OBJECT
 
@@ -69,19 +74,22 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   [[nodiscard]] QWidget* PageParent() override { return picDataEditor; }
   /// Opens the component in those slots, and the entry on the page that lists it; an entry of 0 is
   /// none. Pages with changes are offered for applying first.
-  void ShowPlace(std::int32_t version, std::int32_t component, std::int32_t entry);
+  void ShowPlace(model::VersionSlot version, model::ComponentSlot component, std::int32_t entry);
   [[nodiscard]] ResultPanel& Results() { return *pnlResult; }
 
   void ShowStatusText(const std::string& text) override;
-  void ShowHourglass(bool shown) override;
+  [[nodiscard]] std::unique_ptr<model::Hourglass> ShowHourglass() override;
+
+  [[nodiscard]] tools::Dialogs& Dialogs() { return dialogs_; }
+  [[nodiscard]] model::ModProjectOperations& Operations() { return operations_; }
 
  Q_SIGNALS:
   /// The user asked for a wizard for the version in this slot; `pages` are the open editor pages.
-  void SetupWizardWanted(std::int32_t version, model::OpenPages& pages);
-  void UpdateWizardWanted(std::int32_t version, model::OpenPages& pages);
+  void SetupWizardWanted(model::VersionSlot version, model::OpenPages& pages);
+  void UpdateWizardWanted(model::VersionSlot version, model::OpenPages& pages);
   /// The user wants the version built as at the last time, or checked for that.
-  void BuildAgainWanted(std::int32_t version, model::OpenPages& pages);
-  void CheckWanted(std::int32_t version, model::OpenPages& pages);
+  void BuildAgainWanted(model::VersionSlot version, model::OpenPages& pages);
+  void CheckWanted(model::VersionSlot version, model::OpenPages& pages);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -101,7 +109,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void OnTabClick();
   void PopUpNodeMenu(const QPoint& globalPosition);
   void DeleteSelectedNode();
-  using Wanted = void (frmMain::*)(std::int32_t, model::OpenPages&);
+  using Wanted = void (frmMain::*)(model::VersionSlot, model::OpenPages&);
   void StartWizard(model::Text title, Wanted wanted);
   /// Emits `wanted` for the version that the selected node is or belongs to; refuses without one.
   void RunForVersion(model::Text title, Wanted wanted);
@@ -115,6 +123,8 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void Refuse(model::Text text, model::Text caption);
 
   MainServices services_;
+  tools::DesktopDialogs desktopDialogs_{this};
+  tools::Dialogs& dialogs_;
 
   MainToolBar* tbrMain = nullptr;
   QStatusBar* sbrMain = nullptr;
@@ -153,6 +163,9 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
 
   /// The pages live in picDataEditor but are its own: it goes before the controls do.
   EditorTabs editorTabs_;
+  NewProductDialog newProductForm_;
+  model::ModProjectOperations operations_;
+  model::ComponentOperations components_;
 };
 
 }  // namespace shell

@@ -34,7 +34,7 @@ void frmMain::BuildToolBar() {
   tbrMain = new MainToolBar(this);
   addToolBar(tbrMain);
   connect(tbrMain, &MainToolBar::ButtonClicked, this,
-          tools::Guarded(services_.dialogs, [this](const QString& key) { OnToolButton(key); }));
+          tools::Guarded(dialogs_, [this](const QString& key) { OnToolButton(key); }));
 }
 
 void frmMain::BuildTreePane() {
@@ -56,7 +56,7 @@ void frmMain::BuildTreePane() {
   layout->addWidget(lblProjectTreeInfo);
 
   connect(trvProjectTree, &ProjectTree::NodeClicked, this,
-          tools::Guarded(services_.dialogs, [this] { UpdateEditor(); }));
+          tools::Guarded(dialogs_, [this] { UpdateEditor(); }));
   connect(trvProjectTree, &ProjectTree::MenuWanted, this, &frmMain::PopUpNodeMenu);
   connect(trvProjectTree, &ProjectTree::PointerMoved, this, [this] { ShowStatusText({}); });
 }
@@ -84,12 +84,11 @@ void frmMain::BuildEditorPane() {
   auto* sideLayout = new QVBoxLayout(side);
   sideLayout->setContentsMargins(0, 0, 0, 0);
   sideLayout->addWidget(picDataEditor);
-  startArea_ = new StartArea(*sideLayout, *picDataEditor, tbrMain->Button(QStringLiteral("open")),
-                             {.operations = services_.operations,
-                              .dialogs = services_.dialogs,
-                              .registry = services_.registry});
+  startArea_ = new StartArea(
+      *sideLayout, *picDataEditor, tbrMain->Button(QStringLiteral("open")),
+      {.operations = operations_, .dialogs = dialogs_, .registry = services_.registry});
   connect(tabDataEditor, &QTabBar::currentChanged, this,
-          tools::Guarded(services_.dialogs, [this] { OnTabClick(); }));
+          tools::Guarded(dialogs_, [this] { OnTabClick(); }));
 }
 
 QAction* frmMain::AddMenuItem(QMenu& menu, const char* name, Text text) {
@@ -99,14 +98,14 @@ QAction* frmMain::AddMenuItem(QMenu& menu, const char* name, Text text) {
 }
 
 void frmMain::OnMenuItem(QAction* item, std::function<void()> command) {
-  connect(item, &QAction::triggered, this, tools::Guarded(services_.dialogs, std::move(command)));
+  connect(item, &QAction::triggered, this, tools::Guarded(dialogs_, std::move(command)));
 }
 
 void frmMain::BuildMenus() {
   mnuPopupProduct = new QMenu(this);
   mnuPopupProduct->setObjectName(QStringLiteral("mnuPopupProduct"));
   mnuProductAddVersion = AddMenuItem(*mnuPopupProduct, "mnuProductAddVersion", Text::AddVersion);
-  OnMenuItem(mnuProductAddVersion, [this] { services_.operations.AddVersion(); });
+  OnMenuItem(mnuProductAddVersion, [this] { operations_.AddVersion(); });
 
   mnuPopupVersion = new QMenu(this);
   mnuPopupVersion->setObjectName(QStringLiteral("mnuPopupVersion"));
@@ -116,9 +115,8 @@ void frmMain::BuildMenus() {
   mnuVersionSep->setObjectName(QStringLiteral("mnuVersionSep"));
   mnuVersionDelete = AddMenuItem(*mnuPopupVersion, "mnuVersionDelete", Text::Delete);
   mnuVersionProperties = AddMenuItem(*mnuPopupVersion, "mnuVersionProperties", Text::Properties);
-  OnMenuItem(mnuVersionAddComponent, [this] {
-    services_.operations.AddComponent(SlotsOf(trvProjectTree->SelectedNode()).version);
-  });
+  OnMenuItem(mnuVersionAddComponent,
+             [this] { operations_.AddComponent(SlotsOf(trvProjectTree->SelectedNode()).version); });
   OnMenuItem(mnuVersionDelete, [this] { DeleteSelectedNode(); });
 
   mnuPopupComponent = new QMenu(this);
@@ -134,9 +132,9 @@ void frmMain::BuildMenus() {
 ComponentCommands* frmMain::MakeComponentCommands() {
   return new ComponentCommands(
       *trvProjectTree, {.project = services_.project,
-                        .operations = services_.operations,
-                        .components = services_.components,
-                        .dialogs = services_.dialogs,
+                        .operations = operations_,
+                        .components = components_,
+                        .dialogs = dialogs_,
                         .closePages =
                             [this] {
                               DropPages(true);
@@ -152,15 +150,14 @@ ComponentCommands* frmMain::MakeComponentCommands() {
 
 PageBars* frmMain::MakePageBars() {
   const auto guarded = [this](auto command) {
-    return [this, command](auto... slot) {
-      tools::Guard(services_.dialogs, [&] { command(slot...); });
-    };
+    return [this, command](auto... slot) { tools::Guard(dialogs_, [&] { command(slot...); }); };
   };
   return new PageBars(
       *editorLayout_, *this, *trvProjectTree, editorTabs_,
-      {.takeOver = guarded([this](std::int32_t version) { componentCommands_->TakeOver(version); }),
+      {.takeOver =
+           guarded([this](model::VersionSlot version) { componentCommands_->TakeOver(version); }),
        .addComponent =
-           guarded([this](std::int32_t version) { services_.operations.AddComponent(version); }),
+           guarded([this](model::VersionSlot version) { operations_.AddComponent(version); }),
        .reload = guarded([this] {
          UpdateTree();
          UpdateEditor();
@@ -168,16 +165,15 @@ PageBars* frmMain::MakePageBars() {
 }
 
 void frmMain::BuildResultPanel() {
-  pnlResult = new ResultPanel(services_.dialogs, this);
+  pnlResult = new ResultPanel(dialogs_, this);
   addDockWidget(Qt::BottomDockWidgetArea, pnlResult);
   pnlResult->hide();
   connect(pnlResult, &ResultPanel::PlaceChosen, this,
-          tools::Guarded(services_.dialogs,
-                         [this](std::int32_t version, std::int32_t component, std::int32_t entry) {
-                           ShowPlace(version, component, entry);
-                         }));
+          tools::Guarded(dialogs_,
+                         [this](model::VersionSlot version, model::ComponentSlot component,
+                                std::int32_t entry) { ShowPlace(version, component, entry); }));
   connect(pnlResult, &ResultPanel::BuildAgainWanted, this,
-          [this](std::int32_t version) { Q_EMIT BuildAgainWanted(version, editorTabs_); });
+          [this](model::VersionSlot version) { Q_EMIT BuildAgainWanted(version, editorTabs_); });
 
   // In the version's menu, and by their keys from wherever the user is.
   mnuPopupVersion->addSeparator();
@@ -200,7 +196,7 @@ void frmMain::BuildKeys() {
                  {[this] { return trvProjectTree; }, [this] { return tabDataEditor; }, page,
                   [this] { return startArea_->Page(); }, [this] { return pnlResult; },
                   [this] { return tbrMain; }},
-                 tools::Guarded(services_.dialogs, [page] {
+                 tools::Guarded(dialogs_, [page] {
                    const QWidget* shown = page();
                    OpenGuide(GuideChapter(
                        shown == nullptr ? QString()

@@ -120,7 +120,7 @@ engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings) {
 }
 
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
-                std::int32_t versionIndex) {
+                model::VersionSlot versionIndex) {
   DesktopBuild build(services);
   engine::BuildResult& result = build.Result();
   result.version = versionIndex;

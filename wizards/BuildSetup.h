@@ -20,8 +20,8 @@ namespace wizards {
 
 /// A place in a version that its author wants to see.
 struct ChosenPlace {
-  std::int32_t component = 0;  ///< slot; 0 when no place was chosen
-  std::int32_t entry = 0;      ///< entry number in it, or 0
+  model::ComponentSlot component = 0;  ///< slot; 0 when no place was chosen
+  std::int32_t entry = 0;              ///< entry number in it, or 0
 };
 
 /// What the wizards work with. The references must outlive them.
@@ -38,8 +38,8 @@ struct BuildServices {
   /// Gets what each build came to, when its messages have been read.
   std::function<void(const engine::BuildResult&)> onBuilt = [](const engine::BuildResult&) {};
   /// Opens the place of a finding, when the wizard that showed it is closed.
-  std::function<void(std::int32_t version, const ChosenPlace& place)> showPlace =
-      [](std::int32_t, const ChosenPlace&) {};
+  std::function<void(model::VersionSlot version, const ChosenPlace& place)> showPlace =
+      [](model::VersionSlot, const ChosenPlace&) {};
 };
 
 /// Converts "folder", "makezip" (packaged when exactly 1), "includeexe" and "includetessel" (on
@@ -51,6 +51,6 @@ struct BuildServices {
 /// owner withdraws it. Raises tools::Error when the build cannot run or end at all; the notice is
 /// gone then.
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
-                std::int32_t versionIndex);
+                model::VersionSlot versionIndex);
 
 }  // namespace wizards

@@ -50,11 +50,11 @@ std::string Unescaped(std::string_view text) {
 LastBuilds::LastBuilds(tools::Registry& registry, const model::ModProject& project)
     : registry_(registry), project_(project) {}
 
-std::string LastBuilds::NameOf(std::int32_t version) const {
+std::string LastBuilds::NameOf(model::VersionSlot version) const {
   return Escaped(project_.ProductPath()) + '|' + Escaped(project_.VersionString(version));
 }
 
-tools::WizardDataStore LastBuilds::Of(std::int32_t version) const {
+tools::WizardDataStore LastBuilds::Of(model::VersionSlot version) const {
   tools::WizardDataStore values;
   const std::string stored = registry_.Read(kRoot, model::kLastBuildsKey, NameOf(version), "");
   std::string_view rest = stored;
@@ -68,7 +68,7 @@ tools::WizardDataStore LastBuilds::Of(std::int32_t version) const {
   return values;
 }
 
-void LastBuilds::Remember(std::int32_t version, const tools::WizardDataStore& values) {
+void LastBuilds::Remember(model::VersionSlot version, const tools::WizardDataStore& values) {
   std::string text;
   for (const auto& [name, value] : values) {
     if (name == "compression") continue;  // chosen anew for each build

@@ -18,12 +18,12 @@ class LastBuilds {
   LastBuilds(tools::Registry& registry, const model::ModProject& project);
 
   /// The wizard's values of the last build of the version in that slot; empty when there was none.
-  [[nodiscard]] tools::WizardDataStore Of(std::int32_t version) const;
+  [[nodiscard]] tools::WizardDataStore Of(model::VersionSlot version) const;
   /// Raises tools::Error when the registry cannot be written to.
-  void Remember(std::int32_t version, const tools::WizardDataStore& values);
+  void Remember(model::VersionSlot version, const tools::WizardDataStore& values);
 
  private:
-  [[nodiscard]] std::string NameOf(std::int32_t version) const;
+  [[nodiscard]] std::string NameOf(model::VersionSlot version) const;
 
   tools::Registry& registry_;
   const model::ModProject& project_;

@@ -7,8 +7,9 @@
 
 namespace wizards {
 
-tools::WizardPageRegistry OptionPages(const BuildServices& services, std::int32_t versionIndex,
-                                      UnsavedPages& unsaved, ChosenPlace& chosen) {
+tools::WizardPageRegistry OptionPages(const BuildServices& services,
+                                      model::VersionSlot versionIndex, UnsavedPages& unsaved,
+                                      ChosenPlace& chosen) {
   const std::string library = kOptionPageLibrary;
   tools::WizardPageRegistry pages;
   pages.Add(library + "wizSetup_Config",

@@ -14,7 +14,7 @@ namespace wizards {
 /// the place of a finding that the author chose; the page then closes the wizard. The references
 /// must outlive the registry and the pages.
 [[nodiscard]] tools::WizardPageRegistry OptionPages(const BuildServices& services,
-                                                    std::int32_t versionIndex,
+                                                    model::VersionSlot versionIndex,
                                                     UnsavedPages& unsaved, ChosenPlace& chosen);
 
 }  // namespace wizards

@@ -49,7 +49,7 @@ tools::WizardPage ReadyPage() {
 
 }  // namespace
 
-SetupWizard::SetupWizard(const BuildServices& services, std::int32_t versionIndex,
+SetupWizard::SetupWizard(const BuildServices& services, model::VersionSlot versionIndex,
                          FrameMaker makeFrame)
     : WizardBase(services.dialogs, std::move(makeFrame)),
       services_(services),

@@ -15,7 +15,7 @@ namespace wizards {
 class SetupWizard : public WizardBase {
  public:
   /// For the version in slot `versionIndex` of the open product.
-  SetupWizard(const BuildServices& services, std::int32_t versionIndex, FrameMaker makeFrame);
+  SetupWizard(const BuildServices& services, model::VersionSlot versionIndex, FrameMaker makeFrame);
 
   [[nodiscard]] std::string Title() override;
   [[nodiscard]] tools::WizardPage ShowPage(const std::string& key) override;
@@ -28,7 +28,7 @@ class SetupWizard : public WizardBase {
 
  private:
   BuildServices services_;
-  std::int32_t versionIndex_;
+  model::VersionSlot versionIndex_;
 };
 
 }  // namespace wizards

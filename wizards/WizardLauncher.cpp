@@ -15,9 +15,10 @@ namespace wizards {
 using model::LoadText;
 using model::Text;
 
-WizardLauncher::WizardLauncher(BuildServices services) : services_(std::move(services)) {}
+WizardLauncher::WizardLauncher(BuildServices services, QWidget* parent)
+    : services_(std::move(services)), parent_(parent) {}
 
-void WizardLauncher::StartSetupWizard(std::int32_t version, model::OpenPages& pages) {
+void WizardLauncher::StartSetupWizard(model::VersionSlot version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
   ChosenPlace chosen;
   const tools::WizardPageRegistry optionPages = OptionPages(services_, version, unsaved, chosen);
@@ -30,14 +31,14 @@ void WizardLauncher::StartSetupWizard(std::int32_t version, model::OpenPages& pa
   if (chosen.component != 0) services_.showPlace(version, chosen);
 }
 
-void WizardLauncher::StartUpdateWizard(std::int32_t version, model::OpenPages& pages) {
+void WizardLauncher::StartUpdateWizard(model::VersionSlot version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
   ChosenPlace chosen;
   const tools::WizardPageRegistry optionPages = OptionPages(services_, version, unsaved, chosen);
   UpdateWizard(services_.dialogs, Frames(optionPages)).Start();
 }
 
-void WizardLauncher::BuildAgain(std::int32_t version, model::OpenPages& pages) {
+void WizardLauncher::BuildAgain(model::VersionSlot version, model::OpenPages& pages) {
   const tools::WizardDataStore settings =
       LastBuilds(services_.registry, services_.project).Of(version);
   if (settings.empty()) {
@@ -66,7 +67,7 @@ void WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {
   if (save) unsaved.Save();
 }
 
-findings::CheckRequest WizardLauncher::CheckOf(std::int32_t version) const {
+findings::CheckRequest WizardLauncher::CheckOf(model::VersionSlot version) const {
   const LastBuilds last(services_.registry, services_.project);
   findings::CheckRequest request{.productPath = services_.project.ProductPath(),
                                  .version = version,

@@ -41,7 +41,7 @@ void PrepareLanguages(QComboBox& box) {
 
 }  // namespace
 
-wizSetup_Config::wizSetup_Config(const model::ModProject& project, std::int32_t versionIndex,
+wizSetup_Config::wizSetup_Config(const model::ModProject& project, model::VersionSlot versionIndex,
                                  tools::Dialogs& dialogs, UnsavedPages& unsaved,
                                  tools::WizardDataStore& DataStore, QWidget* parent)
     : WizardOptionPage(DataStore, parent),

@@ -26,7 +26,7 @@ class wizSetup_Config : public tools::WizardOptionPage {
 
  public:
   /// For the version in slot `versionIndex`. The references must outlive the page.
-  wizSetup_Config(const model::ModProject& project, std::int32_t versionIndex,
+  wizSetup_Config(const model::ModProject& project, model::VersionSlot versionIndex,
                   tools::Dialogs& dialogs, UnsavedPages& unsaved, tools::WizardDataStore& DataStore,
                   QWidget* parent);
 

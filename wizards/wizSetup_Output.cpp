@@ -39,7 +39,7 @@ std::string ConfigurationName(const std::string& value) {
 
 }  // namespace
 
-wizSetup_Output::wizSetup_Output(const model::ModProject& project, std::int32_t versionIndex,
+wizSetup_Output::wizSetup_Output(const model::ModProject& project, model::VersionSlot versionIndex,
                                  std::string programFolder, tools::Dialogs& dialogs,
                                  tools::WizardDataStore& DataStore, QWidget* parent)
     : WizardOptionPage(DataStore, parent),

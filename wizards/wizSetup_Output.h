@@ -25,7 +25,7 @@ class wizSetup_Output : public tools::WizardOptionPage {
  public:
   /// For the version in slot `versionIndex`; `programFolder` is the one of this program. The
   /// references must outlive the page.
-  wizSetup_Output(const model::ModProject& project, std::int32_t versionIndex,
+  wizSetup_Output(const model::ModProject& project, model::VersionSlot versionIndex,
                   std::string programFolder, tools::Dialogs& dialogs,
                   tools::WizardDataStore& DataStore, QWidget* parent);
 
@@ -43,7 +43,7 @@ class wizSetup_Output : public tools::WizardOptionPage {
   void Warn(const std::string& text);
 
   const model::ModProject& project_;
-  std::int32_t versionIndex_;
+  model::VersionSlot versionIndex_;
   std::string programFolder_;
   tools::Dialogs& dialogs_;
   std::optional<engine::ProtectedPlaces> places_;

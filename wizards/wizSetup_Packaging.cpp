@@ -21,9 +21,9 @@ using model::LoadText;
 using model::Text;
 using tools::ToQString;
 
-wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services, std::int32_t versionIndex,
-                                       ChosenPlace& chosen, tools::WizardDataStore& DataStore,
-                                       QWidget* parent)
+wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services,
+                                       model::VersionSlot versionIndex, ChosenPlace& chosen,
+                                       tools::WizardDataStore& DataStore, QWidget* parent)
     : WizardOptionPage(DataStore, parent),
       services_(services),
       versionIndex_(versionIndex),
@@ -94,7 +94,7 @@ void wizSetup_Packaging::AddFindings() {
   layout()->addWidget(lsvFindings_);
   connect(&check_, &findings::CheckRun::Finished, this, &wizSetup_Packaging::ShowFindings);
   connect(lsvFindings_, &findings::FindingsList::PlaceChosen, this,
-          [this](std::int32_t component, std::int32_t entry) {
+          [this](model::ComponentSlot component, std::int32_t entry) {
             ChoosePlace({component, entry});
           });
 }

@@ -30,8 +30,8 @@ class wizSetup_Packaging : public tools::WizardOptionPage {
 
  public:
   /// For the version in slot `versionIndex`. The references must outlive the page.
-  wizSetup_Packaging(const BuildServices& services, std::int32_t versionIndex, ChosenPlace& chosen,
-                     tools::WizardDataStore& DataStore, QWidget* parent);
+  wizSetup_Packaging(const BuildServices& services, model::VersionSlot versionIndex,
+                     ChosenPlace& chosen, tools::WizardDataStore& DataStore, QWidget* parent);
 
   void ShowValues() override;
 
@@ -54,7 +54,7 @@ class wizSetup_Packaging : public tools::WizardOptionPage {
   void ChoosePlace(const ChosenPlace& place);
 
   const BuildServices& services_;
-  std::int32_t versionIndex_;
+  model::VersionSlot versionIndex_;
   ChosenPlace& chosen_;
   tools::WizardDataStore lastTime_;  ///< of the last build; empty when there was none
   std::array<Option, 3> options_{};

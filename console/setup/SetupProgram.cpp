@@ -86,7 +86,7 @@ ExitCode Prove(const std::string& path, const SetupCommandLine& line,
   tools::SettingsStore store(surroundings.disk);
   model::ModProject project(store);
   OpenProduct(project, tools::ResolvePath(line.product, surroundings.workingFolder));
-  const std::int32_t version = FindVersion(project, line.version);
+  const model::VersionSlot version = FindVersion(project, line.version);
   const setup::ProofResult result =
       ProveVersion(setup, project, version, *clock,
                    [&](const tools::Progress& progress) { report.OnProgress(progress); });

@@ -84,7 +84,7 @@ TEST_F(PassedOverTest, ADeadLinkInPlaceOfASettingsFileIsAnError) {
     std::filesystem::remove(path);
     std::filesystem::create_symlink("nirgends", path);
     EXPECT_THAT(ErrorOf([&] {
-                  for (const std::int32_t slot : project_.VersionSlots()) {
+                  for (const model::VersionSlot slot : project_.VersionSlots()) {
                     (void)project_.ComponentSlots(slot);
                   }
                 }),

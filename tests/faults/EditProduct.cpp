@@ -38,8 +38,6 @@ class ClockworkDisk : public tools::SystemDisk {
 
 struct Desk {
   explicit Desk(const std::string& product, bool inSeconds = false) : disk(inSeconds) {
-    operations.Connect(window, window);
-    components.Connect(window);
     project.SetProductPath(product);
   }
 
@@ -62,10 +60,10 @@ struct Desk {
   }
   void List() {
     std::cout << project.ProductTitle();
-    for (const std::int32_t version : project.VersionSlots()) {
+    for (const model::VersionSlot version : project.VersionSlots()) {
       std::cout << '|' << project.VersionString(version);
       project.RequireVersion(version);
-      for (const std::int32_t slot : project.ComponentSlots(version)) {
+      for (const model::ComponentSlot slot : project.ComponentSlots(version)) {
         std::cout << ',' << project.ComponentTitle(version, slot) << ' '
                   << project.ReadComponentSetting(version, slot, "File300", "SourceName", "-");
       }
@@ -78,8 +76,8 @@ struct Desk {
   tests::ScriptedDialogs dialogs;
   tests::FixedClock clock;
   tests::FakeWindow window;
-  model::ModProjectOperations operations{project, disk, dialogs, clock, window};
-  model::ComponentOperations components{project, disk, dialogs};
+  model::ModProjectOperations operations{project, disk, dialogs, clock, {window, window, window}};
+  model::ComponentOperations components{project, disk, dialogs, window};
 };
 
 const std::map<std::string, std::function<void(Desk&)>> kOperations{

@@ -81,7 +81,7 @@ TEST_F(ModProjectOperationsTest, ClosingWarnsOfChangedPages) {
   window.pages[1].dirty = true;
   for (int way = 0; way < 3; ++way) {
     dialogs.ExpectQuestion(Text::UnsavedChangesAreLost, MessageAnswer::Cancel);
-    EXPECT_FALSE(way == 0   ? operations.CloseProduct(true)
+    EXPECT_FALSE(way == 0   ? operations.CloseProductAfterWarning()
                  : way == 1 ? operations.NewProduct()
                             : operations.OpenProduct(""));
     EXPECT_EQ(dialogs.LastMessage(), "Warnung|" + LoadText(Text::UnsavedChangesAreLost));
@@ -90,7 +90,7 @@ TEST_F(ModProjectOperationsTest, ClosingWarnsOfChangedPages) {
   EXPECT_TRUE(project.IsOpen());
   EXPECT_THAT(window.resets, ElementsAre());
   window.pages[1].dirty = false;
-  EXPECT_TRUE(operations.CloseProduct(true));
+  EXPECT_TRUE(operations.CloseProductAfterWarning());
   EXPECT_FALSE(project.IsOpen());
   EXPECT_THAT(window.resets, ElementsAre(true));
 }
@@ -103,7 +103,7 @@ TEST_F(ModProjectOperationsTest, SavingGoesOnPastAPageThatFails) {
   EXPECT_EQ(window.pages[1].applied, 1);
   EXPECT_FALSE(operations.IsDirty());
   EXPECT_EQ(dialogs.LastMessage(), "Fehler|Seite kaputt");
-  EXPECT_FALSE(window.hourglass);
+  EXPECT_EQ(window.hourglasses, 0);
 }
 
 TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatest) {

@@ -18,10 +18,10 @@ using tools::ToPath;
 /// The versions and components of a product, as its files have them.
 std::string Listing(const ModProject& project) {
   std::string text = project.ProductTitle();
-  for (const std::int32_t version : project.VersionSlots()) {
+  for (const model::VersionSlot version : project.VersionSlots()) {
     project.RequireVersion(version);
     text += "|" + project.VersionString(version);
-    for (const std::int32_t slot : project.ComponentSlots(version)) {
+    for (const model::ComponentSlot slot : project.ComponentSlots(version)) {
       text += "," + project.ComponentTitle(version, slot);
     }
   }

@@ -142,7 +142,8 @@ class frmMainTest : public QObject {
 
   void SlotsOfSeveralDigitsComeBackFromTheirKeys() {
     const shell::NodeSlots slots = shell::SlotsOf(shell::ComponentNode(12, 345));
-    QCOMPARE(std::pair(slots.version, slots.component), std::pair(12, 345));
+    QCOMPARE(std::int32_t{slots.version}, 12);
+    QCOMPARE(std::int32_t{slots.component}, 345);
   }
 
   void TheSelectedNodesPagesAreShown() {

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -36,7 +37,14 @@ struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {
     ++treeUpdates;
     if (onUpdateTree) onUpdateTree();
   }
-  void ShowHourglass(bool shown) override { hourglass = shown; }
+  std::unique_ptr<model::Hourglass> ShowHourglass() override {
+    struct Pointer : model::Hourglass {
+      explicit Pointer(int& count) : shown(count) { ++shown; }
+      ~Pointer() override { --shown; }
+      int& shown;
+    };
+    return std::make_unique<Pointer>(hourglasses);
+  }
   void ShowStatusText(const std::string& text) override { statusText = text; }
   [[nodiscard]] std::int32_t Count() const override { return std::int32_t(pages.size()); }
   model::OpenPage& Item(std::int32_t index) override { return pages.at(std::size_t(index - 1)); }
@@ -46,7 +54,7 @@ struct FakeWindow : model::MainView, model::OpenPages, model::NewProductForm {
   int stateUpdates = 0;  ///< how often the window was asked to refresh, and
   int treeUpdates = 0;   ///< its tree
   std::function<void()> onUpdateTree;
-  bool hourglass = false;
+  int hourglasses = 0;  ///< that are shown
   std::string statusText;
   std::deque<FakePage> pages;
   std::vector<bool> resets;                     ///< the `ask` of each Reset

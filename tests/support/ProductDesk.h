@@ -11,11 +11,6 @@
 namespace tests {
 
 struct ProductDesk {
-  ProductDesk() {
-    operations.Connect(window, window);
-    components.Connect(window);
-  }
-
   // Commands with the author's answer; `shown` is what the tree shows of the node.
   void AddVersion(const std::string& answer) {
     dialogs.ExpectInputBox(model::Text::EnterVersion, answer);
@@ -42,8 +37,8 @@ struct ProductDesk {
   ScriptedDialogs dialogs;
   FixedClock clock;
   FakeWindow window;
-  model::ModProjectOperations operations{project, disk, dialogs, clock, window};
-  model::ComponentOperations components{project, disk, dialogs};
+  model::ModProjectOperations operations{project, disk, dialogs, clock, {window, window, window}};
+  model::ComponentOperations components{project, disk, dialogs, window};
 };
 
 }  // namespace tests

@@ -237,7 +237,7 @@ class WizardsTest : public QObject {
     QVERIFY2(Rows(findings).contains("Wrapper.exe"), qPrintable(Rows(findings)));
     QVERIFY2(Rows(findings).contains("|Kern=1="), qPrintable(Rows(findings)));
     DoubleClick(findings, findings.model()->index(1, 0));
-    QCOMPARE(std::pair(f.chosen.component, f.chosen.entry), std::pair(1, 1));
+    QCOMPARE(std::pair(std::int32_t{f.chosen.component}, f.chosen.entry), std::pair(1, 1));
     QVERIFY(!f.page->isVisible());
   }
 

@@ -72,8 +72,6 @@ DesktopDialogs::~DesktopDialogs() {
   for (const auto& [token, notice] : notices_) delete notice.window.data();
 }
 
-void DesktopDialogs::SetParent(QWidget* parent) { parent_ = parent; }
-
 MessageAnswer DesktopDialogs::ShowMessage(const Message& message) {
   const ArrowCursor arrow;
   return RunMessageBox(message, Owner());

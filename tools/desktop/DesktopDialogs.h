@@ -23,9 +23,6 @@ class DesktopDialogs : public Dialogs {
   explicit DesktopDialogs(QWidget* parent = nullptr);
   ~DesktopDialogs() override;
 
-  /// For a main window that is itself made with these dialogs.
-  void SetParent(QWidget* parent);
-
   MessageAnswer ShowMessage(const Message& message) override;
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& defaultText) override;

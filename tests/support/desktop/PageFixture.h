@@ -15,10 +15,8 @@ struct FakeArea : QWidget, shell::EditorArea {
   QWidget* PageParent() override { return this; }
   void PositionExtender(QWidget& page) override { page.setGeometry(rect()); }
   void ShowStatusText(const std::string& text) override { hint = ToQString(text); }
-  void ShowHourglass(bool shown) override { hourglasses += shown ? 1 : -1; }
 
   QString hint = "nichts";
-  int hourglasses = 0;
 };
 
 /// The product has a component "Kern" without settings.

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QScreen>
+#include <optional>
 
 #include "tests/support/desktop/ModalScript.h"
 #include "tools/desktop/BusyNotice.h"
@@ -40,7 +41,7 @@ class DesktopDialogsTest : public QObject {
     window_->resize(800, 600);
     window_->show();
     Activate(*window_);
-    dialogs_.SetParent(window_.get());
+    dialogs_.emplace(window_.get());
   }
 
   void AMessageBoxShowsItsMessage() {
@@ -57,8 +58,8 @@ class DesktopDialogsTest : public QObject {
       QCOMPARE(Shown(box, {"cmdYes", "cmdNo"}), "&Ja|&Nein");
     });
     QCOMPARE(
-        dialogs_.ShowMessage({"<b>Ä & B</b>\r\n\r\nWeiter?", "Frage", tools::MessageIcon::Question,
-                              MessageButtons::YesNo, MessageAnswer::No}),
+        dialogs_->ShowMessage({"<b>Ä & B</b>\r\n\r\nWeiter?", "Frage", tools::MessageIcon::Question,
+                               MessageButtons::YesNo, MessageAnswer::No}),
         MessageAnswer::Yes);
     QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
   }
@@ -70,7 +71,7 @@ class DesktopDialogsTest : public QObject {
       QVERIFY(box.width() > box.fontMetrics().horizontalAdvance(caption) + 60);
       Press(box, "cmdOK");
     });
-    dialogs_.ShowMessage({.text = "Kurz.", .caption = tools::ToUtf8(caption)});
+    dialogs_->ShowMessage({.text = "Kurz.", .caption = tools::ToUtf8(caption)});
   }
 
   void KeysPressTheButtonsOfAMessageBox() {
@@ -106,9 +107,9 @@ class DesktopDialogsTest : public QObject {
       QTest::keyClicks(box.focusWidget(), "Hilfe");
       QTest::keyClick(box.focusWidget(), Qt::Key_Return);
     });
-    QCOMPARE(dialogs_.InputBox("Name & Co.:", "Komponente hinzufügen...", "Neue"), "Hilfe");
+    QCOMPARE(dialogs_->InputBox("Name & Co.:", "Komponente hinzufügen...", "Neue"), "Hilfe");
     script.ExpectAndPress("inputBox", "cmdCancel");
-    QCOMPARE(dialogs_.InputBox("Name:", "", "Neue Komponente"), "");
+    QCOMPARE(dialogs_->InputBox("Name:", "", "Neue Komponente"), "");
   }
 
   void AChosenFileComesBackAsItsPath() {
@@ -126,18 +127,18 @@ class DesktopDialogsTest : public QObject {
       QTest::keyClick(&Child(dialog, "fileNameEdit"), Qt::Key_Return);
       QCOMPARE(filter, "Produkte");
     });
-    QCOMPARE(dialogs_.OpenFile(request), path);
+    QCOMPARE(dialogs_->OpenFile(request), path);
     script.Expect<QWidget>("openFile",
                            [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-    QCOMPARE(dialogs_.OpenFile(request), "");
+    QCOMPARE(dialogs_->OpenFile(request), "");
   }
 
   void ABusyNoticePaintsItselfWithoutAnEventLoop() {
     const PaintCounter paints;
-    const int token = dialogs_.ShowBusyNotice("Bitte warten", {});
+    const int token = dialogs_->ShowBusyNotice("Bitte warten", {});
     const int paintsBefore = paints.count;
     QVERIFY(paintsBefore > 0);
-    dialogs_.UpdateBusyNotice(
+    dialogs_->UpdateBusyNotice(
         token,
         {.filesDone = 1200, .filesTotal = 5000, .bytesDone = 3 << 20, .bytesTotal = 4 << 20});
     QVERIFY(paints.count > paintsBefore);
@@ -176,14 +177,14 @@ class DesktopDialogsTest : public QObject {
   }
 
   void WhatTheUserDoesDuringABusyNoticeIsDropped() {
-    const int token = dialogs_.ShowBusyNotice("Bitte warten", {});
-    const int second = dialogs_.ShowBusyNotice("Noch etwas", {});
+    const int token = dialogs_->ShowBusyNotice("Bitte warten", {});
+    const int second = dialogs_->ShowBusyNotice("Noch etwas", {});
     TypeSoon();
-    dialogs_.UpdateBusyNotice(token, {.filesDone = 1});
+    dialogs_->UpdateBusyNotice(token, {.filesDone = 1});
     TypeSoon();
-    dialogs_.WithdrawBusyNotice(token);
+    dialogs_->WithdrawBusyNotice(token);
     QVERIFY(Child(*window_, "busyNotice").isVisible());
-    for (int i = 0; i < 2; ++i) dialogs_.WithdrawBusyNotice(second);
+    for (int i = 0; i < 2; ++i) dialogs_->WithdrawBusyNotice(second);
     QVERIFY(window_->findChild<QWidget*>("busyNotice") == nullptr);
     QCOMPARE(window_->text(), "");
     TypeSoon();
@@ -202,7 +203,7 @@ class DesktopDialogsTest : public QObject {
   void WorkIsStoppedByTheButtonOrEscapeOnceTheUserConfirms() {
     QFETCH(const bool, byKey);
     QFETCH(const bool, confirmed);
-    const int token = dialogs_.ShowBusyNotice("Bitte warten", "Aufhören?");
+    const int token = dialogs_->ShowBusyNotice("Bitte warten", "Aufhören?");
     ModalScript script;
     script.ExpectAndPress("messageBox", confirmed ? "cmdYes" : "cmdNo");
     QTimer::singleShot(0, [&] {
@@ -212,21 +213,21 @@ class DesktopDialogsTest : public QObject {
         Press(Child(*window_, "busyNotice"), "cmdStop");
       }
     });
-    for (int i = 0; i < 2; ++i) dialogs_.UpdateBusyNotice(token, {.filesDone = 1});
-    QCOMPARE(dialogs_.IsStopWanted(token), confirmed);
-    dialogs_.WithdrawBusyNotice(token);
+    for (int i = 0; i < 2; ++i) dialogs_->UpdateBusyNotice(token, {.filesDone = 1});
+    QCOMPARE(dialogs_->IsStopWanted(token), confirmed);
+    dialogs_->WithdrawBusyNotice(token);
   }
 
   void ABusyNoticeStaysUntilItIsWithdrawn() {
-    const int token = dialogs_.ShowBusyNotice("Bitte warten", {});
+    const int token = dialogs_->ShowBusyNotice("Bitte warten", {});
     const QPointer<QWidget> notice = &Child(*window_, "busyNotice");
     QTest::keyClick(notice, Qt::Key_Escape);
     PressCloseBox(*notice);
     QVERIFY(notice->isVisible());
     window_.reset();
     QVERIFY(notice == nullptr);
-    dialogs_.UpdateBusyNotice(token, {.filesDone = 1});
-    dialogs_.WithdrawBusyNotice(token);
+    dialogs_->UpdateBusyNotice(token, {.filesDone = 1});
+    dialogs_->WithdrawBusyNotice(token);
   }
 
  private:
@@ -235,7 +236,7 @@ class DesktopDialogsTest : public QObject {
                     const std::function<void(QWidget&)>& act) {
     ModalScript script;
     script.Expect<QWidget>("messageBox", act);
-    return dialogs_.ShowMessage(
+    return dialogs_->ShowMessage(
         {.text = "?", .caption = "", .buttons = buttons, .defaultAnswer = byDefault});
   }
   /// What the user types comes with the next events.
@@ -245,7 +246,7 @@ class DesktopDialogsTest : public QObject {
   }
 
   std::unique_ptr<QLineEdit> window_;
-  tools::DesktopDialogs dialogs_;
+  std::optional<tools::DesktopDialogs> dialogs_;
 };
 
 }  // namespace tests
