@@ -40,7 +40,7 @@ void Compress(const std::vector<std::string_view>& pieces, std::atomic<std::size
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   std::vector<std::string> files;
-  for (const std::string& path : tools::FindFiles(argv[1], "*", true)) {
+  for (const std::string& path : tools::FindFiles(argv[1], "*", tools::Subfolders::Search)) {
     files.push_back(tools::ReadWholeFile(path));
   }
   std::vector<std::string_view> pieces;

@@ -14,6 +14,7 @@
 namespace pages {
 
 using model::LoadText;
+using tools::Subfolders;
 
 namespace {
 
@@ -55,9 +56,9 @@ void TellOfPassedOver(tools::Dialogs& dialogs, const tools::FoundFiles& found) {
 }
 
 std::vector<std::string> ListFiles(tools::Dialogs& dialogs, const std::string& folder,
-                                   bool withSubfolders) {
+                                   Subfolders subfolders) {
   tools::FoundFiles found =
-      tools::SearchFiles(folder, "*.*", {.includeSubfolders = withSubfolders});
+      tools::SearchFiles(folder, "*.*", {.includeSubfolders = subfolders == Subfolders::Search});
   tools::RequireAllRead(found);
   TellOfPassedOver(dialogs, found);
   return std::move(found.paths);
@@ -76,27 +77,28 @@ std::vector<std::string> AskForFiles(tools::Dialogs& dialogs) {
 std::vector<std::string> FilesIn(tools::Dialogs& dialogs, const DroppedPaths& dropped) {
   std::vector<std::string> files = dropped.files;
   if (dropped.folders.empty()) return files;
-  const bool withSubfolders =
-      dialogs.ShowMessage({.text = LoadText(Text::WithSubfolders),
-                           .caption = tools::StandardText(tools::kTextQuestion),
-                           .icon = tools::MessageIcon::Question,
-                           .buttons = tools::MessageButtons::YesNo,
-                           .defaultAnswer = tools::MessageAnswer::Yes}) ==
-      tools::MessageAnswer::Yes;
+  const bool search = dialogs.ShowMessage({.text = LoadText(Text::WithSubfolders),
+                                           .caption = tools::StandardText(tools::kTextQuestion),
+                                           .icon = tools::MessageIcon::Question,
+                                           .buttons = tools::MessageButtons::YesNo,
+                                           .defaultAnswer = tools::MessageAnswer::Yes}) ==
+                      tools::MessageAnswer::Yes;
+  const Subfolders subfolders = search ? Subfolders::Search : Subfolders::Skip;
   for (const std::string& folder : dropped.folders) {
-    const std::vector<std::string> found = ListFiles(dialogs, folder, withSubfolders);
+    const std::vector<std::string> found = ListFiles(dialogs, folder, subfolders);
     files.insert(files.end(), found.begin(), found.end());
   }
   return files;
 }
 
-std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders) {
+std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, Subfolders subfolders) {
   const std::string prompt =
       LoadText(Text::ChooseFolder) + " " +
-      LoadText(withSubfolders ? Text::AddsFilesOfFolderAndSubfolders : Text::AddsFilesOfFolder);
+      LoadText(subfolders == Subfolders::Search ? Text::AddsFilesOfFolderAndSubfolders
+                                                : Text::AddsFilesOfFolder);
   const std::string folder = dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
   if (folder.empty()) return {};
-  return ListFiles(dialogs, folder, withSubfolders);
+  return ListFiles(dialogs, folder, subfolders);
 }
 
 std::string RefusalOf(const std::vector<std::string>& paths) {

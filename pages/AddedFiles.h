@@ -8,16 +8,17 @@
 #include "model/FileEntries.h"
 #include "pages/FileDrop.h"
 #include "tools/Dialogs.h"
+#include "tools/files/FindFiles.h"
 
 namespace pages {
 
 /// Asks for files; none when the author cancels.
 [[nodiscard]] std::vector<std::string> AskForFiles(tools::Dialogs& dialogs);
 
-/// Asks for a folder and lists its files, with `withSubfolders` those in its subfolders too; empty
-/// when the author cancels. Says how many links and special files are not among them. Raises
-/// tools::Error when the folder cannot be listed.
-[[nodiscard]] std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, bool withSubfolders);
+/// Asks for a folder and lists its files, none when the author cancels. Says how many links and
+/// special files are not among them. Raises tools::Error when the folder cannot be listed.
+[[nodiscard]] std::vector<std::string> AskForFolder(tools::Dialogs& dialogs,
+                                                    tools::Subfolders subfolders);
 
 /// The files that were dropped, and those of the folders: asks once whether with their subfolders,
 /// and says what it passes over as AskForFolder does. Raises tools::Error when a folder cannot be

@@ -62,7 +62,7 @@ class FileListDocument::Presence : public QUndoCommand {
         taken_.pop_back();
       }
     }
-    Q_EMIT document_.Changed(ids_, true);
+    Q_EMIT document_.Changed(ids_, By::UndoOrRedo);
   }
 
   FileListDocument& document_;
@@ -86,12 +86,12 @@ class FileListDocument::Fields : public QUndoCommand {
   void undo() override {
     Apply(before_);
     document_.untyped_.insert(untyped_.begin(), untyped_.end());
-    Tell(true);
+    TellOfRepetition();
   }
   void redo() override {
     Apply(edits_);
     for (const std::string& id : untyped_) document_.untyped_.erase(id);
-    if (!std::exchange(isNew_, false)) Tell(true);
+    if (!std::exchange(isNew_, false)) TellOfRepetition();
   }
 
  private:
@@ -100,7 +100,7 @@ class FileListDocument::Fields : public QUndoCommand {
       document_.entries_.SetField(edit.id, edit.field, edit.text);
     }
   }
-  void Tell(bool repeated) { Q_EMIT document_.Changed(IdsOf(edits_), repeated); }
+  void TellOfRepetition() { Q_EMIT document_.Changed(IdsOf(edits_), By::UndoOrRedo); }
 
   FileListDocument& document_;
   std::vector<FieldEdit> edits_;
@@ -184,7 +184,7 @@ std::vector<std::string> FileListDocument::Add(std::vector<model::ICFile> entrie
     entries_.Add(std::move(entry));
   }
   steps_.push(new Presence(*this, Text::AddStep, ids, {}));
-  Q_EMIT Changed(ids, false);
+  Q_EMIT Changed(ids, By::Step);
   return ids;
 }
 
@@ -193,7 +193,7 @@ void FileListDocument::Remove(const std::vector<std::string>& ids) {
   for (const model::ICFile* entry : Find(ids)) ordered.push_back(entry->ID);
   if (ordered.empty()) return;
   steps_.push(new Presence(*this, Text::RemoveStep, ordered, Presence::Take(*this, ordered)));
-  Q_EMIT Changed(ordered, false);
+  Q_EMIT Changed(ordered, By::Step);
 }
 
 void FileListDocument::Set(const std::vector<FieldEdit>& edits) {
@@ -204,7 +204,7 @@ void FileListDocument::Set(const std::vector<FieldEdit>& edits) {
   }
   if (edits.empty()) return;
   steps_.push(new Fields(*this, edits));
-  Q_EMIT Changed(IdsOf(edits), false);
+  Q_EMIT Changed(IdsOf(edits), By::Step);
 }
 
 }  // namespace pages

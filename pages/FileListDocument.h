@@ -31,6 +31,9 @@ class FileListDocument : public QObject {
   Q_OBJECT
 
  public:
+  /// What an entry was changed by: a step of the author, or undoing or repeating one.
+  enum class By { Step, UndoOrRedo };
+
   explicit FileListDocument(QObject* parent);
   ~FileListDocument() override;
 
@@ -56,9 +59,8 @@ class FileListDocument : public QObject {
  Q_SIGNALS:
   /// Read has replaced all entries.
   void Replaced();
-  /// Entries with these IDs were added, removed or edited, by a step or by undoing one
-  /// (`repeated`: by undoing or repeating it).
-  void Changed(const std::vector<std::string>& ids, bool repeated);
+  /// Entries with these IDs were added, removed or edited.
+  void Changed(const std::vector<std::string>& ids, By by);
 
  private:
   class Presence;

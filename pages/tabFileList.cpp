@@ -18,7 +18,6 @@
 #include "pages/AddedFiles.h"
 #include "pages/EmptyFileHint.h"
 #include "pages/FileFilter.h"
-#include "pages/FileListDocument.h"
 #include "pages/FileListMenu.h"
 #include "pages/FileProperties.h"
 #include "pages/KnownPageValues.h"
@@ -203,9 +202,9 @@ void tabFileList::ConnectEvents() {
   connect(mnuAddFile, &QAction::triggered, this, Guarded(dialogs, [this] { AddFiles(); }));
   connect(cmdAddFile, &QPushButton::clicked, mnuAddFile, &QAction::trigger);
   connect(mnuAddDirectory[0], &QAction::triggered, this,
-          Guarded(dialogs, [this] { AddFolder(false); }));
+          Guarded(dialogs, [this] { AddFolder(tools::Subfolders::Skip); }));
   connect(mnuAddDirectory[1], &QAction::triggered, this,
-          Guarded(dialogs, [this] { AddFolder(true); }));
+          Guarded(dialogs, [this] { AddFolder(tools::Subfolders::Search); }));
   connect(cmdRemoveFile, &QPushButton::clicked, this,
           Guarded(dialogs, [this] { RemoveSelected(); }));
   connect(lsvBrowser->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -271,9 +270,9 @@ void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
 
 void tabFileList::AddFiles() { AddFileEntries(AskForFiles(services_.dialogs)); }
 
-void tabFileList::AddFolder(bool withSubfolders) {
+void tabFileList::AddFolder(tools::Subfolders subfolders) {
   const tools::WaitCursor wait;
-  AddFileEntries(AskForFolder(services_.dialogs, withSubfolders));
+  AddFileEntries(AskForFolder(services_.dialogs, subfolders));
 }
 
 void tabFileList::AddDropped(const DroppedPaths& dropped) {
@@ -366,7 +365,8 @@ void tabFileList::TellOfChange(const QString& name, const std::vector<std::strin
   if (!told.isEmpty()) StatusTextChanged(tools::ToUtf8(told));
 }
 
-void tabFileList::ShowChange(const std::vector<std::string>& ids, bool repeated) {
+void tabFileList::ShowChange(const std::vector<std::string>& ids, FileListDocument::By by) {
+  const bool repeated = by == FileListDocument::By::UndoOrRedo;
   const std::vector<int> selected = SelectedRows(*lsvBrowser);
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
   if (repeated) ChooseFolderOf(entries);

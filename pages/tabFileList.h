@@ -7,6 +7,7 @@
 
 #include "grid/ctlPropertyEditor.h"
 #include "model/FileEntries.h"
+#include "pages/FileListDocument.h"
 #include "pages/FileListModel.h"
 #include "pages/PageRegistry.h"
 
@@ -23,7 +24,6 @@ namespace pages {
 
 class EmptyFileHint;
 class FileFilter;
-class FileListDocument;
 struct DroppedPaths;
 
 /// Lists the entries of one destination folder at a time and shows the fields of the selected ones
@@ -66,7 +66,7 @@ class tabFileList : public EditorPage {
   void ConnectEvents();
 
   void AddFiles();
-  void AddFolder(bool withSubfolders);
+  void AddFolder(tools::Subfolders subfolders);
   void AddDropped(const DroppedPaths& dropped);
   /// Those paths that cannot be added are named by the error, the others are added.
   void AddFileEntries(const std::vector<std::string>& paths);
@@ -85,7 +85,7 @@ class tabFileList : public EditorPage {
   void TellOfChange(const QString& name, const std::vector<std::string>& ids);
   /// Lists anew after these entries were added, removed or edited, and selects what there is of
   /// them, else the row that moved up.
-  void ShowChange(const std::vector<std::string>& ids, bool repeated);
+  void ShowChange(const std::vector<std::string>& ids, FileListDocument::By by);
   [[nodiscard]] std::int32_t ChosenFolder() const;
   void ChooseFolderOf(const std::vector<const model::ICFile*>& entries);
   void EnableMenuItems();

@@ -201,7 +201,8 @@ class Prover {
     if (setup_.archive) known.push_back(setup_.archive->Path());
     for (const PlannedFile& file : plan_.files) known.push_back(TreePath(setup_, file));
     std::ranges::sort(known);
-    for (const std::string& path : tools::FindFiles(setup_.folder, "*", true)) {
+    for (const std::string& path :
+         tools::FindFiles(setup_.folder, "*", tools::Subfolders::Search)) {
       const bool own =
           tools::FolderOf(path) == setup_.folder &&
           std::ranges::count(kOwnFiles, tools::LowerCase(tools::FileNamePart(path))) > 0;

@@ -20,7 +20,8 @@ std::string ScriptOf(const std::string& path) {
     if (tools::FileExists(path)) return path;
     throw tools::Error("Das Setup wurde nicht gefunden: " + path);
   }
-  const std::vector<std::string> scripts = tools::FindFiles(path, "*.install", false);
+  const std::vector<std::string> scripts =
+      tools::FindFiles(path, "*.install", tools::Subfolders::Skip);
   if (scripts.empty()) {
     throw tools::Error("In diesem Ordner liegt kein Setup (keine Datei *.install): " + path);
   }

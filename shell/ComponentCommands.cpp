@@ -31,18 +31,20 @@ constexpr char kBetween = '\n';  // no stored text holds one
 
 ComponentCommands::ComponentCommands(ProjectTree& tree, Services services)
     : QObject(&tree), tree_(tree), services_(std::move(services)) {
-  mnuCopy = AddItem("mnuCopy", Text::Copy, QKeySequence::Copy, [this] { PutOnClipboard(false); });
-  mnuCut = AddItem("mnuCut", Text::Cut, QKeySequence::Cut, [this] { PutOnClipboard(true); });
+  mnuCopy = AddItem("mnuCopy", Text::Copy, QKeySequence::Copy,
+                    [this] { PutOnClipboard(Transfer::Copy); });
+  mnuCut =
+      AddItem("mnuCut", Text::Cut, QKeySequence::Cut, [this] { PutOnClipboard(Transfer::Move); });
   mnuPaste = AddItem("mnuPaste", Text::Paste, QKeySequence::Paste, [this] { Paste(); });
   mnuRename = AddItem("mnuRename", Text::Rename, Qt::Key_F2, [this] { Rename(); });
   mnuTakeOver = AddItem("mnuTakeOver", Text::TakeOverComponents, {},
                         [this] { TakeOver(SlotsOf(tree_.SelectedNode()).version); });
   connect(&tree, &ProjectTree::ComponentDropped, this,
           tools::Guarded(services_.dialogs, [this](const Node& component, const Node& target,
-                                                   bool move) {
+                                                   Transfer transfer) {
             const NodeSlots slots = SlotsOf(component);
             for (const ShownComponent& each : services_.components.ComponentsOf(slots.version)) {
-              if (each.component == slots.component) Place({each}, move, target);
+              if (each.component == slots.component) Place({each}, transfer, target);
             }
           }));
 }
@@ -89,10 +91,11 @@ std::vector<ShownComponent> ComponentCommands::Selected() const {
   return {};
 }
 
-void ComponentCommands::PutOnClipboard(bool move) {
+void ComponentCommands::PutOnClipboard(Transfer transfer) {
+  const bool move = transfer == Transfer::Move;
   const std::vector<ShownComponent> components = Selected();
   if (components.empty() || (move && tree_.SelectedNode().tag != kComponentTag)) return;
-  QGuiApplication::clipboard()->setMimeData(Pack(components, move));
+  QGuiApplication::clipboard()->setMimeData(Pack(components, transfer));
   // Copies are made of the files.
   if (services_.operations.IsDirty()) {
     services_.showStatus(LoadText(Text::SavedStateIsCopied));
@@ -104,10 +107,11 @@ void ComponentCommands::PutOnClipboard(bool move) {
   }
 }
 
-QMimeData* ComponentCommands::Pack(const std::vector<ShownComponent>& components, bool move) const {
+QMimeData* ComponentCommands::Pack(const std::vector<ShownComponent>& components,
+                                   Transfer transfer) const {
   QStringList titles;
   QByteArrayList fields{QByteArray::fromStdString(services_.project.ProductPath()),
-                        move ? kMove : QByteArray("copy")};
+                        transfer == Transfer::Move ? kMove : QByteArray("copy")};
   for (const ShownComponent& component : components) {
     titles += ToQString(component.shownTitle);
     fields << QByteArray::number(component.version) << QByteArray::number(component.component)
@@ -120,12 +124,12 @@ QMimeData* ComponentCommands::Pack(const std::vector<ShownComponent>& components
   return data;
 }
 
-std::vector<ShownComponent> ComponentCommands::OnClipboard(bool* move) const {
+std::vector<ShownComponent> ComponentCommands::OnClipboard(Transfer* transfer) const {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   if (data == nullptr || !data->hasFormat(kFormat)) return {};
   const QByteArrayList fields = data->data(kFormat).split(kBetween);
   if (fields.size() < 2 || fields[0].toStdString() != services_.project.ProductPath()) return {};
-  if (move != nullptr) *move = fields[1] == kMove;
+  if (transfer != nullptr) *transfer = fields[1] == kMove ? Transfer::Move : Transfer::Copy;
   std::vector<ShownComponent> components;
   for (qsizetype i = 2; i + 4 <= fields.size(); i += 4) {
     components.push_back({fields[i].toInt(), fields[i + 1].toInt(), fields[i + 2].toStdString(),
@@ -135,13 +139,14 @@ std::vector<ShownComponent> ComponentCommands::OnClipboard(bool* move) const {
 }
 
 void ComponentCommands::Paste() {
-  bool move = false;
-  const std::vector<ShownComponent> components = OnClipboard(&move);
-  if (!components.empty()) Place(components, move, tree_.SelectedNode());
+  auto transfer = Transfer::Copy;
+  const std::vector<ShownComponent> components = OnClipboard(&transfer);
+  if (!components.empty()) Place(components, transfer, tree_.SelectedNode());
 }
 
-void ComponentCommands::Place(const std::vector<ShownComponent>& components, bool move,
+void ComponentCommands::Place(const std::vector<ShownComponent>& components, Transfer transfer,
                               const Node& target) {
+  const bool move = transfer == Transfer::Move;
   const model::VersionSlot version = SlotsOf(target).version;
   const bool isThere = move && components.front().version == version;
   if (version == 0 || isThere) {

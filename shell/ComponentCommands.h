@@ -9,7 +9,7 @@
 #include "model/ComponentOperations.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
-#include "shell/NodeKey.h"
+#include "shell/ProjectTree.h"
 #include "tools/Dialogs.h"
 
 class QAction;
@@ -18,8 +18,6 @@ class QMimeData;
 class QWidget;
 
 namespace shell {
-
-class ProjectTree;
 
 /// The clipboard holds what was copied as text (the titles) and in a form of the program's own, so
 /// that a second window with the same product can paste it.
@@ -52,17 +50,18 @@ class ComponentCommands : public QObject {
   QAction* AddItem(const char* name, model::Text text, const QKeySequence& shortcut,
                    std::function<void()> command);
   void EnableItems(bool all);
-  void PutOnClipboard(bool move);
+  void PutOnClipboard(Transfer transfer);
   void Paste();
   void Rename();
   /// Copies or moves into the version of `target`.
-  void Place(const std::vector<model::ShownComponent>& components, bool move, const Node& target);
+  void Place(const std::vector<model::ShownComponent>& components, Transfer transfer,
+             const Node& target);
   /// The selected component, or those of the selected version.
   [[nodiscard]] std::vector<model::ShownComponent> Selected() const;
   [[nodiscard]] QMimeData* Pack(const std::vector<model::ShownComponent>& components,
-                                bool move) const;
-  /// What the clipboard holds of the open product.
-  [[nodiscard]] std::vector<model::ShownComponent> OnClipboard(bool* move = nullptr) const;
+                                Transfer transfer) const;
+  /// What the clipboard holds of the open product; `transfer` gets what is to be done with it.
+  [[nodiscard]] std::vector<model::ShownComponent> OnClipboard(Transfer* transfer = nullptr) const;
 
   ProjectTree& tree_;
   Services services_;

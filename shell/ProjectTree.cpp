@@ -294,14 +294,14 @@ void ProjectTree::dropEvent(QDropEvent* event) {
     event->ignore();
     return;
   }
-  const bool move = !IsCopy(*event);
+  const auto transfer = IsCopy(*event) ? Transfer::Copy : Transfer::Move;
   event->setDropAction(Qt::CopyAction);
   event->accept();
   // What it asks and shows must not run within the drag.
   QMetaObject::invokeMethod(
       this,
-      [this, dragged = DraggedNode(*event), target, move] {
-        Q_EMIT ComponentDropped(dragged, target, move);
+      [this, dragged = DraggedNode(*event), target, transfer] {
+        Q_EMIT ComponentDropped(dragged, target, transfer);
       },
       Qt::QueuedConnection);
 }

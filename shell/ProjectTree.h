@@ -17,9 +17,11 @@ struct ShownTexts {
   std::string component;  ///< the component's title, empty for a version
 };
 
+/// What happens to a component that goes into another version.
+enum class Transfer { Copy, Move };
+
 /// A click beside the nodes leaves the selected one selected. Pressing the right button does not
-/// select: the menu belongs to the node that is selected
-/// already, wherever the pointer is.
+/// select: the menu belongs to the node that is selected already, wherever the pointer is.
 class ProjectTree : public QTreeWidget {
   Q_OBJECT
 
@@ -55,7 +57,8 @@ class ProjectTree : public QTreeWidget {
   void PointerMoved();
   /// The user has dragged a component onto a version, or onto a component of it. Comes when the
   /// drag is over.
-  void ComponentDropped(const shell::Node& component, const shell::Node& target, bool move);
+  void ComponentDropped(const shell::Node& component, const shell::Node& target,
+                        shell::Transfer transfer);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;

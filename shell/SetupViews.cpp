@@ -21,31 +21,12 @@ namespace {
 constexpr std::size_t kLargestLog = std::size_t{64} << 20;  // bytes
 constexpr int kFolderBrowserFlags = 17;
 
-/// The busy notice of a comparison, which the author can stop.
-class ComparisonNotice {
- public:
-  explicit ComparisonNotice(tools::Dialogs& dialogs)
-      : dialogs_(dialogs),
-        token_(dialogs.ShowBusyNotice(LoadText(Text::ComparingSetups),
-                                      LoadText(Text::ReallyStopComparing))) {}
-  ~ComparisonNotice() { dialogs_.WithdrawBusyNotice(token_); }
-  ComparisonNotice(const ComparisonNotice&) = delete;
-  ComparisonNotice& operator=(const ComparisonNotice&) = delete;
-
-  void Update(const tools::Progress& progress) {
-    dialogs_.UpdateBusyNotice(token_, progress);
-    if (dialogs_.IsStopWanted(token_)) throw tools::Stopped();
-  }
-
- private:
-  tools::Dialogs& dialogs_;
-  int token_;
-};
-
-setup::SetupContents ContentsOf(const std::string& folder, ComparisonNotice& notice) {
+setup::SetupContents ContentsOf(const std::string& folder, tools::StoppableNotice& notice) {
   setup::Setup setup = setup::OpenSetup(folder);
-  return setup::TakeContents(
-      setup, [&notice](const tools::Progress& progress) { notice.Update(progress); });
+  return setup::TakeContents(setup, [&notice](const tools::Progress& progress) {
+    notice.Update(progress);
+    if (notice.IsStopWanted()) throw tools::Stopped();
+  });
 }
 
 std::string Report(const std::string& otherFolder, const setup::SetupComparison& comparison) {
@@ -75,7 +56,8 @@ void ShowDifferences(const std::string& setupFolder, tools::Dialogs& dialogs, QW
   if (other.empty()) return;
   std::string report;
   try {
-    ComparisonNotice notice(dialogs);
+    tools::StoppableNotice notice(dialogs, LoadText(Text::ComparingSetups),
+                                  LoadText(Text::ReallyStopComparing));
     report = Report(
         other, setup::CompareSetups(ContentsOf(other, notice), ContentsOf(setupFolder, notice)));
   } catch (const tools::Stopped&) {

@@ -43,14 +43,15 @@ void StartArea::Remember(const std::string& product) {
   tools::Guard(services_.dialogs, [&] { recent_.Add(product); });
 }
 
-void StartArea::Update(bool isProductOpen, bool hasPages) {
+void StartArea::Update(Editor editor) {
+  const bool hasPages = editor == Editor::HasPages;
   page_->setVisible(!hasPages);
   layout_.setStretchFactor(&editor_, hasPages ? 1 : 0);
   layout_.setStretchFactor(page_, hasPages ? 0 : 1);
-  if (isProductOpen) {
-    page_->ShowNothingSelected();
-  } else {
+  if (editor == Editor::NoProduct) {
     page_->ShowStart(recent_.Paths());
+  } else {
+    page_->ShowNothingSelected();
   }
 }
 

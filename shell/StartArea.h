@@ -33,8 +33,13 @@ class StartArea : public QObject {
   [[nodiscard]] QWidget* Page() const;
   /// A product was opened: remembers it.
   void Remember(const std::string& product);
-  /// Shows what belongs into the editor area while it has no pages, and nothing while it has.
-  void Update(bool isProductOpen, bool hasPages);
+  enum class Editor {
+    HasPages,         ///< nothing else is shown
+    NothingSelected,  ///< a product is open
+    NoProduct
+  };
+  /// Shows what belongs into the editor area while it has no pages.
+  void Update(Editor editor);
 
  private:
   void Remove(const std::string& path);

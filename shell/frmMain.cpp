@@ -136,7 +136,7 @@ void frmMain::FillTree(ErrorList& errors) {
 }
 
 void frmMain::UpdateEditor() {
-  DropPages(true);
+  DropPages(Changes::Offer);
   // First: a product file that cannot be read is told once, not by each page.
   trvProjectTree->SetProductTitle(services_.project.ProductTitle());
   shownNode_ = trvProjectTree->SelectedNode();
@@ -155,7 +155,7 @@ void frmMain::ShowTabs() {
   }
   marks_->Watch(editorTabs_, shownNode_);
   pageBars_->PagesRead(shownNode_);
-  startArea_->Update(services_.project.IsOpen(), tabDataEditor->count() > 0);
+  UpdateStartArea();
   OnTabClick();
 }
 
@@ -206,17 +206,24 @@ void frmMain::DeleteSelectedNode() {
   // Its pages could only write to files that are gone, or to a later node of the same slot.
   if (trvProjectTree->SelectedNode() == node) return;
   if (node.tag == kVersionTag) pnlResult->Forget(slots.version);
-  DropPages(false);
-  startArea_->Update(services_.project.IsOpen(), false);
+  DropPages(Changes::Lose);
+  UpdateStartArea();
 }
 
-void frmMain::DropPages(bool ask) {
-  editorTabs_.Reset(ask);
+void frmMain::DropPages(Changes changes) {
+  editorTabs_.Reset(changes == Changes::Offer);
   const QSignalBlocker quiet(tabDataEditor);
   while (tabDataEditor->count() > 0) tabDataEditor->removeTab(0);
   marks_->Watch(editorTabs_, shownNode_);
   pageBars_->PagesRead(shownNode_);
   ShowStatusText({});
+}
+
+void frmMain::UpdateStartArea() {
+  using Editor = StartArea::Editor;
+  startArea_->Update(tabDataEditor->count() > 0   ? Editor::HasPages
+                     : services_.project.IsOpen() ? Editor::NothingSelected
+                                                  : Editor::NoProduct);
 }
 
 void frmMain::OnToolButton(const QString& key) {
@@ -279,7 +286,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
   if (event->spontaneous()) {
     tools::Guard(dialogs_, [this] { operations_.CloseProductAfterWarning(); });
   }
-  DropPages(false);
+  DropPages(Changes::Lose);
   event->accept();
 }
 

@@ -117,8 +117,12 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   [[nodiscard]] ComponentCommands* MakeComponentCommands();
   [[nodiscard]] PageBars* MakePageBars();
   void BuildKeys();
-  /// With `ask`, pages with changes are first offered for applying.
-  void DropPages(bool ask);
+  enum class Changes {
+    Offer,  ///< each page with changes is offered for applying first
+    Lose
+  };
+  void DropPages(Changes changes);
+  void UpdateStartArea();
   void ShowTabs();
   void Refuse(model::Text text, model::Text caption);
 

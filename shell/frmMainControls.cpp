@@ -137,7 +137,7 @@ ComponentCommands* frmMain::MakeComponentCommands() {
                         .dialogs = dialogs_,
                         .closePages =
                             [this] {
-                              DropPages(true);
+                              DropPages(Changes::Offer);
                               return editorTabs_.Count() == 0;
                             },
                         .openNode =

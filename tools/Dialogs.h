@@ -66,4 +66,27 @@ class Dialogs {
   virtual void WithdrawBusyNotice(int token) = 0;
 };
 
+/// The busy notice of work that the user can stop; withdrawn with this object.
+class StoppableNotice {
+ public:
+  /// `dialogs` must outlive this object.
+  StoppableNotice(Dialogs& dialogs, const std::string& text, const std::string& stopQuestion)
+      : dialogs_(dialogs), token_(dialogs.ShowBusyNotice(text, stopQuestion)) {}
+  ~StoppableNotice() {
+    if (!isLeft_) dialogs_.WithdrawBusyNotice(token_);
+  }
+  StoppableNotice(const StoppableNotice&) = delete;
+  StoppableNotice& operator=(const StoppableNotice&) = delete;
+
+  void Update(const Progress& progress) { dialogs_.UpdateBusyNotice(token_, progress); }
+  [[nodiscard]] bool IsStopWanted() { return dialogs_.IsStopWanted(token_); }
+  /// The notice stays when this object goes.
+  void Leave() { isLeft_ = true; }
+
+ private:
+  Dialogs& dialogs_;
+  int token_;
+  bool isLeft_ = false;
+};
+
 }  // namespace tools

@@ -1,5 +1,6 @@
 #include "wizards/BuildSetup.h"
 
+#include <exception>
 #include <string_view>
 
 #include "engine/Build.h"
@@ -20,12 +21,13 @@ constexpr const char* kLineBreak = "\r\n";
 
 class DesktopBuild : public engine::BuildObserver {
  public:
-  explicit DesktopBuild(const BuildServices& services)
+  /// Adds the build's messages to `result`, which must outlive this object.
+  DesktopBuild(const BuildServices& services, engine::BuildResult& result)
       : dialogs_(services.dialogs),
         isEndWanted_(services.isEndWanted),
         pace_(services.clock),
-        notice_(dialogs_.ShowBusyNotice(LoadText(Text::BuildingSetup),
-                                        LoadText(Text::ReallyStopBuild))) {}
+        result_(result),
+        notice_(dialogs_, LoadText(Text::BuildingSetup), LoadText(Text::ReallyStopBuild)) {}
 
   void OnMessage(const engine::BuildMessage& message) override {
     if (result_.messages.size() < engine::BuildResult::kMostMessages) {
@@ -37,7 +39,7 @@ class DesktopBuild : public engine::BuildObserver {
 
   void OnProgress(const tools::Progress& progress) override {
     progress_ = progress;
-    dialogs_.UpdateBusyNotice(notice_, progress);
+    notice_.Update(progress);
   }
 
   bool MayEmptyOutputFolder(const std::string& /*folder*/) override {
@@ -52,20 +54,18 @@ class DesktopBuild : public engine::BuildObserver {
 
   bool IsStopWanted() override {
     // Before the first file is stored nothing else lets the user's wish through.
-    if (pace_.IsDue()) dialogs_.UpdateBusyNotice(notice_, progress_);
-    return isEndWanted_() || dialogs_.IsStopWanted(notice_);
+    if (pace_.IsDue()) notice_.Update(progress_);
+    return isEndWanted_() || notice_.IsStopWanted();
   }
 
-  engine::BuildResult& Result() { return result_; }
-
-  void WithdrawNotice() { dialogs_.WithdrawBusyNotice(notice_); }
-
+  /// Tells how the build ended. After a refusal the notice stays.
   void ShowEnd(const engine::BuildSummary& summary) {
     switch (summary.outcome) {
       case engine::BuildOutcome::Finished:
         if (summary.errors > 0) ShowErrors(LogHint());
-        WithdrawNotice();
-        break;
+        return;
+      case engine::BuildOutcome::Stopped:
+        return;
       case engine::BuildOutcome::InvalidOutputFolder:
         Show(LoadText(Text::InvalidOutputFolder), tools::kTextError);
         break;
@@ -75,12 +75,10 @@ class DesktopBuild : public engine::BuildObserver {
       case engine::BuildOutcome::Incomplete:
         ShowErrors(summary.reason);
         break;
-      case engine::BuildOutcome::Stopped:
-        WithdrawNotice();
-        break;
       case engine::BuildOutcome::OutputFolderInUse:
         break;
     }
+    notice_.Leave();
   }
 
  private:
@@ -100,8 +98,8 @@ class DesktopBuild : public engine::BuildObserver {
   const std::function<bool()>& isEndWanted_;
   tools::ReportPace pace_;
   tools::Progress progress_;
-  engine::BuildResult result_;
-  int notice_;
+  engine::BuildResult& result_;
+  tools::StoppableNotice notice_;
 };
 
 }  // namespace
@@ -121,15 +119,16 @@ engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings) {
 
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
                 model::VersionSlot versionIndex) {
-  DesktopBuild build(services);
-  engine::BuildResult& result = build.Result();
+  engine::BuildResult result;
   result.version = versionIndex;
   const auto begin = services.clock.SteadyNow();
   const auto take = [&] {
     result.duration =
         std::chrono::duration_cast<std::chrono::milliseconds>(services.clock.SteadyNow() - begin);
   };
+  std::exception_ptr failure;
   try {
+    DesktopBuild build(services, result);
     const engine::BuildEnvironment environment{.project = services.project,
                                                .clock = services.clock,
                                                .disk = services.disk,
@@ -140,12 +139,11 @@ void BuildSetup(const BuildServices& services, const tools::WizardDataStore& set
     build.ShowEnd(result.summary);
   } catch (const std::exception& error) {
     take();
-    build.WithdrawNotice();
     result.failure = error.what();
-    services.onBuilt(result);
-    throw;
+    failure = std::current_exception();
   }
   services.onBuilt(result);
+  if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace wizards

@@ -77,10 +77,10 @@ TEST_F(ProgramTest, NamesThePlaceOfAProblem) {
 
 TEST_F(ProgramTest, CheckWritesNothing) {
   tools::DeleteFile(folder_.Path("quelle/zwei.txt"));
-  const auto before = tools::FindFiles(folder_.Path(), "*", true);
+  const auto before = tools::FindFiles(folder_.Path(), "*", tools::Subfolders::Search);
   EXPECT_EQ(Build({"--check", "--json"}), ExitCode::BuiltWithErrors);
   EXPECT_THAT(output_, EndsWith("{\"event\":\"checked\",\"findings\":1}\n"));
-  EXPECT_EQ(tools::FindFiles(folder_.Path(), "*", true), before);
+  EXPECT_EQ(tools::FindFiles(folder_.Path(), "*", tools::Subfolders::Search), before);
   EXPECT_FALSE(folder_.Holds("Produkt/Ausgabe"));
 }
 
@@ -141,7 +141,7 @@ TEST_F(ProgramTest, AnInterruptedBuildLeavesNoArchive) {
   interrupted_ = [] { return true; };
   EXPECT_EQ(Build({"--output", "aus"}), ExitCode::Stopped);
   EXPECT_EQ(errors_, "packwright-build: Abgebrochen.\n");
-  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 0U);
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", tools::Subfolders::Search).size(), 0U);
   EXPECT_EQ(Build({"--check"}), ExitCode::Stopped);
   EXPECT_EQ(Run({"Produkt/Probe.product", "--list"}), ExitCode::Stopped);
   EXPECT_EQ(output_, "Probe\n  1.0.0\n");

@@ -28,7 +28,8 @@ class ArchiveBuildTest : public tests::BuildFixture {
   /// Every file in the output folder, hidden ones too, as "name=content" lines.
   [[nodiscard]] std::string Contents() {
     std::string contents;
-    for (const std::string& path : tools::FindFiles(folder_.Path("aus"), "*", true)) {
+    for (const std::string& path :
+         tools::FindFiles(folder_.Path("aus"), "*", tools::Subfolders::Search)) {
       const std::string name = path.substr(folder_.Path("aus/").size());
       contents += name + "=" + Out(name) + "\n";
     }
@@ -85,7 +86,7 @@ TEST_F(ArchiveBuildTest, GivesTheSameBytesAgain) {
   EXPECT_THAT(script, HasSubstr("%TempPath%\\2.\", \"\\ohne\""));
   EXPECT_THAT(script, HasSubstr("RegPrd \"k\", \"Probe\", 1\r\n"));
   EXPECT_THAT(script, HasSubstr("%TempPath%\\4.txt\", \"%InstallPath%\\readme.txt"));
-  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", tools::Subfolders::Search).size(), 3U);
   EXPECT_EQ(summary_->stored.files, 6U);
   EXPECT_EQ(summary_->stored.bytesIn, 9'000'008U);
   EXPECT_EQ(summary_->stored.bytesOut, Out("Probe.zip").size());
@@ -187,7 +188,7 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
   }
   disk_.onStep = {};
   Run();
-  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U);
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", tools::Subfolders::Search).size(), 3U);
   EXPECT_FALSE(std::filesystem::is_symlink(folder_.Path("aus/Verweis")));
   EXPECT_EQ(folder_.Read("quelle/a.txt"), "a");
 }
@@ -212,7 +213,8 @@ TEST_F(ArchiveBuildTest, PutsRightWhatABuildKilledAtItsEndLeft) {
     mayEmpty_ = false;
     Run();
     std::vector<std::string> found;
-    for (const std::string& path : tools::FindFiles(folder_.Path("aus"), "*", false)) {
+    for (const std::string& path :
+         tools::FindFiles(folder_.Path("aus"), "*", tools::Subfolders::Skip)) {
       found.push_back(tools::FileNamePart(path));
     }
     EXPECT_EQ(found, expected);
@@ -243,7 +245,8 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackLaterWhenItCouldNotAtOnce) {
   }
   mayEmpty_ = true;
   Run();
-  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 3U) << before;
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", tools::Subfolders::Search).size(), 3U)
+      << before;
 }
 
 TEST_F(ArchiveBuildTest, WritesThroughNoLink) {

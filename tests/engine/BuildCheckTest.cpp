@@ -10,14 +10,14 @@ class BuildCheckTest : public tests::BuildFixture {
  protected:
   /// Findings as "component/entry text", and a check that the disk is as before.
   std::vector<std::string> Check() {
-    const auto before = tools::FindFiles(folder_.Path(), "*", true);
+    const auto before = tools::FindFiles(folder_.Path(), "*", tools::Subfolders::Search);
     std::vector<std::string> found;
     for (const BuildMessage& finding :
          CheckBuild(project_, options_, 1, folder_.Path("programm"))) {
       found.push_back(std::to_string(finding.component) + "/" + std::to_string(finding.entry) +
                       " " + finding.text);
     }
-    EXPECT_EQ(tools::FindFiles(folder_.Path(), "*", true), before);
+    EXPECT_EQ(tools::FindFiles(folder_.Path(), "*", tools::Subfolders::Search), before);
     EXPECT_FALSE(folder_.Holds("aus"));
     return found;
   }

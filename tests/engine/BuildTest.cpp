@@ -213,7 +213,7 @@ TEST_F(BuildTest, TellsWhichFilesMeetInATree) {
   EXPECT_EQ(Out("ProgramFiles/index.html"), "eins");
   EXPECT_THAT(Out("Probe.install"), AllOf(HasSubstr("\\InstallPath\\index.html\", "),
                                           HasSubstr("\\ProgramFiles\\index.html\", ")));
-  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", true).size(), 5U);
+  EXPECT_EQ(tools::FindFiles(folder_.Path("aus"), "*", tools::Subfolders::Search).size(), 5U);
 }
 
 TEST_F(BuildTest, AFileThatCouldNotBeStoredTakesNoPlace) {

@@ -19,7 +19,7 @@ class ModProjectOperationsTest : public testing::Test, protected tests::ProductD
     return folder.Holds("Produkt/" + name);
   }
   [[nodiscard]] std::size_t FileCount() const {
-    return tools::FindFiles(folder.Path(), "*", true).size();
+    return tools::FindFiles(folder.Path(), "*", tools::Subfolders::Search).size();
   }
   void ExpectLastMessage(Text caption, Text text, const char* style = "!Ok") {
     EXPECT_EQ(dialogs.LastMessage(), LoadText(caption) + "|" + LoadText(text));
@@ -117,7 +117,9 @@ TEST_F(ModProjectOperationsTest, ANewVersionInheritsTheLatest) {
   EXPECT_EQ(project.VersionCount(), 4);
   EXPECT_EQ(folder.Read("Produkt/Version 2.3.10/product.version"),
             "[Own]\nIs=2.3.9\n\n[General]\nCreated=" + clock.DateTimeText() + "\n");
-  EXPECT_EQ(tools::FindFiles(folder.Path("Produkt/Version 2.3.10"), "*", true).size(), 1U);
+  EXPECT_EQ(tools::FindFiles(folder.Path("Produkt/Version 2.3.10"), "*", tools::Subfolders::Search)
+                .size(),
+            1U);
   EXPECT_EQ(window.treeUpdates, 1);
 }
 

@@ -39,7 +39,7 @@ TEST_F(ModProjectTest, WritesNothingForWhatIsGone) {
   }
   tools::DeleteFile(project_.ProductPath());
   EXPECT_THROW(project_.SetProductTitle("neu"), tools::Error);
-  EXPECT_TRUE(tools::FindFiles(folder_.Path(), "*", true).empty());
+  EXPECT_TRUE(tools::FindFiles(folder_.Path(), "*", tools::Subfolders::Search).empty());
 }
 
 TEST_F(ModProjectTest, EnumeratesSlotsUpToTheCountWithoutFreeOnes) {

@@ -62,21 +62,24 @@ class PatternMatcher {
     std::vector<bool> reached(pattern_.size() + 1, false);
     reached[0] = true;
     for (std::size_t i = 0; i < name_.size(); i += CharacterLength(name_, i)) {
-      Skip(reached, name_[i] == '.', false);
+      Skip(reached, name_[i] == '.' ? Place::Dot : Place::Character);
       reached = Advance(reached, i);
     }
-    Skip(reached, false, true);
+    Skip(reached, Place::End);
     return reached[pattern_.size()];
   }
 
  private:
+  enum class Place { Character, Dot, End };
+
   /// Passes the wildcards that may stand for nothing at this place of the name.
-  void Skip(std::vector<bool>& reached, bool atDot, bool atEnd) const {
+  void Skip(std::vector<bool>& reached, Place place) const {
     for (std::size_t p = 0; p < pattern_.size(); ++p) {
       if (!reached[p]) continue;
       const char c = pattern_[p];
-      if (c == '*' || c == kStarBeforeDot || (c == kOptionalCharacter && (atDot || atEnd)) ||
-          (c == kOptionalDot && atEnd)) {
+      if (c == '*' || c == kStarBeforeDot ||
+          (c == kOptionalCharacter && place != Place::Character) ||
+          (c == kOptionalDot && place == Place::End)) {
         reached[p + 1] = true;
       }
     }
@@ -220,8 +223,9 @@ void RequireAllRead(const FoundFiles& found) {
 }
 
 std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
-                                   bool includeSubfolders) {
-  FoundFiles found = SearchFiles(folder, pattern, {.includeSubfolders = includeSubfolders});
+                                   Subfolders subfolders) {
+  FoundFiles found =
+      SearchFiles(folder, pattern, {.includeSubfolders = subfolders == Subfolders::Search});
   RequireAllRead(found);
   return std::move(found.paths);
 }

@@ -47,14 +47,16 @@ using ListingStep = std::function<void()>;
 [[nodiscard]] std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& failure,
                                                  const ListingStep& step = {});
 
+/// What a search does with the subfolders of its folder.
+enum class Subfolders { Skip, Search };
 /// The files of `folder` whose names match `pattern`, as full paths ("folder" with a separator
 /// ensured, then the name), as Windows matches them on every machine: "*" and "?" stand for
 /// characters, "*.*" matches every file, case does not count. A folder's own files come in byte
-/// order of their names, then, with `includeSubfolders`, its subfolders in byte order, each in
+/// order of their names, then, where they are searched too, its subfolders in byte order, each in
 /// turn. Links to files count as files; links to folders are not followed. A folder that does not
 /// exist has no files; one that cannot be read raises Error (SearchFiles goes on).
 [[nodiscard]] std::vector<std::string> FindFiles(std::string_view folder, std::string_view pattern,
-                                                 bool includeSubfolders);
+                                                 Subfolders subfolders);
 /// True when `pattern` matches the file name by the rules of FindFiles.
 [[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view pattern);
 

@@ -40,7 +40,7 @@ class ArchiveWriterTest : public testing::Test {
     folder_.Write("out/a.zip", "as before");
     const std::string description = tests::ErrorOf(action);
     EXPECT_TRUE(description == "no error" || ArchiveBytes() == "as before") << description;
-    EXPECT_EQ(FindFiles(folder_.Path("out"), "*", true).size(), 1U);
+    EXPECT_EQ(FindFiles(folder_.Path("out"), "*", Subfolders::Search).size(), 1U);
     return description;
   }
 

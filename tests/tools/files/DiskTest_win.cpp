@@ -35,7 +35,7 @@ TEST_F(HeldFileTest, StaysAsItWasWhenItIsNotLetGo) {
   EXPECT_THAT(ErrorOf([this] { Replace(); }), HasSubstr(path_));
   CloseHandle(held);
   EXPECT_EQ(folder_.Read("demo.product"), "alt");
-  EXPECT_EQ(FindFiles(folder_.Path(), "*", true).size(), 1U);
+  EXPECT_EQ(FindFiles(folder_.Path(), "*", Subfolders::Search).size(), 1U);
 }
 
 }  // namespace tools

@@ -19,11 +19,11 @@ class FilesTest : public testing::Test {
 
 TEST_F(FilesTest, FindListsAFoldersFilesBeforeItsSubfoldersInByteOrder) {
   for (const char* name : {"b/z", "b/a", "a2", "Z", "a.txt", "D/1", "ä"}) folder_.Write(name, "");
-  EXPECT_THAT(FindFiles(folder_.Path(), "*.*", false),
+  EXPECT_THAT(FindFiles(folder_.Path(), "*.*", Subfolders::Skip),
               ElementsAreArray(Paths({"Z", "a.txt", "a2", "ä"})));
-  EXPECT_THAT(FindFiles(EnsureTrailingSeparator(folder_.Path()), "*.*", true),
+  EXPECT_THAT(FindFiles(EnsureTrailingSeparator(folder_.Path()), "*.*", Subfolders::Search),
               ElementsAreArray(Paths({"Z", "a.txt", "a2", "ä", "D/1", "b/a", "b/z"})));
-  EXPECT_TRUE(FindFiles(folder_.Path("fehlt"), "*", true).empty());
+  EXPECT_TRUE(FindFiles(folder_.Path("fehlt"), "*", Subfolders::Search).empty());
 }
 
 TEST_F(FilesTest, PatternsMatchNamesAsWindowsDoes) {
@@ -52,7 +52,7 @@ TEST_F(FilesTest, ACopyHasContentAndTimeOfItsSource) {
   EXPECT_EQ(folder_.Read("ziel.bin"), content);
   EXPECT_EQ(StampOf(source).modifiedNanoseconds / 1'000'000'000,
             StampOf(target).modifiedNanoseconds / 1'000'000'000);
-  EXPECT_EQ(FindFiles(folder_.Path(), "*", true).size(), 2U);
+  EXPECT_EQ(FindFiles(folder_.Path(), "*", Subfolders::Search).size(), 2U);
 }
 
 TEST_F(FilesTest, AFailedCopyLeavesTheTargetAsItWas) {
@@ -73,7 +73,7 @@ TEST_F(FilesTest, CopesWithDeepTrees) {
   const std::string file = JoinPath(deep, "7.");
   EXPECT_TRUE(CopyFile(folder_.Write("quelle", "Inhalt"), file).Succeeded());
   EXPECT_EQ(ReadWholeFile(file), "Inhalt");
-  EXPECT_EQ(FindFiles(folder_.Path(), "*", true).size(), 2U);
+  EXPECT_EQ(FindFiles(folder_.Path(), "*", Subfolders::Search).size(), 2U);
   RemoveFolderTree(folder_.Path(std::string(60, 'o')));
   EXPECT_FALSE(FolderExists(folder_.Path(std::string(60, 'o'))));
   EXPECT_NO_THROW(RemoveFolderTree(folder_.Path("fehlt")));

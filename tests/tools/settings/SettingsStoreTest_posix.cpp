@@ -20,7 +20,7 @@ TEST(ProtectedSettingsTest, AReadOnlyFolderOrFileIsAnErrorThatNamesIt) {
     ::chmod(folder.Path().c_str(), 0755);
     EXPECT_THAT(error, EndsWith(": " + path + " (Zugriff verweigert)"));
     EXPECT_EQ(folder.Read("a.product"), "[A]\nb=alt\n");
-    EXPECT_EQ(FindFiles(folder.Path(), "*", true).size(), 1U);
+    EXPECT_EQ(FindFiles(folder.Path(), "*", Subfolders::Search).size(), 1U);
   }
 }
 
