@@ -16,39 +16,49 @@ namespace pages {
 
 namespace {
 
-constexpr std::string_view kClassPrefix = "Packwright.";
+std::string NameOf(const QMetaObject& pageClass) {
+  const std::string_view qualified = pageClass.className();
+  return std::string(qualified.substr(qualified.rfind(':') + 1));
+}
 
 template <typename Page>
-EditorPage* Make(const PageServices& services, QWidget* parent) {
-  return new Page(services, parent);
+void Add(PageRegistry& registry, const char* chapter) {
+  const auto make = [](const PageServices& services, QWidget* parent) -> EditorPage* {
+    return new Page(services, parent);
+  };
+  registry.Add(NameOf(Page::staticMetaObject), make, chapter);
 }
 
 }  // namespace
 
-void PageRegistry::Add(const std::string& name, Factory factory) {
-  factories_.insert_or_assign(std::string(kClassPrefix).append(name), std::move(factory));
+void PageRegistry::Add(const std::string& name, Factory factory, const std::string& chapter) {
+  pages_.insert_or_assign(name, Page{.chapter = chapter, .factory = std::move(factory)});
 }
 
-EditorPage* PageRegistry::Create(const std::string& className, const PageServices& services,
+EditorPage* PageRegistry::Create(const std::string& name, const PageServices& services,
                                  QWidget* parent) const {
-  const auto factory = factories_.find(className);
-  if (factory == factories_.end()) {
-    throw tools::Error("Die Seite kann nicht erzeugt werden, ihre Klasse ist unbekannt: " +
-                       className);
+  const auto page = pages_.find(name);
+  if (page == pages_.end()) {
+    throw tools::Error(
+        "Die Seite kann nicht erzeugt werden, ihre Klasse ist unbekannt: Packwright." + name);
   }
-  return factory->second(services, parent);
+  return page->second.factory(services, parent);
+}
+
+const std::string& PageRegistry::GuideChapter(const EditorPage& page) const {
+  return pages_.at(NameOf(*page.metaObject())).chapter;
 }
 
 PageRegistry AllPages() {
   PageRegistry registry;
-  registry.Add("tabProductDetails", Make<tabProductDetails>);
-  registry.Add("tabVersionDetails", Make<tabVersionDetails>);
-  registry.Add("tabFeatures", Make<tabFeatures>);
-  registry.Add("tabSetupProcedure", Make<tabSetupProcedure>);
-  registry.Add("tabBuildOptions", Make<tabBuildOptions>);
-  registry.Add("tabTesselRegistration", Make<tabTesselRegistration>);
-  registry.Add("tabFileList", Make<tabFileList>);
-  registry.Add("tabRegistryEditor", Make<tabRegistryEditor>);
+  Add<tabProductDetails>(registry, "produkt");
+  Add<tabVersionDetails>(registry, "version");
+  Add<tabFeatures>(registry, "setup-typen");
+  Add<tabSetupProcedure>(registry, "installationsablauf");
+  Add<tabBuildOptions>(registry, "erstellungs-optionen");
+  Add<tabTesselRegistration>(registry, "tessel-datenbank");
+  Add<tabFileList>(registry, "dateien");
+  Add<tabRegistryEditor>(registry, "registrierung");
   return registry;
 }
 

@@ -23,15 +23,22 @@ class PageRegistry {
  public:
   using Factory = std::function<EditorPage*(const PageServices& services, QWidget* parent)>;
 
-  /// Makes a page available under the class name "Packwright." and `name`.
-  void Add(const std::string& name, Factory factory);
+  /// Makes a page available under the name of its class; `chapter` is the guide's chapter on it.
+  void Add(const std::string& name, Factory factory, const std::string& chapter = {});
 
-  /// A new page; `parent` owns it. Raises tools::Error for a class name that is not registered.
-  [[nodiscard]] EditorPage* Create(const std::string& className, const PageServices& services,
+  /// A new page of the class "Packwright." and `name`; `parent` owns it. Raises tools::Error for a
+  /// name that is not registered.
+  [[nodiscard]] EditorPage* Create(const std::string& name, const PageServices& services,
                                    QWidget* parent) const;
+  /// The name of the guide's chapter on a page of this registry.
+  [[nodiscard]] const std::string& GuideChapter(const EditorPage& page) const;
 
  private:
-  std::map<std::string, Factory> factories_;
+  struct Page {
+    std::string chapter;
+    Factory factory;
+  };
+  std::map<std::string, Page> pages_;
 };
 
 /// All pages of this program.

@@ -20,8 +20,6 @@ using model::Text;
 
 namespace {
 
-constexpr std::string_view kClassPrefix = "Packwright.";
-
 /// The author chose to keep what another program did to the file.
 class OverwritingRefused : public tools::Error {
  public:
@@ -123,8 +121,8 @@ std::unique_ptr<pages::EditorPage> EditorTabs::MakePage(const std::string& pageN
     throw tools::Error("Ein Steuerelement dieses Namens ist schon vorhanden: " +
                        tools::ToUtf8(controlName));
   }
-  std::unique_ptr<pages::EditorPage> page(pageRegistry_.Create(
-      std::string(kClassPrefix).append(pageName), services_, area_.PageParent()));
+  std::unique_ptr<pages::EditorPage> page(
+      pageRegistry_.Create(pageName, services_, area_.PageParent()));
   page->setObjectName(controlName);
   page->setVisible(false);
   page->SetHost(this);

@@ -188,7 +188,7 @@ void frmMain::BuildResultPanel() {
 }
 
 void frmMain::BuildKeys() {
-  const auto page = [this]() -> QWidget* {
+  const auto page = [this]() -> pages::EditorPage* {
     const int tab = tabDataEditor->currentIndex();
     return tab < 0 ? nullptr : &editorTabs_.Item(tab + 1);
   };
@@ -196,12 +196,10 @@ void frmMain::BuildKeys() {
                  {[this] { return trvProjectTree; }, [this] { return tabDataEditor; }, page,
                   [this] { return startArea_->Page(); }, [this] { return pnlResult; },
                   [this] { return tbrMain; }},
-                 tools::Guarded(dialogs_, [page] {
-                   const QWidget* shown = page();
-                   OpenGuide(GuideChapter(
-                       shown == nullptr ? QString()
-                                        : QString::fromLatin1(shown->metaObject()->className())
-                                              .section(QStringLiteral("::"), -1)));
+                 tools::Guarded(dialogs_, [this, page] {
+                   const pages::EditorPage* shown = page();
+                   OpenGuide(shown == nullptr ? kMainWindowChapter
+                                              : services_.pageRegistry.GuideChapter(*shown));
                  }));
 }
 

@@ -1,5 +1,3 @@
-#include <QDropEvent>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTabBar>
 
@@ -49,11 +47,8 @@ class EverydayTest : public QObject {
     program_->Click("v3c1");
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(tools::ToQString(work_.Path("neu")))});
-    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&Page(), &enter);
-    QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &data, Qt::LeftButton, {});
     script_->ExpectAndPress("messageBox", "cmdNo");  // with subfolders?
-    QApplication::sendEvent(&Page(), &drop);
+    Drop(Page(), {9, 9}, data, Qt::CopyAction);
     QTRY_COMPARE(Files().model()->rowCount(), 500);
 
     Type(Child(Page(), "txtFilter"), "teil12 teil");

@@ -225,16 +225,11 @@ class tabFileListTest : public QObject {
   void DroppedFilesAndFoldersAreAdded() {
     Fixture f("");
     for (const char* name : {"Q/a", "D/b", "D/tief/c"}) f.folder.Write(name, "x");
-    constexpr auto kActions = Qt::MoveAction | Qt::CopyAction;
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(f.Path("Q/a")), QUrl::fromLocalFile(f.Path("D"))});
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
       f.dialogs.ExpectQuestion(Text::WithSubfolders, answer);
-      QDragEnterEvent enter(QPoint(9, 9), kActions, &data, Qt::LeftButton, {});
-      QApplication::sendEvent(f.page, &enter);
-      QDropEvent drop(QPointF(9, 9), kActions, &data, Qt::LeftButton, {});
-      QApplication::sendEvent(f.page, &drop);
-      QCOMPARE(drop.dropAction(), Qt::CopyAction);
+      QCOMPARE(Drop(*f.page, {9, 9}, data, Qt::MoveAction | Qt::CopyAction), Qt::CopyAction);
       const int rows = answer == MessageAnswer::No ? 2 : 5;
       QTRY_COMPARE(f.List().model()->rowCount(), rows);
     }

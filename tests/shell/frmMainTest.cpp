@@ -1,52 +1,18 @@
 #include <QDesktopServices>
 #include <QDir>
-#include <QMimeData>
-#include <QStatusBar>
-#include <QTabBar>
 
 #include "grid/ctlPropertyEditor.h"
-#include "shell/NodeKey.h"
-#include "tests/support/TestProduct.h"
-#include "tests/support/desktop/ModalScript.h"
-#include "tests/support/desktop/OpenedProgram.h"
+#include "tests/support/desktop/WindowFixture.h"
 #include "tools/settings/SettingsFile.h"
 
 namespace tests {
 
-using model::Text;
-using tools::MessageAnswer;
-
-namespace {
-
-/// The product's nodes, as OpenedProgram::Nodes gives them.
-constexpr const char* kNodes =
-    "product=Probe|[v1=Version 1.0.0]|[v1c1=Alt]|v3=Version 1.10.0|[v3c2=Programm]|"
-    "[v4=Version 1.9.0]";
-
-}  // namespace
-
-class frmMainTest : public QObject {
+class frmMainTest : public QObject, protected WindowFixture {
   Q_OBJECT
 
  private Q_SLOTS:
-  // Version 1.10.0 is the latest; the slots 2 of the product and 1 of that version are free.
-  void init() {
-    home_ = std::make_unique<TemporaryFolder>();
-    UseHome(*home_);
-    TestProduct product(*home_);
-    product.AddComponent("Alt", {});
-    product.WriteVersions("Count=4\nVer1=1.0.0\nVer3=1.10.0\nVer4=1.9.0\n");
-    home_->Write("Produkt/Version 1.10.0/product.version", "[Components]\nCount=2\n");
-    home_->Write("Produkt/Version 1.10.0/component2.component", "[Component]\nTitle=Programm\n");
-    product_ = product.Project().ProductPath();
-    dialogs_ = std::make_unique<ScriptedDialogs>();
-    program_ = std::make_unique<OpenedProgram>(dialogs_.get());
-  }
-
-  void cleanup() {
-    program_.reset();
-    dialogs_.reset();
-  }
+  void init() { SetUp(); }
+  void cleanup() { TearDown(); }
 
   void CommandsAreHarmlessWithoutAProduct() {
     QVERIFY(!program_->Tree().isEnabled());
@@ -94,36 +60,6 @@ class frmMainTest : public QObject {
     }
   }
 
-  void OpeningExpandsOnlyTheLatestVersion() {
-    dialogs_->ExpectOpenFile(Text::OpenProject, product_);
-    program_->Press("open");
-    QCOMPARE(program_->Nodes(), kNodes);
-    QCOMPARE(program_->SelectedKey() + TabTitles(), "");
-  }
-
-  void AFileThatCannotBeReadCostsOnlyItsOwnNodes() {
-    home_->Write("Produkt/Version 1.9.0/product.version/ein Ordner", "");
-    program_->Open(product_);
-    QCOMPARE(program_->Nodes(), kNodes);
-    QCOMPARE(dialogs_->Messages().size(), 1U);
-    QVERIFY(Told(*dialogs_).startsWith("Fehler|"));
-    QVERIFY(Told(*dialogs_).contains("Version 1.9.0"));
-  }
-
-  void ManyFilesThatCannotBeReadAreToldInAMessageThatFitsOnTheScreen() {
-    std::string versions = "Count=30\n";
-    for (int i = 1; i <= 30; ++i) {
-      const std::string number = std::to_string(i);
-      versions.append("Ver" + number + "=2." + number + "\n");
-      home_->Write("Produkt/Version 2." + number + "/product.version/x", "");
-    }
-    TestProduct(*home_).WriteVersions(versions);
-    program_->Open(product_);
-    QCOMPARE(dialogs_->Messages().size(), 1U);
-    QCOMPARE(Told(*dialogs_).count("product.version"), 8);
-    QVERIFY(Told(*dialogs_).endsWith("weitere Fehler: 22"));
-  }
-
   void TheWindowHasItsTexts() {
     QStringList texts;
     for (const char* item :
@@ -140,12 +76,6 @@ class frmMainTest : public QObject {
              "Kontextmenü einzublenden.");
   }
 
-  void SlotsOfSeveralDigitsComeBackFromTheirKeys() {
-    const shell::NodeSlots slots = shell::SlotsOf(shell::ComponentNode(12, 345));
-    QCOMPARE(std::int32_t{slots.version}, 12);
-    QCOMPARE(std::int32_t{slots.component}, 345);
-  }
-
   void TheSelectedNodesPagesAreShown() {
     program_->Open(product_);
     for (const char* titles : {"Produkt", "Version|Setup-Typen|Installationsablauf|"}) {
@@ -157,62 +87,6 @@ class frmMainTest : public QObject {
       QCOMPARE(Child(program_->window, "EditorTab1").isVisible(), shown == 0);
       QCOMPARE(Child(program_->window, "EditorTab2").isVisible(), shown == 1);
     }
-  }
-
-  void OnlyALeftClickOnANodeSelectsAnother() {
-    program_->Open(product_);
-    program_->Click("v3c2");
-    const QString before = "v3c2Dateien|Registrierung";
-    program_->Click("product", Qt::MiddleButton);
-    QCOMPARE(program_->SelectedKey() + TabTitles(), before);
-    QWidget* viewport = program_->Tree().viewport();
-    QTest::mouseClick(viewport, Qt::LeftButton, {}, BesideTheNodes());
-    QCOMPARE(program_->SelectedKey() + TabTitles(), before);
-    QTest::mouseClick(viewport, Qt::LeftButton, Qt::ControlModifier, program_->PlaceOf("v3c2"));
-    QCOMPARE(program_->SelectedKey() + TabTitles(), before);
-  }
-
-  void CollapsingANodeThatHidesTheSelectedOneSelectsIt() {
-    program_->Open(product_);
-    program_->Click("v3c2");
-    const QRect item = program_->Tree().visualItemRect(program_->Tree().topLevelItem(0)->child(1));
-    QTest::mouseClick(program_->Tree().viewport(), Qt::LeftButton, {},
-                      QPoint(item.left() - program_->Tree().indentation() / 2, item.center().y()));
-    QVERIFY(program_->Nodes().contains("|[v3=Version 1.10.0]|"));
-    QVERIFY((program_->SelectedKey() + TabTitles()).startsWith("v3Version|"));
-  }
-
-  void TheMenuIsThatOfTheSelectedNodeWhereverTheMouseIs() {
-    program_->Open(product_);
-    QWidget* viewport = program_->Tree().viewport();
-    QTest::mouseClick(viewport, Qt::RightButton, {}, BesideTheNodes());
-    QVERIFY2(QApplication::activePopupWidget() == nullptr, "a menu without a selected node");
-    program_->Click("v3");
-    for (const QPoint& place : {BesideTheNodes(), program_->PlaceOf("product")}) {
-      QTest::mouseClick(viewport, Qt::RightButton, {}, place);
-      QCOMPARE(OpenedMenu().objectName(), "mnuPopupVersion");
-      QTest::keyClick(&OpenedMenu(), Qt::Key_Escape);
-      QCOMPARE(program_->SelectedKey(), "v3");
-    }
-  }
-
-  void ADeletedNodeIsGoneEverywhere() {
-    program_->Open(product_);
-    program_->Click("v3c2");
-    for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
-      dialogs_->ExpectQuestion(Text::ConfirmDeletion, answer);
-      program_->PickFromMenu("mnuComponentDelete");
-      const bool kept = answer == MessageAnswer::No;
-      QCOMPARE(program_->Nodes().contains("[v3c2=Programm]"), kept);
-      QCOMPARE(home_->Holds("Produkt/Version 1.10.0/component2.component"), kept);
-      QCOMPARE(TabTitles(), kept ? "Dateien|Registrierung" : "");
-    }
-    program_->Click("v1");
-    dialogs_->ExpectQuestion(Text::ConfirmDeletion, MessageAnswer::Yes);
-    program_->PickFromMenu("mnuVersionDelete");
-    QVERIFY(!program_->Nodes().contains("v1="));
-    QVERIFY(!home_->Holds("Produkt/Version 1.0.0"));
-    QVERIFY(program_->window.findChild<QWidget*>("EditorTab1") == nullptr);
   }
 
   void AFailedSaveCanBeRepeated() {
@@ -266,47 +140,6 @@ class frmMainTest : public QObject {
     QCOMPARE(started, "4Version");
     QCOMPARE(dialogs_->Messages().size(), 2U);
     QCOMPARE(dialogs_->Messages().back().text, model::LoadText(Text::NoVersionSelected));
-  }
-
-  void ComponentsAreCopiedMovedAndRenamedByKeyAndMouse() {
-    home_->Write("Produkt/Version 1.9.0/product.version", "");
-    program_->Open(product_);
-    program_->Click("v3c2");
-    Press(QKeySequence::Copy);
-    Press(QKeySequence::Paste);
-    QVERIFY(program_->Nodes().contains("v3=Version 1.10.0|[v3c1=Programm (Kopie)]|[v3c2=Progr"));
-    QCOMPARE(Status(), "Jetzt in Version 1.10.0: Programm (Kopie)");
-    dialogs_->ExpectInputBox(Text::EnterOtherComponentTitle, "Kern");
-    Press(Qt::Key_F2);
-    program_->Click("v3c1");
-    Press(QKeySequence::Cut);
-    program_->Click("v1");
-    Press(QKeySequence::Paste);
-    Press(QKeySequence::Paste);
-    const QString moved = "|[v1c1=Alt]|[v1c2=Programm (Kopie)]|v3=Version 1.10.0|[v3c2=Kern]|";
-    QVERIFY2(program_->Nodes().contains(moved), qPrintable(program_->Nodes()));
-    Drop("v3c2", "v1", Qt::ControlModifier);
-    Drop("v3c2", "v3", Qt::NoModifier);
-    Drop("v3c2", "v4", Qt::NoModifier);
-    const QString dropped = "|[v1c3=Kern]|v3=Version 1.10.0|[v4=Version 1.9.0]|[v4c1=Kern]";
-    QVERIFY2(program_->Nodes().endsWith(dropped), qPrintable(program_->Nodes()));
-  }
-
-  void AVersionWithoutComponentsOffersThoseOfOthers() {
-    home_->Write("Produkt/Version 1.9.0/product.version", "[Components]\nCount=7\n");
-    program_->Open(product_);
-    program_->Click("v3");
-    QVERIFY(Child(program_->window, "fraNoComponents").isHidden());
-    program_->Click("v4");
-    ModalScript script;
-    script.Expect<QDialog>("versionChoice", [](QDialog& dialog) {
-      auto& versions = Child<QAbstractItemView>(dialog, "lstVersions");
-      QCOMPARE(Rows(versions), "Version 1.10.0 (1): Programm|Version 1.0.0 (1): Alt");
-      DoubleClick(versions, versions.model()->index(1, 0));
-    });
-    tests::Press(program_->window, "lnkTakeOver");
-    QVERIFY(program_->Nodes().endsWith("[v4=Version 1.9.0]|[v4c1=Alt]"));
-    QVERIFY(Child(program_->window, "fraNoComponents").isHidden());
   }
 
   void TheStartPageOffersTheProductsOpenedLast() {
@@ -402,8 +235,6 @@ class frmMainTest : public QObject {
     program_->Open(product_);
     program_->Click("product");
   }
-  void Press(const QKeySequence& keys) { QTest::keySequence(&program_->Tree(), keys); }
-  QString Status() const { return Child<QStatusBar>(program_->window, "sbrMain").currentMessage(); }
   /// What says that something is not saved: status bar, caption, tab and tree.
   QString Marks() {
     QTabBar& tabs = Tabs();
@@ -414,35 +245,13 @@ class frmMainTest : public QObject {
         program_->Tree().topLevelItem(0)->data(0, Qt::AccessibleDescriptionRole).toString()}
         .join('|');
   }
-  /// Lets a dragged component fall onto a node.
-  void Drop(const char* component, const char* target, Qt::KeyboardModifiers keys) {
-    QMimeData content;
-    content.setData(QString("application/x-packwright-node-%1").arg(qApp->applicationPid()),
-                    component);
-    const QPoint place = program_->PlaceOf(target);
-    QDragEnterEvent enter(place, Qt::MoveAction, &content, Qt::LeftButton, keys);
-    QApplication::sendEvent(program_->Tree().viewport(), &enter);
-    QDropEvent drop(place, Qt::MoveAction, &content, Qt::LeftButton, keys);
-    QApplication::sendEvent(program_->Tree().viewport(), &drop);
-    QApplication::processEvents();
-  }
-  QPoint BesideTheNodes() const {
-    return program_->Tree().viewport()->rect().bottomRight() - QPoint(20, 5);
-  }
   QString Stored(const char* section, const char* key) const {
     const tools::SettingsFile file(home_->Read(TestProduct::kFile));
     return tools::ToQString(file.Read(section, key, "-"));
   }
-  QTabBar& Tabs() { return Child<QTabBar>(program_->window, "tabDataEditor"); }
   grid::ctlPropertyEditor& Grid() {
     return Child<grid::ctlPropertyEditor>(program_->window, "propsProduct");
   }
-  QString TabTitles() {
-    QStringList titles;
-    for (int i = 0; i < Tabs().count(); ++i) titles.append(Tabs().tabText(i));
-    return titles.join('|');
-  }
-
   /// The fields and lists on screen that a screen reader has no name for.
   QString Unnamed() {
     QString names;
@@ -457,10 +266,6 @@ class frmMainTest : public QObject {
   }
 
   QStringList chapters_;  ///< of the guide, in the order in which they were opened
-  std::unique_ptr<TemporaryFolder> home_;
-  std::string product_;
-  std::unique_ptr<ScriptedDialogs> dialogs_;
-  std::unique_ptr<OpenedProgram> program_;
 };
 
 }  // namespace tests

@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QTest>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -73,6 +75,16 @@ inline void TurnWheel(QWidget& widget, int angle) {
   QWheelEvent turn({5, 5}, widget.mapToGlobal(QPoint(5, 5)), {}, {0, angle}, {}, {},
                    Qt::NoScrollPhase, false);
   QApplication::sendEvent(&widget, &turn);
+}
+
+/// Lets what is dragged fall onto a widget; returns what its source is told to do.
+inline Qt::DropAction Drop(QWidget& target, const QPoint& place, const QMimeData& dragged,
+                           Qt::DropActions actions, Qt::KeyboardModifiers keys = {}) {
+  QDragEnterEvent enter(place, actions, &dragged, Qt::LeftButton, keys);
+  QApplication::sendEvent(&target, &enter);
+  QDropEvent drop(place, actions, &dragged, Qt::LeftButton, keys);
+  QApplication::sendEvent(&target, &drop);
+  return drop.dropAction();
 }
 
 /// What the window system sends when the user presses a window's close box.
