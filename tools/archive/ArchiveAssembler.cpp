@@ -12,7 +12,7 @@ void ArchiveAssembler::AppendMembers(std::string_view bytes,
                                      const std::vector<ZipMember>& members) {
   for (ZipMember member : members) {
     member.headerOffset += archiveBytes_;
-    AppendCentralRecord(directory_, member);
+    AddToDirectory(member);
     sourceBytes_ += member.sourceBytes;
   }
   Write(bytes);
@@ -48,7 +48,7 @@ void ArchiveAssembler::EndMember() {
   const std::string header = LocalHeader(member_);
   if (header.size() != headerBytes_) throw std::logic_error("a member outgrew its header");
   file_.WriteAt(member_.headerOffset, header);
-  AppendCentralRecord(directory_, member_);
+  AddToDirectory(member_);
   ++members_;
 }
 
@@ -58,9 +58,17 @@ void ArchiveAssembler::CountTakenOver(std::uint64_t files, std::uint64_t sourceB
 }
 
 void ArchiveAssembler::Finish(std::string_view comment) {
-  const std::string end = DirectoryEnd(members_, directory_.size(), archiveBytes_, comment);
-  Write(directory_);
-  Write(end);
+  const std::uint64_t offset = archiveBytes_;
+  for (const std::string& part : directory_) Write(part);
+  Write(DirectoryEnd(members_, archiveBytes_ - offset, offset, comment));
+}
+
+void ArchiveAssembler::AddToDirectory(const ZipMember& member) {
+  constexpr std::size_t kPartBytes = std::size_t{64} << 10U;
+  if (directory_.empty() || directory_.back().size() >= kPartBytes) {
+    directory_.emplace_back().reserve(kPartBytes + (kPartBytes >> 6U));
+  }
+  AppendCentralRecord(directory_.back(), member);
 }
 
 // Takes back the current member's data, and with it all that the archive has beyond so many bytes.

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,12 +52,15 @@ class ArchiveAssembler {
   [[nodiscard]] std::uint64_t BytesTakenOver() const { return bytesTakenOver_; }
 
  private:
+  void AddToDirectory(const ZipMember& member);
   void CutTo(std::uint64_t archiveBytes);
   void ClearData();
   void Write(std::string_view bytes);
 
   OutputFile& file_;
-  std::string directory_;  // records, ready to be written: the most compact form to keep them in
+  // Records, ready to be written: the most compact form to keep them in. In parts, since one text
+  // would take its size once more whenever it grows.
+  std::deque<std::string> directory_;
   ZipMember member_;
   std::uint64_t headerBytes_ = 0;  // of member_
   std::atomic<std::uint64_t> members_ = 0;

@@ -15,31 +15,43 @@ constexpr std::size_t kHeaderBytes = 128;  // about, with a name
 
 }  // namespace
 
-void SmallFilesJob::Add(SmallFile file) {
-  sourceBytes_ += file.content.size();
-  waitingBytes_ += file.content.capacity() + file.memberName.capacity();
-  heldBytes_ += file.content.capacity() + file.content.size() + kHeaderBytes;
-  sources_.push_back(std::move(file));
+void SmallFilesJob::Add(std::string memberName, std::int64_t modifiedNanoseconds) {
+  sources_.push_back({std::move(memberName), content_.Size() - sourceBytes_, modifiedNanoseconds});
+  sourceBytes_ = content_.Size();
 }
 
 bool SmallFilesJob::IsFull() const {
   return sources_.size() >= kFullFiles || sourceBytes_ >= kFullBytes;
 }
 
+std::size_t SmallFilesJob::WaitingBytes() const {
+  return content_.Capacity() + sources_.size() * kHeaderBytes;
+}
+
+std::size_t SmallFilesJob::HeldBytes() const {
+  return content_.Capacity() + sourceBytes_ + sources_.size() * kHeaderBytes + packed_.capacity();
+}
+
 void SmallFilesJob::Run(MemberPacker& packer, const std::stop_token& stop) {
   members_.reserve(sources_.size());
-  for (const SmallFile& source : sources_) {
+  packed_.reserve(sourceBytes_ / 2);
+  std::string_view content = content_.View();
+  for (Source& source : sources_) {
     if (stop.stop_requested()) return;
+    const SmallFile file{std::move(source.memberName), content.substr(0, source.bytes),
+                         source.modifiedNanoseconds};
+    content.remove_prefix(source.bytes);
     bool isTakenOver = false;
     const bool isLast = &source == &sources_.back();
-    members_.push_back(packer.PackWhole(source, isLast, packed_, isTakenOver));
+    members_.push_back(packer.PackWhole(file, isLast, packed_, isTakenOver));
     if (!isTakenOver) continue;
     ++filesTakenOver_;
-    bytesTakenOver_ += source.content.size();
+    bytesTakenOver_ += source.bytes;
   }
   members_.back().note = NoteOfRun(Crc32(packed_));
-  std::exchange(sources_, {});
-  heldBytes_ = packed_.capacity();
+  content_ = {};
+  sources_ = {};
+  sourceBytes_ = 0;
 }
 
 void SmallFilesJob::Deliver(const std::stop_token& /*stop*/) {

@@ -10,6 +10,7 @@
 
 #include "tools/archive/ArchiveAssembler.h"
 #include "tools/archive/ArchiveWorkers.h"
+#include "tools/archive/ByteBuffer.h"
 #include "tools/archive/LargeMember.h"
 #include "tools/archive/MemberPacker.h"
 
@@ -21,23 +22,33 @@ class SmallFilesJob : public ArchiveJob {
   /// `assembler` must outlive the job.
   explicit SmallFilesJob(ArchiveAssembler& assembler) : assembler_(assembler) {}
 
-  /// Adds a member that is no larger than a block.
-  void Add(SmallFile file);
+  /// Adds a member whose content has been appended to Content() since the call before; it is no
+  /// larger than a block.
+  void Add(std::string memberName, std::int64_t modifiedNanoseconds);
+  [[nodiscard]] ByteBuffer& Content() { return content_; }
+  /// Takes back what has been appended since the last Add.
+  void DropContent() { content_.CutTo(sourceBytes_); }
+  [[nodiscard]] bool IsEmpty() const { return sources_.empty(); }
   /// True when the files are enough to be worth a thread's while. The archive shows where one job
   /// ends: it depends on nothing but the contents.
   [[nodiscard]] bool IsFull() const;
 
-  [[nodiscard]] std::size_t WaitingBytes() const override { return waitingBytes_; }
-  [[nodiscard]] std::size_t HeldBytes() const override { return heldBytes_; }
+  [[nodiscard]] std::size_t WaitingBytes() const override;
+  [[nodiscard]] std::size_t HeldBytes() const override;
   void Run(MemberPacker& packer, const std::stop_token& stop) override;
   void Deliver(const std::stop_token& stop) override;
 
  private:
   ArchiveAssembler& assembler_;
-  std::vector<SmallFile> sources_;
-  std::size_t sourceBytes_ = 0;
-  std::size_t waitingBytes_ = 0;
-  std::size_t heldBytes_ = 0;
+  struct Source {
+    std::string memberName;
+    std::size_t bytes = 0;
+    std::int64_t modifiedNanoseconds = 0;
+  };
+
+  ByteBuffer content_;
+  std::vector<Source> sources_;
+  std::size_t sourceBytes_ = 0;  // of content_ that are members'
   std::string packed_;
   std::vector<ZipMember> members_;
   std::uint64_t filesTakenOver_ = 0;

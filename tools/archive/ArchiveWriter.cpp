@@ -127,12 +127,15 @@ class ArchiveWriter::Implementation {
   bool Add(SteadySource& source, ArchiveSource description, std::uint64_t& bytes) {
     bytes = description.stamp.size;
     if (description.stamp.size > blockBytes_) return AddBlocks(source, description);
-    std::optional<std::string> content = source.Whole(blockBytes_);
-    if (!content || !source.IsUnchanged()) return false;
-    bytes = content->size();
     if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
-    smallFiles_->Add(
-        {std::move(description.memberName), std::move(*content), description.modifiedNanoseconds});
+    ByteBuffer& content = smallFiles_->Content();
+    const std::size_t before = content.Size();
+    if (!source.AppendTo(content, blockBytes_) || !source.IsUnchanged()) {
+      smallFiles_->DropContent();
+      return false;
+    }
+    bytes = content.Size() - before;
+    smallFiles_->Add(std::move(description.memberName), description.modifiedNanoseconds);
     if (smallFiles_->IsFull()) FlushSmallFiles();
     return true;
   }
@@ -161,7 +164,9 @@ class ArchiveWriter::Implementation {
   }
 
   void FlushSmallFiles() {
-    if (smallFiles_) workers_.Add(std::move(smallFiles_), reportProgress_);
+    if (smallFiles_ && !smallFiles_->IsEmpty()) {
+      workers_.Add(std::move(smallFiles_), reportProgress_);
+    }
     smallFiles_.reset();
   }
 

@@ -1,6 +1,7 @@
 #include "tools/archive/BlockTaker.h"
 
 #include <algorithm>
+#include <span>
 
 namespace tools {
 
@@ -15,21 +16,32 @@ constexpr std::size_t kMostTries = 2;
 std::optional<std::string_view> BlockTaker::Take(PackedForm form, std::string_view source,
                                                  std::uint32_t crc32) {
   std::size_t tries = 0;
-  for (const EarlierArchive::Block& block : earlier_.Find(source.size(), crc32)) {
-    const bool isStored = block.form == PackedForm::Stored;
-    if (block.piece == EarlierArchive::kNoPiece || !(isStored || block.form == form)) continue;
-    if (++tries > kMostTries) break;
-    if (!Load(block.piece)) continue;
-    const std::string_view packed =
-        std::string_view(piece_).substr(block.offset, block.packedBytes);
-    if (isStored) {
-      if (form == PackedForm::Stream && packed == source) return source;
-    } else if (form == PackedForm::Part ? deflater_.IsPartOf(source, piece_)
-                                        : deflater_.IsStreamOf(source, packed)) {
-      return packed;
+  const std::span<const EarlierArchive::Block> blocks = earlier_.Find(source.size(), crc32);
+  const std::uint32_t loaded = loaded_;
+  // Of equal files the one at hand: else each of them would have another piece read.
+  for (const bool isAtHand : {true, false}) {
+    for (const EarlierArchive::Block& block : blocks) {
+      const bool isOfForm = block.form == form || block.form == PackedForm::Stored;
+      if (block.piece == EarlierArchive::kNoPiece || !isOfForm) continue;
+      if ((block.piece == loaded) != isAtHand) continue;
+      if (++tries > kMostTries) return std::nullopt;
+      if (const auto packed = Proven(block, form, source)) return packed;
     }
   }
   return std::nullopt;
+}
+
+std::optional<std::string_view> BlockTaker::Proven(const EarlierArchive::Block& block,
+                                                   PackedForm form, std::string_view source) {
+  if (!Load(block.piece)) return std::nullopt;
+  const std::string_view packed = std::string_view(piece_).substr(block.offset, block.packedBytes);
+  if (block.form == PackedForm::Stored) {
+    if (form == PackedForm::Stream && packed == source) return source;
+    return std::nullopt;
+  }
+  const bool isProven = form == PackedForm::Part ? deflater_.IsPartOf(source, piece_)
+                                                 : deflater_.IsStreamOf(source, packed);
+  return isProven ? std::optional(packed) : std::nullopt;
 }
 
 bool BlockTaker::WasStored(std::string_view source, std::uint32_t crc32) const {

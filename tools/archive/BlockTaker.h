@@ -26,6 +26,9 @@ class BlockTaker {
   [[nodiscard]] bool WasStored(std::string_view source, std::uint32_t crc32) const;
 
  private:
+  /// The block's packed bytes, when they decode to `source`.
+  [[nodiscard]] std::optional<std::string_view> Proven(const EarlierArchive::Block& block,
+                                                       PackedForm form, std::string_view source);
   [[nodiscard]] bool Load(std::uint32_t piece);
 
   const EarlierArchive& earlier_;

@@ -16,7 +16,7 @@ namespace tools {
 /// A file of at most a block.
 struct SmallFile {
   std::string memberName;
-  std::string content;
+  std::string_view content;
   std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
 };
 

@@ -31,10 +31,21 @@ bool SteadySource::Begin() {
   return isSteady;
 }
 
-std::optional<std::string> SteadySource::Whole(std::size_t maximumBytes) {
-  std::optional<std::string> bytes;
-  Try([&] { bytes = ReadToEnd(*file_, stamp_.size, maximumBytes); });
-  return bytes;
+bool SteadySource::AppendTo(ByteBuffer& content, std::size_t maximumBytes) {
+  bool isWhole = false;
+  Try([&] {
+    // One byte more than there should be: where it does not come, the file ends where its stamp
+    // says, as that of nearly every file does.
+    const std::size_t count = file_->ReadSome(0, content.Room(stamp_.size + 1));
+    isWhole = count == stamp_.size;
+    if (isWhole) {
+      content.Take(count);
+    } else if (const auto bytes = ReadToEnd(*file_, stamp_.size, maximumBytes)) {
+      content.Append(*bytes);
+      isWhole = true;
+    }
+  });
+  return isWhole;
 }
 
 std::optional<std::string> SteadySource::Next(std::size_t bytes) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <system_error>
 
+#include "tools/archive/ByteBuffer.h"
 #include "tools/files/InputFile.h"
 
 namespace tools {
@@ -23,9 +24,9 @@ class SteadySource {
   /// The file's size, time and identity at that moment.
   [[nodiscard]] const FileStamp& Stamp() const { return stamp_; }
 
-  /// Everything; nothing when it cannot be read, or is more than `maximumBytes`. It may be more
-  /// than the stamp says, in a file whose size the system hides.
-  [[nodiscard]] std::optional<std::string> Whole(std::size_t maximumBytes);
+  /// Appends everything to `content`; false when it cannot be read, or is more than `maximumBytes`.
+  /// It may be more than the stamp says, in a file whose size the system hides.
+  [[nodiscard]] bool AppendTo(ByteBuffer& content, std::size_t maximumBytes);
   /// The next bytes, `bytes` of them or as many as are left. Nothing when they cannot be read or
   /// are not there any more.
   [[nodiscard]] std::optional<std::string> Next(std::size_t bytes);

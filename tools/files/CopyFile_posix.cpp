@@ -80,7 +80,7 @@ std::error_code CopyUnchanged(const FileHandle& source, const FileHandle& target
                            ::lseek(target.Get(), 0, SEEK_SET) == 0 &&
                            ::ftruncate(target.Get(), 0) == 0;
     if (!isAtBegin) return LastSystemError();
-    if (!SteadyStatus(source.Get(), status)) continue;
+    if (::fstat(source.Get(), &status) != 0 || !BecomesSteady(source.Get(), status)) continue;
     if (!CopyContent(source.Get(), target.Get(), static_cast<std::uint64_t>(status.st_size), copied,
                      progress)) {
       return LastSystemError();

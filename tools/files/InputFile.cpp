@@ -8,6 +8,16 @@
 
 namespace tools {
 
+std::size_t InputFile::ReadAt(std::uint64_t offset, std::span<char> buffer) const {
+  std::size_t filled = 0;
+  while (filled < buffer.size()) {
+    const std::size_t count = ReadSome(offset + filled, buffer.subspan(filled));
+    if (count == 0) break;
+    filled += count;
+  }
+  return filled;
+}
+
 std::optional<std::string> ReadToEnd(const InputFile& file, std::size_t expectedBytes,
                                      std::size_t maximumBytes) {
   if (expectedBytes > maximumBytes) return std::nullopt;

@@ -38,6 +38,8 @@ class InputFile {
   /// Fills `buffer` from the bytes at `offset`; returns how many there were, fewer than asked for
   /// only where the file ends. Raises Error.
   [[nodiscard]] std::size_t ReadAt(std::uint64_t offset, std::span<char> buffer) const;
+  /// As ReadAt, but asks the system once: fewer bytes than asked for are no proof of the end.
+  [[nodiscard]] std::size_t ReadSome(std::uint64_t offset, std::span<char> buffer) const;
 
  private:
   struct State;

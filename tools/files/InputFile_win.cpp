@@ -53,24 +53,18 @@ FileStamp InputFile::Stamp() const {
 // The system counts a file's time in ticks of 100 nanoseconds.
 std::optional<FileStamp> InputFile::SteadyStamp() const { return Stamp(); }
 
-std::size_t InputFile::ReadAt(std::uint64_t offset, std::span<char> buffer) const {
-  std::size_t filled = 0;
-  while (filled < buffer.size()) {
-    const std::uint64_t position = offset + filled;
-    OVERLAPPED place{};
-    place.Offset = static_cast<DWORD>(position & 0xFFFFFFFFU);
-    place.OffsetHigh = static_cast<DWORD>(position >> 32U);
-    constexpr std::size_t kMostAtOnce = 1U << 30U;
-    const auto wanted = static_cast<DWORD>(std::min(buffer.size() - filled, kMostAtOnce));
-    DWORD count = 0;
-    if (ReadFile(state_->file.Get(), buffer.data() + filled, wanted, &count, &place) == 0) {
-      if (GetLastError() == ERROR_HANDLE_EOF) break;
-      state_->Fail(LastSystemError());
-    }
-    if (count == 0) break;
-    filled += count;
+std::size_t InputFile::ReadSome(std::uint64_t offset, std::span<char> buffer) const {
+  OVERLAPPED place{};
+  place.Offset = static_cast<DWORD>(offset & 0xFFFFFFFFU);
+  place.OffsetHigh = static_cast<DWORD>(offset >> 32U);
+  constexpr std::size_t kMostAtOnce = 1U << 30U;
+  const auto wanted = static_cast<DWORD>(std::min(buffer.size(), kMostAtOnce));
+  DWORD count = 0;
+  if (ReadFile(state_->file.Get(), buffer.data(), wanted, &count, &place) == 0) {
+    if (GetLastError() == ERROR_HANDLE_EOF) return 0;
+    state_->Fail(LastSystemError());
   }
-  return filled;
+  return count;
 }
 
 }  // namespace tools

@@ -32,8 +32,7 @@ std::int64_t TimeToQuiet(const struct stat& status) {
 
 }  // namespace
 
-bool SteadyStatus(int descriptor, struct stat& status) {
-  if (::fstat(descriptor, &status) != 0) return false;
+bool BecomesSteady(int descriptor, struct stat& status) {
   const std::int64_t wait = TimeToQuiet(status);
   if (wait == 0) return true;
   const FileStamp before = StampFrom(status);

@@ -59,11 +59,11 @@ class FileHandle {
           .identity = status.st_ino};
 }
 
-/// Fills `status` from an open file. Systems count a file's time in ticks of some milliseconds, and
-/// set it when a write begins: a file that was changed just now is looked at again when it should
-/// have been quiet for 20 milliseconds. Returns false when it has changed again by then, and where
-/// the system fails.
-[[nodiscard]] bool SteadyStatus(int descriptor, struct stat& status);
+/// `status` is an open file's. Systems count a file's time in ticks of some milliseconds, and set
+/// it when a write begins: a file that was changed just now is looked at again when it should have
+/// been quiet for 20 milliseconds. Returns false when it has changed again by then, and where the
+/// system fails.
+[[nodiscard]] bool BecomesSteady(int descriptor, struct stat& status);
 
 /// True while `path` still names the open file or folder, links not followed: it was neither
 /// renamed nor replaced. Also true when the system fails to tell.

@@ -1,0 +1,52 @@
+// Room for bytes that grows, without filling what nothing was read into.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <utility>
+
+namespace tools {
+
+/// Many small files are read into one such buffer: a string for each would be allocated on one
+/// thread and freed on another, and filled with zeros before it is read into.
+class ByteBuffer {
+ public:
+  [[nodiscard]] std::size_t Size() const { return size_; }
+  [[nodiscard]] std::size_t Capacity() const { return capacity_; }
+  [[nodiscard]] std::string_view View() const { return {bytes_.get(), size_}; }
+
+  /// Room for so many bytes behind the present ones, with anything in it; valid until the next
+  /// call.
+  [[nodiscard]] std::span<char> Room(std::size_t bytes) {
+    if (bytes > capacity_ - size_) Grow(bytes);
+    return {bytes_.get() + size_, bytes};
+  }
+  /// The first `bytes` of the room given last count from now on.
+  void Take(std::size_t bytes) { size_ += bytes; }
+  /// Takes back what came behind the first `size` bytes.
+  void CutTo(std::size_t size) { size_ = size; }
+  void Append(std::string_view bytes) {
+    std::ranges::copy(bytes, Room(bytes.size()).begin());
+    Take(bytes.size());
+  }
+
+ private:
+  void Grow(std::size_t bytes) {
+    constexpr std::size_t kLeast = std::size_t{640} << 10U;  // what is not used takes no memory
+    const std::size_t capacity = std::max({kLeast, capacity_ + capacity_ / 2, size_ + bytes});
+    auto larger = std::make_unique_for_overwrite<char[]>(capacity);
+    if (size_ > 0) std::memcpy(larger.get(), bytes_.get(), size_);
+    bytes_ = std::move(larger);
+    capacity_ = capacity;
+  }
+
+  std::unique_ptr<char[]> bytes_;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
+}  // namespace tools
