@@ -1,6 +1,8 @@
 #include "console/ProductProof.h"
 
 #include <algorithm>
+#include <span>
+#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -14,11 +16,13 @@ namespace console {
 namespace {
 
 setup::ExpectedEntry ExpectedEntryOf(const engine::SurveyedComponent& component,
-                                     engine::SurveyedEntry& entry) {
-  const model::ICFile& file = entry.file;
+                                     const engine::SurveyedEntry& entry) {
+  const model::ICFile file = entry.File();
+  std::vector<std::string> sources;
+  for (const std::string_view path : entry.Sources()) sources.emplace_back(path);
   return {.component = component.slot,
           .componentTitle = component.title,
-          .entry = entry.number,
+          .entry = entry.Number(),
           .targetFolder = file.TargetFolder,
           .targetSubFolder = file.TargetSubFolder,
           .targetName = file.TargetName,
@@ -26,7 +30,7 @@ setup::ExpectedEntry ExpectedEntryOf(const engine::SurveyedComponent& component,
           .registersItself = file.SelfRegisterDLL == 1,
           .pathReminder = file.RegisterPath == 1,
           .vital = file.Vital != 0,
-          .sources = std::move(entry.sources)};
+          .sources = std::move(sources)};
 }
 
 // What kept the version from being surveyed whole. Warnings are no fault of the setup.
@@ -35,7 +39,7 @@ std::vector<setup::Finding> ProblemsOf(const engine::Survey& survey) {
   for (const engine::BuildMessage& unread : survey.unread) {
     findings.push_back({.text = unread.text, .component = unread.component});
   }
-  const auto add = [&](const std::vector<engine::SurveyProblem>& problems,
+  const auto add = [&](std::span<const engine::SurveyProblem> problems,
                        const engine::SurveyedComponent& component, std::int32_t entry) {
     for (const engine::SurveyProblem& problem : problems) {
       if (problem.severity != engine::Severity::Error) continue;
@@ -48,7 +52,7 @@ std::vector<setup::Finding> ProblemsOf(const engine::Survey& survey) {
   for (const engine::SurveyedComponent& component : survey.components) {
     add(component.problems, component, 0);
     for (const engine::SurveyedEntry& entry : component.entries) {
-      add(entry.problems, component, entry.number);
+      add(entry.Problems(), component, entry.Number());
     }
   }
   return findings;
@@ -71,8 +75,9 @@ setup::ExpectedSetup ExpectedSetupOf(const model::ModProject& project, model::Ve
   const auto [key, title, type] = model::StoredOptions(project, version).Catalogue(expected.title);
   if (!key.empty()) expected.registration = {key, title, type};
   for (engine::SurveyedComponent& component : survey.components) {
-    for (engine::SurveyedEntry& entry : component.entries) {
-      if (!entry.sources.empty()) {
+    for (; !component.entries.empty(); component.entries.pop_front()) {
+      const engine::SurveyedEntry& entry = component.entries.front();
+      if (!entry.Sources().IsEmpty()) {
         expected.entries.push_back(ExpectedEntryOf(component, entry));
       }
     }
@@ -86,8 +91,7 @@ setup::ProofResult ProveVersion(const setup::Setup& setup, const model::ModProje
   setup::ExpectedSetup expected;
   std::vector<setup::Finding> problems;
   {
-    engine::Survey survey =
-        engine::SurveyVersion(project, version, setup.folder, [&onProgress] { onProgress({}); });
+    engine::Survey survey = engine::SurveyVersion(project, version, setup.folder, onProgress);
     problems = ProblemsOf(survey);
     expected = ExpectedSetupOf(project, version, survey, clock);
   }

@@ -79,7 +79,13 @@ void TextReport::Summary(const engine::BuildSummary& summary) {
 }
 
 void TextReport::OnProgress(const tools::Progress& progress) {
-  if (Quiet() || !GetStreams().errorsAreTerminal || progress.filesTotal == 0) return;
+  if (Quiet() || !GetStreams().errorsAreTerminal) return;
+  if (progress.filesTotal == 0) {
+    if (progress.filesDone == 0) return;
+    progressLine_.Show("Dateien werden gesucht: " + GroupedText(progress.filesDone) + ", " +
+                       ByteText(progress.bytesDone));
+    return;
+  }
   const double seconds = SecondsSoFar();
   const auto rate = static_cast<std::uint64_t>(static_cast<double>(progress.bytesDone) / seconds);
   progressLine_.Show(ProgressText(progress) + ", " + ByteText(rate) + "/s" +

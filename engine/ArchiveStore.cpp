@@ -45,13 +45,14 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
   });
 }
 
-StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, const std::string& sourcePath) {
+StoredFile ArchiveStore::Store(const model::ICFile& /*entry*/, std::string_view sourcePath) {
   StoredFile stored;
+  const std::string path(sourcePath);
   stored.name = std::to_string(++counter_) + "." + StoredExtension(sourcePath);
   if (writer_) {
-    WithArchive([&] { stored.copy = writer_->AddFile(sourcePath, stored.name, fileTime_); });
+    WithArchive([&] { stored.copy = writer_->AddFile(path, stored.name, fileTime_); });
   }
-  if (!writer_) stored.copy = ReadThrough(sourcePath);
+  if (!writer_) stored.copy = ReadThrough(path);
   readBytes_ += stored.copy.bytes;
   if (!stored.copy.Succeeded()) ++failedFiles_;
   ReportProgress();

@@ -24,8 +24,7 @@ class ArchiveStore : public FileStore {
                const tools::ArchiveOptions& options, std::optional<std::int64_t> fileTime,
                BuildProgress& progress);
 
-  [[nodiscard]] StoredFile Store(const model::ICFile& entry,
-                                 const std::string& sourcePath) override;
+  [[nodiscard]] StoredFile Store(const model::ICFile& entry, std::string_view sourcePath) override;
   [[nodiscard]] std::string_view PlaceName() const override { return "temp folder"; }
   [[nodiscard]] std::optional<tools::Error> Finish() override;
   [[nodiscard]] const tools::ArchiveTotals& Totals() const override { return totals_; }

@@ -60,7 +60,7 @@ class Build {
     if (options_.isConfined) RequireConfinement(SourceFoldersOf(environment_.project, version_));
     survey_ = SurveyVersion(environment_.project, version_,
                             OutputFolderPath(options_.folder, environment_.project),
-                            [this] { progress_.ThrowIfStopped(); });
+                            [this](const tools::Progress& found) { progress_.Search(found); });
     summary_.times.survey = SecondsSince(begun_);
     if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
     if (options_.isConfined) RequireConfinement(survey_.sourceFolders);
@@ -68,9 +68,11 @@ class Build {
         environment_.project, version_, survey_,
         [](const std::string& text, const Place& /*place*/) { throw tools::Error(text); });
     const ScriptHead head = MakeScriptHead();
+    environment_.project.Settings().ForgetRead();  // as large as the survey
     // A wish to stop that came meanwhile counts before anything is deleted.
     progress_.ThrowIfStopped();
     if (!AcceptOutputFolder()) return;
+    environment_.project.Settings().ForgetRead();
     stage_.emplace(environment_.disk, *claim_);
     try {
       MakeSetup(head);
@@ -118,7 +120,7 @@ class Build {
     summary_.times.packing = SecondsSince(begun);
     begun = environment_.clock.SteadyNow();
     WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
-                       survey_, names_);
+                       survey_, *names_);
     summary_.times.script = SecondsSince(begun);
     CopyPrograms();
     log_.EndBuildLog();
@@ -164,7 +166,7 @@ class Build {
     progress_.Start(survey_.files, survey_.bytes);
     const std::unique_ptr<FileStore> store = MakeStore();
     log_.WriteTo(environment_.disk, InStage(kLogName));
-    summary_.diskFull = engine::StoreFiles(survey_, *store, names_, log_);
+    summary_.diskFull = engine::StoreFiles(survey_, *store, names_.emplace(survey_), log_);
     isIncomplete_ = summary_.diskFull;
     if (const std::optional<tools::Error> failure = store->Finish()) {
       isIncomplete_ = true;
@@ -241,7 +243,7 @@ class Build {
   std::string title_;
   BuildProgress progress_;
   Survey survey_;
-  StoredNameMap names_;
+  std::optional<StoredNameMap> names_;       ///< of the survey's files
   std::optional<tools::FolderClaim> claim_;  ///< on the output folder, as long as this lives
   OutputContent old_;                        ///< what lay there at first
   bool isIncomplete_ = false;

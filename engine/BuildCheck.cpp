@@ -60,7 +60,9 @@ class Checker {
     if (options_.isConfined) {
       RequireConfined(project_, version_, output, SourceFoldersOf(project_, version_));
     }
-    survey_ = SurveyVersion(project_, version_, output, step);
+    survey_ = SurveyVersion(project_, version_, output, [&step](const tools::Progress& /*found*/) {
+      if (step) step();
+    });
     if (options_.isConfined) RequireConfined(project_, version_, output, survey_.sourceFolders);
   }
 

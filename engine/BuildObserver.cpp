@@ -5,6 +5,11 @@ namespace engine {
 BuildProgress::BuildProgress(BuildObserver& observer, const tools::Clock& clock)
     : observer_(observer), pace_(clock) {}
 
+void BuildProgress::Search(const tools::Progress& found) {
+  if (pace_.IsDue()) observer_.OnProgress(found);
+  ThrowIfStopped();
+}
+
 void BuildProgress::Start(std::uint64_t files, std::uint64_t bytes) {
   progress_.filesTotal = files;
   progress_.bytesTotal = bytes;

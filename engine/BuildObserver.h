@@ -62,7 +62,8 @@ class BuildObserver {
 
   /// A problem, as it is logged.
   virtual void OnMessage(const BuildMessage& message) = 0;
-  /// How far the build has come; a few times a second, and at each step's begin and end.
+  /// How far the build has come; a few times a second, and at each step's begin and end. Without
+  /// totals: what has been found so far, while sources are looked for.
   virtual void OnProgress(const tools::Progress& progress) = 0;
   /// Whether the files in the output folder may be deleted. The build ends when not.
   [[nodiscard]] virtual bool MayEmptyOutputFolder(const std::string& folder) = 0;
@@ -76,6 +77,8 @@ class BuildProgress {
   /// The references must outlive this object.
   BuildProgress(BuildObserver& observer, const tools::Clock& clock);
 
+  /// Tells what has been found, unless something was told a moment ago. Raises tools::Stopped.
+  void Search(const tools::Progress& found);
   /// Sets what is to be done and tells it at once. Raises tools::Stopped as ThrowIfStopped does.
   void Start(std::uint64_t files, std::uint64_t bytes);
   /// Tells what has been done, unless something was told a moment ago. Raises tools::Stopped.

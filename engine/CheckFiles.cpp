@@ -47,26 +47,26 @@ void FileCheck::Check(const SurveyedComponent& component, const SurveyStep& step
 
 void FileCheck::CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed,
                            const SurveyStep& step) {
-  const Place place = component.PlaceOf(surveyed);
-  if (!surveyed.hasSection) {
-    const std::string first = std::to_string(surveyed.number);
-    const std::string last = std::to_string(surveyed.last);
+  const Place place = component.PlaceOf(surveyed.Number());
+  if (!surveyed.HasSection()) {
+    const std::string first = std::to_string(surveyed.Number());
+    const std::string last = std::to_string(surveyed.Last());
     findings_.Report(first == last ? "Eintrag " + first + ": ohne Abschnitt"
                                    : "Einträge " + first + " bis " + last + ": ohne Abschnitt",
                      place);
     return;
   }
-  Report(surveyed.problems, place);
-  const model::ICFile& entry = surveyed.file;
+  Report(surveyed.Problems(), place);
+  const model::ICFile entry = surveyed.File();
   if (entry.Type != model::ICFile::kSingleFile && entry.Type != model::ICFile::kFolderScan) return;
   if (model::FolderMacro(entry.TargetFolder).empty()) {
     findings_.Report("Unbekannte Nummer des Zielordners: " + std::to_string(entry.TargetFolder),
                      place);
   }
   CheckNames(entry, place);
-  for (const std::string& path : surveyed.sources) {
+  for (const std::string_view path : surveyed.Sources()) {
     if (step) step();
-    CheckFile(entry, {&component, surveyed.number, path}, place);
+    CheckFile(entry, {&component, surveyed.Number(), path}, place);
   }
 }
 
@@ -155,7 +155,7 @@ std::string FileCheck::Named(const Origin& origin) {
 }
 
 // Values that cannot be read are found in the settings, where the reason is known better.
-void FileCheck::Report(const std::vector<SurveyProblem>& problems, const Place& place) {
+void FileCheck::Report(std::span<const SurveyProblem> problems, const Place& place) {
   for (const SurveyProblem& problem : problems) {
     if (problem.fault == SourceFault::Value && place.entry != 0) continue;
     findings_.Report(problem.userText, place, problem.severity);

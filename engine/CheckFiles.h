@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -47,7 +48,7 @@ class FileCheck {
                       const Origin& origin, const Place& place);
   void CheckValue(std::string_view what, const std::string& value, const Place& place);
   [[nodiscard]] static std::string Named(const Origin& origin);
-  void Report(const std::vector<SurveyProblem>& problems, const Place& place);
+  void Report(std::span<const SurveyProblem> problems, const Place& place);
 
   bool packaged_;
   std::string outputFolder_;

@@ -184,17 +184,8 @@ class Finder {
   void LookAtComponent(const SurveyedComponent& component) {
     const std::string path = project_.ComponentFilePath(version_, component.slot);
     LookAt(component.title, path, "Component", "Title", {component.slot, component.title, 0});
-    for (const SurveyedEntry& entry : component.entries) {
-      const model::ICFile& file = entry.file;
-      const std::string section = model::FileEntrySection(entry.number);
-      const auto look = [&](const char* key, const std::string& value) {
-        LookAt(value, path, section, key, component.PlaceOf(entry));
-      };
-      look("ID", file.ID);
-      look("SourcePath", file.SourcePath);
-      look("SourceName", file.SourceName);
-      look("TargetSubFolder", file.TargetSubFolder);
-      look("TargetName", file.TargetName);
+    for (const UnfitValue& value : component.unfitValues) {
+      Report(path, model::FileEntrySection(value.entry), value.key, component.PlaceOf(value.entry));
     }
   }
 
@@ -205,7 +196,11 @@ class Finder {
 
   void LookAt(const std::string& value, const std::string& path, std::string_view section,
               std::string_view key, const Place& place) {
-    if (!tools::HasControlCharacter(value)) return;
+    if (tools::HasControlCharacter(value)) Report(path, section, key, place);
+  }
+
+  void Report(const std::string& path, std::string_view section, std::string_view key,
+              const Place& place) {
     std::string text = "Ein Wert enthält ein Steuerzeichen: " + path + " ([";
     report_(text.append(section).append("] ").append(key).append(")"), place);
   }

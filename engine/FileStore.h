@@ -28,7 +28,7 @@ class FileStore {
 
   /// Stores one file. A failure is in the result. Raises tools::Stopped.
   [[nodiscard]] virtual StoredFile Store(const model::ICFile& entry,
-                                         const std::string& sourcePath) = 0;
+                                         std::string_view sourcePath) = 0;
 
   /// What the log calls the place that files are copied to.
   [[nodiscard]] virtual std::string_view PlaceName() const = 0;

@@ -1,6 +1,8 @@
 #include "engine/InstallScript.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "engine/OutputContent.h"
 #include "model/FolderTable.h"
@@ -147,14 +149,42 @@ std::string KeyOf(std::string_view id, std::string_view sourcePath) {
 
 }  // namespace
 
-bool StoredNameMap::Record(std::string_view id, std::string_view sourcePath,
-                           std::string_view storedName) {
-  return names_.try_emplace(KeyOf(id, sourcePath), storedName).second;
+StoredNameMap::StoredNameMap(const Survey& survey) {
+  std::vector<std::string_view> ids;
+  for (const SurveyedComponent& component : survey.components) {
+    for (const SurveyedEntry& entry : component.entries) ids.push_back(entry.ID());
+  }
+  std::sort(ids.begin(), ids.end());
+  for (auto id = ids.begin(); (id = std::adjacent_find(id, ids.end())) != ids.end(); ++id) {
+    sharedIds_.insert(*id);
+  }
 }
 
-std::string_view StoredNameMap::Find(std::string_view id, std::string_view sourcePath) const {
-  const auto found = names_.find(KeyOf(id, sourcePath));
-  return found == names_.end() ? std::string_view{} : std::string_view(found->second);
+bool StoredNameMap::Record(std::string_view id, std::string_view sourcePath,
+                           std::string_view storedName) {
+  const bool isShared = sharedIds_.contains(id);
+  Append(isShared ? std::string_view{} : storedName);
+  return !isShared || sharedNames_.try_emplace(KeyOf(id, sourcePath), storedName).second;
+}
+
+void StoredNameMap::Append(std::string_view name) {
+  constexpr std::size_t kPartBytes = std::size_t{16} << 10U;
+  if (parts_.empty() || parts_.back().capacity() - parts_.back().size() < name.size() + 1) {
+    parts_.emplace_back().reserve(std::max(kPartBytes, name.size() + 1));
+  }
+  parts_.back().append(name).push_back('\0');
+}
+
+std::string_view StoredNameMap::Reader::Next(std::string_view id, std::string_view sourcePath) {
+  if (offset_ == names_.parts_.at(part_).size()) {
+    ++part_;
+    offset_ = 0;
+  }
+  const std::string_view name(names_.parts_.at(part_).c_str() + offset_);
+  offset_ += name.size() + 1;
+  if (!names_.sharedIds_.contains(id)) return name;
+  const auto found = names_.sharedNames_.find(KeyOf(id, sourcePath));
+  return found == names_.sharedNames_.end() ? std::string_view{} : std::string_view(found->second);
 }
 
 namespace {
@@ -186,12 +216,13 @@ class ScriptFile {
 };
 
 void WriteComponent(InstallScript& script, const SurveyedComponent& component,
-                    const StoredNameMap& names) {
+                    StoredNameMap::Reader& names) {
   script.BeginComponent(component.title);
   for (const SurveyedEntry& surveyed : component.entries) {
-    for (const std::string& path : surveyed.sources) {
-      const std::string_view stored = names.Find(surveyed.file.ID, path);
-      if (!stored.empty()) script.AddFile(surveyed.file, path, stored);
+    const model::ICFile entry = surveyed.File();
+    for (const std::string_view path : surveyed.Sources()) {
+      const std::string_view stored = names.Next(entry.ID, path);
+      if (!stored.empty()) script.AddFile(entry, path, stored);
     }
   }
   script.EndComponent();
@@ -205,8 +236,10 @@ void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead h
   InstallScript script([&file](std::string_view text) { file.Append(text); }, std::move(head),
                        packaged);
   script.Begin();
+  StoredNameMap::Reader reader(names);
   for (const SurveyedComponent& component : survey.components) {
-    if (component.isInstalled) WriteComponent(script, component, names);
+    // One that is not installed has no entries.
+    if (component.isInstalled) WriteComponent(script, component, reader);
   }
   script.End();
   file.Commit();

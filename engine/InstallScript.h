@@ -6,7 +6,10 @@
 // a script use "\" whatever machine writes it; "%name%" macros in them are the runtime's.
 #pragma once
 
+#include <cstddef>
+#include <deque>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -74,18 +77,41 @@ class InstallScript {
 };
 
 /// Stored names by entry ID and source path: a folder scan stores many files for one ID, and one
-/// file can be stored for several entries.
+/// file can be stored for several entries. Recorded and read in the order of the survey, so that a
+/// name takes little more than its own bytes; only IDs that several entries share are looked up.
 class StoredNameMap {
  public:
-  /// Records the name of a file. Returns false, and keeps the first name, when one is recorded for
-  /// this ID and path already.
-  bool Record(std::string_view id, std::string_view sourcePath, std::string_view storedName);
+  /// For the files of `survey`, which must outlive the map.
+  explicit StoredNameMap(const Survey& survey);
 
-  /// The recorded name; empty when there is none. Valid until the next Record.
-  [[nodiscard]] std::string_view Find(std::string_view id, std::string_view sourcePath) const;
+  /// Records the name of the next file. Returns false, and keeps the first name, when one is
+  /// recorded for this ID and path already.
+  bool Record(std::string_view id, std::string_view sourcePath, std::string_view storedName);
+  /// The next file is not stored.
+  void RecordNone() { Append({}); }
+
+  /// Reads the names from the first file on.
+  class Reader {
+   public:
+    /// `names` must outlive the reader, and gets no more names meanwhile.
+    explicit Reader(const StoredNameMap& names) : names_(names) {}
+    /// The name recorded for the next file; empty when there is none.
+    [[nodiscard]] std::string_view Next(std::string_view id, std::string_view sourcePath);
+
+   private:
+    const StoredNameMap& names_;
+    std::size_t part_ = 0;
+    std::size_t offset_ = 0;  ///< in that part
+  };
 
  private:
-  std::unordered_map<std::string, std::string> names_;
+  void Append(std::string_view name);
+
+  /// A NUL behind each name; empty for files without one, and for those of shared IDs. In parts,
+  /// since one text would take its size once more whenever it grows.
+  std::deque<std::string> parts_;
+  std::set<std::string_view> sharedIds_;
+  std::unordered_map<std::string, std::string> sharedNames_;  ///< by ID and source path
 };
 
 /// Writes the script of what was stored: creates or replaces the file at `path`. Files without a

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "engine/ComponentFiles.h"
+#include "engine/SettingsText.h"
 #include "engine/SourceList.h"
-#include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/Numbers.h"
 #include "tools/Text.h"
@@ -89,7 +89,7 @@ void ProtectedPlaces::AddSourcesOf(const model::ModProject& project,
   const std::shared_ptr<const tools::SettingsFile> settings =
       project.Settings().Load(componentPath);
   constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
-  for (const std::int32_t number : model::SlotsNamedIn(settings->Render(), "File", kAnyNumber)) {
+  for (const std::int32_t number : StoredEntries(*settings, kAnyNumber)) {
     const std::string section = "File" + std::to_string(number);
     model::ICFile entry;
     entry.SourcePath = settings->Read(section, "SourcePath", "");

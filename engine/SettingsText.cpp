@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
+#include "model/ICFile.h"
+#include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/settings/NameIndex.h"
@@ -71,6 +74,15 @@ tools::PathKind LookAt(const std::string& path) {
   const tools::PathKind kind = tools::KindOf(path, failure);
   if (failure) throw tools::PathError("Die Datei kann nicht gelesen werden", path, failure);
   return kind;
+}
+
+std::vector<std::int32_t> StoredEntries(const tools::SettingsFile& settings, std::int32_t count) {
+  std::vector<std::int32_t> numbers;
+  settings.ForEachSection([&numbers](std::string_view name) {
+    const std::int32_t number = model::SlotNumberOf(name, model::kFileSection);
+    if (number != 0) numbers.push_back(number);
+  });
+  return model::OrderedSlots(std::move(numbers), count);
 }
 
 void ForEachSection(std::string_view text,

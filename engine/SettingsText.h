@@ -1,18 +1,25 @@
 // A look at the text of a settings file itself, for what reading its values cannot tell.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tools/files/Files.h"
+#include "tools/settings/SettingsFile.h"
 
 namespace engine {
 
 /// What stands at the place of one of a product's files. Raises tools::Error when the system cannot
 /// tell (no right to look, a defective disk).
 [[nodiscard]] tools::PathKind LookAt(const std::string& path);
+
+/// The numbers from 1 to `count`, ascending, of the file entries that a component's settings have a
+/// section for.
+[[nodiscard]] std::vector<std::int32_t> StoredEntries(const tools::SettingsFile& settings,
+                                                      std::int32_t count);
 
 /// Calls `visit` with the name of each section, in order. The views are of `text`.
 void ForEachSection(std::string_view text, const std::function<void(std::string_view name)>& visit);

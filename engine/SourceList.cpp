@@ -64,7 +64,8 @@ SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
                                                {.includeSubfolders = entry.IncludeChildren != 0,
                                                 .leaveOut = scope.outputFolder,
                                                 .skipTemporary = true,
-                                                .step = scope.step});
+                                                .step = scope.step,
+                                                .listed = scope.listed});
   SourceList list;
   AddUnseen(list, SourceFault::Unreadable, Severity::Error, found.unreadFolders,
             "Unable to read folder", "Der Ordner kann nicht gelesen werden");

@@ -49,6 +49,8 @@ struct SourceScope {
   std::string outputFolder;
   /// Called for each entry of a folder that is listed too.
   SurveyStep step{};
+  /// Called before it for each entry of a folder, once.
+  SurveyStep listed{};
 };
 
 /// The entry's source folder; a relative one is taken from the product's folder.

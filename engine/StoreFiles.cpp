@@ -1,5 +1,9 @@
 #include "engine/StoreFiles.h"
 
+#include <span>
+#include <string>
+#include <string_view>
+
 namespace engine {
 
 namespace {
@@ -11,10 +15,11 @@ class Collector {
 
   void Visit(const SurveyedComponent& component) {
     for (const SurveyedEntry& surveyed : component.entries) {
-      Place place = component.PlaceOf(surveyed);
-      for (; place.entry < surveyed.last; ++place.entry) LogProblems(surveyed.problems, place);
-      LogProblems(surveyed.problems, place);
-      for (const std::string& path : surveyed.sources) Store(surveyed.file, path, place);
+      Place place = component.PlaceOf(surveyed.Number());
+      for (; place.entry < surveyed.Last(); ++place.entry) LogProblems(surveyed.Problems(), place);
+      LogProblems(surveyed.Problems(), place);
+      const model::ICFile entry = surveyed.File();
+      for (const std::string_view path : surveyed.Sources()) Store(entry, path, place);
     }
     LogProblems(component.problems, {component.slot, component.title, 0});
   }
@@ -22,7 +27,7 @@ class Collector {
   [[nodiscard]] bool DiskFull() const { return diskFull_; }
 
  private:
-  void LogProblems(const std::vector<SurveyProblem>& problems, const Place& place) {
+  void LogProblems(std::span<const SurveyProblem> problems, const Place& place) {
     for (const SurveyProblem& problem : problems) {
       if (problem.severity == Severity::Warning) {
         log_.LogWarning(problem.logText, place);
@@ -32,23 +37,25 @@ class Collector {
     }
   }
 
-  void Store(const model::ICFile& entry, const std::string& path, const Place& place) {
+  void Store(const model::ICFile& entry, std::string_view path, const Place& place) {
     const StoredFile stored = store_.Store(entry, path);
+    const std::string quoted = "'" + std::string(path) + "'";
     if (!stored.copy.Succeeded()) {
+      names_.RecordNone();
       diskFull_ = diskFull_ || tools::IsDiskFull(stored.copy.cause);
-      std::string text = "Unable to copy file '" + path + "' to ";
+      std::string text = "Unable to copy file " + quoted + " to ";
       log_.LogError(text.append(store_.PlaceName()).append(": ").append(stored.copy.errorText),
                     place);
       return;
     }
     if (!stored.replaced.empty()) {
-      std::string text = "File '" + path + "' replaces '" + stored.replaced;
+      std::string text = "File " + quoted + " replaces '" + stored.replaced;
       log_.LogWarning(text.append("': both are stored as '").append(stored.name).append("'"),
                       place);
     }
     if (!names_.Record(entry.ID, path, stored.name)) {
       log_.LogWarning(
-          "Stored name of '" + path + "' is already recorded under ID '" + entry.ID + "'", place);
+          "Stored name of " + quoted + " is already recorded under ID '" + entry.ID + "'", place);
     }
   }
 

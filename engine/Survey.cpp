@@ -36,31 +36,48 @@ SurveyProblem ValueProblem(std::string logText, std::string userText) {
 }
 
 bool IsNoComponent(const tools::SettingsFile& settings) {
-  const std::string text = settings.Render();
   // A loss of power can leave NULs in place of a part of a file.
-  if (text.find('\0') != std::string::npos) return true;
+  bool hasNul = false;
+  settings.Render([&hasNul](std::string_view part) {
+    hasNul = hasNul || part.find('\0') != std::string_view::npos;
+  });
+  if (hasNul) return true;
   if (settings.Find(kTitle.section, kTitle.key)) return false;
   bool hasSection = false;
-  ForEachSection(text, [&](std::string_view name) {
+  settings.ForEachSection([&](std::string_view name) {
     hasSection = hasSection || tools::EqualIgnoringAsciiCase(name, kTitle.section);
   });
   return !hasSection;
 }
 
+// What a build writes into script or log.
+void NoteUnfitValues(SurveyedComponent& component, std::int32_t number, const model::ICFile& file) {
+  const std::pair<std::string_view, const std::string*> values[] = {
+      {"ID", &file.ID},
+      {"SourcePath", &file.SourcePath},
+      {"SourceName", &file.SourceName},
+      {"TargetSubFolder", &file.TargetSubFolder},
+      {"TargetName", &file.TargetName}};
+  for (const auto& [key, value] : values) {
+    if (tools::HasControlCharacter(*value)) component.unfitValues.push_back({number, key});
+  }
+}
+
 class Surveyor {
  public:
   Surveyor(const model::ModProject& project, model::VersionSlot version, std::string outputFolder,
-           const SurveyStep& step)
+           const SurveyWatch& watch)
       : project_(project),
         version_(version),
-        scope_{project.ProductFolder(), std::move(outputFolder), step},
-        step_(scope_.step) {}
+        watch_(watch),
+        scope_{project.ProductFolder(), std::move(outputFolder), [this] { Tell(); },
+               [this] { ++found_; }} {}
 
   /// Without `lookForSources` only the folders of the sources are gathered.
   Survey Run(bool lookForSources) {
     onlyFolders_ = !lookForSources;
     project_.RequireSoundVersionFile(version_);
-    const ComponentFiles files = ListComponentFiles(project_, version_, step_);
+    const ComponentFiles files = ListComponentFiles(project_, version_, scope_.step);
     if (!files.slots.empty() || !files.misnamed.empty()) RequireCount();
     const std::int32_t count = project_.ComponentCount(version_);
     for (const model::ComponentSlot slot : files.slots) {
@@ -73,6 +90,10 @@ class Surveyor {
   }
 
  private:
+  void Tell() const {
+    if (watch_) watch_({.filesDone = found_, .bytesDone = survey_.bytes});
+  }
+
   // A version file that lost its end would build to an empty setup.
   void RequireCount() const {
     const std::string count =
@@ -159,7 +180,7 @@ class Surveyor {
   // Without one, entries that are there would be left out without a word.
   void RequireFileCount() const {
     if (!tools::TrimBlanks(settings_->Read(kFiles.section, kFiles.key, "")).empty()) return;
-    if (model::SlotsNamedIn(settings_->Render(), "File", kAnyNumber).empty()) return;
+    if (StoredEntries(*settings_, kAnyNumber).empty()) return;
     throw tools::Error("([Files] Count)");
   }
 
@@ -182,7 +203,7 @@ class Surveyor {
   }
 
   void VisitEntries(SurveyedComponent& component, std::int32_t count) {
-    const auto stored = model::SlotsNamedIn(settings_->Render(), "File", count);
+    const std::vector<std::int32_t> stored = StoredEntries(*settings_, count);
     if (count <= kMaximumEntries) {
       std::int32_t next = 1;
       for (const std::int32_t number : stored) {
@@ -205,37 +226,35 @@ class Surveyor {
   void VisitMissing(SurveyedComponent& component, std::int32_t first, std::int32_t last) {
     if (first > last) return;
     VisitEntry(component, first);
-    component.entries.back().last = last;
-    component.entries.back().hasSection = false;
+    component.entries.back().StandForMissing(last);
   }
 
   void VisitEntry(SurveyedComponent& component, std::int32_t number) {
-    if (step_) step_();
-    SurveyedEntry surveyed;
-    surveyed.number = number;
-    surveyed.last = number;
+    Tell();
+    const std::uint64_t foundBefore = found_;
+    model::ICFile entry;
+    SourceList list;
     try {
-      surveyed.file = model::ReadFileEntry(read_, path_, number, model::EntryUse::Build);
-      const model::ICFile& entry = surveyed.file;
+      entry = model::ReadFileEntry(read_, path_, number, model::EntryUse::Build);
       AddLocation(entry);
       if (entry.Exclude == 1) return;
-      SourceList list = ListSources(entry, scope_);
+      list = ListSources(entry, scope_);
       for (const std::string& path : list.links) AddLinkedLocation(path);
-      surveyed.sources = std::move(list.paths);
-      surveyed.problems = std::move(list.problems);
     } catch (const tools::Error& error) {
       AddUnreadLocation(number);
       if (IsExcluded(number)) return;
-      surveyed.problems.push_back(ValueProblem("File " + std::to_string(number) +
-                                                   InComponent(component.title) +
-                                                   " is left out: " + error.what(),
-                                               error.what()));
+      list.problems.push_back(ValueProblem("File " + std::to_string(number) +
+                                               InComponent(component.title) +
+                                               " is left out: " + error.what(),
+                                           error.what()));
     }
-    for (const std::string& path : surveyed.sources) {
-      if (step_) step_();
+    found_ = foundBefore + list.paths.size();
+    for (const std::string& path : list.paths) {
+      Tell();
       Measure(path);
     }
-    component.entries.push_back(std::move(surveyed));
+    NoteUnfitValues(component, number, entry);
+    component.entries.emplace_back(number, entry, std::move(list));
   }
 
   [[nodiscard]] bool IsExcluded(std::int32_t number) const {
@@ -269,7 +288,7 @@ class Surveyor {
   }
 
   void AddStoredLocations(std::int32_t count) {
-    for (const std::int32_t number : model::SlotsNamedIn(settings_->Render(), "File", count)) {
+    for (const std::int32_t number : StoredEntries(*settings_, count)) {
       AddUnreadLocation(number);
     }
   }
@@ -293,8 +312,9 @@ class Surveyor {
 
   const model::ModProject& project_;
   model::VersionSlot version_;
+  const SurveyWatch& watch_;
   SourceScope scope_;
-  const SurveyStep& step_;
+  std::uint64_t found_ = 0;  ///< files, as far as is known
   bool onlyFolders_ = false;
   std::shared_ptr<const tools::SettingsFile> settings_;  ///< of the component that is visited
   std::string path_;                                     ///< of its file
@@ -308,14 +328,14 @@ class Surveyor {
 }  // namespace
 
 Survey SurveyVersion(const model::ModProject& project, model::VersionSlot version,
-                     const std::string& outputFolder, const SurveyStep& step) {
-  return Surveyor(project, version, outputFolder, step).Run(true);
+                     const std::string& outputFolder, const SurveyWatch& watch) {
+  return Surveyor(project, version, outputFolder, watch).Run(true);
 }
 
 std::set<std::string> SourceFoldersOf(const model::ModProject& project,
                                       model::VersionSlot version) {
-  const SurveyStep noStep;
-  return Surveyor(project, version, {}, noStep).Run(false).sourceFolders;
+  const SurveyWatch noWatch;
+  return Surveyor(project, version, {}, noWatch).Run(false).sourceFolders;
 }
 
 }  // namespace engine

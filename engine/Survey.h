@@ -5,27 +5,24 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/BuildLog.h"
 #include "engine/SourceList.h"
-#include "model/ICFile.h"
+#include "engine/SurveyedEntry.h"
 #include "model/ModProject.h"
+#include "tools/Progress.h"
 
 namespace engine {
 
-/// An entry that takes part in the build (excluded ones do not).
-struct SurveyedEntry {
-  std::int32_t number = 0;
-  /// Entries that the file has no section for are all alike: this one stands for those up to
-  /// `last`.
-  std::int32_t last = 0;
-  bool hasSection = true;
-  model::ICFile file;                ///< as it was read; empty when it could not be
-  std::vector<std::string> sources;  ///< full paths, in order
-  std::vector<SurveyProblem> problems;
+/// A value of an entry that holds a control character.
+struct UnfitValue {
+  std::int32_t entry = 0;
+  std::string_view key;
 };
 
 struct SurveyedComponent {
@@ -34,26 +31,30 @@ struct SurveyedComponent {
   bool isInstalled = true;  ///< false: its file is of no use, and the script does not name it
   std::deque<SurveyedEntry> entries;
   std::vector<SurveyProblem> problems;  ///< of the component itself
+  std::vector<UnfitValue> unfitValues;  ///< of the entries, by their order
 
-  [[nodiscard]] Place PlaceOf(const SurveyedEntry& entry) const {
-    return {slot, title, entry.number};
-  }
+  [[nodiscard]] Place PlaceOf(std::int32_t entry) const { return {slot, title, entry}; }
 };
 
 struct Survey {
-  std::vector<SurveyedComponent> components;  ///< slots that are free are not among them
-  std::set<std::string> sourceFolders;        ///< full paths; those of excluded entries too
+  std::deque<SurveyedComponent> components;  ///< slots that are free are not among them
+  std::set<std::string> sourceFolders;       ///< full paths; those of excluded entries too
   /// Components whose files are there but cannot be read: what they hold is not known.
   std::vector<BuildMessage> unread;
   std::uint64_t files = 0;
   std::uint64_t bytes = 0;
 };
 
+/// Called often during a survey with the files found so far and the bytes of those looked at,
+/// without totals; may raise an error to stop. While a scan lists a folder all that is in there
+/// counts.
+using SurveyWatch = std::function<void(const tools::Progress& found)>;
+
 /// Surveys the version in slot `version`, passing over `outputFolder` in scans. Raises tools::Error
 /// for an unsafe version text, a version folder that cannot be searched, a version file that is
-/// missing, cannot be read or holds no settings, and what `step` raises.
+/// missing, cannot be read or holds no settings, and what `watch` raises.
 [[nodiscard]] Survey SurveyVersion(const model::ModProject& project, model::VersionSlot version,
-                                   const std::string& outputFolder, const SurveyStep& step = {});
+                                   const std::string& outputFolder, const SurveyWatch& watch = {});
 
 /// The folders that the sources of the version lie in, without a look at the sources themselves: a
 /// scan's links are not known. Raises tools::Error where settings cannot be read.

@@ -35,7 +35,7 @@ TreeStore::TreeStore(std::string folder, std::string usersFolder,
       places_(ownNames),
       progress_(progress) {}
 
-StoredFile TreeStore::Store(const model::ICFile& entry, const std::string& sourcePath) {
+StoredFile TreeStore::Store(const model::ICFile& entry, std::string_view sourcePath) {
   StoredFile stored;
   stored.name = TreeStoredName(entry, sourcePath);
   TreePlace place;

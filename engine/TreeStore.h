@@ -19,8 +19,7 @@ class TreeStore : public FileStore {
 
   /// Fails for a target subfolder whose ".." parts lead out of the folder, a name of the build's
   /// own and a folder and a file of one name. `sourcePath` must outlive the store.
-  [[nodiscard]] StoredFile Store(const model::ICFile& entry,
-                                 const std::string& sourcePath) override;
+  [[nodiscard]] StoredFile Store(const model::ICFile& entry, std::string_view sourcePath) override;
   [[nodiscard]] std::string_view PlaceName() const override { return "new location"; }
   [[nodiscard]] std::optional<tools::Error> Finish() override { return {}; }
   [[nodiscard]] const tools::ArchiveTotals& Totals() const override { return totals_; }

@@ -1,3 +1,4 @@
+#include "console/TextReport.h"
 #include "tests/support/CallFixture.h"
 
 namespace console {
@@ -18,6 +19,16 @@ class ProgramTest : public tests::CallFixture {
     return Run(options);
   }
 };
+
+TEST(TextReportTest, ShowsHowManyFilesAreFound) {
+  std::ostringstream text;
+  TextReport report(
+      {text, text, true, true}, [] { return false; }, false);
+  report.OnProgress({});
+  EXPECT_EQ(text.str(), "");
+  report.OnProgress({.filesDone = 1200, .bytesDone = 5});
+  EXPECT_THAT(text.str(), EndsWith("Dateien werden gesucht: 1.200, 5 Bytes"));
+}
 
 TEST_F(ProgramTest, BuildsIntoTheActiveConfigurationsFolder) {
   EXPECT_EQ(Build({}), ExitCode::Built) << errors_;

@@ -61,7 +61,7 @@ TEST_F(BuildCheckTest, CanBeStoppedAtEachFileOnceTheSurveyIsDone) {
   product_.AddComponent("A", {Source("a.txt", "a"), Source("b.txt", "b")});
   int steps = 0;
   const SurveyStep count = [&] { ++steps; };
-  (void)SurveyVersion(project_, 1, options_.folder, count);
+  (void)SurveyVersion(project_, 1, options_.folder, [&](const tools::Progress&) { count(); });
   const int ofSurvey = std::exchange(steps, 0);
   (void)CheckBuild(project_, options_, 1, folder_.Path("programm"), count);
   EXPECT_EQ(steps, ofSurvey + 2);

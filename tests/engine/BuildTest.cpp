@@ -291,6 +291,22 @@ TEST_F(BuildTest, ScansPassOverTheOutputFolder) {
   }
 }
 
+TEST_F(BuildTest, TellsWhatItHasFoundWhileItLooks) {
+  product_.AddComponent("A",
+                        {Source("x", "12"), TestProduct::Scan(folder_.Path("quelle/s"), "*.b")});
+  for (const char* name : {"a", "1.b", "2.b"})
+    folder_.Write("quelle/s/" + std::string(name), "345");
+  Run();
+  std::vector<std::pair<std::uint64_t, std::uint64_t>> found;
+  for (const tools::Progress& report : found_) {
+    const std::pair now(report.filesDone, report.bytesDone);
+    if (found.empty() || found.back() != now) found.push_back(now);
+  }
+  using Found = std::pair<std::uint64_t, std::uint64_t>;  // files and bytes
+  EXPECT_THAT(found, ElementsAre(Found(0, 0), Found(1, 0), Found(1, 2), Found(2, 2), Found(3, 2),
+                                 Found(4, 2), Found(3, 2), Found(3, 5)));
+}
+
 TEST_F(BuildTest, GoesByTheSourcesItFoundAtFirst) {
   const std::string scan = "TargetFolder=38\n" + TestProduct::Scan(folder_.Path("quelle/1"), "*");
   product_.AddComponent("A", {Source("1/weg.txt", "w"), Source("1/waechst.txt", "kurz"),

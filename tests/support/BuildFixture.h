@@ -33,6 +33,10 @@ class BuildFixture : public testing::Test, protected engine::BuildObserver {
 
   void OnMessage(const engine::BuildMessage& message) override { messages_.push_back(message); }
   void OnProgress(const tools::Progress& progress) override {
+    if (progress.filesTotal == 0) {
+      found_.push_back(progress);
+      return;
+    }
     progress_ = progress;
     if (onProgress_) onProgress_(progress);
   }
@@ -64,7 +68,8 @@ class BuildFixture : public testing::Test, protected engine::BuildObserver {
   engine::BuildOptions options_{.folder = folder_.Path("aus")};
 
   std::vector<engine::BuildMessage> messages_;
-  tools::Progress progress_;  ///< as reported last
+  std::vector<tools::Progress> found_;  ///< reports of the survey
+  tools::Progress progress_;            ///< of the packing, as reported last
   std::optional<engine::BuildSummary> summary_;
   bool mayEmpty_ = true;  ///< the answer about an output folder that holds files, and
   int questions_ = 0;     ///< how often it was asked for

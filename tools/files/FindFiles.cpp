@@ -137,7 +137,10 @@ class Searcher {
   void Visit(const std::string& folder, bool isTop) {
     if (IsLeftOut(folder)) return;
     std::error_code failure;
-    std::vector<FolderItem> items = ListFolder(folder, failure, search_.step);
+    std::vector<FolderItem> items = ListFolder(folder, failure, [this] {
+      if (search_.listed) search_.listed();
+      if (search_.step) search_.step();
+    });
     if (failure && !(isTop && IsAbsent(failure))) {
       found_.unreadFolders.push_back({folder, failure});
     }

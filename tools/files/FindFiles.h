@@ -71,6 +71,8 @@ struct FileSearch {
   std::size_t atMost = std::numeric_limits<std::size_t>::max();
   /// Called often, with each entry of a folder; what it throws ends the search.
   ListingStep step{};
+  /// Called once for each entry of a folder as it is listed, before `step`.
+  ListingStep listed{};
 };
 
 /// A place that a search could not look into.

@@ -230,6 +230,10 @@ std::optional<SettingsFile::Place> SettingsFile::FindLine(SectionNumber section,
   return std::nullopt;
 }
 
+void SettingsFile::ForEachSection(const std::function<void(std::string_view name)>& visit) const {
+  for (SectionNumber i = 1; i < sections_.size(); ++i) visit(NameOf(i));
+}
+
 std::optional<std::string_view> SettingsFile::Find(std::string_view section,
                                                    std::string_view key) const {
   const auto place = FindSection(section);

@@ -41,6 +41,9 @@ class SettingsFile {
   /// True when there is a section at all.
   [[nodiscard]] bool HasSections() const { return sections_.size() > 1; }
 
+  /// Calls `visit` with each section's name, in order; a name may come twice, and the first counts.
+  void ForEachSection(const std::function<void(std::string_view name)>& visit) const;
+
   /// The value of a key, or nothing. The view lives as long as this object and its next Write.
   [[nodiscard]] std::optional<std::string_view> Find(std::string_view section,
                                                      std::string_view key) const;

@@ -280,6 +280,15 @@ void SettingsStore::Forget(const std::string& path) {
   entries_.erase(entry);
 }
 
+void SettingsStore::ForgetRead() {
+  lastEntry_ = nullptr;
+  std::erase_if(entries_, [this](const auto& item) {
+    const Entry& entry = *item.second;
+    if (entry.firstWrite == 0) keptBytes_ -= entry.stamp.size;
+    return entry.firstWrite == 0;
+  });
+}
+
 void SettingsStore::ForgetOldest() {
   if (keptBytes_ <= kMostKeptBytes) return;
   std::vector<std::pair<std::uint64_t, std::string>> byUse;

@@ -56,6 +56,10 @@ class SettingsStore {
   /// thread. Raises Error as Read does.
   [[nodiscard]] std::shared_ptr<const SettingsFile> Load(const std::string& path);
 
+  /// Forgets the files that were read, but for writes that a batch has not committed: for whoever
+  /// needs the memory and is done with them.
+  void ForgetRead();
+
   /// For many reads of one moment: while it lives, each file is compared with the disk once, at its
   /// first read. A session inside a session belongs to the outer one.
   class Session {

@@ -52,6 +52,7 @@ TEST_F(SettingsStoreTest, ABatchKeepsWhatOthersWrite) {
     const auto second = store_.Load(path_);
     Write("c", "3");
     EXPECT_EQ(second->Read("A", "c", "fehlt"), "fehlt");
+    store_.ForgetRead();
     EXPECT_EQ(store_.Read(path_, "A", "c", ""), "3");
     EXPECT_EQ(Stored(), "[A]\nb=1\n");
     WriteFromOutside("x", "fremd");
