@@ -39,7 +39,7 @@ enum class BuildOutcome {
   Finished,             ///< reached its end; problems are in the log
   InvalidOutputFolder,  ///< refused: the output folder is invalid
   OutputFolderInUse,    ///< refused: it holds files and the observer kept them
-  OutputFolderStuck,    ///< ended early: its old content could not be taken away, or not all of it
+  OutputFolderStuck,    ///< ended early: some of its old content could not be removed
   Incomplete,           ///< ended early: files of the setup are missing, and the old one was kept
   Stopped,              ///< ended early: the observer wanted it
 };
@@ -49,7 +49,7 @@ struct BuildTimes {
   double survey = 0;   ///< finding the sources
   double packing = 0;  ///< storing them: archive or tree
   double script = 0;
-  double total = 0;  ///< with what is beside these three
+  double total = 0;  ///< the whole build, and not only these three
 };
 
 struct BuildSummary {
@@ -68,15 +68,15 @@ struct BuildSummary {
 ///
 /// The setup is made in a hidden folder inside the output folder and takes the old content's place
 /// when it is whole: archive or tree, script, programs and log. A setup that lacks files because
-/// the disk is full, the archive failed or sources could not be read only moves in where it
-/// replaces nothing. Whenever the build does not finish, the output folder holds what it held
-/// before. From the first look at the output folder to its end a build holds a tools::FolderClaim
-/// on it.
+/// the disk is full, the archive failed or sources could not be read moves in only where there is
+/// no old setup to replace. Whenever the build does not finish, the output folder holds what it
+/// held before. The build holds a tools::FolderClaim on the output folder from its first look at it
+/// to its end.
 ///
 /// Raises tools::Error, after tidying up, when the build cannot run or end at all: settings that
 /// cannot be read or are out of range, a product title that no file name can hold, an unsafe
-/// version text, a version without a usable file, an output folder that another build holds, a full
-/// or read-only disk for it, the script or the log.
+/// version text, a version without a usable file, an output folder that another build holds, an
+/// output folder, script or log that cannot be written.
 [[nodiscard]] BuildSummary BuildVersion(const BuildEnvironment& environment,
                                         const BuildOptions& options, model::VersionSlot version,
                                         BuildObserver& observer);

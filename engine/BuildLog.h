@@ -20,7 +20,7 @@
 
 namespace engine {
 
-/// Where in the product a problem lies; zeros and empty text where it has no place there.
+/// Where in the product a problem lies; zeros and empty text for a problem without such a place.
 struct Place {
   model::ComponentSlot component = 0;  ///< component slot
   std::string_view componentTitle;     ///< must live as long as this object
@@ -34,7 +34,7 @@ class BuildLog {
 
   /// Starts the log anew with its three header lines.
   void BeginBuildLog();
-  /// From here on the log goes to a file that becomes `path`; until then it is kept. `disk` must
+  /// Writes the log, with all that it holds already, to a file that becomes `path`. `disk` must
   /// outlive the log. Raises tools::Error.
   void WriteTo(tools::Disk& disk, const std::string& path);
   /// Ends the file. Raises tools::Error.
@@ -56,7 +56,7 @@ class BuildLog {
 
   const tools::Clock& clock_;
   BuildObserver& observer_;
-  std::string unwritten_;  ///< the end of the text
+  std::string unwritten_;  ///< text that is not in the file yet
   std::unique_ptr<tools::ReplacementFile> file_;
   std::int32_t errors_ = 0;
   std::int32_t warnings_ = 0;

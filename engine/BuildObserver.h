@@ -1,5 +1,5 @@
-// What a build is asked to do, and what it tells and asks its observer as it goes on; printing
-// lives with the observer.
+// The options of a build, and the interface by which it reports and asks. The observer does the
+// printing.
 #pragma once
 
 #include <cstdint>
@@ -34,10 +34,10 @@ struct BuildOptions {
   bool includeRuntime = false;  ///< and so does the runtime's installer
   bool isConfined = false;      ///< nothing outside the product's folder is read or written
   Compression compression = Compression::Normal;
-  /// Packs everything; else what an earlier setup in the output folder has packed is taken over.
-  /// The archive is the same either way.
+  /// Packs every file anew; otherwise packed data of an earlier setup in the output folder is taken
+  /// over. The archive is the same either way.
   bool isFresh = false;
-  int threads = 0;  ///< that pack; 0: one for each processor
+  int threads = 0;  ///< for packing; 0: one for each processor
 };
 
 enum class Severity { Warning, Error };
@@ -52,7 +52,8 @@ struct BuildMessage {
   std::int32_t entry = 0;  ///< entry number in the component, 0 when it belongs to none
 };
 
-/// Told and asked by a build. Every call comes on the thread that builds. None may raise an error.
+/// Gets the reports and questions of a build. Every call comes on the thread that builds. None may
+/// raise an error.
 class BuildObserver {
  public:
   virtual ~BuildObserver() = default;
@@ -71,19 +72,20 @@ class BuildObserver {
   [[nodiscard]] virtual bool IsStopWanted() = 0;
 };
 
-/// How far a build has come, told to its observer from time to time.
+/// Reports to the observer how far a build has come.
 class BuildProgress {
  public:
   /// The references must outlive this object.
   BuildProgress(BuildObserver& observer, const tools::Clock& clock);
 
-  /// Tells what has been found, unless something was told a moment ago. Raises tools::Stopped.
+  /// Reports what the survey has found so far, unless the last report was a moment ago. Raises
+  /// tools::Stopped.
   void Search(const tools::Progress& found);
-  /// Sets what is to be done and tells it at once. Raises tools::Stopped as ThrowIfStopped does.
+  /// Sets the totals and reports them at once. Raises tools::Stopped as ThrowIfStopped does.
   void Start(std::uint64_t files, std::uint64_t bytes);
-  /// Tells what has been done, unless something was told a moment ago. Raises tools::Stopped.
+  /// Reports what has been done, unless the last report was a moment ago. Raises tools::Stopped.
   void Report(std::uint64_t files, std::uint64_t bytes);
-  /// Tells the last reported state in any case.
+  /// Reports the last state that Report was given.
   void Finish();
   /// Raises tools::Stopped when the observer wants the build to end. May be called often.
   void ThrowIfStopped();

@@ -1,4 +1,4 @@
-// What one build came to, for those who show it afterwards.
+// The outcome of one build, for showing it afterwards.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@
 namespace engine {
 
 struct BuildResult {
-  /// So many messages are kept; the log holds all of them.
+  /// How many messages are kept; the log holds all of them.
   static constexpr std::size_t kMostMessages = 10'000;
 
   model::VersionSlot version = 0;  ///< slot

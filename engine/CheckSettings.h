@@ -19,7 +19,7 @@ void CheckProductSettings(const model::ModProject& project, model::VersionSlot v
                           Findings& findings);
 
 /// Reports damage in the file of a component, numbers in it that are out of range, and sections
-/// that its number of entries leaves out.
+/// beyond its number of entries.
 void CheckComponentSettings(const model::ModProject& project, model::VersionSlot version,
                             model::ComponentSlot slot, Findings& findings);
 

@@ -17,9 +17,9 @@ struct MisnamedFile {
 };
 
 struct ComponentFiles {
-  /// The slots, ascending, whose component file (or something in its place) is there.
+  /// The slots, ascending, that have a component file, or something in its place.
   std::vector<model::ComponentSlot> slots;
-  /// Files that this machine does not take for the component files that they may be, by slot.
+  /// Ordered by slot. Where names differ by case, these files are not read as component files.
   std::vector<MisnamedFile> misnamed;
 };
 

@@ -33,8 +33,8 @@ class FileStore {
   /// What the log calls the place that files are copied to.
   [[nodiscard]] virtual std::string_view PlaceName() const = 0;
 
-  /// Completes the store, after the last file. Gives the error that kept it from being complete.
-  /// Raises tools::Stopped.
+  /// Completes the store, after the last file. Returns the error that left it incomplete. Raises
+  /// tools::Stopped.
   [[nodiscard]] virtual std::optional<tools::Error> Finish() = 0;
 
   [[nodiscard]] virtual const tools::ArchiveTotals& Totals() const = 0;

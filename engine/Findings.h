@@ -13,11 +13,11 @@ namespace engine {
 
 class Findings {
  public:
-  /// Adds a problem; one that is known already at that place is passed over.
+  /// Adds a problem; the same problem at the same place is added once.
   void Report(const std::string& text, const Place& place = {},
               Severity severity = Severity::Error);
 
-  /// Runs a part of the check; what it could not read is a problem, and the check goes on.
+  /// Runs a part of the check. An error that ends it is added as a problem.
   template <typename Action>
   void Try(const Place& place, const Action& action) {
     try {

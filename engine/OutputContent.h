@@ -20,7 +20,7 @@ inline constexpr const char* kArchiveEnding = ".zip";
 inline constexpr const char* kLogHead = "Quillon Packwright Build Log";
 inline constexpr const char* kScriptTitle = "' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL";
 
-/// Those of a folder tree made with these options for a product of this title.
+/// The names that a build with these options puts at the top of a folder tree.
 [[nodiscard]] inline std::vector<std::string> OwnNamesInTree(const BuildOptions& options,
                                                              const std::string& title) {
   std::vector<std::string> names{kLogName, title + kScriptEnding};
@@ -29,8 +29,8 @@ inline constexpr const char* kScriptTitle = "' QUILLON PACKWRIGHT INSTALLATION S
   return names;
 }
 
-// Below, hidden folders that builds keep at the top while they run (TemporaryFiles.h) count for
-// nothing, links count like files and are never followed.
+// The functions below ignore the hidden folders of running builds (TemporaryFiles.h), count links
+// as files and never follow them.
 
 /// Paths relative to the output folder, each folder before what lies in it.
 struct OutputContent {

@@ -29,9 +29,8 @@ struct OutputFolder {
                                               const model::ModProject& project,
                                               const ProtectedPlaces& places);
 
-/// The same for what an accepted folder holds, at its top and in all folders below; to be asked
-/// once SetupStage::Recover has put right what lies there. Raises tools::Error when it cannot be
-/// read.
+/// The same by what an accepted folder holds, at its top and in all folders below. Call
+/// SetupStage::Recover before. Raises tools::Error when it cannot be read.
 [[nodiscard]] OutputFolder AcceptContent(const OutputFolder& folder, const OutputContent& content,
                                          const ProtectedPlaces& places);
 

@@ -30,7 +30,7 @@ enum class FolderRefusal {
   Mount,           ///< it is the root of a mounted file system that holds anything but a setup
   MountBelow,      ///< a file system is mounted in it
   UnknownSources,  ///< it holds files, and another version's sources cannot be told
-  NotReached,      ///< the system does not let one look at it
+  NotReached,      ///< the system does not allow a look at it
 };
 
 class ProtectedPlaces {
@@ -46,8 +46,8 @@ class ProtectedPlaces {
   ProtectedPlaces(const model::ModProject& project, model::VersionSlot version,
                   const std::set<std::string>& sourceFolders, const std::string& programFolder);
 
-  /// The place that a folder (a canonical path) is, or that lies in it. Folders are told by volume
-  /// and number, so that a bind mount counts as what it shows, and by their paths.
+  /// The place that a folder (a canonical path) is, or that lies in it. Folders are compared by
+  /// volume and number, so that a bind mount counts as what it shows, and by path.
   [[nodiscard]] std::optional<Place> PlaceIn(const std::string& folder) const;
 
   /// Why the sources of another version are not known; empty when they are.

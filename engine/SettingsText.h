@@ -1,4 +1,5 @@
-// A look at the text of a settings file itself, for what reading its values cannot tell.
+// What the text of a settings file tells beyond its values: names that stand there twice, and
+// conflicts of a merge.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +13,7 @@
 
 namespace engine {
 
-/// What stands at the place of one of a product's files. Raises tools::Error when the system cannot
+/// What lies at the path of one of a product's files. Raises tools::Error when the system cannot
 /// tell (no right to look, a defective disk).
 [[nodiscard]] tools::PathKind LookAt(const std::string& path);
 

@@ -19,9 +19,9 @@ namespace engine {
 
 class SetupStage {
  public:
-  /// Puts right what killed builds left in an output folder: a setup that was moving in goes on
-  /// doing so, and one that was being set aside goes back. Removes nothing. Call it before looking
-  /// at what the folder holds. Raises tools::Error naming what could not be moved.
+  /// Puts right what killed builds left in an output folder: completes a setup that was moving in,
+  /// and moves back one that was being set aside. Removes nothing. Call it before looking at what
+  /// the folder holds. Raises tools::Error naming what could not be moved.
   static void Recover(tools::Disk& disk, const tools::FolderClaim& output);
 
   /// Creates the hidden folder in the output folder, and removes what killed builds left there.
@@ -35,14 +35,14 @@ class SetupStage {
   /// The folder that the new setup is made in.
   [[nodiscard]] const std::string& Path() const { return new_; }
 
-  /// `text` with the paths that the user knows instead of those in the hidden folder.
+  /// `text` with the paths that the user knows in place of those in the hidden folder.
   [[nodiscard]] std::string WithUsersPaths(const std::string& text) const;
 
   /// Takes the old content of the output folder away and moves the new one to its place. `old` is
   /// what may be deleted, as it was seen before the build; null when the folder held no files.
   /// Files that came since are an error. Raises tools::Error naming what stood in the way; the old
-  /// content is then back in its place (or the error says where it lies). Gives the error when the
-  /// new setup is in its place but some of the old content could not be deleted.
+  /// content is then back in its place (or the error says where it lies). Returns the error when
+  /// the new setup is in its place but some of the old content could not be deleted.
   [[nodiscard]] std::optional<tools::Error> Publish(const OutputContent* old);
 
  private:
@@ -56,10 +56,10 @@ class SetupStage {
 
   tools::Disk& disk_;
   const tools::FolderClaim& output_;
-  std::optional<tools::HeldTemporary> hold_;  ///< the hidden folder, and in it
-  std::string new_;                           ///< the new setup, and
-  std::string old_;                           ///< the old content while it is set aside, and
-  std::string replaced_;                      ///< all of it, while the new one moves in
+  std::optional<tools::HeldTemporary> hold_;  ///< the hidden folder; the next three lie in it
+  std::string new_;                           ///< the new setup
+  std::string old_;                           ///< the old content, file by file as it is set aside
+  std::string replaced_;                      ///< all old content, while the new setup moves in
   bool isKept_ = false;  ///< the old content could not be put back, and is still in the stage
   std::vector<std::pair<std::string, std::string>> moved_;  ///< from and to
 };

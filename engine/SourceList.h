@@ -23,8 +23,8 @@ enum class SourceFault {
   Type,        ///< its type is neither a single file nor a folder scan
 };
 
-/// A problem that is found before anything is built; the log gets it when the build comes to its
-/// place.
+/// A problem that is found before anything is built; the log gets it when the build reaches its
+/// entry.
 struct SurveyProblem {
   SourceFault fault = SourceFault::Value;
   Severity severity = Severity::Error;

@@ -29,8 +29,8 @@ struct TreePlace {
   /// The other source that was stored there before, or that is in the way; empty when there is
   /// none.
   std::string_view other;
-  std::string key{};          ///< for Release: the place, empty when none was taken,
-  std::string_view before{};  ///< and the source that has it without this one
+  std::string key{};          ///< for Release: the place taken; empty for none
+  std::string_view before{};  ///< for Release: the source that had it before
 };
 
 /// Gives out the places of a tree. The setup is used on Windows: names that differ only in case, or

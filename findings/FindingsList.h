@@ -20,8 +20,8 @@ class FindingsList : public QTreeWidget {
   /// Its objectName is "lsvFindings".
   explicit FindingsList(QWidget* parent);
 
-  /// Shows these findings in place of the former ones; a last row tells of `further` ones that
-  /// nobody kept.
+  /// Shows these findings in place of the former ones; a last row counts `further` ones that were
+  /// not kept.
   void Show(const std::vector<engine::BuildMessage>& messages, std::uint64_t further = 0);
 
   /// Room for a few rows.

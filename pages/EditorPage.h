@@ -38,9 +38,9 @@ class EditorPage : public QWidget, public model::OpenPage {
   void SetDirty(bool dirty) override;
 
  Q_SIGNALS:
-  /// IsDirty answers otherwise than before.
+  /// IsDirty has changed.
   void DirtyChanged();
-  /// ApplyChanges has ended; not `saved`: by an error, which its caller tells.
+  /// ApplyChanges has ended; `saved` is false after an error, which its caller reports.
   void SaveTried(bool saved);
 
  protected:

@@ -23,8 +23,8 @@ class PageHost {
   /// Raises tools::Error for a file that is there but cannot be read.
   [[nodiscard]] virtual std::string Read(std::string_view section, std::string_view key,
                                          std::string_view defaultValue) = 0;
-  /// Sets a setting of the selected node, within InOneWrite only: what the page does not show
-  /// otherwise than it read it keeps its stored text. Raises tools::Error.
+  /// Sets a setting of the selected node, within InOneWrite only: a value that the page shows as it
+  /// read it keeps its stored text. Raises tools::Error.
   virtual void Save(std::string_view section, std::string_view key, std::string_view value) = 0;
   /// Runs `writes`, whose Save calls become one replacement of the file; it may run twice. Asks the
   /// author first where `page` would overwrite what another program has changed. Raises

@@ -1,4 +1,4 @@
-// File entries as the folder scans that they are.
+// From file entries to the folder scans that they describe, and back.
 #pragma once
 
 #include <vector>
@@ -17,7 +17,7 @@ namespace pages {
 [[nodiscard]] model::ICFile EntryFor(const FolderScan& scan, std::int32_t targetFolder,
                                      const PageServices& services);
 
-/// What makes the entry this scan; none when it is the same.
+/// The edits that turn the entry into this scan; none when nothing differs.
 [[nodiscard]] std::vector<FieldEdit> EditsToScan(const model::ICFile& entry, const FolderScan& scan,
                                                  const PageServices& services);
 

@@ -19,7 +19,7 @@ struct FolderScan {
 struct ScanResult {
   QStringList files;  ///< from the scanned folder on
   std::uint64_t bytes = 0;
-  std::string problem;  ///< why not all can be told; empty without one
+  std::string problem;  ///< why the list is incomplete; empty when it is not
 };
 
 class ScanSearch : public QObject {

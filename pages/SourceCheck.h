@@ -30,12 +30,12 @@ class SourceCheck : public QObject {
   /// Waits for nothing: a look that hangs ends by itself later.
   ~SourceCheck() override;
 
-  /// Looks for these, and no more for those of an earlier call. Relative folders are taken from
+  /// Looks for these and gives up those of an earlier call. Relative folders are taken from
   /// `productFolder`. Raises std::system_error when the system has no thread to give.
   void Start(std::vector<SourcePlace> places, std::string productFolder);
 
  Q_SIGNALS:
-  /// Some of what has been found out; comes several times.
+  /// A part of the results; comes several times.
   void Found(const std::vector<SourceState>& states);
 
  private:

@@ -17,7 +17,7 @@ namespace pages {
 /// one of the program's own; of an unknown number that it is unknown.
 [[nodiscard]] QString TargetFolderCaption(std::int32_t number);
 
-/// True for the number of a folder that there is.
+/// True for the number of a known folder.
 [[nodiscard]] bool IsTargetFolder(std::int32_t number);
 
 /// How many entries each folder gets, by its number.

@@ -1,4 +1,4 @@
-// The dialog that gives entries of unknown destination folders a folder that there is.
+// The dialog that gives entries of unknown destination folders a known one.
 #pragma once
 
 #include <QDialog>
@@ -22,7 +22,7 @@ class UnknownTargets : public QDialog {
  public:
   UnknownTargets(const model::FileEntries& entries, QWidget* parent);
 
-  /// What gives the selected entries the chosen folder.
+  /// The edits that give the selected entries the chosen folder.
   [[nodiscard]] std::vector<FieldEdit> Edits() const;
 
  private:

@@ -26,10 +26,10 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
              tools::Registry& registry, const pages::PageRegistry& pageRegistry);
   ~EditorTabs() override;
 
-  /// Removes all pages; with `ask`, each page with changes is first offered for applying. What
-  /// applying then raises is dropped, but for a refusal to overwrite what another program did: that
-  /// is shown. A page that cannot tell whether it has changes ends the
-  /// removal: it and the pages behind it stay.
+  /// Removes all pages; with `ask`, each page with changes is first offered for applying. An error
+  /// of applying is dropped, except a refusal to overwrite the changes of another program, which is
+  /// shown. A page that cannot tell whether it has changes ends the removal: it and the pages
+  /// behind it stay.
   void Reset(bool ask) override;
   /// Makes the pages of a node, hidden: each is a control of the class "Packwright." and its name,
   /// under the name "EditorTab" and its position in the list, and has read its settings. A page

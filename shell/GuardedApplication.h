@@ -15,7 +15,7 @@ class GuardedApplication : public QApplication {
  public:
   using QApplication::QApplication;
 
-  /// Who shows the messages; null for nobody: exceptions then pass. Must outlive its use.
+  /// What shows the messages; must outlive its use. Null: exceptions pass.
   void SetDialogs(tools::Dialogs* dialogs) { dialogs_ = dialogs; }
 
   bool notify(QObject* receiver, QEvent* event) override;

@@ -29,15 +29,14 @@ class PageBars : public QObject {
     std::function<void()> reload;
   };
 
-  /// Puts the bars at the end of `layout`. `window` is looked at for being activated: that is
-  /// when files are compared. What is given must outlive this object; the actions must not raise
-  /// errors.
+  /// Puts the bars at the end of `layout`. Files are compared whenever `window` is activated. What
+  /// is given must outlive this object; the actions must not raise errors.
   PageBars(QVBoxLayout& layout, QWidget& window, ProjectTree& tree, EditorTabs& pages,
            Actions actions);
 
-  /// The pages are those of this node now, just read.
+  /// The pages of this node have just been read.
   void PagesRead(const Node& node);
-  /// The product's components may be others.
+  /// Components may have been added or removed.
   void TreeChanged();
 
   bool eventFilter(QObject* watched, QEvent* event) override;

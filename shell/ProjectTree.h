@@ -37,7 +37,7 @@ class ProjectTree : public QTreeWidget {
   void SetProductTitle(const std::string& title);
   /// Selects that node where it is visible.
   void Select(const Node& node);
-  /// Marks that node as one with unsaved changes and no other; the default one: none.
+  /// Marks that node alone as one with unsaved changes; a default node: none.
   void MarkChanged(const Node& node);
 
   /// Selects a node and unfolds those above it, without a click; false when there is no such node.
@@ -85,7 +85,7 @@ class ProjectTree : public QTreeWidget {
   void ShowMenuAtSelection();
   [[nodiscard]] static Node DraggedNode(const QDropEvent& event);
   [[nodiscard]] static bool IsCopy(const QDropEvent& event);
-  /// The node that a drop would act on; the default one where there is none to.
+  /// The node that a drop would act on; a default one when there is none.
   [[nodiscard]] Node DropTarget(const QDropEvent& event) const;
 
   QIcon productIcon_;

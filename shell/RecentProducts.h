@@ -29,8 +29,8 @@ class RecentProducts {
   tools::Registry& registry_;
 };
 
-/// Those of the paths that are known not to be files; what cannot be asked may be one. May take
-/// long on slow disks.
+/// The paths at which there is surely no file; one that cannot be looked at is not among them. May
+/// take long on slow disks.
 [[nodiscard]] std::vector<std::string> MissingProducts(const std::vector<std::string>& paths);
 
 }  // namespace shell

@@ -32,7 +32,7 @@ class ResultPanel : public QDockWidget {
   /// Checks a version as it is stored, in the background, and shows what is found.
   void Check(const findings::CheckRequest& request, const std::string& version,
              bool hasUnsavedPages);
-  /// What is told is of no use when it is about the version in this slot, which is gone.
+  /// The version in this slot is gone: clears the panel if it tells of that one.
   void Forget(model::VersionSlot version);
   /// Forgets everything and hides.
   void Clear();

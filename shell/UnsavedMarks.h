@@ -32,9 +32,9 @@ class UnsavedMarks : public QObject {
   /// The widgets must outlive this object; the label is made in the window's status bar.
   UnsavedMarks(QMainWindow& window, ProjectTree& tree, QTabBar& tabs);
 
-  /// Another product, or none, is shown under this caption: what was saved before is history.
+  /// Another product, or none, is open now: forgets the last save and shows this caption.
   void Begin(const QString& caption);
-  /// The pages of `node` are those in `pages` now, each with a tab in their order.
+  /// `pages` now holds the pages of `node`; the tabs are in the same order.
   void Watch(EditorTabs& pages, const Node& node);
 
  private:

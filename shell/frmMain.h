@@ -64,7 +64,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   ~frmMain() override;
 
   void EnableDisableAll(bool enable);
-  // Files that cannot be read cost only what they would show; one message then tells of them all.
+  // Files that cannot be read leave out only what they would show; one message names them all.
   void UpdateProjectState() override;
   void UpdateTree() override;
   /// Makes the pages of the selected node; those of the node before are offered for applying.
@@ -165,7 +165,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   QAction* mnuComponentDelete = nullptr;
   QAction* mnuComponentProperties = nullptr;
 
-  /// The pages live in picDataEditor but are its own: it goes before the controls do.
+  /// Owns the pages, though picDataEditor is their parent: they must go before it does.
   EditorTabs editorTabs_;
   NewProductDialog newProductForm_;
   model::ModProjectOperations operations_;

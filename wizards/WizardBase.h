@@ -1,4 +1,5 @@
-// What the program's wizards have in common: their start, and the events without an action.
+// What the program's wizards have in common: how they start, and empty answers to the events that a
+// wizard need not handle.
 #pragma once
 
 #include <functional>

@@ -20,11 +20,10 @@ class FindingsList;
 namespace wizards {
 
 /// Edits "makezip", "includeexe" and "includetessel" in check boxes: "1" checked, "0" not;
-/// "compression" in a list that counts for an archive alone: "fast", "normal" or "small".
-/// `cmdAsLastTime` sets the boxes as at the last build of the version. While the page is shown, the
-/// version is checked in the background for a build with the options chosen: `lsvFindings` lists
-/// what is found, and the place of a row that is chosen is where the wizard, which then closes,
-/// leads.
+/// "compression" in a list, for archives only: "fast", "normal" or "small". `cmdAsLastTime` sets
+/// the boxes as at the last build of the version. While the page is shown, the version is checked
+/// in the background for a build with the options chosen: `lsvFindings` lists what is found.
+/// Choosing a row closes the wizard and opens the place of that finding.
 class wizSetup_Packaging : public tools::WizardOptionPage {
   Q_OBJECT
 
