@@ -1,7 +1,7 @@
-// The editor pages at 50,000 files and 100,000 registry keys, beside the bare work beneath them.
+// The editor pages at many files and 100,000 registry keys, beside the bare work beneath them.
 // Prints the medians of some runs. Wants a display, or QT_QPA_PLATFORM=offscreen.
 //
-//   pages_bench FOLDER          FOLDER takes the files and stands in for the home folder
+//   pages_bench FOLDER [FILES]    FOLDER takes the files (50,000) and stands in for the home folder
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "grid/ctlPropertyEditor.h"
 #include "model/FileEntries.h"
 #include "shell/EditorTabs.h"
 #include "tools/Dialogs.h"
@@ -28,7 +29,7 @@
 
 namespace {
 
-constexpr int kFiles = 50'000;
+constexpr int kUsualFiles = 50'000;
 constexpr int kVendors = 100;
 constexpr int kKeysOfAVendor = 1'000;
 constexpr int kRuns = 5;
@@ -97,14 +98,14 @@ void WriteFile(const std::string& path, std::string_view content) {
 }
 
 /// One product with one empty component, the files of a folder, and a Wine prefix's registry.
-void WriteData(const std::string& folder) {
+void WriteData(const std::string& folder, int files) {
   const std::string version = tools::JoinPath(folder, "product/Version 1.0.0");
   WriteFile(tools::JoinPath(folder, "product/bench.product"),
             "[General]\nVersion=1.0\n[Versions]\nCount=1\nVer1=1.0.0\n");
   WriteFile(tools::JoinPath(version, "product.version"), "[Components]\nCount=1\n");
   WriteFile(tools::JoinPath(version, "component1.component"), "[Component]\nTitle=All\n");
   if (!tools::FolderExists(tools::JoinPath(folder, "files"))) {
-    for (int i = 0; i < kFiles; ++i) {
+    for (int i = 0; i < files; ++i) {
       WriteFile(tools::JoinPath(folder, "files/datei" + std::to_string(i) + ".dat"), "");
     }
   }
@@ -141,7 +142,7 @@ class Bench {
           tabs_.Reset(false);
           OpenFiles();
         });
-    Compare("add a folder of 50,000 files", adding, "listing it", listing);
+    Compare("add the folder of all files", adding, "listing it", listing);
   }
 
   void EditFiles() {
@@ -155,12 +156,12 @@ class Bench {
                                     });
     const double reading = Seconds([&] { ReadBare(); });
     const double writing = Seconds([&] { WriteBare(); }, [&] { WriteEmpty(); });
-    Compare("apply 50,000 entries", applying, "the file alone", writing);
+    Compare("apply all entries", applying, "the file alone", writing);
     const double opening = Seconds([&] {
       tabs_.Reset(false);
       OpenFiles();
     });
-    Compare("open 50,000 entries", opening, "the file alone", reading);
+    Compare("open all entries", opening, "the file alone", reading);
     auto& folders = Find<QComboBox>("cmbDestinationFolder");
     Tell("show another destination folder and back", Seconds([&] {
            folders.setCurrentIndex(1);
@@ -174,6 +175,38 @@ class Bench {
            list.setCurrentIndex(list.model()->index(list.model()->rowCount() - 1, 0));
            Paint();
          }));
+    auto& props = Find<grid::ctlPropertyEditor>("propsFile");
+    int value = 0;
+    const auto edit = [&] {
+      props.SetProperty(QStringLiteral("TargetSubFolder"), QString::number(++value));
+      Paint();
+    };
+    Tell("edit the last entry", Seconds(edit));
+    Tell("select all", Seconds(
+                           [&] {
+                             list.selectAll();
+                             Paint();
+                           },
+                           [&] { list.clearSelection(); }));
+    Tell("edit all", Seconds(edit));
+    Tell("undo that", Seconds([&] {
+           Find<QAction>("mnuUndo").trigger();
+           Paint();
+         }));
+    auto& filter = Find<QLineEdit>("txtFilter");
+    Tell("filter, a tenth is left", Seconds(
+                                        [&] {
+                                          filter.setText(QStringLiteral("7.dat"));
+                                          Paint();
+                                        },
+                                        [&] { filter.clear(); }));
+    filter.clear();
+    Tell("sort", Seconds(
+                     [&] {
+                       list.sortByColumn(0, Qt::DescendingOrder);
+                       Paint();
+                     },
+                     [&] { list.sortByColumn(-1, Qt::AscendingOrder); }));
     tabs_.Reset(false);
   }
 
@@ -241,10 +274,11 @@ class Bench {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  if (argc != 2) return 2;
+  if (argc < 2) return 2;
   const std::string folder = argv[1];
   qputenv("HOME", QByteArray::fromStdString(folder));
-  WriteData(folder);
+  const int files = argc > 2 ? std::atoi(argv[2]) : kUsualFiles;
+  WriteData(folder, files);
   std::cout << std::fixed << std::setprecision(3);
   Bench bench(folder);
   bench.AddFiles();

@@ -12,11 +12,12 @@ const ICFile* FileEntries::Find(std::string_view id) const {
 }
 
 void FileEntries::Add(ICFile entry) {
-  if (byId_.contains(entry.ID)) {
-    throw tools::Error("Es gibt bereits einen Dateieintrag mit dieser GUID: \"" + entry.ID + "\"");
-  }
   entries_.push_back(std::move(entry));
-  byId_.emplace(entries_.back().ID, std::prev(entries_.end()));
+  const std::string& id = entries_.back().ID;
+  if (byId_.emplace(id, std::prev(entries_.end())).second) return;
+  const std::string text = "Es gibt bereits einen Dateieintrag mit dieser GUID: \"" + id + "\"";
+  entries_.pop_back();
+  throw tools::Error(text);
 }
 
 TakenFileEntry FileEntries::Take(std::string_view id) {

@@ -27,10 +27,10 @@ QString CountIn(int count, const QString& folder) {
 }
 
 /// "5 in Installationsordner, 1 in unbekanntem Ordner (0)", each a link.
-QString OtherFolders(const model::FileEntries& entries) {
+QString OtherFolders(const std::map<std::int32_t, int>& counts) {
   QStringList links;
   QStringList unknown;
-  for (const auto& [number, count] : CountByFolder(entries)) {
+  for (const auto& [number, count] : counts) {
     if (IsTargetFolder(number)) {
       links += Link(QString::number(number), CountIn(count, TargetFolderCaption(number)));
     } else {
@@ -56,7 +56,7 @@ EmptyFileHint::EmptyFileHint(QAbstractItemView& list) : QLabel(list.viewport()),
   connect(this, &QLabel::linkActivated, this, &EmptyFileHint::Follow);
 }
 
-void EmptyFileHint::Update(const model::FileEntries& entries, bool isFiltered) {
+void EmptyFileHint::Update(const std::map<std::int32_t, int>& counts, bool isFiltered) {
   if (list_.model()->rowCount() > 0) {
     hide();
     return;
@@ -65,10 +65,10 @@ void EmptyFileHint::Update(const model::FileEntries& entries, bool isFiltered) {
   if (isFiltered) {
     text = Caption(Text::NoEntryPassesFilter).toHtmlEscaped() + u' ' +
            Link(kFilter, Caption(Text::RemoveFilter));
-  } else if (entries.Count() == 0) {
+  } else if (counts.empty()) {
     text = Caption(Text::NoFilesYet).toHtmlEscaped();
   } else {
-    text = Caption(Text::NoFilesInFolder).toHtmlEscaped() + u' ' + OtherFolders(entries);
+    text = Caption(Text::NoFilesInFolder).toHtmlEscaped() + u' ' + OtherFolders(counts);
   }
   setText(text);
   Place();

@@ -3,8 +3,7 @@
 
 #include <QLabel>
 #include <cstdint>
-
-#include "model/FileEntries.h"
+#include <map>
 
 class QAbstractItemView;
 
@@ -17,8 +16,9 @@ class EmptyFileHint : public QLabel {
  public:
   explicit EmptyFileHint(QAbstractItemView& list);
 
-  /// Says where the entries are when the list shows none; `isFiltered`: the filter hides some.
-  void Update(const model::FileEntries& entries, bool isFiltered);
+  /// Says where the entries are, whose number is given for each folder, when the list shows none;
+  /// `isFiltered`: the filter hides some.
+  void Update(const std::map<std::int32_t, int>& counts, bool isFiltered);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

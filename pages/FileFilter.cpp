@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QTreeView>
 #include <algorithm>
-#include <unordered_set>
+#include <utility>
 
 #include "pages/PageText.h"
 #include "tools/desktop/FormStyle.h"
@@ -40,10 +40,10 @@ void FileFilter::Start() {
 void FileFilter::Clear() { txtFilter->clear(); }
 
 void FileFilter::Apply(const QString& text) {
-  std::unordered_set<std::string_view> selected;
-  for (const int row : SelectedRows(list_)) selected.insert(model_.EntryAt(row).ID);
+  std::vector<const model::ICFile*> selected;
+  for (const int row : SelectedRows(list_)) selected.push_back(&model_.EntryAt(row));
   model_.SetFilter(text);
-  SelectRows(list_, model_.RowsOf(selected));
+  SelectRows(list_, model_.RowsOf(std::move(selected)));
   ShowCount(all_);
 }
 

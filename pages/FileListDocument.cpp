@@ -116,10 +116,10 @@ FileListDocument::~FileListDocument() { steps_.disconnect(); }
 
 std::vector<const model::ICFile*> FileListDocument::Find(
     const std::vector<std::string>& ids) const {
-  const std::unordered_set<std::string_view> wanted(ids.begin(), ids.end());
   std::vector<const model::ICFile*> found;
-  for (const model::ICFile& entry : entries_) {
-    if (wanted.contains(entry.ID)) found.push_back(&entry);
+  found.reserve(ids.size());
+  for (const std::string& id : ids) {
+    if (const model::ICFile* entry = entries_.Find(id)) found.push_back(entry);
   }
   return found;
 }
@@ -178,6 +178,7 @@ void FileListDocument::Written() {
 
 std::vector<std::string> FileListDocument::Add(std::vector<model::ICFile> entries) {
   std::vector<std::string> ids;
+  ids.reserve(entries.size());
   for (model::ICFile& entry : entries) {
     entry.ID = guids_.NewText();
     ids.push_back(entry.ID);
@@ -189,8 +190,11 @@ std::vector<std::string> FileListDocument::Add(std::vector<model::ICFile> entrie
 }
 
 void FileListDocument::Remove(const std::vector<std::string>& ids) {
+  const std::unordered_set<std::string_view> wanted(ids.begin(), ids.end());
   std::vector<std::string> ordered;
-  for (const model::ICFile* entry : Find(ids)) ordered.push_back(entry->ID);
+  for (const model::ICFile& entry : entries_) {
+    if (wanted.contains(entry.ID)) ordered.push_back(entry.ID);
+  }
   if (ordered.empty()) return;
   steps_.push(new Presence(*this, Text::RemoveStep, ordered, Presence::Take(*this, ordered)));
   Q_EMIT Changed(ordered, By::Step);

@@ -38,7 +38,7 @@ class FileListDocument : public QObject {
   ~FileListDocument() override;
 
   [[nodiscard]] const model::FileEntries& Entries() const { return entries_; }
-  /// The entries with these IDs that there are, in the collection's order.
+  /// Those of the entries with these IDs that there are, in the order of the IDs.
   [[nodiscard]] std::vector<const model::ICFile*> Find(const std::vector<std::string>& ids) const;
   [[nodiscard]] QUndoStack& Steps() { return steps_; }
 

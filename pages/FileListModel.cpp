@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QStyle>
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "model/FolderTable.h"
@@ -34,7 +35,9 @@ QString TextOf(const model::ICFile& entry, int column) {
 void FileListModel::Show(const model::FileEntries& entries, std::int32_t targetFolder) {
   beginResetModel();
   inFolder_.clear();
+  folderCounts_.clear();
   for (const model::ICFile& entry : entries) {
+    ++folderCounts_[entry.TargetFolder];
     if (entry.TargetFolder == targetFolder) inFolder_.push_back(&entry);
   }
   Arrange();
@@ -102,10 +105,14 @@ const model::ICFile& FileListModel::EntryAt(int row) const {
   return *shown_.at(static_cast<std::size_t>(row));
 }
 
-std::vector<int> FileListModel::RowsOf(const std::unordered_set<std::string_view>& ids) const {
+std::vector<int> FileListModel::RowsOf(std::vector<const model::ICFile*> entries) const {
+  constexpr std::less<> kBefore;  // by address: the entries of a large list need not be looked at
+  std::sort(entries.begin(), entries.end(), kBefore);
   std::vector<int> rows;
   for (int row = 0; row < rowCount(); ++row) {
-    if (ids.contains(EntryAt(row).ID)) rows.push_back(row);
+    if (std::binary_search(entries.begin(), entries.end(), &EntryAt(row), kBefore)) {
+      rows.push_back(row);
+    }
   }
   return rows;
 }

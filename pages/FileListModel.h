@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QString>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -37,10 +38,13 @@ class FileListModel : public QAbstractTableModel {
   /// The number of entries with this destination folder, whether the filter shows them or not.
   [[nodiscard]] int CountInFolder() const { return static_cast<int>(inFolder_.size()); }
 
+  /// How many entries each folder gets, by its number.
+  [[nodiscard]] const std::map<std::int32_t, int>& FolderCounts() const { return folderCounts_; }
+
   /// The entry in that row, which must exist.
   [[nodiscard]] const model::ICFile& EntryAt(int row) const;
-  /// The rows of those of the entries with these IDs that are shown, ascending.
-  [[nodiscard]] std::vector<int> RowsOf(const std::unordered_set<std::string_view>& ids) const;
+  /// The rows of those of these entries that are shown, ascending.
+  [[nodiscard]] std::vector<int> RowsOf(std::vector<const model::ICFile*> entries) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -56,6 +60,7 @@ class FileListModel : public QAbstractTableModel {
   void SortRows();
   [[nodiscard]] bool PassesFilter(const model::ICFile& entry) const;
 
+  std::map<std::int32_t, int> folderCounts_;
   std::vector<const model::ICFile*> inFolder_;  ///< in the collection's order
   std::vector<const model::ICFile*> shown_;
   std::unordered_set<std::string> missing_;  ///< IDs of entries whose sources are

@@ -41,12 +41,6 @@ class CountDelegate : public tools::ListItemDelegate {
 
 bool IsTargetFolder(std::int32_t number) { return !model::FolderMacro(number).empty(); }
 
-std::map<std::int32_t, int> CountByFolder(const model::FileEntries& entries) {
-  std::map<std::int32_t, int> counts;
-  for (const model::ICFile& entry : entries) ++counts[entry.TargetFolder];
-  return counts;
-}
-
 std::vector<std::int32_t> TargetFolderNumbers() {
   std::vector<std::int32_t> numbers;
   for (std::int32_t number = 1; number <= kLastOwnFolder; ++number) {
@@ -72,8 +66,7 @@ void FillTargetFolders(QComboBox& box) {
   box.setItemDelegate(new CountDelegate(&box));
 }
 
-void ShowFolderCounts(QComboBox& box, const model::FileEntries& entries) {
-  const std::map<std::int32_t, int> counts = CountByFolder(entries);
+void ShowFolderCounts(QComboBox& box, const std::map<std::int32_t, int>& counts) {
   for (int i = 0; i < box.count(); ++i) {
     const auto found = counts.find(box.itemData(i).toInt());
     const int count = found == counts.end() ? 0 : found->second;

@@ -6,8 +6,6 @@
 #include <map>
 #include <vector>
 
-#include "model/FileEntries.h"
-
 namespace pages {
 
 /// The numbers of all destination folders, in the order in which they are listed.
@@ -20,14 +18,11 @@ namespace pages {
 /// True for the number of a known folder.
 [[nodiscard]] bool IsTargetFolder(std::int32_t number);
 
-/// How many entries each folder gets, by its number.
-[[nodiscard]] std::map<std::int32_t, int> CountByFolder(const model::FileEntries& entries);
-
 /// Fills the box with all folders, their numbers as the items' data.
 void FillTargetFolders(QComboBox& box);
 
-/// Makes the box draw folders that get entries bold, with their numbers behind them. The items'
-/// texts stay.
-void ShowFolderCounts(QComboBox& box, const model::FileEntries& entries);
+/// Makes the box draw folders that get entries bold, with the number of entries, which is given by
+/// folder, behind them. The items' texts stay.
+void ShowFolderCounts(QComboBox& box, const std::map<std::int32_t, int>& counts);
 
 }  // namespace pages

@@ -9,7 +9,6 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <unordered_set>
 
 #include "model/FolderTable.h"
 #include "pages/AddedFiles.h"
@@ -79,7 +78,7 @@ void tabFileList::ConnectEvents() {
   // A reset deselects without a signal: rows of no entry would take edits that nobody keeps.
   connect(shownEntries_, &FileListModel::modelReset, this, [this] {
     propsFile->Clear();
-    emptyHint_->Update(document_->Entries(),
+    emptyHint_->Update(shownEntries_->FolderCounts(),
                        shownEntries_->HasFilter() && shownEntries_->CountInFolder() > 0);
   });
   connect(emptyHint_, &EmptyFileHint::FilterUnwanted, filter_, &FileFilter::Clear);
@@ -126,7 +125,7 @@ bool tabFileList::ShowEntry(std::int32_t entry) {
   const model::ICFile& wanted = *std::next(entries.begin(), entry - 1);
   ChooseFolderOf({&wanted});
   filter_->Clear();  // it could hide the entry
-  SelectRows(*lsvBrowser, shownEntries_->RowsOf({wanted.ID}));
+  SelectRows(*lsvBrowser, shownEntries_->RowsOf({&wanted}));
   lsvBrowser->setFocus();
   return true;
 }
@@ -138,7 +137,7 @@ void tabFileList::SettingsWritten() { document_->Written(); }
 void tabFileList::RefreshFileList() {
   shownEntries_->Show(document_->Entries(), ChosenFolder());
   filter_->ShowCount(document_->Entries().Count());
-  ShowFolderCounts(*cmbDestinationFolder, document_->Entries());
+  ShowFolderCounts(*cmbDestinationFolder, shownEntries_->FolderCounts());
   propsFile->Clear();
 }
 
@@ -197,8 +196,9 @@ void tabFileList::MendUnknownTargets() {
   document_->Set(edits);
   const std::vector<std::string> ids = IdsOf(edits);
   TellOfChange(u"TargetFolder"_s, ids);
-  ChooseFolderOf(document_->Find(ids));
-  SelectRows(*lsvBrowser, shownEntries_->RowsOf({ids.begin(), ids.end()}));
+  const std::vector<const model::ICFile*> entries = document_->Find(ids);
+  ChooseFolderOf(entries);
+  SelectRows(*lsvBrowser, shownEntries_->RowsOf(entries));
 }
 
 void tabFileList::RemoveSelected() {
@@ -262,7 +262,7 @@ void tabFileList::ShowChange(const std::vector<std::string>& ids, FileListDocume
   if (repeated) ChooseFolderOf(entries);
   RefreshFileList();
   // What a step brought back is to be seen.
-  if (repeated && shownEntries_->RowsOf({ids.begin(), ids.end()}).empty()) filter_->Clear();
+  if (repeated && shownEntries_->RowsOf(entries).empty()) filter_->Clear();
   if (entries.empty()) {
     const int last = shownEntries_->rowCount() - 1;
     if (!selected.empty() && last >= 0) {
@@ -270,7 +270,7 @@ void tabFileList::ShowChange(const std::vector<std::string>& ids, FileListDocume
     }
     return;
   }
-  SelectRows(*lsvBrowser, shownEntries_->RowsOf({ids.begin(), ids.end()}));
+  SelectRows(*lsvBrowser, shownEntries_->RowsOf(entries));
 }
 
 void tabFileList::ChooseFolderOf(const std::vector<const model::ICFile*>& entries) {

@@ -10,14 +10,15 @@ namespace tools {
 /// {XXXXXXXX-XXXX-4XXX-YXXX-XXXXXXXXXXXX}.
 [[nodiscard]] std::string NewGuidText();
 
-/// The same for whoever needs many: opening the machine's source of random bits takes longer than
-/// reading a GUID from it.
+/// The same for whoever needs many: the machine's source of random bits is slow, and gives only the
+/// beginning.
 class GuidSource {
  public:
+  GuidSource();
   [[nodiscard]] std::string NewText();
 
  private:
-  std::random_device random_;
+  std::mt19937_64 random_;
 };
 
 }  // namespace tools
