@@ -41,8 +41,8 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                 .isEndWanted = [this] { return isEndWanted_; },
                 .onBuilt = [this](const engine::BuildResult& result) { ShowResult(result); },
                 .showPlace =
-                    [this](model::VersionSlot version, const wizards::ChosenPlace& place) {
-                      window_.ShowPlace(version, place.component, place.entry);
+                    [this](model::VersionSlot version, const findings::ChosenPlace& place) {
+                      window_.ShowPlace(version, place);
                     }},
                &window_) {
   using Launch = void (wizards::WizardLauncher::*)(model::VersionSlot, model::OpenPages&);

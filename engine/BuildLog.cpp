@@ -75,6 +75,7 @@ void BuildLog::Tell(Severity severity, std::string_view text, const Place& place
   message.component = place.component;
   message.componentTitle = place.componentTitle;
   message.entry = place.entry;
+  message.entryId = place.entryId;
   observer_.OnMessage(message);
 }
 

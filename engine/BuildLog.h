@@ -25,6 +25,7 @@ struct Place {
   model::ComponentSlot component = 0;  ///< component slot
   std::string_view componentTitle;     ///< must live as long as this object
   std::int32_t entry = 0;              ///< entry number in the component
+  std::string_view entryId{};          ///< must live as long as this object
 };
 
 class BuildLog {

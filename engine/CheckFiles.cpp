@@ -47,7 +47,7 @@ void FileCheck::Check(const SurveyedComponent& component, const SurveyStep& step
 
 void FileCheck::CheckEntry(const SurveyedComponent& component, const SurveyedEntry& surveyed,
                            const SurveyStep& step) {
-  const Place place = component.PlaceOf(surveyed.Number());
+  const Place place = component.PlaceOf(surveyed);
   if (!surveyed.HasSection()) {
     const std::string first = std::to_string(surveyed.Number());
     const std::string last = std::to_string(surveyed.Last());

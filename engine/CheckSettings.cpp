@@ -114,6 +114,7 @@ class ComponentCheck {
   void CheckEntry(std::int32_t number) {
     Place place = place_;
     place.entry = number;
+    place.entryId = settings_.Find(model::FileEntrySection(number), "ID").value_or("");
     findings_.Try(place,
                   [&] { (void)model::ReadFileEntry(read_, path_, number, model::EntryUse::Edit); });
   }

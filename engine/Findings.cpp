@@ -21,6 +21,7 @@ void Findings::Report(const std::string& text, const Place& place, Severity seve
   finding.component = place.component;
   finding.componentTitle = place.componentTitle;
   finding.entry = place.entry;
+  finding.entryId = place.entryId;
   found_.push_back(std::move(finding));
 }
 

@@ -15,7 +15,7 @@ class Collector {
 
   void Visit(const SurveyedComponent& component) {
     for (const SurveyedEntry& surveyed : component.entries) {
-      Place place = component.PlaceOf(surveyed.Number());
+      Place place = component.PlaceOf(surveyed);
       for (; place.entry < surveyed.Last(); ++place.entry) LogProblems(surveyed.Problems(), place);
       LogProblems(surveyed.Problems(), place);
       const model::ICFile entry = surveyed.File();

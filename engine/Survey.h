@@ -33,7 +33,11 @@ struct SurveyedComponent {
   std::vector<SurveyProblem> problems;  ///< of the component itself
   std::vector<UnfitValue> unfitValues;  ///< of the entries, by their order
 
+  /// Of an entry by its number alone.
   [[nodiscard]] Place PlaceOf(std::int32_t entry) const { return {slot, title, entry}; }
+  [[nodiscard]] Place PlaceOf(const SurveyedEntry& entry) const {
+    return {slot, title, entry.Number(), entry.ID()};
+  }
 };
 
 struct Survey {

@@ -21,6 +21,7 @@ enum Column { kComponent, kEntry, kText };
 
 constexpr int kComponentRole = Qt::UserRole;
 constexpr int kEntryRole = Qt::UserRole + 1;
+constexpr int kEntryIdRole = Qt::UserRole + 2;
 constexpr int kComponentWidth = 22;  // characters
 constexpr int kLines = 9;
 
@@ -74,6 +75,7 @@ void FindingsList::Show(const std::vector<engine::BuildMessage>& messages, std::
                      ComponentOf(message));
     row->setData(kComponent, kComponentRole, std::int32_t{message.component});
     row->setData(kComponent, kEntryRole, message.entry);
+    row->setData(kComponent, kEntryIdRole, ToQString(message.entryId));
     rows.append(row);
   }
   if (further > 0) {
@@ -101,8 +103,10 @@ QSize FindingsList::sizeHint() const {
 }
 
 void FindingsList::ChoosePlace(const QTreeWidgetItem& row) {
-  const int component = row.data(kComponent, kComponentRole).toInt();
-  if (component != 0) Q_EMIT PlaceChosen(component, row.data(kComponent, kEntryRole).toInt());
+  const ChosenPlace place{row.data(kComponent, kComponentRole).toInt(),
+                          row.data(kComponent, kEntryRole).toInt(),
+                          tools::ToUtf8(row.data(kComponent, kEntryIdRole).toString())};
+  if (place.component != 0) Q_EMIT PlaceChosen(place);
 }
 
 }  // namespace findings

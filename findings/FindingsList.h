@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/BuildObserver.h"
+#include "findings/ChosenPlace.h"
 
 namespace findings {
 
@@ -31,8 +32,7 @@ class FindingsList : public QTreeWidget {
   [[nodiscard]] static QString Summary(const std::vector<engine::BuildMessage>& messages);
 
  Q_SIGNALS:
-  /// The slot of the component, and the number of the entry in it or 0.
-  void PlaceChosen(model::ComponentSlot component, std::int32_t entry);
+  void PlaceChosen(const ChosenPlace& place);
 
  private:
   void ChoosePlace(const QTreeWidgetItem& row);

@@ -23,8 +23,9 @@ class EditorPage : public QWidget, public model::OpenPage {
   [[nodiscard]] virtual int GetCaps(int /*capability*/) const { return 0; }
   /// Loads the controls from the settings. Raises tools::Error when they cannot be read.
   virtual void ReadSettings() = 0;
-  /// Selects the entry of that number; false on a page that has no such entry.
-  virtual bool ShowEntry(std::int32_t /*entry*/) { return false; }
+  /// Selects the entry with that ID, or of that number where the ID is empty; false on a page that
+  /// has no such entry.
+  virtual bool ShowEntry(std::int32_t /*entry*/, const std::string& /*id*/) { return false; }
   /// Shows the page's help; no page has any.
   virtual void DisplayHelp() {}
 

@@ -119,13 +119,18 @@ void tabFileList::ReadSettings() {
   RefreshFileList();
 }
 
-bool tabFileList::ShowEntry(std::int32_t entry) {
+bool tabFileList::ShowEntry(std::int32_t entry, const std::string& id) {
   const model::FileEntries& entries = document_->Entries();
-  if (entry < 1 || static_cast<std::size_t>(entry) > entries.Count()) return false;
-  const model::ICFile& wanted = *std::next(entries.begin(), entry - 1);
-  ChooseFolderOf({&wanted});
+  const model::ICFile* wanted = nullptr;
+  if (!id.empty()) {
+    wanted = entries.Find(id);
+  } else if (entry >= 1 && static_cast<std::size_t>(entry) <= entries.Count()) {
+    wanted = &*std::next(entries.begin(), entry - 1);
+  }
+  if (wanted == nullptr) return false;
+  ChooseFolderOf({wanted});
   filter_->Clear();  // it could hide the entry
-  SelectRows(*lsvBrowser, shownEntries_->RowsOf({&wanted}));
+  SelectRows(*lsvBrowser, shownEntries_->RowsOf({wanted}));
   lsvBrowser->setFocus();
   return true;
 }

@@ -42,8 +42,7 @@ class tabFileList : public EditorPage {
   [[nodiscard]] std::string Title() const override;
   /// Raises tools::Error when the stored entries cannot be read; those shown stay.
   void ReadSettings() override;
-  /// The number counts as stored: it tells an entry as long as none was removed since reading.
-  bool ShowEntry(std::int32_t entry) override;
+  bool ShowEntry(std::int32_t entry, const std::string& id) override;
 
   /// Adds an entry for the file at this path, to be installed in the chosen destination folder,
   /// and selects it. Raises tools::Error for a path with control characters: settings cannot hold a

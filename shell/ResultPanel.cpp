@@ -130,9 +130,7 @@ ResultPanel::ResultPanel(tools::Dialogs& dialogs, QWidget* parent)
   connect(cmdBuildAgain_, &QPushButton::clicked, this,
           [this] { Q_EMIT BuildAgainWanted(version_); });
   connect(lsvFindings_, &findings::FindingsList::PlaceChosen, this,
-          [this](model::ComponentSlot component, std::int32_t entry) {
-            Q_EMIT PlaceChosen(version_, component, entry);
-          });
+          [this](const findings::ChosenPlace& place) { Q_EMIT PlaceChosen(version_, place); });
   connect(&check_, &findings::CheckRun::Finished, this, &ResultPanel::ShowFindings);
 }
 

@@ -7,6 +7,7 @@
 
 #include "engine/BuildResult.h"
 #include "findings/CheckRun.h"
+#include "findings/ChosenPlace.h"
 #include "tools/Dialogs.h"
 
 class QLabel;
@@ -38,8 +39,8 @@ class ResultPanel : public QDockWidget {
   void Clear();
 
  Q_SIGNALS:
-  /// The place of a finding was chosen: slots of version and component, number of the entry or 0.
-  void PlaceChosen(model::VersionSlot version, model::ComponentSlot component, std::int32_t entry);
+  /// The place of a finding about the version in this slot was chosen.
+  void PlaceChosen(model::VersionSlot version, const findings::ChosenPlace& place);
   /// The version in this slot is to be built as at the last time.
   void BuildAgainWanted(model::VersionSlot version);
 

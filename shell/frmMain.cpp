@@ -265,12 +265,11 @@ void frmMain::RunForVersion(Text title, Wanted wanted) {
   Q_EMIT(this->*wanted)(version, editorTabs_);
 }
 
-void frmMain::ShowPlace(model::VersionSlot version, model::ComponentSlot component,
-                        std::int32_t entry) {
-  if (!trvProjectTree->SelectNode(ComponentNode(version, component))) return;
+void frmMain::ShowPlace(model::VersionSlot version, const findings::ChosenPlace& place) {
+  if (!trvProjectTree->SelectNode(ComponentNode(version, place.component))) return;
   UpdateEditor();
-  for (std::int32_t i = 1; entry != 0 && i <= editorTabs_.Count(); ++i) {
-    if (!editorTabs_.Item(i).ShowEntry(entry)) continue;
+  for (std::int32_t i = 1; place.entry != 0 && i <= editorTabs_.Count(); ++i) {
+    if (!editorTabs_.Item(i).ShowEntry(place.entry, place.entryId)) continue;
     tabDataEditor->setCurrentIndex(i - 1);
     break;
   }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "findings/ChosenPlace.h"
 #include "model/ComponentOperations.h"
 #include "model/MainView.h"
 #include "model/ModProject.h"
@@ -74,7 +75,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   [[nodiscard]] QWidget* PageParent() override { return picDataEditor; }
   /// Opens the component in those slots, and the entry on the page that lists it; an entry of 0 is
   /// none. Pages with changes are offered for applying first.
-  void ShowPlace(model::VersionSlot version, model::ComponentSlot component, std::int32_t entry);
+  void ShowPlace(model::VersionSlot version, const findings::ChosenPlace& place);
   [[nodiscard]] ResultPanel& Results() { return *pnlResult; }
 
   void ShowStatusText(const std::string& text) override;

@@ -170,8 +170,9 @@ void frmMain::BuildResultPanel() {
   pnlResult->hide();
   connect(pnlResult, &ResultPanel::PlaceChosen, this,
           tools::Guarded(dialogs_,
-                         [this](model::VersionSlot version, model::ComponentSlot component,
-                                std::int32_t entry) { ShowPlace(version, component, entry); }));
+                         [this](model::VersionSlot version, const findings::ChosenPlace& place) {
+                           ShowPlace(version, place);
+                         }));
   connect(pnlResult, &ResultPanel::BuildAgainWanted, this,
           [this](model::VersionSlot version) { Q_EMIT BuildAgainWanted(version, editorTabs_); });
 

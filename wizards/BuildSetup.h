@@ -8,6 +8,7 @@
 
 #include "engine/BuildObserver.h"
 #include "engine/BuildResult.h"
+#include "findings/findings::ChosenPlace.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "tools/Clock.h"
@@ -17,12 +18,6 @@
 #include "tools/registry/Registry.h"
 
 namespace wizards {
-
-/// A place in a version that its author wants to see.
-struct ChosenPlace {
-  model::ComponentSlot component = 0;  ///< slot; 0 when no place was chosen
-  std::int32_t entry = 0;              ///< entry number in it, or 0
-};
 
 /// What the wizards work with. The references must outlive them.
 struct BuildServices {
@@ -38,8 +33,8 @@ struct BuildServices {
   /// Gets what each build came to, when its messages have been read.
   std::function<void(const engine::BuildResult&)> onBuilt = [](const engine::BuildResult&) {};
   /// Opens the place of a finding, when the wizard that showed it is closed.
-  std::function<void(model::VersionSlot version, const ChosenPlace& place)> showPlace =
-      [](model::VersionSlot, const ChosenPlace&) {};
+  std::function<void(model::VersionSlot version, const findings::ChosenPlace& place)> showPlace =
+      [](model::VersionSlot, const findings::ChosenPlace&) {};
 };
 
 /// Converts "folder", "makezip" (packaged when exactly 1), "includeexe" and "includetessel" (on

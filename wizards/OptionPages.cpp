@@ -9,7 +9,7 @@ namespace wizards {
 
 tools::WizardPageRegistry OptionPages(const BuildServices& services,
                                       model::VersionSlot versionIndex, UnsavedPages& unsaved,
-                                      ChosenPlace& chosen) {
+                                      findings::ChosenPlace& chosen) {
   const std::string library = kOptionPageLibrary;
   tools::WizardPageRegistry pages;
   pages.Add(library + "wizSetup_Config",

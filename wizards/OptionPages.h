@@ -15,6 +15,7 @@ namespace wizards {
 /// must outlive the registry and the pages.
 [[nodiscard]] tools::WizardPageRegistry OptionPages(const BuildServices& services,
                                                     model::VersionSlot versionIndex,
-                                                    UnsavedPages& unsaved, ChosenPlace& chosen);
+                                                    UnsavedPages& unsaved,
+                                                    findings::ChosenPlace& chosen);
 
 }  // namespace wizards

@@ -20,7 +20,7 @@ WizardLauncher::WizardLauncher(BuildServices services, QWidget* parent)
 
 void WizardLauncher::StartSetupWizard(model::VersionSlot version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
-  ChosenPlace chosen;
+  findings::ChosenPlace chosen;
   const tools::WizardPageRegistry optionPages = OptionPages(services_, version, unsaved, chosen);
   // What comes of the wizard is shown in the main window, when that can be used again.
   std::optional<engine::BuildResult> result;
@@ -33,7 +33,7 @@ void WizardLauncher::StartSetupWizard(model::VersionSlot version, model::OpenPag
 
 void WizardLauncher::StartUpdateWizard(model::VersionSlot version, model::OpenPages& pages) {
   UnsavedPages unsaved(pages, services_.operations);
-  ChosenPlace chosen;
+  findings::ChosenPlace chosen;
   const tools::WizardPageRegistry optionPages = OptionPages(services_, version, unsaved, chosen);
   UpdateWizard(services_.dialogs, Frames(optionPages)).Start();
 }

@@ -22,7 +22,8 @@ using model::Text;
 using tools::ToQString;
 
 wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services,
-                                       model::VersionSlot versionIndex, ChosenPlace& chosen,
+                                       model::VersionSlot versionIndex,
+                                       findings::ChosenPlace& chosen,
                                        tools::WizardDataStore& DataStore, QWidget* parent)
     : WizardOptionPage(DataStore, parent),
       services_(services),
@@ -94,9 +95,7 @@ void wizSetup_Packaging::AddFindings() {
   layout()->addWidget(lsvFindings_);
   connect(&check_, &findings::CheckRun::Finished, this, &wizSetup_Packaging::ShowFindings);
   connect(lsvFindings_, &findings::FindingsList::PlaceChosen, this,
-          [this](model::ComponentSlot component, std::int32_t entry) {
-            ChoosePlace({component, entry});
-          });
+          &wizSetup_Packaging::ChoosePlace);
 }
 
 void wizSetup_Packaging::ShowValues() {
@@ -141,7 +140,7 @@ void wizSetup_Packaging::ShowFindings(const std::vector<engine::BuildMessage>& m
   lsvFindings_->Show(messages);
 }
 
-void wizSetup_Packaging::ChoosePlace(const ChosenPlace& place) {
+void wizSetup_Packaging::ChoosePlace(const findings::ChosenPlace& place) {
   chosen_ = place;
   window()->close();
 }

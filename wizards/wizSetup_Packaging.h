@@ -30,7 +30,8 @@ class wizSetup_Packaging : public tools::WizardOptionPage {
  public:
   /// For the version in slot `versionIndex`. The references must outlive the page.
   wizSetup_Packaging(const BuildServices& services, model::VersionSlot versionIndex,
-                     ChosenPlace& chosen, tools::WizardDataStore& DataStore, QWidget* parent);
+                     findings::ChosenPlace& chosen, tools::WizardDataStore& DataStore,
+                     QWidget* parent);
 
   void ShowValues() override;
 
@@ -50,11 +51,11 @@ class wizSetup_Packaging : public tools::WizardOptionPage {
   void SetAsLastTime();
   void StartCheck();
   void ShowFindings(const std::vector<engine::BuildMessage>& messages);
-  void ChoosePlace(const ChosenPlace& place);
+  void ChoosePlace(const findings::ChosenPlace& place);
 
   const BuildServices& services_;
   model::VersionSlot versionIndex_;
-  ChosenPlace& chosen_;
+  findings::ChosenPlace& chosen_;
   tools::WizardDataStore lastTime_;  ///< of the last build; empty when there was none
   std::array<Option, 3> options_{};
   QComboBox* cboCompression_ = nullptr;

@@ -35,6 +35,10 @@ class ResultPanelTest : public QObject {
     QTest::keyClick(&program_->window, Qt::Key_F5);
     QTRY_COMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: geprüft: 1 Fehler, 0 Warnungen");
     QVERIFY(!Child(Panel(), "cmdShowLog").isEnabled());
+    // The entry before it is gone meanwhile, so that its number is another one.
+    folder_->Write(TestProduct::kComponentFile,
+                   "[Component]\nTitle=Kern\n[Files]\nCount=1\n[File1]\n" +
+                       TestProduct::File(folder_->Path("fehlt.txt"), "TargetFolder=2002\n"));
     DoubleClick(Findings(), Findings().model()->index(0, 0));
     QCOMPARE(program_->SelectedKey(), "v1c1");
     const auto& files = Child<QTreeView>(program_->window, "lsvBrowser");

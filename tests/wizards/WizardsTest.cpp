@@ -36,7 +36,7 @@ struct Sample : ProductDesk {
   std::unique_ptr<tools::Registry> registry = RegistryBelow(folder, disk);
   wizards::BuildServices services{
       project, operations, dialogs, clock, disk, *registry, folder.Path("programm")};
-  wizards::ChosenPlace chosen;
+  findings::ChosenPlace chosen;
 };
 
 /// An option page for the sample's version, with these values of the wizard.
