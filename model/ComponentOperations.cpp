@@ -5,11 +5,13 @@
 
 #include "model/ICFile.h"
 #include "model/StoredNumbers.h"
+#include "model/UnfinishedCopy.h"
 #include "tools/Error.h"
 #include "tools/Guid.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/Path.h"
+#include "tools/files/TemporaryFiles.h"
 
 namespace model {
 
@@ -101,18 +103,23 @@ std::vector<ComponentSlot> ComponentOperations::FreeSlots(VersionSlot version, C
                                                           std::size_t count) const {
   const std::vector<ComponentSlot> used = project_.ComponentSlots(version);
   std::vector<ComponentSlot> slots;
+  const std::int32_t highest = project_.ComponentCount(version);
   for (ComponentSlot slot = first; slots.size() < count; ++slot) {
-    // A damaged count must not make a slot beyond it look free: the title is asked too.
-    if (!std::binary_search(used.begin(), used.end(), slot) &&
-        project_.ComponentTitle(version, slot).empty()) {
-      slots.push_back(slot);
+    if (std::binary_search(used.begin(), used.end(), slot)) continue;
+    // A component beyond a damaged count is the author's: neither overwritten nor shown unasked.
+    if (slot > highest && !project_.ComponentTitle(version, slot).empty()) {
+      throw tools::PathError("Die Komponentendatei liegt jenseits der Anzahl der Komponenten (" +
+                                 std::to_string(highest) + ") und würde mit angezeigt",
+                             project_.ComponentFilePath(version, slot), {});
     }
+    slots.push_back(slot);
   }
   return slots;
 }
 
 // As a component is added: the count first, for a slot more that is free shows nowhere.
 void ComponentOperations::AddOne(VersionSlot version, const tools::SettingsFile& file) {
+  RemoveUnfinishedCopy(project_, disk_, version);
   const ComponentSlot slot = FreeSlots(version, 1, 1).front();
   Change([&](Undo& undo) {
     if (project_.ComponentCount(version) < slot) WriteCount(version, slot, undo);
@@ -123,6 +130,7 @@ void ComponentOperations::AddOne(VersionSlot version, const tools::SettingsFile&
 // The count comes last and shows all of them at once. In a version without components it first goes
 // to 0, so that the slots below it can be used.
 void ComponentOperations::AddSeveral(VersionSlot version, const std::vector<File>& files) {
+  RemoveUnfinishedCopy(project_, disk_, version);
   const std::int32_t count = project_.ComponentCount(version);
   const bool isEmpty = project_.ComponentSlots(version).empty();
   constexpr std::int32_t kMostSlots = std::numeric_limits<std::int32_t>::max() / 2;
@@ -133,11 +141,15 @@ void ComponentOperations::AddSeveral(VersionSlot version, const std::vector<File
   const std::vector<ComponentSlot> slots =
       FreeSlots(version, isEmpty ? 1 : count + 1, files.size());
   Change([&](Undo& undo) {
+    const std::string note = NoteCopy(project_, disk_, version, slots, undo);
+    auto hold = std::make_unique<tools::TemporaryHold>(note);
     if (isEmpty && count > 0) WriteCount(version, 0, undo);
     for (std::size_t i = 0; i < files.size(); ++i) {
       WriteComponent(project_.ComponentFilePath(version, slots[i]), *files[i], undo);
     }
     WriteCount(version, std::max<std::int32_t>(count, slots.back()), undo);
+    hold.reset();
+    disk_.DeleteFile(note);
   });
 }
 
@@ -166,6 +178,7 @@ ComponentSlot ComponentOperations::Move(const ShownComponent& component, Version
   if (component.version == toVersion || IsOutdated(component, Text::Paste)) return 0;
   project_.RequireVersion(toVersion);
   const std::string from = project_.ComponentFilePath(component.version, component.component);
+  RemoveUnfinishedCopy(project_, disk_, toVersion);
   const ComponentSlot slot = FreeSlots(toVersion, 1, 1).front();
   const std::string to = project_.ComponentFilePath(toVersion, slot);
   Change([&](Undo& undo) {

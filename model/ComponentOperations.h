@@ -59,7 +59,8 @@ class ComponentOperations {
   [[nodiscard]] bool IsOutdated(const ShownComponent& component, Text caption);
   [[nodiscard]] std::shared_ptr<tools::SettingsFile> CopyOf(const ShownComponent& component) const;
   [[nodiscard]] std::vector<std::string> TitlesIn(VersionSlot version) const;
-  /// `count` slots of a version that hold no component, ascending, not below `first`.
+  /// `count` slots of a version that hold no component, ascending, not below `first`. Raises
+  /// tools::Error where a component that nobody sees is in their way.
   [[nodiscard]] std::vector<ComponentSlot> FreeSlots(VersionSlot version, ComponentSlot first,
                                                      std::size_t count) const;
   void AddOne(VersionSlot version, const tools::SettingsFile& file);

@@ -6,6 +6,7 @@
 
 #include "model/DeletedVersions.h"
 #include "model/TextTable.h"
+#include "model/UnfinishedCopy.h"
 #include "tools/Error.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
@@ -304,6 +305,7 @@ void ModProjectOperations::AddComponent(VersionSlot version) {
                                 LoadText(Text::NewComponentTitle)));
   if (title.empty()) return;
   project_.RequireVersion(version);
+  RemoveUnfinishedCopy(project_, disk_, version);
   ComponentSlot slot = FirstFreeSlot(project_.ComponentSlots(version));
   // A damaged count must not make a slot beyond it look free.
   while (!project_.ComponentTitle(version, slot).empty()) ++slot;

@@ -8,7 +8,7 @@
 
 #include "engine/BuildObserver.h"
 #include "engine/BuildResult.h"
-#include "findings/findings::ChosenPlace.h"
+#include "findings/ChosenPlace.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "tools/Clock.h"

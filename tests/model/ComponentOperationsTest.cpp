@@ -44,6 +44,14 @@ TEST_F(ComponentOperationsTest, TakingOverLeavesTheSlotsAsTheyWereWhereNoneIsUse
   EXPECT_EQ(project.ComponentCount(2), 2);
 }
 
+TEST_F(ComponentOperationsTest, AComponentBeyondTheCountIsNeitherOverwrittenNorShown) {
+  product.AddComponent("A", {});
+  folder.Write("Produkt/Version 1.0.0/component2.component", "[Component]\nTitle=B\n");
+  EXPECT_THAT(ErrorOf([&] { components.Copy(components.ComponentsOf(1), 1); }),
+              HasSubstr("component2.component"));
+  EXPECT_EQ(Titles(1), "1=A ");
+}
+
 TEST_F(ComponentOperationsTest, WhatAnotherProgramChangedIsRefused) {
   product.AddComponent("A", {});
   AddVersion("1.0.1");

@@ -139,7 +139,8 @@ struct ReplayedProduct : OpenedProduct {
 
   /// What the product holds when the power has gone after the first `count` steps. That loses
   /// bytes that were not flushed and, at its worst, names that were not.
-  std::string After(std::size_t count, bool losesNames) {
+  std::string After(std::size_t count, bool losesNames,
+                    const std::function<void(ModProject&)>& then = {}) {
     std::filesystem::remove_all(ToPath(folder.Path("Kopie")));
     std::filesystem::copy(ToPath(folder.Path("Vorher")), ToPath(folder.Path("Kopie")),
                           copy_options::recursive);
@@ -149,6 +150,7 @@ struct ReplayedProduct : OpenedProduct {
     tools::SettingsStore store{disk};
     ModProject copy{store};
     copy.SetProductPath(folder.Path("Kopie/" + fileName));
+    if (then) then(copy);
     return Listing(copy);
   }
 
@@ -248,6 +250,20 @@ TEST(PowerLossTest, LeavesTheProductAsBeforeOrAsAfterTheOperation) {
       }
       EXPECT_EQ(product.After(product.steps.size(), losesNames), after) << losesNames;
     }
+  }
+}
+
+TEST(PowerLossTest, NothingThatAKilledCopyHasLeftIsShownByTheNextOne) {
+  ReplayedProduct product(
+      {"take over", [](OpenedProduct& p) { p.components.Copy(p.components.ComponentsOf(2), 1); }});
+  const ShownComponent wanted = product.components.ComponentsOf(2).front();
+  const auto copyOne = [&](ModProject& project) {
+    ComponentOperations(project, product.disk, product.dialogs, product.window).Copy({wanted}, 1);
+  };
+  const std::string before = product.After(0, false, copyOne);
+  const std::string after = product.After(product.steps.size(), false, copyOne);
+  for (std::size_t count = 1; count < product.steps.size(); ++count) {
+    EXPECT_THAT(product.After(count, false, copyOne), AnyOf(before, after)) << count;
   }
 }
 
