@@ -3,9 +3,9 @@
 #pragma once
 
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 
-#include "grid/EditReaction.h"
 #include "grid/GridTexts.h"
 #include "grid/KnownValues.h"
 #include "tools/Dialogs.h"
@@ -15,6 +15,13 @@ class QTreeView;
 namespace grid {
 
 class PropertyRows;
+
+/// How the host wants the edit of a row carried out. Any value but the first two counts as Handled.
+enum class EditReaction : std::int32_t {
+  Dialog = 1,       ///< the grid opens its edit dialog
+  NotEditable = 2,  ///< the grid tells the user that this value cannot be edited
+  Handled = 0,      ///< the host has edited the value itself
+};
 
 /// All values are text that the grid does not interpret; what a property means, and whether it may
 /// be edited, is its host's business. A double click on a row (or the host, by EditProperty) begins

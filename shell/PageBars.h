@@ -1,8 +1,8 @@
-// When the bars above the pages show: a version has no components yet, or another program has
-// changed the file of the open pages.
+// The bars above the pages, and when they show: a version has no components yet, or another program
+// has changed the file of the open pages.
 #pragma once
 
-#include <QObject>
+#include <QFrame>
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,14 +10,32 @@
 #include "shell/NodeKey.h"
 #include "tools/files/Files.h"
 
+class QHBoxLayout;
 class QVBoxLayout;
 class QWidget;
+
+namespace tools {
+class LinkButton;
+}
 
 namespace shell {
 
 class EditorTabs;
-class PageBar;
 class ProjectTree;
+
+/// A bar that says something of the pages and offers what can be done. Hidden at first.
+class PageBar : public QFrame {
+  Q_OBJECT
+
+ public:
+  PageBar(const QString& name, const QString& text, QWidget* parent);
+
+  /// Adds a link behind the others, which the caller connects.
+  tools::LinkButton* AddLink(const char* name, const QString& text);
+
+ private:
+  QHBoxLayout* layout_;
+};
 
 class PageBars : public QObject {
   Q_OBJECT

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 
+#include "model/MainView.h"
 #include "tools/Dialogs.h"
 #include "tools/registry/Registry.h"
 
@@ -47,6 +48,21 @@ class frmNewProduct : public QDialog {
   QLineEdit* txtFilename = nullptr;
   QPushButton* cmdOK = nullptr;
   QPushButton* cmdCancel = nullptr;
+};
+
+/// Asks for a new product with frmNewProduct.
+class NewProductDialog : public model::NewProductForm {
+ public:
+  /// The dialog is shown over `parent`. The references must outlive this object.
+  NewProductDialog(tools::Registry& registry, tools::Dialogs& dialogs, QWidget& parent)
+      : registry_(registry), dialogs_(dialogs), parent_(parent) {}
+
+  std::optional<model::NewProduct> Ask() override;
+
+ private:
+  tools::Registry& registry_;
+  tools::Dialogs& dialogs_;
+  QWidget& parent_;
 };
 
 }  // namespace shell
