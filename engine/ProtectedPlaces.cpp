@@ -22,7 +22,7 @@ namespace engine {
 namespace {
 
 /// Paths that the machine takes for one have one key.
-std::string KeyOf(const std::string& path) {
+std::string PlaceKeyOf(const std::string& path) {
   return tools::kPathSeparator == '\\' ? tools::FoldCase(path) : path;
 }
 
@@ -118,7 +118,7 @@ void ProtectedPlaces::Add(FolderRefusal rule, const std::string& path) {
 void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {
   for (std::string folder = at; !folder.empty();) {
     // What is above a known folder is known, too.
-    if (!byPath_.emplace(KeyOf(folder), place).second) return;
+    if (!byPath_.emplace(PlaceKeyOf(folder), place).second) return;
     const tools::FileStamp stamp = StampWherePossible(folder);
     if (stamp.exists) byIdentity_.emplace(std::pair{stamp.device, stamp.identity}, place);
     std::string above = tools::FolderOf(folder);
@@ -128,7 +128,8 @@ void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {
 }
 
 std::optional<ProtectedPlaces::Place> ProtectedPlaces::PlaceIn(const std::string& folder) const {
-  if (const auto found = byPath_.find(KeyOf(folder)); found != byPath_.end()) return found->second;
+  if (const auto found = byPath_.find(PlaceKeyOf(folder)); found != byPath_.end())
+    return found->second;
   const tools::FileStamp stamp = StampWherePossible(folder);
   if (!stamp.exists) return std::nullopt;
   const auto found = byIdentity_.find({stamp.device, stamp.identity});

@@ -29,7 +29,7 @@ std::vector<std::string> PlainParts(const std::string& scriptPath) {
 }
 
 // Names that Windows takes for one get one key.
-std::string KeyOf(std::string_view name) {
+std::string WindowsKeyOf(std::string_view name) {
   std::string key = tools::LowerCase(name);
   const std::size_t last = key.find_last_not_of(". ");
   if (last != std::string::npos) key.resize(last + 1);
@@ -51,7 +51,7 @@ std::string TreeStoredName(const model::ICFile& entry, std::string_view sourcePa
 }
 
 TreePlaces::TreePlaces(const std::vector<std::string>& ownNames) {
-  for (const std::string& name : ownNames) ownKeys_.insert(KeyOf(name));
+  for (const std::string& name : ownNames) ownKeys_.insert(WindowsKeyOf(name));
 }
 
 TreePlace TreePlaces::Take(const model::ICFile& entry, std::string_view sourcePath) {
@@ -59,7 +59,7 @@ TreePlace TreePlaces::Take(const model::ICFile& entry, std::string_view sourcePa
   const std::string name(ScriptFileName(stored));
   const Folder& folder = FolderAt(stored.substr(0, stored.size() - name.size()));
   if (folder.fault != TreePlace::Fault::None) return {folder.fault, {}, folder.other};
-  const std::string key = folder.key + KeyOf(name);
+  const std::string key = folder.key + WindowsKeyOf(name);
   if (ownKeys_.contains(key)) return {TreePlace::Fault::OwnName, {}, {}};
   if (spelled_.contains(key)) return {TreePlace::Fault::FolderInTheWay, {}, {}};
   File& file = files_.try_emplace(key, File{{}, name}).first->second;
@@ -88,7 +88,7 @@ TreePlaces::Folder TreePlaces::Enter(const std::string& scriptFolder) {
   Folder folder;
   std::vector<std::pair<std::string, std::string>> entered;
   for (std::string& part : PlainParts(scriptFolder)) {
-    folder.key += KeyOf(part);
+    folder.key += WindowsKeyOf(part);
     if (ownKeys_.contains(folder.key)) return {TreePlace::Fault::OwnName, {}, {}, {}};
     const auto file = files_.find(folder.key);
     if (file != files_.end()) {

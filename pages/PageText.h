@@ -15,6 +15,11 @@ using model::Text;
 /// A text of the table as Qt shows it.
 [[nodiscard]] inline QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
+/// What remains of a stored text that Qt has shown: bytes that are not UTF-8 are replaced.
+[[nodiscard]] inline std::string AsShown(std::string_view text) {
+  return tools::ToUtf8(tools::ToQString(text));
+}
+
 /// 50000 as "50.000".
 [[nodiscard]] inline QString GermanNumber(qlonglong number) {
   return QLocale(QLocale::German, QLocale::Germany).toString(number);

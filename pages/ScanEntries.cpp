@@ -1,16 +1,9 @@
 #include "pages/ScanEntries.h"
 
+#include "pages/PageText.h"
 #include "pages/RelativeSources.h"
-#include "tools/desktop/QtText.h"
 
 namespace pages {
-
-namespace {
-
-// Bytes that no screen shows stay as they are unless the author changed the text.
-std::string AsShown(const std::string& text) { return tools::ToUtf8(tools::ToQString(text)); }
-
-}  // namespace
 
 FolderScan ScanOf(const model::ICFile& entry) {
   return {.folder = entry.SourcePath,
@@ -34,6 +27,7 @@ std::vector<FieldEdit> EditsToScan(const model::ICFile& entry, const FolderScan&
                                    const PageServices& services) {
   const FolderScan before = ScanOf(entry);
   std::vector<FieldEdit> edits;
+  // Bytes that no screen shows stay as they are unless the author changed the text.
   if (scan.folder != AsShown(before.folder)) {
     edits.push_back({entry.ID, "SourcePath",
                      OfferRelativeFolder(scan.folder, services.project, services.dialogs)});

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::int32_t kInstallationFolder = 2001;
-constexpr QSize kSize(560, 360);  ///< pixels, at first
+constexpr QSize kFirstSize(560, 360);  ///< pixels, at first
 
 }  // namespace
 
@@ -51,7 +51,7 @@ UnknownTargets::UnknownTargets(const model::FileEntries& entries, QWidget* paren
   layout->addWidget(cmbTarget);
   layout->addSpacing(layout->spacing());
   layout->addWidget(buttons);
-  resize(kSize);
+  resize(kFirstSize);
 }
 
 void UnknownTargets::ListEntries(const model::FileEntries& entries) {

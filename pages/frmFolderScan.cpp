@@ -25,8 +25,8 @@ using tools::ToUtf8;
 
 namespace {
 
-constexpr auto kDelay = std::chrono::milliseconds(250);  ///< while the author types
-constexpr QSize kSize(600, 460);                         ///< pixels, at first
+constexpr auto kTypingDelay = std::chrono::milliseconds(250);  ///< while the author types
+constexpr QSize kScanSize(600, 460);                           ///< pixels, at first
 
 QString FoundText(const ScanResult& result) {
   if (!result.problem.empty()) return ToQString(result.problem);
@@ -58,7 +58,7 @@ frmFolderScan::frmFolderScan(const FolderScan& scan, const model::ModProject& pr
   BuildFound();
   LayOut();
   delay_.setSingleShot(true);
-  delay_.setInterval(kDelay);
+  delay_.setInterval(kTypingDelay);
   connect(&delay_, &QTimer::timeout, this, tools::Guarded(dialogs_, [this] { Search(); }));
   connect(&search_, &ScanSearch::Found, this, &frmFolderScan::Show);
   for (QLineEdit* field : {txtFolder, txtPattern}) {
@@ -67,7 +67,7 @@ frmFolderScan::frmFolderScan(const FolderScan& scan, const model::ModProject& pr
   connect(chkSubfolders, &QCheckBox::toggled, this, &frmFolderScan::ScanChanged);
   connect(cmdBrowse, &QPushButton::clicked, this, &frmFolderScan::Browse);
   ScanChanged();
-  resize(kSize);
+  resize(kScanSize);
 }
 
 void frmFolderScan::BuildFields(const FolderScan& scan) {

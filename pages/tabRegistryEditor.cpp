@@ -44,9 +44,6 @@ constexpr Text kNotSet = Text::ValueNotSet;
 
 constexpr std::string_view kDefaultValue = "@";
 
-/// What the page shows of a stored text: bytes that are not UTF-8 become replacement characters.
-std::string AsShown(std::string_view text) { return ToUtf8(ToQString(text)); }
-
 bool IsSame(std::string_view a, std::string_view b) {
   return tools::EqualIgnoringCase(tools::TrimBlanks(a), tools::TrimBlanks(b));
 }

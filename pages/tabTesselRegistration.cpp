@@ -24,10 +24,10 @@ using tools::ToUtf8;
 
 namespace {
 
-constexpr std::string_view kSection = setting::kCatalogueKey.section;
+constexpr std::string_view kCatalogue = setting::kCatalogueKey.section;
 constexpr std::string_view kKey = setting::kCatalogueKey.key;
-constexpr std::string_view kTitle = setting::kCatalogueTitle.key;
-constexpr std::string_view kType = setting::kCatalogueType.key;
+constexpr std::string_view kTitleKey = setting::kCatalogueTitle.key;
+constexpr std::string_view kTypeKey = setting::kCatalogueType.key;
 constexpr std::int32_t kProgramTypes = 6;
 constexpr std::string_view kSubtypesKey = "SOFTWARE\\Quillon\\Tessel\\AppTypes\\";
 
@@ -129,11 +129,11 @@ void tabTesselRegistration::ReadSettings() {
   const std::string title =
       Host()->Read(setting::kComponentTitle.section, setting::kComponentTitle.key, "?");
   txtTesselKey->setText(
-      ToQString(Host()->Read(kSection, kKey, tools::LowerCase(WithoutBlanks(title)))));
-  txtProgramTitle->setText(ToQString(Host()->Read(kSection, kTitle, title)));
+      ToQString(Host()->Read(kCatalogue, kKey, tools::LowerCase(WithoutBlanks(title)))));
+  txtProgramTitle->setText(ToQString(Host()->Read(kCatalogue, kTitleKey, title)));
   FillTypes();
-  cmbProgramType->setCurrentIndex(PositionOfType(Host()->Read(kSection, kType, "1")));
-  cmbProgramSubtype->setEditText(ToQString(Host()->Read(kSection, "SubType", "")));
+  cmbProgramType->setCurrentIndex(PositionOfType(Host()->Read(kCatalogue, kTypeKey, "1")));
+  cmbProgramSubtype->setEditText(ToQString(Host()->Read(kCatalogue, "SubType", "")));
   FillSubtypes();
 }
 
@@ -161,10 +161,10 @@ std::int32_t tabTesselRegistration::ChosenType() const {
 
 void tabTesselRegistration::WriteSettings() {
   const std::string key = ToUtf8(txtTesselKey->text());
-  if (LookUpTesselKey(key) == 0) Host()->Save(kSection, kKey, key);
-  Host()->Save(kSection, kTitle, ToUtf8(txtProgramTitle->text()));
-  Host()->Save(kSection, kType, std::to_string(ChosenType()));
-  Host()->Save(kSection, "SubType", ToUtf8(cmbProgramSubtype->currentText()));
+  if (LookUpTesselKey(key) == 0) Host()->Save(kCatalogue, kKey, key);
+  Host()->Save(kCatalogue, kTitleKey, ToUtf8(txtProgramTitle->text()));
+  Host()->Save(kCatalogue, kTypeKey, std::to_string(ChosenType()));
+  Host()->Save(kCatalogue, "SubType", ToUtf8(cmbProgramSubtype->currentText()));
 }
 
 bool tabTesselRegistration::eventFilter(QObject* watched, QEvent* event) {

@@ -67,8 +67,6 @@ std::string SizeText(const Content& content) {
   return content.missing ? "fehlt" : std::to_string(content.size) + " Bytes";
 }
 
-const char* YesNo(bool yes) { return yes ? "ja" : "nein"; }
-
 class Comparer {
  public:
   Comparer(const SetupContents& before, const SetupContents& after)

@@ -28,6 +28,8 @@ enum class CopyRule {
   return "";
 }
 
+[[nodiscard]] constexpr const char* YesNo(bool yes) { return yes ? "ja" : "nein"; }
+
 /// What the user is told when a file cannot be installed.
 struct FailureText {
   std::string message;  ///< with "%file%" where the target stands; empty: nothing is said

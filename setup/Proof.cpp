@@ -29,8 +29,6 @@ const char* StatementOf(CopyRule rule) {
   return "";
 }
 
-const char* YesNo(bool yes) { return yes ? "ja" : "nein"; }
-
 class Prover {
  public:
   Prover(const Setup& setup, const ExpectedSetup& expected)

@@ -11,7 +11,7 @@ namespace setup {
 
 namespace {
 
-constexpr std::size_t kPieceBytes = std::size_t{64} << 10U;
+constexpr std::size_t kBufferBytes = std::size_t{64} << 10U;
 
 [[noreturn]] void RaiseDamaged(const Archive& archive, const Member& member,
                                const std::string& reason) {
@@ -58,7 +58,7 @@ class PackedBytes {
 };
 
 struct Unpacker::State {
-  State() : packed(kPieceBytes, '\0'), plain(kPieceBytes, '\0') {
+  State() : packed(kBufferBytes, '\0'), plain(kBufferBytes, '\0') {
     if (inflateInit2(&stream, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
   }
   ~State() { inflateEnd(&stream); }

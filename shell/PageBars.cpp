@@ -9,6 +9,7 @@
 
 #include "model/TextTable.h"
 #include "pages/EditorPage.h"
+#include "pages/PageText.h"
 #include "shell/EditorTabs.h"
 #include "shell/ProjectTree.h"
 #include "tools/Error.h"
@@ -19,11 +20,10 @@
 namespace shell {
 
 using model::Text;
+using pages::Caption;
 using tools::LinkButton;
 
 namespace {
-
-QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
 tools::FileStamp StampOf(const std::string& path) {
   try {

@@ -10,8 +10,7 @@ namespace shell {
 
 namespace {
 
-constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
-constexpr char kBetween = '\t';
+constexpr char kPathSeparator = '\t';
 
 bool CanBeKept(const std::string& path) {
   return std::none_of(path.begin(), path.end(), [](char c) { return c >= 0 && c < ' '; });
@@ -21,11 +20,11 @@ bool CanBeKept(const std::string& path) {
 
 std::vector<std::string> RecentProducts::Paths() const {
   const std::string stored =
-      registry_.Read(kRoot, model::kPreferencesKey, model::kRecentProducts, "");
+      registry_.Read(model::kPreferencesRoot, model::kPreferencesKey, model::kRecentProducts, "");
   std::vector<std::string> paths;
   std::size_t begin = 0;
   while (begin < stored.size() && paths.size() < kMost) {
-    const std::size_t end = std::min(stored.find(kBetween, begin), stored.size());
+    const std::size_t end = std::min(stored.find(kPathSeparator, begin), stored.size());
     if (end > begin) paths.push_back(stored.substr(begin, end - begin));
     begin = end + 1;
   }
@@ -49,7 +48,7 @@ void RecentProducts::Remove(const std::string& path) {
 void RecentProducts::Store(const std::vector<std::string>& paths) {
   std::string text;
   for (const std::string& path : paths) text += (text.empty() ? "" : "\t") + path;
-  registry_.Write(kRoot, model::kPreferencesKey, model::kRecentProducts, text);
+  registry_.Write(model::kPreferencesRoot, model::kPreferencesKey, model::kRecentProducts, text);
 }
 
 std::vector<std::string> MissingProducts(const std::vector<std::string>& paths) {

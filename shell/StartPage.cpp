@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "model/TextTable.h"
+#include "pages/PageText.h"
 #include "shell/RecentProducts.h"
 #include "tools/desktop/Background.h"
 #include "tools/desktop/LinkButton.h"
@@ -14,8 +15,8 @@
 
 namespace shell {
 
-using model::LoadText;
 using model::Text;
+using pages::Caption;
 using tools::LinkButton;
 using tools::ToQString;
 
@@ -23,8 +24,6 @@ namespace {
 
 constexpr const char* kPath = "path";  // property of a product's row and its buttons
 constexpr double kTitleSize = 1.3;     // of the form's font
-
-QString Caption(Text text) { return ToQString(LoadText(text)); }
 
 }  // namespace
 

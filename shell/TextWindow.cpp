@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kColumns = 100;
+constexpr int kTextColumns = 100;
 constexpr int kLines = 30;
 
 }  // namespace
@@ -38,7 +38,7 @@ TextWindow::TextWindow(const QString& title, const QString& text, QWidget* paren
   layout->addWidget(txtText);
   layout->addWidget(cmdClose, 0, Qt::AlignRight);
   const QFontMetrics metrics = txtText->fontMetrics();
-  resize(metrics.averageCharWidth() * kColumns, metrics.lineSpacing() * kLines);
+  resize(metrics.averageCharWidth() * kTextColumns, metrics.lineSpacing() * kLines);
 }
 
 }  // namespace shell

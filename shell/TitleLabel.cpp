@@ -8,7 +8,7 @@ namespace shell {
 
 namespace {
 
-constexpr int kMargin = 6;
+constexpr int kTitleMargin = 6;
 /// How much of the text's colour an inactive title has in its ground: enough to stand out from the
 /// window, little enough to read the text on it.
 constexpr double kInactiveShade = 0.15;
@@ -25,7 +25,7 @@ TitleLabel::TitleLabel(QWidget* parent) : QLabel(parent) {
   QFont bold = font();
   bold.setBold(true);
   setFont(bold);
-  setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+  setContentsMargins(kTitleMargin, kTitleMargin / 2, kTitleMargin, kTitleMargin / 2);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 

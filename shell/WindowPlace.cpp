@@ -12,15 +12,14 @@ namespace shell {
 
 namespace {
 
-constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
-
 void Store(tools::Registry& registry, std::string_view name, const QByteArray& state) {
-  registry.Write(kRoot, model::kPreferencesKey, name, state.toBase64().toStdString());
+  registry.Write(model::kPreferencesRoot, model::kPreferencesKey, name,
+                 state.toBase64().toStdString());
 }
 
 QByteArray Stored(tools::Registry& registry, std::string_view name) {
-  return QByteArray::fromBase64(
-      QByteArray::fromStdString(registry.Read(kRoot, model::kPreferencesKey, name, "")));
+  return QByteArray::fromBase64(QByteArray::fromStdString(
+      registry.Read(model::kPreferencesRoot, model::kPreferencesKey, name, "")));
 }
 
 }  // namespace

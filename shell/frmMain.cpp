@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "model/TextTable.h"
+#include "pages/PageText.h"
 #include "shell/ErrorList.h"
 #include "shell/IconList.h"
 #include "shell/MainToolBar.h"
@@ -31,6 +32,7 @@
 namespace shell {
 
 using model::Text;
+using pages::Caption;
 
 namespace {
 
@@ -38,8 +40,6 @@ constexpr QSize kFirstSize(1040, 680);
 constexpr QSize kLeastSize(640, 420);
 constexpr QSize kWindowFrame(16, 48);  ///< what the window system may add around the window
 constexpr int kFirstTreeWidth = 280;
-
-QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "model/TextTable.h"
+#include "pages/PageText.h"
 #include "shell/ComponentCommands.h"
 #include "shell/MainToolBar.h"
 #include "shell/PageBars.h"
@@ -23,12 +24,9 @@
 namespace shell {
 
 using model::Text;
+using pages::Caption;
 
-namespace {
-
-QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
-
-}  // namespace
+namespace {}  // namespace
 
 void frmMain::BuildToolBar() {
   tbrMain = new MainToolBar(this);

@@ -11,6 +11,7 @@
 #include "model/ModProject.h"
 #include "model/Preferences.h"
 #include "model/TextTable.h"
+#include "pages/PageText.h"
 #include "tools/StandardTexts.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
@@ -22,13 +23,11 @@
 namespace shell {
 
 using model::Text;
+using pages::Caption;
 
 namespace {
 
-constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
 constexpr int kColumns = 56;  ///< characters of the file name that are seen at once
-
-QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
 
 QLineEdit* AddField(QFormLayout& form, QLabel*& label, const char* labelName, Text text,
                     const char* name) {
@@ -55,8 +54,8 @@ frmNewProduct::frmNewProduct(tools::Registry& registry, tools::Dialogs& dialogs,
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
   txtProductTitle->setText(Caption(Text::NewProductTitle));
   txtProductTitle->selectAll();
-  txtAuthor->setText(tools::ToQString(
-      registry_.Read(kRoot, model::kPreferencesKey, model::kLastAuthor, std::string_view())));
+  txtAuthor->setText(tools::ToQString(registry_.Read(
+      model::kPreferencesRoot, model::kPreferencesKey, model::kLastAuthor, std::string_view())));
 }
 
 // The fields come into the dialog before the buttons, so that Tab goes through them first.
@@ -100,7 +99,7 @@ void frmNewProduct::ProposeFileName(const QString& title) {
 void frmNewProduct::Confirm() {
   // A product can be made without it.
   tools::Guard(dialogs_, [this] {
-    registry_.Write(kRoot, model::kPreferencesKey, model::kLastAuthor,
+    registry_.Write(model::kPreferencesRoot, model::kPreferencesKey, model::kLastAuthor,
                     tools::ToUtf8(txtAuthor->text()));
   });
   confirmed_ = true;

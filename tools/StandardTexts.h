@@ -14,6 +14,9 @@ inline constexpr std::int32_t kTextCancel = 111;
 inline constexpr std::int32_t kTextWarning = 115;   ///< caption of warnings
 inline constexpr std::int32_t kTextQuestion = 118;  ///< caption of questions
 
+/// Between two lines of a message.
+inline constexpr const char* kLineBreak = "\r\n";
+
 /// The German text of that number; empty for any other number.
 [[nodiscard]] std::string StandardText(std::int32_t number);
 

@@ -17,8 +17,6 @@ namespace {
 using model::LoadText;
 using model::Text;
 
-constexpr const char* kLineBreak = "\r\n";
-
 class DesktopBuild : public engine::BuildObserver {
  public:
   /// Adds the build's messages to `result`, which must outlive this object.
@@ -44,7 +42,7 @@ class DesktopBuild : public engine::BuildObserver {
 
   bool MayEmptyOutputFolder(const std::string& /*folder*/) override {
     tools::Message question;
-    question.text = LoadText(Text::OutputFolderHoldsFiles) + kLineBreak + kLineBreak +
+    question.text = LoadText(Text::OutputFolderHoldsFiles) + tools::kLineBreak + tools::kLineBreak +
                     LoadText(Text::ReallyContinue);
     question.caption = tools::StandardText(tools::kTextWarning);
     question.buttons = tools::MessageButtons::YesNo;
@@ -87,7 +85,7 @@ class DesktopBuild : public engine::BuildObserver {
   }
 
   void ShowErrors(const std::string& more) {
-    Show(LoadText(Text::BuildHadErrors) + kLineBreak + more, tools::kTextWarning);
+    Show(LoadText(Text::BuildHadErrors) + tools::kLineBreak + more, tools::kTextWarning);
   }
 
   void Show(const std::string& text, std::int32_t caption) {

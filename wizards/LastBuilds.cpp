@@ -10,8 +10,6 @@ namespace wizards {
 
 namespace {
 
-constexpr tools::RegistryRoot kRoot = tools::RegistryRoot::CurrentUser;
-
 // A value of the registry holds "name=value" for each option, joined by "|". Paths may hold any
 // character; those that a name or value of the registry cannot take are written as "%" and two
 // hexadecimal digits.
@@ -56,7 +54,8 @@ std::string LastBuilds::NameOf(model::VersionSlot version) const {
 
 tools::WizardDataStore LastBuilds::Of(model::VersionSlot version) const {
   tools::WizardDataStore values;
-  const std::string stored = registry_.Read(kRoot, model::kLastBuildsKey, NameOf(version), "");
+  const std::string stored =
+      registry_.Read(model::kPreferencesRoot, model::kLastBuildsKey, NameOf(version), "");
   std::string_view rest = stored;
   while (!rest.empty()) {
     const std::string_view option = rest.substr(0, rest.find('|'));
@@ -75,7 +74,7 @@ void LastBuilds::Remember(model::VersionSlot version, const tools::WizardDataSto
     if (!text.empty()) text += '|';
     text.append(name).append("=").append(Escaped(value));
   }
-  registry_.Write(kRoot, model::kLastBuildsKey, NameOf(version), text);
+  registry_.Write(model::kPreferencesRoot, model::kLastBuildsKey, NameOf(version), text);
 }
 
 }  // namespace wizards

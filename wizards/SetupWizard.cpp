@@ -4,6 +4,7 @@
 
 #include "model/StoredOptions.h"
 #include "model/TextTable.h"
+#include "tools/StandardTexts.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/WaitCursor.h"
 #include "wizards/LastBuilds.h"
@@ -15,8 +16,6 @@ using model::Text;
 using model::LoadText;
 
 namespace {
-
-constexpr const char* kLineBreak = "\r\n";
 
 tools::WizardPage OptionPage(Text title, Text description, const char* next) {
   tools::WizardPage page;
@@ -30,9 +29,9 @@ tools::WizardPage IntroPage() {
   tools::WizardPage page;
   page.PageStyle = 1;
   page.PageTitle = LoadText(Text::Welcome);
-  page.PageDescription = LoadText(Text::SetupWizardIntro) + kLineBreak +
-                         LoadText(Text::SetupWizardPreparation) + kLineBreak + kLineBreak +
-                         LoadText(Text::ClickNext);
+  page.PageDescription = LoadText(Text::SetupWizardIntro) + tools::kLineBreak +
+                         LoadText(Text::SetupWizardPreparation) + tools::kLineBreak +
+                         tools::kLineBreak + LoadText(Text::ClickNext);
   page.ForwardStep = "configuration";
   return page;
 }
@@ -41,8 +40,8 @@ tools::WizardPage ReadyPage() {
   tools::WizardPage page;
   page.PageStyle = 3;
   page.PageTitle = LoadText(Text::ReadyStep);
-  page.PageDescription =
-      LoadText(Text::ReadyToBuild) + kLineBreak + kLineBreak + LoadText(Text::ClickFinish);
+  page.PageDescription = LoadText(Text::ReadyToBuild) + tools::kLineBreak + tools::kLineBreak +
+                         LoadText(Text::ClickFinish);
   page.AllowFinish = true;
   return page;
 }

@@ -78,8 +78,8 @@ TEST_F(FileEntriesTest, ANumberThatDoesNotFitIsAnErrorOfItsPlace) {
       {"1\n[File1]\nVital=32768",
        "Überlauf: 32768 liegt nicht zwischen -32768 und 32767: K.component ([File1] Vital)"},
       {"-1", "Die Anzahl ist ungültig: K.component ([Files] Count=-1)"}};
-  for (const auto& [text, error] : rows) {
-    EXPECT_EQ(ErrorOf([&] { (void)Read(std::string("[Files]\nCount=") + text); }), error);
+  for (const auto& row : rows) {
+    EXPECT_EQ(ErrorOf([&] { (void)Read(std::string("[Files]\nCount=") + row.first); }), row.second);
   }
 }
 

@@ -47,14 +47,15 @@ class frmMainTest : public QObject, protected WindowFixture {
         {"", [](QDialog& form) { PressCloseBox(form); }},
         {"", [](QDialog& form) { QTest::keyClick(&form, Qt::Key_Return); }},
         {"Änne Müller", escape}};
-    for (const auto& [proposed, leave] : proposals) {
+    for (const auto& proposal : proposals) {
+      const QString& proposed = proposal.first;
       QCOMPARE(program_->window.windowTitle() == "Packwright", proposed.isEmpty());
       ModalScript script;
       script.Expect<QDialog>("frmNewProduct", [&](QDialog& form) {
         QCOMPARE(Shown(form, "txtAuthor"), proposed);
         Type(Child(form, "txtFilename"), tools::ToQString(home_->Path("neu/neu.product")));
         Type(Child(form, "txtAuthor"), "Änne Müller");
-        leave(form);
+        proposal.second(form);
       });
       program_->Press("new");
     }

@@ -139,7 +139,7 @@ class ScriptedDialogs : public tools::Dialogs {
       ReportFailure("unexpected " + kind + " \"" + shown + "\"");
       return {kind, shown, refusal, ""};
     }
-    const Expectation taken = expected_.front();
+    Expectation taken = expected_.front();
     expected_.pop_front();
     return taken;
   }

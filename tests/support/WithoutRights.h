@@ -15,7 +15,7 @@ template <typename Action>
   constexpr uid_t kNobody = 65534;
   const bool superuser = ::geteuid() == 0;
   EXPECT_EQ(superuser ? ::seteuid(kNobody) : 0, 0);
-  const std::string error = ErrorOf(action);
+  std::string error = ErrorOf(action);
   EXPECT_EQ(superuser ? ::seteuid(0) : 0, 0);
   return error;
 }

@@ -1,3 +1,5 @@
+#include <QTreeWidget>
+
 #include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/UserHome.h"

@@ -19,7 +19,9 @@ constexpr std::uint64_t kLargestPiece = std::uint64_t{16} << 20U;
 
 constexpr std::size_t kReadBytes = std::size_t{1} << 18U;
 
-auto KeyOf(const EarlierArchive::Block& block) { return std::pair(block.sourceBytes, block.crc32); }
+auto ContentKeyOf(const EarlierArchive::Block& block) {
+  return std::pair(block.sourceBytes, block.crc32);
+}
 
 }  // namespace
 
@@ -123,7 +125,7 @@ EarlierArchive::EarlierArchive(const std::string& path, std::string_view mark,
   } catch (const Error&) {  // It is not there, mostly.
     blocks_.clear();
   }
-  std::ranges::sort(blocks_, {}, KeyOf);
+  std::ranges::sort(blocks_, {}, ContentKeyOf);
   blocks_.shrink_to_fit();
 }
 
@@ -216,10 +218,10 @@ std::span<const EarlierArchive::Block> EarlierArchive::Find(std::size_t sourceBy
   const std::pair key(static_cast<std::uint32_t>(sourceBytes), crc32);
   const auto begin = std::lower_bound(
       blocks_.begin(), blocks_.end(), key,
-      [](const Block& block, const auto& wanted) { return KeyOf(block) < wanted; });
+      [](const Block& block, const auto& wanted) { return ContentKeyOf(block) < wanted; });
   const auto end = std::upper_bound(
       begin, blocks_.end(), key,
-      [](const auto& wanted, const Block& block) { return wanted < KeyOf(block); });
+      [](const auto& wanted, const Block& block) { return wanted < ContentKeyOf(block); });
   return {begin, end};
 }
 

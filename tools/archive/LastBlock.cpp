@@ -11,7 +11,7 @@ namespace tools {
 namespace {
 
 // Small enough to stay in the processor's nearest caches.
-constexpr std::size_t kDecodeBytes = 65536;
+constexpr std::size_t kOutputBytes = 65536;
 constexpr std::size_t kWindowBytes = 32768;  // how far back a deflate stream refers
 
 // What begins at a wrong place by chance ends sooner.
@@ -59,7 +59,7 @@ bool LooksLikeLastBlock(std::string_view deflated, std::size_t beginBit, std::ui
 
 }  // namespace
 
-LastBlockFinder::LastBlockFinder() : anything_(kWindowBytes), output_(kDecodeBytes) {
+LastBlockFinder::LastBlockFinder() : anything_(kWindowBytes), output_(kOutputBytes) {
   if (inflateInit2(&stream_, -MAX_WBITS) != Z_OK) throw std::bad_alloc();
 }
 

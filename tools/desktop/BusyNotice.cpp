@@ -25,7 +25,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kMargin = 18;         // pixels around the texts
+constexpr int kFrameMargin = 18;    // pixels around the texts
 constexpr int kSteps = 1000;        // of the progress bar
 constexpr int kMinimumWidth = 340;  // pixels
 constexpr auto kAppearing = 300ms;  // how long a window system may take to show a window
@@ -90,7 +90,7 @@ BusyNotice::BusyNotice(const QString& text, Buttons buttons, QWidget* parent)
   prgProgress_->hide();
 
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setContentsMargins(kFrameMargin, kFrameMargin, kFrameMargin, kFrameMargin);
   layout->addWidget(lblText);
   layout->addWidget(prgProgress_);
   layout->addWidget(lblProgress_);
@@ -98,7 +98,7 @@ BusyNotice::BusyNotice(const QString& text, Buttons buttons, QWidget* parent)
     cmdStop_ = new QPushButton(ToQString(StandardText(kTextCancel)), this);
     cmdStop_->setObjectName(u"cmdStop"_s);
     connect(cmdStop_, &QPushButton::clicked, this, [this] { stopRequested_ = true; });
-    layout->addSpacing(kMargin / 2);
+    layout->addSpacing(kFrameMargin / 2);
     layout->addWidget(cmdStop_, 0, Qt::AlignRight);
   }
   ShowAtOnce();

@@ -22,8 +22,6 @@ namespace tools {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr std::chrono::seconds kLongestWait{60};
 // Short beside a save: who waits finds the gap between two saves of a program that makes many.
 constexpr std::chrono::milliseconds kPause{1};
@@ -36,11 +34,11 @@ class FolderLock::Implementation {
   Implementation(const std::string& folder, std::chrono::milliseconds longestStandstill)
       : handle_(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     if (!handle_.IsOpen()) Fail(folder);
-    const auto begin = Clock::now();
+    const auto begin = std::chrono::steady_clock::now();
     auto lastChange = begin;
     FileStamp stamp;
     while (!IsTaken(folder)) {
-      const auto now = Clock::now();
+      const auto now = std::chrono::steady_clock::now();
       if (const FileStamp other = StampOf(folder.empty() ? "." : folder); other != stamp) {
         stamp = other;
         lastChange = now;
@@ -74,8 +72,6 @@ FolderLock::FolderLock(const std::string& folder, std::chrono::milliseconds long
 FolderLock::~FolderLock() = default;
 
 namespace {
-
-constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 
 /// " (Prozess 17)", from the kernel's list of locks; empty where that does not name the holder.
 std::string HolderOf(const FileHandle& folder) {

@@ -51,8 +51,6 @@ bool IsStillAt(const FileHandle& handle, const std::string& path) {
 
 namespace {
 
-constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-
 [[noreturn]] void FailToRemove(const std::string& path, std::error_code cause) {
   throw PathError("Der Ordner kann nicht gelöscht werden", path, cause);
 }

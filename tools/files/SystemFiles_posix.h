@@ -41,6 +41,9 @@ class FileHandle {
   int descriptor_;
 };
 
+/// Opens a folder to work below it, and no link to one.
+inline constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
 /// A point in time as nanoseconds since 1970-01-01 UTC. Times that nanoseconds cannot count (from
 /// 2262 on) become the last that they can.
 [[nodiscard]] inline std::int64_t NanosecondsOf(const timespec& time) {

@@ -17,13 +17,13 @@ using tests::ReadZip;
 using tests::WordBytes;
 
 static constexpr std::size_t kBlock = 1U << 20U;
-static constexpr ArchiveOptions kSmallBlocks{.blockMegabytes = 1};
+static const ArchiveOptions kSmallBlocks{.blockMegabytes = 1};
 
 class ArchiveWriterTest : public testing::Test {
  protected:
   // Archives files of "in" under their names, in this order.
   ArchiveTotals Archive(const std::vector<std::string>& names,
-                        ArchiveOptions options = kSmallBlocks,
+                        const ArchiveOptions& options = kSmallBlocks,
                         const ArchiveWriter::ProgressCallback& progress = {}) {
     ArchiveWriter writer(*disk_, archive_, options, progress);
     for (const std::string& name : names) {
@@ -38,7 +38,7 @@ class ArchiveWriterTest : public testing::Test {
   template <typename Action>
   std::string FailureOf(const Action& action) {
     folder_.Write("out/a.zip", "as before");
-    const std::string description = tests::ErrorOf(action);
+    std::string description = tests::ErrorOf(action);
     EXPECT_TRUE(description == "no error" || ArchiveBytes() == "as before") << description;
     EXPECT_EQ(FindFiles(folder_.Path("out"), "*", Subfolders::Search).size(), 1U);
     return description;

@@ -12,7 +12,7 @@ class LeftoversTest : public testing::Test {
   /// A temporary file or folder in the folder `place` that nobody holds, as a killed program
   /// leaves it.
   [[nodiscard]] std::string Leave(bool asFolder) const {
-    const std::string name = FileNamePart(TemporaryNameBeside("x"));
+    std::string name = FileNamePart(TemporaryNameBeside("x"));
     if (asFolder) folder_.MakeFolder(name + "/tief");
     folder_.Write(asFolder ? name + "/tief/datei" : name, "Rest");
     return name;

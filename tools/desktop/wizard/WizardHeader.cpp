@@ -22,7 +22,7 @@ const QColor kInside(0x6e, 0x47, 0x22);
 const QColor kFlap(0xe9, 0xbd, 0x84);
 const QColor kTape(0x2f, 0x9e, 0x8f);
 
-constexpr int kWidthInCharacters = 26;
+constexpr int kTextWidthInCharacters = 26;
 
 void FillPolygon(QPainter& painter, const QColor& color, const QPolygonF& unitPoints) {
   painter.setBrush(color);
@@ -70,7 +70,7 @@ void WizardPicture::SetImage(const QString& path) {
 }
 
 QSize WizardPicture::sizeHint() const {
-  const int width = kWidthInCharacters * fontMetrics().averageCharWidth();
+  const int width = kTextWidthInCharacters * fontMetrics().averageCharWidth();
   return {width, 2 * width};
 }
 
