@@ -1,6 +1,7 @@
 // POSIX only: what the operations on files share.
 #pragma once
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
