@@ -4,11 +4,8 @@
 
 #include <string_view>
 
-#include "tools/registry/Registry.h"
-
 namespace model {
 
-inline constexpr tools::RegistryRoot kPreferencesRoot = tools::RegistryRoot::CurrentUser;
 inline constexpr std::string_view kPreferencesKey = "Software\\Quillon\\Packwright";
 inline constexpr std::string_view kLastAuthor = "LastAuthor";
 inline constexpr std::string_view kRecentProducts = "RecentProducts";  ///< tabs between the paths

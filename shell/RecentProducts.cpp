@@ -19,8 +19,8 @@ bool CanBeKept(const std::string& path) {
 }  // namespace
 
 std::vector<std::string> RecentProducts::Paths() const {
-  const std::string stored =
-      registry_.Read(model::kPreferencesRoot, model::kPreferencesKey, model::kRecentProducts, "");
+  const std::string stored = registry_.Read(tools::RegistryRoot::CurrentUser,
+                                            model::kPreferencesKey, model::kRecentProducts, "");
   std::vector<std::string> paths;
   std::size_t begin = 0;
   while (begin < stored.size() && paths.size() < kMost) {
@@ -48,7 +48,8 @@ void RecentProducts::Remove(const std::string& path) {
 void RecentProducts::Store(const std::vector<std::string>& paths) {
   std::string text;
   for (const std::string& path : paths) text += (text.empty() ? "" : "\t") + path;
-  registry_.Write(model::kPreferencesRoot, model::kPreferencesKey, model::kRecentProducts, text);
+  registry_.Write(tools::RegistryRoot::CurrentUser, model::kPreferencesKey, model::kRecentProducts,
+                  text);
 }
 
 std::vector<std::string> MissingProducts(const std::vector<std::string>& paths) {

@@ -13,13 +13,13 @@ namespace shell {
 namespace {
 
 void Store(tools::Registry& registry, std::string_view name, const QByteArray& state) {
-  registry.Write(model::kPreferencesRoot, model::kPreferencesKey, name,
+  registry.Write(tools::RegistryRoot::CurrentUser, model::kPreferencesKey, name,
                  state.toBase64().toStdString());
 }
 
 QByteArray Stored(tools::Registry& registry, std::string_view name) {
   return QByteArray::fromBase64(QByteArray::fromStdString(
-      registry.Read(model::kPreferencesRoot, model::kPreferencesKey, name, "")));
+      registry.Read(tools::RegistryRoot::CurrentUser, model::kPreferencesKey, name, "")));
 }
 
 }  // namespace

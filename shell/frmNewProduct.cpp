@@ -54,8 +54,9 @@ frmNewProduct::frmNewProduct(tools::Registry& registry, tools::Dialogs& dialogs,
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
   txtProductTitle->setText(Caption(Text::NewProductTitle));
   txtProductTitle->selectAll();
-  txtAuthor->setText(tools::ToQString(registry_.Read(
-      model::kPreferencesRoot, model::kPreferencesKey, model::kLastAuthor, std::string_view())));
+  txtAuthor->setText(
+      tools::ToQString(registry_.Read(tools::RegistryRoot::CurrentUser, model::kPreferencesKey,
+                                      model::kLastAuthor, std::string_view())));
 }
 
 // The fields come into the dialog before the buttons, so that Tab goes through them first.
@@ -99,7 +100,7 @@ void frmNewProduct::ProposeFileName(const QString& title) {
 void frmNewProduct::Confirm() {
   // A product can be made without it.
   tools::Guard(dialogs_, [this] {
-    registry_.Write(model::kPreferencesRoot, model::kPreferencesKey, model::kLastAuthor,
+    registry_.Write(tools::RegistryRoot::CurrentUser, model::kPreferencesKey, model::kLastAuthor,
                     tools::ToUtf8(txtAuthor->text()));
   });
   confirmed_ = true;

@@ -55,7 +55,7 @@ std::string LastBuilds::NameOf(model::VersionSlot version) const {
 tools::WizardDataStore LastBuilds::Of(model::VersionSlot version) const {
   tools::WizardDataStore values;
   const std::string stored =
-      registry_.Read(model::kPreferencesRoot, model::kLastBuildsKey, NameOf(version), "");
+      registry_.Read(tools::RegistryRoot::CurrentUser, model::kLastBuildsKey, NameOf(version), "");
   std::string_view rest = stored;
   while (!rest.empty()) {
     const std::string_view option = rest.substr(0, rest.find('|'));
@@ -74,7 +74,7 @@ void LastBuilds::Remember(model::VersionSlot version, const tools::WizardDataSto
     if (!text.empty()) text += '|';
     text.append(name).append("=").append(Escaped(value));
   }
-  registry_.Write(model::kPreferencesRoot, model::kLastBuildsKey, NameOf(version), text);
+  registry_.Write(tools::RegistryRoot::CurrentUser, model::kLastBuildsKey, NameOf(version), text);
 }
 
 }  // namespace wizards
