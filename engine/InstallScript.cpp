@@ -27,13 +27,13 @@ bool IsReplacedSafely(std::string_view scriptPath) {
   return extension == "ocx" || extension == "dll" || extension == "exe";
 }
 
-// The call that puts the file at its target; it is true where that succeeds.
-std::string CopyStatement(const model::ICFile& entry, const std::string& source,
-                          const std::string& target) {
-  const std::string arguments = "(" + Quoted(source) + ", " + Quoted(target);
-  if (entry.Overwrite == 0) return "Add" + arguments + ")";
-  if (!IsReplacedSafely(source)) return "Copy" + arguments + ")";
-  return "ReplSafe" + arguments + ", , " + (entry.SelfRegisterDLL == 1 ? "True" : "False") + ")";
+// The call that puts the file at its target; it is true where that succeeds. These are its name and
+// what follows source and target.
+std::pair<std::string_view, std::string_view> CopyCall(const model::ICFile& entry,
+                                                       std::string_view source) {
+  if (entry.Overwrite == 0) return {"Add", ""};
+  if (!IsReplacedSafely(source)) return {"Copy", ""};
+  return {"ReplSafe", entry.SelfRegisterDLL == 1 ? ", , True" : ", , False"};
 }
 
 bool RegistersItself(const model::ICFile& entry, std::string_view source) {
@@ -55,7 +55,12 @@ std::string ScriptTarget(const model::ICFile& entry, std::string_view sourcePath
 }
 
 InstallScript::InstallScript(Sink sink, ScriptHead head, bool packaged)
-    : sink_(std::move(sink)), head_(std::move(head)), packaged_(packaged) {}
+    : sink_(std::move(sink)),
+      head_(std::move(head)),
+      packaged_(packaged),
+      notInstalled_(model::LoadText(model::Text::ScriptFileNotInstalled)),
+      errorCaption_(tools::StandardText(tools::kTextError)),
+      failed_(model::LoadText(model::Text::ScriptInstallationFailed)) {}
 
 void InstallScript::Begin() {
   WriteScriptLine(kScriptTitle);
@@ -92,36 +97,33 @@ void InstallScript::BeginComponent(std::string_view title) {
 
 void InstallScript::AddFile(const model::ICFile& entry, std::string_view sourcePath,
                             std::string_view storedName) {
-  const std::string stored(storedName);
-  const std::string source = (packaged_ ? "%TempPath%\\" : "%SrcPath%\\") + stored;
+  std::string source(packaged_ ? "%TempPath%\\" : "%SrcPath%\\");
+  source.append(storedName);
   const std::string target = ScriptTarget(entry, sourcePath);
   if (packaged_) {
-    const std::string unpacked = "%TempPath%\\" + std::string(ScriptFileName(stored));
-    WriteScriptLine("If Extract(" + Quoted("%SrcPath%\\" + head_.productTitle + ".zip") + ", " +
-                    Quoted(stored) + ", " + Quoted(unpacked) + ") Then");
+    WriteScriptLine({"If Extract(\"%SrcPath%\\", head_.productTitle, ".zip\", \"", storedName,
+                     "\", \"%TempPath%\\", ScriptFileName(storedName), "\") Then"});
   }
-  WriteScriptLine("If Not " + CopyStatement(entry, source, target) + " Then");
+  const auto [call, arguments] = CopyCall(entry, source);
+  WriteScriptLine({"If Not ", call, "(\"", source, "\", \"", target, "\"", arguments, ") Then"});
   WriteFailure(entry, target);
   WriteScriptLine("Else");
   if (entry.RegisterPath == 1) WriteScriptLine("'TO-DO: Register path for this file...");
   if (RegistersItself(entry, source)) {
     WriteScriptLine("'Self-register this file");
-    WriteScriptLine("SelfReg " + Quoted(target));
+    WriteScriptLine({"SelfReg \"", target, "\""});
   }
   WriteScriptLine("End If");
   if (packaged_) {
-    WriteScriptLine("Del " + Quoted(source));
+    WriteScriptLine({"Del \"", source, "\""});
     WriteScriptLine("End If");
   }
 }
 
 void InstallScript::WriteFailure(const model::ICFile& entry, const std::string& target) {
-  const std::string text =
-      tools::ReplaceAll(model::LoadText(model::Text::ScriptFileNotInstalled), "%file%", target);
-  WriteScriptLine("ErrMsg " + Quoted(text) + ", " + Quoted(tools::StandardText(tools::kTextError)));
-  if (entry.Vital != 0)
-    WriteScriptLine("CancelInstall " +
-                    Quoted(model::LoadText(model::Text::ScriptInstallationFailed)));
+  const std::string text = tools::ReplaceAll(notInstalled_, "%file%", target);
+  WriteScriptLine({"ErrMsg \"", text, "\", \"", errorCaption_, "\""});
+  if (entry.Vital != 0) WriteScriptLine({"CancelInstall \"", failed_, "\""});
 }
 
 void InstallScript::EndComponent() { WriteScriptLine(""); }
@@ -132,8 +134,8 @@ void InstallScript::End() {
   WriteScriptLine("'--- End of installation script ---");
 }
 
-void InstallScript::WriteScriptLine(std::string_view line) {
-  sink_(line);
+void InstallScript::WriteScriptLine(std::initializer_list<std::string_view> parts) {
+  for (const std::string_view part : parts) sink_(part);
   sink_("\r\n");
 }
 

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <initializer_list>
 #include <set>
 #include <string>
 #include <string_view>
@@ -67,13 +68,18 @@ class InstallScript {
   void End();
 
  private:
-  void WriteScriptLine(std::string_view line);
+  /// A million files have ten million lines: they are given in parts, not put together first.
+  void WriteScriptLine(std::initializer_list<std::string_view> parts);
+  void WriteScriptLine(std::string_view line) { WriteScriptLine({line}); }
   void WriteRegistration();
   void WriteFailure(const model::ICFile& entry, const std::string& target);
 
   Sink sink_;
   ScriptHead head_;
   bool packaged_;
+  std::string notInstalled_;  ///< texts that every file's statements have
+  std::string errorCaption_;
+  std::string failed_;
 };
 
 /// Stored names by entry ID and source path: a folder scan stores many files for one ID, and one

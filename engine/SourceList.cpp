@@ -13,6 +13,7 @@ namespace {
 // No line of a script could name such a file.
 void LeaveOutControlNames(SourceList& list) {
   std::erase_if(list.paths, [&list](const std::string& path) {
+    if (!tools::HasControlCharacter(path)) return false;  // nearly all
     if (!tools::HasControlCharacter(tools::FileNamePart(path))) return false;
     const std::string shown = tools::EscapeControlCharacters(path);
     list.problems.push_back({SourceFault::Name, Severity::Error,
