@@ -20,8 +20,8 @@ prepare() {
   packaging/debian-packages.sh build desktop bench
   cmake --preset release -B out/bench -DPACKWRIGHT_DESKTOP=ON -DPACKWRIGHT_BENCH=ON \
     -DBUILD_TESTING=OFF >/dev/null
-  cmake --build out/bench --target packwright-build deflate_limit settings_bench pages_bench \
-    desktop_bench start_bench bare_window program_window >/dev/null
+  cmake --build out/bench --target packwright-build deflate_limit rebuild_limit settings_bench \
+    pages_bench desktop_bench start_bench bare_window program_window >/dev/null
   builder=$PWD/out/bench/bin/packwright-build
   mkdir -p "$data"
 }
@@ -144,10 +144,10 @@ compare() {
   rm -f "$data"/times.* "$data"/size.*
 }
 
-# The time that libdeflate needs in memory is printed by the program itself.
-limit_of() { # NAME
-  printf '#!/bin/sh\nfor i in $(seq %s); do %s %s; done | sort -n | awk "{a[NR]=\\$1} END {print a[int((NR+1)/2)]}"\n' \
-    "$runs" "$PWD/out/bench/bin/deflate_limit" "$data/$1" >"$data/limit.sh"
+# The time that the work alone needs is printed by the program itself.
+limit_of() { # PROGRAM ARGUMENTS
+  printf '#!/bin/sh\nfor i in $(seq %s); do %s; done | sort -n | awk "{a[NR]=\\$1} END {print a[int((NR+1)/2)]}"\n' \
+    "$runs" "$PWD/out/bench/bin/$*" >"$data/limit.sh"
   chmod +x "$data/limit.sh"
 }
 
@@ -160,7 +160,7 @@ ours() { # NAME OPTIONS
 folder_bench() { # NAME TITLE
   make_product "$1"
   make_nsis "$1"
-  limit_of "$1"
+  limit_of deflate_limit "$data/$1"
   compare "$2, packaged" "packwright@$(ours "$1")" \
     "zip -6@cd $data && zip -6 -q -r out/zip.zip $1" \
     "7zz -mx=3@cd $data && 7zz a -tzip -mx=3 out/7z.zip $1" \
@@ -186,6 +186,7 @@ rebuild_bench() { # NAME TITLE
   make_product again/files
   rm -rf "$data/out" && bash -c "$(ours again/files)" && mv "$data/out/setup" "$again/setup"
   (cd "$again" && zip -6 -q -r zip.zip files)
+  limit_of rebuild_limit "$data/$1" "$again/setup/Bench.zip"
   before="cp -r --preserve=timestamps $again/setup $again/zip.zip $data/out"
   for changed in "nothing" "a hundredth"; do
     if [ "$changed" != nothing ]; then change_a_hundredth "$again/files"; fi
@@ -193,7 +194,8 @@ rebuild_bench() { # NAME TITLE
     compare "$2, built again with $changed changed" \
       "packwright@$(ours again/files --overwrite)" \
       "--fresh@$(ours again/files '--overwrite --fresh')" \
-      "zip -u@cd $again && { zip -6 -u -q -r ../out/zip.zip files || [ \$? = 12 ]; }"
+      "zip -u@cd $again && { zip -6 -u -q -r ../out/zip.zip files || [ \$? = 12 ]; }" \
+      "limit@true"
     bash -c "$(ours again/files '--overwrite --fresh')"
     cp "$data/out/setup/Bench.zip" "$again/fresh.zip"
     rm -rf "$data/out/setup" && cp -r "$again/setup" "$data/out"
