@@ -50,7 +50,7 @@ struct BuildMessage {
   model::ComponentSlot component = 0;  ///< component slot, 0 when it belongs to none
   std::string componentTitle;
   std::int32_t entry = 0;  ///< entry number in the component, 0 when it belongs to none
-  std::string entryId;     ///< of that entry, where it has one: numbers change when entries go
+  std::string entryId{};   ///< of that entry, where it has one: numbers change when entries go
 };
 
 /// Gets the reports and questions of a build. Every call comes on the thread that builds. None may
