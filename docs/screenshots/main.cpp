@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QModelIndex>
 #include <QMouseEvent>
@@ -88,6 +89,15 @@ bool PagePictures(shell::frmMain& window, const QDir& folder) {
          PagePicture(window, 5, folder, QStringLiteral("page-tessel"));
 }
 
+/// Returns when the packaging page, if it is shown, tells what its check has found.
+void WaitForCheck(const QWidget& wizard) {
+  const auto* check = wizard.findChild<QLabel*>(QStringLiteral("lblCheck"));
+  const QString running = tools::ToQString(model::LoadText(model::Text::CheckIsRunning));
+  while (check != nullptr && check->isVisible() && check->text() == running) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+}
+
 /// One picture of each page but the last, while the wizard is open.
 bool WizardPictures(shell::frmMain& window, const QDir& folder) {
   ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
@@ -98,6 +108,7 @@ bool WizardPictures(shell::frmMain& window, const QDir& folder) {
     if (wizard == nullptr) return;
     stored = true;
     for (const char* page : {"intro", "configuration", "output", "packaging"}) {
+      WaitForCheck(*wizard);
       stored = stored && wizard->CurrentPage() == page &&
                StorePicture(*wizard, folder, QStringLiteral("wizard-") + QLatin1String(page));
       wizard->findChild<QPushButton*>(QStringLiteral("cmdNext"))->click();
