@@ -141,8 +141,11 @@ void ComponentOperations::AddSeveral(VersionSlot version, const std::vector<File
   const std::vector<ComponentSlot> slots =
       FreeSlots(version, isEmpty ? 1 : count + 1, files.size());
   Change([&](Undo& undo) {
-    const std::string note = NoteCopy(project_, disk_, version, slots, undo);
+    const std::string note = NoteCopy(project_, disk_, version, slots, files, undo);
     auto hold = std::make_unique<tools::TemporaryHold>(note);
+    if (hold->IsLost()) {
+      throw tools::Error("Ein anderes Programm hat die Version gerade geändert: " + note);
+    }
     if (isEmpty && count > 0) WriteCount(version, 0, undo);
     for (std::size_t i = 0; i < files.size(); ++i) {
       WriteComponent(project_.ComponentFilePath(version, slots[i]), *files[i], undo);
@@ -150,6 +153,7 @@ void ComponentOperations::AddSeveral(VersionSlot version, const std::vector<File
     WriteCount(version, std::max<std::int32_t>(count, slots.back()), undo);
     hold.reset();
     disk_.DeleteFile(note);
+    disk_.SyncFolder(tools::FolderOf(note));
   });
 }
 

@@ -40,7 +40,7 @@ std::vector<ComponentSlot> ComponentFiles(const std::string& versionFolder, std:
     if (item.name.size() <= kComponentEnding.size()) continue;
     const std::size_t length = item.name.size() - kComponentEnding.size();
     if (tools::EqualIgnoringAsciiCase(item.name.substr(length), kComponentEnding)) {
-      slots.push_back(SlotNumberOf(item.name.substr(0, length), kComponentWord));
+      slots.emplace_back(SlotNumberOf(item.name.substr(0, length), kComponentWord));
     }
   }
   if (failure && failure != std::errc::no_such_file_or_directory &&

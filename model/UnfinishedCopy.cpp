@@ -1,9 +1,14 @@
 #include "model/UnfinishedCopy.h"
 
+#include <charconv>
+#include <functional>
+#include <optional>
+
 #include "tools/Error.h"
-#include "tools/Numbers.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
+#include "tools/files/FolderLock.h"
+#include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 #include "tools/files/TemporaryFiles.h"
 
@@ -11,21 +16,42 @@ namespace model {
 
 namespace {
 
-constexpr SettingName kSlots{"Copy", "Slots", ""};
+constexpr SettingName kCopies{"Copy", "Slots", ""};
 constexpr char kSeparator = ',';
 
 std::string NotePath(const ModProject& project, VersionSlot version) {
   return tools::JoinPath(tools::FolderOf(project.VersionFilePath(version)), "components.copying");
 }
 
+// "4:" and a sum of the file in slot 4. Another library may have other sums: then the file stays.
+std::string NoteOf(ComponentSlot slot, const std::string& content) {
+  return std::to_string(slot) + ':' + std::to_string(std::hash<std::string>()(content));
+}
+
+// A slot whose file is still what was copied there.
+std::optional<ComponentSlot> SlotOfCopy(const ModProject& project, VersionSlot version,
+                                        const std::string& noted) {
+  std::int32_t slot = 0;
+  const char* const end = noted.data() + noted.find(':');
+  if (noted.find(':') == std::string::npos || std::from_chars(noted.data(), end, slot).ptr != end)
+    return {};
+  const std::string path = project.ComponentFilePath(version, slot);
+  if (!tools::FileExists(path) || NoteOf(slot, tools::ReadWholeFile(path)) != noted) return {};
+  return slot;
+}
+
 }  // namespace
 
 std::string NoteCopy(ModProject& project, tools::Disk& disk, VersionSlot version,
-                     const std::vector<ComponentSlot>& slots, Undo& undo) {
+                     const std::vector<ComponentSlot>& slots,
+                     const std::vector<std::shared_ptr<const tools::SettingsFile>>& copies,
+                     Undo& undo) {
   std::string text;
-  for (const ComponentSlot slot : slots) text.append(std::to_string(slot)).append(1, kSeparator);
+  for (std::size_t i = 0; i < slots.size(); ++i) {
+    text.append(NoteOf(slots[i], copies[i]->Render())).append(1, kSeparator);
+  }
   tools::SettingsFile note;
-  note.Write(kSlots.section, kSlots.key, text);
+  note.Write(kCopies.section, kCopies.key, text);
   std::string path = NotePath(project, version);
   project.Settings().ReplaceFile(path, note);
   undo.Add([&disk, path] {
@@ -37,18 +63,19 @@ std::string NoteCopy(ModProject& project, tools::Disk& disk, VersionSlot version
 void RemoveUnfinishedCopy(const ModProject& project, tools::Disk& disk, VersionSlot version) {
   const std::string note = NotePath(project, version);
   if (!tools::FileExists(note)) return;
+  // Else another program could clear up too, and then use the slots that are deleted here.
+  const tools::FolderLock lock(tools::FolderOf(note));
   if (!tools::IsOwnerGone(note)) {
     throw tools::PathError("Ein anderes Programm kopiert gerade Komponenten in die Version",
                            tools::FolderOf(note), {});
   }
-  const std::string slots =
-      project.Settings().Load(note)->Read(kSlots.section, kSlots.key, kSlots.standard);
+  const std::string copies =
+      project.Settings().Load(note)->Read(kCopies.section, kCopies.key, kCopies.standard);
   const std::int32_t count = project.ComponentCount(version);
-  for (const std::string& text : tools::SplitList(slots, kSeparator, '\0')) {
+  for (const std::string& noted : tools::SplitList(copies, kSeparator, '\0')) {
     // What the count shows, the author has seen: the program was killed after its last step.
-    const ComponentSlot slot = tools::ToInt32(text);
-    const std::string path = project.ComponentFilePath(version, slot);
-    if (slot > count && tools::FileExists(path)) disk.DeleteFile(path);
+    const std::optional<ComponentSlot> slot = SlotOfCopy(project, version, noted);
+    if (slot && *slot > count) disk.DeleteFile(project.ComponentFilePath(version, *slot));
   }
   disk.SyncFolder(tools::FolderOf(note));
   disk.DeleteFile(note);

@@ -3,6 +3,7 @@
 // between leaves files beyond the count, and the note tells them from an author's.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,14 +13,16 @@
 
 namespace model {
 
-/// Notes that these slots get copies, and returns the path of the note, which its owner holds
+/// Notes which slots get which copies, and returns the path of the note, which its owner holds
 /// (tools::TemporaryHold) and deletes when the count is written. Raises tools::Error.
-[[nodiscard]] std::string NoteCopy(ModProject& project, tools::Disk& disk, VersionSlot version,
-                                   const std::vector<ComponentSlot>& slots, Undo& undo);
+[[nodiscard]] std::string NoteCopy(
+    ModProject& project, tools::Disk& disk, VersionSlot version,
+    const std::vector<ComponentSlot>& slots,
+    const std::vector<std::shared_ptr<const tools::SettingsFile>>& copies, Undo& undo);
 
-/// Deletes what a killed program has copied into the version without showing it. For operations
-/// that raise the count, before they look for free slots. Raises tools::Error, also while another
-/// program copies.
+/// Deletes what a killed program has copied into the version without showing it; a file that has
+/// changed since stays. For operations that raise the count, before they look for free slots.
+/// Raises tools::Error, also while another program copies.
 void RemoveUnfinishedCopy(const ModProject& project, tools::Disk& disk, VersionSlot version);
 
 }  // namespace model

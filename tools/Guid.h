@@ -15,6 +15,8 @@ namespace tools {
 class GuidSource {
  public:
   GuidSource();
+  GuidSource(const GuidSource&) = delete;  // a copy would give the same ones
+  GuidSource& operator=(const GuidSource&) = delete;
   [[nodiscard]] std::string NewText();
 
  private:

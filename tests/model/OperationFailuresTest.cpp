@@ -267,4 +267,24 @@ TEST(PowerLossTest, NothingThatAKilledCopyHasLeftIsShownByTheNextOne) {
   }
 }
 
+TEST(PowerLossTest, WhatAnAuthorChangedSinceAKilledCopyStays) {
+  ReplayedProduct product(kOperations[5]);
+  const ShownComponent wanted = product.components.ComponentsOf(2).front();
+  int kept = 0;
+  const auto editAndCopy = [&](ModProject& project) {
+    const ComponentSlot slot = project.ComponentCount(1) + 1;
+    const std::string edited = project.ComponentFilePath(1, slot);
+    if (project.ComponentTitle(1, slot).empty()) return;
+    std::ofstream(ToPath(edited), std::ios::app) << "; mine\n";
+    ComponentOperations operations(project, product.disk, product.dialogs, product.window);
+    EXPECT_THAT(ErrorOf([&] { operations.Copy({wanted, wanted}, 1); }), HasSubstr(edited));
+    EXPECT_THAT(tools::ReadWholeFile(edited), testing::EndsWith("; mine\n"));
+    ++kept;
+  };
+  for (std::size_t count = 1; count < product.steps.size(); ++count) {
+    (void)product.After(count, false, editAndCopy);
+  }
+  EXPECT_GT(kept, 0);
+}
+
 }  // namespace model

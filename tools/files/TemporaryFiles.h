@@ -52,7 +52,8 @@ class HeldTemporary {
   std::unique_ptr<TemporaryHold> hold_;
 };
 
-/// False while a running program holds `path` (see TemporaryHold). For callers who keep others from
+/// False while a running program holds `path` (see TemporaryHold), or when it cannot be opened to
+/// find out; what cannot be locked counts as nobody's. For callers who keep others from
 /// taking hold of it meanwhile.
 [[nodiscard]] bool IsOwnerGone(const std::string& path);
 /// Removes the temporary files and folders in `folder` that have such a name, belong to this user,

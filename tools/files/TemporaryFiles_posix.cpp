@@ -40,7 +40,8 @@ TemporaryHold::~TemporaryHold() = default;
 
 bool IsOwnerGone(const std::string& path) {
   const FileHandle handle(OpenToLock(path));
-  return !handle.IsOpen() || ::flock(handle.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  if (!handle.IsOpen()) return errno == ENOENT;
+  return ::flock(handle.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 void RemoveIfOwnerIsGone(const std::string& path, void (*remove)(const std::string&)) {
