@@ -186,7 +186,8 @@ class Finder {
     const std::string path = project_.ComponentFilePath(version_, component.slot);
     LookAt(component.title, path, "Component", "Title", {component.slot, component.title, 0});
     for (const UnfitValue& value : component.unfitValues) {
-      Report(path, model::FileEntrySection(value.entry), value.key, component.PlaceOf(value.entry));
+      Report(path, model::FileEntrySection(value.entry), value.key,
+             {component.slot, component.title, value.entry, value.entryId});
     }
   }
 

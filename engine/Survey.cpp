@@ -59,7 +59,7 @@ void NoteUnfitValues(SurveyedComponent& component, std::int32_t number, const mo
       {"TargetSubFolder", &file.TargetSubFolder},
       {"TargetName", &file.TargetName}};
   for (const auto& [key, value] : values) {
-    if (tools::HasControlCharacter(*value)) component.unfitValues.push_back({number, key});
+    if (tools::HasControlCharacter(*value)) component.unfitValues.push_back({number, file.ID, key});
   }
 }
 

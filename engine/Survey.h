@@ -21,7 +21,8 @@ namespace engine {
 
 /// A value of an entry that holds a control character.
 struct UnfitValue {
-  std::int32_t entry = 0;
+  std::int32_t entry = 0;  ///< its number
+  std::string entryId;
   std::string_view key;
 };
 
@@ -33,8 +34,6 @@ struct SurveyedComponent {
   std::vector<SurveyProblem> problems;  ///< of the component itself
   std::vector<UnfitValue> unfitValues;  ///< of the entries, by their order
 
-  /// Of an entry by its number alone.
-  [[nodiscard]] Place PlaceOf(std::int32_t entry) const { return {slot, title, entry}; }
   [[nodiscard]] Place PlaceOf(const SurveyedEntry& entry) const {
     return {slot, title, entry.Number(), entry.ID()};
   }

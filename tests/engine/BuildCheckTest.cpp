@@ -183,6 +183,10 @@ TEST_F(BuildCheckTest, NoValueWithAControlCharacterReachesASetup) {
     folder_.Write(file, whole);
   }
   EXPECT_THAT(Check(), IsEmpty());
+  folder_.Write(component, tools::ReplaceAll(folder_.Read(component), "Type=1", "TargetName=\x01"));
+  EXPECT_THAT(CheckBuild(project_, options_, 1, {}),
+              Contains(AllOf(Field(&BuildMessage::text, StartsWith("Ein Wert enthält")),
+                             Field(&BuildMessage::entryId, StartsWith("{")))));
 }
 
 }  // namespace engine
