@@ -20,11 +20,13 @@ using model::Text;
 class DesktopBuild : public engine::BuildObserver {
  public:
   /// Adds the build's messages to `result`, which must outlive this object.
-  DesktopBuild(const BuildServices& services, engine::BuildResult& result)
+  DesktopBuild(const BuildServices& services, engine::BuildResult& result,
+               AfterRefusal afterRefusal)
       : dialogs_(services.dialogs),
         isEndWanted_(services.isEndWanted),
         pace_(services.clock),
         result_(result),
+        afterRefusal_(afterRefusal),
         notice_(dialogs_, LoadText(Text::BuildingSetup), LoadText(Text::ReallyStopBuild)) {}
 
   void OnMessage(const engine::BuildMessage& message) override {
@@ -56,7 +58,7 @@ class DesktopBuild : public engine::BuildObserver {
     return isEndWanted_() || notice_.IsStopWanted();
   }
 
-  /// Tells how the build ended. After a refusal the notice stays.
+  /// Tells how the build ended.
   void ShowEnd(const engine::BuildSummary& summary) {
     switch (summary.outcome) {
       case engine::BuildOutcome::Finished:
@@ -76,7 +78,7 @@ class DesktopBuild : public engine::BuildObserver {
       case engine::BuildOutcome::OutputFolderInUse:
         break;
     }
-    notice_.Leave();
+    if (afterRefusal_ == AfterRefusal::LeaveNotice) notice_.Leave();
   }
 
  private:
@@ -97,6 +99,7 @@ class DesktopBuild : public engine::BuildObserver {
   tools::ReportPace pace_;
   tools::Progress progress_;
   engine::BuildResult& result_;
+  AfterRefusal afterRefusal_;
   tools::StoppableNotice notice_;
 };
 
@@ -116,7 +119,7 @@ engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings) {
 }
 
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
-                model::VersionSlot versionIndex) {
+                model::VersionSlot versionIndex, AfterRefusal afterRefusal) {
   engine::BuildResult result;
   result.version = versionIndex;
   const auto begin = services.clock.SteadyNow();
@@ -126,7 +129,7 @@ void BuildSetup(const BuildServices& services, const tools::WizardDataStore& set
   };
   std::exception_ptr failure;
   try {
-    DesktopBuild build(services, result);
+    DesktopBuild build(services, result, afterRefusal);
     const engine::BuildEnvironment environment{.project = services.project,
                                                .clock = services.clock,
                                                .disk = services.disk,

@@ -2,7 +2,6 @@
 // for what the author must know or decide.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -42,10 +41,15 @@ struct BuildServices {
 /// Raises tools::Error for a number out of range.
 [[nodiscard]] engine::BuildOptions ReadBuildOptions(const tools::WizardDataStore& settings);
 
-/// Builds the version in slot `versionIndex`. A build that was refused leaves the busy notice; its
-/// owner withdraws it. Raises tools::Error when the build cannot run or end at all; the notice is
-/// gone then.
+/// What becomes of the busy notice of a build that was refused.
+enum class AfterRefusal {
+  LeaveNotice,  ///< it stays until the window it belongs to goes
+  WithdrawNotice
+};
+
+/// Builds the version in slot `versionIndex`. Raises tools::Error when the build cannot run or end
+/// at all; the notice is gone then.
 void BuildSetup(const BuildServices& services, const tools::WizardDataStore& settings,
-                model::VersionSlot versionIndex);
+                model::VersionSlot versionIndex, AfterRefusal afterRefusal);
 
 }  // namespace wizards

@@ -1,7 +1,6 @@
 // The options of the last build of each version, so that it can be made again.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "model/ModProject.h"

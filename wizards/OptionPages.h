@@ -1,8 +1,6 @@
 // The setup wizard's option pages under their ProgIDs.
 #pragma once
 
-#include <cstdint>
-
 #include "tools/desktop/wizard/WizardOptionPage.h"
 #include "wizards/BuildSetup.h"
 #include "wizards/UnsavedPages.h"

@@ -86,7 +86,8 @@ void SetupWizard::FillDataStore(tools::WizardDataStore& store) {
 void SetupWizard::Finish(tools::WizardStructure& ParentWizard) {
   tools::Guard(Dialogs(), [&] {
     const tools::WaitCursor hourglass;
-    BuildSetup(services_, ParentWizard.DataStore(), versionIndex_);
+    // The notice goes with the wizard's window.
+    BuildSetup(services_, ParentWizard.DataStore(), versionIndex_, AfterRefusal::LeaveNotice);
   });
   tools::Guard(Dialogs(), [&] {
     LastBuilds(services_.registry, services_.project)

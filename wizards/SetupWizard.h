@@ -1,7 +1,6 @@
 // Guides the author through the build of one version.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "wizards/BuildSetup.h"

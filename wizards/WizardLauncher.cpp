@@ -49,7 +49,7 @@ void WizardLauncher::BuildAgain(model::VersionSlot version, model::OpenPages& pa
   OfferSaving(unsaved);
   if (unsaved.HasFailed()) return;  // the author wanted them in the setup
   const tools::WaitCursor hourglass;
-  BuildSetup(services_, settings, version);
+  BuildSetup(services_, settings, version, AfterRefusal::WithdrawNotice);
 }
 
 void WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {

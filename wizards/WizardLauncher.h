@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QWidget>
-#include <cstdint>
 
 #include "findings/CheckRun.h"
 #include "wizards/SetupWizard.h"

@@ -1,7 +1,6 @@
 // The wizard's page for the output folder.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 

@@ -23,7 +23,7 @@ struct Fixture : ProductDesk {
                          .programFolder = folder.Path("programm"),
                          .isEndWanted = [this] { return isEndWanted; },
                          .onBuilt = [this](const engine::BuildResult& built) { result = built; }},
-                        settings, 1);
+                        settings, 1, wizards::AfterRefusal::LeaveNotice);
   }
 
   bool isEndWanted = false;
