@@ -266,13 +266,18 @@ void frmMain::RunForVersion(Text title, Wanted wanted) {
 }
 
 void frmMain::ShowPlace(model::VersionSlot version, const findings::ChosenPlace& place) {
-  if (!trvProjectTree->SelectNode(ComponentNode(version, place.component))) return;
+  if (!trvProjectTree->SelectNode(ComponentNode(version, place.component))) {
+    ShowStatusText(model::LoadText(Text::EntryIsGone));
+    return;
+  }
   UpdateEditor();
-  for (std::int32_t i = 1; place.entry != 0 && i <= editorTabs_.Count(); ++i) {
+  if (place.entry == 0) return;
+  for (std::int32_t i = 1; i <= editorTabs_.Count(); ++i) {
     if (!editorTabs_.Item(i).ShowEntry(place.entry, place.entryId)) continue;
     tabDataEditor->setCurrentIndex(i - 1);
-    break;
+    return;
   }
+  ShowStatusText(model::LoadText(Text::EntryIsGone));
 }
 
 void frmMain::Refuse(Text text, Text caption) {

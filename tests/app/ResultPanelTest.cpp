@@ -1,4 +1,5 @@
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QTabBar>
 
 #include "tests/support/TestProduct.h"
@@ -44,6 +45,10 @@ class ResultPanelTest : public QObject {
     const auto& files = Child<QTreeView>(program_->window, "lsvBrowser");
     QVERIFY(files.currentIndex().data().toString().endsWith("fehlt.txt"));
     QVERIFY(files.isVisible());
+    folder_->Write(TestProduct::kComponentFile, "[Component]\nTitle=Kern\n");
+    DoubleClick(Findings(), Findings().model()->index(0, 0));
+    QCOMPARE(Child<QStatusBar>(program_->window, "sbrMain").currentMessage(),
+             "Den Eintrag gibt es nicht mehr.");
   }
 
   void ABuildIsToldAndMadeAgainWithoutTheWizard() {
@@ -66,9 +71,12 @@ class ResultPanelTest : public QObject {
     Press(Panel(), "cmdShowLog");
 
     folder_->Write("fehlt.txt", "da");
-    Activate(program_->window);
-    script_->ExpectAndPress("messageBox", "cmdYes");  // the old setup goes
-    QTest::keyClick(&program_->window, Qt::Key_F7);
+    for (const char* answer : {"cmdNo", "cmdYes"}) {
+      Activate(program_->window);
+      script_->ExpectAndPress("messageBox", answer);  // whether the old setup may go
+      QTest::keyClick(&program_->window, Qt::Key_F7);
+      QVERIFY(program_->window.findChild<QWidget*>("busyNotice") == nullptr);
+    }
     QCOMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: Setup erstellt");
     QVERIFY(folder_->Holds("Produkt/Ausgabe/Debug/Probe.zip"));
     script_->ExpectChoosing("browseFolder",
