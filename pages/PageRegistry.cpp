@@ -1,5 +1,6 @@
 #include "pages/PageRegistry.h"
 
+#include <type_traits>
 #include <utility>
 
 #include "pages/tabBuildOptions.h"
@@ -21,8 +22,14 @@ std::string NameOf(const QMetaObject& pageClass) {
   return std::string(qualified.substr(qualified.rfind(':') + 1));
 }
 
+// Q_OBJECT gives each class a member of its own in place of the inherited one.
+template <typename Page>
+constexpr bool kHasQObjectMacro =
+    std::is_same_v<decltype(&Page::qt_metacall), int (Page::*)(QMetaObject::Call, int, void**)>;
+
 template <typename Page>
 void Add(PageRegistry& registry, const char* chapter) {
+  static_assert(kHasQObjectMacro<Page>, "a page is known by its class name: it needs Q_OBJECT");
   const auto make = [](const PageServices& services, QWidget* parent) -> EditorPage* {
     return new Page(services, parent);
   };
@@ -45,8 +52,9 @@ EditorPage* PageRegistry::Create(const std::string& name, const PageServices& se
   return page->second.factory(services, parent);
 }
 
-const std::string& PageRegistry::GuideChapter(const EditorPage& page) const {
-  return pages_.at(NameOf(*page.metaObject())).chapter;
+std::string PageRegistry::GuideChapter(const EditorPage& page) const {
+  const auto found = pages_.find(NameOf(*page.metaObject()));
+  return found == pages_.end() ? std::string() : found->second.chapter;
 }
 
 PageRegistry AllPages() {

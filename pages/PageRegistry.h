@@ -30,8 +30,8 @@ class PageRegistry {
   /// name that is not registered.
   [[nodiscard]] EditorPage* Create(const std::string& name, const PageServices& services,
                                    QWidget* parent) const;
-  /// The name of the guide's chapter on a page of this registry.
-  [[nodiscard]] const std::string& GuideChapter(const EditorPage& page) const;
+  /// The name of the guide's chapter on a page; empty where it has none of its own.
+  [[nodiscard]] std::string GuideChapter(const EditorPage& page) const;
 
  private:
   struct Page {

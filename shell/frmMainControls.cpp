@@ -19,14 +19,11 @@
 #include "shell/WindowKeys.h"
 #include "shell/frmMain.h"
 #include "tools/desktop/Guard.h"
-#include "tools/desktop/QtText.h"
 
 namespace shell {
 
 using model::Text;
 using pages::Caption;
-
-namespace {}  // namespace
 
 void frmMain::BuildToolBar() {
   tbrMain = new MainToolBar(this);
@@ -197,8 +194,9 @@ void frmMain::BuildKeys() {
                   [this] { return tbrMain; }},
                  tools::Guarded(dialogs_, [this, page] {
                    const pages::EditorPage* shown = page();
-                   OpenGuide(shown == nullptr ? kMainWindowChapter
-                                              : services_.pageRegistry.GuideChapter(*shown));
+                   std::string chapter;
+                   if (shown != nullptr) chapter = services_.pageRegistry.GuideChapter(*shown);
+                   OpenGuide(chapter.empty() ? kMainWindowChapter : chapter);
                  }));
 }
 
