@@ -146,67 +146,10 @@ class Bench {
   }
 
   void EditFiles() {
-    // Each run writes new entries to a file without any.
-    const double applying = Seconds([&] { tabs_.Item(1).ApplyChanges(); },
-                                    [&] {
-                                      tabs_.Reset(false);
-                                      WriteEmpty();
-                                      OpenFiles();
-                                      Find<QAction>("mnuAddDirectory0").trigger();
-                                    });
-    const double reading = Seconds([&] { ReadBare(); });
-    const double writing = Seconds([&] { WriteBare(); }, [&] { WriteEmpty(); });
-    Compare("apply all entries", applying, "the file alone", writing);
-    const double opening = Seconds([&] {
-      tabs_.Reset(false);
-      OpenFiles();
-    });
-    Compare("open all entries", opening, "the file alone", reading);
-    auto& folders = Find<QComboBox>("cmbDestinationFolder");
-    Tell("show another destination folder and back", Seconds([&] {
-           folders.setCurrentIndex(1);
-           Paint();
-           folders.setCurrentIndex(0);
-           Paint();
-         }));
-    auto& list = Find<QTreeView>("lsvBrowser");
-    Tell("scroll to the last entry and select it", Seconds([&] {
-           list.setCurrentIndex({});
-           list.setCurrentIndex(list.model()->index(list.model()->rowCount() - 1, 0));
-           Paint();
-         }));
-    auto& props = Find<grid::ctlPropertyEditor>("propsFile");
-    int value = 0;
-    const auto edit = [&] {
-      props.SetProperty(QStringLiteral("TargetSubFolder"), QString::number(++value));
-      Paint();
-    };
-    Tell("edit the last entry", Seconds(edit));
-    Tell("select all", Seconds(
-                           [&] {
-                             list.selectAll();
-                             Paint();
-                           },
-                           [&] { list.clearSelection(); }));
-    Tell("edit all", Seconds(edit));
-    Tell("undo that", Seconds([&] {
-           Find<QAction>("mnuUndo").trigger();
-           Paint();
-         }));
-    auto& filter = Find<QLineEdit>("txtFilter");
-    Tell("filter, a tenth is left", Seconds(
-                                        [&] {
-                                          filter.setText(QStringLiteral("7.dat"));
-                                          Paint();
-                                        },
-                                        [&] { filter.clear(); }));
-    filter.clear();
-    Tell("sort", Seconds(
-                     [&] {
-                       list.sortByColumn(0, Qt::DescendingOrder);
-                       Paint();
-                     },
-                     [&] { list.sortByColumn(-1, Qt::AscendingOrder); }));
+    ApplyAndOpen();
+    ShowEntries();
+    EditEntries();
+    FilterAndSort();
     tabs_.Reset(false);
   }
 
@@ -227,6 +170,81 @@ class Bench {
   }
 
  private:
+  void ApplyAndOpen() {
+    // Each run writes new entries to a file without any.
+    const double applying = Seconds([&] { tabs_.Item(1).ApplyChanges(); },
+                                    [&] {
+                                      tabs_.Reset(false);
+                                      WriteEmpty();
+                                      OpenFiles();
+                                      Find<QAction>("mnuAddDirectory0").trigger();
+                                    });
+    const double reading = Seconds([&] { ReadBare(); });
+    const double writing = Seconds([&] { WriteBare(); }, [&] { WriteEmpty(); });
+    Compare("apply all entries", applying, "the file alone", writing);
+    const double opening = Seconds([&] {
+      tabs_.Reset(false);
+      OpenFiles();
+    });
+    Compare("open all entries", opening, "the file alone", reading);
+  }
+
+  void ShowEntries() {
+    auto& folders = Find<QComboBox>("cmbDestinationFolder");
+    Tell("show another destination folder and back", Seconds([&] {
+           folders.setCurrentIndex(1);
+           Paint();
+           folders.setCurrentIndex(0);
+           Paint();
+         }));
+    auto& list = Find<QTreeView>("lsvBrowser");
+    Tell("scroll to the last entry and select it", Seconds([&] {
+           list.setCurrentIndex({});
+           list.setCurrentIndex(list.model()->index(list.model()->rowCount() - 1, 0));
+           Paint();
+         }));
+  }
+
+  void EditEntries() {
+    auto& list = Find<QTreeView>("lsvBrowser");
+    auto& props = Find<grid::ctlPropertyEditor>("propsFile");
+    int value = 0;
+    const auto edit = [&] {
+      props.SetProperty(QStringLiteral("TargetSubFolder"), QString::number(++value));
+      Paint();
+    };
+    Tell("edit the last entry", Seconds(edit));
+    Tell("select all", Seconds(
+                           [&] {
+                             list.selectAll();
+                             Paint();
+                           },
+                           [&] { list.clearSelection(); }));
+    Tell("edit all", Seconds(edit));
+    Tell("undo that", Seconds([&] {
+           Find<QAction>("mnuUndo").trigger();
+           Paint();
+         }));
+  }
+
+  void FilterAndSort() {
+    auto& list = Find<QTreeView>("lsvBrowser");
+    auto& filter = Find<QLineEdit>("txtFilter");
+    Tell("filter, a tenth is left", Seconds(
+                                        [&] {
+                                          filter.setText(QStringLiteral("7.dat"));
+                                          Paint();
+                                        },
+                                        [&] { filter.clear(); }));
+    filter.clear();
+    Tell("sort", Seconds(
+                     [&] {
+                       list.sortByColumn(0, Qt::DescendingOrder);
+                       Paint();
+                     },
+                     [&] { list.sortByColumn(-1, Qt::AscendingOrder); }));
+  }
+
   template <typename T>
   T& Find(const char* name) {
     return *tabs_.Item(1).findChild<T*>(QString::fromUtf8(name));

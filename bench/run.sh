@@ -116,7 +116,8 @@ seconds_of() {
 
 median() { sort -n | awk '{a[NR] = $1} END {printf "%.3f\n", a[int((NR + 1) / 2)]}'; }
 
-# compare TITLE NAME@COMMAND...     the first is ours; prints its time and the others' over it
+# compare TITLE NAME@COMMAND...     the first is ours; prints its time and the others' over it.
+# The time of "limit" is what limit.sh prints; it makes no archive.
 compare() {
   local title=$1 run i
   shift
@@ -135,7 +136,12 @@ compare() {
   local ours time
   ours=$(median <"$data/times.1")
   for ((i = 1; i <= $#; i++)); do
-    if [ "${!i%%@*}" = limit ]; then time=$("$data/limit.sh"); else time=$(median <"$data/times.$i"); fi
+    if [ "${!i%%@*}" = limit ]; then
+      time=$("$data/limit.sh")
+      : >"$data/size.$i" # not that of what $before has put there
+    else
+      time=$(median <"$data/times.$i")
+    fi
     awk -v name="${!i%%@*}" -v time="$time" -v ours="$ours" -v size="$(cat "$data/size.$i")" \
       'BEGIN {printf "%-12s %8.3f s  x %6.2f", name, time, time / ours
               if (size != "") printf "  %12d bytes", size
