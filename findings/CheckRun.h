@@ -34,7 +34,6 @@ class CheckRun : public QObject {
   void Start(const CheckRequest& request);
   /// Drops the check that runs.
   void Stop();
-  [[nodiscard]] bool IsRunning() const { return current_ != 0; }
 
  Q_SIGNALS:
   /// The check has ended; what it found is in order of component and entry.

@@ -1,7 +1,6 @@
 // What an editor page sees of its host: the settings of the node being edited, and the status bar.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>

@@ -10,7 +10,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "model/FolderTable.h"
 #include "pages/AddedFiles.h"
 #include "pages/EmptyFileHint.h"
 #include "pages/FileFilter.h"
@@ -18,7 +17,6 @@
 #include "pages/FileProperties.h"
 #include "pages/KnownPageValues.h"
 #include "pages/ListPopup.h"
-#include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "pages/RelativeSources.h"
 #include "pages/ScanEntries.h"
@@ -29,7 +27,6 @@
 #include "tools/Error.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
-#include "tools/desktop/ListViewStyle.h"
 #include "tools/desktop/WaitCursor.h"
 
 namespace pages {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "model/TextTable.h"
+#include "pages/PageText.h"
 #include "tools/Error.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
@@ -35,8 +36,7 @@ EditorTabs::EditorTabs(EditorArea& area, model::ModProject& project, tools::Dial
       dialogs_(dialogs),
       pageRegistry_(pageRegistry),
       services_{.project = project, .dialogs = dialogs, .registry = registry},
-      settings_(project,
-                [](std::string_view text) { return tools::ToUtf8(tools::ToQString(text)); }) {}
+      settings_(project, pages::AsShown) {}
 
 EditorTabs::~EditorTabs() = default;
 

@@ -15,7 +15,6 @@
 #include "tools/Error.h"
 #include "tools/desktop/Background.h"
 #include "tools/desktop/LinkButton.h"
-#include "tools/desktop/QtText.h"
 
 namespace shell {
 

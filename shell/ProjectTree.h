@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QTreeWidget>
-#include <cstdint>
 
 #include "model/ModProject.h"
 #include "shell/ErrorList.h"

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QDockWidget>
-#include <cstdint>
 #include <string>
 
 #include "engine/BuildResult.h"

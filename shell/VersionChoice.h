@@ -1,8 +1,6 @@
 // Asks for the version that components are taken from.
 #pragma once
 
-#include <cstdint>
-
 #include "model/ComponentOperations.h"
 #include "model/ModProject.h"
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QMainWindow>
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
