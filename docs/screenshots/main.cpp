@@ -1,16 +1,20 @@
 // Makes the documentation's pictures: opens a product in the real main window and stores what it
 // looks like.
 //
-//   screenshots PRODUCT FOLDER
+//   screenshots PRODUCT FOLDER [dark]
+//
+// In dark colours they are only for looking at.
 #include <QAction>
 #include <QComboBox>
 #include <QCursor>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QModelIndex>
 #include <QMouseEvent>
+#include <QPalette>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTimer>
@@ -89,13 +93,46 @@ bool PagePictures(shell::frmMain& window, const QDir& folder) {
          PagePicture(window, 5, folder, QStringLiteral("page-tessel"));
 }
 
-/// Returns when the packaging page, if it is shown, tells what its check has found.
-void WaitForCheck(const QWidget& wizard) {
-  const auto* check = wizard.findChild<QLabel*>(QStringLiteral("lblCheck"));
-  const QString running = tools::ToQString(model::LoadText(model::Text::CheckIsRunning));
-  while (check != nullptr && check->isVisible() && check->text() == running) {
+/// Returns when the label of that name, if it is shown, does not say `text` any more.
+void WaitWhile(const QWidget& window, const QString& label, model::Text text) {
+  const auto* shown = window.findChild<QLabel*>(label);
+  const QString awaited = tools::ToQString(model::LoadText(text));
+  while (shown != nullptr && shown->isVisible() && shown->text().contains(awaited)) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
+}
+
+/// A filtered list, and the form for a folder scan over the handbook's folder.
+bool FilePictures(shell::frmMain& window, const QDir& product, const QDir& folder) {
+  auto& filter = *window.findChild<QLineEdit*>(QStringLiteral("txtFilter"));
+  filter.setText(QStringLiteral("mess"));
+  bool stored = PagePicture(window, 1, folder, QStringLiteral("file-filter"));
+  filter.clear();
+  QTimer::singleShot(0, &window, [&] {
+    auto& form = *qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    form.findChild<QLineEdit*>(QStringLiteral("txtFolder"))
+        ->setText(product.filePath(QStringLiteral("Quellen/Handbuch")));
+    WaitWhile(form, QStringLiteral("lblFound"), model::Text::Searching);
+    stored = stored && StorePicture(form, folder, QStringLiteral("folder-scan"));
+    form.reject();
+  });
+  window.findChild<QAction*>(QStringLiteral("mnuAddScan"))->trigger();
+  return stored;
+}
+
+/// What the check of a version with a missing source finds.
+bool ResultPicture(shell::frmMain& window, const QDir& product, const QDir& folder) {
+  ClickNode(*window.findChild<QTreeWidget*>(QStringLiteral("trvProjectTree")),
+            QStringLiteral("v2"));
+  const QString source = product.filePath(QStringLiteral("Quellen/Programm/Liesmich.txt"));
+  const QString moved = source + QLatin1Char('~');
+  QFile::rename(source, moved);
+  window.findChild<QAction*>(QStringLiteral("mnuVersionCheck"))->trigger();
+  WaitWhile(window, QStringLiteral("lblOutcome"), model::Text::CheckIsRunning);
+  QFile::rename(moved, source);
+  const bool stored = StorePicture(window, folder, QStringLiteral("result-check"));
+  window.findChild<QWidget*>(QStringLiteral("pnlResult"))->hide();
+  return stored;
 }
 
 /// One picture of each page but the last, while the wizard is open.
@@ -108,7 +145,7 @@ bool WizardPictures(shell::frmMain& window, const QDir& folder) {
     if (wizard == nullptr) return;
     stored = true;
     for (const char* page : {"intro", "configuration", "output", "packaging"}) {
-      WaitForCheck(*wizard);
+      WaitWhile(*wizard, QStringLiteral("lblCheck"), model::Text::CheckIsRunning);
       stored = stored && wizard->CurrentPage() == page &&
                StorePicture(*wizard, folder, QStringLiteral("wizard-") + QLatin1String(page));
       wizard->findChild<QPushButton*>(QStringLiteral("cmdNext"))->click();
@@ -160,8 +197,10 @@ bool MakePictures(const QString& product, const QDir& folder) {
   QCursor::setPos(kWindowSize.width(), kWindowSize.height());  // over nothing that lights up
   window.show();
   program.OpenFromCommandLine({QString(), product});
-  return MainWindowPicture(window, folder) && PagePictures(window, folder) &&
-         WizardPictures(window, folder) && EmptyVersionPictures(window, folder) &&
+  const QDir productFolder = QFileInfo(product).absoluteDir();
+  return MainWindowPicture(window, folder) && FilePictures(window, productFolder, folder) &&
+         PagePictures(window, folder) && WizardPictures(window, folder) &&
+         ResultPicture(window, productFolder, folder) && EmptyVersionPictures(window, folder) &&
          StatePictures(window, folder);
 }
 
@@ -171,9 +210,10 @@ int main(int argc, char** argv) {
   const shell::GuardedApplication application(argc, argv);
   QApplication::setStyle(new tools::FocusStyle);
   const QStringList arguments = QCoreApplication::arguments();
-  if (arguments.size() != 3) {
-    std::fputs("usage: screenshots PRODUCT FOLDER\n", stderr);
+  if (arguments.size() < 3) {
+    std::fputs("usage: screenshots PRODUCT FOLDER [dark]\n", stderr);
     return 2;
   }
+  if (arguments.size() > 3) QApplication::setPalette(QPalette(QColor(50, 50, 50)));
   return MakePictures(QFileInfo(arguments.at(1)).absoluteFilePath(), QDir(arguments.at(2))) ? 0 : 1;
 }
