@@ -275,7 +275,7 @@ TEST(PowerLossTest, WhatAnAuthorChangedSinceAKilledCopyStays) {
     const ComponentSlot slot = project.ComponentCount(1) + 1;
     const std::string edited = project.ComponentFilePath(1, slot);
     if (project.ComponentTitle(1, slot).empty()) return;
-    std::ofstream(ToPath(edited), std::ios::app) << "; mine\n";
+    std::ofstream(ToPath(edited), std::ios::app | std::ios::binary) << "; mine\n";
     ComponentOperations operations(project, product.disk, product.dialogs, product.window);
     EXPECT_THAT(ErrorOf([&] { operations.Copy({wanted, wanted}, 1); }), HasSubstr(edited));
     EXPECT_THAT(tools::ReadWholeFile(edited), testing::EndsWith("; mine\n"));

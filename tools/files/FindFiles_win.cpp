@@ -50,9 +50,9 @@ std::vector<FolderItem> ListFolder(std::string_view folder, std::error_code& fai
     return items;
   }
   do {
+    if (search.IsDots()) continue;
     if (step) step();
     const DWORD attributes = search.Data().dwFileAttributes;
-    if (search.IsDots()) continue;
     const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     FolderItem item{FromWide(search.Data().cFileName),
                     isFolder ? FolderItem::Kind::Folder : FolderItem::Kind::File,
