@@ -134,7 +134,7 @@ std::size_t ReadOurs(const std::string& path) {
     return text;
   };
   for (std::int32_t n = 1; n <= kEntries; ++n) {
-    (void)model::ReadFileEntry(read, path, n, model::EntryUse::Build);
+    (void)model::ReadFileEntry(read, path, n, model::EntryUse::Edit);
   }
   return bytes;
 }
