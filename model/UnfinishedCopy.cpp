@@ -31,10 +31,11 @@ std::string NoteOf(ComponentSlot slot, const std::string& content) {
 // A slot whose file is still what was copied there.
 std::optional<ComponentSlot> SlotOfCopy(const ModProject& project, VersionSlot version,
                                         const std::string& noted) {
+  const std::size_t colon = noted.find(':');
+  if (colon == std::string::npos) return {};
   std::int32_t slot = 0;
-  const char* const end = noted.data() + noted.find(':');
-  if (noted.find(':') == std::string::npos || std::from_chars(noted.data(), end, slot).ptr != end)
-    return {};
+  const char* const end = noted.data() + colon;
+  if (std::from_chars(noted.data(), end, slot).ptr != end) return {};
   const std::string path = project.ComponentFilePath(version, slot);
   if (!tools::FileExists(path) || NoteOf(slot, tools::ReadWholeFile(path)) != noted) return {};
   return slot;
