@@ -39,11 +39,10 @@ void SmallFilesJob::Run(MemberPacker& packer, const std::stop_token& stop) {
   for (Source& source : sources_) {
     if (stop.stop_requested()) return;
     const SmallFile file{std::move(source.memberName), content.substr(0, source.bytes),
-                         source.modifiedNanoseconds};
+                         source.modifiedNanoseconds, &source == &sources_.back()};
     content.remove_prefix(source.bytes);
     bool isTakenOver = false;
-    const bool isLast = &source == &sources_.back();
-    members_.push_back(packer.PackWhole(file, isLast, packed_, isTakenOver));
+    members_.push_back(packer.PackWhole(file, packed_, isTakenOver));
     if (!isTakenOver) continue;
     ++filesTakenOver_;
     bytesTakenOver_ += source.bytes;
@@ -60,7 +59,7 @@ void SmallFilesJob::Deliver(const std::stop_token& /*stop*/) {
 }
 
 void FileBlockJob::Run(MemberPacker& packer, const std::stop_token& /*stop*/) {
-  block_ = packer.PackBlock(std::exchange(content_, {}), isLast_);
+  block_ = packer.PackBlock(std::exchange(content_, {}), place_);
 }
 
 void FileBlockJob::Deliver(const std::stop_token& stop) { member_->Append(block_, stop); }

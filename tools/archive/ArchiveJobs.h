@@ -60,8 +60,8 @@ class SmallFilesJob : public ArchiveJob {
 /// The jobs of a file's blocks have to be added one behind the other, from the first to the last.
 class FileBlockJob : public ArchiveJob {
  public:
-  FileBlockJob(std::shared_ptr<LargeMember> member, std::string content, bool isLast)
-      : member_(std::move(member)), content_(std::move(content)), isLast_(isLast) {}
+  FileBlockJob(std::shared_ptr<LargeMember> member, std::string content, BlockPlace place)
+      : member_(std::move(member)), content_(std::move(content)), place_(place) {}
 
   [[nodiscard]] std::size_t WaitingBytes() const override { return content_.capacity(); }
   [[nodiscard]] std::size_t HeldBytes() const override {
@@ -73,7 +73,7 @@ class FileBlockJob : public ArchiveJob {
  private:
   std::shared_ptr<LargeMember> member_;
   std::string content_;
-  bool isLast_;
+  BlockPlace place_;
   PackedBlock block_;
 };
 

@@ -145,14 +145,15 @@ class ArchiveWriter::Implementation {
   bool AddBlocks(SteadySource& source, const ArchiveSource& description) {
     FlushSmallFiles();
     const auto member = std::make_shared<LargeMember>(assembler_, description, blockBytes_);
-    for (std::uint64_t i = 1; i <= member->Blocks(); ++i) {
+    for (std::uint64_t i = 0; i < member->Blocks(); ++i) {
       std::optional<std::string> content = source.Next(blockBytes_);
-      const bool isLast = i == member->Blocks();
+      const BlockPlace place = member->PlaceOf(i);
+      const bool isLast = place == BlockPlace::Last;
       if (!content || (isLast && !(source.IsAtEnd() && source.IsUnchanged()))) {
         workers_.Add(std::make_unique<AbandonJob>(member), reportProgress_);
         return false;
       }
-      workers_.Add(std::make_unique<FileBlockJob>(member, std::move(*content), isLast),
+      workers_.Add(std::make_unique<FileBlockJob>(member, std::move(*content), place),
                    reportProgress_);
     }
     return true;

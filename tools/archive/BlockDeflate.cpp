@@ -96,7 +96,7 @@ class BlockDeflater::Continuation {
   // block may begin, without having ended the stream. Bytes that were made to be read otherwise
   // would have to bring forth the block's content, which nobody knew when they were made.
   bool IsPartOf(std::string_view source, std::span<char> deflated) {
-    const std::string follower = StoredBlocks({mark_.data(), mark_.size()}, true);
+    const std::string follower = StoredBlocks({mark_.data(), mark_.size()}, BlockPlace::Last);
     // A stored block that is open at the part's end would take the follower as its content, and
     // give the source's own end where that reads as the follower's header.
     if (source.ends_with(std::string_view(follower).substr(0, kStoredBlockHeaderBytes)))
@@ -267,14 +267,15 @@ bool BlockDeflater::IsPartOf(std::string_view source, std::span<char> deflated) 
   return continuation_->IsPartOf(source, deflated);
 }
 
-std::string StoredBlocks(std::string_view source, bool isLast) {
+std::string StoredBlocks(std::string_view source, BlockPlace place) {
   std::string blocks;
   blocks.reserve(source.size() +
                  (source.size() / kLargestStoredBlock + 1) * kStoredBlockHeaderBytes);
   do {
     const std::string_view block = source.substr(0, kLargestStoredBlock);
     source.remove_prefix(block.size());
-    blocks.push_back(static_cast<char>(isLast && source.empty() ? kFinalBlockBit : 0));
+    const bool endsStream = place == BlockPlace::Last && source.empty();
+    blocks.push_back(static_cast<char>(endsStream ? kFinalBlockBit : 0));
     AppendNumber(blocks, static_cast<std::uint16_t>(block.size()));
     AppendNumber(blocks, static_cast<std::uint16_t>(~block.size()));
     blocks += block;

@@ -12,6 +12,9 @@ struct libdeflate_compressor;
 
 namespace tools {
 
+/// Where a block stands in its stream, which goes on behind all but the last one.
+enum class BlockPlace : std::uint8_t { Inner, Last };
+
 /// One thread's compressor with its buffers.
 class BlockDeflater {
  public:
@@ -55,9 +58,8 @@ class BlockDeflater {
   std::unique_ptr<Continuation> continuation_;
 };
 
-/// `source` as a part of a deflate stream in stored blocks (RFC 1951, 3.2.4); the stream goes on
-/// behind it unless it `isLast`.
-[[nodiscard]] std::string StoredBlocks(std::string_view source, bool isLast);
+/// `source` as a part of a deflate stream in stored blocks (RFC 1951, 3.2.4).
+[[nodiscard]] std::string StoredBlocks(std::string_view source, BlockPlace place);
 
 /// The CRC-32 of a zip member's bytes.
 [[nodiscard]] std::uint32_t Crc32(std::string_view bytes);

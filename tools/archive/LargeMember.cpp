@@ -9,6 +9,10 @@ std::uint64_t LargeMember::Blocks() const {
   return (source_.stamp.size + blockBytes_ - 1) / blockBytes_;
 }
 
+BlockPlace LargeMember::PlaceOf(std::uint64_t index) const {
+  return index + 1 == Blocks() ? BlockPlace::Last : BlockPlace::Inner;
+}
+
 void LargeMember::Append(const PackedBlock& block, const std::stop_token& stop) {
   if (appended_ == 0) {
     // The sizes settle the form of the header; both are known to stay below them.
@@ -23,11 +27,10 @@ void LargeMember::Append(const PackedBlock& block, const std::stop_token& stop) 
   if (block.isDeflated && member.method == ZipMethod::Stored) {
     WriteAgain(ZipMethod::Deflated, stop);
   }
-  ++appended_;
-  const bool isLast = appended_ == Blocks();
-  Write(block, isLast);
+  const BlockPlace place = PlaceOf(appended_++);
+  Write(block, place);
   if (block.isTakenOver) takenOverBytes_ += block.sourceBytes;
-  if (!isLast) return;
+  if (place != BlockPlace::Last) return;
   // What the deflated blocks gained is less than what the stored ones take beyond their content.
   const bool isDeflated = member.method == ZipMethod::Deflated;
   if (isDeflated && member.storedBytes >= member.sourceBytes) WriteAgain(ZipMethod::Stored, stop);
@@ -40,10 +43,10 @@ void LargeMember::Abandon() {
   if (appended_ > 0) assembler_.DropMember();
 }
 
-void LargeMember::Write(const PackedBlock& block, bool isLast) {
+void LargeMember::Write(const PackedBlock& block, BlockPlace place) {
   const bool isStream = assembler_.CurrentMember().method == ZipMethod::Deflated;
   if (isStream && !block.isDeflated) {
-    assembler_.AppendData(StoredBlocks(block.data, isLast), block);
+    assembler_.AppendData(StoredBlocks(block.data, place), block);
   } else {
     assembler_.AppendData(block.data, block);
   }
@@ -61,7 +64,7 @@ void LargeMember::WriteAgain(ZipMethod method, const std::stop_token& stop) {
     block.data.resize(file.ReadAt(i * blockBytes_, block.data));
     block.crc32 = Crc32(block.data);
     block.sourceBytes = block.data.size();
-    Write(block, i + 1 == Blocks());
+    Write(block, PlaceOf(i));
   }
   const ZipMember& member = assembler_.CurrentMember();
   const bool isSame = member.sourceBytes == sourceBytes && member.crc32 == crc32;

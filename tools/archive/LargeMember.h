@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "tools/archive/ArchiveAssembler.h"
+#include "tools/archive/BlockDeflate.h"
 #include "tools/archive/MemberPacker.h"
 #include "tools/files/Files.h"
 
@@ -32,6 +33,8 @@ class LargeMember {
       : assembler_(assembler), source_(std::move(source)), blockBytes_(blockBytes) {}
 
   [[nodiscard]] std::uint64_t Blocks() const;
+  /// Of the block with this index, from 0.
+  [[nodiscard]] BlockPlace PlaceOf(std::uint64_t index) const;
 
   /// Adds the next block; the first one begins the member and the last one ends it. The member
   /// stays incomplete when `stop` is requested. Raises Error.
@@ -40,7 +43,7 @@ class LargeMember {
   void Abandon();
 
  private:
-  void Write(const PackedBlock& block, bool isLast);
+  void Write(const PackedBlock& block, BlockPlace place);
   void WriteAgain(ZipMethod method, const std::stop_token& stop);
 
   ArchiveAssembler& assembler_;

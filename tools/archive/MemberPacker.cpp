@@ -7,8 +7,7 @@ namespace tools {
 MemberPacker::MemberPacker(int level, std::size_t blockBytes, const EarlierArchive& earlier)
     : deflater_(level, blockBytes), taker_(earlier, deflater_) {}
 
-ZipMember MemberPacker::PackWhole(const SmallFile& file, bool isNoted, std::string& bytes,
-                                  bool& isTakenOver) {
+ZipMember MemberPacker::PackWhole(const SmallFile& file, std::string& bytes, bool& isTakenOver) {
   std::string_view data = file.content;
   ZipMember member{.name = file.memberName,
                    .method = ZipMethod::Stored,
@@ -17,7 +16,7 @@ ZipMember MemberPacker::PackWhole(const SmallFile& file, bool isNoted, std::stri
                    .sourceBytes = data.size(),
                    .storedBytes = data.size(),
                    .headerOffset = bytes.size(),
-                   .isNoted = isNoted};
+                   .isNoted = file.isNoted};
   const auto taken = taker_.Take(PackedForm::Stream, data, member.crc32);
   isTakenOver = taken.has_value();
   const std::string_view packed = taken ? *taken : Pack(data, PackedForm::Stream);
@@ -30,8 +29,8 @@ ZipMember MemberPacker::PackWhole(const SmallFile& file, bool isNoted, std::stri
   return member;
 }
 
-PackedBlock MemberPacker::PackBlock(std::string content, bool isLast) {
-  const PackedForm form = isLast ? PackedForm::Stream : PackedForm::Part;
+PackedBlock MemberPacker::PackBlock(std::string content, BlockPlace place) {
+  const PackedForm form = place == BlockPlace::Last ? PackedForm::Stream : PackedForm::Part;
   PackedBlock block;
   block.crc32 = Crc32(content);
   block.sourceBytes = content.size();

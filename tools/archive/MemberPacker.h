@@ -18,6 +18,7 @@ struct SmallFile {
   std::string memberName;
   std::string_view content;
   std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
+  bool isNoted = false;                  ///< the member will have a note
 };
 
 /// A part of a member whose source is packed in several blocks.
@@ -38,12 +39,11 @@ class MemberPacker {
   MemberPacker(int level, std::size_t blockBytes, const EarlierArchive& earlier);
 
   /// Appends local header and data of a whole member to `bytes` and returns its description, with
-  /// `headerOffset` counting from the start of `bytes`. `isNoted`: the member will have a note.
-  [[nodiscard]] ZipMember PackWhole(const SmallFile& file, bool isNoted, std::string& bytes,
-                                    bool& isTakenOver);
+  /// `headerOffset` counting from the start of `bytes`.
+  [[nodiscard]] ZipMember PackWhole(const SmallFile& file, std::string& bytes, bool& isTakenOver);
 
   /// Packs one block of a larger file.
-  [[nodiscard]] PackedBlock PackBlock(std::string content, bool isLast);
+  [[nodiscard]] PackedBlock PackBlock(std::string content, BlockPlace place);
 
  private:
   [[nodiscard]] std::string_view Pack(std::string_view source, PackedForm form);

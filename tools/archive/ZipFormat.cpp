@@ -62,13 +62,15 @@ std::string ExtraField(std::uint16_t id, const std::string& values) {
   return field + values;
 }
 
-std::string Zip64Extra(const ZipMember& member, bool withOffset) {
+std::string Zip64Sizes(const ZipMember& member) {
   std::string values;
-  if (NeedsZip64(member)) {
-    AppendNumber(values, member.sourceBytes);
-    AppendNumber(values, member.storedBytes);
-  }
-  if (withOffset) AppendNumber(values, member.headerOffset);
+  if (!NeedsZip64(member)) return values;
+  AppendNumber(values, member.sourceBytes);
+  AppendNumber(values, member.storedBytes);
+  return values;
+}
+
+std::string Zip64Extra(const std::string& values) {
   return values.empty() ? values : ExtraField(kZip64ExtraId, values);
 }
 
@@ -79,7 +81,7 @@ bool NeedsZip64(const ZipMember& member) {
 }
 
 std::string LocalHeader(const ZipMember& member) {
-  std::string extra = Zip64Extra(member, false);
+  std::string extra = Zip64Extra(Zip64Sizes(member));
   const std::uint16_t version = VersionNeeded(member, !extra.empty());
   // Info-ZIP's unzip takes a name for UTF-8 only where an extra field follows: one that is in the
   // directory alone makes it complain that the names differ.
@@ -92,7 +94,9 @@ std::string LocalHeader(const ZipMember& member) {
 }
 
 void AppendCentralRecord(std::string& directory, const ZipMember& member) {
-  std::string extra = Zip64Extra(member, member.headerOffset >= kElsewhere32);
+  std::string elsewhere = Zip64Sizes(member);
+  if (member.headerOffset >= kElsewhere32) AppendNumber(elsewhere, member.headerOffset);
+  std::string extra = Zip64Extra(elsewhere);
   const std::uint16_t version = VersionNeeded(member, !extra.empty());
   if (member.isNoted) extra += ExtraField(kPackingNoteId, member.note);
   AppendNumber(directory, kCentralRecordSignature);

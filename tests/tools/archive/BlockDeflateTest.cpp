@@ -19,11 +19,11 @@ TEST(BlockDeflateTest, PartsOfAnyEndJoinToOneStream) {
   for (const std::string& part : parts) {
     const bool isStored = part.size() % 3 == 0;
     source += part;
-    stream += isStored ? StoredBlocks(part, false) : deflater.DeflatePart(part);
+    stream += isStored ? StoredBlocks(part, BlockPlace::Inner) : deflater.DeflatePart(part);
   }
   EXPECT_TRUE(tests::Inflate(stream + std::string(deflater.Deflate("end")), source.size() + 3) ==
               source + "end");
-  EXPECT_TRUE(tests::Inflate(stream + StoredBlocks("", true), source.size()) == source);
+  EXPECT_TRUE(tests::Inflate(stream + StoredBlocks("", BlockPlace::Last), source.size()) == source);
 }
 
 TEST(BlockDeflateTest, OnlyAPartThatAnythingCanFollowIsOne) {
@@ -36,13 +36,14 @@ TEST(BlockDeflateTest, OnlyAPartThatAnythingCanFollowIsOne) {
   const std::string part(deflater.DeflatePart(source));
   const std::string whole(deflater.Deflate(source));
   EXPECT_TRUE(isPart(part));
-  EXPECT_TRUE(isPart(StoredBlocks(source, false)));
+  EXPECT_TRUE(isPart(StoredBlocks(source, BlockPlace::Inner)));
   EXPECT_TRUE(deflater.IsStreamOf(source, whole));
   std::string other = part;
   other[other.size() / 2] ^= 1;
   for (const std::string& bytes :
        {whole, part + part, part.substr(0, part.size() - 5), part + '\0',
-        StoredBlocks(source, true), StoredBlocks(source.substr(1), false), other, std::string()}) {
+        StoredBlocks(source, BlockPlace::Last), StoredBlocks(source.substr(1), BlockPlace::Inner),
+        other, std::string()}) {
     EXPECT_FALSE(isPart(bytes)) << bytes.size();
   }
   EXPECT_FALSE(deflater.IsStreamOf(source, part));
