@@ -2,7 +2,7 @@
 // the report they ask for, and what ends them early.
 #pragma once
 
-#include <cstdint>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,12 +29,12 @@ void OpenProduct(model::ModProject& project, const std::string& path);
                                              const std::string& wanted);
 
 /// The date that the environment sets for all that a setup holds (SOURCE_DATE_EPOCH):
-/// the seconds since 1970-01-01 UTC that `text` gives; nothing when it is empty. Raises BadCall for
+/// `text` counts the seconds since 1970-01-01 UTC; nothing when it is empty. Raises BadCall for
 /// what is no date.
-[[nodiscard]] std::optional<std::int64_t> SourceDate(const std::string& text);
+[[nodiscard]] std::optional<std::chrono::sys_seconds> SourceDate(const std::string& text);
 
 /// The clock that stands at the date; the system's without one.
-[[nodiscard]] std::unique_ptr<tools::Clock> ClockAt(std::optional<std::int64_t> date);
+[[nodiscard]] std::unique_ptr<tools::Clock> ClockAt(std::optional<std::chrono::sys_seconds> date);
 
 /// What is said of a call that the user stopped.
 inline constexpr const char* kStoppedText = "Abgebrochen.";

@@ -77,12 +77,12 @@ void JsonReport::Summary(const engine::BuildSummary& summary) {
         {"ratio", Ratio(summary.stored)},
         {"filesTakenOver", summary.stored.filesTakenOver},
         {"bytesTakenOver", summary.stored.bytesTakenOver},
-        {"seconds", SecondsSoFar()},
+        {"seconds", TimeSoFar().count()},
         {"times",
-         {{"survey", summary.times.survey},
-          {"packing", summary.times.packing},
-          {"script", summary.times.script},
-          {"total", summary.times.total}}},
+         {{"survey", summary.times.survey.count()},
+          {"packing", summary.times.packing.count()},
+          {"script", summary.times.script.count()},
+          {"total", summary.times.total.count()}}},
         {"warnings", summary.warnings},
         {"errors", summary.errors}});
 }
@@ -90,7 +90,7 @@ void JsonReport::Summary(const engine::BuildSummary& summary) {
 void JsonReport::OnProgress(const tools::Progress& progress) {
   if (Quiet() || progress.filesTotal == 0) return;
   Json event = ProgressEvent(progress);
-  event["seconds"] = SecondsSoFar();
+  event["seconds"] = TimeSoFar().count();
   Tell(event);
 }
 

@@ -1,7 +1,7 @@
 #include "console/Program.h"
 
 #include <algorithm>
-#include <limits>
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -150,12 +150,12 @@ ExitCode Build(const model::ModProject& project, const engine::BuildOptions& opt
                const Surroundings& surroundings, Report& report) {
   if (line.overwrite) report.Allow(Replaceable::EarlierSetup);
   if (line.force) report.Allow(Replaceable::Everything);
-  const std::optional<std::int64_t> date = SourceDate(surroundings.sourceDate);
+  const std::optional<std::chrono::sys_seconds> date = SourceDate(surroundings.sourceDate);
   const std::unique_ptr<tools::Clock> clock = ClockAt(date);
-  std::optional<std::int64_t> fileTime;
+  std::optional<tools::FileTime> fileTime;
   if (date) {
-    constexpr std::int64_t kPerSecond = 1'000'000'000;
-    fileTime = std::min(*date, std::numeric_limits<std::int64_t>::max() / kPerSecond) * kPerSecond;
+    using std::chrono::seconds;
+    fileTime = std::min(*date, std::chrono::floor<seconds>(tools::FileTime::max()));
   }
   const engine::BuildEnvironment environment{.project = project,
                                              .clock = *clock,

@@ -25,9 +25,7 @@ void CallReport::ThrowIfStopped() const {
   if (interrupted_()) throw tools::Stopped();
 }
 
-double CallReport::SecondsSoFar() const {
-  return std::chrono::duration<double>(clock_.SteadyNow() - begun_).count();
-}
+std::chrono::duration<double> CallReport::TimeSoFar() const { return clock_.SteadyNow() - begun_; }
 
 std::string DecimalText(double number, int digits) {
   std::ostringstream text;

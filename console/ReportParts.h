@@ -49,7 +49,7 @@ class CallReport {
   [[nodiscard]] bool IsInterrupted() const { return interrupted_(); }
   /// Whether it is time to tell how far long work has come. If so, it counts as told.
   [[nodiscard]] bool IsProgressDue() { return pace_.IsDue(); }
-  [[nodiscard]] double SecondsSoFar() const;
+  [[nodiscard]] std::chrono::duration<double> TimeSoFar() const;
 
  private:
   Streams streams_;

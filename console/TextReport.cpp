@@ -9,11 +9,11 @@ namespace console {
 
 namespace {
 
-std::string TimeLeft(const tools::Progress& progress, double seconds) {
+std::string TimeLeft(const tools::Progress& progress, std::chrono::duration<double> time) {
   if (progress.bytesDone == 0 || progress.bytesTotal < progress.bytesDone) return {};
-  const double left = seconds * static_cast<double>(progress.bytesTotal - progress.bytesDone) /
-                      static_cast<double>(progress.bytesDone);
-  return ", noch " + DecimalText(std::ceil(left), 0) + " s";
+  const auto left = time * static_cast<double>(progress.bytesTotal - progress.bytesDone) /
+                    static_cast<double>(progress.bytesDone);
+  return ", noch " + DecimalText(std::ceil(left.count()), 0) + " s";
 }
 
 /// "13.000"
@@ -72,8 +72,8 @@ void TextReport::Summary(const engine::BuildSummary& summary) {
            << "  Eingang:    " << ByteText(summary.stored.bytesIn) << '\n'
            << "  Ausgang:    " << ByteText(summary.stored.bytesOut) << " ("
            << DecimalText(100 * Ratio(summary.stored), 1) << " %)\n"
-           << TakenOverLine(summary.stored) << "  Zeit:       " << DecimalText(SecondsSoFar(), 1)
-           << " s\n"
+           << TakenOverLine(summary.stored)
+           << "  Zeit:       " << DecimalText(TimeSoFar().count(), 1) << " s\n"
            << "  Warnungen:  " << summary.warnings << '\n'
            << "  Fehler:     " << summary.errors << '\n';
 }
@@ -86,10 +86,11 @@ void TextReport::OnProgress(const tools::Progress& progress) {
                        ByteText(progress.bytesDone));
     return;
   }
-  const double seconds = SecondsSoFar();
-  const auto rate = static_cast<std::uint64_t>(static_cast<double>(progress.bytesDone) / seconds);
+  const std::chrono::duration<double> time = TimeSoFar();
+  const auto rate =
+      static_cast<std::uint64_t>(static_cast<double>(progress.bytesDone) / time.count());
   progressLine_.Show(ProgressText(progress) + ", " + ByteText(rate) + "/s" +
-                     TimeLeft(progress, seconds));
+                     TimeLeft(progress, time));
 }
 
 std::string MessageLine(const engine::BuildMessage& message) {

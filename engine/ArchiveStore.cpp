@@ -34,7 +34,7 @@ std::string StoredExtension(std::string_view sourcePath) {
 
 ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                            const tools::ArchiveOptions& options,
-                           std::optional<std::int64_t> fileTime, BuildProgress& progress)
+                           std::optional<tools::FileTime> fileTime, BuildProgress& progress)
     : fileTime_(fileTime), progress_(progress) {
   WithArchive([&] {
     writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, options,

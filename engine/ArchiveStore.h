@@ -18,10 +18,10 @@ namespace engine {
 /// their problems are found too, and Finish gives the cause.
 class ArchiveStore : public FileStore {
  public:
-  /// `disk` and `progress` must outlive the store. Members get `fileTime` (nanoseconds since
-  /// 1970-01-01 UTC), or without one the times of their sources.
+  /// `disk` and `progress` must outlive the store. Members get `fileTime`, or without one
+  /// the times of their sources.
   ArchiveStore(tools::Disk& disk, const std::string& archivePath,
-               const tools::ArchiveOptions& options, std::optional<std::int64_t> fileTime,
+               const tools::ArchiveOptions& options, std::optional<tools::FileTime> fileTime,
                BuildProgress& progress);
 
   [[nodiscard]] StoredFile Store(const model::ICFile& entry, std::string_view sourcePath) override;
@@ -35,7 +35,7 @@ class ArchiveStore : public FileStore {
   [[nodiscard]] tools::CopyResult ReadThrough(const std::string& sourcePath);
   void ReportProgress();
 
-  std::optional<std::int64_t> fileTime_;
+  std::optional<tools::FileTime> fileTime_;
   BuildProgress& progress_;
   std::int32_t counter_ = 0;
   std::uint64_t failedFiles_ = 0;

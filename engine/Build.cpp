@@ -46,7 +46,7 @@ class Build {
     } catch (const tools::Stopped&) {
       End(BuildOutcome::Stopped, {});
     }
-    summary_.times.total = SecondsSince(begun_);
+    summary_.times.total = TimeSince(begun_);
     return std::move(summary_);
   }
 
@@ -61,7 +61,7 @@ class Build {
     survey_ = SurveyVersion(environment_.project, version_,
                             OutputFolderPath(options_.folder, environment_.project),
                             [this](const tools::Progress& found) { progress_.Search(found); });
-    summary_.times.survey = SecondsSince(begun_);
+    summary_.times.survey = TimeSince(begun_);
     if (!survey_.unread.empty()) throw tools::Error(survey_.unread.front().text);
     if (options_.isConfined) RequireConfinement(survey_.sourceFolders);
     FindControlCharacters(
@@ -117,11 +117,11 @@ class Build {
   void MakeSetup(const ScriptHead& head) {
     TimePoint begun = environment_.clock.SteadyNow();
     StoreFiles();
-    summary_.times.packing = SecondsSince(begun);
+    summary_.times.packing = TimeSince(begun);
     begun = environment_.clock.SteadyNow();
     WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
                        survey_, *names_);
-    summary_.times.script = SecondsSince(begun);
+    summary_.times.script = TimeSince(begun);
     CopyPrograms();
     log_.EndBuildLog();
     if (environment_.fileTime) tools::SetTreeTime(stage_->Path(), *environment_.fileTime);
@@ -130,8 +130,8 @@ class Build {
   }
 
   using TimePoint = std::chrono::steady_clock::time_point;
-  [[nodiscard]] double SecondsSince(TimePoint begun) const {
-    return std::chrono::duration<double>(environment_.clock.SteadyNow() - begun).count();
+  [[nodiscard]] BuildTimes::Seconds TimeSince(TimePoint begun) const {
+    return environment_.clock.SteadyNow() - begun;
   }
 
   // Log, script and files of one setup move in together or not at all.

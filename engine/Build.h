@@ -9,6 +9,7 @@
 //   build.log               the log (BuildLog.h)
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -29,9 +30,8 @@ struct BuildEnvironment {
   tools::Disk& disk;
   std::string programFolder;  ///< holds Wrapper.exe and InstallTessel.msi
   tools::Version toolVersion = tools::ToolVersion();
-  /// The time of every file of the setup, in nanoseconds since 1970-01-01 UTC; without one files
-  /// keep the times of their sources.
-  std::optional<std::int64_t> fileTime{};
+  /// The time of every file of the setup; without one files keep the times of their sources.
+  std::optional<tools::FileTime> fileTime{};
 };
 
 /// How a build ended.
@@ -44,12 +44,14 @@ enum class BuildOutcome {
   Stopped,              ///< ended early: the observer wanted it
 };
 
-/// Where a build's time went, in seconds.
+/// Where a build's time went.
 struct BuildTimes {
-  double survey = 0;   ///< finding the sources
-  double packing = 0;  ///< storing them: archive or tree
-  double script = 0;
-  double total = 0;  ///< the whole build, and not only these three
+  using Seconds = std::chrono::duration<double>;
+
+  Seconds survey{};   ///< finding the sources
+  Seconds packing{};  ///< storing them: archive or tree
+  Seconds script{};
+  Seconds total{};  ///< the whole build, and not only these three
 };
 
 struct BuildSummary {

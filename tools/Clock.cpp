@@ -7,21 +7,17 @@ namespace tools {
 
 namespace {
 
-std::chrono::sys_seconds TimeOf(std::int64_t seconds) {
-  return std::chrono::sys_seconds{std::chrono::seconds{seconds}};
-}
-
-std::chrono::year_month_day DateOf(std::int64_t seconds) {
-  return std::chrono::floor<std::chrono::days>(TimeOf(seconds));
+std::chrono::year_month_day DateOf(std::chrono::sys_seconds time) {
+  return std::chrono::floor<std::chrono::days>(time);
 }
 
 }  // namespace
 
-int EpochClock::Year() const { return static_cast<int>(DateOf(seconds_).year()); }
+int EpochClock::Year() const { return static_cast<int>(DateOf(time_).year()); }
 
 std::string EpochClock::DateTimeText() const {
-  const std::chrono::year_month_day date = DateOf(seconds_);
-  const std::chrono::hh_mm_ss time{TimeOf(seconds_) - std::chrono::sys_days{date}};
+  const std::chrono::year_month_day date = DateOf(time_);
+  const std::chrono::hh_mm_ss time{time_ - std::chrono::sys_days{date}};
   std::ostringstream text;
   text.imbue(std::locale::classic());
   text << std::setfill('0') << std::setw(4) << Year();

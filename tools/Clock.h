@@ -2,7 +2,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <string>
 
 namespace tools {
@@ -33,25 +32,29 @@ class SystemClock : public Clock {
   }
 };
 
-/// A point in time (nanoseconds since 1970-01-01 UTC) as local date and time in the same form.
-[[nodiscard]] std::string LocalDateTimeText(long long nanosecondsSinceEpoch);
+/// A point in time of UTC as files have it, in the years 1678 to 2261.
+using FileTime = std::chrono::sys_time<std::chrono::nanoseconds>;
+
+/// Local date and time in the system's default form.
+[[nodiscard]] std::string LocalDateTimeText(FileTime time);
 
 /// A clock whose date is set from outside, for builds that must give the same bytes at any time: it
 /// stands still, in UTC and a form of no locale; time that passes is the machine's.
 class EpochClock : public SystemClock {
  public:
   /// The last second of the year 9999.
-  static constexpr std::int64_t kLast = 253'402'300'799;
+  static constexpr std::chrono::sys_seconds kLast =
+      std::chrono::sys_days{std::chrono::year{10000} / 1 / 1} - std::chrono::seconds{1};
 
-  /// `seconds` since 1970-01-01 UTC, from 0 to kLast.
-  explicit EpochClock(std::int64_t seconds) : seconds_(seconds) {}
+  /// `time` lies between 1970-01-01 and kLast.
+  explicit EpochClock(std::chrono::sys_seconds time) : time_(time) {}
 
   [[nodiscard]] int Year() const override;
   /// For example "2031-03-17 08:05:09".
   [[nodiscard]] std::string DateTimeText() const override;
 
  private:
-  std::int64_t seconds_;
+  std::chrono::sys_seconds time_;
 };
 
 }  // namespace tools

@@ -1,5 +1,4 @@
 #include <array>
-#include <cstdint>
 
 #include "tools/Clock.h"
 #include "tools/WindowsApi.h"
@@ -7,10 +6,6 @@
 namespace tools {
 
 namespace {
-
-// FILETIME counts 100-nanosecond steps from 1601-01-01 UTC.
-constexpr std::int64_t kStepNanoseconds = 100;
-constexpr std::int64_t kStepsTo1970 = 116'444'736'000'000'000;
 
 std::string Format(const SYSTEMTIME& local) {
   std::array<wchar_t, 128> date{};
@@ -34,11 +29,8 @@ int SystemClock::Year() const { return LocalNow().wYear; }
 
 std::string SystemClock::DateTimeText() const { return Format(LocalNow()); }
 
-std::string LocalDateTimeText(long long nanosecondsSinceEpoch) {
-  ULARGE_INTEGER steps{};
-  steps.QuadPart =
-      static_cast<std::uint64_t>(nanosecondsSinceEpoch / kStepNanoseconds + kStepsTo1970);
-  const FILETIME fileTime{steps.LowPart, steps.HighPart};
+std::string LocalDateTimeText(FileTime time) {
+  const FILETIME fileTime = ToSystemForm(time);
   SYSTEMTIME utc{};
   SYSTEMTIME local{};
   FileTimeToSystemTime(&fileTime, &utc);

@@ -24,10 +24,9 @@ class ClockworkDisk : public tools::SystemDisk {
  public:
   explicit ClockworkDisk(bool inSeconds) : inSeconds_(inSeconds) {}
   void Replace(const std::string& from, const std::string& to) override {
-    constexpr std::int64_t kSecond = 1'000'000'000;
     if (inSeconds_) {
-      const std::int64_t time = tools::StampOf(from).modifiedNanoseconds;
-      tools::SetModificationTime(from, time - time % kSecond);
+      const tools::FileTime time = tools::StampOf(from).modified;
+      tools::SetModificationTime(from, std::chrono::floor<std::chrono::seconds>(time));
     }
     SystemDisk::Replace(from, to);
   }

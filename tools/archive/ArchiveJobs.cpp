@@ -15,8 +15,8 @@ constexpr std::size_t kHeaderBytes = 128;  // about, with a name
 
 }  // namespace
 
-void SmallFilesJob::Add(std::string memberName, std::int64_t modifiedNanoseconds) {
-  sources_.push_back({std::move(memberName), content_.Size() - sourceBytes_, modifiedNanoseconds});
+void SmallFilesJob::Add(std::string memberName, FileTime modified) {
+  sources_.push_back({std::move(memberName), content_.Size() - sourceBytes_, modified});
   sourceBytes_ = content_.Size();
 }
 
@@ -39,7 +39,7 @@ void SmallFilesJob::Run(MemberPacker& packer, const std::stop_token& stop) {
   for (Source& source : sources_) {
     if (stop.stop_requested()) return;
     const SmallFile file{std::move(source.memberName), content.substr(0, source.bytes),
-                         source.modifiedNanoseconds, &source == &sources_.back()};
+                         source.modified, &source == &sources_.back()};
     content.remove_prefix(source.bytes);
     bool isTakenOver = false;
     members_.push_back(packer.PackWhole(file, packed_, isTakenOver));

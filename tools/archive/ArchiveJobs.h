@@ -24,7 +24,7 @@ class SmallFilesJob : public ArchiveJob {
 
   /// Adds a member whose content has been appended to Content() since the call before; it is no
   /// larger than a block.
-  void Add(std::string memberName, std::int64_t modifiedNanoseconds);
+  void Add(std::string memberName, FileTime modified);
   [[nodiscard]] ByteBuffer& Content() { return content_; }
   /// Takes back what has been appended since the last Add.
   void DropContent() { content_.CutTo(sourceBytes_); }
@@ -43,7 +43,7 @@ class SmallFilesJob : public ArchiveJob {
   struct Source {
     std::string memberName;
     std::size_t bytes = 0;
-    std::int64_t modifiedNanoseconds = 0;
+    FileTime modified{};
   };
 
   ByteBuffer content_;

@@ -84,7 +84,7 @@ class ArchiveWriter::Implementation {
         reportProgress_([this] { ReportProgress(); }) {}
 
   CopyResult AddFile(const std::string& sourcePath, const std::string& memberName,
-                     std::optional<std::int64_t> fileTime) {
+                     std::optional<FileTime> fileTime) {
     workers_.RaiseFailure();
     if (memberName.size() > kZipNameBytes) {
       throw PathError("Der Name ist für ein Archiv zu lang", memberName, {});
@@ -97,8 +97,7 @@ class ArchiveWriter::Implementation {
       if (!source.Begin()) continue;
       const FileStamp& stamp = source.Stamp();
       isAdded =
-          Add(source, {sourcePath, memberName, stamp, fileTime.value_or(stamp.modifiedNanoseconds)},
-              bytes);
+          Add(source, {sourcePath, memberName, stamp, fileTime.value_or(stamp.modified)}, bytes);
     }
     ReportProgress();
     CopyResult result;
@@ -135,7 +134,7 @@ class ArchiveWriter::Implementation {
       return false;
     }
     bytes = content.Size() - before;
-    smallFiles_->Add(std::move(description.memberName), description.modifiedNanoseconds);
+    smallFiles_->Add(std::move(description.memberName), description.modified);
     if (smallFiles_->IsFull()) FlushSmallFiles();
     return true;
   }
@@ -203,7 +202,7 @@ ArchiveWriter::ArchiveWriter(Disk& disk, const std::string& archivePath,
 ArchiveWriter::~ArchiveWriter() = default;
 
 CopyResult ArchiveWriter::AddFile(const std::string& sourcePath, const std::string& memberName,
-                                  std::optional<std::int64_t> fileTime) {
+                                  std::optional<FileTime> fileTime) {
   return implementation_->AddFile(sourcePath, memberName, fileTime);
 }
 

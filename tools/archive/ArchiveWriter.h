@@ -61,14 +61,14 @@ class ArchiveWriter {
   /// Adds one file as member `memberName` ("/" separates folders) as it is at one moment: it is
   /// read before this returns, and once more when it changes meanwhile. The result tells why it
   /// could not be read (kChangesMeanwhile as a cause when it changes all the time); the archive
-  /// then goes on without it. The member gets `fileTime` (nanoseconds since 1970-01-01 UTC), or
-  /// without one the file's. Blocks while the queue is full.
+  /// then goes on without it. The member gets `fileTime`, or without one the file's. Blocks while
+  /// the queue is full.
   ///
   /// Raises Error when the archive cannot be written, and then in all later calls. One case of it:
   /// of a file of many blocks the first ones do not shrink but a later one does. They are then read
   /// again, and the file may have changed by then.
   [[nodiscard]] CopyResult AddFile(const std::string& sourcePath, const std::string& memberName,
-                                   std::optional<std::int64_t> fileTime = {});
+                                   std::optional<FileTime> fileTime = {});
 
   /// Writes what is queued and the directory, and puts the archive in its place. Raises Error.
   ArchiveTotals Finish();

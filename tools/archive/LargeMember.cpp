@@ -18,7 +18,7 @@ void LargeMember::Append(const PackedBlock& block, const std::stop_token& stop) 
     // The sizes settle the form of the header; both are known to stay below them.
     assembler_.BeginMember({.name = source_.memberName,
                             .method = block.isDeflated ? ZipMethod::Deflated : ZipMethod::Stored,
-                            .modifiedNanoseconds = source_.modifiedNanoseconds,
+                            .modified = source_.modified,
                             .sourceBytes = source_.stamp.size,
                             .storedBytes = source_.stamp.size,
                             .isNoted = true});

@@ -19,7 +19,7 @@ struct ArchiveSource {
   std::string path;
   std::string memberName;
   FileStamp stamp;
-  std::int64_t modifiedNanoseconds = 0;  ///< that the member gets
+  FileTime modified{};  ///< that the member gets
 };
 
 /// Puts the blocks of one file together, in their order. Blocks are deflated or the source's bytes

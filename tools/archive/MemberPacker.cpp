@@ -11,7 +11,7 @@ ZipMember MemberPacker::PackWhole(const SmallFile& file, std::string& bytes, boo
   std::string_view data = file.content;
   ZipMember member{.name = file.memberName,
                    .method = ZipMethod::Stored,
-                   .modifiedNanoseconds = file.modifiedNanoseconds,
+                   .modified = file.modified,
                    .crc32 = Crc32(data),
                    .sourceBytes = data.size(),
                    .storedBytes = data.size(),

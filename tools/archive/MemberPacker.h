@@ -17,8 +17,8 @@ namespace tools {
 struct SmallFile {
   std::string memberName;
   std::string_view content;
-  std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
-  bool isNoted = false;                  ///< the member will have a note
+  FileTime modified{};
+  bool isNoted = false;  ///< the member will have a note
 };
 
 /// A part of a member whose source is packed in several blocks.

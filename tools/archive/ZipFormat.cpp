@@ -48,7 +48,7 @@ void AppendCommonFields(std::string& bytes, const ZipMember& member, std::uint16
   AppendNumber(bytes, version);
   AppendNumber(bytes, Flags(member.name));
   AppendNumber(bytes, static_cast<std::uint16_t>(member.method));
-  AppendNumber(bytes, DosDateTime(member.modifiedNanoseconds));
+  AppendNumber(bytes, DosDateTime(member.modified));
   AppendNumber(bytes, member.crc32);
   AppendNumber(bytes, Low32(elsewhere ? kElsewhere32 : member.storedBytes));
   AppendNumber(bytes, Low32(elsewhere ? kElsewhere32 : member.sourceBytes));
@@ -142,12 +142,11 @@ std::string DirectoryEnd(std::uint64_t members, std::uint64_t directoryBytes,
   return end.append(comment);
 }
 
-std::uint32_t DosDateTime(std::int64_t nanosecondsSince1970) {
+std::uint32_t DosDateTime(FileTime fileTime) {
   using namespace std::chrono;
   constexpr sys_seconds kFirst = sys_days{year{1980} / 1 / 1};
   constexpr sys_seconds kLast = sys_days{year{2107} / 12 / 31} + 23h + 59min + 58s;
-  const sys_time<nanoseconds> exact{nanoseconds{nanosecondsSince1970}};
-  const sys_seconds time = std::clamp(floor<seconds>(exact), kFirst, kLast);
+  const sys_seconds time = std::clamp(floor<seconds>(fileTime), kFirst, kLast);
   const sys_days day = floor<days>(time);
   const year_month_day date{day};
   const hh_mm_ss clock{time - day};

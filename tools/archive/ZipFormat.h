@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "tools/Clock.h"
+
 namespace tools {
 
 /// Section 4.4.5.
@@ -16,8 +18,8 @@ enum class ZipMethod : std::uint16_t { Stored = 0, Deflated = 8 };
 struct ZipMember {
   std::string name;  ///< at most kZipNameBytes; "/" separates folders
   ZipMethod method = ZipMethod::Stored;
-  std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
-  std::uint32_t crc32 = 0;               ///< of the source's bytes
+  FileTime modified{};
+  std::uint32_t crc32 = 0;  ///< of the source's bytes
   std::uint64_t sourceBytes = 0;
   std::uint64_t storedBytes = 0;
   std::uint64_t headerOffset = 0;  ///< of the local header in the archive
@@ -64,6 +66,6 @@ void AppendCentralRecord(std::string& directory, const ZipMember& member);
 /// Date (upper half) and time (lower half) in MS-DOS form (4.4.6), in steps of two seconds. It is
 /// UTC: a zone's local time would make the archive's bytes depend on the machine. Times outside
 /// 1980 to 2107 become the nearest one that the form can hold.
-[[nodiscard]] std::uint32_t DosDateTime(std::int64_t nanosecondsSince1970);
+[[nodiscard]] std::uint32_t DosDateTime(FileTime time);
 
 }  // namespace tools

@@ -185,7 +185,7 @@ FileInformation InformationOf(std::string_view path) {
   information.exists = KindOf(path, ignored) == PathKind::File;
   if (!information.exists) return information;
   information.version = VersionOf(path);
-  information.dateTime = LocalDateTimeText(StampOf(path).modifiedNanoseconds);
+  information.dateTime = LocalDateTimeText(StampOf(path).modified);
   return information;
 }
 

@@ -58,15 +58,15 @@ std::vector<std::string> MakeFolder(std::string_view path) {
   return made;
 }
 
-void SetTreeTime(const std::string& folder, std::int64_t nanoseconds) {
+void SetTreeTime(const std::string& folder, FileTime time) {
   std::error_code failure;
   for (const FolderItem& item : ListFolder(folder, failure)) {
     const std::string path = JoinPath(folder, item.name);
-    if (item.kind == FolderItem::Kind::Folder) SetTreeTime(path, nanoseconds);
-    if (item.kind == FolderItem::Kind::File) SetModificationTime(path, nanoseconds);
+    if (item.kind == FolderItem::Kind::Folder) SetTreeTime(path, time);
+    if (item.kind == FolderItem::Kind::File) SetModificationTime(path, time);
   }
   if (failure) throw PathError("Der Ordner kann nicht gelesen werden", folder, failure);
-  SetModificationTime(folder, nanoseconds);
+  SetModificationTime(folder, time);
 }
 
 }  // namespace tools

@@ -9,6 +9,8 @@
 #include <system_error>
 #include <vector>
 
+#include "tools/Clock.h"
+
 namespace tools {
 
 /// What a path leads to, links followed.
@@ -72,10 +74,10 @@ using CopyProgress = std::function<void(std::uint64_t bytesSoFar)>;
 /// Size in bytes and modification time; what tells whether a file has changed since it was read.
 struct FileStamp {
   bool exists = false;
-  std::uint64_t size = 0;                ///< bytes
-  std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
-  std::uint64_t device = 0;              ///< volume and
-  std::uint64_t identity = 0;            ///< file number on it: a replaced file has another one
+  std::uint64_t size = 0;  ///< bytes
+  FileTime modified{};
+  std::uint64_t device = 0;    ///< volume and
+  std::uint64_t identity = 0;  ///< file number on it: a replaced file has another one
 
   bool operator==(const FileStamp&) const = default;
 };
@@ -83,10 +85,9 @@ struct FileStamp {
 /// the system cannot tell.
 [[nodiscard]] FileStamp StampOf(std::string_view path);
 
-/// Sets the modification time of a file or folder; `nanoseconds` since 1970-01-01 UTC. Raises
-/// Error.
-void SetModificationTime(std::string_view path, std::int64_t nanoseconds);
+/// Sets the modification time of a file or folder. Raises Error.
+void SetModificationTime(std::string_view path, FileTime time);
 /// The same for a folder with all files and subfolders in it; links are not followed.
-void SetTreeTime(const std::string& folder, std::int64_t nanoseconds);
+void SetTreeTime(const std::string& folder, FileTime time);
 
 }  // namespace tools

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <memory>
 #include <utility>
@@ -17,6 +18,8 @@
 #include "tools/files/TemporaryFiles.h"
 
 namespace tools {
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -82,11 +85,12 @@ void DeleteFile(std::string_view path) {
   throw PathError("Die Datei kann nicht gelöscht werden", path, LastSystemError());
 }
 
-void SetModificationTime(std::string_view path, std::int64_t nanoseconds) {
-  constexpr std::int64_t kPerSecond = 1'000'000'000;
-  const std::int64_t rest = (nanoseconds % kPerSecond + kPerSecond) % kPerSecond;
+void SetModificationTime(std::string_view path, FileTime time) {
+  using std::chrono::seconds;
+  const seconds whole = std::chrono::floor<seconds>(time.time_since_epoch());
+  const std::chrono::nanoseconds rest = (time.time_since_epoch() % 1s + 1s) % 1s;
   const std::array<timespec, 2> times{timespec{0, UTIME_OMIT},
-                                      timespec{(nanoseconds - rest) / kPerSecond, rest}};
+                                      timespec{whole.count(), rest.count()}};
   if (::utimensat(AT_FDCWD, std::string(path).c_str(), times.data(), AT_SYMLINK_NOFOLLOW) == 0) {
     return;
   }

@@ -120,16 +120,13 @@ void DeleteFile(std::string_view path) {
   throw PathError("Die Datei kann nicht gelöscht werden", path, SystemError(error));
 }
 
-void SetModificationTime(std::string_view path, std::int64_t nanoseconds) {
-  // FILETIME counts 100 ns steps since 1601-01-01.
-  constexpr std::int64_t kStepsTo1970 = 116'444'736'000'000'000;
-  const auto steps = static_cast<std::uint64_t>(nanoseconds / 100 + kStepsTo1970);
-  const FILETIME time{static_cast<DWORD>(steps & 0xFFFFFFFFU), static_cast<DWORD>(steps >> 32U)};
+void SetModificationTime(std::string_view path, FileTime time) {
+  const FILETIME systemTime = ToSystemForm(time);
   const FileHandle file(
       CreateFileW(LongPath(path).c_str(), FILE_WRITE_ATTRIBUTES,
                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                   FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-  if (file.IsOpen() && SetFileTime(file.Get(), nullptr, nullptr, &time) != 0) return;
+  if (file.IsOpen() && SetFileTime(file.Get(), nullptr, nullptr, &systemTime) != 0) return;
   throw PathError("Die Zeit der Datei kann nicht gesetzt werden", path, LastSystemError());
 }
 

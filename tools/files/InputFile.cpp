@@ -52,7 +52,7 @@ std::optional<FileContent> ReadFileUpTo(const std::string& path, std::size_t max
     std::optional<std::string> bytes =
         ReadToEnd(file, static_cast<std::size_t>(stamp->size), maximumBytes);
     if (!bytes) return std::nullopt;
-    if (file.Stamp() == *stamp) return FileContent{std::move(*bytes), stamp->modifiedNanoseconds};
+    if (file.Stamp() == *stamp) return FileContent{std::move(*bytes), stamp->modified};
   }
   throw PathError("Die Datei kann nicht gelesen werden", path,
                   std::make_error_code(kChangesMeanwhile));

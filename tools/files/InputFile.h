@@ -57,7 +57,7 @@ class InputFile {
 /// A small file as it was at one moment.
 struct FileContent {
   std::string bytes;
-  std::int64_t modifiedNanoseconds = 0;  ///< since 1970-01-01 UTC
+  FileTime modified{};
 };
 /// Reads a regular file to its end; gives nothing when it has more than `maximumBytes`. A file that
 /// another program changes meanwhile is read once more. Raises Error naming the path, with the

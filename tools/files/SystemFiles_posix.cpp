@@ -3,12 +3,13 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <memory>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "tools/Error.h"
@@ -16,28 +17,28 @@
 
 namespace tools {
 
+using namespace std::chrono_literals;
+
 namespace {
 
 // More than a tick of the clock that the system stamps files with, and than one write mostly takes.
-constexpr std::int64_t kQuiet = 20'000'000;
+constexpr std::chrono::nanoseconds kQuiet = 20ms;
 
-/// How long it takes until the file is quiet, in nanoseconds. Times further in the future say
-/// nothing.
-std::int64_t TimeToQuiet(const struct stat& status) {
-  timespec now{};
-  if (::clock_gettime(CLOCK_REALTIME, &now) != 0) return 0;
-  const std::int64_t age = NanosecondsOf(now) - NanosecondsOf(status.st_mtim);
-  return age < kQuiet && age > -kQuiet ? kQuiet - age : 0;
+/// How long it takes until the file is quiet. Times further in the future say nothing.
+std::chrono::nanoseconds TimeToQuiet(const struct stat& status) {
+  const FileTime modified = FileTimeOf(status.st_mtim);
+  const FileTime now = std::chrono::system_clock::now();
+  if (modified <= now - kQuiet || modified >= now + kQuiet) return 0ns;
+  return kQuiet - (now - modified);
 }
 
 }  // namespace
 
 bool BecomesSteady(int descriptor, struct stat& status) {
-  const std::int64_t wait = TimeToQuiet(status);
-  if (wait == 0) return true;
+  const std::chrono::nanoseconds wait = TimeToQuiet(status);
+  if (wait == 0ns) return true;
   const FileStamp before = StampFrom(status);
-  const timespec pause{0, wait};
-  ::nanosleep(&pause, nullptr);
+  std::this_thread::sleep_for(wait);
   return ::fstat(descriptor, &status) == 0 && StampFrom(status) == before;
 }
 

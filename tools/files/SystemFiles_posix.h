@@ -6,7 +6,8 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <limits>
+#include <chrono>
+#include <cstdint>
 #include <string>
 
 #include "tools/files/Files.h"
@@ -45,20 +46,18 @@ class FileHandle {
 /// Opens a folder to work below it, and no link to one.
 inline constexpr int kFolderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 
-/// A point in time as nanoseconds since 1970-01-01 UTC. Times that nanoseconds cannot count (from
-/// 2262 on) become the last that they can.
-[[nodiscard]] inline std::int64_t NanosecondsOf(const timespec& time) {
-  constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
-  constexpr std::int64_t kMostSeconds =
-      std::numeric_limits<std::int64_t>::max() / kNanosecondsPerSecond - 1;
-  const std::int64_t seconds = std::clamp<std::int64_t>(time.tv_sec, -kMostSeconds, kMostSeconds);
-  return seconds * kNanosecondsPerSecond + time.tv_nsec;
+/// The system's time of a file. Times that a FileTime cannot hold (from 2262 on) become the last
+/// that it can.
+[[nodiscard]] inline FileTime FileTimeOf(const timespec& time) {
+  using namespace std::chrono;
+  constexpr seconds kMost = duration_cast<seconds>(nanoseconds::max()) - seconds{1};
+  return FileTime{std::clamp(seconds{time.tv_sec}, -kMost, kMost) + nanoseconds{time.tv_nsec}};
 }
 
 [[nodiscard]] inline FileStamp StampFrom(const struct stat& status) {
   return {.exists = true,
           .size = static_cast<std::uint64_t>(status.st_size),
-          .modifiedNanoseconds = NanosecondsOf(status.st_mtim),
+          .modified = FileTimeOf(status.st_mtim),
           .device = status.st_dev,
           .identity = status.st_ino};
 }

@@ -1,10 +1,11 @@
 // Windows only: what the operations on files share.
 #pragma once
 
-#include <algorithm>
-#include <limits>
+#include <chrono>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <thread>
 
 #include "tools/WindowsApi.h"
 #include "tools/files/Files.h"
@@ -92,13 +93,13 @@ enum class HeldWhen { Reading, Changing };
 template <typename Attempt, typename MayRetry>
 [[nodiscard]] DWORD RetryWhileHeld(HeldWhen when, const Attempt& attempt,
                                    const MayRetry& mayRetry) {
-  constexpr DWORD kPauseMilliseconds = 50;
+  constexpr std::chrono::milliseconds kPause{50};
   const int attempts = when == HeldWhen::Reading ? 20 : 40;
   for (int number = 1;; ++number) {
     if (attempt()) return 0;
     const DWORD error = GetLastError();
     if (!IsHeldByOthers(error, when) || number == attempts || !mayRetry()) return error;
-    Sleep(kPauseMilliseconds);
+    std::this_thread::sleep_for(kPause);
   }
 }
 
@@ -111,17 +112,9 @@ template <typename Attempt>
   const auto join = [](DWORD high, DWORD low) {
     return (static_cast<std::uint64_t>(high) << 32U) | low;
   };
-  // FILETIME counts 100 ns steps since 1601-01-01.
-  constexpr std::int64_t kStepsTo1970 = 116'444'736'000'000'000;
-  const auto steps = static_cast<std::int64_t>(
-      join(information.ftLastWriteTime.dwHighDateTime, information.ftLastWriteTime.dwLowDateTime));
-  // Times that nanoseconds cannot count (from 2262 on) become the last that they can.
-  constexpr std::int64_t kMostSteps = std::numeric_limits<std::int64_t>::max() / 100;
-  const std::int64_t since1970 =
-      std::clamp(std::max<std::int64_t>(steps, 0) - kStepsTo1970, -kMostSteps, kMostSteps);
   return {.exists = true,
           .size = join(information.nFileSizeHigh, information.nFileSizeLow),
-          .modifiedNanoseconds = since1970 * 100,
+          .modified = FromSystemForm(information.ftLastWriteTime),
           .device = information.dwVolumeSerialNumber,
           .identity = join(information.nFileIndexHigh, information.nFileIndexLow)};
 }

@@ -78,11 +78,8 @@ std::uint64_t ChecksumOf(std::string_view bytes) {
 /// True when a later change may leave the file's time as it is: where times tick in seconds, or two
 /// on some file systems, two changes share one. A time to come tells nothing either.
 bool IsYoung(const FileStamp& stamp) {
-  using std::chrono::nanoseconds;
-  using std::chrono::system_clock;
   constexpr std::chrono::seconds kLongestTick{2};
-  const nanoseconds now = system_clock::now().time_since_epoch();
-  return stamp.exists && nanoseconds(stamp.modifiedNanoseconds) > now - kLongestTick;
+  return stamp.exists && stamp.modified > std::chrono::system_clock::now() - kLongestTick;
 }
 
 [[noreturn]] void FailTooLarge(const std::string& path) {

@@ -35,7 +35,7 @@ class EarlierArchiveTest : public testing::Test {
       // The writer waits a moment for each file that was written just now.
       const std::string path = folder_.Path("in/" + name);
       if (!FileExists(path) || ReadWholeFile(path) != content) folder_.Write("in/" + name, content);
-      (void)writer.AddFile(path, name, 0);
+      (void)writer.AddFile(path, name, FileTime());
     }
     totals_ = writer.Finish();
     return folder_.Read("a.zip");

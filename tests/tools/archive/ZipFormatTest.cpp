@@ -1,4 +1,3 @@
-#include <limits>
 #include <tuple>
 
 #include "tests/support/Testing.h"
@@ -6,18 +5,19 @@
 
 namespace tools {
 
+using namespace std::chrono_literals;
+
 TEST(ZipFormatTest, TimesAreUtcInStepsOfTwoSeconds) {
-  using Limits = std::numeric_limits<std::int64_t>;
   const auto dos = [](unsigned y, unsigned mo, unsigned d, unsigned h, unsigned mi, unsigned s) {
     return ((y - 1980) << 25U) | (mo << 21U) | (d << 16U) | (h << 11U) | (mi << 5U) | (s / 2);
   };
-  const std::pair<std::int64_t, std::uint32_t> rows[] = {
-      {1'709'209'845'000'000'000, dos(2024, 2, 29, 12, 30, 45)},
-      {1'709'209'845'999'999'999, dos(2024, 2, 29, 12, 30, 44)},
-      {0, dos(1980, 1, 1, 0, 0, 0)},
-      {Limits::min(), dos(1980, 1, 1, 0, 0, 0)},
-      {Limits::max(), dos(2107, 12, 31, 23, 59, 58)}};
-  for (const auto& [nanoseconds, time] : rows) EXPECT_EQ(DosDateTime(nanoseconds), time);
+  const std::pair<FileTime, std::uint32_t> rows[] = {
+      {FileTime(1'709'209'845'000'000'000ns), dos(2024, 2, 29, 12, 30, 45)},
+      {FileTime(1'709'209'845'999'999'999ns), dos(2024, 2, 29, 12, 30, 44)},
+      {FileTime(), dos(1980, 1, 1, 0, 0, 0)},
+      {FileTime::min(), dos(1980, 1, 1, 0, 0, 0)},
+      {FileTime::max(), dos(2107, 12, 31, 23, 59, 58)}};
+  for (const auto& [time, expected] : rows) EXPECT_EQ(DosDateTime(time), expected);
 }
 
 TEST(ZipFormatTest, Zip64FormStandsOnlyWhereValuesAskForIt) {

@@ -85,15 +85,15 @@ TEST_F(SettingsStoreTest, ABatchCommitsInTheOrderOfFirstWrites) {
 
 // Its time does not tell whether it has changed since.
 TEST_F(SettingsStoreTest, AYoungFileIsComparedBeforeItIsWritten) {
-  const std::int64_t later = StampOf(folder_.Write("uhr", "")).modifiedNanoseconds * 2;
+  const FileTime later = StampOf(folder_.Write("uhr", "")).modified + std::chrono::years(50);
   for (const bool isOwnWrite : {false, true}) {
     folder_.Write("a.product", "[A]\nb=1\nc=1\n");
     if (isOwnWrite) Write("b", "2");
-    SetModificationTime(path_, isOwnWrite ? StampOf(path_).modifiedNanoseconds : later);
+    SetModificationTime(path_, isOwnWrite ? StampOf(path_).modified : later);
     const auto before = store_.Load(path_);
     const FileStamp stamp = StampOf(path_);
     folder_.Write("a.product", tools::ReplaceAll(Stored(), "c=1", "c=9"));
-    SetModificationTime(path_, stamp.modifiedNanoseconds);
+    SetModificationTime(path_, stamp.modified);
     ASSERT_TRUE(StampOf(path_) == stamp && store_.Load(path_) == before);
     Write("b", "3");
     EXPECT_EQ(Stored(), "[A]\nb=3\nc=9\n") << isOwnWrite;
