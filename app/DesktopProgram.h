@@ -13,6 +13,7 @@
 #include "tools/files/Disk.h"
 #include "tools/registry/Registry.h"
 #include "tools/settings/SettingsStore.h"
+#include "wizards/LastBuilds.h"
 #include "wizards/WizardLauncher.h"
 
 namespace app {
@@ -57,6 +58,7 @@ class DesktopProgram {
   shell::frmMain window_;
   tools::Dialogs& dialogs_;
   model::ModProjectOperations& operations_;
+  wizards::LastBuilds lastBuilds_;
   wizards::WizardLauncher wizards_;
   EndSignals endSignals_{[this] { End(); }};
 };

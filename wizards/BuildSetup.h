@@ -14,9 +14,10 @@
 #include "tools/Dialogs.h"
 #include "tools/desktop/wizard/WizardDriver.h"
 #include "tools/files/Disk.h"
-#include "tools/registry/Registry.h"
 
 namespace wizards {
+
+class LastBuilds;
 
 /// What the wizards work with. The references must outlive them.
 struct BuildServices {
@@ -25,7 +26,7 @@ struct BuildServices {
   tools::Dialogs& dialogs;
   const tools::Clock& clock;
   tools::Disk& disk;
-  tools::Registry& registry;  ///< remembers the options of the last builds
+  LastBuilds& lastBuilds;
   std::string programFolder;  ///< holds the setup wrapper and the runtime's installer
   /// Whether the program is to end: a running build then stops and removes what it made.
   std::function<bool()> isEndWanted = [] { return false; };

@@ -64,13 +64,19 @@ tools::WizardDataStore LastBuilds::Of(model::VersionSlot version) const {
     if (sign == std::string_view::npos) continue;
     values.emplace(option.substr(0, sign), Unescaped(option.substr(sign + 1)));
   }
+  const auto compression = compressions_.find(NameOf(version));
+  if (!values.empty() && compression != compressions_.end()) {
+    values["compression"] = compression->second;
+  }
   return values;
 }
 
 void LastBuilds::Remember(model::VersionSlot version, const tools::WizardDataStore& values) {
+  const auto compression = values.find("compression");
+  compressions_[NameOf(version)] = compression == values.end() ? "" : compression->second;
   std::string text;
   for (const auto& [name, value] : values) {
-    if (name == "compression") continue;  // chosen anew for each build
+    if (name == "compression") continue;
     if (!text.empty()) text += '|';
     text.append(name).append("=").append(Escaped(value));
   }

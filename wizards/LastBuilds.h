@@ -1,6 +1,7 @@
 // The options of the last build of each version, so that it can be made again.
 #pragma once
 
+#include <map>
 #include <string>
 
 #include "model/ModProject.h"
@@ -10,7 +11,8 @@
 namespace wizards {
 
 /// They are the author's, not the product's: each build is one value below a key of the current
-/// user's registry, named by product file and version.
+/// user's registry, named by product file and version. Only the compression is stored nowhere and
+/// forgotten with this object.
 class LastBuilds {
  public:
   /// The references must outlive this object.
@@ -26,6 +28,7 @@ class LastBuilds {
 
   tools::Registry& registry_;
   const model::ModProject& project_;
+  std::map<std::string, std::string> compressions_;  ///< by the name of the build
 };
 
 }  // namespace wizards

@@ -89,10 +89,8 @@ void SetupWizard::Finish(tools::WizardStructure& ParentWizard) {
     // The notice goes with the wizard's window.
     BuildSetup(services_, ParentWizard.DataStore(), versionIndex_, AfterRefusal::LeaveNotice);
   });
-  tools::Guard(Dialogs(), [&] {
-    LastBuilds(services_.registry, services_.project)
-        .Remember(versionIndex_, ParentWizard.DataStore());
-  });
+  tools::Guard(Dialogs(),
+               [&] { services_.lastBuilds.Remember(versionIndex_, ParentWizard.DataStore()); });
   Dialogs().ShowMessage({.text = LoadText(Text::SetupBuilt),
                          .caption = Title(),
                          .icon = tools::MessageIcon::Information});

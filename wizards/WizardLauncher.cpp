@@ -39,8 +39,7 @@ void WizardLauncher::StartUpdateWizard(model::VersionSlot version, model::OpenPa
 }
 
 void WizardLauncher::BuildAgain(model::VersionSlot version, model::OpenPages& pages) {
-  const tools::WizardDataStore settings =
-      LastBuilds(services_.registry, services_.project).Of(version);
+  const tools::WizardDataStore settings = services_.lastBuilds.Of(version);
   if (settings.empty()) {
     StartSetupWizard(version, pages);
     return;
@@ -68,10 +67,9 @@ void WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {
 }
 
 findings::CheckRequest WizardLauncher::CheckOf(model::VersionSlot version) const {
-  const LastBuilds last(services_.registry, services_.project);
   findings::CheckRequest request{.productPath = services_.project.ProductPath(),
                                  .version = version,
-                                 .options = ReadBuildOptions(last.Of(version)),
+                                 .options = ReadBuildOptions(services_.lastBuilds.Of(version)),
                                  .programFolder = services_.programFolder};
   if (request.options.folder.empty()) {
     const model::StoredOptions stored(services_.project, version);

@@ -99,7 +99,7 @@ void wizSetup_Packaging::AddFindings() {
 }
 
 void wizSetup_Packaging::ShowValues() {
-  lastTime_ = LastBuilds(services_.registry, services_.project).Of(versionIndex_);
+  lastTime_ = services_.lastBuilds.Of(versionIndex_);
   cmdAsLastTime_->setEnabled(!lastTime_.empty());
   ShowOptions();
   StartCheck();

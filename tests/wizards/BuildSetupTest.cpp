@@ -5,6 +5,7 @@
 #include "tests/support/desktop/Widgets.h"
 #include "tools/Error.h"
 #include "wizards/BuildSetup.h"
+#include "wizards/LastBuilds.h"
 
 namespace tests {
 
@@ -14,12 +15,13 @@ struct Fixture : ProductDesk {
 
   void Build() {
     const auto registry = RegistryBelow(folder, disk);
+    wizards::LastBuilds lastBuilds(*registry, project);
     wizards::BuildSetup({.project = project,
                          .operations = operations,
                          .dialogs = dialogs,
                          .clock = clock,
                          .disk = disk,
-                         .registry = *registry,
+                         .lastBuilds = lastBuilds,
                          .programFolder = folder.Path("programm"),
                          .isEndWanted = [this] { return isEndWanted; },
                          .onBuilt = [this](const engine::BuildResult& built) { result = built; }},

@@ -36,8 +36,9 @@ struct Sample : ProductDesk {
 
   wizards::UnsavedPages unsaved{window, operations};
   std::unique_ptr<tools::Registry> registry = RegistryBelow(folder, disk);
+  wizards::LastBuilds lastBuilds{*registry, project};
   wizards::BuildServices services{
-      project, operations, dialogs, clock, disk, *registry, folder.Path("programm")};
+      project, operations, dialogs, clock, disk, lastBuilds, folder.Path("programm")};
   findings::ChosenPlace chosen;
 };
 
@@ -248,13 +249,14 @@ class WizardsTest : public QObject {
         "Packaging",
         {{"folder", "|a=%;b"}, {"makezip", "1"}, {"includetessel", "1"}, {"compression", "small"}});
     QVERIFY(!Child(*f.page, "cmdAsLastTime").isEnabled());
-    wizards::LastBuilds(*f.registry, f.project).Remember(1, f.store);
+    f.lastBuilds.Remember(1, f.store);
     f.store = {{"folder", "neu"}};
     f.page->ShowValues();
     Press(*f.page, "cmdAsLastTime");
     QCOMPARE(Values(f.store), "folder=neu|includeexe=|includetessel=1|makezip=1");
-    QCOMPARE(Values(wizards::LastBuilds(*f.registry, f.project).Of(1)),
-             "folder=|a=%;b|includetessel=1|makezip=1");
+    const QString stored = "folder=|a=%;b|includetessel=1|makezip=1";
+    QCOMPARE(Values(f.lastBuilds.Of(1)), "compression=small|" + stored);
+    QCOMPARE(Values(wizards::LastBuilds(*f.registry, f.project).Of(1)), stored);
   }
 
   void TheOutputPageShowsWhatWillBeBuilt() {
