@@ -5,6 +5,7 @@
 
 #include "pages/PageText.h"
 #include "pages/TargetFolders.h"
+#include "tools/desktop/LinkColor.h"
 
 namespace pages {
 
@@ -61,18 +62,30 @@ void EmptyFileHint::Update(const std::map<std::int32_t, int>& counts, bool isFil
     hide();
     return;
   }
-  QString text;
   if (isFiltered) {
-    text = Caption(Text::NoEntryPassesFilter).toHtmlEscaped() + u' ' +
-           Link(kFilter, Caption(Text::RemoveFilter));
+    text_ = Caption(Text::NoEntryPassesFilter).toHtmlEscaped() + u' ' +
+            Link(kFilter, Caption(Text::RemoveFilter));
   } else if (counts.empty()) {
-    text = Caption(Text::NoFilesYet).toHtmlEscaped();
+    text_ = Caption(Text::NoFilesYet).toHtmlEscaped();
   } else {
-    text = Caption(Text::NoFilesInFolder).toHtmlEscaped() + u' ' + OtherFolders(counts);
+    text_ = Caption(Text::NoFilesInFolder).toHtmlEscaped() + u' ' + OtherFolders(counts);
   }
-  setText(text);
+  ShowText();
   Place();
   show();
+}
+
+void EmptyFileHint::ShowText() {
+  const QColor link =
+      tools::LinkColor(palette().color(QPalette::Link), palette().color(foregroundRole()),
+                       palette().color(backgroundRole()));
+  QString text = text_;
+  setText(text.replace(u"<a "_s, u"<a style=\"color:%1\" "_s.arg(link.name())));
+}
+
+void EmptyFileHint::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) ShowText();
 }
 
 void EmptyFileHint::Follow(const QString& link) {

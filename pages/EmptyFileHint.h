@@ -27,11 +27,16 @@ class EmptyFileHint : public QLabel {
   void UnknownFoldersWanted();
   void FilterUnwanted();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void ShowText();
   void Follow(const QString& link);
   void Place();
 
   QAbstractItemView& list_;
+  QString text_;  ///< its links have no colour yet
 };
 
 }  // namespace pages

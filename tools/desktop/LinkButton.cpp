@@ -5,6 +5,8 @@
 #include <QStyleOptionFocusRect>
 #include <algorithm>
 
+#include "tools/desktop/LinkColor.h"
+
 namespace tools {
 
 namespace {
@@ -36,7 +38,9 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
   QFont underlined = font();
   underlined.setUnderline(isEnabled());
   painter.setFont(underlined);
-  painter.setPen(palette().color(isEnabled() ? QPalette::Link : QPalette::WindowText));
+  const QColor plain = palette().color(foregroundRole());
+  const QColor ground = palette().color(backgroundRole());
+  painter.setPen(isEnabled() ? LinkColor(palette().color(QPalette::Link), plain, ground) : plain);
   const QRect area = rect().adjusted(kMargin, 0, -kMargin, 0);
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, area.width());
   painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
