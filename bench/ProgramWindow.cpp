@@ -2,11 +2,13 @@
 #include "app/DesktopProgram.h"
 #include "bench/QuitWhenPainted.h"
 #include "shell/GuardedApplication.h"
+#include "tools/desktop/FocusStyle.h"
 
 int main(int argc, char** argv) {
   shell::GuardedApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("packwright"));
   shell::InstallGermanTexts(application);
+  QApplication::setStyle(new tools::FocusStyle);
   app::DesktopProgram program;
   application.SetDialogs(&program.Dialogs());
   new bench::QuitWhenPainted(program.Window());

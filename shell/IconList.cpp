@@ -1,7 +1,6 @@
 #include "shell/IconList.h"
 
 #include <QFile>
-#include <QImage>
 
 #include "shell/PictureIconEngine.h"
 
@@ -17,7 +16,7 @@ QIcon IconList::Icon(const QString& key) const {
   const QString black = QStringLiteral(":/icons/black/%1.png").arg(key);
   if (!QFile::exists(black)) return {};
   const QString white = QStringLiteral(":/icons/white/%1.png").arg(key);
-  return QIcon(new PictureIconEngine(QImage(black), QImage(white)));
+  return QIcon(new PictureIconEngine(black, white));
 }
 
 }  // namespace shell

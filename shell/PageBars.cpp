@@ -35,25 +35,31 @@ tools::FileStamp StampOf(const std::string& path) {
 }  // namespace
 
 PageBar::PageBar(const QString& name, const QString& text, QWidget* parent)
-    : QFrame(parent), layout_(new QHBoxLayout(this)) {
+    : QFrame(parent), layout_(new QHBoxLayout(this)), icon_(new QLabel(this)) {
   setObjectName(name);
   setFrameShape(QFrame::StyledPanel);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::ToolTipBase);
   setForegroundRole(QPalette::ToolTipText);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  auto* icon = new QLabel(this);
-  icon->setPixmap(style()
-                      ->standardIcon(QStyle::SP_MessageBoxInformation)
-                      .pixmap(style()->pixelMetric(QStyle::PM_SmallIconSize)));
   auto* label = new QLabel(text, this);
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setForegroundRole(QPalette::ToolTipText);
   setAccessibleName(text);
-  layout_->addWidget(icon);
+  layout_->addWidget(icon_);
   layout_->addWidget(label, 1);
   hide();
+}
+
+// Not before: to look for it among the desktop's icons takes a fifth of the program's start.
+void PageBar::showEvent(QShowEvent* event) {
+  if (icon_->pixmap().isNull()) {
+    icon_->setPixmap(style()
+                         ->standardIcon(QStyle::SP_MessageBoxInformation)
+                         .pixmap(style()->pixelMetric(QStyle::PM_SmallIconSize)));
+  }
+  QFrame::showEvent(event);
 }
 
 tools::LinkButton* PageBar::AddLink(const char* name, const QString& text) {

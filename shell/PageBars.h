@@ -11,6 +11,7 @@
 #include "tools/files/Files.h"
 
 class QHBoxLayout;
+class QLabel;
 class QVBoxLayout;
 class QWidget;
 
@@ -33,8 +34,12 @@ class PageBar : public QFrame {
   /// Adds a link behind the others, which the caller connects.
   tools::LinkButton* AddLink(const char* name, const QString& text);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   QHBoxLayout* layout_;
+  QLabel* icon_;
 };
 
 class PageBars : public QObject {

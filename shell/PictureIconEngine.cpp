@@ -5,6 +5,7 @@
 #include <QPalette>
 #include <QPixmap>
 #include <algorithm>
+#include <utility>
 
 namespace shell {
 
@@ -17,9 +18,8 @@ int WithInk(int black, int white, int ink) { return black + (white - black) * in
 
 }  // namespace
 
-PictureIconEngine::PictureIconEngine(const QImage& black, const QImage& white)
-    : black_(black.convertToFormat(QImage::Format_ARGB32_Premultiplied)),
-      white_(white.convertToFormat(QImage::Format_ARGB32_Premultiplied)) {}
+PictureIconEngine::PictureIconEngine(QString blackFile, QString whiteFile)
+    : blackFile_(std::move(blackFile)), whiteFile_(std::move(whiteFile)) {}
 
 void PictureIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
                               QIcon::State /*state*/) {
@@ -45,13 +45,17 @@ QPixmap PictureIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::St
 
 QIconEngine* PictureIconEngine::clone() const { return new PictureIconEngine(*this); }
 
-QImage PictureIconEngine::Draw(int pixels, const QColor& ink) const {
-  const auto scaled = [pixels](const QImage& picture) {
+QImage PictureIconEngine::Draw(int pixels, const QColor& ink) {
+  const auto scaled = [pixels](QImage& picture, const QString& file) {
+    if (picture.isNull()) {
+      picture = QImage(file).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    }
     return picture.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
   };
-  QImage result = scaled(black_);
-  const QImage white = scaled(white_);
+  QImage result = scaled(black_, blackFile_);
+  if (ink == QColor(Qt::black)) return result;  // most light desktops: half the work of the start
+  const QImage white = scaled(white_, whiteFile_);
   for (int y = 0; y < result.height(); ++y) {
     auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
     const auto* whiteLine = reinterpret_cast<const QRgb*>(white.constScanLine(y));

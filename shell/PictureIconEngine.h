@@ -3,6 +3,7 @@
 
 #include <QIconEngine>
 #include <QImage>
+#include <QString>
 
 namespace shell {
 
@@ -10,16 +11,19 @@ namespace shell {
 /// one picture serves light and dark desktops; a disabled icon is drawn faded.
 class PictureIconEngine : public QIconEngine {
  public:
-  /// The picture as it is with black and with white ink; same size, otherwise equal.
-  PictureIconEngine(const QImage& black, const QImage& white);
+  /// The files of the picture as it is with black and with white ink; same size, otherwise equal.
+  /// They are read when it is first drawn.
+  PictureIconEngine(QString blackFile, QString whiteFile);
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
   [[nodiscard]] QIconEngine* clone() const override;
 
  private:
-  [[nodiscard]] QImage Draw(int pixels, const QColor& ink) const;
+  [[nodiscard]] QImage Draw(int pixels, const QColor& ink);
 
+  QString blackFile_;
+  QString whiteFile_;
   QImage black_;
   QImage white_;
 };
