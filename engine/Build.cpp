@@ -20,6 +20,7 @@
 #include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/Error.h"
+#include "tools/SetupNames.h"
 #include "tools/files/Files.h"
 #include "tools/files/Names.h"
 #include "tools/files/Path.h"
@@ -119,8 +120,8 @@ class Build {
     StoreFiles();
     summary_.times.packing = TimeSince(begun);
     begun = environment_.clock.SteadyNow();
-    WriteInstallScript(environment_.disk, InStage(title_ + kScriptEnding), head, options_.packaged,
-                       survey_, *names_);
+    WriteInstallScript(environment_.disk, InStage(title_ + tools::kScriptEnding), head, survey_,
+                       *names_);
     summary_.times.script = TimeSince(begun);
     CopyPrograms();
     log_.EndBuildLog();
@@ -165,7 +166,7 @@ class Build {
   void StoreFiles() {
     progress_.Start(survey_.files, survey_.bytes);
     const std::unique_ptr<FileStore> store = MakeStore();
-    log_.WriteTo(environment_.disk, InStage(kLogName));
+    log_.WriteTo(environment_.disk, InStage(tools::kLogName));
     summary_.diskFull = engine::StoreFiles(survey_, *store, names_.emplace(survey_), log_);
     isIncomplete_ = summary_.diskFull;
     if (const std::optional<tools::Error> failure = store->Finish()) {
@@ -182,7 +183,7 @@ class Build {
       return std::make_unique<TreeStore>(stage_->Path(), summary_.outputFolder,
                                          OwnNamesInTree(options_, title_), progress_);
     }
-    const std::string name = title_ + kArchiveEnding;
+    const std::string name = title_ + tools::kArchiveEnding;
     return std::make_unique<ArchiveStore>(environment_.disk, InStage(name), PackingOf(name),
                                           environment_.fileTime, progress_);
   }
@@ -202,6 +203,7 @@ class Build {
     model::StoredOptions::CatalogueEntry entry =
         model::StoredOptions(project, version_).Catalogue(title_);
     ScriptHead head;
+    head.packaged = options_.packaged;
     head.year = environment_.clock.Year();
     head.author = project.ProductAuthor();
     head.toolVersion = environment_.toolVersion;
@@ -213,9 +215,10 @@ class Build {
   }
 
   void CopyPrograms() {
-    if (options_.includeWrapper) CopyProgram(kWrapperSource, kWrapperName, "setup wrapper");
+    if (options_.includeWrapper)
+      CopyProgram(tools::kWrapperSource, tools::kWrapperName, "setup wrapper");
     if (options_.includeRuntime) {
-      CopyProgram(kRuntimeName, kRuntimeName, "Tessel installer");
+      CopyProgram(tools::kRuntimeName, tools::kRuntimeName, "Tessel installer");
     }
   }
 

@@ -12,6 +12,7 @@
 #include "engine/OutputFolder.h"
 #include "engine/ProtectedPlaces.h"
 #include "model/StoredOptions.h"
+#include "tools/SetupNames.h"
 #include "tools/files/Files.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Names.h"
@@ -46,8 +47,8 @@ class Checker {
     findings_.Try({}, [this] { CheckOutputFolder(); });
     findings_.Try({}, [this] { CheckTitle(); });
     findings_.Try({}, [this] { CheckCatalogue(); });
-    if (options_.includeWrapper) CheckProgram(kWrapperSource);
-    if (options_.includeRuntime) CheckProgram(kRuntimeName);
+    if (options_.includeWrapper) CheckProgram(tools::kWrapperSource);
+    if (options_.includeRuntime) CheckProgram(tools::kRuntimeName);
     findings_.Try({}, [this] { CheckComponentFiles(); });
     FileCheck files(options_, title_, outputFolder_, findings_);
     for (const SurveyedComponent& component : survey_.components) files.Check(component, step);
@@ -81,7 +82,8 @@ class Checker {
   void CheckTitle() {
     title_ = project_.ProductTitle();
     // The second is the longest of the names made from it.
-    if (!tools::IsPortableFileName(title_) || !tools::IsPortableFileName(title_ + kScriptEnding)) {
+    if (!tools::IsPortableFileName(title_) ||
+        !tools::IsPortableFileName(title_ + tools::kScriptEnding)) {
       findings_.Report("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
     CheckValue("Die Produktbezeichnung", title_);

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "engine/OutputContent.h"
 #include "tools/Error.h"
+#include "tools/SetupNames.h"
 #include "tools/Text.h"
 
 namespace engine {
@@ -27,7 +27,7 @@ void BuildLog::BeginBuildLog() {
   file_.reset();
   errors_ = 0;
   warnings_ = 0;
-  Append(kLogHead, "");
+  Append(tools::kLogHead, "");
   Append("Created: ", clock_.DateTimeText());
   Append("", "");
 }

@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "engine/OutputContent.h"
 #include "model/FolderTable.h"
 #include "model/TextTable.h"
+#include "tools/SetupNames.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
 #include "tools/files/Names.h"
@@ -54,16 +54,15 @@ std::string ScriptTarget(const model::ICFile& entry, std::string_view sourcePath
   return target + (entry.TargetName.empty() ? tools::FileNamePart(sourcePath) : entry.TargetName);
 }
 
-InstallScript::InstallScript(Sink sink, ScriptHead head, bool packaged)
+InstallScript::InstallScript(Sink sink, ScriptHead head)
     : sink_(std::move(sink)),
       head_(std::move(head)),
-      packaged_(packaged),
       notInstalled_(model::LoadText(model::Text::ScriptFileNotInstalled)),
       errorCaption_(tools::StandardText(tools::kTextError)),
       failed_(model::LoadText(model::Text::ScriptInstallationFailed)) {}
 
 void InstallScript::Begin() {
-  WriteScriptLine(kScriptTitle);
+  WriteScriptLine(tools::kScriptHead);
   WriteScriptLine("' Copyright (C) " + std::to_string(head_.year) + " by " + head_.author);
   WriteScriptLine("' Created with Quillon Packwright " + tools::FormatVersion(head_.toolVersion));
   WriteScriptLine("");
@@ -97,10 +96,10 @@ void InstallScript::BeginComponent(std::string_view title) {
 
 void InstallScript::AddFile(const model::ICFile& entry, std::string_view sourcePath,
                             std::string_view storedName) {
-  std::string source(packaged_ ? "%TempPath%\\" : "%SrcPath%\\");
+  std::string source(head_.packaged ? "%TempPath%\\" : "%SrcPath%\\");
   source.append(storedName);
   const std::string target = ScriptTarget(entry, sourcePath);
-  if (packaged_) {
+  if (head_.packaged) {
     WriteScriptLine({"If Extract(\"%SrcPath%\\", head_.productTitle, ".zip\", \"", storedName,
                      "\", \"%TempPath%\\", ScriptFileName(storedName), "\") Then"});
   }
@@ -114,7 +113,7 @@ void InstallScript::AddFile(const model::ICFile& entry, std::string_view sourceP
     WriteScriptLine({"SelfReg \"", target, "\""});
   }
   WriteScriptLine("End If");
-  if (packaged_) {
+  if (head_.packaged) {
     WriteScriptLine({"Del \"", source, "\""});
     WriteScriptLine("End If");
   }
@@ -232,11 +231,10 @@ void WriteComponent(InstallScript& script, const SurveyedComponent& component,
 
 }  // namespace
 
-void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead head, bool packaged,
+void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead head,
                         const Survey& survey, const StoredNameMap& names) {
   ScriptFile file(disk, path);
-  InstallScript script([&file](std::string_view text) { file.Append(text); }, std::move(head),
-                       packaged);
+  InstallScript script([&file](std::string_view text) { file.Append(text); }, std::move(head));
   script.Begin();
   StoredNameMap::Reader reader(names);
   for (const SurveyedComponent& component : survey.components) {

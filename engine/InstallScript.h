@@ -34,15 +34,16 @@ namespace engine {
   return dot == std::string_view::npos ? std::string_view{} : name.substr(dot + 1);
 }
 
-/// What the script's head is made from.
+/// What the script says of the setup as a whole.
 struct ScriptHead {
+  bool packaged = true;  ///< the files come out of an archive named after the product
   int year = 0;
   std::string author;
   tools::Version toolVersion;
   std::string productTitle;
-  std::string catalogueKey;  ///< empty leaves the registration out
-  std::string catalogueTitle;
-  std::string catalogueType;  ///< written without quotes
+  std::string catalogueKey{};  ///< empty leaves the registration out
+  std::string catalogueTitle{};
+  std::string catalogueType{};  ///< written without quotes
 };
 
 /// Where an entry's file is installed: the entry's folder macro (or custom path) and subfolder, and
@@ -54,8 +55,7 @@ class InstallScript {
   /// Receives the script's text in pieces of any length.
   using Sink = std::function<void(std::string_view text)>;
 
-  /// `packaged`: the files come out of an archive named after the product.
-  InstallScript(Sink sink, ScriptHead head, bool packaged);
+  InstallScript(Sink sink, ScriptHead head);
 
   /// Everything up to the selection of the installation folder.
   void Begin();
@@ -76,7 +76,6 @@ class InstallScript {
 
   Sink sink_;
   ScriptHead head_;
-  bool packaged_;
   std::string notInstalled_;  ///< texts that every file's statements have
   std::string errorCaption_;
   std::string failed_;
@@ -123,7 +122,7 @@ class StoredNameMap {
 /// Writes the script of what was stored: creates or replaces the file at `path`. Files without a
 /// stored name get no statement. The text goes to disk as it grows: a large product's script is
 /// larger than the rest of a build's memory. Raises tools::Error; the path is then as it was.
-void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead head, bool packaged,
+void WriteInstallScript(tools::Disk& disk, const std::string& path, ScriptHead head,
                         const Survey& survey, const StoredNameMap& names);
 
 }  // namespace engine

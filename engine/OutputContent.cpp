@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <string_view>
 
 #include "tools/Error.h"
+#include "tools/SetupNames.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/FindFiles.h"
@@ -97,15 +99,16 @@ std::optional<std::string> TextBeginningWith(const std::string& path, std::strin
 class SetupNames {
  public:
   explicit SetupNames(const std::string& folder) {
-    if (!TextBeginningWith(tools::JoinPath(folder, kLogName), kLogHead)) return;
+    if (!TextBeginningWith(tools::JoinPath(folder, tools::kLogName), tools::kLogHead)) return;
     std::error_code failure;
     for (const tools::FolderEntry& entry : tools::ListEntries(folder, failure)) {
-      if (entry.kind == tools::FolderEntry::Kind::File && entry.name.ends_with(kScriptEnding)) {
+      if (entry.kind == tools::FolderEntry::Kind::File &&
+          entry.name.ends_with(tools::kScriptEnding)) {
         AddScript(folder, entry.name);
       }
     }
     if (keys_.empty()) return;
-    for (const char* own : {kLogName, kWrapperName, kRuntimeName}) Add(own);
+    for (const char* own : tools::kFixedSetupNames) Add(own);
   }
 
   [[nodiscard]] bool Has(const std::string& relative) const {
@@ -116,10 +119,11 @@ class SetupNames {
   void Add(const std::string& name) { keys_.insert(KeyOf(name, tools::kPathSeparator)); }
 
   void AddScript(const std::string& folder, const std::string& name) {
-    const auto script = TextBeginningWith(tools::JoinPath(folder, name), kScriptTitle);
+    const auto script = TextBeginningWith(tools::JoinPath(folder, name), tools::kScriptHead);
     if (!script) return;
     Add(name);
-    Add(name.substr(0, name.size() - std::string_view(kScriptEnding).size()) + kArchiveEnding);
+    Add(name.substr(0, name.size() - std::string_view(tools::kScriptEnding).size()) +
+        tools::kArchiveEnding);
     AddInstalled(*script);
   }
 
@@ -138,6 +142,15 @@ class SetupNames {
 };
 
 }  // namespace
+
+std::vector<std::string> OwnNamesInTree(const BuildOptions& options, const std::string& title) {
+  std::vector<std::string> names(std::begin(tools::kFixedSetupNames),
+                                 std::end(tools::kFixedSetupNames));
+  if (!options.includeWrapper) std::erase(names, tools::kWrapperName);
+  if (!options.includeRuntime) std::erase(names, tools::kRuntimeName);
+  names.push_back(title + tools::kScriptEnding);
+  return names;
+}
 
 OutputContent ContentOf(const std::string& folder) {
   OutputContent content;

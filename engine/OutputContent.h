@@ -1,5 +1,4 @@
-// What lies in an output folder before a build, and the names of what a build itself puts at its
-// top.
+// What lies in an output folder before a build, and what a build may put at its top.
 #pragma once
 
 #include <string>
@@ -9,25 +8,9 @@
 
 namespace engine {
 
-inline constexpr const char* kLogName = "build.log";
-inline constexpr const char* kWrapperName = "Setup.exe";
-inline constexpr const char* kWrapperSource = "Wrapper.exe";  ///< in the program's folder
-inline constexpr const char* kRuntimeName = "InstallTessel.msi";
-inline constexpr const char* kScriptEnding = ".install";
-inline constexpr const char* kArchiveEnding = ".zip";
-
-// What the log and the script begin with: it tells a setup from other files.
-inline constexpr const char* kLogHead = "Quillon Packwright Build Log";
-inline constexpr const char* kScriptTitle = "' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL";
-
 /// The names that a build with these options puts at the top of a folder tree.
-[[nodiscard]] inline std::vector<std::string> OwnNamesInTree(const BuildOptions& options,
-                                                             const std::string& title) {
-  std::vector<std::string> names{kLogName, title + kScriptEnding};
-  if (options.includeWrapper) names.emplace_back(kWrapperName);
-  if (options.includeRuntime) names.emplace_back(kRuntimeName);
-  return names;
-}
+[[nodiscard]] std::vector<std::string> OwnNamesInTree(const BuildOptions& options,
+                                                      const std::string& title);
 
 // The functions below ignore the hidden folders of running builds (TemporaryFiles.h), count links
 // as files and never follow them.

@@ -26,7 +26,9 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-/// Calls `visit(name, isSection)` for each section's name and each key, in order.
+enum class NameOf { Section, Key };
+
+/// Calls `visit(name, of)` for each section's name and each key, in order.
 template <typename Visit>
 void ForEachName(std::string_view text, Visit visit) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
@@ -35,14 +37,14 @@ void ForEachName(std::string_view text, Visit visit) {
     if (line.empty() || line.front() == ';') continue;
     if (line.front() == '[') {
       if (line.size() >= 2 && line.back() == ']') {
-        visit(tools::TrimBlanks(line.substr(1, line.size() - 2)), true);
+        visit(tools::TrimBlanks(line.substr(1, line.size() - 2)), NameOf::Section);
       }
       continue;
     }
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) continue;
     const std::string_view key = tools::TrimBlanks(line.substr(0, equals));
-    if (!key.empty()) visit(key, false);
+    if (!key.empty()) visit(key, NameOf::Key);
   }
 }
 
@@ -87,8 +89,8 @@ std::vector<std::int32_t> StoredEntries(const tools::SettingsFile& settings, std
 
 void ForEachSection(std::string_view text,
                     const std::function<void(std::string_view name)>& visit) {
-  ForEachName(text, [&](std::string_view name, bool isSection) {
-    if (isSection) visit(name);
+  ForEachName(text, [&](std::string_view name, NameOf of) {
+    if (of == NameOf::Section) visit(name);
   });
 }
 
@@ -97,9 +99,9 @@ Duplicates FindDuplicates(std::string_view text) {
   tools::NameIndex sections;
   std::optional<tools::NameIndex> keys;  // of the section that is being read
   std::string_view section;
-  ForEachName(text, [&](std::string_view name, bool isSection) {
+  ForEachName(text, [&](std::string_view name, NameOf of) {
     const auto place = static_cast<std::uint32_t>(name.data() - text.data());
-    if (isSection) {
+    if (of == NameOf::Section) {
       section = name;
       keys.reset();
       const auto sectionAt = [text](std::uint32_t at) { return SectionAt(text, at); };

@@ -73,9 +73,12 @@ class Surveyor {
         scope_{project.ProductFolder(), std::move(outputFolder), [this] { Tell(); },
                [this] { ++found_; }} {}
 
-  /// Without `lookForSources` only the folders of the sources are gathered.
-  Survey Run(bool lookForSources) {
-    onlyFolders_ = !lookForSources;
+  std::set<std::string> RunForFolders() {
+    onlyFolders_ = true;
+    return Run().sourceFolders;
+  }
+
+  Survey Run() {
     project_.RequireSoundVersionFile(version_);
     const ComponentFiles files = ListComponentFiles(project_, version_, scope_.step);
     if (!files.slots.empty() || !files.misnamed.empty()) RequireCount();
@@ -329,13 +332,13 @@ class Surveyor {
 
 Survey SurveyVersion(const model::ModProject& project, model::VersionSlot version,
                      const std::string& outputFolder, const SurveyWatch& watch) {
-  return Surveyor(project, version, outputFolder, watch).Run(true);
+  return Surveyor(project, version, outputFolder, watch).Run();
 }
 
 std::set<std::string> SourceFoldersOf(const model::ModProject& project,
                                       model::VersionSlot version) {
   const SurveyWatch noWatch;
-  return Surveyor(project, version, {}, noWatch).Run(false).sourceFolders;
+  return Surveyor(project, version, {}, noWatch).RunForFolders();
 }
 
 }  // namespace engine

@@ -7,12 +7,12 @@ void EditorPage::ApplyChanges() {
   try {
     host_->InOneWrite(*this, [this] { WriteSettings(); });
   } catch (...) {
-    Q_EMIT SaveTried(false);
+    Q_EMIT SaveFailed();
     throw;
   }
   SettingsWritten();
   SetDirty(false);
-  Q_EMIT SaveTried(true);
+  Q_EMIT Saved();
 }
 
 void EditorPage::SetDirty(bool dirty) {

@@ -41,8 +41,9 @@ class EditorPage : public QWidget, public model::OpenPage {
  Q_SIGNALS:
   /// IsDirty has changed.
   void DirtyChanged();
-  /// ApplyChanges has ended; `saved` is false after an error, which its caller reports.
-  void SaveTried(bool saved);
+  /// ApplyChanges has ended, the second by an error, which its caller reports.
+  void Saved();
+  void SaveFailed();
 
  protected:
   /// Hands the page's state to the host's Save, all of it, whether it was changed or not; may be

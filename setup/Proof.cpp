@@ -5,6 +5,7 @@
 
 #include "setup/ContentProof.h"
 #include "setup/TargetPath.h"
+#include "tools/SetupNames.h"
 #include "tools/Text.h"
 #include "tools/files/FindFiles.h"
 #include "tools/files/Names.h"
@@ -15,7 +16,11 @@ namespace setup {
 namespace {
 
 // What lies beside the files of a setup that is not packaged.
-constexpr std::string_view kOwnFiles[] = {"setup.exe", "installtessel.msi", "build.log"};
+bool IsOwnFile(const std::string& name) {
+  return std::ranges::any_of(tools::kFixedSetupNames, [&name](const char* own) {
+    return tools::EqualIgnoringCase(name, own);
+  });
+}
 
 const char* StatementOf(CopyRule rule) {
   switch (rule) {
@@ -77,7 +82,7 @@ class Prover {
 
   void ProveHead() {
     const std::string name = tools::FileNamePart(setup_.scriptPath);
-    AddHead("Name des Skripts", name, expected_.title + ".install");
+    AddHead("Name des Skripts", name, expected_.title + tools::kScriptEnding);
     AddHead("Autor", plan_.head.author, expected_.author);
     const bool digits =
         std::ranges::all_of(plan_.head.year, [](char c) { return c >= '0' && c <= '9'; });
@@ -95,7 +100,8 @@ class Prover {
     AddHead("Tessel-Programmtyp", found.type, wanted.type);
     AddHead("Installationsordner", plan_.folderProposal,
             "%ProgramFiles%\\" + tools::CleanFolderName(expected_.title, "X", 0, "_"));
-    if (!plan_.archive.empty()) AddHead("Archiv", plan_.archive, expected_.title + ".zip");
+    if (!plan_.archive.empty())
+      AddHead("Archiv", plan_.archive, expected_.title + tools::kArchiveEnding);
   }
 
   void ProveFiles() {
@@ -202,8 +208,7 @@ class Prover {
     for (const std::string& path :
          tools::FindFiles(setup_.folder, "*", tools::Subfolders::Search)) {
       const bool own =
-          tools::FolderOf(path) == setup_.folder &&
-          std::ranges::count(kOwnFiles, tools::LowerCase(tools::FileNamePart(path))) > 0;
+          tools::FolderOf(path) == setup_.folder && IsOwnFile(tools::FileNamePart(path));
       if (!own && !std::ranges::binary_search(known, path)) AddUnused(path, {});
     }
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "setup/TargetPath.h"
+#include "tools/SetupNames.h"
 #include "tools/Text.h"
 #include "tools/files/Names.h"
 
@@ -11,7 +12,6 @@ namespace setup {
 
 namespace {
 
-constexpr std::string_view kFirstLine = "' QUILLON PACKWRIGHT INSTALLATION SCRIPT FOR TESSEL";
 constexpr std::string_view kReminder = "TO-DO: Register path for this file...";
 
 constexpr std::string_view kExpectedInMain =
@@ -54,7 +54,7 @@ std::string PathInSetup(std::string_view path) {
 
 ScriptReader::ScriptReader(std::string path) : path_(std::move(path)) {}
 
-bool ScriptReader::IsFirstLine(std::string_view line) { return line == kFirstLine; }
+bool ScriptReader::IsFirstLine(std::string_view line) { return line == tools::kScriptHead; }
 
 void ScriptReader::Report(std::string text) {
   if (reading_.findings.size() == kKeptFindings) {
@@ -92,7 +92,7 @@ void ScriptReader::HeadLine(std::string_view line) {
   constexpr std::string_view kTool = "' Created with Quillon Packwright ";
   ScriptHead& head = reading_.plan.head;
   if (line_ == 1) {
-    if (!IsFirstLine(line)) Report("Erwartet: " + std::string(kFirstLine));
+    if (!IsFirstLine(line)) Report("Erwartet: " + std::string(tools::kScriptHead));
   } else if (line_ == 2) {
     const std::size_t by = line.find(" by ");
     if (!line.starts_with(kCopyright) || by == std::string_view::npos) {

@@ -4,6 +4,7 @@
 
 #include "setup/TargetPath.h"
 #include "tools/Error.h"
+#include "tools/SetupNames.h"
 #include "tools/files/Files.h"
 #include "tools/files/FindFiles.h"
 #include "tools/files/InputFile.h"
@@ -21,7 +22,7 @@ std::string ScriptOf(const std::string& path) {
     throw tools::Error("Das Setup wurde nicht gefunden: " + path);
   }
   const std::vector<std::string> scripts =
-      tools::FindFiles(path, "*.install", tools::Subfolders::Skip);
+      tools::FindFiles(path, std::string("*") + tools::kScriptEnding, tools::Subfolders::Skip);
   if (scripts.empty()) {
     throw tools::Error("In diesem Ordner liegt kein Setup (keine Datei *.install): " + path);
   }
@@ -37,7 +38,7 @@ std::string ArchiveOf(const Setup& setup) {
   if (!setup.plan.archive.empty()) return tools::JoinPath(setup.folder, setup.plan.archive);
   const std::string name = tools::FileNamePart(setup.scriptPath);
   const std::string path =
-      tools::JoinPath(setup.folder, name.substr(0, name.find_last_of('.')) + ".zip");
+      tools::JoinPath(setup.folder, name.substr(0, name.find_last_of('.')) + tools::kArchiveEnding);
   return tools::FileExists(path) ? path : std::string();
 }
 

@@ -66,18 +66,23 @@ void ComponentCommands::AddTo(QMenu& versionMenu, QMenu& componentMenu) {
   componentMenu.addSeparator();
   componentMenu.addActions({mnuCopy, mnuCut, mnuPaste, mnuRename});
   for (const QMenu* menu : {&versionMenu, &componentMenu}) {
-    connect(menu, &QMenu::aboutToShow, this, [this] { EnableItems(false); });
+    connect(menu, &QMenu::aboutToShow, this, [this] { EnableUsableItems(); });
     // Disabled items would not answer their keys.
     connect(
-        menu, &QMenu::aboutToHide, this, [this] { EnableItems(true); }, Qt::QueuedConnection);
+        menu, &QMenu::aboutToHide, this, [this] { EnableAllItems(); }, Qt::QueuedConnection);
   }
 }
 
-void ComponentCommands::EnableItems(bool all) {
-  tools::Guard(services_.dialogs, [&] {
-    mnuPaste->setEnabled(all || !OnClipboard().empty());
-    mnuCopy->setEnabled(all || !Selected().empty());
+void ComponentCommands::EnableUsableItems() {
+  tools::Guard(services_.dialogs, [this] {
+    mnuPaste->setEnabled(!OnClipboard().empty());
+    mnuCopy->setEnabled(!Selected().empty());
   });
+}
+
+void ComponentCommands::EnableAllItems() {
+  mnuPaste->setEnabled(true);
+  mnuCopy->setEnabled(true);
 }
 
 std::vector<ShownComponent> ComponentCommands::Selected() const {

@@ -49,7 +49,9 @@ class ComponentCommands : public QObject {
  private:
   QAction* AddItem(const char* name, model::Text text, const QKeySequence& shortcut,
                    std::function<void()> command);
-  void EnableItems(bool all);
+  /// Those that would do nothing now are disabled.
+  void EnableUsableItems();
+  void EnableAllItems();
   void PutOnClipboard(Transfer transfer);
   void Paste();
   void Rename();

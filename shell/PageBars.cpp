@@ -103,7 +103,9 @@ void PageBars::PagesRead(const Node& node) {
   } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the pages have told of it
   }
   for (std::int32_t i = 1; i <= pages_.Count(); ++i) {
-    connect(&pages_.Item(i), &pages::EditorPage::SaveTried, this, &PageBars::PagesSaved);
+    const pages::EditorPage* page = &pages_.Item(i);
+    connect(page, &pages::EditorPage::Saved, this, &PageBars::PagesSaved);
+    connect(page, &pages::EditorPage::SaveFailed, this, &PageBars::PagesSaved);
   }
   TreeChanged();
 }

@@ -86,7 +86,7 @@ QTreeWidgetItem* ProjectTree::MakeItem(const Node& node, const std::string& text
   item->setIcon(0, IconOf(node));
   item->setFlags(node.tag == kComponentTag ? item->flags() | Qt::ItemIsDragEnabled
                                            : item->flags() & ~Qt::ItemIsDragEnabled);
-  if (node == marked_) ShowMark(*item, true);
+  if (node == marked_) ShowMark(*item);
   return item;
 }
 
@@ -96,8 +96,10 @@ const QIcon& ProjectTree::IconOf(const Node& node) const {
                                    : componentIcon_;
 }
 
-void ProjectTree::ShowMark(QTreeWidgetItem& item, bool marked) const {
-  const QIcon& icon = IconOf(NodeOf(&item));
+void ProjectTree::ShowMark(QTreeWidgetItem& item) const {
+  const Node node = NodeOf(&item);
+  const bool marked = node == marked_;
+  const QIcon& icon = IconOf(node);
   item.setIcon(0, marked ? WithChangeMark(icon) : icon);
   item.setData(0, Qt::AccessibleDescriptionRole,
                marked ? tools::ToQString(model::LoadText(Text::Changed)) : QVariant());
@@ -106,7 +108,7 @@ void ProjectTree::ShowMark(QTreeWidgetItem& item, bool marked) const {
 void ProjectTree::MarkChanged(const Node& node) {
   if (node == marked_) return;
   for (const Node& each : {std::exchange(marked_, node), node}) {
-    if (QTreeWidgetItem* item = Find(each)) ShowMark(*item, each == node);
+    if (QTreeWidgetItem* item = Find(each)) ShowMark(*item);
   }
 }
 

@@ -79,7 +79,8 @@ class ProjectTree : public QTreeWidget {
                      QTreeWidgetItem& parent, ErrorList& errors) const;
   [[nodiscard]] QTreeWidgetItem* Find(const Node& node) const;
   [[nodiscard]] const QIcon& IconOf(const Node& node) const;
-  void ShowMark(QTreeWidgetItem& item, bool marked) const;
+  /// Shows whether the item's node is the marked one.
+  void ShowMark(QTreeWidgetItem& item) const;
   void SelectInsteadOfHidden(QTreeWidgetItem* collapsed);
   void ShowMenuAtSelection();
   [[nodiscard]] static Node DraggedNode(const QDropEvent& event);

@@ -1,10 +1,10 @@
 #include "shell/SetupViews.h"
 
-#include "engine/OutputContent.h"
 #include "model/TextTable.h"
 #include "setup/Comparison.h"
 #include "shell/TextWindow.h"
 #include "tools/Error.h"
+#include "tools/SetupNames.h"
 #include "tools/Text.h"
 #include "tools/desktop/QtText.h"
 #include "tools/files/InputFile.h"
@@ -42,7 +42,7 @@ std::string Report(const std::string& otherFolder, const setup::SetupComparison&
 }  // namespace
 
 void ShowBuildLog(const std::string& setupFolder, QWidget* parent) {
-  const std::string path = tools::JoinPath(setupFolder, engine::kLogName);
+  const std::string path = tools::JoinPath(setupFolder, tools::kLogName);
   const auto log = tools::ReadFileUpTo(path, kLargestLog);
   if (!log) throw tools::Error("Das Protokoll ist zu groß, um es anzuzeigen: " + path);
   TextWindow window(ToQString(LoadText(Text::BuildLogTitle) + " - " + path), ToQString(log->bytes),

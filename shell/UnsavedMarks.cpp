@@ -46,19 +46,20 @@ void UnsavedMarks::Watch(EditorTabs& pages, const Node& node) {
     pages_.emplace_back(page);
     disconnect(page, nullptr, this, nullptr);  // one that could not be removed
     connect(page, &pages::EditorPage::DirtyChanged, this, &UnsavedMarks::Show);
-    connect(page, &pages::EditorPage::SaveTried, this,
-            [this, page](bool saved) { OnSaveTried(page, saved); });
+    connect(page, &pages::EditorPage::Saved, this, [this, page] { OnSaved(page); });
+    connect(page, &pages::EditorPage::SaveFailed, this, [this, page] { OnSaveFailed(page); });
   }
   Show();
 }
 
-void UnsavedMarks::OnSaveTried(const pages::EditorPage* page, bool saved) {
-  if (saved) {
-    failed_.remove(page);
-    savedAt_ = QTime::currentTime().toString(QStringLiteral("HH:mm"));
-  } else {
-    failed_.insert(page);
-  }
+void UnsavedMarks::OnSaved(const pages::EditorPage* page) {
+  failed_.remove(page);
+  savedAt_ = QTime::currentTime().toString(QStringLiteral("HH:mm"));
+  Show();
+}
+
+void UnsavedMarks::OnSaveFailed(const pages::EditorPage* page) {
+  failed_.insert(page);
   Show();
 }
 

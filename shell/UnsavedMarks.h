@@ -38,7 +38,8 @@ class UnsavedMarks : public QObject {
   void Watch(EditorTabs& pages, const Node& node);
 
  private:
-  void OnSaveTried(const pages::EditorPage* page, bool saved);
+  void OnSaved(const pages::EditorPage* page);
+  void OnSaveFailed(const pages::EditorPage* page);
   void Show();
   void MarkTab(int index, bool dirty);
   void MarkWindow(bool dirty);

@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "engine/Build.h"
-#include "engine/OutputContent.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
+#include "tools/SetupNames.h"
 #include "tools/StandardTexts.h"
 #include "tools/Text.h"
 
@@ -83,7 +83,7 @@ class DesktopBuild : public engine::BuildObserver {
 
  private:
   static std::string LogHint() {
-    return tools::ReplaceAll(LoadText(Text::ErrorsAreLogged), "%log%", engine::kLogName);
+    return tools::ReplaceAll(LoadText(Text::ErrorsAreLogged), "%log%", tools::kLogName);
   }
 
   void ShowErrors(const std::string& more) {

@@ -36,12 +36,13 @@ class ArchiveBuildTest : public tests::BuildFixture {
     return contents;
   }
 
-  /// Has the disk not move one thing, and nothing more after that when it breaks.
-  void Pin(const std::string& ending, bool breaks) {
+  /// Has the disk not move one thing, or nothing more from there on.
+  enum class NotMoved { One, AllFrom };
+  void Pin(NotMoved what, const std::string& ending) {
     disk_.onStep = [=, isBroken = false](const FaultyDisk::Taken& taken) mutable {
       if (taken.step != FaultyDisk::Step::Replace) return;
       const bool isPinned = taken.path.ends_with(ending) || taken.other.ends_with(ending);
-      isBroken = isBroken || (isPinned && breaks);
+      isBroken = isBroken || (isPinned && what == NotMoved::AllFrom);
       if (!isPinned && !isBroken) return;
       throw tools::PathError("", taken.other,
                              std::make_error_code(std::errc::device_or_resource_busy));
@@ -177,7 +178,7 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackWhenTheNewOneCannotMoveIn) {
   std::filesystem::create_symlink(folder_.Path("quelle"), folder_.Path("aus/Verweis"));
   const std::string before = Contents();
   for (const char* pinned : {"aus/alter Ordner", "aus/Probe.zip", "aus/build.log"}) {
-    Pin(pinned, false);
+    Pin(NotMoved::One, pinned);
     Run();
     EXPECT_EQ(summary_->outcome, BuildOutcome::OutputFolderStuck);
     EXPECT_EQ(summary_->reason,
@@ -229,7 +230,7 @@ TEST_F(ArchiveBuildTest, PutsTheOldSetupBackLaterWhenItCouldNotAtOnce) {
   const std::string before = Contents();
   for (const char* stuckAt : {"/old/2", "/replaced", "aus/Probe.zip", "aus/build.log"}) {
     SCOPED_TRACE(stuckAt);
-    Pin(stuckAt, true);
+    Pin(NotMoved::AllFrom, stuckAt);
     mayEmpty_ = true;
     Run();
     disk_.onStep = {};

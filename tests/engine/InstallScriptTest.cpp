@@ -6,8 +6,9 @@ namespace engine {
 
 TEST(InstallScriptTest, ProposesAFolderThatWindowsAllows) {
   std::string text;
-  InstallScript script([&text](std::string_view part) { text += part; },
-                       {2031, "Änne", {1, 2, 30}, "Foto: 2", "", "", "1"}, true);
+  InstallScript script(
+      [&text](std::string_view part) { text += part; },
+      {.year = 2031, .author = "Änne", .toolVersion = {1, 2, 30}, .productTitle = "Foto: 2"});
   script.Begin();
   EXPECT_THAT(text, HasSubstr("PathStr(\"%ProgramFiles%\\Foto_ 2\")"));
 }

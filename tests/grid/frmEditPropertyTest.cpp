@@ -7,12 +7,14 @@
 
 namespace tests {
 
+enum class ResetButton { Hidden, Shown };
+
 /// The dialog as it is opened for a value.
 struct Fixture {
-  explicit Fixture(const QString& value = "alter Text", bool withReset = false) {
+  explicit Fixture(const QString& value = "alter Text", ResetButton reset = ResetButton::Hidden) {
     dialog.SetPrompt("Neuer Wert für " + value);
     dialog.SetValue(value);
-    dialog.SetEnableDefaultValue(withReset);
+    dialog.SetEnableDefaultValue(reset == ResetButton::Shown);
     dialog.SetDefaultValue("Vorgabe");
     dialog.open();
     Activate(dialog);
@@ -79,7 +81,7 @@ class frmEditPropertyTest : public QObject {
   }
 
   void TheResetButtonFillsInTheDefault() {
-    const Fixture f("alter Text", true);
+    const Fixture f("alter Text", ResetButton::Shown);
     Press(f.dialog, "cmdReset");
     QCOMPARE(Shown(f.dialog, {"txtNewValue", "txtOldValue"}), "Vorgabe|alter Text");
     Press(f.dialog, "cmdOK");

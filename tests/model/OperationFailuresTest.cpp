@@ -28,6 +28,9 @@ std::string Listing(const ModProject& project) {
   return text;
 }
 
+/// What waits to be removed.
+enum class Temporary { LeftOut, Included };
+
 /// An open product with a component, a free slot for another, a version with two components and one
 /// whose components are gone, and the window that shows it.
 struct OpenedProduct : tests::ProductDesk {
@@ -45,13 +48,13 @@ struct OpenedProduct : tests::ProductDesk {
     shown = Listing(project);
   }
 
-  /// Everything in the folder; with `temporary`, what waits to be removed too.
-  [[nodiscard]] std::map<std::string, std::string> Content(bool temporary) const {
+  /// Everything in the folder.
+  [[nodiscard]] std::map<std::string, std::string> Content(Temporary temporary) const {
     std::map<std::string, std::string> content;
     std::filesystem::recursive_directory_iterator walk(ToPath(folder.Path()));
     for (auto entry = begin(walk); entry != end(walk); ++entry) {
       const std::string path = tools::FromPath(entry->path());
-      if (!temporary && tools::IsTemporaryName(path)) {
+      if (temporary == Temporary::LeftOut && tools::IsTemporaryName(path)) {
         entry.disable_recursion_pending();
       } else {
         content[path.substr(folder.Path().size())] =
@@ -94,9 +97,9 @@ const Operation kOperations[] = {
 struct Contents {
   Contents(const Operation& operation, const std::string& fileName) {
     OpenedProduct product(fileName);
-    old = product.Content(true);
+    old = product.Content(Temporary::Included);
     operation.run(product);
-    whole = product.Content(true);
+    whole = product.Content(Temporary::Included);
   }
 
   std::map<std::string, std::string> old;
@@ -116,16 +119,20 @@ bool FailAndRetry(const Operation& operation, const std::string& fileName, const
   EXPECT_THAT(error, AllOf(HasSubstr(product.folder.Path()), HasSubstr("Kein Speicherplatz")));
   // What could not be removed at the end is hidden, and named.
   const bool done = step == Step::RemoveFolderTree;
-  EXPECT_EQ(product.Content(!done), done ? contents.whole : contents.old);
+  EXPECT_EQ(product.Content(done ? Temporary::LeftOut : Temporary::Included),
+            done ? contents.whole : contents.old);
   EXPECT_EQ(done, error.find(".packwright-") != std::string::npos) << error;
   if (product.project.IsOpen()) {
     EXPECT_EQ(product.shown, Listing(product.project));
   }
   if (done) return true;
   operation.run(product);
-  EXPECT_EQ(product.Content(true), contents.whole) << "again";
+  EXPECT_EQ(product.Content(Temporary::Included), contents.whole) << "again";
   return true;
 }
+
+/// What a loss of power takes, at its worst: bytes that were not flushed, and names too.
+enum class Lost { Bytes, BytesAndNames };
 
 /// A product whose steps in an operation can be taken again in a copy of it.
 struct ReplayedProduct : OpenedProduct {
@@ -137,15 +144,14 @@ struct ReplayedProduct : OpenedProduct {
     disk.onStep = {};
   }
 
-  /// What the product holds when the power has gone after the first `count` steps. That loses
-  /// bytes that were not flushed and, at its worst, names that were not.
-  std::string After(std::size_t count, bool losesNames,
+  /// What the product holds when the power has gone after the first `count` steps.
+  std::string After(std::size_t count, Lost lost,
                     const std::function<void(ModProject&)>& then = {}) {
     std::filesystem::remove_all(ToPath(folder.Path("Kopie")));
     std::filesystem::copy(ToPath(folder.Path("Vorher")), ToPath(folder.Path("Kopie")),
                           copy_options::recursive);
     for (std::size_t i = 0; i < count; ++i) {
-      if (IsKept(i, count, losesNames)) Redo(steps[i]);
+      if (IsKept(i, count, lost)) Redo(steps[i]);
     }
     tools::SettingsStore store{disk};
     ModProject copy{store};
@@ -154,9 +160,9 @@ struct ReplayedProduct : OpenedProduct {
     return Listing(copy);
   }
 
-  [[nodiscard]] bool IsKept(std::size_t at, std::size_t count, bool losesNames) const {
+  [[nodiscard]] bool IsKept(std::size_t at, std::size_t count, Lost lost) const {
     const bool isWrite = steps[at].step == Step::Write;
-    if (!isWrite && !losesNames) return true;
+    if (!isWrite && lost == Lost::Bytes) return true;
     const auto wanted = isWrite ? Step::Sync : Step::SyncFolder;
     const std::string path = isWrite ? steps[at].path : tools::FolderOf(steps[at].path);
     return std::any_of(steps.begin() + std::ptrdiff_t(at), steps.begin() + std::ptrdiff_t(count),
@@ -218,12 +224,12 @@ TEST(OperationFailuresTest, LeaveTheProductAsItWas) {
 
 TEST(OperationFailuresTest, WantOfMemoryIsTakenBackToo) {
   OpenedProduct product("demo.product");
-  const auto old = product.Content(true);
+  const auto old = product.Content(Temporary::Included);
   product.disk.onStep = [](const auto& taken) {
     if (taken.step == Step::MoveFolder) throw std::bad_alloc();
   };
   EXPECT_THROW(kOperations[1].run(product), std::bad_alloc);
-  EXPECT_EQ(product.Content(true), old);
+  EXPECT_EQ(product.Content(Temporary::Included), old);
 }
 
 TEST(OperationFailuresTest, WhatCannotBeTakenBackIsToldBesideTheFirstError) {
@@ -240,15 +246,16 @@ TEST(PowerLossTest, LeavesTheProductAsBeforeOrAsAfterTheOperation) {
   for (const Operation& operation : kOperations) {
     if (std::string_view(operation.name) == "new product") continue;  // beside this one
     ReplayedProduct product(operation);
-    const std::string before = product.After(0, true);
+    const std::string before = product.After(0, Lost::BytesAndNames);
     const std::string after = Listing(product.project);
     ASSERT_NE(before, after);
-    for (const bool losesNames : {false, true}) {
+    for (const Lost lost : {Lost::Bytes, Lost::BytesAndNames}) {
+      SCOPED_TRACE(testing::Message()
+                   << operation.name << (lost == Lost::Bytes ? "" : ", names too"));
       for (std::size_t count = 0; count < product.steps.size(); ++count) {
-        EXPECT_THAT(product.After(count, losesNames), AnyOf(before, after))
-            << operation.name << " after step " << count << ", " << losesNames;
+        EXPECT_THAT(product.After(count, lost), AnyOf(before, after)) << count;
       }
-      EXPECT_EQ(product.After(product.steps.size(), losesNames), after) << losesNames;
+      EXPECT_EQ(product.After(product.steps.size(), lost), after);
     }
   }
 }
@@ -260,10 +267,10 @@ TEST(PowerLossTest, NothingThatAKilledCopyHasLeftIsShownByTheNextOne) {
   const auto copyOne = [&](ModProject& project) {
     ComponentOperations(project, product.disk, product.dialogs, product.window).Copy({wanted}, 1);
   };
-  const std::string before = product.After(0, false, copyOne);
-  const std::string after = product.After(product.steps.size(), false, copyOne);
+  const std::string before = product.After(0, Lost::Bytes, copyOne);
+  const std::string after = product.After(product.steps.size(), Lost::Bytes, copyOne);
   for (std::size_t count = 1; count < product.steps.size(); ++count) {
-    EXPECT_THAT(product.After(count, false, copyOne), AnyOf(before, after)) << count;
+    EXPECT_THAT(product.After(count, Lost::Bytes, copyOne), AnyOf(before, after)) << count;
   }
 }
 
@@ -282,7 +289,7 @@ TEST(PowerLossTest, WhatAnAuthorChangedSinceAKilledCopyStays) {
     ++kept;
   };
   for (std::size_t count = 1; count < product.steps.size(); ++count) {
-    (void)product.After(count, false, editAndCopy);
+    (void)product.After(count, Lost::Bytes, editAndCopy);
   }
   EXPECT_GT(kept, 0);
 }

@@ -33,12 +33,14 @@ struct Fixture : PageFixture {
   }
   void Select(int row) const { Click(List(), List().model()->index(row, 0)); }
 
-  /// Opens the menu at the first entry, or below the last one.
-  QMenu& OpenMenu(bool atEntry) const {
-    QWidget* viewport = List().viewport();
-    const QPoint place = atEntry ? List().visualRect(List().model()->index(0, 0)).center()
-                                 : viewport->rect().bottomRight() - QPoint(9, 9);
-    QTest::mouseClick(viewport, Qt::RightButton, {}, place);
+  QMenu& OpenMenuAtFirst() const {
+    return OpenMenuAt(List().visualRect(List().model()->index(0, 0)).center());
+  }
+  QMenu& OpenMenuBelowLast() const {
+    return OpenMenuAt(List().viewport()->rect().bottomRight() - QPoint(9, 9));
+  }
+  QMenu& OpenMenuAt(QPoint place) const {
+    QTest::mouseClick(List().viewport(), Qt::RightButton, {}, place);
     return OpenedMenu();
   }
 };
@@ -52,7 +54,7 @@ class tabFileListTest : public QObject {
     for (const char* name : {"Q/b.txt", "Q/ä 漢.txt", "Q/tief/c"}) f.folder.Write(name, "x");
     f.Choose(38);
     f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolderAndSubfolders, f.folder.Path("Q"));
-    PickFrom(f.OpenMenu(false), "mnuAddDirectory1");
+    PickFrom(f.OpenMenuBelowLast(), "mnuAddDirectory1");
     QVERIFY(f.page->IsDirty());
     f.Choose(2001);
     for (const std::string& chosen : {f.folder.Path("Q/b.txt"), std::string()}) {
@@ -126,7 +128,7 @@ class tabFileListTest : public QObject {
       std::filesystem::create_symlink("fehlt", f.folder.Path(link));
     }
     f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolder, f.folder.Path("Q"));
-    PickFrom(f.OpenMenu(false), "mnuAddDirectory0");
+    PickFrom(f.OpenMenuBelowLast(), "mnuAddDirectory0");
     const QString passedOver = tools::ToQString(f.dialogs.Messages().front().text);
     QVERIFY(passedOver.contains(" 2.") && passedOver.endsWith(f.Path("Q/ins Leere")));
     QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?")));
@@ -247,7 +249,7 @@ class tabFileListTest : public QObject {
       const bool isRelative = answer == MessageAnswer::Yes;
       QCOMPARE(Rows(f.List()).startsWith("q/tief"), isRelative);
       QVERIFY(f.File(f.kProductFile).contains(isRelative ? "Relative=1" : "Relative=0"));
-      PickFrom(f.OpenMenu(false), "mnuRelative");
+      PickFrom(f.OpenMenuBelowLast(), "mnuRelative");
       QCOMPARE(f.area.hint.right(1), isRelative ? "0" : "2");
       f.page->ApplyChanges();
       QCOMPARE(f.Stored("File2", {"SourcePath"}), "q/tief");
@@ -270,10 +272,10 @@ class tabFileListTest : public QObject {
       });
     };
     expectScan(f.Path("Q"), QDir::toNativeSeparators("a.txt|tief/c.txt"));
-    PickFrom(f.OpenMenu(false), "mnuAddScan");
+    PickFrom(f.OpenMenuBelowLast(), "mnuAddScan");
     QVERIFY(f.Fields().contains("Unterordner einschließen=1|"));  // the new entry is selected
     expectScan("", "a.txt");
-    PickFrom(f.OpenMenu(true), "mnuShowScan");
+    PickFrom(f.OpenMenuAtFirst(), "mnuShowScan");
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("File1", {"Type", "SourceName", "IncludeChildren"}), "2|*.txt|0");
   }
@@ -366,7 +368,7 @@ class tabFileListTest : public QObject {
 
   void OnlyTheButtonRemovesAnEntry() {
     Fixture f("[Files]\nCount=2\n[File1]\nID=a\nTargetFolder=2\n[File2]\nID=b\nTargetFolder=2\n");
-    for (const char* idle : {"mnuRemoveFile", "mnuMoveFile"}) PickFrom(f.OpenMenu(true), idle);
+    for (const char* idle : {"mnuRemoveFile", "mnuMoveFile"}) PickFrom(f.OpenMenuAtFirst(), idle);
     Press(*f.page, "cmdMoveFile");
     QVERIFY(!f.page->IsDirty());
 

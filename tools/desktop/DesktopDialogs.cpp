@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 
 #include "tools/StandardTexts.h"
@@ -85,19 +84,19 @@ std::string DesktopDialogs::InputBox(const std::string& prompt, const std::strin
 }
 
 std::string DesktopDialogs::OpenFile(const OpenFileRequest& request) {
-  return FirstOf(RunOpenDialog(request, false));
+  return FirstOf(RunOpenDialog(request, QFileDialog::ExistingFile));
 }
 
 std::vector<std::string> DesktopDialogs::OpenFiles(const OpenFileRequest& request) {
-  return RunOpenDialog(request, true);
+  return RunOpenDialog(request, QFileDialog::ExistingFiles);
 }
 
 std::vector<std::string> DesktopDialogs::RunOpenDialog(const OpenFileRequest& request,
-                                                       bool several) const {
+                                                       QFileDialog::FileMode mode) const {
   QFileDialog dialog(Owner(), ToQString(request.title));
   dialog.setObjectName(u"openFile"_s);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
-  dialog.setFileMode(several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+  dialog.setFileMode(mode);
   UseGermanLabels(dialog, u"Öffnen"_s);
   const QStringList filters = NameFilters(ToQString(request.filter));
   // The texts of the filters say what they match; the patterns stay out of sight.

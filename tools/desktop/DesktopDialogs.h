@@ -1,12 +1,12 @@
 // The questions and notices of the desktop program, as real windows.
 #pragma once
 
+#include <QFileDialog>
 #include <QPointer>
 #include <map>
 
 #include "tools/Dialogs.h"
 
-class QFileDialog;
 class QWidget;
 
 namespace tools {
@@ -44,7 +44,7 @@ class DesktopDialogs : public Dialogs {
 
   [[nodiscard]] QWidget* Owner() const;
   [[nodiscard]] std::vector<std::string> RunOpenDialog(const OpenFileRequest& request,
-                                                       bool several) const;
+                                                       QFileDialog::FileMode mode) const;
   /// The paths that the user chose, in the machine's separators; none when cancelled.
   [[nodiscard]] static std::vector<std::string> RunFileDialog(QFileDialog& dialog);
 

@@ -1,6 +1,7 @@
 #include "tools/files/FileInformation.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -66,7 +67,8 @@ class PeImage {
   bool ReadBlock(std::uint64_t offset, std::size_t size, std::string& block) const;
   bool ReadAddress(std::uint64_t address, std::size_t size, std::string& block) const;
   bool FindResourceDirectory(const std::string& optionalHeader);
-  bool FindEntry(std::uint32_t directory, bool anyId, std::uint32_t id, std::uint32_t& found) const;
+  bool FindEntry(std::uint32_t directory, std::optional<std::uint32_t> id,
+                 std::uint32_t& found) const;
 
   const ReadBytesAt& read_;
   std::vector<Section> sections_;
@@ -118,9 +120,9 @@ bool PeImage::FindResourceDirectory(const std::string& optionalHeader) {
   return resources_ != 0;
 }
 
-/// Looks for the entry `id` (or takes the first one) of the directory at an offset from the root.
-/// `found` is its offset field.
-bool PeImage::FindEntry(std::uint32_t directory, bool anyId, std::uint32_t id,
+/// Looks for the entry `id` (without one takes the first) of the directory at an offset from the
+/// root. `found` is its offset field.
+bool PeImage::FindEntry(std::uint32_t directory, std::optional<std::uint32_t> id,
                         std::uint32_t& found) const {
   std::string block;
   if (!ReadAddress(resources_ + directory, kDirectorySize, block)) return false;
@@ -128,7 +130,7 @@ bool PeImage::FindEntry(std::uint32_t directory, bool anyId, std::uint32_t id,
   const std::uint64_t entries = resources_ + directory + kDirectorySize;
   if (!ReadAddress(entries, count * kDirectoryEntrySize, block)) return false;
   for (std::size_t at = 0; at < block.size(); at += kDirectoryEntrySize) {
-    if (!anyId && Long(block, at) != id) continue;
+    if (id && Long(block, at) != *id) continue;
     found = Long(block, at + 4);
     return true;
   }
@@ -139,8 +141,9 @@ std::string PeImage::VersionText() {
   if (!ReadHeaders()) return {};
   // Three levels: type, name, language. The fixed part is the same in every language.
   std::uint32_t offset = 0;
-  for (int level = 0; level < 3; ++level) {
-    if (!FindEntry(offset & ~kSubdirectoryFlag, level > 0, kVersionType, offset)) return {};
+  std::optional<std::uint32_t> id = kVersionType;
+  for (int level = 0; level < 3; ++level, id.reset()) {
+    if (!FindEntry(offset & ~kSubdirectoryFlag, id, offset)) return {};
     if (((offset & kSubdirectoryFlag) != 0) != (level < 2)) return {};
   }
   std::string block;

@@ -129,19 +129,21 @@ class Searcher {
   }
 
   FoundFiles Run(const std::string& folder) {
-    Visit(folder, true);
+    Visit(folder, WhenAbsent::FindNothing);
     return std::move(found_);
   }
 
  private:
-  void Visit(const std::string& folder, bool isTop) {
+  enum class WhenAbsent { FindNothing, NoteUnread };
+
+  void Visit(const std::string& folder, WhenAbsent whenAbsent) {
     if (IsLeftOut(folder)) return;
     std::error_code failure;
     std::vector<FolderItem> items = ListFolder(folder, failure, [this] {
       if (search_.listed) search_.listed();
       if (search_.step) search_.step();
     });
-    if (failure && !(isTop && IsAbsent(failure))) {
+    if (failure && !(IsAbsent(failure) && whenAbsent == WhenAbsent::FindNothing)) {
       found_.unreadFolders.push_back({folder, failure});
     }
     if (search_.skipTemporary) {
@@ -156,7 +158,9 @@ class Searcher {
     if (!search_.includeSubfolders) return;
     for (const FolderItem& item : items) {
       if (IsEnough()) break;
-      if (item.kind == FolderItem::Kind::Folder) Visit(prefix + item.name, false);
+      if (item.kind == FolderItem::Kind::Folder) {
+        Visit(prefix + item.name, WhenAbsent::NoteUnread);
+      }
       if (item.kind == FolderItem::Kind::FolderLink && !IsLeftOut(prefix + item.name)) {
         found_.folderLinks.push_back(prefix + item.name);
       }

@@ -8,8 +8,11 @@ static void Put(std::string& bytes, std::size_t offset, std::uint64_t value, std
   for (std::size_t i = 0; i < size; ++i) bytes[offset + i] = static_cast<char>(value >> (8 * i));
 }
 
+enum class PeKind { Pe32, Pe32Plus };
+
 /// A program that is nothing but headers and one section: an icon and version 1.20.300.65535.
-static std::string MakeProgram(bool pe32Plus) {
+static std::string MakeProgram(PeKind kind) {
+  const bool pe32Plus = kind == PeKind::Pe32Plus;
   struct Field {
     std::size_t offset;
     std::uint32_t value;
@@ -42,9 +45,9 @@ static std::string VersionOf(const std::string& program) {
 }
 
 TEST(PeVersionTest, ReadsTheFixedFileVersionOfProgramsOnly) {
-  EXPECT_EQ(VersionOf(MakeProgram(false)), "1.20.300.65535");
+  EXPECT_EQ(VersionOf(MakeProgram(PeKind::Pe32)), "1.20.300.65535");
   const TemporaryFolder folder;
-  const std::string path = folder.Write("a.dll", MakeProgram(true));
+  const std::string path = folder.Write("a.dll", MakeProgram(PeKind::Pe32Plus));
   EXPECT_EQ(InformationOf(path).version, "1.20.300.65535");
   for (const std::string& other : {folder.Path(), folder.Path("missing"), std::string()}) {
     EXPECT_FALSE(InformationOf(other).exists) << other;
@@ -53,7 +56,7 @@ TEST(PeVersionTest, ReadsTheFixedFileVersionOfProgramsOnly) {
 }
 
 TEST(PeVersionTest, HasNoVersionOfAFileThatIsCutOff) {
-  const std::string program = MakeProgram(true);
+  const std::string program = MakeProgram(PeKind::Pe32Plus);
   for (std::size_t size = 0; size < 0x480 + 92; ++size) {
     EXPECT_EQ(VersionOf(program.substr(0, size)), "") << size;
   }

@@ -106,7 +106,7 @@ WizardHeader::WizardHeader(QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(lblPageTitle_);
   layout->addWidget(lblPageDescription_);
-  SetInner(true);
+  SetPage(Page::Inner);
 }
 
 void WizardHeader::SetTexts(const QString& title, const QString& description) {
@@ -114,8 +114,9 @@ void WizardHeader::SetTexts(const QString& title, const QString& description) {
   lblPageDescription_->setText(description);
 }
 
-void WizardHeader::SetInner(bool inner) {
-  inner_ = inner;
+void WizardHeader::SetPage(Page page) {
+  page_ = page;
+  const bool inner = page == Page::Inner;
   QFont titleFont = font();
   titleFont.setBold(inner);
   if (!inner) titleFont.setPointSizeF(titleFont.pointSizeF() * kLargeTitle);
@@ -139,7 +140,7 @@ int WizardHeader::EmblemSize() const { return fontMetrics().height() * 5 / 2; }
 
 void WizardHeader::paintEvent(QPaintEvent* event) {
   QFrame::paintEvent(event);
-  if (!inner_) return;
+  if (page_ == Page::Outer) return;
   QPainter painter(this);
   const int size = EmblemSize();
   const int margin = fontMetrics().height();

@@ -20,7 +20,9 @@ class WizardHeader : public QFrame {
   explicit WizardHeader(QWidget* parent);
 
   void SetTexts(const QString& title, const QString& description);
-  void SetInner(bool inner);
+  enum class Page { Inner, Outer };
+  /// Outer pages are the welcome and the final one.
+  void SetPage(Page page);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -30,7 +32,7 @@ class WizardHeader : public QFrame {
 
   QLabel* lblPageTitle_;
   QLabel* lblPageDescription_;
-  bool inner_ = true;
+  Page page_ = Page::Inner;
 };
 
 /// The side picture of welcome and final pages. Its width is fixed, its height free.

@@ -146,7 +146,7 @@ void WizardStructure::Describe(const WizardPage& page) {
   const bool inner = page.PageStyle != kWelcomeStyle && page.PageStyle != kFinalStyle;
   picture_->SetImage(ToQString(page.PageImage));
   picture_->setVisible(!inner);
-  header_->SetInner(inner);
+  header_->SetPage(inner ? WizardHeader::Page::Inner : WizardHeader::Page::Outer);
   const QString title = OneKindOfLineBreak(page.PageTitle);
   const QString description = OneKindOfLineBreak(page.PageDescription);
   header_->SetTexts(title, description);
