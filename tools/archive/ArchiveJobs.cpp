@@ -59,9 +59,16 @@ void SmallFilesJob::Deliver(const std::stop_token& /*stop*/) {
 }
 
 void FileBlockJob::Run(MemberPacker& packer, const std::stop_token& /*stop*/) {
-  block_ = packer.PackBlock(std::exchange(content_, {}), place_);
+  block_ = packer.PackBlock(content_.View(), place_);
+  if (!block_.isDeflated) return;
+  deflated_ = block_.data;
+  block_.data = deflated_;
+  buffers_.GiveBack(content_);
 }
 
-void FileBlockJob::Deliver(const std::stop_token& stop) { member_->Append(block_, stop); }
+void FileBlockJob::Deliver(const std::stop_token& stop) {
+  member_->Append(block_, stop);
+  buffers_.GiveBack(content_);
+}
 
 }  // namespace tools

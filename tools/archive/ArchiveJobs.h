@@ -60,21 +60,28 @@ class SmallFilesJob : public ArchiveJob {
 /// The jobs of a file's blocks have to be added one behind the other, from the first to the last.
 class FileBlockJob : public ArchiveJob {
  public:
-  FileBlockJob(std::shared_ptr<LargeMember> member, std::string content, BlockPlace place)
-      : member_(std::move(member)), content_(std::move(content)), place_(place) {}
+  /// `buffers` gets the content back; it must outlive the job.
+  FileBlockJob(std::shared_ptr<LargeMember> member, ByteBuffer content, BlockPlace place,
+               ByteBuffers& buffers)
+      : member_(std::move(member)),
+        content_(std::move(content)),
+        place_(place),
+        buffers_(buffers) {}
 
-  [[nodiscard]] std::size_t WaitingBytes() const override { return content_.capacity(); }
+  [[nodiscard]] std::size_t WaitingBytes() const override { return content_.Capacity(); }
   [[nodiscard]] std::size_t HeldBytes() const override {
-    return content_.capacity() + block_.data.capacity();
+    return content_.Capacity() + deflated_.capacity();
   }
   void Run(MemberPacker& packer, const std::stop_token& stop) override;
   void Deliver(const std::stop_token& stop) override;
 
  private:
   std::shared_ptr<LargeMember> member_;
-  std::string content_;
+  ByteBuffer content_;
   BlockPlace place_;
-  PackedBlock block_;
+  ByteBuffers& buffers_;
+  std::string deflated_;
+  PackedBlock block_;  // its data is in one of the above
 };
 
 /// Takes a member back whose blocks have been added, but for the last one.

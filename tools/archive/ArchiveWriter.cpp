@@ -13,6 +13,7 @@
 #include "tools/archive/ArchiveJobs.h"
 #include "tools/archive/ArchiveWorkers.h"
 #include "tools/archive/BlockDeflate.h"
+#include "tools/archive/ByteBuffer.h"
 #include "tools/archive/EarlierArchive.h"
 #include "tools/archive/LargeMember.h"
 #include "tools/archive/MemberPacker.h"
@@ -145,14 +146,15 @@ class ArchiveWriter::Implementation {
     FlushSmallFiles();
     const auto member = std::make_shared<LargeMember>(assembler_, description, blockBytes_);
     for (std::uint64_t i = 0; i < member->Blocks(); ++i) {
-      std::optional<std::string> content = source.Next(blockBytes_);
+      ByteBuffer content = buffers_.Take();
+      const bool isRead = source.AppendNext(content, blockBytes_);
       const BlockPlace place = member->PlaceOf(i);
       const bool isLast = place == BlockPlace::Last;
-      if (!content || (isLast && !(source.IsAtEnd() && source.IsUnchanged()))) {
+      if (!isRead || (isLast && !(source.IsAtEnd() && source.IsUnchanged()))) {
         workers_.Add(std::make_unique<AbandonJob>(member), reportProgress_);
         return false;
       }
-      workers_.Add(std::make_unique<FileBlockJob>(member, std::move(*content), place),
+      workers_.Add(std::make_unique<FileBlockJob>(member, std::move(content), place, buffers_),
                    reportProgress_);
     }
     return true;
@@ -188,6 +190,7 @@ class ArchiveWriter::Implementation {
   EarlierArchive earlier_;
   ReplacementFile archive_;
   ArchiveAssembler assembler_;
+  ByteBuffers buffers_;
   ArchiveWorkers workers_;  // ends before what it works on
   ArchiveWorkers::WaitCallback reportProgress_;
   std::unique_ptr<SmallFilesJob> smallFiles_;

@@ -5,9 +5,11 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <span>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tools {
 
@@ -15,6 +17,17 @@ namespace tools {
 /// thread and freed on another, and filled with zeros before it is read into.
 class ByteBuffer {
  public:
+  ByteBuffer() = default;
+  ~ByteBuffer() = default;
+  ByteBuffer(ByteBuffer&& other) noexcept { Swap(other); }
+  ByteBuffer& operator=(ByteBuffer&& other) noexcept {
+    ByteBuffer moved(std::move(other));
+    Swap(moved);
+    return *this;
+  }
+  ByteBuffer(const ByteBuffer&) = delete;
+  ByteBuffer& operator=(const ByteBuffer&) = delete;
+
   [[nodiscard]] std::size_t Size() const { return size_; }
   [[nodiscard]] std::size_t Capacity() const { return capacity_; }
   [[nodiscard]] std::string_view View() const { return {bytes_.get(), size_}; }
@@ -44,9 +57,41 @@ class ByteBuffer {
     capacity_ = capacity;
   }
 
+  void Swap(ByteBuffer& other) noexcept {
+    bytes_.swap(other.bytes_);
+    std::swap(size_, other.size_);
+    std::swap(capacity_, other.capacity_);
+  }
+
   std::unique_ptr<char[]> bytes_;
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
+};
+
+/// Large buffers that go from reader to packer and back: memory that the system has just given out
+/// costs as much time as filling it. For several threads at a time.
+class ByteBuffers {
+ public:
+  /// An empty one, with room in it where there is one that was given back.
+  [[nodiscard]] ByteBuffer Take() {
+    const std::lock_guard lock(mutex_);
+    if (idle_.empty()) return {};
+    ByteBuffer buffer = std::move(idle_.back());
+    idle_.pop_back();
+    return buffer;
+  }
+  /// Leaves `buffer` without room.
+  void GiveBack(ByteBuffer& buffer) {
+    constexpr std::size_t kMostIdle = 3;
+    ByteBuffer given = std::move(buffer);
+    given.CutTo(0);
+    const std::lock_guard lock(mutex_);
+    if (given.Capacity() > 0 && idle_.size() < kMostIdle) idle_.push_back(std::move(given));
+  }
+
+ private:
+  std::mutex mutex_;  // guards what follows
+  std::vector<ByteBuffer> idle_;
 };
 
 }  // namespace tools

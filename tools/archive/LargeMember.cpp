@@ -59,9 +59,9 @@ void LargeMember::WriteAgain(ZipMethod method, const std::stop_token& stop) {
   assembler_.RestartMember(method);
   const InputFile file(source_.path);
   PackedBlock block{.isDeflated = false};
+  std::string content(blockBytes_, '\0');
   for (std::uint64_t i = 0; i < appended_ && !stop.stop_requested(); ++i) {
-    block.data.resize(blockBytes_);
-    block.data.resize(file.ReadAt(i * blockBytes_, block.data));
+    block.data = std::string_view(content).substr(0, file.ReadAt(i * blockBytes_, content));
     block.crc32 = Crc32(block.data);
     block.sourceBytes = block.data.size();
     Write(block, PlaceOf(i));

@@ -29,21 +29,16 @@ ZipMember MemberPacker::PackWhole(const SmallFile& file, std::string& bytes, boo
   return member;
 }
 
-PackedBlock MemberPacker::PackBlock(std::string content, BlockPlace place) {
+PackedBlock MemberPacker::PackBlock(std::string_view content, BlockPlace place) {
   const PackedForm form = place == BlockPlace::Last ? PackedForm::Stream : PackedForm::Part;
   PackedBlock block;
   block.crc32 = Crc32(content);
   block.sourceBytes = content.size();
   const auto taken = taker_.Take(form, content, block.crc32);
-  const std::string_view packed = taken ? *taken : Pack(content, form);
-  block.isDeflated = packed.size() < content.size();
+  block.data = taken ? *taken : Pack(content, form);
+  block.isDeflated = block.data.size() < content.size();
   block.isTakenOver = taken || (!block.isDeflated && taker_.WasStored(content, block.crc32));
-  if (block.isDeflated) {
-    block.data = packed;
-    block.sum = Crc32(packed);
-  } else {
-    block.data = std::move(content);
-  }
+  if (block.isDeflated) block.sum = Crc32(block.data);
   return block;
 }
 

@@ -23,7 +23,7 @@ struct SmallFile {
 
 /// A part of a member whose source is packed in several blocks.
 struct PackedBlock {
-  std::string data{};
+  std::string_view data{};
   bool isDeflated = true;    ///< else `data` is the source's bytes
   bool isTakenOver = false;  ///< packed in an earlier archive
   std::uint32_t crc32 = 0;   ///< of the source's bytes
@@ -42,8 +42,8 @@ class MemberPacker {
   /// `headerOffset` counting from the start of `bytes`.
   [[nodiscard]] ZipMember PackWhole(const SmallFile& file, std::string& bytes, bool& isTakenOver);
 
-  /// Packs one block of a larger file.
-  [[nodiscard]] PackedBlock PackBlock(std::string content, BlockPlace place);
+  /// Packs one block of a larger file. Deflated data is valid until the next call.
+  [[nodiscard]] PackedBlock PackBlock(std::string_view content, BlockPlace place);
 
  private:
   [[nodiscard]] std::string_view Pack(std::string_view source, PackedForm form);

@@ -1,6 +1,7 @@
 #include "tools/archive/SteadySource.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "tools/Error.h"
 
@@ -48,13 +49,13 @@ bool SteadySource::AppendTo(ByteBuffer& content, std::size_t maximumBytes) {
   return isWhole;
 }
 
-std::optional<std::string> SteadySource::Next(std::size_t bytes) {
-  std::string next(std::min<std::uint64_t>(bytes, stamp_.size - at_), '\0');
+bool SteadySource::AppendNext(ByteBuffer& content, std::size_t bytes) {
+  const std::size_t expected = std::min<std::uint64_t>(bytes, stamp_.size - at_);
   std::size_t count = 0;
-  Try([&] { count = file_->ReadAt(at_, next); });
+  Try([&] { count = file_->ReadAt(at_, content.Room(expected)); });
   at_ += count;
-  if (cause_ || count != next.size()) return std::nullopt;
-  return next;
+  content.Take(count);
+  return !cause_ && count == expected;
 }
 
 bool SteadySource::IsAtEnd() {

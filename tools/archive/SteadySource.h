@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <system_error>
 
@@ -27,9 +26,9 @@ class SteadySource {
   /// Appends everything to `content`; false when it cannot be read, or is more than `maximumBytes`.
   /// It may be more than the stamp says, in a file whose size the system hides.
   [[nodiscard]] bool AppendTo(ByteBuffer& content, std::size_t maximumBytes);
-  /// The next bytes, `bytes` of them or as many as are left. Nothing when they cannot be read or
-  /// are not there any more.
-  [[nodiscard]] std::optional<std::string> Next(std::size_t bytes);
+  /// Appends the next bytes to `content`, `bytes` of them or as many as are left; false when they
+  /// cannot be read or are not there any more.
+  [[nodiscard]] bool AppendNext(ByteBuffer& content, std::size_t bytes);
   /// True when nothing follows what has been read.
   [[nodiscard]] bool IsAtEnd();
   /// True when the file is still what it was at Begin.
