@@ -82,7 +82,7 @@ class ByteBuffers {
   }
   /// Leaves `buffer` without room.
   void GiveBack(ByteBuffer& buffer) {
-    constexpr std::size_t kMostIdle = 3;
+    constexpr std::size_t kMostIdle = 2;
     ByteBuffer given = std::move(buffer);
     given.CutTo(0);
     const std::lock_guard lock(mutex_);
