@@ -10,6 +10,10 @@ target_compile_options(
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(packwright_options INTERFACE -Wduplicated-cond -Wlogical-op -Wuseless-cast)
 endif()
+if(CMAKE_UNITY_BUILD)
+  # Sources read as one see each other's names; builds that read them one by one have this warning.
+  target_compile_options(packwright_options INTERFACE -Wno-shadow)
+endif()
 if(PACKWRIGHT_WERROR)
   target_compile_options(packwright_options INTERFACE -Werror)
 endif()

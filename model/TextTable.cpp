@@ -15,9 +15,11 @@ struct Row {
 
 // Not a std::array whose size is deduced: compilers limit that to fewer rows.
 constexpr Row kTexts[]{
+#pragma push_macro("TEXT")
+#undef TEXT
 #define TEXT(number, name, text) Row{Text::name, text},
 #include "resources/texts.de.inc"
-#undef TEXT
+#pragma pop_macro("TEXT")
 };
 
 constexpr bool NumbersAscend() {
