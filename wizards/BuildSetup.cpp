@@ -24,6 +24,7 @@ class DesktopBuild : public engine::BuildObserver {
                AfterRefusal afterRefusal)
       : dialogs_(services.dialogs),
         isEndWanted_(services.isEndWanted),
+        clock_(services.clock),
         pace_(services.clock),
         result_(result),
         afterRefusal_(afterRefusal),
@@ -49,7 +50,11 @@ class DesktopBuild : public engine::BuildObserver {
     question.caption = tools::StandardText(tools::kTextWarning);
     question.buttons = tools::MessageButtons::YesNo;
     question.defaultAnswer = tools::MessageAnswer::No;
-    return dialogs_.ShowMessage(question) == tools::MessageAnswer::Yes;
+    const auto asked = clock_.SteadyNow();
+    const tools::MessageAnswer answer = dialogs_.ShowMessage(question);
+    // The author's time is not the build's.
+    result_.duration -= Since(asked);
+    return answer == tools::MessageAnswer::Yes;
   }
 
   bool IsStopWanted() override {
@@ -82,6 +87,10 @@ class DesktopBuild : public engine::BuildObserver {
   }
 
  private:
+  [[nodiscard]] std::chrono::milliseconds Since(std::chrono::steady_clock::time_point begin) const {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(clock_.SteadyNow() - begin);
+  }
+
   static std::string LogHint() {
     return tools::ReplaceAll(LoadText(Text::ErrorsAreLogged), "%log%", tools::kLogName);
   }
@@ -96,6 +105,7 @@ class DesktopBuild : public engine::BuildObserver {
 
   tools::Dialogs& dialogs_;
   const std::function<bool()>& isEndWanted_;
+  const tools::Clock& clock_;
   tools::ReportPace pace_;
   tools::Progress progress_;
   engine::BuildResult& result_;
@@ -124,7 +134,7 @@ void BuildSetup(const BuildServices& services, const tools::WizardDataStore& set
   result.version = versionIndex;
   const auto begin = services.clock.SteadyNow();
   const auto take = [&] {
-    result.duration =
+    result.duration +=
         std::chrono::duration_cast<std::chrono::milliseconds>(services.clock.SteadyNow() - begin);
   };
   std::exception_ptr failure;

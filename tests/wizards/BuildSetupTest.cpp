@@ -13,12 +13,13 @@ namespace tests {
 struct Fixture : ProductDesk {
   Fixture() { product.AddComponent("A", {product.File(folder.Write("a.txt", "a"))}); }
 
-  void Build() {
+  void Build() { Build(dialogs); }
+  void Build(tools::Dialogs& author) {
     const auto registry = RegistryBelow(folder, disk);
     wizards::LastBuilds lastBuilds(*registry, project);
     wizards::BuildSetup({.project = project,
                          .operations = operations,
-                         .dialogs = dialogs,
+                         .dialogs = author,
                          .clock = clock,
                          .disk = disk,
                          .lastBuilds = lastBuilds,
@@ -78,6 +79,23 @@ class BuildSetupTest : public QObject {
       QVERIFY(Told(f.dialogs).startsWith("Warnung|"));
       QCOMPARE(f.dialogs.LastStyle(), "!No");
     }
+  }
+
+  void TheTimeOfAnAnswerIsNotTheBuilds() {
+    struct SlowAuthor : ScriptedDialogs {
+      explicit SlowAuthor(FixedClock& turned) : clock(turned) {}
+      MessageAnswer ShowMessage(const tools::Message& message) override {
+        clock.Turn(std::chrono::minutes(1));
+        return ScriptedDialogs::ShowMessage(message);
+      }
+      FixedClock& clock;
+    };
+    Fixture f;
+    f.folder.Write("aus/alt.txt", "alt");
+    SlowAuthor author(f.clock);
+    author.ExpectQuestion(Text::OutputFolderHoldsFiles, MessageAnswer::Yes);
+    f.Build(author);
+    QCOMPARE(f.result.duration.count(), 0);
   }
 
   void AnOldSetupThatStaysOnAFullDiskIsTold() {
