@@ -5,6 +5,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "model/TextTable.h"
 #include "tools/Text.h"
 
 namespace model {
@@ -64,6 +65,11 @@ std::string LanguageText(const std::string& language) {
     return std::to_string(one.lcid) == language;
   });
   return known == kLanguages.end() ? language : language + " – " + known->name;
+}
+
+std::string ConfiguredLanguageText(const std::string& language) {
+  if (language.empty()) return {};
+  return tools::ReplaceAll(LoadText(Text::AsConfigured), "%language%", LanguageText(language));
 }
 
 std::string LanguageNumber(const std::string& typed) {

@@ -13,7 +13,6 @@
 #include "model/Languages.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
-#include "tools/Text.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
@@ -166,11 +165,8 @@ void wizSetup_Config::TakeLanguage() {
 void wizSetup_Config::ShowLanguage() {
   const QSignalBlocker quiet(cmbLanguage_);
   const QString text = ToQString(model::LanguageText(Value("language")));
-  const std::string configured = ProposalOf(Configuration()).language;
   cmbLanguage_->lineEdit()->setPlaceholderText(
-      configured.empty() ? QString()
-                         : ToQString(tools::ReplaceAll(LoadText(Text::AsConfigured), "%language%",
-                                                       model::LanguageText(configured))));
+      ToQString(model::ConfiguredLanguageText(ProposalOf(Configuration()).language)));
   cmbLanguage_->setCurrentIndex(cmbLanguage_->findText(text));
   cmbLanguage_->setEditText(text);
   lblLanguageNote_->hide();

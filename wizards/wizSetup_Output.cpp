@@ -12,6 +12,7 @@
 #include "engine/OutputFolder.h"
 #include "engine/Survey.h"
 #include "model/Languages.h"
+#include "model/StoredOptions.h"
 #include "model/TextTable.h"
 #include "tools/Numbers.h"
 #include "tools/desktop/FormStyle.h"
@@ -136,13 +137,20 @@ void wizSetup_Output::ShowValues() {
   Show(*txtOverviewProduct_, project_.ProductTitle());
   Show(*txtOverviewVersion_, project_.VersionString(versionIndex_));
   Show(*txtOverviewConfiguration_, ConfigurationName(Value("config")));
-  Show(*txtOverviewLanguage_, model::LanguageText(Value("language")));
+  Show(*txtOverviewLanguage_, Language());
   // Once, not with every key: that reads every component.
   places_.emplace(project_, versionIndex_, engine::SourceFoldersOf(project_, versionIndex_),
                   programFolder_);
   const QSignalBlocker quiet(txtFolder_);
   txtFolder_->setText(ToQString(Value("folder")));
   ShowFolder();
+}
+
+std::string wizSetup_Output::Language() const {
+  const std::string chosen = Value("language");
+  if (!chosen.empty()) return model::LanguageText(chosen);
+  const model::StoredOptions stored(project_, versionIndex_);
+  return model::ConfiguredLanguageText(stored.Of(tools::ToInt32(Value("config"))).language);
 }
 
 void wizSetup_Output::BrowseForFolder() {

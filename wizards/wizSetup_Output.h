@@ -34,6 +34,8 @@ class wizSetup_Output : public tools::WizardOptionPage {
   QWidget* MakeFolderRow();
   QWidget* MakeOverview();
   QLineEdit* AddOverviewRow(QFormLayout& rows, const QString& title, const QString& name);
+  /// The language as the overview names it: the chosen one, else that of the configuration.
+  [[nodiscard]] std::string Language() const;
   void BrowseForFolder();
   void TakeFolder();
   void ShowFolder();

@@ -265,6 +265,9 @@ class WizardsTest : public QObject {
                              "txtOverviewLanguage", "txtOverviewFolder"}),
              "Probe|1.0.0|Release|1031 – Deutsch (Deutschland)|" +
                  ToQString(f.folder.Path("Produkt/aus")));
+    const OptionPage configured("Output", {{"config", "2"}}, "[Build2]\nLocale=1031\n");
+    QCOMPARE(Shown(*configured.page, "txtOverviewLanguage"),
+             "1031 – Deutsch (Deutschland) (wie in den Erstellungs-Optionen)");
   }
 
   void TheOutputPageWarnsOfUnsuitableFolders() {

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -25,6 +26,8 @@ constexpr int kWelcomeStyle = 1;
 constexpr int kFinalStyle = 3;
 constexpr int kWidthInCharacters = 104;
 constexpr int kHeightInLines = 25;
+constexpr int kMoreLines = 5;  ///< that the frame has at first, where the screen has them
+constexpr int kTitleBar = 48;  ///< pixels that the window system may add
 constexpr int kButtonWidthInCharacters = 16;
 
 QPushButton* MakeButton(const QString& name, const QString& text, QWidget* parent) {
@@ -78,6 +81,9 @@ WizardStructure::WizardStructure(WizardDriver& driver, const WizardPageRegistry&
   layout->addWidget(line, 3, 0, 1, 2);
   layout->addLayout(MakeButtons(), 4, 0, 1, 2);
   setMinimumSize(kWidthInCharacters * fontMetrics().averageCharWidth(), kHeightInLines * unit);
+  const int room = screen()->availableSize().height() - kTitleBar;
+  const int height = (kHeightInLines + kMoreLines) * unit;
+  resize(minimumWidth(), std::max(minimumHeight(), std::min(height, room)));
 }
 
 QBoxLayout* WizardStructure::MakeButtons() {
