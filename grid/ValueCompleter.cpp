@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
@@ -50,7 +51,8 @@ QIcon ArrowIcon(const QWidget& widget) {
 
 }  // namespace
 
-ValueCompleter::ValueCompleter(QLineEdit& field, const std::vector<KnownValue>& values)
+ValueCompleter::ValueCompleter(QLineEdit& field, const QString& name,
+                               const std::vector<KnownValue>& values)
     : QCompleter(&field), field_(field) {
   setModel(ModelOf(values, this));
   setCompletionRole(kSearchedRole);
@@ -60,13 +62,17 @@ ValueCompleter::ValueCompleter(QLineEdit& field, const std::vector<KnownValue>& 
   popup()->setObjectName(u"lstKnownValues"_s);
   popup()->setItemDelegate(new MeaningDelegate(this));
   setWidget(&field);
-  AddArrow();
+  popup()->setAccessibleName(name);
+  AddArrow(name);
   connect(&field, &QLineEdit::textEdited, this, &ValueCompleter::Narrow);
   connect(this, qOverload<const QString&>(&QCompleter::activated), this, &ValueCompleter::Take);
 }
 
-void ValueCompleter::AddArrow() {
+void ValueCompleter::AddArrow(const QString& name) {
   QAction* arrow = field_.addAction(ArrowIcon(field_), QLineEdit::TrailingPosition);
+  arrow->setText(name);
+  const QKeySequence keys(Qt::ALT | Qt::Key_Down);
+  arrow->setToolTip(u"%1 (%2)"_s.arg(name, keys.toString(QKeySequence::NativeText)));
   connect(arrow, &QAction::triggered, this, &ValueCompleter::Open);
 }
 

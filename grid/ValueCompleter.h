@@ -17,8 +17,8 @@ class ValueCompleter : public QCompleter {
   Q_OBJECT
 
  public:
-  /// Belongs to the field.
-  ValueCompleter(QLineEdit& field, const std::vector<KnownValue>& values);
+  /// Belongs to the field; `name` is what screen readers call the list.
+  ValueCompleter(QLineEdit& field, const QString& name, const std::vector<KnownValue>& values);
 
   void Open();
 
@@ -26,7 +26,7 @@ class ValueCompleter : public QCompleter {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void AddArrow();
+  void AddArrow(const QString& name);
   void Narrow(const QString& text);
   void Take(const QString& value);
 

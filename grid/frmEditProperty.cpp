@@ -104,8 +104,7 @@ void frmEditProperty::SetHelp(const ValueHelp& help) {
   browse_ = help.browse;
   cmdBrowse_->setVisible(browse_ != nullptr);
   if (help.values.empty()) return;
-  const auto* completer = new ValueCompleter(*txtNewValue_, help.values);
-  completer->popup()->setAccessibleName(knownValues_);
+  new ValueCompleter(*txtNewValue_, knownValues_, help.values);
 }
 
 void frmEditProperty::setVisible(bool visible) {

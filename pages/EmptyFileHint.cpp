@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QEvent>
+#include <QTextDocumentFragment>
 
 #include "pages/PageText.h"
 #include "pages/TargetFolders.h"
@@ -60,6 +61,7 @@ EmptyFileHint::EmptyFileHint(QAbstractItemView& list) : QLabel(list.viewport()),
 void EmptyFileHint::Update(const std::map<std::int32_t, int>& counts, bool isFiltered) {
   if (list_.model()->rowCount() > 0) {
     hide();
+    list_.setAccessibleDescription({});
     return;
   }
   if (isFiltered) {
@@ -81,11 +83,13 @@ void EmptyFileHint::ShowText() {
                        palette().color(backgroundRole()));
   QString text = text_;
   setText(text.replace(u"<a "_s, u"<a style=\"color:%1\" "_s.arg(link.name())));
+  // To screen readers a list has no parts but its rows.
+  list_.setAccessibleDescription(QTextDocumentFragment::fromHtml(text).toPlainText());
 }
 
 void EmptyFileHint::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) ShowText();
+  if (event->type() == QEvent::PaletteChange && !isHidden()) ShowText();
 }
 
 void EmptyFileHint::Follow(const QString& link) {

@@ -1,6 +1,7 @@
 #include <QAbstractItemView>
 #include <QClipboard>
 #include <QCompleter>
+#include <QToolButton>
 
 #include "grid/frmEditProperty.h"
 #include "tests/support/desktop/Widgets.h"
@@ -8,6 +9,12 @@
 namespace tests {
 
 enum class ResetButton { Hidden, Shown };
+
+grid::GridTexts Texts() {
+  grid::GridTexts texts;
+  texts.knownValues = "Bekannte Werte";
+  return texts;
+}
 
 /// The dialog as it is opened for a value.
 struct Fixture {
@@ -28,7 +35,7 @@ struct Fixture {
     Activate(dialog);
   }
 
-  grid::frmEditProperty dialog{grid::GridTexts()};
+  grid::frmEditProperty dialog{Texts()};
   QLineEdit& newValue = Child<QLineEdit>(dialog, "txtNewValue");
 };
 
@@ -92,6 +99,7 @@ class frmEditPropertyTest : public QObject {
     Fixture f("38");
     f.dialog.SetHelp({.values = {{"38", "Programme"}, {"2001", "Installationsordner"}}});
     QAbstractItemView& list = *f.dialog.findChild<QCompleter*>()->popup();
+    QCOMPARE(f.newValue.findChild<QToolButton*>()->text(), "Bekannte Werte");
     for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::AltModifier}) {
       QTest::keyClick(&f.newValue, Qt::Key_Down, held);
       QVERIFY(list.isVisible());
