@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 
@@ -22,6 +23,15 @@ bool ListPopup::eventFilter(QObject* watched, QEvent* event) {
       QMetaObject::invokeMethod(
           this, [this, at = press.globalPosition().toPoint()] { menu_.popup(at); },
           Qt::QueuedConnection);
+    }
+  }
+  if (event->type() == QEvent::KeyPress && watched == &list_) {
+    // Not every window system takes these keys for the menu key.
+    const auto& keys = static_cast<const QKeyEvent&>(*event);
+    if (keys.key() == Qt::Key_F10 && keys.modifiers() == Qt::ShiftModifier) {
+      const QPoint row = list_.visualRect(list_.currentIndex()).center();
+      menu_.popup(list_.viewport()->mapToGlobal(row));
+      return true;
     }
   }
   if (event->type() == QEvent::ContextMenu) {

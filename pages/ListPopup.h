@@ -9,7 +9,7 @@ class QMenu;
 namespace pages {
 
 /// A right click opens the menu where it is, once the list has selected the row there; the menu key
-/// opens it too. `menu` must outlive this object, which belongs to the list.
+/// and Shift+F10 open it too. `menu` must outlive this object, which belongs to the list.
 class ListPopup : public QObject {
   Q_OBJECT
 

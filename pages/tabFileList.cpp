@@ -261,7 +261,10 @@ void tabFileList::ShowChange(const std::vector<std::string>& ids, FileListDocume
   const bool repeated = by == FileListDocument::By::UndoOrRedo;
   const std::vector<int> selected = SelectedRows(*lsvBrowser);
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
-  if (repeated) ChooseFolderOf(entries);
+  if (repeated) {
+    StatusTextChanged({});  // what the step told is no longer so
+    ChooseFolderOf(entries);
+  }
   RefreshFileList();
   // What a step brought back is to be seen.
   if (repeated && shownEntries_->RowsOf(entries).empty()) filter_->Clear();

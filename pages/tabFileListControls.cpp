@@ -112,6 +112,7 @@ void tabFileList::BuildMenu() {
   mnuMoveFile = add(u"mnuMoveFile"_s, Text::MoveSelection);
   mnuRemoveFile = add(u"mnuRemoveFile"_s, Text::RemoveSelection);
   BuildAddedMenu();
+  mnuPopup->setAccessibleName(lsvBrowser->accessibleName());
 }
 
 void tabFileList::BuildAddedMenu() {

@@ -62,6 +62,12 @@ void PageBar::showEvent(QShowEvent* event) {
   QFrame::showEvent(event);
 }
 
+void PageBar::setVisible(bool visible) {
+  // The window's, which is not the active one yet when a dialog has just closed.
+  if (!visible && isAncestorOf(window()->focusWidget())) Q_EMIT FocusLost();
+  QFrame::setVisible(visible);
+}
+
 tools::LinkButton* PageBar::AddLink(const char* name, const QString& text) {
   auto* link = new tools::LinkButton(text, this);
   link->setObjectName(QString::fromLatin1(name));
@@ -90,6 +96,10 @@ PageBars::PageBars(QVBoxLayout& layout, QWidget& window, ProjectTree& tree, Edit
           [version, takeOver = std::move(actions.takeOver)] { takeOver(version()); });
   connect(fileChanged_->AddLink("lnkReload", Caption(Text::Reload)), &LinkButton::clicked, this,
           [reload = std::move(actions.reload)] { reload(); });
+  // Qt would hand it to whatever comes next, which may be far away.
+  for (const PageBar* bar : {noComponents_, fileChanged_}) {
+    connect(bar, &PageBar::FocusLost, &tree_, qOverload<>(&QWidget::setFocus));
+  }
   window.installEventFilter(this);
 }
 

@@ -34,6 +34,13 @@ class PageBar : public QFrame {
   /// Adds a link behind the others, which the caller connects.
   tools::LinkButton* AddLink(const char* name, const QString& text);
 
+ Q_SIGNALS:
+  /// It hides now, and one of its links has the focus.
+  void FocusLost();
+
+ public Q_SLOTS:
+  void setVisible(bool visible) override;
+
  protected:
   void showEvent(QShowEvent* event) override;
 

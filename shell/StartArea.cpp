@@ -36,7 +36,7 @@ StartArea::StartArea(QBoxLayout& layout, QWidget& editor, QToolButton& openButto
           Guarded(dialogs, [this](const std::string& path) { Remove(path); }));
 }
 
-QWidget* StartArea::Page() const { return page_; }
+StartPage* StartArea::Page() const { return page_; }
 
 void StartArea::Remember(const std::string& product) {
   // A product can be worked on without it.

@@ -30,7 +30,7 @@ class StartArea : public QObject {
   StartArea(QBoxLayout& layout, QWidget& editor, QToolButton& openButton, Services services);
 
   /// The start page, which the layout keeps.
-  [[nodiscard]] QWidget* Page() const;
+  [[nodiscard]] StartPage* Page() const;
   /// A product was opened: remembers it.
   void Remember(const std::string& product);
   enum class Editor {

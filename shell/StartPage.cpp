@@ -63,6 +63,12 @@ void StartPage::ShowStart(const std::vector<std::string>& recentProducts) {
   });
 }
 
+void StartPage::TakeFocus() {
+  auto* link = content_->findChild<LinkButton*>(QStringLiteral("lnkProduct1"));
+  if (link == nullptr) link = content_->findChild<LinkButton*>();
+  if (link != nullptr) link->setFocus();
+}
+
 void StartPage::ShowNothingSelected() {
   Clear();
   AddHint(Caption(Text::SelectANode));

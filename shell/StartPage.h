@@ -21,6 +21,8 @@ class StartPage : public QWidget {
   /// Offers a new product, opening one, and these product files. Those that are not there turn grey
   /// a moment later, and can be removed.
   void ShowStart(const std::vector<std::string>& recentProducts);
+  /// Gives the keyboard to the product opened last, or to the first link.
+  void TakeFocus();
   [[nodiscard]] bool IsStart() const { return isStart_; }
   /// Says that a node should be selected.
   void ShowNothingSelected();

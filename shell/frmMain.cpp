@@ -19,6 +19,7 @@
 #include "shell/ProjectTree.h"
 #include "shell/ResultPanel.h"
 #include "shell/StartArea.h"
+#include "shell/StartPage.h"
 #include "shell/TitleLabel.h"
 #include "shell/UnsavedMarks.h"
 #include "shell/WindowPlace.h"
@@ -76,8 +77,6 @@ frmMain::frmMain(const MainServices& services)
   resize(kFirstSize.boundedTo(room));
   RestoreWindowPlace(services_.registry, *this, *splitter_);
   UpdateProjectState();
-  // Else the first button of the toolbar would have it.
-  setFocus();
 }
 
 frmMain::~frmMain() = default;
@@ -106,6 +105,8 @@ void frmMain::UpdateProjectState() {
   if (open) {
     trvProjectTree->setFocus();
     startArea_->Remember(services_.project.ProductPath());
+  } else {
+    startArea_->Page()->TakeFocus();
   }
   pnlResult->Clear();
   errors.Show(dialogs_);
@@ -190,7 +191,9 @@ void frmMain::PopUpNodeMenu(const QPoint& globalPosition) {
                 : tag == kVersionTag   ? mnuPopupVersion
                 : tag == kComponentTag ? mnuPopupComponent
                                        : nullptr;
-  if (menu != nullptr) menu->popup(globalPosition);
+  if (menu == nullptr) return;
+  menu->setAccessibleName(trvProjectTree->currentItem()->text(0));
+  menu->popup(globalPosition);
 }
 
 void frmMain::DeleteSelectedNode() {

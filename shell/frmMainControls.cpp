@@ -1,6 +1,7 @@
 // The controls of the main window: what frmMain.cpp makes work together.
 #include <QLabel>
 #include <QMenu>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -14,6 +15,7 @@
 #include "shell/ProjectTree.h"
 #include "shell/ResultPanel.h"
 #include "shell/StartArea.h"
+#include "shell/StartPage.h"
 #include "shell/TitleLabel.h"
 #include "shell/UserGuide.h"
 #include "shell/WindowKeys.h"
@@ -170,6 +172,14 @@ void frmMain::BuildResultPanel() {
                          }));
   connect(pnlResult, &ResultPanel::BuildAgainWanted, this,
           [this](model::VersionSlot version) { Q_EMIT BuildAgainWanted(version, editorTabs_); });
+
+  // Its close button takes no focus.
+  auto* close = new QShortcut(Qt::Key_Escape, pnlResult);
+  close->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(close, &QShortcut::activated, this, [this] {
+    pnlResult->hide();
+    trvProjectTree->setFocus();
+  });
 
   // In the version's menu, and by their keys from wherever the user is.
   mnuPopupVersion->addSeparator();

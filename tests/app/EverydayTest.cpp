@@ -25,7 +25,7 @@ class EverydayTest : public QObject {
     const std::string product = work_.Path("Messprotokoll/Messprotokoll.product");
     program_->Open(product);
     program_->Press("close");
-    QTRY_VERIFY(Child(program_->window, "lnkProduct1").isEnabled());
+    QVERIFY(Child(program_->window, "lnkProduct1").hasFocus());
     Press(program_->window, "lnkProduct1");
     QTRY_COMPARE(program_->window.windowTitle(), "Packwright - Messprotokoll.product");
     program_->Click("v2");
@@ -40,6 +40,7 @@ class EverydayTest : public QObject {
       DoubleClick(versions, versions.model()->index(0, 0));
     });
     Press(program_->window, "lnkTakeOver");
+    QCOMPARE(program_->window.focusWidget(), &program_->Tree());
     QVERIFY(program_->Nodes().contains("v3=Version 1.2.0|[v3c1=Programm]|[v3c2=Handbuch]"));
   }
 

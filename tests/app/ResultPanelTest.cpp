@@ -49,6 +49,10 @@ class ResultPanelTest : public QObject {
     DoubleClick(Findings(), Findings().model()->index(0, 0));
     QCOMPARE(Child<QStatusBar>(program_->window, "sbrMain").currentMessage(),
              "Den Eintrag gibt es nicht mehr.");
+    Activate(program_->window);
+    Findings().setFocus();
+    QTest::keyClick(&Findings(), Qt::Key_Escape);
+    QVERIFY(Panel().isHidden() && program_->Tree().hasFocus());
   }
 
   void ABuildIsToldAndMadeAgainWithoutTheWizard() {

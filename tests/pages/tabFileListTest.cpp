@@ -195,6 +195,7 @@ class tabFileListTest : public QObject {
     f.List().setFocus();
     pressKeys(Qt::Key_Z, 4);
     QCOMPARE(Rows(f.List()), before);
+    QCOMPARE(f.area.hint, "");
     QVERIFY(f.Fields().contains("GUID=b"));  // what came back is selected
     QVERIFY(!f.page->IsDirty());
     pressKeys(Qt::Key_Y, 4);
@@ -249,7 +250,8 @@ class tabFileListTest : public QObject {
       const bool isRelative = answer == MessageAnswer::Yes;
       QCOMPARE(Rows(f.List()).startsWith("q/tief"), isRelative);
       QVERIFY(f.File(f.kProductFile).contains(isRelative ? "Relative=1" : "Relative=0"));
-      PickFrom(f.OpenMenuBelowLast(), "mnuRelative");
+      QTest::keyClick(&f.List(), Qt::Key_F10, Qt::ShiftModifier);
+      PickFrom(OpenedMenu(), "mnuRelative");
       QCOMPARE(f.area.hint.right(1), isRelative ? "0" : "2");
       f.page->ApplyChanges();
       QCOMPARE(f.Stored("File2", {"SourcePath"}), "q/tief");
@@ -319,6 +321,7 @@ class tabFileListTest : public QObject {
     auto& hint = Child<QLabel>(*f.page, "lblEmptyFileList");
     QVERIFY(hint.text().contains("2 in Installationsordner</a>"));
     QVERIFY(hint.text().contains("1 in unbekanntem Ordner (0)</a>"));
+    QVERIFY(f.List().accessibleDescription().endsWith("1 in unbekanntem Ordner (0)"));
     ModalScript script;
     script.ExpectAndPress("unknownTargets", "cmdOK");
     hint.setFocus();
