@@ -1,10 +1,11 @@
 #!/bin/sh
-# Fuzzes everything that reads files of others, each target for SECONDS, two at a time:
+# Fuzzes everything that reads files of others, each target for SECONDS, two at
+# a time for each processor:
 #
 #   run-fuzzers.sh SECONDS [TARGET...]
 #
 # What a run finds out stays in out/fuzz/corpus for the next one; an input that breaks something is
-# kept in out/fuzz/findings. .ci/run gives each target 20 seconds, .ci/release 90.
+# kept in out/fuzz/findings. .ci/run gives each target 60 seconds, .ci/release 90.
 set -eu
 cd "$(dirname "$0")/.."
 seconds=$1
@@ -25,18 +26,19 @@ fuzz() {
     >"out/fuzz/$1.log" 2>&1 && tail -n 1 "out/fuzz/$1.log" | sed "s/^/$1: /"
 }
 
+together=$(($(nproc) * 2))
 failed=""
 while [ $# -gt 0 ]; do
-  fuzz "$1" &
-  first=$1 one=$! second=""
-  shift
-  if [ $# -gt 0 ]; then
+  started=""
+  for _ in $(seq "$together"); do
+    [ $# -gt 0 ] || break
     fuzz "$1" &
-    second=$1 other=$!
+    started="$started $1:$!"
     shift
-    wait "$other" || failed="$failed $second"
-  fi
-  wait "$one" || failed="$failed $first"
+  done
+  for each in $started; do
+    wait "${each#*:}" || failed="$failed ${each%:*}"
+  done
 done
 for target in $failed; do
   echo "$target found something:" >&2
