@@ -8,7 +8,7 @@
 #include <string>
 
 #include "engine/BuildObserver.h"
-#include "engine/FileStore.h"
+#include "engine/StoreFiles.h"
 #include "tools/archive/ArchiveWriter.h"
 #include "tools/files/Disk.h"
 

@@ -10,9 +10,11 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "engine/BuildObserver.h"
 #include "model/ModProject.h"
@@ -60,6 +62,19 @@ struct BuildSummary {
   std::string outputFolder;
   tools::ArchiveTotals stored;  ///< the files; not packaged, the copies count as what came out
   BuildTimes times{};
+
+  /// The outcome of one build, for showing it afterwards.
+  struct BuildResult {
+    /// How many messages are kept; the log holds all of them.
+    static constexpr std::size_t kMostMessages = 10'000;
+
+    model::VersionSlot version = 0;  ///< slot
+    BuildSummary summary;
+    std::string failure;  ///< why the build could not run or end at all; empty for any other end
+    std::vector<BuildMessage> messages;
+    std::uint64_t furtherMessages = 0;  ///< those that are not kept
+    std::chrono::milliseconds duration{};
+  };
   std::int32_t warnings = 0;
   std::int32_t errors = 0;
   bool diskFull = false;  ///< some failure came from a full disk

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "engine/BuildObserver.h"
-#include "engine/FileStore.h"
+#include "engine/StoreFiles.h"
 #include "engine/TreePlaces.h"
 
 namespace engine {

@@ -8,9 +8,16 @@
 #include <vector>
 
 #include "engine/BuildObserver.h"
-#include "findings/ChosenPlace.h"
+#include "model/Slots.h"
 
 namespace findings {
+
+/// A place in a version that its author wants to see.
+struct ChosenPlace {
+  model::ComponentSlot component = 0;  ///< 0 when no place was chosen
+  std::int32_t entry = 0;              ///< the entry's number in it when it was found; 0: none
+  std::string entryId{};  ///< tells the entry whatever its number is now; empty: it has none
+};
 
 /// One row for each finding: icon and component, entry, text. A double click or Enter chooses the
 /// place of a row that has one.

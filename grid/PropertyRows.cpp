@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "grid/MeaningDelegate.h"
+#include "grid/KnownValues.h"
 
 namespace grid {
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "grid/MeaningDelegate.h"
+#include "grid/KnownValues.h"
 #include "grid/PropertyRows.h"
 #include "grid/frmEditProperty.h"
 #include "tools/Error.h"

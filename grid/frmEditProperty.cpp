@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "grid/ValueCompleter.h"
+#include "grid/KnownValues.h"
 #include "tools/desktop/FormStyle.h"
 
 namespace grid {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "model/FileEntries.h"
-#include "pages/PageHost.h"
+#include "pages/EditorPage.h"
 #include "tools/Guid.h"
 
 namespace pages {

@@ -10,7 +10,7 @@
 
 #include "model/FolderTable.h"
 #include "pages/PageText.h"
-#include "tools/desktop/GreyedText.h"
+#include "tools/desktop/ListViewStyle.h"
 #include "tools/files/Path.h"
 
 namespace pages {

@@ -4,7 +4,6 @@
 
 #include "model/FolderTable.h"
 #include "pages/PageText.h"
-#include "tools/desktop/GreyedText.h"
 #include "tools/desktop/ListViewStyle.h"
 
 namespace pages {

@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 #include <chrono>
 
-#include "pages/KnownPageValues.h"
+#include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"

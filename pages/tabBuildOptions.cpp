@@ -11,7 +11,6 @@
 #include <cmath>
 
 #include "model/SettingNames.h"
-#include "pages/KnownPageValues.h"
 #include "pages/PageGrid.h"
 #include "pages/PageText.h"
 #include "tools/Numbers.h"

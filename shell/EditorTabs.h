@@ -2,6 +2,7 @@
 // node's file, shows one page at a time, and removes them again.
 #pragma once
 
+#include <QWidget>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -12,12 +13,27 @@
 #include "model/MainView.h"
 #include "model/ModProject.h"
 #include "model/NodeSettings.h"
-#include "pages/PageHost.h"
+#include "pages/EditorPage.h"
 #include "pages/PageRegistry.h"
-#include "shell/EditorArea.h"
 #include "tools/Dialogs.h"
 
 namespace shell {
+
+/// What the page host needs of the main window.
+class EditorArea {
+ public:
+  virtual ~EditorArea() = default;
+  EditorArea() = default;
+  EditorArea(const EditorArea&) = delete;
+  EditorArea& operator=(const EditorArea&) = delete;
+
+  /// The widget that pages are made in.
+  [[nodiscard]] virtual QWidget* PageParent() = 0;
+  /// Places a page in the editor area, below the tabs.
+  virtual void PositionExtender(QWidget& page) = 0;
+  /// Shows a hint in the status bar.
+  virtual void ShowStatusText(const std::string& text) = 0;
+};
 
 class EditorTabs : public pages::PageHost, public model::OpenPages {
  public:

@@ -1,4 +1,4 @@
-// The program's own icons, looked up by key.
+// The program's own icons, looked up by key, and the dot that marks what holds unsaved changes.
 #pragma once
 
 #include <QIcon>
@@ -15,5 +15,10 @@ class IconList {
   /// program's own; an icon without a picture for any other key.
   [[nodiscard]] QIcon Icon(const QString& key) const;
 };
+
+/// The dot alone.
+[[nodiscard]] QIcon ChangeMark();
+/// The icon with the dot in its lower right corner.
+[[nodiscard]] QIcon WithChangeMark(const QIcon& icon);
 
 }  // namespace shell

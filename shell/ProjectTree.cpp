@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "model/TextTable.h"
-#include "shell/ChangeMark.h"
+#include "shell/IconList.h"
 #include "tools/desktop/QtText.h"
 #include "tools/files/Path.h"
 

@@ -4,9 +4,9 @@
 #include <QDockWidget>
 #include <string>
 
-#include "engine/BuildResult.h"
+#include "engine/Build.h"
 #include "findings/CheckRun.h"
-#include "findings/ChosenPlace.h"
+#include "findings/FindingsList.h"
 #include "tools/Dialogs.h"
 
 class QLabel;

@@ -1,8 +1,13 @@
 #include "shell/SetupViews.h"
 
+#include <QDialog>
+#include <QFontDatabase>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
 #include "model/TextTable.h"
 #include "setup/Comparison.h"
-#include "shell/TextWindow.h"
 #include "tools/Error.h"
 #include "tools/SetupNames.h"
 #include "tools/Text.h"
@@ -12,6 +17,7 @@
 
 namespace shell {
 
+using namespace Qt::StringLiterals;
 using model::LoadText;
 using model::Text;
 using tools::ToQString;
@@ -20,6 +26,36 @@ namespace {
 
 constexpr std::size_t kLargestLog = std::size_t{64} << 20;  // bytes
 constexpr int kFolderBrowserFlags = 17;
+constexpr int kTextColumns = 100;
+constexpr int kLines = 30;
+
+/// Shows lines of text as they are, none of them broken. Closes by Escape or `cmdClose`.
+class TextWindow : public QDialog {
+ public:
+  TextWindow(const QString& title, const QString& text, QWidget* parent);
+};
+
+TextWindow::TextWindow(const QString& title, const QString& text, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName(u"textWindow"_s);
+  setWindowTitle(title);
+  auto* txtText = new QPlainTextEdit(this);
+  txtText->setObjectName(u"txtText"_s);
+  txtText->setAccessibleName(title);
+  txtText->setReadOnly(true);
+  txtText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  txtText->setLineWrapMode(QPlainTextEdit::NoWrap);
+  txtText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  txtText->setPlainText(text);
+  auto* cmdClose = new QPushButton(tools::ToQString(model::LoadText(model::Text::Close)), this);
+  cmdClose->setObjectName(u"cmdClose"_s);
+  connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(txtText);
+  layout->addWidget(cmdClose, 0, Qt::AlignRight);
+  const QFontMetrics metrics = txtText->fontMetrics();
+  resize(metrics.averageCharWidth() * kTextColumns, metrics.lineSpacing() * kLines);
+}
 
 setup::SetupContents ContentsOf(const std::string& folder, tools::StoppableNotice& notice) {
   setup::Setup setup = setup::OpenSetup(folder);

@@ -9,8 +9,8 @@
 
 #include "model/TextTable.h"
 #include "pages/EditorPage.h"
-#include "shell/ChangeMark.h"
 #include "shell/EditorTabs.h"
+#include "shell/IconList.h"
 #include "shell/ProjectTree.h"
 #include "tools/Text.h"
 #include "tools/desktop/QtText.h"

@@ -8,14 +8,13 @@
 #include <memory>
 #include <string>
 
-#include "findings/ChosenPlace.h"
+#include "findings/FindingsList.h"
 #include "model/ComponentOperations.h"
 #include "model/MainView.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "model/TextTable.h"
 #include "pages/PageRegistry.h"
-#include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
 #include "shell/NodeKey.h"
 #include "shell/frmNewProduct.h"

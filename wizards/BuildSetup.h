@@ -5,9 +5,9 @@
 #include <functional>
 #include <string>
 
+#include "engine/Build.h"
 #include "engine/BuildObserver.h"
-#include "engine/BuildResult.h"
-#include "findings/ChosenPlace.h"
+#include "findings/FindingsList.h"
 #include "model/ModProject.h"
 #include "model/ModProjectOperations.h"
 #include "tools/Clock.h"

@@ -8,6 +8,7 @@
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/WaitCursor.h"
 #include "wizards/LastBuilds.h"
+#include "wizards/OptionPages.h"
 
 namespace wizards {
 
@@ -66,10 +67,7 @@ tools::WizardPage SetupWizard::ShowPage(const std::string& key) {
   return {};
 }
 
-std::string SetupWizard::LoadPage(const std::string& key) {
-  const std::string name = OptionPageName(key);
-  return name.empty() ? name : kOptionPageLibrary + name;
-}
+std::string SetupWizard::LoadPage(const std::string& key) { return OptionPageProgId(key); }
 
 void SetupWizard::FillDataStore(tools::WizardDataStore& store) {
   const model::StoredOptions stored(services_.project, versionIndex_);

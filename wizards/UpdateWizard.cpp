@@ -1,6 +1,7 @@
 #include "wizards/UpdateWizard.h"
 
 #include "model/TextTable.h"
+#include "wizards/OptionPages.h"
 
 namespace wizards {
 

@@ -29,11 +29,4 @@ void WizardBase::ShowHelp(const std::string& /*key*/) {
                         .icon = tools::MessageIcon::Exclamation});
 }
 
-std::string OptionPageName(const std::string& key) {
-  if (key == "configuration") return "wizSetup_Config";
-  if (key == "output") return "wizSetup_Output";
-  if (key == "packaging") return "wizSetup_Packaging";
-  return {};
-}
-
 }  // namespace wizards

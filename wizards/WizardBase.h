@@ -45,11 +45,4 @@ class WizardBase : public tools::WizardDriver {
   std::unique_ptr<tools::WizardStructure> frame_;
 };
 
-/// The name of the option page that belongs to `key`: that of "configuration", "output" and
-/// "packaging"; empty for any other key.
-[[nodiscard]] std::string OptionPageName(const std::string& key);
-
-/// What stands before the name of an option page in its ProgID.
-inline constexpr const char* kOptionPageLibrary = "PackwrightWizards.";
-
 }  // namespace wizards

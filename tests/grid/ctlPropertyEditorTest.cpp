@@ -1,4 +1,4 @@
-#include "grid/MeaningDelegate.h"
+#include "grid/KnownValues.h"
 #include "grid/ctlPropertyEditor.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tools/Error.h"

@@ -1,9 +1,15 @@
 // The common look and behaviour of the program's list views in report view.
 #pragma once
 
+#include <QColor>
+#include <QRect>
+#include <QString>
 #include <QStyledItemDelegate>
 
 class QAbstractItemView;
+class QPainter;
+class QPalette;
+class QStyleOptionViewItem;
 class QTreeView;
 
 namespace tools {
@@ -33,5 +39,17 @@ class ListItemDelegate : public QStyledItemDelegate {
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
 };
+
+// Text that stands back behind the text beside it:
+
+/// Between the colours of the text and of what lies behind it, in the item's state.
+[[nodiscard]] QColor GreyedTextColor(const QStyleOptionViewItem& item);
+
+/// The same for unselected items of that palette.
+[[nodiscard]] QColor GreyedTextColor(const QPalette& palette);
+
+/// Draws the text in that colour on one line within `place`, cut off where it is too long.
+void DrawGreyedText(QPainter& painter, const QStyleOptionViewItem& item, const QRect& place,
+                    Qt::Alignment alignment, const QString& text);
 
 }  // namespace tools

@@ -1,7 +1,6 @@
 // The product of the tests and one of its pages, in the host of the program, without a main window.
 #pragma once
 
-#include "shell/EditorArea.h"
 #include "shell/EditorTabs.h"
 #include "tests/support/ProductDesk.h"
 #include "tests/support/desktop/ModalScript.h"
