@@ -119,7 +119,7 @@ std::optional<CommandLine> ParseCommandLine(const std::vector<std::string>& argu
                                             std::ostream& output, std::ostream& errors,
                                             ExitCode& exitCode) {
   CommandLine line;
-  bool zipWanted = true;  // the default, said out loud
+  bool zipWanted = true;  // --zip asks for the default
   bool showVersion = false;
   CLI::App app(kDescription, "packwright-build");
   DefineOptions(app, line, zipWanted, showVersion);

@@ -83,7 +83,7 @@ std::optional<tools::Error> ArchiveStore::Finish() {
   return failure_;
 }
 
-// The build survives a failure of the archive; a wish to stop is no failure and passes through.
+// Keeps the archive's first error for Finish; a stop request passes through.
 template <typename Action>
 void ArchiveStore::WithArchive(const Action& action) {
   try {

@@ -57,7 +57,7 @@ class Build {
     if (!tools::IsSafeFileTitle(title_)) {
       throw tools::Error("Die Produktbezeichnung kann kein Dateiname sein: " + title_);
     }
-    // Before any place is searched, and again with the places that links in a scan lead to.
+    // Checked before any folder is searched, and again below with the places that links lead to.
     if (options_.isConfined) RequireConfinement(SourceFoldersOf(environment_.project, version_));
     survey_ = SurveyVersion(environment_.project, version_,
                             OutputFolderPath(options_.folder, environment_.project),
@@ -70,7 +70,7 @@ class Build {
         [](const std::string& text, const Place& /*place*/) { throw tools::Error(text); });
     const ScriptHead head = MakeScriptHead();
     environment_.project.Settings().ForgetRead();  // as large as the survey
-    // A wish to stop that came meanwhile counts before anything is deleted.
+    // Honours a stop request before anything is deleted.
     progress_.ThrowIfStopped();
     if (!AcceptOutputFolder()) return;
     environment_.project.Settings().ForgetRead();
@@ -98,7 +98,7 @@ class Build {
     summary_.outputFolder = folder.path;
     if (folder.IsAccepted()) {
       claim_.emplace(folder.path);
-      // The look decides what may be deleted: nothing half moved may lie there.
+      // What lies there now is what may be deleted later: nothing half moved may be among it.
       SetupStage::Recover(environment_.disk, *claim_);
       old_ = ContentOf(folder.path);
       folder = AcceptContent(folder, old_, places);

@@ -17,11 +17,11 @@ namespace engine {
 namespace {
 
 constexpr std::size_t kLongestName = 255;  // bytes, as most file systems have it
-// What a path may have on most systems that limit it (4,096 bytes with its end), without what the
-// hidden folder adds that a setup is made in.
+// Most systems that limit a path allow 4,096 bytes with its end. The rest is for the hidden folder
+// that a setup is made in.
 constexpr std::size_t kLongestPath = 4000;
 
-// Paths that Windows takes for one get one key.
+// The same key for all paths that are one under Windows.
 std::string PathKey(std::string_view path) {
   std::string key = tools::LowerCase(tools::ReplaceAll(path, "/", "\\"));
   const auto doubled = [](char a, char b) { return a == '\\' && b == '\\'; };

@@ -28,7 +28,7 @@ std::string Again(const DuplicateName& name) {
   return text.append("; es gilt der erste: ");
 }
 
-// What stands a second time is passed over, and may be what its author meant.
+// Of two equal names the first counts, and the author may have meant the second.
 void CheckDuplicates(std::string_view text, const std::string& path, const Place& place,
                      Findings& findings) {
   const Duplicates found = FindDuplicates(text);

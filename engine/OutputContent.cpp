@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::string_view kSourceMacro = "\"%SrcPath%\\";
 
-/// Takes a path below the folder; a folder that cannot be read comes as Other, after it came as a
-/// folder. Returns false to end the visit.
+/// Gets each path below the folder. A folder that cannot be read is given twice, as a folder and
+/// then as Other. Returns false to end the visit.
 using Visitor = std::function<bool(const std::string& relative, tools::FolderEntry::Kind kind)>;
 
 class Walk {
@@ -63,8 +63,8 @@ class Walk {
 /// Returns false when the visitor ended it.
 bool Visit(const std::string& folder, const Visitor& visit) { return Walk(folder, visit).Run(); }
 
-/// A name in the tree of a setup, as two spellings of one place have in common: of its parts, case,
-/// dots and blanks at the end do not count (see TreePlaces).
+/// The same key for all spellings of one place in the tree of a setup: neither case counts, nor
+/// dots and blanks at the end of a part (see TreePlaces).
 std::string KeyOf(const std::string& path, char separator) {
   std::vector<std::string> parts;
   for (std::string& part : tools::SplitList(path, separator, '\0')) {

@@ -29,7 +29,7 @@ struct OutputFolder {
                                               const model::ModProject& project,
                                               const ProtectedPlaces& places);
 
-/// The same by what an accepted folder holds, at its top and in all folders below. Call
+/// The same for what an accepted folder holds, at its top and in all folders below. Call
 /// SetupStage::Recover before. Raises tools::Error when it cannot be read.
 [[nodiscard]] OutputFolder AcceptContent(const OutputFolder& folder, const OutputContent& content,
                                          const ProtectedPlaces& places);

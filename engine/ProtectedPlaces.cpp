@@ -21,7 +21,7 @@ namespace engine {
 
 namespace {
 
-/// Paths that the machine takes for one have one key.
+/// The same key for all paths that are one on this machine.
 std::string PlaceKeyOf(const std::string& path) {
   return tools::kPathSeparator == '\\' ? tools::FoldCase(path) : path;
 }
@@ -39,7 +39,7 @@ tools::FileStamp StampWherePossible(const std::string& path) {
 ProtectedPlaces::ProtectedPlaces(const model::ModProject& project, model::VersionSlot version,
                                  const std::set<std::string>& sourceFolders,
                                  const std::string& programFolder) {
-  // The first rule that holds a place is the one that is told.
+  // Where several rules protect a place, the one added first is reported.
   Add(FolderRefusal::Home, tools::SpecialFolder(tools::kProfileFolder));
   for (const std::string& home : tools::HomeFolders()) Add(FolderRefusal::OthersHome, home);
   AddProduct(project);
@@ -110,14 +110,14 @@ void ProtectedPlaces::Add(FolderRefusal rule, const std::string& path) {
   if (path.empty() || !added_.emplace(rule, path).second) return;
   for (const std::string& place : tools::PlacesOnTheWay(path)) {
     AddPlace({rule, path}, place);
-    // What is above it there need not be above it here.
+    // Each path of a place has other folders above it.
     for (const std::string& other : mounts_.OtherPathsOf(place)) AddPlace({rule, path}, other);
   }
 }
 
 void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {
   for (std::string folder = at; !folder.empty();) {
-    // What is above a known folder is known, too.
+    // The folders above a known one were added with it.
     if (!byPath_.emplace(PlaceKeyOf(folder), place).second) return;
     const tools::FileStamp stamp = StampWherePossible(folder);
     if (stamp.exists) byIdentity_.emplace(std::pair{stamp.device, stamp.identity}, place);

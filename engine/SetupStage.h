@@ -1,7 +1,7 @@
 // Where a setup is made until it is whole: a hidden folder inside the output folder.
 //
-// Inside it, because the output folder itself may be a mounted one, or lie in a folder that nobody
-// may write to: it is never removed or replaced. What it holds is.
+// The output folder itself is never removed or replaced, only its content: it may be a mounted one,
+// or lie in a folder that nobody may write to.
 #pragma once
 
 #include <optional>

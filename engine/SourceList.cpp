@@ -73,7 +73,7 @@ SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
   AddUnseen(list, SourceFault::DeadLink, Severity::Warning, found.deadLinks,
             "Link leads to no file", "Die Verknüpfung führt zu keiner Datei");
   for (std::size_t i = 0; i < found.deadLinks.size(); ++i) {
-    // What may be there, and only cannot be looked at, is missing from the setup.
+    // It may lead to a file, which the setup then lacks.
     if (found.deadLinks[i].cause == std::errc::permission_denied) {
       list.problems[list.problems.size() - found.deadLinks.size() + i].severity = Severity::Error;
     }

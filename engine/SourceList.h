@@ -39,7 +39,7 @@ struct SourceList {
   std::vector<SurveyProblem> problems;
 };
 
-/// Called before each entry and each file; may raise an error to stop.
+/// Called often; may raise an error to stop.
 using SurveyStep = std::function<void()>;
 
 /// Where sources are looked for.
@@ -47,9 +47,10 @@ struct SourceScope {
   std::string productFolder;  ///< relative source folders are taken from it
   /// Scans pass over this folder and what lies in it; empty: none.
   std::string outputFolder;
-  /// Called for each entry of a folder that is listed too.
+  /// Called before each entry of the version, each file, and each entry of a folder while a scan
+  /// lists it.
   SurveyStep step{};
-  /// Called before it for each entry of a folder, once.
+  /// Called once for each entry of such a folder, before `step`: for counting.
   SurveyStep listed{};
 };
 

@@ -21,7 +21,7 @@ namespace engine {
 
 namespace {
 
-// Entries up to this number are told of whether they are stored or not.
+// Up to this count, entries that are not stored are surveyed too; above it one problem counts them.
 constexpr std::int32_t kMaximumEntries = 1'000'000;
 constexpr std::int32_t kAnyNumber = std::numeric_limits<std::int32_t>::max();
 

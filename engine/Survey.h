@@ -49,8 +49,8 @@ struct Survey {
 };
 
 /// Called often during a survey with the files found so far and the bytes of those looked at,
-/// without totals; may raise an error to stop. While a scan lists a folder all that is in there
-/// counts.
+/// without totals; may raise an error to stop. While a scan lists a folder, each entry of it
+/// counts as a file found.
 using SurveyWatch = std::function<void(const tools::Progress& found)>;
 
 /// Surveys the version in slot `version`, passing over `outputFolder` in scans. Raises tools::Error

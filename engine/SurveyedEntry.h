@@ -19,7 +19,7 @@ namespace engine {
 /// Full paths, in the order of installation. The views live as long as the entry.
 class SourcePaths {
  public:
-  /// Goes by texts that each end in a NUL, up to an empty one.
+  /// Iterates over texts that each end in a NUL, up to an empty one.
   class Iterator {
    public:
     using value_type = std::string_view;

@@ -28,7 +28,7 @@ std::vector<std::string> PlainParts(const std::string& scriptPath) {
   return parts;
 }
 
-// Names that Windows takes for one get one key.
+// The same key for all names that are one under Windows.
 std::string WindowsKeyOf(std::string_view name) {
   std::string key = tools::LowerCase(name);
   const std::size_t last = key.find_last_not_of(". ");

@@ -117,7 +117,7 @@ std::vector<ComponentSlot> ComponentOperations::FreeSlots(VersionSlot version, C
   return slots;
 }
 
-// As a component is added: the count first, for a slot more that is free shows nowhere.
+// The count comes first, as when a component is added: one more free slot is shown nowhere.
 void ComponentOperations::AddOne(VersionSlot version, const tools::SettingsFile& file) {
   RemoveUnfinishedCopy(project_, disk_, version);
   const ComponentSlot slot = FreeSlots(version, 1, 1).front();

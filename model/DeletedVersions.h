@@ -17,12 +17,12 @@ namespace model {
 /// to is not removed. Raises tools::Error naming the folder.
 void MarkAsDeleted(tools::Disk& disk, const std::string& folder, Undo& undo);
 
-/// Renames a marked folder, or a link, to `to`. Raises tools::Error, but not where another program
-/// has gone by the mark already.
+/// Renames a marked folder, or a link, to `to`. Does nothing when another program has removed the
+/// marked folder already. Raises tools::Error.
 void MoveDeleted(tools::Disk& disk, const std::string& folder, const std::string& to);
 
-/// Removes the folders that killed deletions have left. What cannot be removed stays, for the next
-/// time; where the folder holds two products all stay.
+/// Removes the folders that killed deletions have left. What cannot be removed stays until the
+/// next call. Removes nothing where the folder holds two products.
 void RemoveDeletedVersions(tools::Disk& disk, const ModProject& project);
 
 }  // namespace model

@@ -44,8 +44,8 @@ class FileEntries {
   void Add(ICFile entry);
   /// Takes out the entry with that ID, which must be there.
   [[nodiscard]] TakenFileEntry Take(std::string_view id);
-  /// Puts an entry back before the one that followed it, which must be there: of several entries,
-  /// the one taken last comes back first. Nothing may have been added with its ID.
+  /// Puts an entry back in front of the one that followed it. That one must be there: put several
+  /// entries back in the reverse order. No entry with its ID may have been added meanwhile.
   void PutBack(TakenFileEntry& taken);
   /// Sets a field from text by the rules of SetFileEntryField; an unknown ID changes nothing.
   void SetField(std::string_view id, std::string_view fieldName, std::string_view text);

@@ -75,7 +75,7 @@ enum class EntryUse {
   Build  ///< without "Type": 1, a single file
 };
 
-// What reads takes the path of the component's file for its errors, which name file and key.
+// The functions that read take the path of the component's file: their errors name it and the key.
 
 /// The number of entries: section "Files", key "Count". Raises tools::Error as StoredCount does.
 [[nodiscard]] std::int32_t ReadFileCount(const SettingReader& read, std::string_view path);

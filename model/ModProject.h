@@ -97,7 +97,7 @@ class ModProject {
   [[nodiscard]] std::int32_t VersionCount() const;
   /// The version's text, empty for a free slot.
   [[nodiscard]] std::string VersionString(VersionSlot version) const;
-  /// The slots of the versions there are, ascending. Quick whatever the count in the file says.
+  /// The slots of the versions there are, ascending. Its cost does not depend on the stored count.
   [[nodiscard]] std::vector<VersionSlot> VersionSlots() const;
   /// The texts of all versions that the product file holds, those beyond a damaged count too.
   [[nodiscard]] std::vector<std::string> StoredVersionTexts() const;
@@ -110,8 +110,8 @@ class ModProject {
   /// listed, and what `step` raises, which is called for each entry of the folder.
   [[nodiscard]] std::vector<ComponentSlot> PossibleComponentSlots(
       VersionSlot version, const tools::ListingStep& step = {}) const;
-  /// The slots of the components there are in a version, ascending; quick as above. Raises
-  /// tools::Error when the version's folder cannot be searched.
+  /// The slots of the components there are in a version, ascending; the cost as above.
+  /// Raises tools::Error when the version's folder cannot be searched.
   [[nodiscard]] std::vector<ComponentSlot> ComponentSlots(VersionSlot version) const;
 
   /// The output folder proposed for a build configuration (1 debug, 2 release).

@@ -297,8 +297,8 @@ void ModProjectOperations::DeleteVersion(VersionSlot version, const std::string&
   RemoveAndShow(removed);
 }
 
-// The count comes first: a slot more that is free shows nowhere. The component's file, which makes
-// it visible, comes last, and anew: one that was left in the slot is not inherited.
+// The count comes first: one more free slot is shown nowhere. The component's file makes it visible
+// and comes last. It is made anew, so that nothing of a file left in the slot is inherited.
 void ModProjectOperations::AddComponent(VersionSlot version) {
   const std::string title =
       Trimmed(dialogs_.InputBox(LoadText(Text::EnterComponentTitle), LoadText(Text::AddComponent),

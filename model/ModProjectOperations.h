@@ -21,7 +21,8 @@ namespace model {
 
 class ModProjectOperations {
  public:
-  /// The references, those in `desktop` too, must outlive this object; none is used yet.
+  /// The references, those in `desktop` too, must outlive this object; the
+  /// constructor uses none of them.
   ModProjectOperations(ModProject& project, tools::Disk& disk, tools::Dialogs& dialogs,
                        const tools::Clock& clock, const Desktop& desktop);
 

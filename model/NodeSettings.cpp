@@ -78,7 +78,7 @@ void NodeSettings::NoteRead(std::string_view section, std::string_view key,
   const auto stored = seen_->Find(section, key);
   const bool number = defaultValue == "0" || defaultValue == "1";
   if (number && !numbers_.contains(key)) numbers_.emplace(key);
-  // Save takes the 0 that a number without a text is read as for unedited anyway.
+  // No note is needed for the 0 of a number without a text: Save counts it as unedited anyway.
   const bool isUnsetZero = !stored && value == "0" && defaultValue == "0";
   if (value == stored.value_or("") || isUnsetZero) {
     if (readLater_) noted_.erase(NoteKey(section, key));
@@ -208,9 +208,8 @@ void NodeSettings::Write(std::string_view section, std::string_view key, std::st
 void NodeSettings::Commit(tools::SettingsStore::Batch& batch, const std::string& file) {
   const auto written = project_.Settings().Load(file);
   if (written == current_) return;  // nothing was
-  // Before the commit, after which the store no longer tells what was written. Where another
-  // program is faster than the commit, that joins both in another object: what it wrote stays
-  // unseen.
+  // Made before the commit: afterwards the store no longer tells what was written. What another
+  // program stores in between is not in it, and so still counts as a change from outside.
   auto seen = std::exchange(current_, nullptr) == seen_ ? written : SeenWithWritesOf(*written);
   batch.Commit();
   seen_ = std::move(seen);

@@ -44,8 +44,8 @@ class PageHost {
 };
 
 /// A page shows and edits one aspect of the selected node. Its controls hold what was typed until
-/// ApplyChanges, unless a page says that it writes some of it sooner. The settings that it edits it
-/// reads and writes through its host; what else it shows comes from the PageServices.
+/// ApplyChanges, unless a page says that it writes some of it sooner. It reads
+/// and writes its settings through its host; what else it shows comes from the PageServices.
 class EditorPage : public QWidget, public model::OpenPage {
   Q_OBJECT
 

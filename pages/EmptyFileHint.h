@@ -16,8 +16,8 @@ class EmptyFileHint : public QLabel {
  public:
   explicit EmptyFileHint(QAbstractItemView& list);
 
-  /// Says where the entries are, whose number is given for each folder, when the list shows none;
-  /// `isFiltered`: the filter hides some.
+  /// When the list shows no entry, says which folders have some. `counts` is the number of entries
+  /// by folder; `isFiltered`: the filter hides some.
   void Update(const std::map<std::int32_t, int>& counts, bool isFiltered);
 
   bool eventFilter(QObject* watched, QEvent* event) override;

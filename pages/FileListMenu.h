@@ -10,8 +10,8 @@
 
 namespace pages {
 
-/// Adds an item that a key reaches wherever the focus is on the page. The menu names the key in
-/// German; `keys` says it to Qt.
+/// Adds an item that a key reaches wherever the focus is on the page. `keyName` is how
+/// the menu names the key, in German; `keys` is the same for Qt.
 QAction* AddItem(QMenu& menu, QWidget& page, const QString& name, model::Text text,
                  const QString& keyName = {}, const QList<QKeySequence>& keys = {});
 

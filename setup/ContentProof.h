@@ -26,8 +26,8 @@ struct ExpectedFile {
 [[nodiscard]] std::string ExpectedTarget(const ExpectedEntry& entry, const std::string& source);
 [[nodiscard]] CopyRule ExpectedRule(const ExpectedEntry& entry, const std::string& source);
 
-/// Every file of the version, in order, with the first statement for its target that no file before
-/// it has.
+/// Every file of the version, in order, with the first statement for its target that no earlier
+/// file has taken.
 [[nodiscard]] std::vector<ExpectedFile> MatchFiles(const ExpectedSetup& expected, const Plan& plan);
 
 /// A file whose bytes are not those of its source.

@@ -36,7 +36,7 @@ struct ExpectedSetup {
   std::string cancellation;  ///< when the user declines
   FailureText failure;       ///< of a vital file
   std::optional<Registration> registration;
-  int latestYear = 0;  ///< a setup of a later year cannot be
+  int latestYear = 0;  ///< no setup can be of a later year
   std::vector<ExpectedEntry> entries;
 };
 

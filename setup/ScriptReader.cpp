@@ -286,7 +286,7 @@ void ScriptReader::EndBlock() {
 }
 
 void ScriptReader::EndFile() {
-  // The texts of all files are a few: those that came last are looked at.
+  // Most files share a few texts: comparing with the last ones is enough.
   constexpr std::size_t kLookedAt = 8;
   std::vector<FailureText>& known = reading_.plan.failures;
   const auto end =

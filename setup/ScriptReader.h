@@ -43,15 +43,15 @@ class ScriptReader {
   [[nodiscard]] ScriptReading Finish();
 
  private:
-  /// What the line that comes next stands in.
+  /// The block that the next line belongs to.
   enum class Block {
     Outside,     ///< before Sub and behind End Sub
-    Main,        ///< Sub
-    Ask,         ///< declined
-    Extract,     ///< unpacked
-    Install,     ///< could not be installed
-    Installed,   ///< could be
-    Unreadable,  ///< of an If that cannot be read: its lines are looked at one by one
+    Main,        ///< inside Sub
+    Ask,         ///< for a user who declines
+    Extract,     ///< for a file that was unpacked
+    Install,     ///< for a file that could not be installed
+    Installed,   ///< the Else of that
+    Unreadable,  ///< of an If that cannot be read: its lines are read one by one
   };
   using Kind = Statement::Kind;
 

@@ -32,8 +32,8 @@ std::string ScriptOf(const std::string& path) {
   return scripts[0];
 }
 
-// The archive that the script unpacks; without one that which lies beside it under its name, so
-// that a script whose statements are gone is not taken for one without an archive.
+// The archive that the script unpacks. A script that unpacks nothing may have lost its statements:
+// then it is the archive of the same name beside it, if there is one.
 std::string ArchiveOf(const Setup& setup) {
   if (!setup.plan.archive.empty()) return tools::JoinPath(setup.folder, setup.plan.archive);
   const std::string name = tools::FileNamePart(setup.scriptPath);

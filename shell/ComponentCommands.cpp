@@ -101,7 +101,7 @@ void ComponentCommands::PutOnClipboard(Transfer transfer) {
   const std::vector<ShownComponent> components = Selected();
   if (components.empty() || (move && tree_.SelectedNode().tag != kComponentTag)) return;
   QGuiApplication::clipboard()->setMimeData(Pack(components, transfer));
-  // Copies are made of the files.
+  // Copies are made of what is saved.
   if (services_.operations.IsDirty()) {
     services_.showStatus(LoadText(Text::SavedStateIsCopied));
   } else {

@@ -68,7 +68,7 @@ void EditorTabs::OfferChanges(pages::EditorPage& page) {
     tools::PaintWithoutUserInput();
     page.ApplyChanges();
   } catch (const OverwritingRefused& error) {
-    // The page goes now, and with it what its author has just been told to keep.
+    // Reported although other failures are not: the page is removed, and its changes are lost.
     refusal = error.what();
   } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): only saving reports failures
   }

@@ -49,8 +49,8 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   void Reset(bool ask) override;
   /// Makes the pages of a node, hidden: each is a control of the class "Packwright." and its name,
   /// under the name "EditorTab" and its position in the list, and has read its settings. A page
-  /// that cannot be made or read is left out, and the reason reported: once, where it is that of
-  /// several pages.
+  /// that cannot be made or read is left out, and the reason reported. Several pages with the same
+  /// reason are one report.
   void Prepare(std::string_view pageList, model::VersionSlot version,
                model::ComponentSlot component);
 

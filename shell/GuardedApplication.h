@@ -7,8 +7,7 @@
 
 namespace shell {
 
-/// The last net below the handlers: an exception that one of them lets out is shown as a message
-/// and the program goes on.
+/// Shows an exception that leaves an event handler as a message, and the program goes on.
 class GuardedApplication : public QApplication {
   Q_OBJECT
 

@@ -29,8 +29,8 @@ class ProjectTree : public QTreeWidget {
 
   /// Shows the product's nodes as they are in its files: its own node and that of `latestVersion`
   /// expanded, the node that was selected still selected where it is visible. Empties the tree when
-  /// no product is open. A file that cannot be read costs only the nodes that it tells of, and is
-  /// added to `errors`.
+  /// no product is open. A file that cannot be read leaves out only its own nodes, and is added
+  /// to `errors`.
   void Fill(const model::ModProject& project, model::VersionSlot latestVersion, ErrorList& errors);
   /// Changes the product node's text.
   void SetProductTitle(const std::string& title);

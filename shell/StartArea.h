@@ -25,8 +25,8 @@ class StartArea : public QObject {
     tools::Registry& registry;
   };
 
-  /// `editor` is the pane of the pages, which the start page takes the room of; `layout` holds it
-  /// and nothing else. What is given must outlive this object.
+  /// `editor` is the pane of the pages; the start page is shown in its place. `layout` holds that
+  /// pane and nothing else. What is given must outlive this object.
   StartArea(QBoxLayout& layout, QWidget& editor, QToolButton& openButton, Services services);
 
   /// The start page, which the layout keeps.

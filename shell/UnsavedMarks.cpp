@@ -44,7 +44,7 @@ void UnsavedMarks::Watch(EditorTabs& pages, const Node& node) {
   for (std::int32_t i = 1; i <= pages.Count(); ++i) {
     pages::EditorPage* page = &pages.Item(i);
     pages_.emplace_back(page);
-    disconnect(page, nullptr, this, nullptr);  // one that could not be removed
+    disconnect(page, nullptr, this, nullptr);  // a page that could not be removed is connected
     connect(page, &pages::EditorPage::DirtyChanged, this, &UnsavedMarks::Show);
     connect(page, &pages::EditorPage::Saved, this, [this, page] { OnSaved(page); });
     connect(page, &pages::EditorPage::SaveFailed, this, [this, page] { OnSaveFailed(page); });

@@ -148,7 +148,7 @@ void frmMain::UpdateEditor() {
 
 void frmMain::ShowTabs() {
   const QSignalBlocker quiet(tabDataEditor);
-  // The pages of a node stay of the kind that was looked at last.
+  // Nodes of one kind open with the page that was shown last for that kind.
   const QString last = lastPages_[shownNode_.tag];
   for (std::int32_t i = 1; i <= editorTabs_.Count(); ++i) {
     const int tab = tabDataEditor->addTab(tools::ToQString(editorTabs_.Item(i).Title()));
@@ -289,7 +289,7 @@ void frmMain::Refuse(Text text, Text caption) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
   tools::Guard(dialogs_, [this] { RememberWindowPlace(services_.registry, *this, *splitter_); });
-  // The answer does not keep the window open.
+  // Whatever the answer, the window closes.
   if (event->spontaneous()) {
     tools::Guard(dialogs_, [this] { operations_.CloseProductAfterWarning(); });
   }

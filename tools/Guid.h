@@ -10,8 +10,8 @@ namespace tools {
 /// {XXXXXXXX-XXXX-4XXX-YXXX-XXXXXXXXXXXX}.
 [[nodiscard]] std::string NewGuidText();
 
-/// The same for whoever needs many: the machine's source of random bits is slow, and gives only the
-/// beginning.
+/// The same for many GUIDs: the machine's source of random bits is slow, so that it only seeds a
+/// generator.
 class GuidSource {
  public:
   GuidSource();

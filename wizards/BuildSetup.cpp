@@ -58,7 +58,7 @@ class DesktopBuild : public engine::BuildObserver {
   }
 
   bool IsStopWanted() override {
-    // Before the first file is stored nothing else lets the user's wish through.
+    // Until the first file is stored, nothing else asks the notice for a stop request.
     if (pace_.IsDue()) notice_.Update(progress_);
     return isEndWanted_() || notice_.IsStopWanted();
   }

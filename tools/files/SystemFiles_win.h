@@ -76,9 +76,9 @@ class FolderSearch {
          (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-/// What is done to the file. Of one that is read, only a refused sharing tells that it is held; of
-/// one that is replaced, moved or deleted, the system also says "access denied" (while it is mapped
-/// or waits to be deleted) and, of a folder, "not empty" (while a file in it waits).
+/// What is done to a file that others may hold. A read then fails with a sharing violation alone. A
+/// replacement, move or removal also fails with "access denied" (the file is mapped, or waits to be
+/// deleted) and, of a folder, with "not empty" (a file in it waits).
 enum class HeldWhen { Reading, Changing };
 
 [[nodiscard]] inline bool IsHeldByOthers(DWORD error, HeldWhen when) {

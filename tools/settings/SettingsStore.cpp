@@ -292,7 +292,7 @@ void SettingsStore::ForgetOldest() {
   for (const auto& [path, entry] : entries_) byUse.emplace_back(entry->lastUse, path);
   std::sort(byUse.begin(), byUse.end());
   byUse.resize(byUse.size() - std::min(byUse.size(), kAlwaysKept));
-  // Making room for more than the one file keeps this from being done for every file that follows.
+  // Frees half of the room, so that this stays rare.
   for (const auto& [use, path] : byUse) {
     if (keptBytes_ <= kMostKeptBytes / 2) return;
     if (entries_.at(path)->firstWrite == 0) Forget(path);

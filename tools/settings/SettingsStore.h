@@ -16,8 +16,8 @@
 namespace tools {
 
 /// Reads and writes settings. A parsed file is kept and used again as long as the file's time, size
-/// and identity are those it was read with; before it is written it is compared byte by byte where
-/// its time is too young to tell. A write is visible to the next read at once. Files not
+/// and identity are those it was read with; a file too young for its time to tell is compared byte
+/// by byte before it is written. A write is visible to the next read at once. Files not
 /// used lately are forgotten, so that memory stays bounded; the few used last are kept whatever
 /// their sizes.
 class SettingsStore {
