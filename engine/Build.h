@@ -42,7 +42,7 @@ enum class BuildOutcome {
   InvalidOutputFolder,  ///< refused: the output folder is invalid
   OutputFolderInUse,    ///< refused: it holds files and the observer kept them
   OutputFolderStuck,    ///< ended early: some of its old content could not be removed
-  Incomplete,           ///< ended early: files of the setup are missing, and the old one was kept
+  Incomplete,           ///< ended early: disk full or archive failed, and the old setup was kept
   Stopped,              ///< ended early: the observer wanted it
 };
 
@@ -62,22 +62,22 @@ struct BuildSummary {
   std::string outputFolder;
   tools::ArchiveTotals stored;  ///< the files; not packaged, the copies count as what came out
   BuildTimes times{};
-
-  /// The outcome of one build, for showing it afterwards.
-  struct BuildResult {
-    /// How many messages are kept; the log holds all of them.
-    static constexpr std::size_t kMostMessages = 10'000;
-
-    model::VersionSlot version = 0;  ///< slot
-    BuildSummary summary;
-    std::string failure;  ///< why the build could not run or end at all; empty for any other end
-    std::vector<BuildMessage> messages;
-    std::uint64_t furtherMessages = 0;  ///< those that are not kept
-    std::chrono::milliseconds duration{};
-  };
   std::int32_t warnings = 0;
   std::int32_t errors = 0;
   bool diskFull = false;  ///< some failure came from a full disk
+};
+
+/// The outcome of one build, for showing it afterwards.
+struct BuildResult {
+  /// How many messages are kept; the log holds all of them.
+  static constexpr std::size_t kMostMessages = 10'000;
+
+  model::VersionSlot version = 0;  ///< slot
+  BuildSummary summary;
+  std::string failure;  ///< why the build could not run or end at all; empty for any other end
+  std::vector<BuildMessage> messages;
+  std::uint64_t furtherMessages = 0;  ///< those that are not kept
+  std::chrono::milliseconds duration{};
 };
 
 /// Builds the version in slot `version`. Problems with single files are logged and the build goes
@@ -85,10 +85,9 @@ struct BuildSummary {
 ///
 /// The setup is made in a hidden folder inside the output folder and takes the old content's place
 /// when it is whole: archive or tree, script, programs and log. A setup that lacks files because
-/// the disk is full, the archive failed or sources could not be read moves in only where there is
-/// no old setup to replace. Whenever the build does not finish, the output folder holds what it
-/// held before. The build holds a tools::FolderClaim on the output folder from its first look at it
-/// to its end.
+/// the disk is full or the archive failed moves in only where there is no old setup to replace.
+/// Whenever the build does not finish, the output folder holds what it held before. The build holds
+/// a tools::FolderClaim on the output folder from its first look at it to its end.
 ///
 /// Raises tools::Error, after tidying up, when the build cannot run or end at all: settings that
 /// cannot be read or are out of range, a product title that no file name can hold, an unsafe

@@ -8,12 +8,15 @@
 
 #include "engine/SettingsText.h"
 #include "model/ICFile.h"
+#include "model/SettingNames.h"
 #include "model/StoredNumbers.h"
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/settings/SettingsFile.h"
 
 namespace engine {
+
+namespace setting = model::setting;
 
 namespace {
 
@@ -88,8 +91,9 @@ class ComponentCheck {
  private:
   void CheckRegistryCount() {
     findings_.Try(place_, [&] {
-      (void)model::StoredCount(settings_.Read("Registry", "Keys", "0"),
-                               {path_, "Registry", "Keys"});
+      constexpr model::SettingName kCount = setting::kRegistryKeyCount;
+      (void)model::StoredCount(settings_.Read(kCount.section, kCount.key, kCount.standard),
+                               {path_, kCount});
     });
   }
 
@@ -172,19 +176,20 @@ class Finder {
       : project_(project), version_(version), report_(report) {}
 
   void LookAtProduct() {
-    for (const char* key : {"Title", "Author"}) {
-      LookAt(project_.ReadProductSetting("Product", key, ""), project_.ProductPath(), "Product",
-             key, {});
+    for (const model::SettingName& name : {setting::kProductTitle, setting::kProductAuthor}) {
+      LookAt(project_.ReadProductSetting(name), project_.ProductPath(), name, {});
     }
-    if (Tessel("Key").empty()) return;  // the script registers nothing then
-    for (const char* key : {"Key", "Title", "Type"}) {
-      LookAt(Tessel(key), project_.VersionFilePath(version_), "Tessel", key, {});
+    using setting::kCatalogueKey;
+    if (project_.ReadVersionSetting(version_, kCatalogueKey).empty()) return;  // not registered
+    for (const auto& name : {kCatalogueKey, setting::kCatalogueTitle, setting::kCatalogueType}) {
+      LookAt(project_.ReadVersionSetting(version_, name), project_.VersionFilePath(version_), name,
+             {});
     }
   }
 
   void LookAtComponent(const SurveyedComponent& component) {
     const std::string path = project_.ComponentFilePath(version_, component.slot);
-    LookAt(component.title, path, "Component", "Title", {component.slot, component.title, 0});
+    LookAt(component.title, path, setting::kComponentTitle, {component.slot, component.title, 0});
     for (const UnfitValue& value : component.unfitValues) {
       Report(path, model::FileEntrySection(value.entry), value.key,
              {component.slot, component.title, value.entry, value.entryId});
@@ -192,13 +197,9 @@ class Finder {
   }
 
  private:
-  [[nodiscard]] std::string Tessel(std::string_view key) const {
-    return project_.ReadVersionSetting(version_, "Tessel", key, "");
-  }
-
-  void LookAt(const std::string& value, const std::string& path, std::string_view section,
-              std::string_view key, const Place& place) {
-    if (tools::HasControlCharacter(value)) Report(path, section, key, place);
+  void LookAt(const std::string& value, const std::string& path, const model::SettingName& name,
+              const Place& place) {
+    if (tools::HasControlCharacter(value)) Report(path, name.section, name.key, place);
   }
 
   void Report(const std::string& path, std::string_view section, std::string_view key,

@@ -211,7 +211,7 @@ std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
     project_.RequireSoundVersionFile(latest);
     file = project_.Settings().Load(project_.VersionFilePath(latest))->Clone();
   }
-  file->Write("General", "Created", clock_.DateTimeText());
+  file->Write(setting::kCreated.section, setting::kCreated.key, clock_.DateTimeText());
   return file;
 }
 

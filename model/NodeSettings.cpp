@@ -26,7 +26,7 @@ std::string ShownLines(const tools::SettingsFile& file) {
     const std::string_view line = std::string_view(text).substr(begin, end - begin);
     if (line.starts_with('[')) {
       const std::string_view name = line.substr(1, line.find(']') - 1);
-      isShown = name != "General" && name != setting::kVersionCount.section &&
+      isShown = name != setting::kCreated.section && name != setting::kVersionCount.section &&
                 name != setting::kComponentCount.section &&
                 name != setting::kComponentTitle.section;
     }

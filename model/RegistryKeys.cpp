@@ -4,6 +4,7 @@
 #include <numeric>
 #include <utility>
 
+#include "model/SettingNames.h"
 #include "model/StoredNumbers.h"
 #include "tools/Text.h"
 
@@ -11,8 +12,8 @@ namespace model {
 
 namespace {
 
-constexpr std::string_view kSection = "Registry";
-constexpr std::string_view kKeys = "Keys";
+constexpr std::string_view kSection = setting::kRegistryKeyCount.section;
+constexpr std::string_view kKeys = setting::kRegistryKeyCount.key;
 constexpr std::string_view kKey = "Key";
 constexpr std::string_view kValues = "Values";
 constexpr std::string_view kValue = "Val";
@@ -25,11 +26,11 @@ std::string Numbered(std::string_view word, std::int32_t number, std::string_vie
 
 std::string SlotSection(std::int32_t slot) { return Numbered("RegKey", slot); }
 
-bool SamePath(std::string_view a, std::string_view b) {
-  return tools::EqualIgnoringCase(tools::TrimBlanks(a), tools::TrimBlanks(b));
-}
-
 }  // namespace
+
+bool IsSameKey(std::string_view path, std::string_view otherPath) {
+  return tools::EqualIgnoringCase(tools::TrimBlanks(path), tools::TrimBlanks(otherPath));
+}
 
 RegistryKeys::RegistryKeys(SettingReader read, SettingWriter write, Source source)
     : read_(std::move(read)), write_(std::move(write)), source_(std::move(source)) {}
@@ -92,7 +93,7 @@ std::vector<std::int32_t> RegistryKeys::Slots() const {
 
 std::vector<std::int32_t> RegistryKeys::SlotsOf(std::string_view path) const {
   std::vector<std::int32_t> slots = Slots();
-  std::erase_if(slots, [&](std::int32_t slot) { return !SamePath(PathIn(slot), path); });
+  std::erase_if(slots, [&](std::int32_t slot) { return !IsSameKey(PathIn(slot), path); });
   return slots;
 }
 

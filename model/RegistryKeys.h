@@ -24,7 +24,10 @@ struct RegistryValue {
   bool operator==(const RegistryValue&) const = default;
 };
 
-/// Keys are told apart ignoring case and the blanks around them. What reads raises
+/// True for two spellings of one key's path or name: case and the blanks around it do not count.
+[[nodiscard]] bool IsSameKey(std::string_view path, std::string_view otherPath);
+
+/// Keys are told apart as IsSameKey does. What reads raises
 /// tools::Error naming file and key for a number of slots or values that is negative or too large.
 class RegistryKeys {
  public:

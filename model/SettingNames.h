@@ -25,6 +25,7 @@ inline constexpr SettingName kRelativeSources{"Sources", "Relative"};
 inline constexpr SettingName kVersionCount{"Versions", "Count", "0"};
 
 // Of a version's file.
+inline constexpr SettingName kCreated{"General", "Created"};
 inline constexpr SettingName kComponentCount{"Components", "Count", "0"};
 inline constexpr SettingName kInstallerType{"BuildCommon", "InstallerType", "1"};
 inline constexpr SettingName kActiveConfiguration{"BuildCommon", "ActiveConfig", "1"};
@@ -37,6 +38,7 @@ inline constexpr SettingName kCatalogueType{"Tessel", "Type", "1"};
 // Of a component's file.
 inline constexpr SettingName kComponentTitle{"Component", "Title"};
 inline constexpr SettingName kFileCount{"Files", "Count", "0"};
+inline constexpr SettingName kRegistryKeyCount{"Registry", "Keys", "0"};
 
 /// The section of a build configuration (1 debug, 2 release).
 [[nodiscard]] inline std::string BuildSection(std::int32_t configuration) {

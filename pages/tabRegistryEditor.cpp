@@ -44,10 +44,6 @@ constexpr Text kNotSet = Text::ValueNotSet;
 
 constexpr std::string_view kDefaultValue = "@";
 
-bool IsSame(std::string_view a, std::string_view b) {
-  return tools::EqualIgnoringCase(tools::TrimBlanks(a), tools::TrimBlanks(b));
-}
-
 }  // namespace
 
 tabRegistryEditor::tabRegistryEditor(const PageServices& services, QWidget* parent)
@@ -246,7 +242,8 @@ void tabRegistryEditor::ShowCurrentPath() {
   // Up and Down go on from the key that is shown.
   const int count = cmbRegPath->count();
   int shown = 0;
-  while (shown < count && !IsSame(ToUtf8(cmbRegPath->itemText(shown)), currentPath_)) ++shown;
+  while (shown < count && !model::IsSameKey(ToUtf8(cmbRegPath->itemText(shown)), currentPath_))
+    ++shown;
   cmbRegPath->setCurrentIndex(shown < count ? shown : -1);
   cmbRegPath->setEditText(currentPath_.empty() ? Caption(kTopLevel) : ToQString(currentPath_));
 }
@@ -312,7 +309,7 @@ void tabRegistryEditor::OpenNewKey() {
       dialogs_.InputBox(LoadText(Text::EnterKeyName), LoadText(Text::NewKey), "NewSubkey");
   if (tools::TrimBlanks(name).empty()) return;
   for (const QString& entry : subkeys_->stringList()) {
-    if (IsSame(ToUtf8(entry), name)) Warn(Text::KeyExists, Text::NewKey);
+    if (model::IsSameKey(ToUtf8(entry), name)) Warn(Text::KeyExists, Text::NewKey);
   }
   Navigate(model::JoinRegistryPath(currentPath_, name));
 }

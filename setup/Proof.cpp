@@ -46,7 +46,7 @@ class Prover {
     ProveHead();
     ProveFiles();
     ProveNothingElse();
-    ProveMeetings();
+    ProveCollisions();
     ProveUse();
     ProveContents(threads, onProgress);
     return std::move(result_);
@@ -160,7 +160,7 @@ class Prover {
   }
 
   // Files that meet at one target: only one of them arrives.
-  void ProveMeetings() {
+  void ProveCollisions() {
     std::vector<std::pair<std::string, std::uint32_t>> places;
     places.reserve(files_.size());
     for (std::uint32_t i = 0; i < files_.size(); ++i) {
@@ -170,10 +170,10 @@ class Prover {
     std::ranges::sort(places);
     for (std::size_t i = 1; i < places.size(); ++i) {
       if (places[i].first == places[i - 1].first)
-        AddMeeting(places[i - 1].second, places[i].second);
+        AddCollision(places[i - 1].second, places[i].second);
     }
   }
-  void AddMeeting(std::uint32_t first, std::uint32_t second) {
+  void AddCollision(std::uint32_t first, std::uint32_t second) {
     const ExpectedEntry& earlier = expected_.entries[files_[first].entry];
     const PlannedFile& later = plan_.files[files_[second].planned];
     std::string text = "Hier liegt schon die Datei aus Komponente " +

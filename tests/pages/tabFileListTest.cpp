@@ -130,7 +130,8 @@ class tabFileListTest : public QObject {
     f.dialogs.ExpectBrowseFolder(Text::AddsFilesOfFolder, f.folder.Path("Q"));
     PickFrom(f.OpenMenuBelowLast(), "mnuAddDirectory0");
     const QString passedOver = tools::ToQString(f.dialogs.Messages().front().text);
-    QVERIFY(passedOver.contains(" 2.") && passedOver.endsWith(f.Path("Q/ins Leere")));
+    QVERIFY(passedOver.contains(" 2."));
+    QVERIFY(passedOver.endsWith(f.Path("Q/ins Leere")));
     QVERIFY(Told(f.dialogs).endsWith(f.Path("Q/?")));
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("Files", {"Count"}), "1");
@@ -317,7 +318,8 @@ class tabFileListTest : public QObject {
     const auto isBold = [&folders](int number) {
       return folders.itemData(folders.findData(number), Qt::FontRole).value<QFont>().bold();
     };
-    QVERIFY(isBold(2001) && !isBold(2));
+    QVERIFY(isBold(2001));
+    QVERIFY(!isBold(2));
     auto& hint = Child<QLabel>(*f.page, "lblEmptyFileList");
     QVERIFY(hint.text().contains("2 in Installationsordner</a>"));
     QVERIFY(hint.text().contains("1 in unbekanntem Ordner (0)</a>"));
@@ -329,7 +331,8 @@ class tabFileListTest : public QObject {
       QTest::keyClick(&hint, key);
     }
     QCOMPARE(f.List().model()->rowCount(), 3);  // with those that were in the folder before
-    QVERIFY(hint.isHidden() && f.Fields().contains("GUID=a|"));
+    QVERIFY(hint.isHidden());
+    QVERIFY(f.Fields().contains("GUID=a|"));
     Type(Child(*f.page, "txtFilter"), "nichts");
     QCOMPARE(hint.text().section(' ', 0, 4), LoadedText(Text::NoEntryPassesFilter));
   }
