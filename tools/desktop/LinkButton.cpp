@@ -20,6 +20,9 @@ LinkButton::LinkButton(const QString& text, QWidget* parent) : QAbstractButton(p
   setText(text);
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
+  // It has no ground of its own, as other buttons have.
+  setBackgroundRole(QPalette::NoRole);
+  setForegroundRole(QPalette::NoRole);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
