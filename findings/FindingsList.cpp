@@ -49,6 +49,7 @@ FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
                    ToQString(LoadText(Text::EntryColumn)),
                    ToQString(LoadText(Text::FindingColumn))});
   tools::ApplyListViewStyle(*this);
+  setTextElideMode(Qt::ElideMiddle);  // a path is known by its end
   header()->resizeSection(kComponent, kComponentWidth * fontMetrics().averageCharWidth());
   header()->setSectionResizeMode(kEntry, QHeaderView::ResizeToContents);
   header()->setStretchLastSection(true);

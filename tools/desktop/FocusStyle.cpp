@@ -22,12 +22,6 @@ bool HasFocus(const QAbstractItemView& view) {
   return focused != nullptr && (focused == &view || view.isAncestorOf(focused));
 }
 
-bool IsPale(const QStyleOption* option, const QWidget* widget) {
-  if (option == nullptr || !option->state.testFlag(QStyle::State_Selected)) return false;
-  const auto* view = qobject_cast<const QAbstractItemView*>(widget);
-  return view != nullptr && view->isEnabled() && !HasFocus(*view);
-}
-
 QStyleOptionViewItem Pale(const QStyleOption& option) {
   QStyleOptionViewItem pale;
   if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(&option)) {
@@ -37,19 +31,29 @@ QStyleOptionViewItem Pale(const QStyleOption& option) {
   }
   pale.state.setFlag(QStyle::State_Active, false);
   const QColor text = pale.palette.color(QPalette::Active, QPalette::Text);
-  const QColor ground = pale.palette.color(QPalette::Active, QPalette::Base);
-  pale.palette.setColor(QPalette::Inactive, QPalette::Highlight, Blend(ground, text));
+  pale.palette.setColor(QPalette::Inactive, QPalette::Highlight, PaleSelection(pale.palette));
   pale.palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
   return pale;
 }
 
 }  // namespace
 
+bool IsPaleSelection(const QStyleOption* option, const QWidget* widget) {
+  if (option == nullptr || !option->state.testFlag(QStyle::State_Selected)) return false;
+  const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+  return view != nullptr && view->isEnabled() && !HasFocus(*view);
+}
+
+QColor PaleSelection(const QPalette& palette) {
+  return Blend(palette.color(QPalette::Active, QPalette::Base),
+               palette.color(QPalette::Active, QPalette::Text));
+}
+
 void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
   const bool isRow = element == PE_PanelItemViewRow || element == PE_PanelItemViewItem ||
                      element == PE_IndicatorBranch;
-  if (isRow && IsPale(option, widget)) {
+  if (isRow && IsPaleSelection(option, widget)) {
     const QStyleOptionViewItem pale = Pale(*option);
     QProxyStyle::drawPrimitive(element, &pale, painter, widget);
   } else {
@@ -59,7 +63,7 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 
 void FocusStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const {
-  if (element == CE_ItemViewItem && IsPale(option, widget)) {
+  if (element == CE_ItemViewItem && IsPaleSelection(option, widget)) {
     const QStyleOptionViewItem pale = Pale(*option);
     QProxyStyle::drawControl(element, &pale, painter, widget);
   } else {

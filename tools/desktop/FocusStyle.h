@@ -1,6 +1,7 @@
 // Shows which view has the keyboard: the selection of the others is pale.
 #pragma once
 
+#include <QColor>
 #include <QProxyStyle>
 
 namespace tools {
@@ -19,5 +20,10 @@ class FocusStyle : public QProxyStyle {
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget) const override;
 };
+
+/// Whether FocusStyle draws that row of `widget` as a pale selection.
+[[nodiscard]] bool IsPaleSelection(const QStyleOption* option, const QWidget* widget);
+/// The ground of such a row.
+[[nodiscard]] QColor PaleSelection(const QPalette& palette);
 
 }  // namespace tools

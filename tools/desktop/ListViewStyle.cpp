@@ -10,6 +10,8 @@
 #include <QToolTip>
 #include <QTreeView>
 
+#include "tools/desktop/FocusStyle.h"
+
 namespace tools {
 
 namespace {
@@ -111,6 +113,9 @@ QColor Mixed(const QColor& text, const QColor& base) {
 }  // namespace
 
 QColor GreyedTextColor(const QStyleOptionViewItem& item) {
+  if (IsPaleSelection(&item, item.widget)) {
+    return Mixed(item.palette.color(QPalette::Active, QPalette::Text), PaleSelection(item.palette));
+  }
   const bool isSelected = (item.state & QStyle::State_Selected) != 0;
   const QPalette::ColorGroup group =
       (item.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;

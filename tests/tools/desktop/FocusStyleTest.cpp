@@ -1,9 +1,11 @@
 #include <QListWidget>
 #include <QStyleFactory>
+#include <QStyleOptionViewItem>
 #include <QVBoxLayout>
 
 #include "tests/support/desktop/Widgets.h"
 #include "tools/desktop/FocusStyle.h"
+#include "tools/desktop/ListViewStyle.h"
 
 namespace tests {
 
@@ -37,6 +39,12 @@ class FocusStyleTest : public QObject {
       QVERIFY2(pale.saturation() < highlight.saturation() / 2, qPrintable(pale.name()));
       const int distance = std::abs(pale.lightness() - ground.lightness());
       QVERIFY2(distance > 40 && distance < 100, qPrintable(pale.name()));
+      QStyleOptionViewItem row;
+      row.initFrom(&list);
+      row.widget = &list;
+      row.state |= QStyle::State_Selected;
+      const int contrast = std::abs(tools::GreyedTextColor(row).lightness() - pale.lightness());
+      QVERIFY2(contrast > 80, "what is greyed in the row can be read");
     }
   }
 
