@@ -28,8 +28,7 @@ wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services,
     : WizardOptionPage(DataStore, parent),
       services_(services),
       versionIndex_(versionIndex),
-      chosen_(chosen),
-      cmdAsLastTime_(new QPushButton(ToQString(LoadText(Text::AsLastTime)), this)) {
+      chosen_(chosen) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   options_[0] = AddOption(u"chkMakeZip"_s, LoadText(Text::PackFiles), "makezip");
@@ -37,6 +36,7 @@ wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services,
   options_[1] = AddOption(u"chkIncludeExe"_s, LoadText(Text::IncludeSetupProgram), "includeexe");
   options_[2] =
       AddOption(u"chkIncludeTessel"_s, LoadText(Text::IncludeRuntimeInstaller), "includetessel");
+  cmdAsLastTime_ = new QPushButton(ToQString(LoadText(Text::AsLastTime)), this);
   cmdAsLastTime_->setObjectName(u"cmdAsLastTime"_s);
   cmdAsLastTime_->setAutoDefault(false);
   layout->addWidget(cmdAsLastTime_, 0, Qt::AlignLeft);

@@ -293,6 +293,7 @@ class WizardsTest : public QObject {
 
   void PackagingOptionsStayEmptyUntilTheAuthorChooses() {
     OptionPage f("Packaging", {{"makezip", ""}, {"includeexe", "1"}});
+    QCOMPARE(f.page->nextInFocusChain(), &Child(*f.page, "chkMakeZip"));
     for (const char* expected : {"includeexe=0|makezip=", "includeexe=1|makezip="}) {
       QTest::keyClick(&Child(*f.page, "chkIncludeExe"), Qt::Key_Space);
       QCOMPARE(Values(f.store), expected);
