@@ -60,11 +60,13 @@ std::vector<ShownComponent> ComponentOperations::ComponentsOf(VersionSlot versio
 void ComponentOperations::Copy(const std::vector<ShownComponent>& components,
                                VersionSlot toVersion) {
   if (components.empty()) return;
+  project_.RequireProduct();
+  Lock lock(project_.Settings(), project_.ProductPath());
   project_.RequireVersion(toVersion);
   std::vector<std::string> titles = TitlesIn(toVersion);
   std::vector<File> files;
   for (const ShownComponent& component : components) {
-    if (IsOutdated(component, Text::Paste)) return;
+    if (IsOutdated(component, Text::Paste, lock)) return;
     const auto file = CopyOf(component);
     titles.push_back(FreeTitle(component.shownTitle, titles));
     file->Write(kTitle.section, kTitle.key, titles.back());
@@ -75,6 +77,7 @@ void ComponentOperations::Copy(const std::vector<ShownComponent>& components,
   } else {
     AddSeveral(toVersion, files);
   }
+  lock.Release();
   view_.UpdateTree();
   titles.erase(titles.begin(), titles.end() - std::ptrdiff_t(files.size()));
   view_.ShowStatusText(WhereText(titles, toVersion));
@@ -179,7 +182,10 @@ void ComponentOperations::WriteComponent(const std::string& path, const tools::S
 
 // One rename moves the component: at no time is it in both versions or in none.
 ComponentSlot ComponentOperations::Move(const ShownComponent& component, VersionSlot toVersion) {
-  if (component.version == toVersion || IsOutdated(component, Text::Paste)) return 0;
+  if (component.version == toVersion) return 0;
+  project_.RequireProduct();
+  Lock lock(project_.Settings(), project_.ProductPath());
+  if (IsOutdated(component, Text::Paste, lock)) return 0;
   project_.RequireVersion(toVersion);
   const std::string from = project_.ComponentFilePath(component.version, component.component);
   RemoveUnfinishedCopy(project_, disk_, toVersion);
@@ -191,6 +197,7 @@ ComponentSlot ComponentOperations::Move(const ShownComponent& component, Version
   });
   disk_.SyncFolder(tools::FolderOf(to));
   disk_.SyncFolder(tools::FolderOf(from));
+  lock.Release();
   view_.UpdateTree();
   return slot;
 }
@@ -200,17 +207,21 @@ void ComponentOperations::Rename(const ShownComponent& component) {
       tools::TrimBlanks(dialogs_.InputBox(LoadText(Text::EnterOtherComponentTitle),
                                           LoadText(Text::RenameComponent), component.shownTitle)));
   if (title.empty() || title == component.shownTitle) return;
-  if (IsOutdated(component, Text::RenameComponent)) return;
+  project_.RequireProduct();
+  Lock lock(project_.Settings(), project_.ProductPath());
+  if (IsOutdated(component, Text::RenameComponent, lock)) return;
   project_.WriteComponentSetting(component.version, component.component, kTitle.section, kTitle.key,
                                  title);
+  lock.Release();
   view_.UpdateTree();
 }
 
-bool ComponentOperations::IsOutdated(const ShownComponent& component, Text caption) {
+bool ComponentOperations::IsOutdated(const ShownComponent& component, Text caption, Lock& lock) {
   if (project_.VersionString(component.version) == component.shownVersion &&
       project_.ComponentTitle(component.version, component.component) == component.shownTitle) {
     return false;
   }
+  lock.Release();
   dialogs_.ShowMessage(
       {.text = LoadText(Text::ProjectChangedElsewhere), .caption = LoadText(caption)});
   view_.UpdateTree();

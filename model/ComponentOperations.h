@@ -54,9 +54,11 @@ class ComponentOperations {
   void Rename(const ShownComponent& component);
 
  private:
+  using Lock = tools::SettingsStore::Lock;
   using File = std::shared_ptr<const tools::SettingsFile>;
 
-  [[nodiscard]] bool IsOutdated(const ShownComponent& component, Text caption);
+  /// Releases the lock before it says so.
+  [[nodiscard]] bool IsOutdated(const ShownComponent& component, Text caption, Lock& lock);
   [[nodiscard]] std::shared_ptr<tools::SettingsFile> CopyOf(const ShownComponent& component) const;
   [[nodiscard]] std::vector<std::string> TitlesIn(VersionSlot version) const;
   /// `count` slots of a version that hold no component, ascending, not below `first`. Raises

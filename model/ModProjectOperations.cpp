@@ -168,16 +168,18 @@ VersionSlot ModProjectOperations::LatestVersion() const {
 }
 
 void ModProjectOperations::AddVersion() {
-  const VersionSlot latest = LatestVersion();
   const std::string title = LoadText(Text::AddVersion);
-  const std::string version =
-      Trimmed(dialogs_.InputBox(LoadText(Text::EnterVersion), title, NextVersionText(latest)));
+  const std::string version = Trimmed(
+      dialogs_.InputBox(LoadText(Text::EnterVersion), title, NextVersionText(LatestVersion())));
+  if (version.empty() && !VersionExists(version)) return;
+  project_.RequireProduct();
+  Lock lock(project_.Settings(), project_.ProductPath());
   if (VersionExists(version)) {
+    lock.Release();
     Refuse(LoadText(Text::VersionExists), title);
     return;
   }
-  if (version.empty()) return;
-  CreateVersion(version, latest);
+  CreateVersion(version, lock);
 }
 
 std::string ModProjectOperations::NextVersionText(VersionSlot latest) const {
@@ -218,11 +220,10 @@ std::shared_ptr<tools::SettingsFile> ModProjectOperations::NewVersionFile(
 // The folder is made whole under another name. A folder that has the version's name already goes
 // when the version is there, so that an error leaves it too as it was. The product file, which
 // makes the version visible, comes last.
-void ModProjectOperations::CreateVersion(const std::string& version, VersionSlot latest) {
-  project_.RequireProduct();
+void ModProjectOperations::CreateVersion(const std::string& version, Lock& lock) {
   RemoveDeletedVersions(disk_, project_);
   const std::string folder = project_.VersionFolder(version);
-  const std::shared_ptr<tools::SettingsFile> file = NewVersionFile(latest);
+  const std::shared_ptr<tools::SettingsFile> file = NewVersionFile(LatestVersion());
   VersionSlot slot = FirstFreeSlot(project_.VersionSlots());
   // A damaged count must not make a slot beyond it look free.
   while (!project_.VersionString(slot).empty()) ++slot;
@@ -240,6 +241,7 @@ void ModProjectOperations::CreateVersion(const std::string& version, VersionSlot
     disk_.SyncFolder(tools::FolderOf(folder));
     ListVersion(slot, version);
   });
+  lock.Release();
   RemoveAndShow(old);
   ShowWhere(LoadText(Text::VersionIsNowInTree), version);
 }
@@ -276,8 +278,9 @@ void ModProjectOperations::ListVersion(VersionSlot slot, const std::string& vers
 void ModProjectOperations::DeleteVersion(VersionSlot version, const std::string& shownText) {
   if (!ConfirmDeletion()) return;
   project_.RequireProduct();
+  Lock lock(project_.Settings(), project_.ProductPath());
   RemoveDeletedVersions(disk_, project_);
-  if (IsOutdated(project_.VersionString(version), shownText)) return;
+  if (IsOutdated(project_.VersionString(version), shownText, lock)) return;
   const std::string folder = tools::FolderOf(project_.VersionFilePath(version));
   const std::string removed = tools::TemporaryNameBeside(folder);
   const std::string key = NumberedKey("Ver", version);
@@ -294,6 +297,7 @@ void ModProjectOperations::DeleteVersion(VersionSlot version, const std::string&
     if (hasFolder) MoveDeleted(disk_, folder, removed);
   });
   disk_.SyncFolder(tools::FolderOf(folder));
+  lock.Release();
   RemoveAndShow(removed);
 }
 
@@ -304,6 +308,8 @@ void ModProjectOperations::AddComponent(VersionSlot version) {
       Trimmed(dialogs_.InputBox(LoadText(Text::EnterComponentTitle), LoadText(Text::AddComponent),
                                 LoadText(Text::NewComponentTitle)));
   if (title.empty()) return;
+  project_.RequireProduct();
+  Lock lock(project_.Settings(), project_.ProductPath());
   project_.RequireVersion(version);
   RemoveUnfinishedCopy(project_, disk_, version);
   ComponentSlot slot = FirstFreeSlot(project_.ComponentSlots(version));
@@ -320,6 +326,7 @@ void ModProjectOperations::AddComponent(VersionSlot version) {
     }
     project_.Settings().ReplaceFile(project_.ComponentFilePath(version, slot), file);
   });
+  lock.Release();
   desktop_.view.UpdateTree();
   ShowWhere(LoadText(Text::NowInVersion) + " " + title, project_.VersionString(version));
 }
@@ -328,18 +335,23 @@ void ModProjectOperations::DeleteComponent(VersionSlot version, ComponentSlot co
                                            const std::string& shownVersion,
                                            const std::string& shownTitle) {
   if (!ConfirmDeletion()) return;
-  if (IsOutdated(project_.VersionString(version), shownVersion) ||
-      IsOutdated(project_.ComponentTitle(version, component), shownTitle)) {
+  project_.RequireProduct();
+  Lock lock(project_.Settings(), project_.ProductPath());
+  if (IsOutdated(project_.VersionString(version), shownVersion, lock) ||
+      IsOutdated(project_.ComponentTitle(version, component), shownTitle, lock)) {
     return;
   }
   const std::string path = project_.ComponentFilePath(version, component);
   disk_.DeleteFile(path);
   disk_.SyncFolder(tools::FolderOf(path));
+  lock.Release();
   desktop_.view.UpdateTree();
 }
 
-bool ModProjectOperations::IsOutdated(const std::string& stored, const std::string& shown) {
+bool ModProjectOperations::IsOutdated(const std::string& stored, const std::string& shown,
+                                      Lock& lock) {
   if (stored == shown) return false;
+  lock.Release();
   Refuse(LoadText(Text::ProjectChangedElsewhere), LoadText(Text::Delete));
   desktop_.view.UpdateTree();
   return true;

@@ -54,6 +54,7 @@ class ModProjectOperations {
                        const std::string& shownVersion, const std::string& shownTitle);
 
  private:
+  using Lock = tools::SettingsStore::Lock;
   tools::MessageAnswer Ask(const std::string& text, const std::string& caption,
                            tools::MessageButtons buttons, tools::MessageAnswer defaultAnswer);
   void Refuse(const std::string& text, const std::string& caption);
@@ -63,13 +64,15 @@ class ModProjectOperations {
   [[nodiscard]] bool VersionExists(const std::string& version) const;
   [[nodiscard]] bool HaveOneFolder(const std::string& stored, const std::string& version) const;
   [[nodiscard]] std::shared_ptr<tools::SettingsFile> NewVersionFile(VersionSlot latest) const;
-  void CreateVersion(const std::string& version, VersionSlot latest);
+  /// Releases the lock where the new version is there.
+  void CreateVersion(const std::string& version, Lock& lock);
   /// Makes what will be `folder` under a temporary name, which is returned.
   std::string WriteVersionFolder(const std::string& folder, const tools::SettingsFile& file,
                                  Undo& undo);
   void ListVersion(VersionSlot slot, const std::string& version);
   bool ConfirmDeletion();
-  bool IsOutdated(const std::string& stored, const std::string& shown);
+  /// Releases the lock before it says so.
+  bool IsOutdated(const std::string& stored, const std::string& shown, Lock& lock);
   /// Runs the steps of an operation; when one fails, takes back those before it and raises the
   /// error, which then also tells what stayed.
   void Change(const std::function<void(Undo&)>& steps);

@@ -7,7 +7,6 @@
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderLock.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/Path.h"
 #include "tools/files/TemporaryFiles.h"
@@ -65,7 +64,7 @@ void RemoveUnfinishedCopy(const ModProject& project, tools::Disk& disk, VersionS
   const std::string note = NotePath(project, version);
   if (!tools::FileExists(note)) return;
   // Else another program could clear up too, and then use the slots that are deleted here.
-  const tools::FolderLock lock(tools::FolderOf(note));
+  const tools::SettingsStore::Lock lock(project.Settings(), note);
   if (!tools::IsOwnerGone(note)) {
     throw tools::PathError("Ein anderes Programm kopiert gerade Komponenten in die Version",
                            tools::FolderOf(note), {});

@@ -2,10 +2,12 @@
 //
 //   edit_product PRODUCT OPERATION
 //   edit_product PRODUCT write KEY TIMES [seconds]
+//   edit_product PRODUCT add NAME TIMES
 //
 // "list" writes its versions and components to standard output. "write" gives two keys the numbers
 // up to TIMES in turn, on a disk whose times tick in seconds where that is said; what it wrote must
-// still be there before it writes again. An error goes to standard error, and the exit code is 3.
+// still be there before it writes again. "add" adds versions of that name and components. An error
+// goes to standard error, and the exit code is 3.
 #include <functional>
 #include <iostream>
 #include <map>
@@ -104,6 +106,16 @@ const std::map<std::string, std::function<void(Desk&)>> kOperations{
        desk.operations.DeleteComponent(1, 1, "1.0", "Main");
      }}};
 
+void AddTimes(Desk& desk, const std::string& name, int times) {
+  for (int i = 1; i <= times; ++i) {
+    desk.dialogs.ExpectInputBox(model::Text::EnterVersion, name + std::to_string(i));
+    desk.operations.AddVersion();
+    kOperations.at("add component")(desk);
+    const model::ShownComponent first = desk.components.ComponentsOf(1).front();
+    desk.components.Copy({first, first}, 1);
+  }
+}
+
 }  // namespace
 
 // A question left unasked ends with the error that kept it from being asked.
@@ -112,7 +124,9 @@ void tests::ReportFailure(const std::string& /*message*/) {}
 int main(int argc, char** argv) {
   try {
     Desk desk(argv[1], argc > 5);
-    if (argc > 4) {
+    if (argc > 4 && std::string_view(argv[2]) == "add") {
+      AddTimes(desk, argv[3], std::atoi(argv[4]));
+    } else if (argc > 4) {
       desk.WriteTimes(argv[3], std::atoi(argv[4]));
     } else {
       kOperations.at(argv[2])(desk);

@@ -216,6 +216,14 @@ TEST_F(FaultsTest, FourWritersUndoNothingOfEachOther) {
   }
 }
 
+TEST_F(FaultsTest, TwoProgramsThatAddToOneProductKeepWhatTheOtherAdds) {
+  const std::string add = "'" EDIT_PRODUCT "' '" + work_ + "/product/P.product' add ";
+  EXPECT_EQ(std::system((add + "A 5 & A=$!; " + add + "B 5 && wait $A").c_str()), 0);
+  ASSERT_EQ(Run(Edit("list")), 0) << errors_;
+  EXPECT_EQ(std::count(output_.begin(), output_.end(), '|'), 1 + 10);
+  EXPECT_EQ(std::count(output_.begin(), output_.end(), ','), 1 + 10 + 20);
+}
+
 TEST_F(FaultsTest, AFullDiskLeavesTheOld) {
   std::string noise(3'000'000, '\0');  // which no compression makes smaller
   std::mt19937 random(1);

@@ -9,7 +9,6 @@
 
 #include "tools/Error.h"
 #include "tools/files/Files.h"
-#include "tools/files/FolderLock.h"
 #include "tools/files/InputFile.h"
 #include "tools/files/LinksAndMounts.h"
 #include "tools/files/Path.h"
@@ -56,6 +55,10 @@ struct StampedContent {
 
 /// A save replaces the file that links lead to.
 std::string FolderToLock(const std::string& path) { return FolderOf(LinkTarget(path)); }
+
+FileStamp StampOfFolder(const std::string& folder) {
+  return StampOf(folder.empty() ? "." : folder);
+}
 
 /// FNV-1a (http://www.isthe.com/chongo/tech/comp/fnv/), 64 bits.
 class Checksum {
@@ -160,7 +163,7 @@ void SettingsStore::Write(const std::string& path, std::string_view section, std
 }
 
 void SettingsStore::ReplaceFile(const std::string& path, const SettingsFile& content) {
-  const FolderLock lock(FolderToLock(path));
+  const std::unique_ptr<FolderLock> lock = LockFolderOf(path);
   (void)WriteFile(path, content);
   if (entries_.contains(path)) Forget(path);
 }
@@ -198,7 +201,7 @@ void SettingsStore::ReadFromDisk(const std::string& path, Entry& entry) {
 }
 
 void SettingsStore::Replace(const std::string& path, Entry& entry) {
-  const FolderLock lock(FolderToLock(path));
+  const std::unique_ptr<FolderLock> lock = LockFolderOf(path);
   if (HasChanged(path, entry)) JoinOthersWrites(path, entry);
   const std::uint64_t checksum = WriteFile(path, *entry.file);
   SetStamp(entry, StampAfterWriting(path));
@@ -243,6 +246,19 @@ std::uint64_t SettingsStore::WriteFile(const std::string& path, const SettingsFi
 void SettingsStore::Tidy(const std::string& folder) {
   if (!isInBatch_) tidiedFolders_.clear();
   if (tidiedFolders_.insert(folder).second) RemoveLeftovers(folder);
+}
+
+std::unique_ptr<FolderLock> SettingsStore::LockFolderOf(const std::string& path) const {
+  const std::string folder = FolderToLock(path);
+  if (!lockedFolders_.empty()) {
+    const FileStamp stamp = StampOfFolder(folder);
+    const bool isLocked = std::any_of(
+        lockedFolders_.begin(), lockedFolders_.end(), [&stamp](const FileStamp& locked) {
+          return locked.device == stamp.device && locked.identity == stamp.identity;
+        });
+    if (isLocked) return nullptr;
+  }
+  return std::make_unique<FolderLock>(folder);
 }
 
 std::vector<std::string> SettingsStore::PendingPaths() const {
@@ -323,6 +339,19 @@ SettingsStore::Batch::~Batch() {
 
 void SettingsStore::Batch::Commit() {
   if (outermost_) store_.CommitPending();
+}
+
+SettingsStore::Lock::Lock(SettingsStore& store, const std::string& path)
+    : store_(store), lock_(store.LockFolderOf(path)) {
+  if (lock_) store_.lockedFolders_.push_back(StampOfFolder(FolderToLock(path)));
+  store_.ForgetRead();
+}
+
+SettingsStore::Lock::~Lock() { Release(); }
+
+void SettingsStore::Lock::Release() {
+  if (lock_) store_.lockedFolders_.pop_back();
+  lock_.reset();
 }
 
 }  // namespace tools

@@ -11,6 +11,7 @@
 
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
+#include "tools/files/FolderLock.h"
 #include "tools/settings/SettingsFile.h"
 
 namespace tools {
@@ -96,6 +97,24 @@ class SettingsStore {
     bool outermost_;
   };
 
+  /// For an operation whose writes depend on what it has read: while it lives, no other program
+  /// that makes one, or writes in the folder of the file at `path`, comes between. What was read
+  /// before is forgotten. Nothing that waits for somebody may happen meanwhile. A lock inside a
+  /// lock on the same folder belongs to the outer one. Raises Error as FolderLock does.
+  class Lock {
+   public:
+    Lock(SettingsStore& store, const std::string& path);
+    ~Lock();
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    /// Ends it early.
+    void Release();
+
+   private:
+    SettingsStore& store_;
+    std::unique_ptr<FolderLock> lock_;  ///< null where an outer lock holds the folder
+  };
+
  private:
   struct Entry;
 
@@ -109,6 +128,8 @@ class SettingsStore {
   /// Returns the checksum of what it has written.
   std::uint64_t WriteFile(const std::string& path, const SettingsFile& content);
   void Tidy(const std::string& folder);
+  /// Locks the folder of the file that links at `path` lead to; null where a Lock has done so.
+  [[nodiscard]] std::unique_ptr<FolderLock> LockFolderOf(const std::string& path) const;
   /// The files with writes that are not on disk, in the order of their first ones.
   [[nodiscard]] std::vector<std::string> PendingPaths() const;
   void CommitPending();
@@ -120,6 +141,7 @@ class SettingsStore {
   Disk& disk_;
   std::unordered_map<std::string, std::unique_ptr<Entry>> entries_;
   std::unordered_set<std::string> tidiedFolders_;  ///< in the running batch
+  std::vector<FileStamp> lockedFolders_;           ///< by running Locks, the outermost first
   std::string lastPath_;                           ///< the file asked for last, and
   Entry* lastEntry_ = nullptr;   ///< what is known of it: the next call mostly asks for it too
   std::uint64_t keptBytes_ = 0;  ///< size of the files that entries_ holds
