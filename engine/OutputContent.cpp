@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <string_view>
+#include <utility>
 
 #include "tools/Error.h"
 #include "tools/SetupNames.h"
@@ -84,14 +85,31 @@ std::string KeyOf(const std::string& path, char separator) {
   return key;
 }
 
-/// The text of a regular file that begins in this way; else none.
-std::optional<std::string> TextBeginningWith(const std::string& path, std::string_view begin) {
+/// True for a file that begins in this way. The rest is not read: nobody knows whose it is.
+bool BeginsWith(const tools::InputFile& file, std::string_view begin) {
+  std::string head(begin.size(), '\0');
+  return file.ReadAt(0, head) == head.size() && head == begin;
+}
+
+bool IsLog(const std::string& path) {
   try {
-    std::string text = tools::ReadWholeFile(path);
-    if (text.starts_with(begin)) return text;
-  } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): then it counts as no setup's
+    return BeginsWith(tools::InputFile(path), tools::kLogHead);
+  } catch (const tools::Error&) {
+    return false;  // then it counts as no setup's
   }
-  return std::nullopt;
+}
+
+/// The text of an installation script; none for any other file.
+std::optional<std::string> ScriptAt(const std::string& path) {
+  constexpr std::size_t kLargestScript = std::size_t{512} << 20U;
+  try {
+    if (!BeginsWith(tools::InputFile(path), tools::kScriptHead)) return std::nullopt;
+    auto script = tools::ReadFileUpTo(path, kLargestScript);
+    if (!script) return std::nullopt;
+    return std::move(script->bytes);
+  } catch (const tools::Error&) {
+    return std::nullopt;  // then it counts as no setup's
+  }
 }
 
 /// The names in the top of the folder that belong to a setup, and those below that its script
@@ -99,7 +117,7 @@ std::optional<std::string> TextBeginningWith(const std::string& path, std::strin
 class SetupNames {
  public:
   explicit SetupNames(const std::string& folder) {
-    if (!TextBeginningWith(tools::JoinPath(folder, tools::kLogName), tools::kLogHead)) return;
+    if (!IsLog(tools::JoinPath(folder, tools::kLogName))) return;
     std::error_code failure;
     for (const tools::FolderEntry& entry : tools::ListEntries(folder, failure)) {
       if (entry.kind == tools::FolderEntry::Kind::File &&
@@ -119,7 +137,7 @@ class SetupNames {
   void Add(const std::string& name) { keys_.insert(KeyOf(name, tools::kPathSeparator)); }
 
   void AddScript(const std::string& folder, const std::string& name) {
-    const auto script = TextBeginningWith(tools::JoinPath(folder, name), tools::kScriptHead);
+    const auto script = ScriptAt(tools::JoinPath(folder, name));
     if (!script) return;
     Add(name);
     Add(name.substr(0, name.size() - std::string_view(tools::kScriptEnding).size()) +

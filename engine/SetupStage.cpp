@@ -118,6 +118,11 @@ SetupStage::SetupStage(tools::Disk& disk, const tools::FolderClaim& output)
   RemoveLeftovers(output_);
   try {
     hold_.emplace(InOutput("x"), &MakeNewFolder);
+    // Else what follows would be made, and replaced, in another folder.
+    if (!output_.Holds(tools::FileNamePart(hold_->Path()))) {
+      (void)tools::RemoveEmptyFolder(hold_->Path());
+      throw tools::Error({}, std::make_error_code(std::errc::no_such_file_or_directory));
+    }
     new_ = tools::JoinPath(hold_->Path(), kNew);
     old_ = tools::JoinPath(hold_->Path(), kOld);
     replaced_ = tools::JoinPath(hold_->Path(), kReplaced);

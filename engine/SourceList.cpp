@@ -10,15 +10,25 @@ namespace engine {
 
 namespace {
 
-// No line of a script could name such a file.
-void LeaveOutControlNames(SourceList& list) {
+void LeaveOut(SourceList& list, const std::string& what, const std::string& userWhat,
+              const std::string& path) {
+  list.problems.push_back(
+      {SourceFault::Name, Severity::Error, what + ": " + path, userWhat + ": " + path});
+}
+
+// No line of a script could name such a file: in a target a backslash leads to another folder.
+void LeaveOutUnfitNames(SourceList& list) {
   std::erase_if(list.paths, [&list](const std::string& path) {
+    if (tools::kPathSeparator != '\\' && path.find('\\') != std::string::npos &&
+        tools::FileNamePart(path).find('\\') != std::string::npos) {
+      LeaveOut(list, "File name holds a backslash", "Der Dateiname enthält einen Rückstrich",
+               tools::EscapeControlCharacters(path));
+      return true;
+    }
     if (!tools::HasControlCharacter(path)) return false;  // nearly all
     if (!tools::HasControlCharacter(tools::FileNamePart(path))) return false;
-    const std::string shown = tools::EscapeControlCharacters(path);
-    list.problems.push_back({SourceFault::Name, Severity::Error,
-                             "File name holds a control character: " + shown,
-                             "Der Dateiname enthält ein Steuerzeichen: " + shown});
+    LeaveOut(list, "File name holds a control character", "Der Dateiname enthält ein Steuerzeichen",
+             tools::EscapeControlCharacters(path));
     return true;
   });
 }
@@ -90,7 +100,7 @@ SourceList FolderScan(const model::ICFile& entry, const std::string& folder,
   }
   list.paths = std::move(found.paths);
   list.links = std::move(found.links);
-  LeaveOutControlNames(list);
+  LeaveOutUnfitNames(list);
   return list;
 }
 

@@ -68,8 +68,8 @@ TEST_F(ArchiveBuildTest, GivesTheSameBytesAgain) {
   project_.WriteVersionSetting(1, "Tessel", "Key", "k");
   folder_.Write("quelle/3/b/readme.txt", "drei");
   folder_.Write("quelle/3/Ärger.DLL", "zwei");
-  folder_.Write("quelle/3/c/11.\\Windows\\a:%x%.ö_1", "");
-  folder_.Write("quelle/3/c/12.\\Windows\\a:%x%", "");
+  folder_.Write("quelle/3/c/11.|Windows|a:%x%.ö_1", "");
+  folder_.Write("quelle/3/c/12.|Windows|a:%x%", "");
   Run();
   EXPECT_TRUE(Archive() == (Members{{"1.txt", large},
                                     {"2.", ""},
@@ -115,6 +115,23 @@ TEST_F(ArchiveBuildTest, GivesTheSameBytesAgain) {
   const BuildTimes& times = summary_->times;
   EXPECT_GT(times.packing, BuildTimes::Seconds());
   EXPECT_LE(times.survey + times.packing + times.script, times.total);
+}
+
+TEST_F(ArchiveBuildTest, WritesNothingWhereALinkLeadsThatTookTheOutputFoldersPlace) {
+  folder_.Write("aus/alt", "x");
+  folder_.MakeFolder("fremd");
+  onQuestion_ = [this] {
+    std::filesystem::rename(folder_.Path("aus"), folder_.Path("weg"));
+    std::filesystem::create_symlink("fremd", folder_.Path("aus"));
+  };
+  EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr(folder_.Path("aus")));
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path("fremd")));
+}
+
+TEST_F(ArchiveBuildTest, ALogLargerThanMemoryIsNoSetups) {
+  const std::string log = folder_.Write("aus/build.log", "");
+  std::filesystem::resize_file(log, std::uintmax_t{1} << 43U);
+  EXPECT_EQ(FirstOtherFile(folder_.Path("aus")), log);
 }
 
 TEST_F(ArchiveBuildTest, LeavesOutWhatVanished) {

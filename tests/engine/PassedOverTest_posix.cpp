@@ -65,14 +65,18 @@ TEST_F(PassedOverTest, WhatIsNoFileInAScan) {
                 "' matching 'n*.txt'\r\n");
 }
 
-TEST_F(PassedOverTest, FilesWithControlCharactersInTheirNames) {
+TEST_F(PassedOverTest, FilesWhoseNamesNoScriptCanHold) {
   folder_.Write("baum/a.txt", "a");
   folder_.Write("baum/Zeile 1\nERROR: 2.txt", "b");
+  folder_.Write("baum/..\\..\\c.txt", "c");
   product_.AddComponent("A", {TestProduct::Scan(folder_.Path("baum"), "*.*")});
   const std::string shown = folder_.Path("baum/Zeile 1\\u000AERROR: 2.txt");
-  EXPECT_EQ(CheckText(), "Der Dateiname enthält ein Steuerzeichen: " + shown + "\n");
+  const std::string path = folder_.Path("baum/..\\..\\c.txt");
+  EXPECT_EQ(CheckText(), "Der Dateiname enthält einen Rückstrich: " + path +
+                             "\nDer Dateiname enthält ein Steuerzeichen: " + shown + "\n");
   Run();
-  EXPECT_EQ(LogLines(), "ERROR: File name holds a control character: " + shown + "\r\n");
+  EXPECT_EQ(LogLines(), "ERROR: File name holds a backslash: " + path +
+                            "\r\nERROR: File name holds a control character: " + shown + "\r\n");
   EXPECT_EQ(summary_->stored.files, 1U);
 }
 

@@ -42,6 +42,7 @@ class BuildFixture : public testing::Test, protected engine::BuildObserver {
   }
   bool MayEmptyOutputFolder(const std::string& /*folder*/) override {
     ++questions_;
+    if (onQuestion_) onQuestion_();
     return mayEmpty_;
   }
   // Each question is a report's length from the one before, so that no report is thinned out.
@@ -71,6 +72,7 @@ class BuildFixture : public testing::Test, protected engine::BuildObserver {
   std::vector<tools::Progress> found_;  ///< reports of the survey
   tools::Progress progress_;            ///< of the packing, as reported last
   std::optional<engine::BuildSummary> summary_;
+  std::function<void()> onQuestion_;
   bool mayEmpty_ = true;  ///< the answer about an output folder that holds files, and
   int questions_ = 0;     ///< how often it was asked for
   bool isStopWanted_ = false;

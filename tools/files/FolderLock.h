@@ -43,6 +43,10 @@ class FolderClaim {
 
   [[nodiscard]] const std::string& Path() const { return path_; }
 
+  /// True when something of this name lies in the folder that was claimed, whatever has become of
+  /// its path meanwhile.
+  [[nodiscard]] bool Holds(const std::string& name) const;
+
   /// Removes what `relative` names below the folder (the machine's separators), as RemoveFolderTree
   /// does, but always in the folder that was claimed: whatever has become of its path meanwhile, no
   /// link is followed. Nothing there is fine. Raises Error.

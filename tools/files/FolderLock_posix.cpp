@@ -140,6 +140,11 @@ bool FolderClaim::TryToClaim() {
   return IsStillAt(mark_->folder, path_);
 }
 
+bool FolderClaim::Holds(const std::string& name) const {
+  struct stat status {};
+  return ::fstatat(mark_->folder.Get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
 void FolderClaim::Remove(const std::string& relative) const {
   std::string_view rest(relative);
   std::string path = path_;

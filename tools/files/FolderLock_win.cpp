@@ -139,6 +139,10 @@ bool FolderClaim::TryToClaim() {
   return true;
 }
 
+bool FolderClaim::Holds(const std::string& name) const {
+  return GetFileAttributesW(LongPath(JoinPath(path_, name)).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 void FolderClaim::Remove(const std::string& relative) const {
   RemoveFolderTree(JoinPath(path_, relative));
 }
