@@ -26,8 +26,8 @@ constexpr int kWelcomeStyle = 1;
 constexpr int kFinalStyle = 3;
 constexpr int kWidthInCharacters = 104;
 constexpr int kHeightInLines = 25;
-constexpr int kMoreLines = 5;  ///< that the frame has at first, where the screen has them
-constexpr int kTitleBar = 48;  ///< pixels that the window system may add
+constexpr int kMoreLines = 5;          ///< that the frame has at first, where the screen has them
+constexpr QSize kWindowFrame(16, 48);  ///< what the window system may add around the frame
 constexpr int kButtonWidthInCharacters = 16;
 
 QPushButton* MakeButton(const QString& name, const QString& text, QWidget* parent) {
@@ -80,10 +80,10 @@ WizardStructure::WizardStructure(WizardDriver& driver, const WizardPageRegistry&
   line->setForegroundRole(QPalette::Mid);
   layout->addWidget(line, 3, 0, 1, 2);
   layout->addLayout(MakeButtons(), 4, 0, 1, 2);
-  setMinimumSize(kWidthInCharacters * fontMetrics().averageCharWidth(), kHeightInLines * unit);
-  const int room = screen()->availableSize().height() - kTitleBar;
-  const int height = (kHeightInLines + kMoreLines) * unit;
-  resize(minimumWidth(), std::max(minimumHeight(), std::min(height, room)));
+  const QSize room = screen()->availableSize() - kWindowFrame;
+  const QSize least(kWidthInCharacters * fontMetrics().averageCharWidth(), kHeightInLines * unit);
+  setMinimumSize(least.boundedTo(room));
+  resize((least + QSize(0, kMoreLines * unit)).boundedTo(room));
 }
 
 QBoxLayout* WizardStructure::MakeButtons() {
