@@ -3,8 +3,9 @@
 # the program makes a picture for any ink.
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 
-# Far above the sizes that icons are shown at, so that scaling down loses nothing.
-set(PACKWRIGHT_ICON_PIXELS 128)
+# Twice what the toolbar shows at 200 %, so that scaling down loses nothing; more would take longer to
+# read at the start.
+set(PACKWRIGHT_ICON_PIXELS 96)
 
 # packwright_icon_pictures(TARGET) adds them to the target as the resources ":/icons/INK/NAME.png".
 function(packwright_icon_pictures target)
