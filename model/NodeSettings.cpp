@@ -49,8 +49,10 @@ void NodeSettings::Select(VersionSlot version, ComponentSlot component) {
   noted_.clear();
   numbers_.clear();
   readLater_ = false;
+  isReadable_ = false;
   try {
     seen_ = project_.Settings().Load(FilePath());
+    isReadable_ = project_.IsOpen();
   } catch (const tools::Error&) {
     // Each page that needs the file meets this error itself.
     seen_ = std::make_shared<tools::SettingsFile>();
@@ -62,20 +64,37 @@ std::string NodeSettings::FilePath() const {
   return version_ != 0 ? project_.VersionFilePath(version_) : project_.ProductPath();
 }
 
+void NodeSettings::InOneRead(const std::function<void()>& reads) {
+  struct End {
+    bool& isInOneRead;
+    ~End() { isInOneRead = false; }
+  };
+  // A file that could not be read is tried again by each Read, which tells why.
+  isInOneRead_ = isReadable_;
+  const End end{isInOneRead_};
+  reads();
+}
+
 std::string NodeSettings::Read(std::string_view section, std::string_view key,
                                std::string_view defaultValue) {
+  const auto stored = seen_->Find(section, key);
+  if (isInOneRead_) {
+    std::string value(stored.value_or(defaultValue));
+    NoteRead(section, key, defaultValue, value, stored);
+    return value;
+  }
   std::string value =
       version_ != 0 && component_ != 0
           ? project_.ReadComponentSetting(version_, component_, section, key, defaultValue)
       : version_ != 0 ? project_.ReadVersionSetting(version_, section, key, defaultValue)
                       : project_.ReadProductSetting(section, key, defaultValue);
-  NoteRead(section, key, defaultValue, value);
+  NoteRead(section, key, defaultValue, value, stored);
   return value;
 }
 
 void NodeSettings::NoteRead(std::string_view section, std::string_view key,
-                            std::string_view defaultValue, std::string_view value) {
-  const auto stored = seen_->Find(section, key);
+                            std::string_view defaultValue, std::string_view value,
+                            std::optional<std::string_view> stored) {
   const bool number = defaultValue == "0" || defaultValue == "1";
   if (number && !numbers_.contains(key)) numbers_.emplace(key);
   // No note is needed for the 0 of a number without a text: Save counts it as unedited anyway.
@@ -102,25 +121,24 @@ NodeSettings::Seen NodeSettings::SeenOf(std::string_view section, std::string_vi
 void NodeSettings::InOneWrite(const std::function<void()>& writes,
                               const AllowOverwriting& allowOverwriting) {
   if (!project_.IsOpen()) return;
-  const std::string file = FilePath();
+  file_ = FilePath();
   mode_ = Mode::Edits;
-  if (EditsMeetOtherChanges(file, writes)) {
-    allowOverwriting(file);
+  if (EditsMeetOtherChanges(writes)) {
+    allowOverwriting(file_);
     mode_ = Mode::All;
   }
   tools::SettingsStore::Batch batch(project_.Settings());
-  current_ = project_.Settings().Load(file);
+  current_ = project_.Settings().Load(file_);
   writtenNotes_.clear();
   writes();
-  Commit(batch, file);
+  Commit(batch);
 }
 
-bool NodeSettings::EditsMeetOtherChanges(const std::string& file,
-                                         const std::function<void()>& writes) {
+bool NodeSettings::EditsMeetOtherChanges(const std::function<void()>& writes) {
   const tools::SettingsStore::Session session(project_.Settings());
-  current_ = project_.Settings().Load(file);
+  current_ = project_.Settings().Load(file_);
   // Writing to a node that is gone fails, there is nothing to ask about.
-  if (current_ == seen_ || !tools::FileExists(file)) return false;
+  if (current_ == seen_ || !tools::FileExists(file_)) return false;
   mode_ = Mode::Compare;
   edits_ = false;
   otherChanges_ = false;
@@ -196,7 +214,10 @@ void NodeSettings::Save(std::string_view section, std::string_view key, std::str
 
 void NodeSettings::Write(std::string_view section, std::string_view key, std::string_view value) {
   if (!noted_.empty()) writtenNotes_.push_back(NoteKey(section, key));
-  if (version_ != 0 && component_ != 0) {
+  // The first write of all has made sure that the node is there, and each more looks for its file.
+  if (project_.Settings().IsBeingWritten(file_)) {
+    project_.Settings().Write(file_, section, key, value);
+  } else if (version_ != 0 && component_ != 0) {
     project_.WriteComponentSetting(version_, component_, section, key, value);
   } else if (version_ != 0) {
     project_.WriteVersionSetting(version_, section, key, value);
@@ -205,8 +226,8 @@ void NodeSettings::Write(std::string_view section, std::string_view key, std::st
   }
 }
 
-void NodeSettings::Commit(tools::SettingsStore::Batch& batch, const std::string& file) {
-  const auto written = project_.Settings().Load(file);
+void NodeSettings::Commit(tools::SettingsStore::Batch& batch) {
+  const auto written = project_.Settings().Load(file_);
   if (written == current_) return;  // nothing was
   // Made before the commit: afterwards the store no longer tells what was written. What another
   // program stores in between is not in it, and so still counts as a change from outside.

@@ -34,14 +34,37 @@ QString TextOf(const model::ICFile& entry, int column) {
 
 void FileListModel::Show(const model::FileEntries& entries, std::int32_t targetFolder) {
   beginResetModel();
-  inFolder_.clear();
-  folderCounts_.clear();
+  byFolder_.clear();
+  Rows* rows = nullptr;  // of the entry before: mostly the next one's too
+  std::int32_t folder = 0;
   for (const model::ICFile& entry : entries) {
-    ++folderCounts_[entry.TargetFolder];
-    if (entry.TargetFolder == targetFolder) inFolder_.push_back(&entry);
+    if (rows == nullptr || entry.TargetFolder != folder) {
+      folder = entry.TargetFolder;
+      rows = &byFolder_[folder];
+    }
+    rows->push_back(&entry);
   }
+  folder_ = targetFolder;
   Arrange();
   endResetModel();
+}
+
+void FileListModel::ShowFolder(std::int32_t targetFolder) {
+  beginResetModel();
+  folder_ = targetFolder;
+  Arrange();
+  endResetModel();
+}
+
+int FileListModel::CountInFolder() const {
+  const auto rows = byFolder_.find(folder_);
+  return rows == byFolder_.end() ? 0 : static_cast<int>(rows->second.size());
+}
+
+std::map<std::int32_t, int> FileListModel::FolderCounts() const {
+  std::map<std::int32_t, int> counts;
+  for (const auto& [folder, rows] : byFolder_) counts[folder] = static_cast<int>(rows.size());
+  return counts;
 }
 
 void FileListModel::SetFilter(const QString& text) {
@@ -52,7 +75,8 @@ void FileListModel::SetFilter(const QString& text) {
 }
 
 void FileListModel::Arrange() {
-  shown_ = inFolder_;
+  const auto rows = byFolder_.find(folder_);
+  shown_ = rows == byFolder_.end() ? Rows() : rows->second;
   if (HasFilter()) {
     std::erase_if(shown_, [this](const auto* entry) { return !PassesFilter(*entry); });
   }

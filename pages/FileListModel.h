@@ -27,19 +27,21 @@ class FileListModel : public QAbstractTableModel {
 
   using QAbstractTableModel::QAbstractTableModel;
 
-  /// Shows the entries with this destination folder. They must stay where they are until the next
-  /// Show.
+  /// Shows the entries with this destination folder. All entries must stay where they are until the
+  /// next Show.
   void Show(const model::FileEntries& entries, std::int32_t targetFolder);
+  /// Shows those of another destination folder, out of the same entries.
+  void ShowFolder(std::int32_t targetFolder);
   /// Shows only those whose source path holds every word of the text, in any case.
   void SetFilter(const QString& text);
   [[nodiscard]] bool HasFilter() const { return !words_.isEmpty(); }
   /// Marks entries whose sources are missing, and takes the marks from those whose are not.
   void Mark(const std::vector<SourceState>& states);
   /// The number of entries with this destination folder, whether the filter shows them or not.
-  [[nodiscard]] int CountInFolder() const { return static_cast<int>(inFolder_.size()); }
+  [[nodiscard]] int CountInFolder() const;
 
   /// How many entries each folder gets, by its number.
-  [[nodiscard]] const std::map<std::int32_t, int>& FolderCounts() const { return folderCounts_; }
+  [[nodiscard]] std::map<std::int32_t, int> FolderCounts() const;
 
   /// The entry in that row, which must exist.
   [[nodiscard]] const model::ICFile& EntryAt(int row) const;
@@ -60,9 +62,11 @@ class FileListModel : public QAbstractTableModel {
   void SortRows();
   [[nodiscard]] bool PassesFilter(const model::ICFile& entry) const;
 
-  std::map<std::int32_t, int> folderCounts_;
-  std::vector<const model::ICFile*> inFolder_;  ///< in the collection's order
-  std::vector<const model::ICFile*> shown_;
+  using Rows = std::vector<const model::ICFile*>;
+
+  std::map<std::int32_t, Rows> byFolder_;  ///< in the collection's order; no folder without any
+  std::int32_t folder_ = 0;                ///< that is shown
+  Rows shown_;
   std::unordered_set<std::string> missing_;  ///< IDs of entries whose sources are
   QIcon missingIcon_;                        ///< made when it is first needed
   QStringList words_;

@@ -63,7 +63,7 @@ tabFileList::~tabFileList() { shownEntries_->Show({}, 0); }
 void tabFileList::ConnectEvents() {
   tools::Dialogs& dialogs = services_.dialogs;
   connect(cmbDestinationFolder, &QComboBox::currentIndexChanged, this,
-          &tabFileList::RefreshFileList);
+          &tabFileList::ShowChosenFolder);
   connect(document_, &FileListDocument::Changed, this, &tabFileList::ShowChange);
   connect(&document_->Steps(), &QUndoStack::indexChanged, this,
           [this] { SetDirty(!document_->Steps().isClean()); });
@@ -135,6 +135,11 @@ bool tabFileList::ShowEntry(std::int32_t entry, const std::string& id) {
 void tabFileList::WriteSettings() { document_->Write(*Host()); }
 
 void tabFileList::SettingsWritten() { document_->Written(); }
+
+void tabFileList::ShowChosenFolder() {
+  shownEntries_->ShowFolder(ChosenFolder());
+  filter_->ShowCount(document_->Entries().Count());
+}
 
 void tabFileList::RefreshFileList() {
   shownEntries_->Show(document_->Entries(), ChosenFolder());
@@ -261,11 +266,11 @@ void tabFileList::ShowChange(const std::vector<std::string>& ids, FileListDocume
   const bool repeated = by == FileListDocument::By::UndoOrRedo;
   const std::vector<int> selected = SelectedRows(*lsvBrowser);
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
+  RefreshFileList();
   if (repeated) {
     StatusTextChanged({});  // what the step told is no longer so
     ChooseFolderOf(entries);
   }
-  RefreshFileList();
   // What a step brought back is to be seen.
   if (repeated && shownEntries_->RowsOf(entries).empty()) filter_->Clear();
   if (entries.empty()) {

@@ -79,6 +79,7 @@ class tabFileList : public EditorPage {
   /// The entries selected in the list, in its order.
   [[nodiscard]] std::vector<const model::ICFile*> SelectedEntries() const;
   [[nodiscard]] std::vector<std::string> SelectedIds() const;
+  void ShowChosenFolder();
   void ShowSelectedEntries();
   void ChangeProperty(const QString& name, const QString& text);
   void TellOfChange(const QString& name, const std::vector<std::string>& ids);

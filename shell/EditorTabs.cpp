@@ -97,19 +97,25 @@ void EditorTabs::Prepare(std::string_view pageList, model::VersionSlot version,
     // All pages see the file as it is now, and it is compared with the disk once for all its keys.
     const tools::SettingsStore::Session session(project_.Settings());
     settings_.Select(version, component);
-    int position = 0;
-    for (const std::string& name : tools::SplitList(pageList, ';', '"')) {
-      const QString controlName = QStringLiteral("EditorTab%1").arg(++position);
-      try {
-        pages_.push_back(MakePage(name, controlName));
-      } catch (const std::exception& error) {
-        if (std::find(reasons.begin(), reasons.end(), error.what()) == reasons.end()) {
-          reasons.emplace_back(error.what());
-        }
+    settings_.InOneRead([&] { reasons = MakePages(pageList); });
+  }
+  for (const std::string& reason : reasons) tools::ShowError(dialogs_, reason);
+}
+
+std::vector<std::string> EditorTabs::MakePages(std::string_view pageList) {
+  std::vector<std::string> reasons;
+  int position = 0;
+  for (const std::string& name : tools::SplitList(pageList, ';', '"')) {
+    const QString controlName = QStringLiteral("EditorTab%1").arg(++position);
+    try {
+      pages_.push_back(MakePage(name, controlName));
+    } catch (const std::exception& error) {
+      if (std::find(reasons.begin(), reasons.end(), error.what()) == reasons.end()) {
+        reasons.emplace_back(error.what());
       }
     }
   }
-  for (const std::string& reason : reasons) tools::ShowError(dialogs_, reason);
+  return reasons;
 }
 
 std::unique_ptr<pages::EditorPage> EditorTabs::MakePage(const std::string& pageName,

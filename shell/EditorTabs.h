@@ -75,6 +75,8 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   }
 
  private:
+  /// Returns why pages were left out.
+  [[nodiscard]] std::vector<std::string> MakePages(std::string_view pageList);
   [[nodiscard]] std::unique_ptr<pages::EditorPage> MakePage(const std::string& pageName,
                                                             const QString& controlName);
   void OfferChanges(pages::EditorPage& page);

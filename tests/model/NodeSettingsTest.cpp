@@ -77,6 +77,18 @@ TEST_F(NodeSettingsTest, LeavesWhatIsNotEditedToOtherPrograms) {
   }
 }
 
+TEST_F(NodeSettingsTest, ManyReadsSeeTheFileAsItWasSelectedUnlessItCouldNotBeRead) {
+  Open("A=1\nB=2\n");
+  Put("A=9\nB=9\n");
+  node_.InOneRead([&] { EXPECT_EQ(node_.Read("S", "A", ""), "1"); });
+  EXPECT_EQ(node_.Read("S", "A", ""), "9");
+
+  std::filesystem::remove(path_);
+  std::filesystem::create_directory(path_);
+  node_.Select(0, 0);
+  node_.InOneRead([&] { EXPECT_THROW((void)node_.Read("S", "A", ""), tools::Error); });
+}
+
 TEST_F(NodeSettingsTest, AnEmptyNumberWrittenAsZeroIsNoEditButAZeroInATextIs) {
   struct Row {
     const char* seen;
