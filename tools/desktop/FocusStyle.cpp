@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QPainter>
 #include <QStyleOptionViewItem>
 
 namespace tools {
@@ -19,7 +20,15 @@ QColor Blend(const QColor& ground, const QColor& ink) {
 bool HasFocus(const QAbstractItemView& view) {
   if (view.window()->windowType() == Qt::Popup) return true;
   const QWidget* focused = QApplication::focusWidget();
+  // Under a menu, the keyboard comes back to the view.
+  const bool isMenu = focused != nullptr && focused->window()->windowType() == Qt::Popup;
+  if (isMenu) focused = view.window()->focusWidget();
   return focused != nullptr && (focused == &view || view.isAncestorOf(focused));
+}
+
+bool IsFramed(const QWidget* widget) {
+  const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+  return view != nullptr && view->window()->windowType() != Qt::Popup && HasFocus(*view);
 }
 
 QStyleOptionViewItem Pale(const QStyleOption& option) {
@@ -66,8 +75,14 @@ void FocusStyle::drawControl(ControlElement element, const QStyleOption* option,
   if (element == CE_ItemViewItem && IsPaleSelection(option, widget)) {
     const QStyleOptionViewItem pale = Pale(*option);
     QProxyStyle::drawControl(element, &pale, painter, widget);
-  } else {
-    QProxyStyle::drawControl(element, option, painter, widget);
+    return;
+  }
+  QProxyStyle::drawControl(element, option, painter, widget);
+  if (element == CE_ShapedFrame && IsFramed(widget)) {
+    painter->save();
+    painter->setPen(option->palette.color(QPalette::Active, QPalette::Highlight));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
   }
 }
 

@@ -8,7 +8,8 @@ namespace tools {
 
 /// The desktop's own style but for the selected rows of trees and lists that have no focus: they
 /// are drawn as those of an inactive window are, in a shade between ground and text that stands out
-/// from both on light and dark desktops. Lists that pop up count as focused.
+/// from both on light and dark desktops. Lists that pop up count as focused. The frame of the tree
+/// or list that has the focus is coloured: it may have no row that could show it.
 class FocusStyle : public QProxyStyle {
   Q_OBJECT
 

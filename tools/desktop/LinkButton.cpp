@@ -41,9 +41,11 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
   QFont underlined = font();
   underlined.setUnderline(isEnabled());
   painter.setFont(underlined);
-  const QColor plain = palette().color(foregroundRole());
+  const QColor plain = palette().color(QPalette::Active, foregroundRole());
   const QColor ground = palette().color(backgroundRole());
-  painter.setPen(isEnabled() ? LinkColor(palette().color(QPalette::Link), plain, ground) : plain);
+  // A link to nowhere is grey, and can be read all the same.
+  const QColor own = palette().color(isEnabled() ? QPalette::Link : foregroundRole());
+  painter.setPen(LinkColor(own, plain, ground));
   const QRect area = rect().adjusted(kMargin, 0, -kMargin, 0);
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, area.width());
   painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);

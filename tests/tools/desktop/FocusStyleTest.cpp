@@ -32,7 +32,9 @@ class FocusStyleTest : public QObject {
       list.setPalette(palette);
       list.setFocus();
       const QColor strong = ColourOf(list);
+      QCOMPARE(list.grab().toImage().pixelColor(0, list.height() / 2), FrameOf(palette));
       box.setFocus();
+      QVERIFY(list.grab().toImage().pixelColor(0, list.height() / 2) != FrameOf(palette));
       const QColor pale = ColourOf(list);
       const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
       QVERIFY2(std::abs(strong.blue() - highlight.blue()) < 5, qPrintable(strong.name()));
@@ -49,6 +51,9 @@ class FocusStyleTest : public QObject {
   }
 
  private:
+  static QColor FrameOf(const QPalette& palette) {
+    return palette.color(QPalette::Active, QPalette::Highlight);
+  }
   /// The ground of the selected row.
   static QColor ColourOf(QListWidget& list) {
     const QRect row = list.visualItemRect(list.item(0));
