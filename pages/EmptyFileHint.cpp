@@ -1,7 +1,7 @@
 #include "pages/EmptyFileHint.h"
 
 #include <QAbstractItemView>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QTextDocumentFragment>
 
 #include "pages/PageText.h"
@@ -16,10 +16,11 @@ namespace {
 
 constexpr auto kUnknown = "unknown"_L1;
 constexpr auto kFilter = "filter"_L1;
+constexpr auto kLinkTag = "<a "_L1;
 constexpr int kMargin = 12;  ///< pixels
 
 QString Link(const QString& target, const QString& text) {
-  return u"<a href=\"%1\">%2</a>"_s.arg(target, text.toHtmlEscaped());
+  return kLinkTag + u"href=\"%1\">%2</a>"_s.arg(target, text.toHtmlEscaped());
 }
 
 QString CountIn(int count, const QString& folder) {
@@ -53,6 +54,7 @@ EmptyFileHint::EmptyFileHint(QAbstractItemView& list) : QLabel(list.viewport()),
   setAlignment(Qt::AlignCenter);
   setMargin(kMargin);
   setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  setContextMenuPolicy(Qt::NoContextMenu);  // the list's menu, not that of the link's address
   hide();
   list.viewport()->installEventFilter(this);
   connect(this, &QLabel::linkActivated, this, &EmptyFileHint::Follow);
@@ -60,6 +62,7 @@ EmptyFileHint::EmptyFileHint(QAbstractItemView& list) : QLabel(list.viewport()),
 
 void EmptyFileHint::Update(const std::map<std::int32_t, int>& counts, bool isFiltered) {
   if (list_.model()->rowCount() > 0) {
+    if (hasFocus()) list_.setFocus(Qt::TabFocusReason);
     hide();
     list_.setAccessibleDescription({});
     return;
@@ -73,6 +76,7 @@ void EmptyFileHint::Update(const std::map<std::int32_t, int>& counts, bool isFil
     text_ = Caption(Text::NoFilesInFolder).toHtmlEscaped() + u' ' + OtherFolders(counts);
   }
   ShowText();
+  setFocusPolicy(text_.contains(kLinkTag) ? Qt::StrongFocus : Qt::NoFocus);
   Place();
   show();
 }
@@ -82,7 +86,7 @@ void EmptyFileHint::ShowText() {
       tools::LinkColor(palette().color(QPalette::Link), palette().color(foregroundRole()),
                        palette().color(backgroundRole()));
   QString text = text_;
-  setText(text.replace(u"<a "_s, u"<a style=\"color:%1\" "_s.arg(link.name())));
+  setText(text.replace(kLinkTag, u"<a style=\"color:%1\" "_s.arg(link.name())));
   // To screen readers a list has no parts but its rows.
   list_.setAccessibleDescription(QTextDocumentFragment::fromHtml(text).toPlainText());
 }
@@ -90,6 +94,13 @@ void EmptyFileHint::ShowText() {
 void EmptyFileHint::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
   if (event->type() == QEvent::PaletteChange && !isHidden()) ShowText();
+}
+
+// Tab leads to a link at once, not to the text around it.
+void EmptyFileHint::focusInEvent(QFocusEvent* event) {
+  QLabel::focusInEvent(event);
+  const bool forward = event->reason() == Qt::TabFocusReason;
+  if (forward || event->reason() == Qt::BacktabFocusReason) focusNextPrevChild(forward);
 }
 
 void EmptyFileHint::Follow(const QString& link) {

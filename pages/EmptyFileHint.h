@@ -29,6 +29,7 @@ class EmptyFileHint : public QLabel {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   void ShowText();

@@ -47,13 +47,13 @@ class FileListDocument::Presence : public QUndoCommand {
     return taken;
   }
 
-  void undo() override { Toggle(); }
+  void undo() override { Toggle(By::Undo); }
   void redo() override {
-    if (!std::exchange(isNew_, false)) Toggle();
+    if (!std::exchange(isNew_, false)) Toggle(By::Redo);
   }
 
  private:
-  void Toggle() {
+  void Toggle(By by) {
     if (taken_.empty()) {
       taken_ = Take(document_, ids_);
     } else {
@@ -62,7 +62,7 @@ class FileListDocument::Presence : public QUndoCommand {
         taken_.pop_back();
       }
     }
-    Q_EMIT document_.Changed(ids_, By::UndoOrRedo);
+    Q_EMIT document_.Changed(ids_, by);
   }
 
   FileListDocument& document_;
@@ -86,12 +86,12 @@ class FileListDocument::Fields : public QUndoCommand {
   void undo() override {
     Apply(before_);
     document_.untyped_.insert(untyped_.begin(), untyped_.end());
-    TellOfRepetition();
+    Tell(By::Undo);
   }
   void redo() override {
     Apply(edits_);
     for (const std::string& id : untyped_) document_.untyped_.erase(id);
-    if (!std::exchange(isNew_, false)) TellOfRepetition();
+    if (!std::exchange(isNew_, false)) Tell(By::Redo);
   }
 
  private:
@@ -100,7 +100,7 @@ class FileListDocument::Fields : public QUndoCommand {
       document_.entries_.SetField(edit.id, edit.field, edit.text);
     }
   }
-  void TellOfRepetition() { Q_EMIT document_.Changed(IdsOf(edits_), By::UndoOrRedo); }
+  void Tell(By by) { Q_EMIT document_.Changed(IdsOf(edits_), by); }
 
   FileListDocument& document_;
   std::vector<FieldEdit> edits_;

@@ -31,8 +31,9 @@ class FileListDocument : public QObject {
   Q_OBJECT
 
  public:
-  /// What an entry was changed by: a step of the author, or undoing or repeating one.
-  enum class By { Step, UndoOrRedo };
+  /// What an entry was changed by: a step of the author, or undoing or repeating one, which is
+  /// still the next one to be undone or repeated then.
+  enum class By { Step, Undo, Redo };
 
   explicit FileListDocument(QObject* parent);
   ~FileListDocument() override;

@@ -67,6 +67,12 @@ QString ToldOfChange(const QString& field, const model::ICFile& entry, std::size
   return field == "Type"_L1 && !installs ? Caption(Text::TypeInstallsNothing) : QString();
 }
 
+std::string ToldOfRepetition(const QUndoStack& steps, FileListDocument::By by) {
+  const bool undone = by == FileListDocument::By::Undo;
+  return tools::ReplaceAll(model::LoadText(undone ? Text::StepUndone : Text::StepRepeated),
+                           "%step%", tools::ToUtf8(undone ? steps.undoText() : steps.redoText()));
+}
+
 void AddSortMenu(QMenu& menu, QTreeView& list) {
   QMenu* columns = menu.addMenu(Caption(Text::SortBy));
   columns->setObjectName(u"mnuSort"_s);

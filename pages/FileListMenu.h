@@ -7,6 +7,7 @@
 
 #include "model/ICFile.h"
 #include "model/TextTable.h"
+#include "pages/FileListDocument.h"
 
 namespace pages {
 
@@ -22,6 +23,9 @@ void AddUndoItems(QMenu& menu, QWidget& page, QUndoStack& steps);
 /// where the list shows it all.
 [[nodiscard]] QString ToldOfChange(const QString& field, const model::ICFile& entry,
                                    std::size_t count);
+
+/// What the status bar says while the step that is undone or repeated is still the next one.
+[[nodiscard]] std::string ToldOfRepetition(const QUndoStack& steps, FileListDocument::By by);
 
 /// Adds the menu that sorts the list as clicks on its header do.
 void AddSortMenu(QMenu& menu, QTreeView& list);

@@ -48,8 +48,8 @@ tabFileList::tabFileList(const PageServices& services, QWidget* parent)
   halves->setChildrenCollapsible(false);
   halves->addWidget(fraBrowser);
   halves->addWidget(fraFileProps);
-  halves->setStretchFactor(0, 1);
-  halves->setStretchFactor(1, 1);
+  halves->setStretchFactor(0, 3);  // the list shares its part with other controls
+  halves->setStretchFactor(1, 2);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(halves);
@@ -263,24 +263,21 @@ void tabFileList::TellOfChange(const QString& name, const std::vector<std::strin
 }
 
 void tabFileList::ShowChange(const std::vector<std::string>& ids, FileListDocument::By by) {
-  const bool repeated = by == FileListDocument::By::UndoOrRedo;
+  const QString property = propsFile->SelectedProperty();
   const std::vector<int> selected = SelectedRows(*lsvBrowser);
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
   RefreshFileList();
-  if (repeated) {
-    StatusTextChanged({});  // what the step told is no longer so
+  if (by != FileListDocument::By::Step) {
     ChooseFolderOf(entries);
+    // What a step brought back is to be seen.
+    if (!entries.empty() && shownEntries_->RowsOf(entries).empty()) filter_->Clear();
+    StatusTextChanged(ToldOfRepetition(document_->Steps(), by));
   }
-  // What a step brought back is to be seen.
-  if (repeated && shownEntries_->RowsOf(entries).empty()) filter_->Clear();
-  if (entries.empty()) {
-    const int last = shownEntries_->rowCount() - 1;
-    if (!selected.empty() && last >= 0) {
-      SelectRows(*lsvBrowser, {std::min(selected.front(), last)});
-    }
-    return;
-  }
-  SelectRows(*lsvBrowser, shownEntries_->RowsOf(entries));
+  std::vector<int> rows = shownEntries_->RowsOf(entries);
+  const int last = shownEntries_->rowCount() - 1;
+  if (entries.empty() && !selected.empty() && last >= 0) rows = {std::min(selected.front(), last)};
+  SelectRows(*lsvBrowser, rows);
+  propsFile->SelectProperty(property);
 }
 
 void tabFileList::ChooseFolderOf(const std::vector<const model::ICFile*>& entries) {

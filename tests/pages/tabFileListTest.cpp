@@ -180,10 +180,17 @@ class tabFileListTest : public QObject {
     Fixture f(kThreeEntries);
     const QString before = Rows(f.List());
     const auto pressKeys = [&f](Qt::Key key, int times) {
+      Activate(f.area);
+      f.List().setFocus();
       while (times-- > 0) QTest::keyClick(&f.List(), key, Qt::ControlModifier);
     };
     f.Select(1);
     Edit(*f.page, "Quelldateiname", "neu");
+    pressKeys(Qt::Key_Z, 1);
+    QCOMPARE(f.area.hint, "Rückgängig gemacht: Ändern");
+    QCOMPARE(Grid(*f.page).currentIndex().data(), "Quelldateiname");
+    pressKeys(Qt::Key_Y, 1);
+    QCOMPARE(f.area.hint, "Wiederholt: Ändern");
     Edit(*f.page, "Zielordner (allg.)", "38");
     QVERIFY(f.area.hint.contains("Programme"));
     f.List().selectAll();
@@ -192,11 +199,8 @@ class tabFileListTest : public QObject {
     f.dialogs.ExpectOpenFile(Text::FolderPrograms, f.folder.Path("Q/neu"));
     Press(*f.page, "cmdAddFile");
     const QString after = Rows(f.List());
-    Activate(f.area);
-    f.List().setFocus();
     pressKeys(Qt::Key_Z, 4);
     QCOMPARE(Rows(f.List()), before);
-    QCOMPARE(f.area.hint, "");
     QVERIFY(f.Fields().contains("GUID=b"));  // what came back is selected
     QVERIFY(!f.page->IsDirty());
     pressKeys(Qt::Key_Y, 4);
@@ -326,9 +330,13 @@ class tabFileListTest : public QObject {
     QVERIFY(f.List().accessibleDescription().endsWith("1 in unbekanntem Ordner (0)"));
     ModalScript script;
     script.ExpectAndPress("unknownTargets", "cmdOK");
-    hint.setFocus();
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(&hint, &menuKey);
+    QCOMPARE(OpenedMenu().objectName(), "mnuPopup");
+    OpenedMenu().close();
+    f.List().setFocus();
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}) {
-      QTest::keyClick(&hint, key);
+      QTest::keyClick(QApplication::focusWidget(), key);
     }
     QCOMPARE(f.List().model()->rowCount(), 3);  // with those that were in the folder before
     QVERIFY(hint.isHidden());
