@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QTreeWidgetItemIterator>
 #include <memory>
 #include <utility>
@@ -282,15 +283,39 @@ void ProjectTree::dragEnterEvent(QDragEnterEvent* event) {
 
 void ProjectTree::dragMoveEvent(QDragMoveEvent* event) {
   QTreeWidget::dragMoveEvent(event);  // scrolls at the edges
-  if (DropTarget(*event).key.empty()) {
+  const Node target = DropTarget(*event);
+  if (target.key.empty()) {
+    FrameVersion({});
     event->ignore();
   } else {
+    FrameVersion(VersionNode(SlotsOf(target).version));
     event->setDropAction(IsCopy(*event) ? Qt::CopyAction : Qt::MoveAction);
     event->accept();
   }
 }
 
+void ProjectTree::dragLeaveEvent(QDragLeaveEvent* event) {
+  FrameVersion({});
+  QTreeWidget::dragLeaveEvent(event);
+}
+
+void ProjectTree::FrameVersion(const Node& version) {
+  framed_ = version;
+  viewport()->update();
+}
+
+void ProjectTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
+  QTreeWidget::drawRow(painter, option, index);
+  if (framed_.key.empty() || NodeOf(itemFromIndex(index)) != framed_) return;
+  painter->save();
+  painter->setPen(palette().color(QPalette::Text));
+  painter->drawRect(visualRect(index).adjusted(0, 0, -1, -1));
+  painter->restore();
+}
+
 void ProjectTree::dropEvent(QDropEvent* event) {
+  FrameVersion({});
   const Node target = DropTarget(*event);
   if (target.key.empty()) {
     event->ignore();

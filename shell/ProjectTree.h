@@ -70,7 +70,10 @@ class ProjectTree : public QTreeWidget {
   void startDrag(Qt::DropActions supportedActions) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
 
  private:
   [[nodiscard]] QTreeWidgetItem* SelectedItem() const;
@@ -87,6 +90,8 @@ class ProjectTree : public QTreeWidget {
   [[nodiscard]] static bool IsCopy(const QDropEvent& event);
   /// The node that a drop would act on; a default one when there is none.
   [[nodiscard]] Node DropTarget(const QDropEvent& event) const;
+  /// Frames the version that a drop would reach; a default node: none.
+  void FrameVersion(const Node& version);
 
   QIcon productIcon_;
   QIcon versionIcon_;
@@ -94,6 +99,7 @@ class ProjectTree : public QTreeWidget {
   bool itemClicked_ = false;  ///< in the mouse event that is being handled
   Node nodeAtPress_;          ///< selected when the mouse button went down
   Node marked_;
+  Node framed_;
 };
 
 }  // namespace shell

@@ -40,19 +40,25 @@ void WindowKeys::GoToPane(int step) {
   for (int tried = 1; tried <= count; ++tried) {
     QWidget* pane =
         panes_[static_cast<std::size_t>((at + (step * tried) % count + count) % count)]();
-    if (pane == nullptr || !pane->isEnabled() || !pane->isVisible()) continue;
-    // A pane that takes no focus itself gives it to its first control that does.
-    QWidget* target = pane;
-    for (QWidget* next = pane->nextInFocusChain();
-         target->focusPolicy() == Qt::NoFocus && target->focusProxy() == nullptr && next != pane;
-         next = next->nextInFocusChain()) {
-      const bool canHaveIt = (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled() &&
-                             next->isVisible() && pane->isAncestorOf(next);
-      if (canHaveIt) target = next;
-    }
-    target->setFocus(Qt::TabFocusReason);
-    return;
+    if (pane != nullptr && FocusPane(*pane)) return;
   }
+}
+
+bool FocusPane(QWidget& pane) {
+  if (!pane.isEnabled() || !pane.isVisible()) return false;
+  QWidget* target = &pane;
+  const auto takesIt = [&] {
+    return target->focusPolicy() != Qt::NoFocus || target->focusProxy() != nullptr;
+  };
+  for (QWidget* next = pane.nextInFocusChain(); !takesIt() && next != &pane;
+       next = next->nextInFocusChain()) {
+    const bool canHaveIt = (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled() &&
+                           next->isVisible() && pane.isAncestorOf(next);
+    if (canHaveIt) target = next;
+  }
+  if (!takesIt()) return false;
+  target->setFocus(Qt::TabFocusReason);
+  return true;
 }
 
 }  // namespace shell

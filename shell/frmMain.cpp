@@ -22,6 +22,7 @@
 #include "shell/StartPage.h"
 #include "shell/TitleLabel.h"
 #include "shell/UnsavedMarks.h"
+#include "shell/WindowKeys.h"
 #include "shell/WindowPlace.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
@@ -165,7 +166,14 @@ void frmMain::OnTabClick() {
   if (!services_.project.IsOpen() || tab < 0) return;
   lastPages_[shownNode_.tag] = tabDataEditor->tabText(tab);
   ShowStatusText({});  // the hint of the page that goes
+  // The keyboard goes on with the page: hidden under it, a page would leave it to the next best
+  // control of the window.
+  bool isOnPage = false;
+  for (std::int32_t i = 1; i <= editorTabs_.Count(); ++i) {
+    isOnPage = isOnPage || editorTabs_.Item(i).isAncestorOf(QApplication::focusWidget());
+  }
   editorTabs_.ShowTab(tab + 1);
+  if (isOnPage && !FocusPane(editorTabs_.Item(tab + 1))) tabDataEditor->setFocus();
 }
 
 void frmMain::PositionExtender(QWidget& page) {

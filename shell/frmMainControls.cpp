@@ -69,6 +69,9 @@ void frmMain::BuildEditorPane() {
   tabDataEditor->setDocumentMode(true);
   tabDataEditor->setExpanding(false);
   tabDataEditor->setUsesScrollButtons(true);
+  // The mark of unsaved changes makes no tab higher, which would move the page.
+  const int markSize = tabDataEditor->fontMetrics().height();
+  tabDataEditor->setIconSize(QSize(markSize, markSize));
   lblDataEditorTitle->setBuddy(tabDataEditor);
 
   editorLayout_ = new QVBoxLayout(picDataEditor);

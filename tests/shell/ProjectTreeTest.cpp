@@ -137,6 +137,27 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     QVERIFY2(program_->Nodes().endsWith(dropped), qPrintable(program_->Nodes()));
   }
 
+  void TheVersionThatADropReachesIsFramed() {
+    program_->Open(product_);
+    QMimeData content;
+    const QImage before = program_->Tree().viewport()->grab().toImage();
+    const auto isFramed = [&](QEvent&& event) {
+      QApplication::sendEvent(program_->Tree().viewport(), &event);
+      return program_->Tree().viewport()->grab().toImage() != before;
+    };
+    content.setData(QString("application/x-packwright-node-%1").arg(qApp->applicationPid()),
+                    "v3c2");
+    const auto over = [&](const char* node) {
+      return QDragMoveEvent(program_->PlaceOf(node), Qt::MoveAction, &content, Qt::LeftButton, {});
+    };
+    QDragEnterEvent enter({}, Qt::MoveAction, &content, Qt::LeftButton, {});
+    QApplication::sendEvent(program_->Tree().viewport(), &enter);
+    QVERIFY(isFramed(over("v1")));
+    QVERIFY2(!isFramed(over("v3")), "it is there already");
+    QVERIFY(isFramed(over("v4")));
+    QVERIFY(!isFramed(QDragLeaveEvent()));
+  }
+
   void AVersionWithoutComponentsOffersThoseOfOthers() {
     home_->Write("Produkt/Version 1.9.0/product.version", "[Components]\nCount=7\n");
     program_->Open(product_);

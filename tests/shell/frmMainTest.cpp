@@ -187,6 +187,16 @@ class frmMainTest : public QObject, protected WindowFixture {
       focused += QApplication::focusWidget()->objectName();
     }
     QCOMPARE(focused.join('|'), "tabDataEditor|cmbDestinationFolder||trvProjectTree");
+    Child(program_->window, "cmbDestinationFolder").setFocus();
+    Press(Qt::CTRL | Qt::Key_Tab);
+    const QWidget& registry = Child(program_->window, "EditorTab2");
+    QVERIFY2(registry.isAncestorOf(QApplication::focusWidget()), "goes on with the page");
+    program_->Click("v3");
+    Tabs().setCurrentIndex(1);
+    Tabs().setFocus();
+    QTest::keyClick(&program_->window, Qt::Key_F6);
+    QVERIFY2(QApplication::focusWidget()->parent() == &Child(program_->window, "tbrMain"),
+             "passes over a page without controls");
   }
 
   void HelpLeadsToTheGuidesChapterOnThePageShown() {
