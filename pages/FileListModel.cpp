@@ -17,7 +17,8 @@ namespace pages {
 
 namespace {
 
-constexpr std::int16_t kLeftOut = 1;  ///< the value of Exclude that builds heed
+constexpr std::size_t kFewEntries = 16;  ///< that are looked for one by one
+constexpr std::int16_t kLeftOut = 1;     ///< the value of Exclude that builds heed
 
 std::string TargetText(const model::ICFile& entry) {
   if (entry.TargetFolder == model::kCustomFolder) return entry.TargetSubFolder;
@@ -32,8 +33,28 @@ QString TextOf(const model::ICFile& entry, int column) {
 
 }  // namespace
 
-void FileListModel::Show(const model::FileEntries& entries, std::int32_t targetFolder) {
+void FileListModel::Show(const model::FileEntries& entries, std::int32_t targetFolder,
+                         const std::vector<const model::ICFile*>& changed) {
   beginResetModel();
+  if (!AreGrouped(changed, entries.Count())) Group(entries);
+  folder_ = targetFolder;
+  Arrange();
+  endResetModel();
+}
+
+// Going through all entries costs most of an edit of one among many.
+bool FileListModel::AreGrouped(const Rows& entries, std::size_t count) const {
+  if (entries.empty() || entries.size() > kFewEntries) return false;
+  std::size_t grouped = 0;
+  for (const auto& [folder, rows] : byFolder_) grouped += rows.size();
+  return grouped == count && std::all_of(entries.begin(), entries.end(), [this](const auto* entry) {
+           const auto rows = byFolder_.find(entry->TargetFolder);
+           return rows != byFolder_.end() &&
+                  std::find(rows->second.begin(), rows->second.end(), entry) != rows->second.end();
+         });
+}
+
+void FileListModel::Group(const model::FileEntries& entries) {
   byFolder_.clear();
   Rows* rows = nullptr;  // of the entry before: mostly the next one's too
   std::int32_t folder = 0;
@@ -44,9 +65,6 @@ void FileListModel::Show(const model::FileEntries& entries, std::int32_t targetF
     }
     rows->push_back(&entry);
   }
-  folder_ = targetFolder;
-  Arrange();
-  endResetModel();
 }
 
 void FileListModel::ShowFolder(std::int32_t targetFolder) {

@@ -28,8 +28,10 @@ class FileListModel : public QAbstractTableModel {
   using QAbstractTableModel::QAbstractTableModel;
 
   /// Shows the entries with this destination folder. All entries must stay where they are until the
-  /// next Show.
-  void Show(const model::FileEntries& entries, std::int32_t targetFolder);
+  /// next Show. `changed` is quicker: those that alone have changed since the last one, none if
+  /// that is not known.
+  void Show(const model::FileEntries& entries, std::int32_t targetFolder,
+            const std::vector<const model::ICFile*>& changed = {});
   /// Shows those of another destination folder, out of the same entries.
   void ShowFolder(std::int32_t targetFolder);
   /// Shows only those whose source path holds every word of the text, in any case.
@@ -57,12 +59,14 @@ class FileListModel : public QAbstractTableModel {
   void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
  private:
+  using Rows = std::vector<const model::ICFile*>;
+
   [[nodiscard]] QVariant FileNameData(const model::ICFile& entry, int role) const;
+  void Group(const model::FileEntries& entries);
+  [[nodiscard]] bool AreGrouped(const Rows& entries, std::size_t count) const;
   void Arrange();
   void SortRows();
   [[nodiscard]] bool PassesFilter(const model::ICFile& entry) const;
-
-  using Rows = std::vector<const model::ICFile*>;
 
   std::map<std::int32_t, Rows> byFolder_;  ///< in the collection's order; no folder without any
   std::int32_t folder_ = 0;                ///< that is shown

@@ -141,8 +141,10 @@ void tabFileList::ShowChosenFolder() {
   filter_->ShowCount(document_->Entries().Count());
 }
 
-void tabFileList::RefreshFileList() {
-  shownEntries_->Show(document_->Entries(), ChosenFolder());
+void tabFileList::RefreshFileList() { ShowEntries({}); }
+
+void tabFileList::ShowEntries(const std::vector<const model::ICFile*>& changed) {
+  shownEntries_->Show(document_->Entries(), ChosenFolder(), changed);
   filter_->ShowCount(document_->Entries().Count());
   ShowFolderCounts(*cmbDestinationFolder, shownEntries_->FolderCounts());
   propsFile->Clear();
@@ -266,7 +268,7 @@ void tabFileList::ShowChange(const std::vector<std::string>& ids, FileListDocume
   const QString property = propsFile->SelectedProperty();
   const std::vector<int> selected = SelectedRows(*lsvBrowser);
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
-  RefreshFileList();
+  ShowEntries(entries);
   if (by != FileListDocument::By::Step) {
     ChooseFolderOf(entries);
     // What a step brought back is to be seen.

@@ -80,6 +80,8 @@ class tabFileList : public EditorPage {
   [[nodiscard]] std::vector<const model::ICFile*> SelectedEntries() const;
   [[nodiscard]] std::vector<std::string> SelectedIds() const;
   void ShowChosenFolder();
+  /// Lists anew after these entries alone have changed; none: all may have.
+  void ShowEntries(const std::vector<const model::ICFile*>& changed);
   void ShowSelectedEntries();
   void ChangeProperty(const QString& name, const QString& text);
   void TellOfChange(const QString& name, const std::vector<std::string>& ids);
