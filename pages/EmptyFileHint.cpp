@@ -62,7 +62,8 @@ EmptyFileHint::EmptyFileHint(QAbstractItemView& list) : QLabel(list.viewport()),
 
 void EmptyFileHint::Update(const std::map<std::int32_t, int>& counts, bool isFiltered) {
   if (list_.model()->rowCount() > 0) {
-    if (hasFocus()) list_.setFocus(Qt::TabFocusReason);
+    // The window's focus: it is not the active one yet when a dialog has just closed.
+    if (window()->focusWidget() == this) list_.setFocus(Qt::TabFocusReason);
     hide();
     list_.setAccessibleDescription({});
     return;
@@ -101,6 +102,12 @@ void EmptyFileHint::focusInEvent(QFocusEvent* event) {
   QLabel::focusInEvent(event);
   const bool forward = event->reason() == Qt::TabFocusReason;
   if (forward || event->reason() == Qt::BacktabFocusReason) focusNextPrevChild(forward);
+  list_.update();  // its frame shows the focus of what lies in it
+}
+
+void EmptyFileHint::focusOutEvent(QFocusEvent* event) {
+  QLabel::focusOutEvent(event);
+  list_.update();
 }
 
 void EmptyFileHint::Follow(const QString& link) {

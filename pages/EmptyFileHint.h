@@ -30,6 +30,7 @@ class EmptyFileHint : public QLabel {
  protected:
   void changeEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void ShowText();

@@ -208,6 +208,7 @@ void tabFileList::MendUnknownTargets() {
   const std::vector<const model::ICFile*> entries = document_->Find(ids);
   ChooseFolderOf(entries);
   SelectRows(*lsvBrowser, shownEntries_->RowsOf(entries));
+  lsvBrowser->setFocus(Qt::TabFocusReason);  // the link that led here is gone
 }
 
 void tabFileList::RemoveSelected() {

@@ -341,6 +341,7 @@ class tabFileListTest : public QObject {
     QCOMPARE(f.List().model()->rowCount(), 3);  // with those that were in the folder before
     QVERIFY(hint.isHidden());
     QVERIFY(f.Fields().contains("GUID=a|"));
+    QCOMPARE(f.area.focusWidget(), &f.List());
     Type(Child(*f.page, "txtFilter"), "nichts");
     QCOMPARE(hint.text().section(' ', 0, 4), LoadedText(Text::NoEntryPassesFilter));
   }
