@@ -131,8 +131,9 @@ bool FailAndRetry(const Operation& operation, const std::string& fileName, const
   return true;
 }
 
-/// What a loss of power takes, at its worst: bytes that were not flushed, and names too.
-enum class Lost { Bytes, BytesAndNames };
+/// What a loss of power takes, at its worst, of what was not flushed: bytes, names too, or all but
+/// the step taken last.
+enum class Lost { Bytes, BytesAndNames, AllBeforeTheLastStep };
 
 /// A product whose steps in an operation can be taken again in a copy of it.
 struct ReplayedProduct : OpenedProduct {
@@ -163,6 +164,7 @@ struct ReplayedProduct : OpenedProduct {
   [[nodiscard]] bool IsKept(std::size_t at, std::size_t count, Lost lost) const {
     const bool isWrite = steps[at].step == Step::Write;
     if (!isWrite && lost == Lost::Bytes) return true;
+    if (lost == Lost::AllBeforeTheLastStep && at + 1 == count) return true;
     const auto wanted = isWrite ? Step::Sync : Step::SyncFolder;
     const std::string path = isWrite ? steps[at].path : tools::FolderOf(steps[at].path);
     return std::any_of(steps.begin() + std::ptrdiff_t(at), steps.begin() + std::ptrdiff_t(count),
@@ -249,9 +251,8 @@ TEST(PowerLossTest, LeavesTheProductAsBeforeOrAsAfterTheOperation) {
     const std::string before = product.After(0, Lost::BytesAndNames);
     const std::string after = Listing(product.project);
     ASSERT_NE(before, after);
-    for (const Lost lost : {Lost::Bytes, Lost::BytesAndNames}) {
-      SCOPED_TRACE(testing::Message()
-                   << operation.name << (lost == Lost::Bytes ? "" : ", names too"));
+    for (const Lost lost : {Lost::Bytes, Lost::BytesAndNames, Lost::AllBeforeTheLastStep}) {
+      SCOPED_TRACE(testing::Message() << operation.name << ", lost " << static_cast<int>(lost));
       for (std::size_t count = 0; count < product.steps.size(); ++count) {
         EXPECT_THAT(product.After(count, lost), AnyOf(before, after)) << count;
       }
