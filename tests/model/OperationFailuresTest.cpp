@@ -163,8 +163,10 @@ struct ReplayedProduct : OpenedProduct {
 
   [[nodiscard]] bool IsKept(std::size_t at, std::size_t count, Lost lost) const {
     const bool isWrite = steps[at].step == Step::Write;
-    if (!isWrite && lost == Lost::Bytes) return true;
-    if (lost == Lost::AllBeforeTheLastStep && at + 1 == count) return true;
+    // What is moved last is there.
+    const bool isOfLast =
+        lost == Lost::AllBeforeTheLastStep && steps[at].path == steps[count - 1].path;
+    if (!isWrite && (lost == Lost::Bytes || isOfLast)) return true;
     const auto wanted = isWrite ? Step::Sync : Step::SyncFolder;
     const std::string path = isWrite ? steps[at].path : tools::FolderOf(steps[at].path);
     return std::any_of(steps.begin() + std::ptrdiff_t(at), steps.begin() + std::ptrdiff_t(count),
