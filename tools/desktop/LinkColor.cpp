@@ -8,16 +8,17 @@ namespace tools {
 namespace {
 
 constexpr double kReadable = 4.5;  ///< contrast of text that WCAG 2 calls readable (level AA)
-constexpr int kSteps = 10;
+constexpr int kMixSteps = 10;
 
-double Linear(double channel) {
+double Linear(int of255) {
+  const double channel = of255 / 255.0;
   return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
 
 // As WCAG 2 defines relative luminance and contrast.
 double Luminance(const QColor& color) {
-  return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) +
-         0.0722 * Linear(color.blueF());
+  return 0.2126 * Linear(color.red()) + 0.7152 * Linear(color.green()) +
+         0.0722 * Linear(color.blue());
 }
 
 double Contrast(const QColor& a, const QColor& b) {
@@ -27,7 +28,7 @@ double Contrast(const QColor& a, const QColor& b) {
 }
 
 QColor Mixed(const QColor& link, const QColor& text, int steps) {
-  const auto mix = [steps](int a, int b) { return a + (b - a) * steps / kSteps; };
+  const auto mix = [steps](int a, int b) { return a + (b - a) * steps / kMixSteps; };
   return {mix(link.red(), text.red()), mix(link.green(), text.green()),
           mix(link.blue(), text.blue())};
 }
@@ -35,7 +36,7 @@ QColor Mixed(const QColor& link, const QColor& text, int steps) {
 }  // namespace
 
 QColor LinkColor(const QColor& link, const QColor& text, const QColor& ground) {
-  for (int steps = 0; steps < kSteps; ++steps) {
+  for (int steps = 0; steps < kMixSteps; ++steps) {
     const QColor color = Mixed(link, text, steps);
     if (Contrast(color, ground) >= kReadable) return color;
   }
