@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QTabBar>
@@ -66,7 +67,8 @@ class ResultPanelTest : public QObject {
     script_->ExpectAndPress("messageBox", "cmdOK");
     QTest::keyClick(&program_->window, Qt::Key_B, Qt::ControlModifier);
     QCOMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: Setup erstellt: 1 Fehler, 0 Warnungen");
-    QVERIFY(Shown(Panel(), "lblFacts").contains("Ausgabe/Debug\n1 Datei, "));
+    QVERIFY(Shown(Panel(), "lblFacts")
+                .contains(QDir::toNativeSeparators("Ausgabe/Debug") + "\n1 Datei, "));
     QCOMPARE(Rows(Findings()).section('=', 0, 1), "Kern=2");
     script_->Expect<QWidget>("textWindow", [](QWidget& window) {
       QVERIFY(Shown(window, "txtText").contains("File missing: "));
