@@ -5,8 +5,10 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
+#include <algorithm>
 #include <deque>
 #include <functional>
+#include <vector>
 
 #include "tests/support/ReportFailure.h"
 #include "tests/support/desktop/Widgets.h"
@@ -79,12 +81,14 @@ class ModalScript {
   void Look() {
     timer_.start(kInterval);  // first, for acting may open the next window and come back after it
     QWidget* window = QApplication::activeModalWidget();
-    if (window != answered_) answered_.clear();
-    if (window == nullptr || window == answered_ || !window->isActiveWindow()) return;
+    std::erase_if(answered_, [](const auto& gone) { return !gone || !gone->isVisible(); });
+    if (window == nullptr || !window->isActiveWindow()) return;
+    // It comes back between two windows that it opens itself.
+    if (std::find(answered_.begin(), answered_.end(), window) != answered_.end()) return;
     // The focus may come after the activation; some windows have nothing to give it to.
     if (window->focusWidget() == nullptr && ++looksForFocus_ < kMaximumLooksForFocus) return;
     looksForFocus_ = 0;
-    answered_ = window;
+    const QPointer<QWidget> answered = answered_.emplace_back(window);
     const std::string name = window->objectName().toStdString();
     if (expected_.empty() || expected_.front().objectName != name) {
       ReportFailure("nobody expects the window " + name);
@@ -94,15 +98,15 @@ class ModalScript {
       expectation.act(*window);
     }
     // An act that failed half-way has left its window open; not every window can be closed.
-    if (answered_ == nullptr || !QTest::currentTestFailed()) return;
+    if (answered == nullptr || !QTest::currentTestFailed()) return;
     if (auto* dialog = qobject_cast<QDialog*>(window)) dialog->done(QDialog::Rejected);
-    if (answered_ != nullptr) answered_->close();
+    if (answered != nullptr) answered->close();
   }
 
   int looksForFocus_ = 0;
   QTimer timer_;
   std::deque<Expectation> expected_;
-  QPointer<QWidget> answered_;  ///< acted upon already, and not yet gone
+  std::vector<QPointer<QWidget>> answered_;  ///< acted upon already, and not yet gone
 };
 
 /// Edits the row of that title of the page's property grid in the grid's dialog.
