@@ -1,10 +1,10 @@
 #!/bin/bash
 # Sets packwright-build beside its peers on the same data in one run, and prints times as ratios and
 # archive sizes. Each figure is the median of some runs that take turns; the data is in the page
-# cache, and what one run has written is on the disk before the next begins.
+# cache (but for cold), and what one run has written is on the disk before the next begins.
 #
-#   bench/run.sh [binaries] [small] [large] [rebuild] [stored] [levels] [huge] [settings] [pages]
-#                [desktop] [start] [memory] [entries]
+#   bench/run.sh [binaries] [small] [large] [cold] [rebuild] [stored] [levels] [huge] [settings]
+#                [pages] [desktop] [start] [memory] [entries]
 #
 # Without arguments all of them. PACKWRIGHT_BENCH_RUNS=1 is enough to see that it works.
 #
@@ -97,7 +97,7 @@ make_product() { # NAME
 }
 
 make_nsis() { # NAME
-  printf 'SetCompressor zlib\nOutFile "%s"\nInstallDir "$TEMP\\x"\nSection\nSetOutPath "$INSTDIR"\nFile /r "%s"\nSectionEnd\n' \
+  printf 'SetCompressor zlib\nOutFile "%s"\nInstallDir "$TEMP\\x"\nSection\nSetOutPath "$INSTDIR"\nFile /r "%s/*"\nSectionEnd\n' \
     "$data/out/nsis.exe" "$data/$1" >"$data/nsis.nsi"
 }
 
@@ -212,6 +212,19 @@ rebuild_bench() { # NAME TITLE
   rm -rf "$again"
 }
 
+# From a disk whose files are in no cache, as at the first build of a day. Only root can clear them.
+cold_bench() {
+  [ -w /proc/sys/vm/drop_caches ] || { echo "cold: only root can clear the system's caches"; return; }
+  make_small
+  make_product small
+  before="sync; echo 3 >/proc/sys/vm/drop_caches"
+  compare "13,000 small files, in no cache" "packwright@$(ours small)" \
+    "zip -6@cd $data && zip -6 -q -r out/zip.zip small" \
+    "7zz -mx=3@cd $data && 7zz a -tzip -mx=3 out/7z.zip small" \
+    "cp@cp -r $data/small $data/out/copy"
+  before=
+}
+
 stored_bench() {
   make_random
   make_product random
@@ -302,12 +315,13 @@ entries_bench() {
 }
 
 prepare
-for what in ${*:-binaries small large rebuild stored levels huge settings pages desktop start memory \
+for what in ${*:-binaries small large cold rebuild stored levels huge settings pages desktop start memory \
   entries}; do
   case $what in
     binaries) make_binaries; folder_bench binaries "350 MB of binaries" ;;
     small) make_small; folder_bench small "13,000 small files" ;;
     large) large_bench ;;
+    cold) cold_bench ;;
     rebuild)
       make_binaries
       rebuild_bench binaries "350 MB of binaries"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "engine/SourceCursor.h"
 #include "tools/Text.h"
 #include "tools/files/Files.h"
 #include "tools/files/InputFile.h"
@@ -34,7 +35,8 @@ std::string StoredExtension(std::string_view sourcePath) {
 
 ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                            const tools::ArchiveOptions& options,
-                           std::optional<tools::FileTime> fileTime, BuildProgress& progress)
+                           std::optional<tools::FileTime> fileTime, BuildProgress& progress,
+                           const Survey& survey)
     : fileTime_(fileTime), progress_(progress) {
   WithArchive([&] {
     writer_ = std::make_unique<tools::ArchiveWriter>(disk, archivePath, options,
@@ -42,6 +44,7 @@ ArchiveStore::ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                                                        totals_ = totals;
                                                        ReportProgress();
                                                      });
+    writer_->Expect([cursor = SourceCursor(survey)]() mutable { return cursor.Next(); });
   });
 }
 

@@ -9,6 +9,7 @@
 
 #include "engine/BuildObserver.h"
 #include "engine/StoreFiles.h"
+#include "engine/Survey.h"
 #include "tools/archive/ArchiveWriter.h"
 #include "tools/files/Disk.h"
 
@@ -18,11 +19,12 @@ namespace engine {
 /// their problems are found too, and Finish gives the cause.
 class ArchiveStore : public FileStore {
  public:
-  /// `disk` and `progress` must outlive the store. Members get `fileTime`, or without one
+  /// `disk`, `progress` and `survey`, whose sources will be stored in their order, must outlive the
+  /// store. Members get `fileTime`, or without one
   /// the times of their sources.
   ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                const tools::ArchiveOptions& options, std::optional<tools::FileTime> fileTime,
-               BuildProgress& progress);
+               BuildProgress& progress, const Survey& survey);
 
   [[nodiscard]] StoredFile Store(const model::ICFile& entry, std::string_view sourcePath) override;
   [[nodiscard]] std::string_view PlaceName() const override { return "temp folder"; }

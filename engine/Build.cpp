@@ -185,7 +185,7 @@ class Build {
     }
     const std::string name = title_ + tools::kArchiveEnding;
     return std::make_unique<ArchiveStore>(environment_.disk, InStage(name), PackingOf(name),
-                                          environment_.fileTime, progress_);
+                                          environment_.fileTime, progress_, survey_);
   }
 
   /// The earlier setup lies in the output folder until the new one is whole.

@@ -84,30 +84,21 @@ class ArchiveWriter::Implementation {
                  }),
         reportProgress_([this] { ReportProgress(); }) {}
 
+  void Expect(ReadAhead::NextSource next, ReadAhead::Duration patience) {
+    ahead_ = std::make_unique<ReadAhead>(std::move(next), patience);
+  }
+
   CopyResult AddFile(const std::string& sourcePath, const std::string& memberName,
                      std::optional<FileTime> fileTime) {
     workers_.RaiseFailure();
     if (memberName.size() > kZipNameBytes) {
       throw PathError("Der Name ist für ein Archiv zu lang", memberName, {});
     }
-    SteadySource source(sourcePath);
-    constexpr int kTries = 2;
-    std::uint64_t bytes = 0;
-    bool isAdded = false;
-    for (int i = 0; i < kTries && !isAdded && !source.Cause(); ++i) {
-      if (!source.Begin()) continue;
-      const FileStamp& stamp = source.Stamp();
-      isAdded =
-          Add(source, {sourcePath, memberName, stamp, fileTime.value_or(stamp.modified)}, bytes);
+    CopyResult result;
+    if (!AddNext(sourcePath, memberName, fileTime, result.bytes)) {
+      result = AddOnItsOwn(sourcePath, memberName, fileTime);
     }
     ReportProgress();
-    CopyResult result;
-    if (isAdded) {
-      result.bytes = bytes;
-    } else {
-      result.cause = source.Cause() ? source.Cause() : std::make_error_code(kChangesMeanwhile);
-      result.errorText = SystemErrorText(result.cause);
-    }
     return result;
   }
 
@@ -122,22 +113,62 @@ class ArchiveWriter::Implementation {
   }
 
  private:
+  /// The next of the expected sources; false when the reader leaves it to AddOnItsOwn. `bytes`
+  /// receives its size.
+  bool AddNext(const std::string& sourcePath, const std::string& memberName,
+               std::optional<FileTime> fileTime, std::uint64_t& bytes) {
+    if (!ahead_) return false;
+    ByteBuffer& content = ContentOfSmallFiles();
+    const std::size_t before = content.Size();
+    const std::optional<FileTime> modified = ahead_->AppendNext(sourcePath, content);
+    if (!modified) return false;
+    bytes = content.Size() - before;
+    AddSmallFile(memberName, fileTime.value_or(*modified));
+    return true;
+  }
+
+  CopyResult AddOnItsOwn(const std::string& sourcePath, const std::string& memberName,
+                         std::optional<FileTime> fileTime) {
+    SteadySource source(sourcePath);
+    constexpr int kTries = 2;
+    CopyResult result;
+    for (int i = 0; i < kTries && !source.Cause(); ++i) {
+      if (!source.Begin()) continue;
+      const FileStamp& stamp = source.Stamp();
+      const FileTime modified = fileTime.value_or(stamp.modified);
+      if (Add(source, {sourcePath, memberName, stamp, modified}, result.bytes)) return result;
+    }
+    result.bytes = 0;
+    result.cause = source.Cause() ? source.Cause() : std::make_error_code(kChangesMeanwhile);
+    result.errorText = SystemErrorText(result.cause);
+    return result;
+  }
+
   /// `bytes` receives the source's size. False when it could not be read as it was at Begin: the
   /// archive is without it then.
   bool Add(SteadySource& source, ArchiveSource description, std::uint64_t& bytes) {
     bytes = description.stamp.size;
     if (description.stamp.size > blockBytes_) return AddBlocks(source, description);
-    if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
-    ByteBuffer& content = smallFiles_->Content();
+    ByteBuffer& content = ContentOfSmallFiles();
     const std::size_t before = content.Size();
     if (!source.AppendTo(content, blockBytes_) || !source.IsUnchanged()) {
       smallFiles_->DropContent();
       return false;
     }
     bytes = content.Size() - before;
-    smallFiles_->Add(std::move(description.memberName), description.modified);
-    if (smallFiles_->IsFull()) FlushSmallFiles();
+    AddSmallFile(std::move(description.memberName), description.modified);
     return true;
+  }
+
+  ByteBuffer& ContentOfSmallFiles() {
+    if (!smallFiles_) smallFiles_ = std::make_unique<SmallFilesJob>(assembler_);
+    return smallFiles_->Content();
+  }
+
+  /// Its bytes have been appended to that content.
+  void AddSmallFile(std::string memberName, FileTime modified) {
+    smallFiles_->Add(std::move(memberName), modified);
+    if (smallFiles_->IsFull()) FlushSmallFiles();
   }
 
   // Blocks are packed while the next ones are read; the last one is only added when it is known
@@ -194,6 +225,7 @@ class ArchiveWriter::Implementation {
   ArchiveWorkers workers_;  // ends before what it works on
   ArchiveWorkers::WaitCallback reportProgress_;
   std::unique_ptr<SmallFilesJob> smallFiles_;
+  std::unique_ptr<ReadAhead> ahead_;
   std::uint64_t reportedBytesOut_ = 0;
 };
 
@@ -203,6 +235,10 @@ ArchiveWriter::ArchiveWriter(Disk& disk, const std::string& archivePath,
           std::make_unique<Implementation>(disk, archivePath, options, std::move(progress))) {}
 
 ArchiveWriter::~ArchiveWriter() = default;
+
+void ArchiveWriter::Expect(ReadAhead::NextSource next, ReadAhead::Duration patience) {
+  implementation_->Expect(std::move(next), patience);
+}
 
 CopyResult ArchiveWriter::AddFile(const std::string& sourcePath, const std::string& memberName,
                                   std::optional<FileTime> fileTime) {

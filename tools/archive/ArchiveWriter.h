@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "tools/archive/ReadAhead.h"
 #include "tools/files/Disk.h"
 #include "tools/files/Files.h"
 
@@ -53,16 +54,20 @@ class ArchiveWriter {
   /// `disk` must outlive the writer. Raises Error when the archive cannot be created.
   ArchiveWriter(Disk& disk, const std::string& archivePath, const ArchiveOptions& options,
                 ProgressCallback progress = {});
-  /// Ends the worker threads; without Finish the archive is discarded.
+  /// Ends the threads; without Finish the archive is discarded.
   ~ArchiveWriter();
   ArchiveWriter(const ArchiveWriter&) = delete;
   ArchiveWriter& operator=(const ArchiveWriter&) = delete;
 
+  /// Tells which sources will be added, in their order, so that they can be read ahead where
+  /// reading is slow. Raises nothing; AddFile raises std::logic_error for any other order.
+  void Expect(ReadAhead::NextSource next, ReadAhead::Duration patience = ReadAhead::kPatience);
+
   /// Adds one file as member `memberName` ("/" separates folders) as it is at one moment: it is
-  /// read before this returns, and once more when it changes meanwhile. The result tells why it
-  /// could not be read (kChangesMeanwhile as a cause when it changes all the time); the archive
-  /// then goes on without it. The member gets `fileTime`, or without one the file's. Blocks while
-  /// the queue is full.
+  /// read before this returns (before this begins, where it is read ahead), and once more when it
+  /// changes meanwhile. The result tells why it could not be read (kChangesMeanwhile as a cause
+  /// when it changes all the time); the archive then goes on without it. The member gets
+  /// `fileTime`, or without one the file's. Blocks while the queue is full.
   ///
   /// Raises Error when the archive cannot be written, and then in all later calls. One case of it:
   /// of a file of many blocks the first ones do not shrink but a later one does. They are then read

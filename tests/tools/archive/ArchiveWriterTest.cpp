@@ -138,6 +138,43 @@ TEST_F(ArchiveWriterTest, TheArchiveGoesOnWithoutWhatCannotBeRead) {
   EXPECT_THAT(FailureOf([&] { Archive({std::string(70'000, 'n')}); }), HasSubstr("zu lang"));
 }
 
+TEST_F(ArchiveWriterTest, SourcesThatAreReadAheadMakeTheSameArchive) {
+  std::vector<std::string> paths;
+  for (std::size_t i = 0; i < 1000; ++i) {
+    const std::string name = "in/" + std::to_string(i);
+    paths.push_back(folder_.Path(name));
+    if (i % 7 == 3) continue;  // a missing one
+    folder_.Write(name, WordBytes(i % 50 == 9 ? 200'000 : i));
+  }
+  folder_.Write("in/30", WordBytes(2 * kBlock));
+  const auto add = [&paths](ArchiveWriter& writer, ReadAhead::Duration patience, auto count) {
+    const auto end = paths.begin() + count;
+    writer.Expect(
+        [next = paths.cbegin(), end = paths.cend()]() mutable {
+          return next == end ? std::string_view() : std::string_view(*next++);
+        },
+        patience);
+    std::string failed;
+    for (auto path = paths.begin(); path != end; ++path) {
+      const std::string name = FileNamePart(*path);
+      if (!writer.AddFile(*path, name).Succeeded()) failed += name + " ";
+    }
+    EXPECT_TRUE(failed.starts_with("3 10 17 24 31 38 45 ")) << failed;
+  };
+  std::string asRead;
+  for (const auto patience : {ReadAhead::Duration::max(), ReadAhead::Duration::zero()}) {
+    ArchiveWriter writer(*disk_, archive_, kSmallBlocks);
+    add(writer, patience, 1000);
+    writer.Finish();
+    if (asRead.empty()) asRead = ArchiveBytes();
+  }
+  EXPECT_TRUE(ArchiveBytes() == asRead);
+  EXPECT_EQ(ReadZip(asRead).size(), 857U);
+
+  ArchiveWriter givenUp(*disk_, archive_, kSmallBlocks);
+  add(givenUp, ReadAhead::Duration::zero(), 70);
+}
+
 // What a build meets when sources live on.
 TEST_F(ArchiveWriterTest, ASourceIsPackedAsItWasAtOneMoment) {
   const std::string small = folder_.Write("in/small", "short");
