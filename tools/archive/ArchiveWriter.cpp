@@ -31,7 +31,7 @@ constexpr int kMaximumThreads = 8;
 constexpr int kLargeLevel = 10;
 constexpr int kMaximumLargeThreads = 4;
 constexpr std::size_t kWaitingJobs = 512;
-constexpr std::size_t kWaitingBytes = 6 * kMebibyte;
+constexpr std::size_t kWaitingBytes = 3 * kMebibyte;
 // Outcomes that may wait for their turn, beyond the blocks that the threads work on.
 constexpr std::size_t kHeldBytes = 4 * kMebibyte;
 
