@@ -16,6 +16,8 @@ struct GridTexts {
   QString reset;        ///< the edit dialog's button for the default value
   QString browse;       ///< the edit dialog's button for a value that names a folder
   QString knownValues;  ///< what screen readers call the list of known values
+  QString mixed;        ///< what is told of a value that stands for several ones
+  QString mixedEdit;    ///< the same in the edit dialog, and how to empty all of them
 };
 
 }  // namespace grid

@@ -30,8 +30,14 @@ void PropertyRows::SetValue(int row, const QString& value, const QString& meanin
   property.value = value;
   property.meaning = meaning;
   property.valueTip = valueTip;
+  property.isMixed = false;
   const QModelIndex changed = index(row, kValue);
   Q_EMIT dataChanged(changed, changed);
+}
+
+void PropertyRows::Mix(int row, const QString& valueTip) {
+  SetValue(row, QString(), QString(), valueTip);
+  rows_[static_cast<std::size_t>(row)].isMixed = true;
 }
 
 void PropertyRows::Remove(int row) {

@@ -16,6 +16,7 @@ struct PropertyRow {
   QString meaning;  ///< of the value; empty where none is known
   QString titleTip;
   QString valueTip;
+  bool isMixed = false;  ///< the empty value stands for several ones that differ
 };
 
 /// "2001  Installationsordner"; the value alone without a meaning.
@@ -38,8 +39,10 @@ class PropertyRows : public QAbstractTableModel {
 
   /// Adds a row at the end; its key must not be present.
   void Append(PropertyRow property);
-  /// Replaces the value, its meaning and its tooltip.
+  /// Replaces the value, its meaning and its tooltip; it is no mixed one any more.
   void SetValue(int row, const QString& value, const QString& meaning, const QString& valueTip);
+  /// Makes it a mixed one.
+  void Mix(int row, const QString& valueTip);
   void Remove(int row);
   void Clear();
 

@@ -74,6 +74,12 @@ void ctlPropertyEditor::AddProperty(const QString& key, const QString& title,
                  .valueTip = hasTip ? WithMeaning(initialValue, meaning) : QString()});
 }
 
+void ctlPropertyEditor::AddMixedProperty(const QString& key, const QString& title) {
+  AddProperty(key, title, QString());
+  const int row = rows_->RowOf(key);
+  if (row >= 0) rows_->Mix(row, texts_.mixed);
+}
+
 void ctlPropertyEditor::RemoveProperty(const QString& key) {
   const int row = rows_->RowOf(key);
   if (row >= 0) rows_->Remove(row);
@@ -82,7 +88,7 @@ void ctlPropertyEditor::RemoveProperty(const QString& key) {
 void ctlPropertyEditor::SetProperty(const QString& key, const QString& newValue) {
   const int row = ExistingRow(key);
   const PropertyRow& property = rows_->At(row);
-  if (property.value == newValue) return;
+  if (property.value == newValue && !property.isMixed) return;
   const QString meaning = MeaningOf(key, newValue);
   const bool hasTip = showTooltips_ || !meaning.isEmpty();
   rows_->SetValue(row, newValue, meaning,
@@ -113,10 +119,12 @@ void ctlPropertyEditor::EditProperty(const QString& key) {
   auto reaction = EditReaction::Dialog;
   if (onEditProperty_) onEditProperty_(key, value, reaction);
   if (reaction == EditReaction::Dialog) {
-    value = AskForValue(key, value);
-  } else if (reaction == EditReaction::NotEditable) {
-    ShowNotEditable();
+    if (const std::optional<QString> confirmed = AskForValue(key, value)) {
+      SetProperty(key, *confirmed);
+    }
+    return;
   }
+  if (reaction == EditReaction::NotEditable) ShowNotEditable();
   SetProperty(key, value);
 }
 
@@ -166,16 +174,17 @@ void ctlPropertyEditor::EditRow(const QModelIndex& index) {
   tools::Guard(dialogs_, [this, key = rows_->At(index.row()).key] { EditProperty(key); });
 }
 
-QString ctlPropertyEditor::AskForValue(const QString& key, const QString& value) {
-  const QString title = rows_->At(ExistingRow(key)).title;
+std::optional<QString> ctlPropertyEditor::AskForValue(const QString& key, const QString& value) {
+  const PropertyRow property = rows_->At(ExistingRow(key));
   frmEditProperty dialog(texts_, window());
   dialog.SetEnableDefaultValue(false);
   dialog.SetValue(value);
   QString prompt = texts_.prompt;
-  dialog.SetPrompt(prompt.replace(u"%property%"_s, title));
+  dialog.SetPrompt(prompt.replace(u"%property%"_s, property.title));
   dialog.SetHelp(HelpFor(key));
+  if (property.isMixed) dialog.SetEmptyHint(texts_.mixedEdit);
   dialog.exec();
-  if (!dialog.Apply()) return GetProperty(key);
+  if (!dialog.Apply() || (property.isMixed && !dialog.IsEdited())) return std::nullopt;
   return ToQString(tools::TrimBlanks(ToUtf8(dialog.Value())));
 }
 

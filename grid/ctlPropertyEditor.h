@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "grid/GridTexts.h"
 #include "grid/KnownValues.h"
@@ -61,10 +62,15 @@ class ctlPropertyEditor : public QWidget {
   void AddProperty(const QString& key, const QString& title, const QString& initialValue,
                    std::int32_t dataType = 0, bool readOnly = false);
 
+  /// Adds a row as AddProperty does, whose value stands for several ones that differ. It is empty,
+  /// and stays so until one value for all of them is set, which may be the empty one.
+  void AddMixedProperty(const QString& key, const QString& title);
+
   /// Removes the row; an unknown key does nothing.
   void RemoveProperty(const QString& key);
 
-  /// Changes the row's value and raises PropertyChanged if the new one differs (exactly compared).
+  /// Changes the row's value and raises PropertyChanged if the new one differs (exactly compared;
+  /// any does from a mixed one).
   /// Raises tools::Error for an unknown key.
   void SetProperty(const QString& key, const QString& newValue);
 
@@ -112,8 +118,8 @@ class ctlPropertyEditor : public QWidget {
 
  private:
   void EditRow(const QModelIndex& index);
-  /// The text that the user confirmed, or the row's value when cancelled.
-  [[nodiscard]] QString AskForValue(const QString& key, const QString& value);
+  /// The text that the user confirmed; none when cancelled, or when a mixed value was left alone.
+  [[nodiscard]] std::optional<QString> AskForValue(const QString& key, const QString& value);
   void ShowNotEditable();
   [[nodiscard]] ValueHelp HelpFor(const QString& key) const;
   [[nodiscard]] QString MeaningOf(const QString& key, const QString& value) const;

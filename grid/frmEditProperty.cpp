@@ -79,11 +79,14 @@ void frmEditProperty::LayOut() {
   cmdCancel_ = buttons->button(QDialogButtonBox::Cancel);
 
   auto* fields = new QGridLayout;
+  // In one cell: a column for a button that is not there would keep its spacing.
+  auto* newValue = new QHBoxLayout;
+  newValue->addWidget(txtNewValue_);
+  newValue->addWidget(cmdBrowse_);
   fields->addWidget(lblNewValue_, 0, 0);
-  fields->addWidget(txtNewValue_, 0, 1);
-  fields->addWidget(cmdBrowse_, 0, 2);
+  fields->addLayout(newValue, 0, 1);
   fields->addWidget(lblOldValue_, 1, 0);
-  fields->addWidget(txtOldValue_, 1, 1, 1, 2);
+  fields->addWidget(txtOldValue_, 1, 1);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(lblPrompt_);
   layout->addSpacing(layout->spacing());
@@ -99,6 +102,10 @@ void frmEditProperty::LayOut() {
   setTabOrder(cmdBrowse_, txtOldValue_);
   txtNewValue_->setFocus();
 }
+
+bool frmEditProperty::IsEdited() const { return txtNewValue_->isModified(); }
+
+void frmEditProperty::SetEmptyHint(const QString& hint) { txtNewValue_->setPlaceholderText(hint); }
 
 void frmEditProperty::SetHelp(const ValueHelp& help) {
   browse_ = help.browse;

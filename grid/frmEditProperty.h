@@ -30,6 +30,12 @@ class frmEditProperty : public QDialog {
   /// The sentence above the fields.
   void SetPrompt(const QString& prompt) { prompt_ = prompt; }
 
+  /// True when the user has touched the new value, be it to the same text.
+  [[nodiscard]] bool IsEdited() const;
+
+  /// What the new-value field shows as long as it is empty.
+  void SetEmptyHint(const QString& hint);
+
   /// What the caller set; after OK, the text of the new-value field as it stands.
   [[nodiscard]] QString Value() const { return value_; }
   void SetValue(const QString& value) { value_ = value; }

@@ -58,10 +58,13 @@ void ShowFileProperties(grid::ctlPropertyEditor& grid,
   const model::ICFile& first = *entries.front();
   const std::set<std::string_view> agreeing = AgreeingFields(entries);
   for (const model::FileEntryField& field : model::FileEntryFields()) {
-    const QString value = agreeing.contains(field.name)
-                              ? tools::ToQString(model::FileEntryFieldText(first, field))
-                              : QString();
-    grid.AddProperty(tools::ToQString(field.name), Caption(field.title), value, 1,
+    const QString name = tools::ToQString(field.name);
+    if (!agreeing.contains(field.name)) {
+      grid.AddMixedProperty(name, Caption(field.title));
+      continue;
+    }
+    grid.AddProperty(name, Caption(field.title),
+                     tools::ToQString(model::FileEntryFieldText(first, field)), 1,
                      field.access == model::FileEntryField::Access::ReadOnly);
   }
   if (entries.size() == 1 && first.Type == model::ICFile::kSingleFile) {

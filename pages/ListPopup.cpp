@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+#include "tools/desktop/PopUpMenu.h"
+
 namespace pages {
 
 ListPopup::ListPopup(QAbstractItemView& list, QMenu& menu)
@@ -30,13 +32,15 @@ bool ListPopup::eventFilter(QObject* watched, QEvent* event) {
     const auto& keys = static_cast<const QKeyEvent&>(*event);
     if (keys.key() == Qt::Key_F10 && keys.modifiers() == Qt::ShiftModifier) {
       const QPoint row = list_.visualRect(list_.currentIndex()).center();
-      menu_.popup(list_.viewport()->mapToGlobal(row));
+      tools::PopUpMenu(menu_, list_.viewport()->mapToGlobal(row), tools::OpenedBy::Key);
       return true;
     }
   }
   if (event->type() == QEvent::ContextMenu) {
     const auto& request = static_cast<const QContextMenuEvent&>(*event);
-    if (request.reason() != QContextMenuEvent::Mouse) menu_.popup(request.globalPos());
+    if (request.reason() != QContextMenuEvent::Mouse) {
+      tools::PopUpMenu(menu_, request.globalPos(), tools::OpenedBy::Key);
+    }
     return true;
   }
   return QObject::eventFilter(watched, event);

@@ -26,7 +26,9 @@ grid::GridTexts Texts() {
           .newValue = Caption(Text::NewValueLabel),
           .reset = Caption(Text::ResetToDefault),
           .browse = Caption(Text::Browse),
-          .knownValues = Caption(Text::KnownValues)};
+          .knownValues = Caption(Text::KnownValues),
+          .mixed = Caption(Text::MixedValues),
+          .mixedEdit = Caption(Text::MixedValuesEdit)};
 }
 
 bool StartsEdit(const QKeyEvent& event) {

@@ -191,7 +191,9 @@ void ProjectTree::Select(const Node& node) {
 
 void ProjectTree::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton) {
-    if (SelectedItem() != nullptr) Q_EMIT MenuWanted(event->globalPosition().toPoint());
+    if (SelectedItem() != nullptr) {
+      Q_EMIT MenuWanted(event->globalPosition().toPoint(), tools::OpenedBy::Mouse);
+    }
     return;
   }
   // Any other button would select a node without its pages.
@@ -352,7 +354,8 @@ void ProjectTree::ShowMenuAtSelection() {
   const QTreeWidgetItem* item = SelectedItem();
   if (item == nullptr) return;
   const QRect area = visualItemRect(item).intersected(viewport()->rect());
-  Q_EMIT MenuWanted(viewport()->mapToGlobal(area.isNull() ? QPoint() : area.bottomLeft()));
+  const QPoint corner = area.isNull() ? QPoint() : area.bottomLeft();
+  Q_EMIT MenuWanted(viewport()->mapToGlobal(corner), tools::OpenedBy::Key);
 }
 
 }  // namespace shell

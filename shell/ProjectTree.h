@@ -7,6 +7,7 @@
 #include "shell/ErrorList.h"
 #include "shell/IconList.h"
 #include "shell/NodeKey.h"
+#include "tools/desktop/PopUpMenu.h"
 
 namespace shell {
 
@@ -52,7 +53,7 @@ class ProjectTree : public QTreeWidget {
   /// collapsing a node above the selected one.
   void NodeClicked();
   /// The user asked for the selected node's menu.
-  void MenuWanted(const QPoint& globalPosition);
+  void MenuWanted(const QPoint& globalPosition, tools::OpenedBy by);
   void PointerMoved();
   /// The user has dragged a component onto a version, or onto a component of it. Comes when the
   /// drag is over.

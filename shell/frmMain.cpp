@@ -193,7 +193,7 @@ std::unique_ptr<model::Hourglass> frmMain::ShowHourglass() {
   return hourglass;
 }
 
-void frmMain::PopUpNodeMenu(const QPoint& globalPosition) {
+void frmMain::PopUpNodeMenu(const QPoint& globalPosition, tools::OpenedBy by) {
   const std::string tag = trvProjectTree->SelectedNode().tag;
   QMenu* menu = tag == kProductTag     ? mnuPopupProduct
                 : tag == kVersionTag   ? mnuPopupVersion
@@ -201,7 +201,7 @@ void frmMain::PopUpNodeMenu(const QPoint& globalPosition) {
                                        : nullptr;
   if (menu == nullptr) return;
   menu->setAccessibleName(trvProjectTree->currentItem()->text(0));
-  menu->popup(globalPosition);
+  tools::PopUpMenu(*menu, globalPosition, by);
 }
 
 void frmMain::DeleteSelectedNode() {

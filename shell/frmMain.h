@@ -21,6 +21,7 @@
 #include "tools/Clock.h"
 #include "tools/Dialogs.h"
 #include "tools/desktop/DesktopDialogs.h"
+#include "tools/desktop/PopUpMenu.h"
 #include "tools/files/Disk.h"
 #include "tools/registry/Registry.h"
 
@@ -106,7 +107,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void OnToolButton(const QString& key);
   void FillTree(ErrorList& errors);
   void OnTabClick();
-  void PopUpNodeMenu(const QPoint& globalPosition);
+  void PopUpNodeMenu(const QPoint& globalPosition, tools::OpenedBy by);
   void DeleteSelectedNode();
   using Wanted = void (frmMain::*)(model::VersionSlot, model::OpenPages&);
   void StartWizard(model::Text title, Wanted wanted);

@@ -72,6 +72,7 @@ void frmMain::BuildEditorPane() {
   // The mark of unsaved changes makes no tab higher, which would move the page.
   const int markSize = tabDataEditor->fontMetrics().height();
   tabDataEditor->setIconSize(QSize(markSize, markSize));
+  tabDataEditor->setAccessibleName(Caption(Text::PageTabs));
   lblDataEditorTitle->setBuddy(tabDataEditor);
 
   editorLayout_ = new QVBoxLayout(picDataEditor);

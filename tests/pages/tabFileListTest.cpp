@@ -176,6 +176,23 @@ class tabFileListTest : public QObject {
     QCOMPARE(f.Stored("File1", {"ID", "TargetName"}), "c|x");
   }
 
+  void DifferentValuesAreEmptiedOnlyOnPurpose() {
+    Fixture f(kThreeEntries);
+    f.List().selectAll();
+    QVERIFY(f.Fields().contains("Quelldateiname=|"));
+    ModalScript script;
+    for (const char* button : {"cmdOK", "cmdCancel"}) {
+      script.ExpectAndPress("frmEditProperty", button);
+      DoubleClick(Grid(*f.page), RowWith(Grid(*f.page), "Quelldateiname"));
+      QVERIFY(!f.page->IsDirty());
+    }
+    Edit(script, *f.page, "Quelldateiname", " ");
+    f.page->ApplyChanges();
+    for (const char* section : {"File1", "File2", "File3"}) {
+      QCOMPARE(f.Stored(section, {"SourceName"}), "");
+    }
+  }
+
   void StepsAreUndoneAndRepeatedUntilTheyAreApplied() {
     Fixture f(kThreeEntries);
     const QString before = Rows(f.List());

@@ -89,9 +89,13 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     for (const QPoint& place : {BesideTheNodes(), program_->PlaceOf("product")}) {
       QTest::mouseClick(viewport, Qt::RightButton, {}, place);
       QCOMPARE(OpenedMenu().objectName(), "mnuPopupVersion");
+      QVERIFY(OpenedMenu().activeAction() == nullptr);
       QTest::keyClick(&OpenedMenu(), Qt::Key_Escape);
       QCOMPARE(program_->SelectedKey(), "v3");
     }
+    QTest::keyClick(&program_->Tree(), Qt::Key_F10, Qt::ShiftModifier);
+    QVERIFY(OpenedMenu().activeAction() == OpenedMenu().actions().front());
+    QTest::keyClick(&OpenedMenu(), Qt::Key_Escape);
   }
 
   void ADeletedNodeIsGoneEverywhere() {
