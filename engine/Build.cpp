@@ -100,7 +100,7 @@ class Build {
       claim_.emplace(folder.path);
       // What lies there now is what may be deleted later: nothing half moved may be among it.
       SetupStage::Recover(environment_.disk, *claim_);
-      old_ = ContentOf(folder.path);
+      old_ = ContentOf(folder.path, [this] { progress_.ThrowIfStopped(); });
       folder = AcceptContent(folder, old_, places);
     }
     if (!folder.IsAccepted()) {

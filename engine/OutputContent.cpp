@@ -170,10 +170,11 @@ std::vector<std::string> OwnNamesInTree(const BuildOptions& options, const std::
   return names;
 }
 
-OutputContent ContentOf(const std::string& folder) {
+OutputContent ContentOf(const std::string& folder, const std::function<void()>& step) {
   OutputContent content;
   if (!tools::FolderExists(folder)) return content;
-  Visit(folder, [&content](const std::string& path, tools::FolderEntry::Kind kind) {
+  Visit(folder, [&](const std::string& path, tools::FolderEntry::Kind kind) {
+    step();
     auto& list = kind == tools::FolderEntry::Kind::Folder ? content.folders : content.files;
     list.push_back(path);
     return true;

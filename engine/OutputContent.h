@@ -1,6 +1,7 @@
 // What lies in an output folder before a build, and what a build may put at its top.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,9 +22,10 @@ struct OutputContent {
   std::vector<std::string> folders;  ///< the others
 };
 
-/// Everything in the folder; nothing when it does not exist. Raises tools::Error when the folder
-/// itself cannot be read.
-[[nodiscard]] OutputContent ContentOf(const std::string& folder);
+/// Everything in the folder; nothing when it does not exist. `step` is called for each of it.
+/// Raises tools::Error when the folder itself cannot be read, and what `step` raises.
+[[nodiscard]] OutputContent ContentOf(
+    const std::string& folder, const std::function<void()>& step = [] {});
 
 /// True when ContentOf would find a file, or would fail. Stops at the first.
 [[nodiscard]] bool HoldsFiles(const std::string& folder);
