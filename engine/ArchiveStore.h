@@ -20,8 +20,7 @@ namespace engine {
 class ArchiveStore : public FileStore {
  public:
   /// `disk`, `progress` and `survey`, whose sources will be stored in their order, must outlive the
-  /// store. Members get `fileTime`, or without one
-  /// the times of their sources.
+  /// store. Members get `fileTime`, or without one the times of their sources.
   ArchiveStore(tools::Disk& disk, const std::string& archivePath,
                const tools::ArchiveOptions& options, std::optional<tools::FileTime> fileTime,
                BuildProgress& progress, const Survey& survey);

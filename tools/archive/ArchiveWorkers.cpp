@@ -39,9 +39,7 @@ ArchiveWorkers::~ArchiveWorkers() {
 }
 
 void ArchiveWorkers::Add(std::unique_ptr<ArchiveJob> job, const WaitCallback& whileWaiting) {
-  CallerWaits(whileWaiting, [this] {
-    return waiting_.size() < limits_.waitingJobs && waitingBytes_ <= limits_.waitingBytes;
-  });
+  CallerWaits(whileWaiting, [this] { return waitingBytes_ <= limits_.waitingBytes; });
   {
     const Lock lock(mutex_);
     waitingBytes_ += job->WaitingBytes();

@@ -48,8 +48,7 @@ class ArchiveWorkers {
     /// Bytes that jobs may hold between their start and their delivery. A job that could hold more
     /// runs when nothing else is held.
     std::size_t heldBytes = 0;
-    std::size_t waitingJobs = 0;   ///< jobs that are not yet begun
-    std::size_t waitingBytes = 0;  ///< what these may hold, but for the one added last
+    std::size_t waitingBytes = 0;  ///< what those not yet begun may hold, but for the last
   };
   /// Makes a thread's packer, on that thread.
   using PackerFactory = std::function<std::unique_ptr<MemberPacker>()>;

@@ -30,7 +30,6 @@ constexpr int kMaximumThreads = 8;
 // From this level on a compressor alone takes as much again.
 constexpr int kLargeLevel = 10;
 constexpr int kMaximumLargeThreads = 4;
-constexpr std::size_t kWaitingJobs = 512;
 constexpr std::size_t kWaitingBytes = 3 * kMebibyte;
 // Outcomes that may wait for their turn, beyond the blocks that the threads work on.
 constexpr std::size_t kHeldBytes = 4 * kMebibyte;
@@ -48,7 +47,6 @@ ArchiveWorkers::Limits WorkerLimits(const ArchiveOptions& options) {
   const int threads = std::clamp(wanted, 1, most);
   return {.threads = threads,
           .heldBytes = static_cast<std::size_t>(threads) * BlockBytes(options) + 2 * kHeldBytes,
-          .waitingJobs = kWaitingJobs,
           .waitingBytes = kWaitingBytes};
 }
 
@@ -82,7 +80,10 @@ class ArchiveWriter::Implementation {
                  [this, level = Level(options)] {
                    return std::make_unique<MemberPacker>(level, blockBytes_, earlier_);
                  }),
-        reportProgress_([this] { ReportProgress(); }) {}
+        reportProgress_([this] { ReportProgress(); }),
+        tellWaiting_([this] {
+          if (progress_) progress_(Totals());
+        }) {}
 
   void Expect(ReadAhead::NextSource next, ReadAhead::Duration patience) {
     ahead_ = std::make_unique<ReadAhead>(std::move(next), patience);
@@ -120,7 +121,7 @@ class ArchiveWriter::Implementation {
     if (!ahead_) return false;
     ByteBuffer& content = ContentOfSmallFiles();
     const std::size_t before = content.Size();
-    const std::optional<FileTime> modified = ahead_->AppendNext(sourcePath, content);
+    const std::optional<FileTime> modified = ahead_->AppendNext(sourcePath, content, tellWaiting_);
     if (!modified) return false;
     bytes = content.Size() - before;
     AddSmallFile(memberName, fileTime.value_or(*modified));
@@ -224,6 +225,7 @@ class ArchiveWriter::Implementation {
   ByteBuffers buffers_;
   ArchiveWorkers workers_;  // ends before what it works on
   ArchiveWorkers::WaitCallback reportProgress_;
+  ReadAhead::WaitCallback tellWaiting_;
   std::unique_ptr<SmallFilesJob> smallFiles_;
   std::unique_ptr<ReadAhead> ahead_;
   std::uint64_t reportedBytesOut_ = 0;

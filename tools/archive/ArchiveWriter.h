@@ -47,7 +47,8 @@ struct ArchiveTotals {
 /// when Finish has succeeded: until then, and after any failure, the path is as it was.
 class ArchiveWriter {
  public:
-  /// Called on the caller's own thread, inside AddFile and Finish, when members have been written.
+  /// Called on the caller's own thread, inside AddFile and Finish, when members have been written,
+  /// and several times a second while a slow source is waited for.
   /// What it raises to stop passes through; the writer can only be destroyed then.
   using ProgressCallback = std::function<void(const ArchiveTotals& soFar)>;
 
@@ -60,7 +61,8 @@ class ArchiveWriter {
   ArchiveWriter& operator=(const ArchiveWriter&) = delete;
 
   /// Tells which sources will be added, in their order, so that they can be read ahead where
-  /// reading is slow. Raises nothing; AddFile raises std::logic_error for any other order.
+  /// reading is slow; they need not all be added. The paths have to live as long as the writer.
+  /// AddFile raises std::logic_error for any other order.
   void Expect(ReadAhead::NextSource next, ReadAhead::Duration patience = ReadAhead::kPatience);
 
   /// Adds one file as member `memberName` ("/" separates folders) as it is at one moment: it is

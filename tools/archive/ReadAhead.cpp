@@ -12,10 +12,11 @@ namespace {
 
 // More than processors: the threads mostly wait.
 constexpr int kThreads = 4;
-constexpr std::size_t kBatchFiles = 16;
-constexpr std::size_t kBatchBytes = std::size_t{256} << 10U;
-constexpr std::size_t kLargestSource = std::size_t{128} << 10U;
+constexpr std::size_t kBatchFiles = 4;
 constexpr std::size_t kMostBatches = 8;
+constexpr std::size_t kLargestSource = std::size_t{128} << 10U;
+constexpr std::size_t kSample = 16;  // files that tell whether reading is slow
+constexpr std::chrono::milliseconds kWaitCallbackPeriod{50};
 
 // Appends the whole of a small source; leaves `content` as it was when that cannot be done.
 std::optional<FileTime> AppendSmall(const std::string& path, ByteBuffer& content) {
@@ -40,9 +41,10 @@ ReadAhead::~ReadAhead() {
   threads_.clear();
 }
 
-std::optional<FileTime> ReadAhead::AppendNext(const std::string& path, ByteBuffer& content) {
+std::optional<FileTime> ReadAhead::AppendNext(const std::string& path, ByteBuffer& content,
+                                              const WaitCallback& whileWaiting) {
   if (threads_.empty()) return ReadNow(path, content);
-  if (!current_ || current_->taken == current_->items.size()) WaitForBatch();
+  if (!current_ || current_->taken == current_->items.size()) WaitForBatch(whileWaiting);
   const std::size_t begin = current_->taken > 0 ? current_->items[current_->taken - 1].end : 0;
   const Batch::Item& item = current_->items[current_->taken++];
   if (item.path != path) throw std::logic_error("a source is not the next one: " + path);
@@ -56,8 +58,8 @@ std::optional<FileTime> ReadAhead::ReadNow(const std::string& path, ByteBuffer& 
   const std::optional<FileTime> modified = AppendSmall(path, content);
   // Each for itself: a sum would also grow while another program has the processor.
   if (std::chrono::steady_clock::now() - begun > patience_) ++slow_;
-  if (++readNow_ % kBatchFiles == 0) {
-    if (slow_ > kBatchFiles / 4) StartThreads();
+  if (++readNow_ % kSample == 0) {
+    if (slow_ > kSample / 4) StartThreads();
     slow_ = 0;
   }
   return modified;
@@ -75,23 +77,30 @@ void ReadAhead::StartThreads() {
 }
 
 // Returns with a batch that holds something. Raises what ended a reader.
-void ReadAhead::WaitForBatch() {
-  {
-    std::unique_lock lock(mutex_);
-    if (current_) {
-      current_->content.CutTo(0);
-      idle_.push_back(std::move(current_->content));
-    }
-    forCaller_.wait(lock, [this] {
-      const bool isNextComplete = !batches_.empty() && batches_.front()->isComplete;
-      return isNextComplete || failure_ || (batches_.empty() && isAtEnd_);
-    });
-    if (failure_) std::rethrow_exception(failure_);
-    if (batches_.empty()) throw std::logic_error("more sources than there should be");
-    current_ = std::move(batches_.front());
-    batches_.pop_front();
+void ReadAhead::WaitForBatch(const WaitCallback& whileWaiting) {
+  std::unique_lock lock(mutex_);
+  if (current_) {
+    current_->content.CutTo(0);
+    idle_.push_back(std::move(current_->content));
+    current_.reset();
   }
+  while (!forCaller_.wait_for(lock, kWaitCallbackPeriod, [this] { return IsBatchReady(); })) {
+    lock.unlock();
+    whileWaiting();
+    lock.lock();
+  }
+  if (failure_) std::rethrow_exception(failure_);
+  if (batches_.empty()) throw std::logic_error("more sources than there should be");
+  current_ = std::move(batches_.front());
+  batches_.pop_front();
+  lock.unlock();
   forReaders_.notify_one();
+}
+
+// Or there will be none.
+bool ReadAhead::IsBatchReady() const {
+  if (failure_) return true;
+  return batches_.empty() ? isAtEnd_ : batches_.front()->isComplete;
 }
 
 void ReadAhead::Work(const std::stop_token& stop) {
@@ -99,10 +108,7 @@ void ReadAhead::Work(const std::stop_token& stop) {
     while (Batch* const batch = Begin(stop)) {
       for (Batch::Item& item : batch->items) {
         if (stop.stop_requested()) return;
-        // What would take too much memory is read when it is asked for.
-        if (batch->content.Size() < kBatchBytes) {
-          item.modified = AppendSmall(std::string(item.path), batch->content);
-        }
+        item.modified = AppendSmall(std::string(item.path), batch->content);
         item.end = batch->content.Size();
       }
       const std::lock_guard lock(mutex_);

@@ -23,15 +23,18 @@
 
 namespace tools {
 
-/// Reads small sources, and once a quarter of them are slow several at a time, some files ahead of the
-/// one that is asked for. What is in the system's cache is read best one by one: more threads only
-/// take the processors from those that pack. Memory is bounded, whatever the number of sources.
+/// Reads small sources: one by one, until more than a quarter of sixteen are slow, and from then on
+/// several at a time, some files ahead of the one that is asked for. What is in the system's cache
+/// is read best one by one: more threads only take the processors from those that pack. Memory is
+/// bounded, whatever the number of sources.
 class ReadAhead {
  public:
   /// Gives the full paths in the order in which they will be asked for, and an empty one behind the
   /// last. Called by one thread at a time, but not always by the same; what it gives has to live as
   /// long as the reader.
   using NextSource = std::function<std::string_view()>;
+  /// Called every few hundredths of a second; what it raises ends the wait.
+  using WaitCallback = std::function<void()>;
   using Duration = std::chrono::steady_clock::duration;
 
   /// A file that takes longer counts as slow: a cached one takes about a quarter of it.
@@ -47,10 +50,12 @@ class ReadAhead {
   /// of change; both are of one moment since the reader was made. Nothing is appended or returned
   /// where the caller has to read it: when it is large, changes or cannot be read. Raises
   /// std::logic_error when another source is the next one, and std::bad_alloc.
-  [[nodiscard]] std::optional<FileTime> AppendNext(const std::string& path, ByteBuffer& content);
+  [[nodiscard]] std::optional<FileTime> AppendNext(const std::string& path, ByteBuffer& content,
+                                                   const WaitCallback& whileWaiting);
 
  private:
-  // Some files in one go, so that thousands of them do not cost a hand-over each.
+  // A few files in one go, so that thousands of them do not cost a hand-over each. Not more: they
+  // are read one after the other while the one who asked for the first of them may wait.
   struct Batch {
     struct Item {
       std::string_view path;
@@ -67,7 +72,8 @@ class ReadAhead {
   void StartThreads();
   void Work(const std::stop_token& stop);
   [[nodiscard]] Batch* Begin(const std::stop_token& stop);
-  void WaitForBatch();
+  void WaitForBatch(const WaitCallback& whileWaiting);
+  [[nodiscard]] bool IsBatchReady() const;
 
   NextSource next_;
   Duration patience_;
