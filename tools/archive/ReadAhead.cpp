@@ -16,7 +16,7 @@ constexpr std::size_t kBatchFiles = 4;
 constexpr std::size_t kMostBatches = 8;
 constexpr std::size_t kLargestSource = std::size_t{128} << 10U;
 constexpr std::size_t kSample = 16;  // files that tell whether reading is slow
-constexpr std::chrono::milliseconds kWaitCallbackPeriod{50};
+constexpr std::chrono::milliseconds kLongestSilence{50};
 
 // Appends the whole of a small source; leaves `content` as it was when that cannot be done.
 std::optional<FileTime> AppendSmall(const std::string& path, ByteBuffer& content) {
@@ -84,7 +84,7 @@ void ReadAhead::WaitForBatch(const WaitCallback& whileWaiting) {
     idle_.push_back(std::move(current_->content));
     current_.reset();
   }
-  while (!forCaller_.wait_for(lock, kWaitCallbackPeriod, [this] { return IsBatchReady(); })) {
+  while (!forCaller_.wait_for(lock, kLongestSilence, [this] { return IsBatchReady(); })) {
     lock.unlock();
     whileWaiting();
     lock.lock();
