@@ -2,6 +2,7 @@
 // be what a search from the beginning of the text finds, and a write may change nothing but its
 // value.
 #include <algorithm>
+#include <optional>
 #include <sstream>
 
 #include "tests/fuzz/Fuzz.h"
@@ -19,8 +20,9 @@ struct Setting {
   std::string value;
 };
 
-/// What a settings file has for a key, found in the simplest way.
-std::string Search(const std::string& content, const std::string& section, const std::string& key) {
+/// What a settings file has for a key, found in the simplest way; nothing when it lacks the key.
+std::optional<std::string> Search(const std::string& content, const std::string& section,
+                                  const std::string& key) {
   std::istringstream lines(content.substr(content.starts_with("\xEF\xBB\xBF") ? 3 : 0));
   bool inSection = false;
   for (std::string line; std::getline(lines, line);) {
@@ -40,7 +42,16 @@ std::string Search(const std::string& content, const std::string& section, const
     const bool quoted = value.size() > 1 && value.front() == '"' && value.back() == '"';
     return std::string(quoted ? value.substr(1, value.size() - 2) : value);
   }
-  return "default";
+  return std::nullopt;
+}
+
+/// The same from the file's index. A key that is missing answers with each default.
+std::optional<std::string> Read(const tools::SettingsFile& file, const std::string& section,
+                                const std::string& key) {
+  const std::string value = file.Read(section, key, "one");
+  if (value == file.Read(section, key, "another")) return value;
+  Require(value == "one", "a missing key has the default");
+  return std::nullopt;
 }
 
 /// True when nothing or a part of one line became something else: a value, or a section, a key and
@@ -67,7 +78,7 @@ void Write(tools::SettingsFile& file, const Setting& own, const std::vector<Sett
     return;
   }
   const std::string after = file.Render();
-  Require(file.Read(own.section, own.key, "default") == own.value, "a write is visible at once");
+  Require(Read(file, own.section, own.key) == own.value, "a write is visible at once");
   Require(Search(after, own.section, own.key) == own.value, "a write is stored where it is found");
   Require(IsOneChange(before, after), "a write changes one place");
   Require(after == before || Search(before, own.section, own.key) != own.value,
@@ -108,9 +119,9 @@ void tests::Fuzz(std::string_view input) {
   const std::string rendered = file.Render();
   const tools::SettingsFile again(rendered);
   for (const Setting& setting : settings) {
-    const std::string value = Search(rendered, setting.section, setting.key);
-    Require(file.Read(setting.section, setting.key, "default") == value, "it reads like its text");
-    Require(again.Read(setting.section, setting.key, "default") == value, "so it does again");
+    const std::optional<std::string> value = Search(rendered, setting.section, setting.key);
+    Require(Read(file, setting.section, setting.key) == value, "it reads like its text");
+    Require(Read(again, setting.section, setting.key) == value, "so it does again");
   }
   Require(again.Render() == rendered, "what was rendered is kept");
   file.ReplayWrites(replayed);
