@@ -133,6 +133,26 @@ class WizardStructureTest : public QObject {
     });
   }
 
+  void AFieldFarBelowIsShownWhenItHasTheFocus() {
+    ListedPages driver;
+    driver.Run("intro", [](WizardStructure& frame) {
+      Press(frame, "cmdNext");
+      QWidget& name = Child(frame, "txtName");
+      name.parentWidget()->setMinimumHeight(2000);
+      QLineEdit below(name.parentWidget());
+      below.move(0, 1900);
+      below.show();
+      QWidget::setTabOrder(&name, &below);
+      QCoreApplication::processEvents();  // the layout
+      QTest::keyClick(&name, Qt::Key_Tab);
+      QVERIFY(!below.visibleRegion().isEmpty());
+      Press(frame, "cmdBack");
+      Press(frame, "cmdNext");
+      QVERIFY(!name.visibleRegion().isEmpty());
+      frame.close();
+    });
+  }
+
   void PagesKeepTheirMarginsUnderEveryStyle() {
     ListedPages driver;
     const tools::WizardPageRegistry registry;

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -29,12 +31,36 @@ constexpr int kHeightInLines = 25;
 constexpr int kMoreLines = 5;          ///< that the frame has at first, where the screen has them
 constexpr QSize kWindowFrame(16, 48);  ///< what the window system may add around the frame
 constexpr int kButtonWidthInCharacters = 16;
+constexpr int kButtonsInWidth = 6;  ///< that the screen has room for at least
 
 QPushButton* MakeButton(const QString& name, const QString& text, QWidget* parent) {
   auto* button = new QPushButton(text, parent);
   button->setObjectName(name);
-  button->setMinimumWidth(kButtonWidthInCharacters * parent->fontMetrics().averageCharWidth());
+  button->setMinimumWidth(
+      std::min(kButtonWidthInCharacters * parent->fontMetrics().averageCharWidth(),
+               parent->screen()->availableSize().width() / kButtonsInWidth));
   return button;
+}
+
+/// Shows the page, which can be scrolled where the screen is too small for it. The scroll bar then
+/// stands in the right margin's place, not in the page's.
+QScrollArea* MakePageArea(QWidget* page, int rightMargin, QWidget* parent) {
+  auto* withMargin = new QWidget;
+  auto* layout = new QHBoxLayout(withMargin);
+  layout->setContentsMargins(0, 0, rightMargin, 0);
+  layout->addWidget(page);
+
+  auto* area = new QScrollArea(parent);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidgetResizable(true);
+  area->setWidget(withMargin);
+  // The texts above keep their height, the page takes what is left.
+  area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  area->setMinimumHeight(1);
+  for (QWidget* background : {area->viewport(), withMargin})
+    background->setAutoFillBackground(false);
+  return area;
 }
 
 QString OneKindOfLineBreak(const std::string& text) {
@@ -63,8 +89,9 @@ WizardStructure::WizardStructure(WizardDriver& driver, const WizardPageRegistry&
   const int unit = fontMetrics().height();
   // Margins of the frame itself are lost where a style is set before it has its size.
   auto* around = new QVBoxLayout;
-  around->setContentsMargins(unit * 5 / 4, unit, unit * 5 / 4, unit);
-  around->addWidget(content_);
+  around->setContentsMargins(unit * 5 / 4, unit, 0, unit);
+  pageArea_ = MakePageArea(content_, unit * 5 / 4, this);
+  around->addWidget(pageArea_);
 
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -143,6 +170,7 @@ void WizardStructure::Show(std::string key, std::vector<std::string> visited) {
   page_ = std::move(page);
   visited_ = std::move(visited);
   content_->setCurrentWidget(control != nullptr ? control : emptyPage_);
+  pageArea_->verticalScrollBar()->setValue(0);
   Describe(page_);
   FocusFirst(control);
   driver_.EnterPage({comingFrom, current_, control, store_});

@@ -15,6 +15,7 @@
 
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QStackedWidget;
 class QBoxLayout;
 
@@ -68,6 +69,7 @@ class WizardStructure : public QDialog {
   WizardHeader* header_;
   QLabel* lblStepBar_;
   QStackedWidget* content_;
+  QScrollArea* pageArea_ = nullptr;
   QWidget* emptyPage_;
   QPushButton* cmdBack_;
   QPushButton* cmdNext_;
