@@ -22,12 +22,12 @@ QTreeView& Files(const QWidget& window) {
   return *window.findChild<QTreeView*>(QStringLiteral("lsvBrowser"));
 }
 
-/// Opens the dialog for the target folder of the selected entry.
-void EditTarget(const QWidget& window, const Act& act) {
+/// Opens the dialog for a property of the selected entries.
+void Edit(const QWidget& window, Text property, const Act& act) {
   auto& page = *window.findChild<QWidget*>(QStringLiteral("EditorTab1"));
   auto& grid = *page.findChild<QAbstractItemView*>(QStringLiteral("lsvProps"));
-  const QModelIndexList row = grid.model()->match(grid.model()->index(0, 0), Qt::DisplayRole,
-                                                  Caption(Text::EntryTargetFolder));
+  const QModelIndexList row =
+      grid.model()->match(grid.model()->index(0, 0), Qt::DisplayRole, Caption(property));
   WithModals([&] { DoubleClickRow(grid, row.front()); }, {act});
 }
 
@@ -58,7 +58,7 @@ bool ScanPicture(const QWidget& window, const QDir& product, const QDir& folder)
 bool ValuePicture(const QWidget& window, const QDir& folder) {
   bool stored = false;
   ClickRow(Files(window), Files(window).model()->index(0, 0));
-  EditTarget(window, [&](QDialog& dialog) {
+  Edit(window, Text::EntryTargetFolder, [&](QDialog& dialog) {
     auto& field = *dialog.findChild<QLineEdit*>(QStringLiteral("txtNewValue"));
     field.clear();
     PressKey(field, Qt::Key_Down);
@@ -70,9 +70,24 @@ bool ValuePicture(const QWidget& window, const QDir& folder) {
   return stored;
 }
 
+/// Two entries, and the form for a property in which they differ.
+bool SeveralPictures(const QWidget& window, const QDir& folder) {
+  QTreeView& files = Files(window);
+  ClickRow(files, files.model()->index(0, 0));
+  files.selectionModel()->select(files.model()->index(1, 0),
+                                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  bool stored = PagePicture(window, 1, folder, QStringLiteral("file-several"));
+  Edit(window, Text::EntrySelfRegister, [&](QDialog& dialog) {
+    stored = stored && StorePicture(dialog, folder, QStringLiteral("mixed-value"));
+    dialog.reject();
+  });
+  ClickRow(files, files.model()->index(0, 0));
+  return stored;
+}
+
 /// A folder without entries, one of which has an unknown one; undone in the end.
 bool EmptyFolderPictures(const QWidget& window, const QDir& folder) {
-  EditTarget(window, [](QDialog& dialog) {
+  Edit(window, Text::EntryTargetFolder, [](QDialog& dialog) {
     dialog.findChild<QLineEdit*>(QStringLiteral("txtNewValue"))->setText(QStringLiteral("0"));
     dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
   });
@@ -92,7 +107,8 @@ bool EmptyFolderPictures(const QWidget& window, const QDir& folder) {
 
 bool FilePictures(shell::frmMain& window, const QDir& product, const QDir& folder) {
   return FilterPicture(window, folder) && ScanPicture(window, product, folder) &&
-         ValuePicture(window, folder) && EmptyFolderPictures(window, folder);
+         ValuePicture(window, folder) && SeveralPictures(window, folder) &&
+         EmptyFolderPictures(window, folder);
 }
 
 }  // namespace screenshots
