@@ -172,7 +172,9 @@ class Build {
     if (const std::optional<tools::Error> failure = store->Finish()) {
       isIncomplete_ = true;
       NoteDiskFull(failure->Cause());
-      log_.LogError("Unable to compress setup files", {}, stage_->WithUsersPaths(failure->what()));
+      const std::string cause = stage_->WithUsersPaths(failure->what());
+      log_.LogError("Unable to compress setup files", {},
+                    "Die Dateien können nicht verpackt werden: " + cause, cause);
     }
     summary_.stored = store->Totals();
     progress_.Finish();
@@ -215,19 +217,24 @@ class Build {
   }
 
   void CopyPrograms() {
-    if (options_.includeWrapper)
-      CopyProgram(tools::kWrapperSource, tools::kWrapperName, "setup wrapper");
+    if (options_.includeWrapper) {
+      CopyProgram(tools::kWrapperSource, tools::kWrapperName, "setup wrapper",
+                  "Das ausführbare Installationsprogramm");
+    }
     if (options_.includeRuntime) {
-      CopyProgram(tools::kRuntimeName, tools::kRuntimeName, "Tessel installer");
+      CopyProgram(tools::kRuntimeName, tools::kRuntimeName, "Tessel installer",
+                  "Das Installationsprogramm für Tessel");
     }
   }
 
-  void CopyProgram(std::string_view name, std::string_view targetName, const std::string& what) {
+  void CopyProgram(std::string_view name, std::string_view targetName, const std::string& what,
+                   const std::string& userWhat) {
     const tools::CopyResult copy =
         tools::CopyFile(tools::JoinPath(environment_.programFolder, name), InStage(targetName));
     if (copy.Succeeded()) return;
     NoteDiskFull(copy.cause);
-    log_.LogError("Unable to copy " + what + " to output folder: " + copy.errorText);
+    log_.LogError("Unable to copy " + what + " to output folder: " + copy.errorText, {},
+                  userWhat + " kann nicht in den Ausgabeordner kopiert werden: " + copy.errorText);
   }
 
   void NoteDiskFull(std::error_code cause) {

@@ -1,6 +1,7 @@
 #include "engine/BuildLog.h"
 
 #include <limits>
+#include <utility>
 
 #include "tools/Error.h"
 #include "tools/SetupNames.h"
@@ -42,16 +43,25 @@ void BuildLog::EndBuildLog() {
   file_.reset();
 }
 
-void BuildLog::LogWarning(std::string_view text, const Place& place) {
+void BuildLog::LogWarning(std::string_view text, const Place& place, std::string_view userText) {
   Append("Warning: ", text);
   CountUp(warnings_);
-  Tell(Severity::Warning, text, place, {});
+  BuildMessage message;
+  message.severity = Severity::Warning;
+  message.text = text;
+  message.userText = userText;
+  Tell(std::move(message), place);
 }
 
-void BuildLog::LogError(std::string_view text, const Place& place, std::string_view detail) {
+void BuildLog::LogError(std::string_view text, const Place& place, std::string_view userText,
+                        std::string_view detail) {
   Append("ERROR: ", text);
   CountUp(errors_);
-  Tell(Severity::Error, text, place, detail);
+  BuildMessage message;
+  message.text = text;
+  message.userText = userText;
+  message.detail = detail;
+  Tell(std::move(message), place);
 }
 
 void BuildLog::Append(std::string_view prefix, std::string_view text) {
@@ -66,12 +76,7 @@ void BuildLog::WriteOut() {
   unwritten_.clear();
 }
 
-void BuildLog::Tell(Severity severity, std::string_view text, const Place& place,
-                    std::string_view detail) {
-  BuildMessage message;
-  message.severity = severity;
-  message.text = text;
-  message.detail = detail;
+void BuildLog::Tell(BuildMessage message, const Place& place) {
   message.component = place.component;
   message.componentTitle = place.componentTitle;
   message.entry = place.entry;

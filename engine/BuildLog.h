@@ -43,9 +43,11 @@ class BuildLog {
 
   // These raise tools::Error when the file cannot be written, or the count overflows.
 
-  void LogWarning(std::string_view text, const Place& place = {});
-  /// `detail` is for the observer alone: a cause that the text does not hold.
-  void LogError(std::string_view text, const Place& place = {}, std::string_view detail = {});
+  // `userText` and `detail`, a cause that the text does not hold, are for the observer alone.
+
+  void LogWarning(std::string_view text, const Place& place, std::string_view userText);
+  void LogError(std::string_view text, const Place& place, std::string_view userText,
+                std::string_view detail = {});
 
   [[nodiscard]] std::int32_t ErrorCount() const { return errors_; }
   [[nodiscard]] std::int32_t WarningCount() const { return warnings_; }
@@ -53,7 +55,7 @@ class BuildLog {
  private:
   void Append(std::string_view prefix, std::string_view text);
   void WriteOut();
-  void Tell(Severity severity, std::string_view text, const Place& place, std::string_view detail);
+  void Tell(BuildMessage message, const Place& place);
 
   const tools::Clock& clock_;
   BuildObserver& observer_;

@@ -30,9 +30,9 @@ class Collector {
   void LogProblems(std::span<const SurveyProblem> problems, const Place& place) {
     for (const SurveyProblem& problem : problems) {
       if (problem.severity == Severity::Warning) {
-        log_.LogWarning(problem.logText, place);
+        log_.LogWarning(problem.logText, place, problem.userText);
       } else {
-        log_.LogError(problem.logText, place, problem.detail);
+        log_.LogError(problem.logText, place, problem.userText, problem.detail);
       }
     }
   }
@@ -45,17 +45,21 @@ class Collector {
       diskFull_ = diskFull_ || tools::IsDiskFull(stored.copy.cause);
       std::string text = "Unable to copy file " + quoted + " to ";
       log_.LogError(text.append(store_.PlaceName()).append(": ").append(stored.copy.errorText),
-                    place);
+                    place,
+                    "Die Quelldatei kann nicht übernommen werden: " + quoted + " (" +
+                        stored.copy.errorText + ")");
       return;
     }
     if (!stored.replaced.empty()) {
       std::string text = "File " + quoted + " replaces '" + stored.replaced;
-      log_.LogWarning(text.append("': both are stored as '").append(stored.name).append("'"),
-                      place);
+      log_.LogWarning(text.append("': both are stored as '").append(stored.name).append("'"), place,
+                      "Die Datei " + quoted + " ersetzt '" + stored.replaced +
+                          "': Beide haben den Ablagenamen '" + stored.name + "'");
     }
     if (!names_.Record(entry.ID, path, stored.name)) {
       log_.LogWarning(
-          "Stored name of " + quoted + " is already recorded under ID '" + entry.ID + "'", place);
+          "Stored name of " + quoted + " is already recorded under ID '" + entry.ID + "'", place,
+          "Der Ablagename von " + quoted + " ist unter der ID '" + entry.ID + "' schon vermerkt");
     }
   }
 

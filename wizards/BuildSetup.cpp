@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <string_view>
+#include <utility>
 
 #include "engine/Build.h"
 #include "model/TextTable.h"
@@ -31,11 +32,15 @@ class DesktopBuild : public engine::BuildObserver {
         notice_(dialogs_, LoadText(Text::BuildingSetup), LoadText(Text::ReallyStopBuild)) {}
 
   void OnMessage(const engine::BuildMessage& message) override {
-    if (result_.messages.size() < engine::BuildResult::kMostMessages) {
-      result_.messages.push_back(message);
-    } else {
+    if (result_.messages.size() >= engine::BuildResult::kMostMessages) {
       ++result_.furtherMessages;
+      return;
     }
+    result_.messages.push_back(message);
+    engine::BuildMessage& shown = result_.messages.back();
+    if (shown.userText.empty()) return;
+    shown.text = std::exchange(shown.userText, {});
+    shown.detail.clear();
   }
 
   void OnProgress(const tools::Progress& progress) override {

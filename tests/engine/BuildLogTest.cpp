@@ -12,7 +12,7 @@ TEST_F(BuildLogTest, IsWrittenAsItGrows) {
   log.WriteTo(faulty, folder_.Path("build.log"));
   faulty.FailAt(FaultyDisk::Step::Write, 3);
   const auto fillUp = [&] {
-    for (int i = 0; i < 1000; ++i) log.LogWarning(std::string(1000, 'x'));
+    for (int i = 0; i < 1000; ++i) log.LogWarning(std::string(1000, 'x'), {}, {});
   };
   EXPECT_THAT(ErrorOf(fillUp), HasSubstr(folder_.Path("build.log")));
   EXPECT_LT(log.WarningCount(), 300);
