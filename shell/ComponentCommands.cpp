@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMimeData>
+#include <algorithm>
 #include <utility>
 
 #include "model/TextTable.h"
@@ -99,10 +100,13 @@ std::vector<ShownComponent> ComponentCommands::Selected() const {
 void ComponentCommands::PutOnClipboard(Transfer transfer) {
   const bool move = transfer == Transfer::Move;
   const std::vector<ShownComponent> components = Selected();
-  if (components.empty() || (move && tree_.SelectedNode().tag != kComponentTag)) return;
+  if (components.empty() || (move && tree_.SelectedNode().tag != kComponentTag)) {
+    services_.showStatus(LoadText(Text::SelectComponentFirst));
+    return;
+  }
   QGuiApplication::clipboard()->setMimeData(Pack(components, transfer));
-  // Copies are made of what is saved.
-  if (services_.operations.IsDirty()) {
+  // Copies are made of what is saved; a move offers to save first.
+  if (!move && services_.operations.IsDirty()) {
     services_.showStatus(LoadText(Text::SavedStateIsCopied));
   } else {
     services_.showStatus(
@@ -146,7 +150,11 @@ std::vector<ShownComponent> ComponentCommands::OnClipboard(Transfer* transfer) c
 void ComponentCommands::Paste() {
   auto transfer = Transfer::Copy;
   const std::vector<ShownComponent> components = OnClipboard(&transfer);
-  if (!components.empty()) Place(components, transfer, tree_.SelectedNode());
+  if (components.empty()) {
+    services_.showStatus(LoadText(Text::NothingToPaste));
+  } else {
+    Place(components, transfer, tree_.SelectedNode());
+  }
 }
 
 void ComponentCommands::Place(const std::vector<ShownComponent>& components, Transfer transfer,
@@ -160,6 +168,7 @@ void ComponentCommands::Place(const std::vector<ShownComponent>& components, Tra
   }
   if (!move) {
     services_.components.Copy(components, version);
+    ShowSelectedNode();
     return;
   }
   if (!services_.closePages()) return;
@@ -169,12 +178,29 @@ void ComponentCommands::Place(const std::vector<ShownComponent>& components, Tra
   services_.openNode(slot != 0 ? ComponentNode(version, slot) : tree_.SelectedNode());
   if (slot == 0) return;
   QGuiApplication::clipboard()->clear();
-  services_.showStatus(services_.components.WhereText({components.front().shownTitle}, version));
+  const std::string& title = components.front().shownTitle;
+  services_.showStatus(services_.components.WhereText({title}, version) +
+                       (IsTitleOfSeveral(title, version) ? LoadText(Text::OtherHasSameTitle) : ""));
 }
+
+bool ComponentCommands::IsTitleOfSeveral(const std::string& title,
+                                         model::VersionSlot version) const {
+  const std::vector<ShownComponent> all = services_.components.ComponentsOf(version);
+  return std::count_if(all.begin(), all.end(),
+                       [&](const ShownComponent& each) { return each.shownTitle == title; }) > 1;
+}
+
+// A refresh unfolds the latest version alone.
+void ComponentCommands::ShowSelectedNode() { tree_.SelectNode(tree_.SelectedNode()); }
 
 void ComponentCommands::Rename() {
   const std::vector<ShownComponent> selected = Selected();
-  if (tree_.SelectedNode().tag == kComponentTag) services_.components.Rename(selected.front());
+  if (tree_.SelectedNode().tag != kComponentTag) {
+    services_.showStatus(LoadText(Text::SelectComponentFirst));
+    return;
+  }
+  services_.components.Rename(selected.front());
+  ShowSelectedNode();
 }
 
 void ComponentCommands::TakeOver(model::VersionSlot version) {

@@ -55,6 +55,8 @@ class ComponentCommands : public QObject {
   void PutOnClipboard(Transfer transfer);
   void Paste();
   void Rename();
+  void ShowSelectedNode();
+  [[nodiscard]] bool IsTitleOfSeveral(const std::string& title, model::VersionSlot version) const;
   /// Copies or moves into the version of `target`.
   void Place(const std::vector<model::ShownComponent>& components, Transfer transfer,
              const Node& target);

@@ -177,16 +177,20 @@ QTreeWidgetItem* ProjectTree::Find(const Node& node) const {
 
 bool ProjectTree::SelectNode(const Node& node) {
   QTreeWidgetItem* item = Find(node);
-  if (item != nullptr) setCurrentItem(item);
-  return item != nullptr;
+  if (item == nullptr) return false;
+  setCurrentItem(item);
+  scrollToItem(item);  // expands those above it, of a node too that was selected while hidden
+  return true;
 }
 
 void ProjectTree::Select(const Node& node) {
   QTreeWidgetItem* item = Find(node);
   if (item == nullptr) return;
-  // Making a hidden node the current one would expand those above it.
+  // To scroll to a hidden node would expand those above it.
   const QTreeWidgetItem* parent = item->parent();
-  if (parent == nullptr || parent->isExpanded()) setCurrentItem(item);
+  setAutoScroll(parent == nullptr || parent->isExpanded());
+  setCurrentItem(item);
+  setAutoScroll(true);
 }
 
 void ProjectTree::mousePressEvent(QMouseEvent* event) {

@@ -35,7 +35,7 @@ class ProjectTree : public QTreeWidget {
   void Fill(const model::ModProject& project, model::VersionSlot latestVersion, ErrorList& errors);
   /// Changes the product node's text.
   void SetProductTitle(const std::string& title);
-  /// Selects that node where it is visible.
+  /// Selects that node; those above it stay folded.
   void Select(const Node& node);
   /// Marks that node alone as one with unsaved changes; a default node: none.
   void MarkChanged(const Node& node);

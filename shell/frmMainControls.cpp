@@ -143,7 +143,7 @@ ComponentCommands* frmMain::MakeComponentCommands() {
                             },
                         .openNode =
                             [this](const Node& node) {
-                              trvProjectTree->Select(node);
+                              trvProjectTree->SelectNode(node);
                               UpdateEditor();
                             },
                         .showStatus = [this](const std::string& text) { ShowStatusText(text); }});

@@ -131,14 +131,32 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     Press(QKeySequence::Cut);
     program_->Click("v1");
     Press(QKeySequence::Paste);
+    QCOMPARE(program_->SelectedKey(), "v1c2");
     Press(QKeySequence::Paste);
-    const QString moved = "|[v1c1=Alt]|[v1c2=Programm (Kopie)]|v3=Version 1.10.0|[v3c2=Kern]|";
+    QCOMPARE(Status(), "In der Zwischenablage sind keine Komponenten dieses Produkts.");
+    const QString moved =
+        "|v1=Version 1.0.0|[v1c1=Alt]|[v1c2=Programm (Kopie)]|v3=Version 1.10.0|[v3c2=Kern]|";
     QVERIFY2(program_->Nodes().contains(moved), qPrintable(program_->Nodes()));
     Drop("v3c2", "v1", Qt::ControlModifier);
+    QCOMPARE(program_->SelectedKey(), "v1c2");
     Drop("v3c2", "v3", Qt::NoModifier);
+    Drop("v1c3", "v3", Qt::NoModifier);
+    QVERIFY(Status().endsWith("Kern (Eine andere Komponente der Version heißt auch so.)"));
     Drop("v3c2", "v4", Qt::NoModifier);
-    const QString dropped = "|[v1c3=Kern]|v3=Version 1.10.0|[v4=Version 1.9.0]|[v4c1=Kern]";
+    const QString dropped = "|v3=Version 1.10.0|[v3c1=Kern]|v4=Version 1.9.0|[v4c1=Kern]";
     QVERIFY2(program_->Nodes().endsWith(dropped), qPrintable(program_->Nodes()));
+  }
+
+  void ARefreshKeepsTheSelectionInAFoldedVersion() {
+    program_->Open(product_);
+    program_->Tree().topLevelItem(0)->child(0)->setExpanded(true);
+    program_->Click("v1c1");
+    program_->window.UpdateTree();
+    QCOMPARE(program_->Nodes(), kNodes);
+    QCOMPARE(program_->SelectedKey(), "v1c1");
+    dialogs_->ExpectInputBox(Text::EnterOtherComponentTitle, "Neu");
+    Press(Qt::Key_F2);
+    QVERIFY(program_->Nodes().contains("|v1=Version 1.0.0|[v1c1=Neu]|"));
   }
 
   void TheVersionThatADropReachesIsFramed() {
