@@ -63,7 +63,7 @@ DesktopProgram::DesktopProgram(tools::Dialogs* dialogs)
                    tools::Guarded(dialogs_, [this](model::VersionSlot version) {
                      window_.Results().Check(wizards_.CheckOf(version),
                                              project_.VersionString(version),
-                                             operations_.IsDirty());
+                                             operations_.HasUnsaved());
                    }));
   QObject::connect(
       qGuiApp, &QGuiApplication::commitDataRequest, &window_,
@@ -97,7 +97,7 @@ bool DesktopProgram::MayEndSession() {
 }
 
 void DesktopProgram::OnSessionEnd(QSessionManager& session) {
-  if (!operations_.IsDirty() || !session.allowsInteraction()) return;
+  if (!operations_.HasUnsaved() || !session.allowsInteraction()) return;
   if (MayEndSession()) {
     session.release();
   } else {

@@ -50,6 +50,9 @@ class OpenPage {
   /// True when the page holds changes that are not in the settings.
   [[nodiscard]] virtual bool IsDirty() const = 0;
   virtual void SetDirty(bool dirty) = 0;
+  /// IsDirty, or the last ApplyChanges with changes failed: whoever marks the page as unchanged
+  /// then does not make it so.
+  [[nodiscard]] virtual bool IsUnsaved() const = 0;
 };
 
 /// The pages of the selected tree node.

@@ -118,38 +118,43 @@ void ModProjectOperations::CloseProduct() {
 }
 
 bool ModProjectOperations::CloseProductAfterWarning() {
-  if (!MayDropChanges()) return false;
+  if (IsDirty() && !MayDropChanges()) return false;
   CloseProduct();
   return true;
 }
 
 bool ModProjectOperations::MayDropChanges() {
-  return !IsDirty() ||
+  return !HasUnsaved() ||
          Ask(LoadText(Text::UnsavedChangesAreLost), tools::StandardText(tools::kTextWarning),
              tools::MessageButtons::OkCancel, tools::MessageAnswer::Ok) == tools::MessageAnswer::Ok;
 }
 
-std::vector<std::string> ModProjectOperations::SaveAllPages() {
-  std::vector<std::string> failed;
-  if (!project_.IsOpen()) return failed;
+void ModProjectOperations::SaveAllPages() {
+  if (!project_.IsOpen()) return;
   const std::unique_ptr<Hourglass> hourglass = desktop_.view.ShowHourglass();
   for (std::int32_t i = 1; i <= desktop_.pages.Count(); ++i) {
     OpenPage& page = desktop_.pages.Item(i);
     try {
       page.ApplyChanges();
     } catch (const std::exception& error) {
-      failed.push_back(page.Title());
       Refuse(error.what(), tools::StandardText(tools::kTextError));
     }
     page.SetDirty(false);
   }
-  return failed;
 }
 
 bool ModProjectOperations::IsDirty() const {
   if (!project_.IsOpen()) return false;
   for (std::int32_t i = 1; i <= desktop_.pages.Count(); ++i) {
     if (desktop_.pages.Item(i).IsDirty()) return true;
+  }
+  return false;
+}
+
+bool ModProjectOperations::HasUnsaved() const {
+  if (!project_.IsOpen()) return false;
+  for (std::int32_t i = 1; i <= desktop_.pages.Count(); ++i) {
+    if (desktop_.pages.Item(i).IsUnsaved()) return true;
   }
   return false;
 }

@@ -34,13 +34,14 @@ class ModProjectOperations {
   void CloseProduct();
   /// The same, with a warning first when pages hold changes. False when the user cancelled it.
   bool CloseProductAfterWarning();
-  /// Asks whether the pages' changes, where there are some, may be lost; closes nothing.
+  /// Asks whether what HasUnsaved tells of may be lost; closes nothing.
   [[nodiscard]] bool MayDropChanges();
   /// Applies every page, in order. A page that fails is reported and counts as saved all the same.
-  /// Returns the titles of those that failed.
-  std::vector<std::string> SaveAllPages();
+  void SaveAllPages();
   /// True when some page holds changes.
   [[nodiscard]] bool IsDirty() const;
+  /// True when some page holds changes, those that could not be saved included.
+  [[nodiscard]] bool HasUnsaved() const;
 
   /// The slot of the highest version, 0 when there is none; of equal ones the first.
   [[nodiscard]] VersionSlot LatestVersion() const;

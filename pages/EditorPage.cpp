@@ -7,12 +7,19 @@ void EditorPage::ApplyChanges() {
   try {
     host_->InOneWrite(*this, [this] { WriteSettings(); });
   } catch (...) {
+    hasFailed_ = IsUnsaved();
     Q_EMIT SaveFailed();
     throw;
   }
   SettingsWritten();
-  SetDirty(false);
+  MatchesStored();
   Q_EMIT Saved();
+}
+
+void EditorPage::MatchesStored() {
+  dirty_ = false;
+  hasFailed_ = false;
+  Q_EMIT DirtyChanged();
 }
 
 void EditorPage::SetDirty(bool dirty) {

@@ -70,9 +70,10 @@ class EditorPage : public QWidget, public model::OpenPage {
   void ApplyChanges() final;
   [[nodiscard]] bool IsDirty() const override { return dirty_; }
   void SetDirty(bool dirty) override;
+  [[nodiscard]] bool IsUnsaved() const override { return IsDirty() || hasFailed_; }
 
  Q_SIGNALS:
-  /// IsDirty has changed.
+  /// IsDirty or IsUnsaved may have changed.
   void DirtyChanged();
   /// ApplyChanges has ended, the second by an error, which its caller reports.
   void Saved();
@@ -86,6 +87,9 @@ class EditorPage : public QWidget, public model::OpenPage {
   /// writing: a write that fails must leave what the user typed.
   virtual void SettingsWritten() {}
 
+  /// The page shows what is stored, again: IsUnsaved ends.
+  void MatchesStored();
+
   [[nodiscard]] PageHost* Host() const { return host_; }
   /// Passes a hint to the host, if there is one.
   void StatusTextChanged(const std::string& text);
@@ -93,6 +97,7 @@ class EditorPage : public QWidget, public model::OpenPage {
  private:
   PageHost* host_ = nullptr;
   bool dirty_ = false;
+  bool hasFailed_ = false;  ///< changes could not be saved
 };
 
 }  // namespace pages

@@ -66,7 +66,7 @@ void tabFileList::ConnectEvents() {
           &tabFileList::ShowChosenFolder);
   connect(document_, &FileListDocument::Changed, this, &tabFileList::ShowChange);
   connect(&document_->Steps(), &QUndoStack::indexChanged, this,
-          [this] { SetDirty(!document_->Steps().isClean()); });
+          [this] { document_->Steps().isClean() ? MatchesStored() : SetDirty(true); });
   new ListPopup(*lsvBrowser, *mnuPopup);
   connect(mnuPopup, &QMenu::aboutToShow, this, &tabFileList::EnableMenuItems);
   connect(new FileDrop(*this), &FileDrop::Dropped, this,

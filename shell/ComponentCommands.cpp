@@ -106,7 +106,7 @@ void ComponentCommands::PutOnClipboard(Transfer transfer) {
   }
   QGuiApplication::clipboard()->setMimeData(Pack(components, transfer));
   // Copies are made of what is saved; a move offers to save first.
-  if (!move && services_.operations.IsDirty()) {
+  if (!move && services_.operations.HasUnsaved()) {
     services_.showStatus(LoadText(Text::SavedStateIsCopied));
   } else {
     services_.showStatus(

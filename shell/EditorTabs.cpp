@@ -21,6 +21,12 @@ using model::Text;
 
 namespace {
 
+void Apply(pages::EditorPage& page) {
+  const tools::WaitCursor hourglass;
+  tools::PaintWithoutUserInput();
+  page.ApplyChanges();
+}
+
 /// The author chose to keep what another program did to the file.
 class OverwritingRefused : public tools::Error {
  public:
@@ -51,22 +57,41 @@ void EditorTabs::Reset(bool ask) {
   }
 }
 
-void EditorTabs::OfferChanges(pages::EditorPage& page) {
+bool EditorTabs::OfferUnsaved() {
+  std::vector<pages::EditorPage*> unwanted;
+  for (const auto& page : pages_) {
+    if (!page->IsUnsaved()) continue;
+    if (!IsApplyingWanted(*page)) {
+      unwanted.push_back(page.get());
+      continue;
+    }
+    try {
+      Apply(*page);
+    } catch (const std::exception& error) {
+      tools::ShowError(dialogs_, error.what());
+      return false;
+    }
+  }
+  for (pages::EditorPage* page : unwanted) page->SetDirty(false);
+  return true;
+}
+
+bool EditorTabs::IsApplyingWanted(const pages::EditorPage& page) {
   const std::string question =
       tools::ReplaceAll(model::LoadText(Text::ApplyPageChanges), "%title%", page.Title());
-  if (dialogs_.ShowMessage({.text = question,
-                            .caption = tools::StandardText(tools::kTextQuestion),
-                            .icon = tools::MessageIcon::Question,
-                            .buttons = tools::MessageButtons::YesNo,
-                            .defaultAnswer = tools::MessageAnswer::Yes}) !=
-      tools::MessageAnswer::Yes) {
-    return;
-  }
+  return dialogs_.ShowMessage({.text = question,
+                               .caption = tools::StandardText(tools::kTextQuestion),
+                               .icon = tools::MessageIcon::Question,
+                               .buttons = tools::MessageButtons::YesNo,
+                               .defaultAnswer = tools::MessageAnswer::Yes}) ==
+         tools::MessageAnswer::Yes;
+}
+
+void EditorTabs::OfferChanges(pages::EditorPage& page) {
+  if (!IsApplyingWanted(page)) return;
   std::string refusal;
   try {
-    const tools::WaitCursor hourglass;
-    tools::PaintWithoutUserInput();
-    page.ApplyChanges();
+    Apply(page);
   } catch (const OverwritingRefused& error) {
     // Reported although other failures are not: the page is removed, and its changes are lost.
     refusal = error.what();

@@ -47,6 +47,10 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   /// shown. A page that cannot tell whether it has changes ends the removal: it and the pages
   /// behind it stay.
   void Reset(bool ask) override;
+  /// Offers each page that IsUnsaved for applying, those that count as unchanged too. False when
+  /// one could not be applied, which is shown: the pages hold what they held then. What the author
+  /// does not want applied is not offered again by Reset.
+  [[nodiscard]] bool OfferUnsaved();
   /// Makes the pages of a node, hidden: each is a control of the class "Packwright." and its name,
   /// under the name "EditorTab" and its position in the list, and has read its settings. A page
   /// that cannot be made or read is left out, and the reason reported. Several pages with the same
@@ -79,6 +83,7 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   [[nodiscard]] std::vector<std::string> MakePages(std::string_view pageList);
   [[nodiscard]] std::unique_ptr<pages::EditorPage> MakePage(const std::string& pageName,
                                                             const QString& controlName);
+  [[nodiscard]] bool IsApplyingWanted(const pages::EditorPage& page);
   void OfferChanges(pages::EditorPage& page);
   /// Asks whether saving this page may undo what another program did to the file; raises
   /// tools::Error when it may not.

@@ -33,70 +33,68 @@ UnsavedMarks::UnsavedMarks(QMainWindow& window, ProjectTree& tree, QTabBar& tabs
 void UnsavedMarks::Begin(const QString& caption) {
   caption_ = caption;
   savedAt_.clear();
-  failed_.clear();
   Show();
 }
 
 void UnsavedMarks::Watch(EditorTabs& pages, const Node& node) {
+  // What could not be saved is gone with its page: a time would promise that it is stored.
+  if (hasFailed_) savedAt_.clear();
   pages_.clear();
-  failed_.clear();
   node_ = node;
   for (std::int32_t i = 1; i <= pages.Count(); ++i) {
     pages::EditorPage* page = &pages.Item(i);
     pages_.emplace_back(page);
     disconnect(page, nullptr, this, nullptr);  // a page that could not be removed is connected
     connect(page, &pages::EditorPage::DirtyChanged, this, &UnsavedMarks::Show);
-    connect(page, &pages::EditorPage::Saved, this, [this, page] { OnSaved(page); });
-    connect(page, &pages::EditorPage::SaveFailed, this, [this, page] { OnSaveFailed(page); });
+    connect(page, &pages::EditorPage::Saved, this, &UnsavedMarks::OnSaved);
+    connect(page, &pages::EditorPage::SaveFailed, this, &UnsavedMarks::Show);
   }
   Show();
 }
 
-void UnsavedMarks::OnSaved(const pages::EditorPage* page) {
-  failed_.remove(page);
+void UnsavedMarks::OnSaved() {
   savedAt_ = QTime::currentTime().toString(QStringLiteral("HH:mm"));
-  Show();
-}
-
-void UnsavedMarks::OnSaveFailed(const pages::EditorPage* page) {
-  failed_.insert(page);
   Show();
 }
 
 void UnsavedMarks::Show() {
   bool anyDirty = false;
+  hasFailed_ = false;
   for (std::size_t i = 0; i < pages_.size(); ++i) {
-    const bool dirty = pages_[i] != nullptr && pages_[i]->IsDirty();
-    MarkTab(static_cast<int>(i), dirty);
+    const bool unsaved = pages_[i] != nullptr && pages_[i]->IsUnsaved();
+    const bool dirty = unsaved && pages_[i]->IsDirty();
+    MarkTab(static_cast<int>(i), unsaved);
     anyDirty = anyDirty || dirty;
+    hasFailed_ = hasFailed_ || (unsaved && !dirty);
   }
-  tree_.MarkChanged(anyDirty ? node_ : Node());
-  MarkWindow(anyDirty);
+  const bool anyUnsaved = anyDirty || hasFailed_;
+  tree_.MarkChanged(anyUnsaved ? node_ : Node());
+  MarkWindow(anyUnsaved);
   lblSaveState_->setText(StateText(anyDirty));
 }
 
-void UnsavedMarks::MarkTab(int index, bool dirty) {
+void UnsavedMarks::MarkTab(int index, bool unsaved) {
   if (index >= tabs_.count()) return;
-  tabs_.setTabIcon(index, dirty ? ChangeMark() : QIcon());
+  tabs_.setTabIcon(index, unsaved ? ChangeMark() : QIcon());
   // The mark's word for those who do not see it.
   const std::string name = tools::ReplaceAll(LoadText(Text::ChangedName), "%title%",
                                              tools::ToUtf8(tabs_.tabText(index)));
-  tabs_.setAccessibleTabName(index, dirty ? tools::ToQString(name) : QString());
+  tabs_.setAccessibleTabName(index, unsaved ? tools::ToQString(name) : QString());
 }
 
-void UnsavedMarks::MarkWindow(bool dirty) {
+void UnsavedMarks::MarkWindow(bool unsaved) {
   // Qt reads "[*]" in a caption as the place of its mark. Without changes the caption has none.
   const QString mark = QStringLiteral("[*]");
   QString literal = caption_;
   literal.replace(mark, mark + mark);
-  if (!dirty) window_.setWindowModified(false);
-  window_.setWindowTitle(dirty ? literal + mark : literal);
-  if (dirty) window_.setWindowModified(true);
+  if (!unsaved) window_.setWindowModified(false);
+  window_.setWindowTitle(unsaved ? literal + mark : literal);
+  if (unsaved) window_.setWindowModified(true);
 }
 
-QString UnsavedMarks::StateText(bool dirty) const {
-  if (dirty) return tools::ToQString(LoadText(Text::Changed));
-  if (!failed_.isEmpty()) return tools::ToQString(LoadText(Text::NotSaved));
+QString UnsavedMarks::StateText(bool anyDirty) const {
+  if (anyDirty) return tools::ToQString(LoadText(Text::Changed));
+  if (hasFailed_) return tools::ToQString(LoadText(Text::NotSaved));
   if (savedAt_.isEmpty()) return {};
   return tools::ToQString(
       tools::ReplaceAll(LoadText(Text::SavedAt), "%time%", tools::ToUtf8(savedAt_)));

@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QSet>
 #include <QString>
 #include <vector>
 
@@ -38,12 +37,11 @@ class UnsavedMarks : public QObject {
   void Watch(EditorTabs& pages, const Node& node);
 
  private:
-  void OnSaved(const pages::EditorPage* page);
-  void OnSaveFailed(const pages::EditorPage* page);
+  void OnSaved();
   void Show();
-  void MarkTab(int index, bool dirty);
-  void MarkWindow(bool dirty);
-  [[nodiscard]] QString StateText(bool dirty) const;
+  void MarkTab(int index, bool unsaved);
+  void MarkWindow(bool unsaved);
+  [[nodiscard]] QString StateText(bool anyDirty) const;
 
   QMainWindow& window_;
   ProjectTree& tree_;
@@ -52,8 +50,8 @@ class UnsavedMarks : public QObject {
   QString caption_;
   Node node_;
   std::vector<QPointer<pages::EditorPage>> pages_;
-  QSet<const QObject*> failed_;  ///< pages whose changes could not be saved, though they count so
-  QString savedAt_;              ///< hours and minutes of the last save; empty: none so far
+  bool hasFailed_ = false;  ///< a page counts as unchanged since its changes could not be saved
+  QString savedAt_;  ///< hours and minutes of the last save; empty: none so far, or one failed
 };
 
 }  // namespace shell

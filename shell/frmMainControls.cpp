@@ -138,6 +138,7 @@ ComponentCommands* frmMain::MakeComponentCommands() {
                         .dialogs = dialogs_,
                         .closePages =
                             [this] {
+                              if (!editorTabs_.OfferUnsaved()) return false;
                               DropPages(Changes::Offer);
                               return editorTabs_.Count() == 0;
                             },
@@ -160,6 +161,7 @@ PageBars* frmMain::MakePageBars() {
        .addComponent =
            guarded([this](model::VersionSlot version) { operations_.AddComponent(version); }),
        .reload = guarded([this] {
+         if (!editorTabs_.OfferUnsaved()) return;
          UpdateTree();
          UpdateEditor();
        })});

@@ -1,7 +1,6 @@
 // The main window's pages with changes that a build would not see.
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -16,17 +15,14 @@ class UnsavedPages {
   UnsavedPages(model::OpenPages& pages, model::ModProjectOperations& operations)
       : pages_(pages), operations_(operations) {}
 
-  /// Their titles in the order of the tabs, with those whose changes the last Save could not store.
+  /// Their titles in the order of the tabs.
   [[nodiscard]] std::vector<std::string> Titles() const;
-  /// Whether the last Save left changes behind.
-  [[nodiscard]] bool HasFailed() const { return !failed_.empty(); }
-  /// Saves every open page, as the main window's command does.
-  void Save();
+  /// Saves every open page, as the main window's command does; those that fail are told of.
+  void Save() { operations_.SaveAllPages(); }
 
  private:
   model::OpenPages& pages_;
   model::ModProjectOperations& operations_;
-  std::set<std::string> failed_;  ///< titles of pages that count as saved, but are not
 };
 
 }  // namespace wizards

@@ -45,16 +45,15 @@ void WizardLauncher::BuildAgain(model::VersionSlot version, model::OpenPages& pa
     return;
   }
   UnsavedPages unsaved(pages, services_.operations);
-  OfferSaving(unsaved);
-  if (unsaved.HasFailed()) return;  // the author wanted them in the setup
+  if (!OfferSaving(unsaved)) return;
   const tools::WaitCursor hourglass;
   BuildSetup(services_, settings, version, AfterRefusal::WithdrawNotice);
 }
 
-void WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {
+bool WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {
   std::string text = LoadText(Text::UnsavedPages);
   const std::vector<std::string> titles = unsaved.Titles();
-  if (titles.empty()) return;
+  if (titles.empty()) return true;
   for (const std::string& title : titles) text += "\n\u2022 " + title;
   text += "\n\n" + LoadText(Text::SaveBeforeBuilding);
   const bool save = services_.dialogs.ShowMessage({.text = text,
@@ -64,6 +63,7 @@ void WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {
                                                    .defaultAnswer = tools::MessageAnswer::Yes}) ==
                     tools::MessageAnswer::Yes;
   if (save) unsaved.Save();
+  return !save || unsaved.Titles().empty();
 }
 
 findings::CheckRequest WizardLauncher::CheckOf(model::VersionSlot version) const {

@@ -28,7 +28,8 @@ class WizardLauncher {
 
  private:
   [[nodiscard]] WizardBase::FrameMaker Frames(const tools::WizardPageRegistry& pages) const;
-  void OfferSaving(UnsavedPages& unsaved) const;
+  /// False when the author wants them saved, and that failed.
+  [[nodiscard]] bool OfferSaving(UnsavedPages& unsaved) const;
 
   BuildServices services_;
   QWidget* parent_;

@@ -99,9 +99,10 @@ TEST_F(ModProjectOperationsTest, SavingGoesOnPastAPageThatFails) {
   window.pages.resize(2);
   for (tests::FakePage& page : window.pages) page.dirty = true;
   window.pages[0].failure = "Seite kaputt";
-  EXPECT_THAT(operations.SaveAllPages(), ElementsAre(window.pages[0].title));
+  operations.SaveAllPages();
   EXPECT_EQ(window.pages[1].applied, 1);
   EXPECT_FALSE(operations.IsDirty());
+  EXPECT_TRUE(operations.HasUnsaved());
   EXPECT_EQ(dialogs.LastMessage(), "Fehler|Seite kaputt");
   EXPECT_EQ(window.hourglasses, 0);
 }

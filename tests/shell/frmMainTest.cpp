@@ -99,13 +99,39 @@ class frmMainTest : public QObject, protected WindowFixture {
     program_->Press("save");
     QVERIFY(Told(*dialogs_).startsWith("Fehler|"));
     QVERIFY(Told(*dialogs_).contains(folder));
-    QCOMPARE(Marks(), "Nicht gespeichert|Packwright - Probe.product||");
+    QCOMPARE(Marks(), "Nicht gespeichert|Packwright - Probe.product[*]|Produkt, geändert|Geändert");
     QVERIFY(QDir().rename(folder + "weg", folder));
     QTest::keySequence(&program_->window, QKeySequence::Save);
     QCOMPARE(dialogs_->Messages().size(), 1U);
     QCOMPARE(Stored("Product", "Title"), "Neuer Titel");
     QVERIFY(program_->Nodes().startsWith("product=Neuer Titel|"));
     QVERIFY(Marks().startsWith("Gespeichert "));
+  }
+
+  void ChangesThatCouldNotBeSavedAreOfferedAgain() {
+    program_->Open(product_);
+    program_->Click("v3");
+    Tabs().setCurrentIndex(4);
+    QWidget& window = program_->window;
+    Type(Child(window, "txtProgramTitle"), "Eigen");
+    home_->Write("Produkt/Version 1.10.0/product.version", "[Tessel]\nTitle=Fremd\n");
+    dialogs_->ExpectQuestion(Text::OverwriteOutsideChanges, MessageAnswer::No);
+    program_->Press("save");
+    QTest::keyClick(&window, Qt::Key_F5);
+    QTRY_VERIFY(Shown(window, "lblFacts").contains("der gespeicherte Stand"));
+    QEvent activation(QEvent::WindowActivate);
+    QApplication::sendEvent(&window, &activation);
+    QTRY_VERIFY(Child(window, "lnkReload").isVisible());
+    for (const auto& [apply, title] :
+         {std::pair{MessageAnswer::Yes, "Eigen"}, {MessageAnswer::No, "Fremd"}}) {
+      dialogs_->ExpectQuestion({Text::ApplyPageChanges, "Tessel-Datenbank"}, apply);
+      if (apply == MessageAnswer::Yes) {
+        dialogs_->ExpectQuestion(Text::OverwriteOutsideChanges, MessageAnswer::No);
+      }
+      tests::Press(window, "lnkReload");
+      QCOMPARE(Shown(window, "txtProgramTitle"), title);
+    }
+    QCOMPARE(Shown(window, "lblSaveState"), "");
   }
 
   void TheCloseBoxClosesWhateverTheAnswer() {

@@ -17,16 +17,19 @@ struct FakePage : model::OpenPage {
   [[nodiscard]] std::string Title() const override { return title; }
   void ApplyChanges() override {
     ++applied;
+    unsaved = dirty || unsaved;
     if (!failure.empty()) throw std::runtime_error(failure);
     if (write) write();
-    dirty = false;
+    dirty = unsaved = false;
   }
   [[nodiscard]] bool IsDirty() const override { return dirty; }
   void SetDirty(bool value) override { dirty = value; }
+  [[nodiscard]] bool IsUnsaved() const override { return dirty || unsaved; }
 
   std::string title = "Probe";
   int applied = 0;
   bool dirty = false;
+  bool unsaved = false;
   std::function<void()> write;  ///< what ApplyChanges writes
   std::string failure;          ///< raised by ApplyChanges when not empty
 };

@@ -197,6 +197,10 @@ class WizardsTest : public QObject {
     Press(*f.page, "cmdSavePages");
     QVERIFY(notice.isVisible());
     QVERIFY(Shown(*f.page, "lblUnsavedPages").endsWith(":\n• Erstellungs-Optionen"));
+    f.lastBuilds.Remember(1, f.store);
+    f.dialogs.ExpectQuestion(Text::SaveBeforeBuilding, MessageAnswer::Yes);
+    wizards::WizardLauncher(f.services).BuildAgain(1, f.window);
+    QCOMPARE(f.dialogs.LastMessage(), "Fehler|kaputt");  // and nothing was built
     page.failure.clear();
     Press(*f.page, "cmdSavePages");
     QVERIFY(!notice.isVisible());
