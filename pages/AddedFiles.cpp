@@ -91,13 +91,14 @@ std::vector<std::string> FilesIn(tools::Dialogs& dialogs, const DroppedPaths& dr
   return files;
 }
 
-std::vector<std::string> AskForFolder(tools::Dialogs& dialogs, Subfolders subfolders) {
+std::optional<std::vector<std::string>> AskForFolder(tools::Dialogs& dialogs,
+                                                     Subfolders subfolders) {
   const std::string prompt =
       LoadText(Text::ChooseFolder) + " " +
       LoadText(subfolders == Subfolders::Search ? Text::AddsFilesOfFolderAndSubfolders
                                                 : Text::AddsFilesOfFolder);
   const std::string folder = dialogs.BrowseFolder(prompt, kFileSystemFolders | kEditBox);
-  if (folder.empty()) return {};
+  if (folder.empty()) return std::nullopt;
   return ListFiles(dialogs, folder, subfolders);
 }
 
@@ -110,8 +111,7 @@ std::string RefusalOf(const std::vector<std::string>& paths) {
     text.append("\n").append(path);
   }
   if (named == paths.size()) return text;
-  const std::string others = std::to_string(paths.size() - named);
-  return text.append("\n").append(tools::ReplaceAll(LoadText(Text::AndFurther), "%count%", others));
+  return text.append("\n").append(Counted(Text::AndFurther, paths.size() - named));
 }
 
 NewEntries EntriesFor(const std::vector<std::string>& paths, std::int32_t targetFolder) {
@@ -138,6 +138,7 @@ std::size_t CountListed(const model::FileEntries& entries, const std::vector<mod
 }
 
 std::string AddedText(const std::vector<model::ICFile>& added, std::size_t listed) {
+  if (added.empty()) return LoadText(Text::NoFilesFound);
   if (added.size() == 1) {
     return tools::ReplaceAll(LoadText(listed > 0 ? Text::AddedListedFile : Text::AddedFile),
                              "%file%", added.front().SourceName);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,10 +16,10 @@ namespace pages {
 /// Asks for files; none when the author cancels.
 [[nodiscard]] std::vector<std::string> AskForFiles(tools::Dialogs& dialogs);
 
-/// Asks for a folder and lists its files, none when the author cancels. Says how many links and
+/// Asks for a folder and lists its files; nothing when the author cancels. Says how many links and
 /// special files are not among them. Raises tools::Error when the folder cannot be listed.
-[[nodiscard]] std::vector<std::string> AskForFolder(tools::Dialogs& dialogs,
-                                                    tools::Subfolders subfolders);
+[[nodiscard]] std::optional<std::vector<std::string>> AskForFolder(tools::Dialogs& dialogs,
+                                                                   tools::Subfolders subfolders);
 
 /// The files that were dropped, and those of the folders: asks once whether with their subfolders,
 /// and says what it passes over as AskForFolder does. Raises tools::Error when a folder cannot be
@@ -46,7 +47,8 @@ struct NewEntries {
                                       const std::vector<model::ICFile>& added,
                                       const std::string& productFolder);
 
-/// What the status bar says after entries were added, `listed` of which were there already.
+/// What the status bar says after entries were added, `listed` of which were there already; none
+/// where no files were found.
 [[nodiscard]] std::string AddedText(const std::vector<model::ICFile>& added, std::size_t listed);
 
 }  // namespace pages

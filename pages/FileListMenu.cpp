@@ -67,6 +67,12 @@ QString ToldOfChange(const QString& field, const model::ICFile& entry, std::size
   return field == "Type"_L1 && !installs ? Caption(Text::TypeInstallsNothing) : QString();
 }
 
+QString ToldOfHidden(std::size_t count) {
+  if (count == 0) return {};
+  return count == 1 ? Caption(Text::FilterHidesOne)
+                    : tools::ToQString(Counted(Text::FilterHides, count));
+}
+
 std::string ToldOfRepetition(const QUndoStack& steps, FileListDocument::By by) {
   const bool undone = by == FileListDocument::By::Undo;
   return tools::ReplaceAll(model::LoadText(undone ? Text::StepUndone : Text::StepRepeated),

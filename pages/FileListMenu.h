@@ -24,6 +24,9 @@ void AddUndoItems(QMenu& menu, QWidget& page, QUndoStack& steps);
 [[nodiscard]] QString ToldOfChange(const QString& field, const model::ICFile& entry,
                                    std::size_t count);
 
+/// What it says after the filter has hidden so many of the changed entries; empty for none.
+[[nodiscard]] QString ToldOfHidden(std::size_t count);
+
 /// What the status bar says while the step that is undone or repeated is still the next one.
 [[nodiscard]] std::string ToldOfRepetition(const QUndoStack& steps, FileListDocument::By by);
 

@@ -2,6 +2,7 @@
 
 #include "pages/PageText.h"
 #include "pages/RelativeSources.h"
+#include "tools/files/Path.h"
 
 namespace pages {
 
@@ -38,6 +39,11 @@ std::vector<FieldEdit> EditsToScan(const model::ICFile& entry, const FolderScan&
     edits.push_back({entry.ID, "IncludeChildren", scan.withSubfolders ? "1" : "0"});
   }
   return edits;
+}
+
+std::string ToldOfScan(const model::ICFile& entry) {
+  return tools::ReplaceAll(model::LoadText(Text::AddedScan), "%scan%",
+                           tools::JoinPath(entry.SourcePath, entry.SourceName));
 }
 
 }  // namespace pages

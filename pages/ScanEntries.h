@@ -21,4 +21,7 @@ namespace pages {
 [[nodiscard]] std::vector<FieldEdit> EditsToScan(const model::ICFile& entry, const FolderScan& scan,
                                                  const PageServices& services);
 
+/// What the status bar says after the scan was added.
+[[nodiscard]] std::string ToldOfScan(const model::ICFile& entry);
+
 }  // namespace pages

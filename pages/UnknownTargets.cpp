@@ -51,6 +51,7 @@ UnknownTargets::UnknownTargets(const model::FileEntries& entries, QWidget* paren
   layout->addWidget(cmbTarget);
   layout->addSpacing(layout->spacing());
   layout->addWidget(buttons);
+  lsvEntries->setFocus();
   resize(kFirstSize);
 }
 

@@ -118,6 +118,7 @@ void frmFolderScan::LayOut() {
   layout->addWidget(lblFound);
   layout->addSpacing(layout->spacing());
   layout->addWidget(buttons);
+  txtFolder->setFocus();  // else the button OK would have it, which cannot be pressed yet
 }
 
 FolderScan frmFolderScan::Scan() const {

@@ -154,6 +154,8 @@ void tabFileList::AddFileEntry(const std::string& path) { AddFileEntries({path})
 
 void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
   NewEntries added = EntriesFor(paths, ChosenFolder());
+  // What was told before is not about these.
+  StatusTextChanged(paths.empty() ? AddedText({}, 0) : std::string());
   if (!added.entries.empty()) {
     OfferRelativeSources(added.entries, services_.project, services_.dialogs);
     const std::size_t listed =
@@ -166,11 +168,15 @@ void tabFileList::AddFileEntries(const std::vector<std::string>& paths) {
   if (!added.refused.empty()) throw tools::Error(RefusalOf(added.refused));
 }
 
-void tabFileList::AddFiles() { AddFileEntries(AskForFiles(services_.dialogs)); }
+void tabFileList::AddFiles() {
+  const std::vector<std::string> paths = AskForFiles(services_.dialogs);
+  if (!paths.empty()) AddFileEntries(paths);
+}
 
 void tabFileList::AddFolder(tools::Subfolders subfolders) {
   const tools::WaitCursor wait;
-  AddFileEntries(AskForFolder(services_.dialogs, subfolders));
+  const auto paths = AskForFolder(services_.dialogs, subfolders);
+  if (paths) AddFileEntries(*paths);
 }
 
 void tabFileList::AddDropped(const DroppedPaths& dropped) {
@@ -182,14 +188,18 @@ void tabFileList::AddScan() {
   frmFolderScan dialog({}, services_.project, services_.dialogs, window());
   if (dialog.exec() != QDialog::Accepted) return;
   filter_->Clear();  // it could hide what is added
-  document_->Add({EntryFor(dialog.Scan(), ChosenFolder(), services_)});
+  const model::ICFile entry = EntryFor(dialog.Scan(), ChosenFolder(), services_);
+  document_->Add({entry});
+  StatusTextChanged(ToldOfScan(entry));
 }
 
 void tabFileList::ShowScan() {
   const model::ICFile& entry = *SelectedEntries().front();
   frmFolderScan dialog(ScanOf(entry), services_.project, services_.dialogs, window());
   if (dialog.exec() != QDialog::Accepted) return;
+  const std::vector<std::string> ids{entry.ID};
   document_->Set(EditsToScan(entry, dialog.Scan(), services_));
+  TellOfChange({}, ids);
 }
 
 void tabFileList::MakeSourcesRelative() {
@@ -261,7 +271,9 @@ void tabFileList::ChangeProperty(const QString& name, const QString& text) {
 
 void tabFileList::TellOfChange(const QString& name, const std::vector<std::string>& ids) {
   const model::ICFile& entry = *document_->Entries().Find(ids.front());
-  const QString told = ToldOfChange(name, entry, ids.size());
+  QString told = ToldOfChange(name, entry, ids.size());
+  const std::size_t shown = shownEntries_->RowsOf(document_->Find(ids)).size();
+  if (told.isEmpty() && shownEntries_->HasFilter()) told = ToldOfHidden(ids.size() - shown);
   if (!told.isEmpty()) StatusTextChanged(tools::ToUtf8(told));
 }
 

@@ -131,6 +131,7 @@ void tabFileList::BuildAddedMenu() {
   AddSortMenu(*mnuPopup, *lsvBrowser);
   QAction* filter = AddItem(*mnuPopup, *this, u"mnuFilter"_s, Text::FilterEntries, u"Strg+F"_s,
                             {Qt::CTRL | Qt::Key_F});
+  filter->setShortcutContext(Qt::WindowShortcut);  // from the tree too, while the page is shown
   connect(filter, &QAction::triggered, filter_, &FileFilter::Start);
 }
 

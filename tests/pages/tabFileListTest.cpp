@@ -259,6 +259,10 @@ class tabFileListTest : public QObject {
       QTRY_COMPARE(f.List().model()->rowCount(), rows);
     }
     QVERIFY(Rows(f.List()).endsWith(f.Path("D/tief/c") + "=%ProgramsDir%\\"));
+    data.setUrls({QUrl::fromLocalFile(tools::ToQString(f.folder.MakeFolder("leer")))});
+    f.dialogs.ExpectQuestion(Text::WithSubfolders, MessageAnswer::Yes);
+    Drop(*f.page, {9, 9}, data, Qt::CopyAction);
+    QTRY_COMPARE(f.area.hint, LoadedText(Text::NoFilesFound));
   }
 
   void SourcesBelowTheProductBecomeRelativeOnceTheAuthorAgrees() {
@@ -286,6 +290,7 @@ class tabFileListTest : public QObject {
     ModalScript script;
     const auto expectScan = [&script](const QString& folder, const QString& found) {
       script.Expect<QDialog>("frmFolderScan", [folder, found](QDialog& dialog) {
+        QVERIFY(Child(dialog, "txtFolder").hasFocus());
         if (!folder.isEmpty()) Type(Child(dialog, "txtFolder"), folder);
         Type(Child(dialog, "txtPattern"), "*.txt");
         QTest::keyClick(&Child(dialog, "chkSubfolders"), Qt::Key_Space);
@@ -298,10 +303,15 @@ class tabFileListTest : public QObject {
     expectScan(f.Path("Q"), QDir::toNativeSeparators("a.txt|tief/c.txt"));
     PickFrom(f.OpenMenuBelowLast(), "mnuAddScan");
     QVERIFY(f.Fields().contains("Unterordner einschließen=1|"));  // the new entry is selected
+    QCOMPARE(f.area.hint,
+             "Ordner-Scan hinzugefügt: " + QDir::toNativeSeparators(f.Path("Q/*.txt")));
     expectScan("", "a.txt");
     PickFrom(f.OpenMenuAtFirst(), "mnuShowScan");
     f.page->ApplyChanges();
     QCOMPARE(f.Stored("File1", {"Type", "SourceName", "IncludeChildren"}), "2|*.txt|0");
+    Type(Child(*f.page, "txtFilter"), "txt");
+    Edit(script, *f.page, "Quelldateiname", "*.dat");
+    QCOMPARE(f.area.hint, LoadedText(Text::FilterHidesOne));
   }
 
   void SourcesThatAreMissingAndEntriesLeftOutAreMarked() {
