@@ -126,7 +126,7 @@ bool tabFileList::ShowEntry(std::int32_t entry, const std::string& id) {
   }
   if (wanted == nullptr) return false;
   ChooseFolderOf({wanted});
-  filter_->Clear();  // it could hide the entry
+  if (shownEntries_->RowsOf({wanted}).empty()) filter_->Clear();
   SelectRows(*lsvBrowser, shownEntries_->RowsOf({wanted}));
   lsvBrowser->setFocus();
   return true;

@@ -277,18 +277,28 @@ void frmMain::RunForVersion(Text title, Wanted wanted) {
 }
 
 void frmMain::ShowPlace(model::VersionSlot version, const findings::ChosenPlace& place) {
-  if (!trvProjectTree->SelectNode(ComponentNode(version, place.component))) {
-    ShowStatusText(model::LoadText(Text::EntryIsGone));
-    return;
-  }
-  UpdateEditor();
-  if (place.entry == 0) return;
+  if (!OpenNode(ComponentNode(version, place.component)) || place.entry == 0) return;
   for (std::int32_t i = 1; i <= editorTabs_.Count(); ++i) {
     if (!editorTabs_.Item(i).ShowEntry(place.entry, place.entryId)) continue;
     tabDataEditor->setCurrentIndex(i - 1);
     return;
   }
   ShowStatusText(model::LoadText(Text::EntryIsGone));
+}
+
+bool frmMain::OpenNode(const Node& node) {
+  if (!trvProjectTree->SelectNode(node)) {
+    ShowStatusText(model::LoadText(Text::EntryIsGone));
+    return false;
+  }
+  const bool isShown = node == shownNode_ && editorTabs_.Count() > 0;
+  if (isShown && (operations_.HasUnsaved() || !editorTabs_.HasChangedOutside())) return true;
+  if (!editorTabs_.OfferUnsaved()) {
+    trvProjectTree->SelectNode(shownNode_);
+    return false;
+  }
+  UpdateEditor();
+  return true;
 }
 
 void frmMain::Refuse(Text text, Text caption) {

@@ -73,7 +73,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
 
   [[nodiscard]] QWidget* PageParent() override { return picDataEditor; }
   /// Opens the component in those slots, and the entry on the page that lists it; an entry of 0 is
-  /// none. Pages with changes are offered for applying first.
+  /// none. Pages of another node are offered for applying first where they have changes.
   void ShowPlace(model::VersionSlot version, const findings::ChosenPlace& place);
   [[nodiscard]] ResultPanel& Results() { return *pnlResult; }
 
@@ -122,6 +122,10 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
     Lose
   };
   void DropPages(Changes changes);
+  /// Selects the node. Its pages stay where they are shown already with all that the author did on
+  /// them, unless they are without changes and another program changed their file. False when there
+  /// is no such node, which the status bar tells, or the pages shown could not be saved.
+  [[nodiscard]] bool OpenNode(const Node& node);
   void UpdateStartArea();
   void ShowTabs();
   void Refuse(model::Text text, model::Text caption);

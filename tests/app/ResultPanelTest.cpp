@@ -46,6 +46,18 @@ class ResultPanelTest : public QObject {
     const auto& files = Child<QTreeView>(program_->window, "lsvBrowser");
     QVERIFY(files.currentIndex().data().toString().endsWith("fehlt.txt"));
     QVERIFY(files.isVisible());
+    // Its page stays, with what the author does there.
+    Edit(*script_, Child(program_->window, "EditorTab1"), "Zielordner (allg.)", "2003");
+    for (const char* filter : {"fehlt", "anderes"}) {
+      Type(Child(program_->window, "txtFilter"), filter);
+      Child<QComboBox>(program_->window, "cmbDestinationFolder").setCurrentIndex(0);
+      DoubleClick(Findings(), Findings().model()->index(0, 0));
+      QVERIFY(files.currentIndex().data().toString().endsWith("fehlt.txt"));
+      QCOMPARE(Shown(program_->window, "txtFilter"), QString(filter) == "fehlt" ? "fehlt" : "");
+    }
+    QCOMPARE(Shown(program_->window, "lblSaveState"), "Geändert");
+    Activate(program_->window);
+    program_->Press("save");
     folder_->Write(TestProduct::kComponentFile, "[Component]\nTitle=Kern\n");
     DoubleClick(Findings(), Findings().model()->index(0, 0));
     QCOMPARE(Child<QStatusBar>(program_->window, "sbrMain").currentMessage(),
