@@ -61,4 +61,23 @@ bool FocusPane(QWidget& pane) {
   return true;
 }
 
+void PutLastInTabOrder(QWidget& part) {
+  if (part.isWindow()) return;
+  QWidget* last = nullptr;
+  std::vector<QWidget*> moved;
+  for (QWidget* next = part.window()->nextInFocusChain(); next != part.window();
+       next = next->nextInFocusChain()) {
+    if (next->focusPolicy() == Qt::NoFocus) continue;  // setTabOrder does nothing for them
+    if (part.isAncestorOf(next)) {
+      moved.push_back(next);
+    } else {
+      last = next;
+    }
+  }
+  for (QWidget* widget : moved) {
+    QWidget::setTabOrder(last, widget);
+    last = widget;
+  }
+}
+
 }  // namespace shell

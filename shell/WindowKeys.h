@@ -13,6 +13,9 @@ namespace shell {
 /// Gives the keyboard to a pane, or to its first control that takes it; false when none does.
 bool FocusPane(QWidget& pane);
 
+/// Puts a part of a window behind all else in the order of Tab, its widgets in their order.
+void PutLastInTabOrder(QWidget& part);
+
 /// Ctrl+Tab and Ctrl+Shift+Tab show the next and the previous page, F6 and Shift+F6 go to the next
 /// and the previous pane that can be used, F1 calls for help.
 class WindowKeys : public QObject {

@@ -145,6 +145,7 @@ void frmMain::UpdateEditor() {
   const NodeSlots slots = SlotsOf(shownNode_);
   editorTabs_.Prepare(PageListOf(shownNode_), slots.version, slots.component);
   ShowTabs();
+  PutLastInTabOrder(*pnlResult);  // the pages are younger
 }
 
 void frmMain::ShowTabs() {

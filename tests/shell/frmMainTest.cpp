@@ -225,6 +225,20 @@ class frmMainTest : public QObject, protected WindowFixture {
              "passes over a page without controls");
   }
 
+  void TabLeadsFromTheTabsToThePageAndThenToTheResult() {
+    program_->Open(product_);
+    program_->Click("v3c2");
+    QTest::keyClick(&program_->window, Qt::Key_F5);
+    QTRY_VERIFY(Shown(program_->window, "lblOutcome").contains("geprüft"));
+    QStringList passed;
+    for (Tabs().setFocus(); !passed.endsWith("cmdBuildAgain") && passed.size() < 30;
+         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab)) {
+      passed += QApplication::focusWidget()->objectName();
+    }
+    QCOMPARE(passed.join('|'),
+             "tabDataEditor|cmbDestinationFolder|txtFilter|lsvBrowser|cmdAddFile|cmdBuildAgain");
+  }
+
   void HelpLeadsToTheGuidesChapterOnThePageShown() {
     QDesktopServices::setUrlHandler("file", this, "TakeUrl");
     program_->Open(product_);
