@@ -64,6 +64,12 @@ std::string NodeSettings::FilePath() const {
   return version_ != 0 ? project_.VersionFilePath(version_) : project_.ProductPath();
 }
 
+void NodeSettings::RequireNode() const {
+  project_.RequireProduct();
+  if (version_ != 0) project_.RequireVersion(version_);
+  if (component_ != 0) project_.RequireComponent(version_, component_);
+}
+
 void NodeSettings::InOneRead(const std::function<void()>& reads) {
   struct End {
     bool& isInOneRead;

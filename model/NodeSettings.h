@@ -46,6 +46,8 @@ class NodeSettings {
 
   /// The file of the node. Raises tools::Error.
   [[nodiscard]] std::string FilePath() const;
+  /// Raises tools::Error that says which of product, version and component is gone.
+  void RequireNode() const;
   /// True when the file holds other settings than when the node was selected, with the pages' own
   /// writes since then. What only the tree shows - titles of components, lists of versions and
   /// components - does not count. Raises tools::Error.

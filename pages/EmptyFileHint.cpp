@@ -72,7 +72,7 @@ void EmptyFileHint::Update(const std::map<std::int32_t, int>& counts, bool isFil
     text_ = Caption(Text::NoEntryPassesFilter).toHtmlEscaped() + u' ' +
             Link(kFilter, Caption(Text::RemoveFilter));
   } else if (counts.empty()) {
-    text_ = Caption(Text::NoFilesYet).toHtmlEscaped();
+    text_ = Caption(hasFile_ ? Text::NoFilesYet : Text::ComponentFileMissing).toHtmlEscaped();
   } else {
     text_ = Caption(Text::NoFilesInFolder).toHtmlEscaped() + u' ' + OtherFolders(counts);
   }

@@ -16,6 +16,8 @@ class EmptyFileHint : public QLabel {
  public:
   explicit EmptyFileHint(QAbstractItemView& list);
 
+  /// Whether there is a file of the component; without it nothing is known of its entries.
+  void SetHasFile(bool hasFile) { hasFile_ = hasFile; }
   /// When the list shows no entry, says which folders have some. `counts` is the number of entries
   /// by folder; `isFiltered`: the filter hides some.
   void Update(const std::map<std::int32_t, int>& counts, bool isFiltered);
@@ -38,6 +40,7 @@ class EmptyFileHint : public QLabel {
   void Place();
 
   QAbstractItemView& list_;
+  bool hasFile_ = true;
   QString text_;  ///< its links have no colour yet
 };
 

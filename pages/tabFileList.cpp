@@ -111,8 +111,10 @@ void tabFileList::ConnectEvents() {
 std::string tabFileList::Title() const { return model::LoadText(Text::FilesPage); }
 
 void tabFileList::ReadSettings() {
-  document_->Read(*Host(), services_.project.ComponentFilePath(Host()->VersionIndex(),
-                                                               Host()->ComponentIndex()));
+  const std::string path =
+      services_.project.ComponentFilePath(Host()->VersionIndex(), Host()->ComponentIndex());
+  emptyHint_->SetHasFile(services_.project.Settings().Exists(path));
+  document_->Read(*Host(), path);
   RefreshFileList();
 }
 

@@ -184,6 +184,15 @@ bool EditorTabs::HasChangedOutside() const {
   }
 }
 
+std::string EditorTabs::MissingNode() const {
+  try {
+    if (!pages_.empty()) settings_.RequireNode();
+    return {};
+  } catch (const tools::Error& error) {
+    return error.what();
+  }
+}
+
 void EditorTabs::StatusTextChanged(const std::string& text) { area_.ShowStatusText(text); }
 
 std::string EditorTabs::Read(std::string_view section, std::string_view key,

@@ -68,6 +68,10 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   /// True when another program has changed that file since the pages have read it.
   [[nodiscard]] bool HasChangedOutside() const;
 
+  /// What is gone of the pages' node: its product, version or component; empty when nothing is, and
+  /// without pages.
+  [[nodiscard]] std::string MissingNode() const;
+
   void StatusTextChanged(const std::string& text) override;
   [[nodiscard]] std::string Read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue) override;

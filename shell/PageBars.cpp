@@ -13,8 +13,10 @@
 #include "shell/EditorTabs.h"
 #include "shell/ProjectTree.h"
 #include "tools/Error.h"
+#include "tools/Text.h"
 #include "tools/desktop/Background.h"
 #include "tools/desktop/LinkButton.h"
+#include "tools/desktop/QtText.h"
 
 namespace shell {
 
@@ -35,21 +37,29 @@ tools::FileStamp StampOf(const std::string& path) {
 }  // namespace
 
 PageBar::PageBar(const QString& name, const QString& text, QWidget* parent)
-    : QFrame(parent), layout_(new QHBoxLayout(this)), icon_(new QLabel(this)) {
+    : QFrame(parent),
+      layout_(new QHBoxLayout(this)),
+      icon_(new QLabel(this)),
+      label_(new QLabel(this)) {
   setObjectName(name);
   setFrameShape(QFrame::StyledPanel);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::ToolTipBase);
   setForegroundRole(QPalette::ToolTipText);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  auto* label = new QLabel(text, this);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
-  label->setForegroundRole(QPalette::ToolTipText);
-  setAccessibleName(text);
+  label_->setTextFormat(Qt::PlainText);
+  label_->setWordWrap(true);
+  label_->setForegroundRole(QPalette::ToolTipText);
   layout_->addWidget(icon_);
-  layout_->addWidget(label, 1);
+  layout_->addWidget(label_, 1);
+  SetText(text);
   hide();
+}
+
+void PageBar::SetText(const QString& text) {
+  label_->setText(text);
+  setAccessibleName(text);
+  for (LinkButton* link : findChildren<LinkButton*>()) link->setAccessibleDescription(text);
 }
 
 // Not before: to look for it among the desktop's icons takes a fifth of the program's start.
@@ -81,12 +91,9 @@ PageBars::PageBars(QVBoxLayout& layout, QWidget& window, ProjectTree& tree, Edit
     : QObject(&window),
       tree_(tree),
       pages_(pages),
-      noComponents_(new PageBar(QStringLiteral("fraNoComponents"), Caption(Text::NoComponentsYet),
-                                layout.parentWidget())),
-      fileChanged_(new PageBar(QStringLiteral("fraFileChanged"), Caption(Text::FileChangedOutside),
-                               layout.parentWidget())) {
-  layout.addWidget(fileChanged_);
-  layout.addWidget(noComponents_);
+      noComponents_(AddBar(layout, "fraNoComponents", Caption(Text::NoComponentsYet))),
+      fileChanged_(AddBar(layout, "fraFileChanged", Caption(Text::FileChangedOutside))),
+      nodeMissing_(AddBar(layout, "fraNodeMissing", {})) {
   const auto version = [this] { return SlotsOf(node_).version; };
   connect(noComponents_->AddLink("lnkAddComponent", Caption(Text::AddComponent)),
           &LinkButton::clicked, this,
@@ -95,12 +102,20 @@ PageBars::PageBars(QVBoxLayout& layout, QWidget& window, ProjectTree& tree, Edit
           &LinkButton::clicked, this,
           [version, takeOver = std::move(actions.takeOver)] { takeOver(version()); });
   connect(fileChanged_->AddLink("lnkReload", Caption(Text::Reload)), &LinkButton::clicked, this,
-          [reload = std::move(actions.reload)] { reload(); });
+          actions.reload);
+  connect(nodeMissing_->AddLink("lnkTryAgain", Caption(Text::Reload)), &LinkButton::clicked, this,
+          actions.reload);
   // Qt would hand it to whatever comes next, which may be far away.
-  for (const PageBar* bar : {noComponents_, fileChanged_}) {
+  for (const PageBar* bar : {noComponents_, fileChanged_, nodeMissing_}) {
     connect(bar, &PageBar::FocusLost, &tree_, qOverload<>(&QWidget::setFocus));
   }
   window.installEventFilter(this);
+}
+
+PageBar* PageBars::AddBar(QVBoxLayout& layout, const char* name, const QString& text) {
+  auto* bar = new PageBar(QString::fromLatin1(name), text, layout.parentWidget());
+  layout.addWidget(bar);
+  return bar;
 }
 
 void PageBars::PagesRead(const Node& node) {
@@ -117,7 +132,17 @@ void PageBars::PagesRead(const Node& node) {
     connect(page, &pages::EditorPage::Saved, this, &PageBars::PagesSaved);
     connect(page, &pages::EditorPage::SaveFailed, this, &PageBars::PagesSaved);
   }
+  ShowWhetherMissing();
   TreeChanged();
+}
+
+void PageBars::ShowWhetherMissing() {
+  const std::string reason = pages_.MissingNode();
+  if (!reason.empty()) {
+    nodeMissing_->SetText(tools::ToQString(
+        tools::ReplaceAll(model::LoadText(Text::NodeIsMissing), "%reason%", reason)));
+  }
+  nodeMissing_->setVisible(!reason.empty());
 }
 
 // What another program wrote may have been overwritten.
@@ -140,9 +165,11 @@ void PageBars::LookAtFile() {
   if (path_.empty() || !fileChanged_->isHidden()) return;
   tools::RunInBackground(*this, [this, path = path_]() -> std::function<void()> {
     return [this, path, stamp = StampOf(path)] {
-      if (path != path_ || pages_.Count() == 0 || stamp == seen_) return;
+      const bool isSame = stamp == seen_ && nodeMissing_->isHidden();
+      if (path != path_ || pages_.Count() == 0 || isSame) return;
       seen_ = stamp;
-      fileChanged_->setVisible(pages_.HasChangedOutside());
+      ShowWhetherMissing();
+      fileChanged_->setVisible(nodeMissing_->isHidden() && pages_.HasChangedOutside());
     };
   });
 }

@@ -1,5 +1,5 @@
-// The bars above the pages, and when they show: a version has no components yet, or another program
-// has changed the file of the open pages.
+// The bars above the pages, and when they show: a version has no components yet, another program
+// has changed the file of the open pages, or the file is gone.
 #pragma once
 
 #include <QFrame>
@@ -31,6 +31,8 @@ class PageBar : public QFrame {
  public:
   PageBar(const QString& name, const QString& text, QWidget* parent);
 
+  void SetText(const QString& text);
+
   /// Adds a link behind the others, which the caller connects.
   tools::LinkButton* AddLink(const char* name, const QString& text);
 
@@ -47,6 +49,7 @@ class PageBar : public QFrame {
  private:
   QHBoxLayout* layout_;
   QLabel* icon_;
+  QLabel* label_;
 };
 
 class PageBars : public QObject {
@@ -72,13 +75,16 @@ class PageBars : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  PageBar* AddBar(QVBoxLayout& layout, const char* name, const QString& text);
   void LookAtFile();
+  void ShowWhetherMissing();
   void PagesSaved();
 
   ProjectTree& tree_;
   EditorTabs& pages_;
   PageBar* noComponents_;
   PageBar* fileChanged_;
+  PageBar* nodeMissing_;
   Node node_;
   std::string path_;                      ///< of the pages' file; empty without pages
   std::optional<tools::FileStamp> seen_;  ///< the file as it was compared last

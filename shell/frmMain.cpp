@@ -140,12 +140,17 @@ void frmMain::FillTree(ErrorList& errors) {
 void frmMain::UpdateEditor() {
   DropPages(Changes::Offer);
   // First: a product file that cannot be read is told once, not by each page.
-  trvProjectTree->SetProductTitle(services_.project.ProductTitle());
+  ShowProductTitle();
   shownNode_ = trvProjectTree->SelectedNode();
   const NodeSlots slots = SlotsOf(shownNode_);
   editorTabs_.Prepare(PageListOf(shownNode_), slots.version, slots.component);
   ShowTabs();
   PutLastInTabOrder(*pnlResult);  // the pages are younger
+}
+
+void frmMain::ShowProductTitle() {
+  if (!services_.project.Settings().Exists(services_.project.ProductPath())) return;
+  trvProjectTree->SetProductTitle(services_.project.ProductTitle());
 }
 
 void frmMain::ShowTabs() {
@@ -243,7 +248,7 @@ void frmMain::OnToolButton(const QString& key) {
   if (key == QLatin1String("open")) operations_.OpenProduct({});
   if (key == QLatin1String("save")) {
     operations_.SaveAllPages();
-    trvProjectTree->SetProductTitle(services_.project.ProductTitle());
+    ShowProductTitle();
   }
   if (key == QLatin1String("close")) operations_.CloseProduct();
   if (key == QLatin1String("setupwiz")) StartWizard(Text::SetupWizard, &frmMain::SetupWizardWanted);

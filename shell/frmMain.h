@@ -126,6 +126,8 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   /// them, unless they are without changes and another program changed their file. False when there
   /// is no such node, which the status bar tells, or the pages shown could not be saved.
   [[nodiscard]] bool OpenNode(const Node& node);
+  /// In the tree; of a product that is gone it keeps the one that it had.
+  void ShowProductTitle();
   void UpdateStartArea();
   void ShowTabs();
   void Refuse(model::Text text, model::Text caption);

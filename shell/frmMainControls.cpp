@@ -161,6 +161,7 @@ PageBars* frmMain::MakePageBars() {
        .addComponent =
            guarded([this](model::VersionSlot version) { operations_.AddComponent(version); }),
        .reload = guarded([this] {
+         services_.project.RequireProduct();  // without it the tree would be empty
          if (!editorTabs_.OfferUnsaved()) return;
          UpdateTree();
          UpdateEditor();

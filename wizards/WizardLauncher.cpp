@@ -39,6 +39,7 @@ void WizardLauncher::StartUpdateWizard(model::VersionSlot version, model::OpenPa
 }
 
 void WizardLauncher::BuildAgain(model::VersionSlot version, model::OpenPages& pages) {
+  RequireVersion(version);
   const tools::WizardDataStore settings = services_.lastBuilds.Of(version);
   if (settings.empty()) {
     StartSetupWizard(version, pages);
@@ -66,7 +67,14 @@ bool WizardLauncher::OfferSaving(UnsavedPages& unsaved) const {
   return !save || unsaved.Titles().empty();
 }
 
+// What is gone would read as a version without a number and without components.
+void WizardLauncher::RequireVersion(model::VersionSlot version) const {
+  services_.project.RequireProduct();
+  services_.project.RequireVersion(version);
+}
+
 findings::CheckRequest WizardLauncher::CheckOf(model::VersionSlot version) const {
+  RequireVersion(version);
   findings::CheckRequest request{.productPath = services_.project.ProductPath(),
                                  .version = version,
                                  .options = ReadBuildOptions(services_.lastBuilds.Of(version)),

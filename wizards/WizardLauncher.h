@@ -20,14 +20,16 @@ class WizardLauncher {
   void StartUpdateWizard(model::VersionSlot version, model::OpenPages& pages);
 
   /// Builds the version as at the last time, and asks first about pages with changes. A version
-  /// that was never built gets the setup wizard.
+  /// that was never built gets the setup wizard. Raises tools::Error when the version is gone.
   void BuildAgain(model::VersionSlot version, model::OpenPages& pages);
 
-  /// What has to be checked for a build as at the last time.
+  /// What has to be checked for a build as at the last time. Raises tools::Error when the version
+  /// is gone.
   [[nodiscard]] findings::CheckRequest CheckOf(model::VersionSlot version) const;
 
  private:
   [[nodiscard]] WizardBase::FrameMaker Frames(const tools::WizardPageRegistry& pages) const;
+  void RequireVersion(model::VersionSlot version) const;
   /// False when the author wants them saved, and that failed.
   [[nodiscard]] bool OfferSaving(UnsavedPages& unsaved) const;
 

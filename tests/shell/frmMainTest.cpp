@@ -271,6 +271,32 @@ class frmMainTest : public QObject, protected WindowFixture {
     QCOMPARE(Grid().GetProperty("ProductTitle"), "Fremd");
   }
 
+  void AProductThatIsGoneIsToldOf() {
+    program_->Open(product_);
+    const QString nodes = program_->Nodes();
+    const QString folder = tools::ToQString(home_->Path("Produkt"));
+    QVERIFY(QDir().rename(folder, folder + "weg"));
+    program_->Click("v3c2");
+    const QWidget& bar = Child(program_->window, "fraNodeMissing");
+    QVERIFY(bar.isVisible());
+    const QString reason =
+        "Die Projektdatei ist nicht mehr vorhanden: " + tools::ToQString(product_);
+    QVERIFY(bar.accessibleName().startsWith(reason));
+    QCOMPARE(Shown(program_->window, "lblEmptyFileList").section('.', 0, 0),
+             "Die Datei dieser Komponente ist nicht erreichbar");
+    for (const int key : {Qt::Key_F5, Qt::Key_F7}) {
+      QTest::keyClick(&program_->window, Qt::Key(key));
+      QCOMPARE(tools::ToQString(dialogs_->LastMessage()), "Fehler|" + reason);
+    }
+    tests::Press(program_->window, "lnkTryAgain");
+    QCOMPARE(dialogs_->Messages().size(), 3U);
+    QCOMPARE(program_->Nodes(), nodes);
+    QVERIFY(QDir().rename(folder + "weg", folder));
+    tests::Press(program_->window, "lnkTryAgain");
+    QVERIFY(bar.isHidden());
+    QCOMPARE(program_->Nodes(), nodes);
+  }
+
   void TheWindowComesBackOnAScreenThatIsPresent() {
     program_->window.move(9000, 9000);
     program_->window.close();
