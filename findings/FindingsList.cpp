@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "model/TextTable.h"
-#include "tools/Text.h"
 #include "tools/desktop/ListViewStyle.h"
 #include "tools/desktop/QtText.h"
 
@@ -23,7 +22,7 @@ constexpr int kComponentRole = Qt::UserRole;
 constexpr int kEntryRole = Qt::UserRole + 1;
 constexpr int kEntryIdRole = Qt::UserRole + 2;
 constexpr int kComponentWidth = 22;  // characters
-constexpr int kLines = 9;
+constexpr int kMostLines = 9;
 
 QString TextOf(const engine::BuildMessage& message) {
   QString text = ToQString(message.text);
@@ -38,7 +37,7 @@ QString ComponentOf(const engine::BuildMessage& message) {
 }
 
 QString Counted(std::ptrdiff_t count, Text one, Text many) {
-  return QStringLiteral("%1 %2").arg(count).arg(ToQString(LoadText(count == 1 ? one : many)));
+  return tools::GermanNumber(count) + u' ' + ToQString(LoadText(count == 1 ? one : many));
 }
 
 }  // namespace
@@ -83,10 +82,12 @@ void FindingsList::Show(const std::vector<engine::BuildMessage>& messages, std::
     rows.append(
         new QTreeWidgetItem({{},
                              {},
-                             ToQString(tools::ReplaceAll(LoadText(Text::AndFurther), "%count%",
-                                                         std::to_string(further)))}));
+                             ToQString(LoadText(Text::AndFurther))
+                                 .replace(QStringLiteral("%count%"),
+                                          tools::GermanNumber(static_cast<qlonglong>(further)))}));
   }
   addTopLevelItems(rows);
+  updateGeometry();
 }
 
 QString FindingsList::Summary(const std::vector<engine::BuildMessage>& messages) {
@@ -99,8 +100,19 @@ QString FindingsList::Summary(const std::vector<engine::BuildMessage>& messages)
          Counted(warnings, Text::OneWarning, Text::Warnings);
 }
 
+int FindingsList::HeightOf(int rows) const {
+  const int row = topLevelItemCount() == 0 ? fontMetrics().lineSpacing()
+                                           : indexRowSizeHint(model()->index(0, 0));
+  return header()->sizeHint().height() + rows * row + 2 * frameWidth();
+}
+
 QSize FindingsList::sizeHint() const {
-  return {QTreeWidget::sizeHint().width(), kLines * fontMetrics().lineSpacing()};
+  return {QTreeWidget::sizeHint().width(),
+          std::min(HeightOf(topLevelItemCount()), kMostLines * fontMetrics().lineSpacing())};
+}
+
+QSize FindingsList::minimumSizeHint() const {
+  return {QTreeWidget::minimumSizeHint().width(), HeightOf(1)};
 }
 
 void FindingsList::ChoosePlace(const QTreeWidgetItem& row) {

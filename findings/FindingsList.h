@@ -32,8 +32,11 @@ class FindingsList : public QTreeWidget {
   /// not kept.
   void Show(const std::vector<engine::BuildMessage>& messages, std::uint64_t further = 0);
 
-  /// Room for a few rows.
+  /// The height (pixels) at which so many rows are seen whole.
+  [[nodiscard]] int HeightOf(int rows) const;
+  /// Room for the rows, for a few of many.
   [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
 
   /// "2 Fehler, 1 Warnung", or that there is none.
   [[nodiscard]] static QString Summary(const std::vector<engine::BuildMessage>& messages);

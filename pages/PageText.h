@@ -1,7 +1,6 @@
 // The texts of the editor pages.
 #pragma once
 
-#include <QLocale>
 #include <QString>
 
 #include "model/TextTable.h"
@@ -11,6 +10,7 @@
 namespace pages {
 
 using model::Text;
+using tools::GermanNumber;
 
 /// A text of the table as Qt shows it.
 [[nodiscard]] inline QString Caption(Text text) { return tools::ToQString(model::LoadText(text)); }
@@ -18,11 +18,6 @@ using model::Text;
 /// What remains of a stored text that Qt has shown: bytes that are not UTF-8 are replaced.
 [[nodiscard]] inline std::string AsShown(std::string_view text) {
   return tools::ToUtf8(tools::ToQString(text));
-}
-
-/// 50000 as "50.000".
-[[nodiscard]] inline QString GermanNumber(qlonglong number) {
-  return QLocale(QLocale::German, QLocale::Germany).toString(number);
 }
 
 /// A text of the table with a number in the place of its "%count%".

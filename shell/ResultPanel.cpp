@@ -4,7 +4,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QMainWindow>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -16,6 +18,7 @@
 #include "tools/Error.h"
 #include "tools/Text.h"
 #include "tools/desktop/Guard.h"
+#include "tools/desktop/PageArea.h"
 #include "tools/desktop/QtText.h"
 
 namespace shell {
@@ -28,7 +31,8 @@ using tools::ToQString;
 
 namespace {
 
-constexpr int kMargin = 6;  // pixels
+constexpr int kMargin = 6;      // pixels
+constexpr int kLeastLines = 3;  // of the panel where the window is small
 
 QString WithVersion(Text text, const std::string& version) {
   return ToQString(tools::ReplaceAll(LoadText(text), "%version%", version));
@@ -101,6 +105,7 @@ ResultPanel::ResultPanel(tools::Dialogs& dialogs, QWidget* parent)
   lblFacts_->setWordWrap(true);
   lblFacts_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   lsvFindings_->setAccessibleName(windowTitle());
+  lsvFindings_->hide();
 
   auto* row = new QHBoxLayout(buttons_);
   row->setContentsMargins(0, 0, 0, 0);
@@ -116,7 +121,11 @@ ResultPanel::ResultPanel(tools::Dialogs& dialogs, QWidget* parent)
     layout->addWidget(part);
   }
   layout->addWidget(lsvFindings_, 1);
-  setWidget(content_);
+  layout->addStretch();
+  QScrollArea* area = tools::MakePageArea(content_, 0, this);
+  area->setMinimumHeight(kLeastLines * fontMetrics().height());
+  area->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+  setWidget(area);
   hide();
 
   connect(cmdOpenFolder_, &QPushButton::clicked, this, tools::Guarded(dialogs_, [this] {
@@ -164,6 +173,7 @@ void ResultPanel::ShowBuild(const engine::BuildResult& result, const std::string
   lsvFindings_->Show(result.messages, result.furtherMessages);
   lsvFindings_->setVisible(!result.messages.empty());
   BringUp(result.version, outcome, FactsOf(result));
+  FitHeight();
 }
 
 void ResultPanel::Check(const findings::CheckRequest& request, const std::string& version,
@@ -171,7 +181,7 @@ void ResultPanel::Check(const findings::CheckRequest& request, const std::string
   checkNote_ = hasUnsavedPages ? ToQString(LoadText(Text::SavedStateIsChecked)) : QString();
   versionText_ = version;
   folder_.clear();
-  lsvFindings_->hide();
+  lsvFindings_->clear();  // though it stays: the panel would change its height twice
   BringUp(request.version, ToQString(LoadText(Text::CheckIsRunning)), {});
   check_.Start(request);
 }
@@ -183,6 +193,16 @@ void ResultPanel::ShowFindings(const std::vector<engine::BuildMessage>& messages
           WithVersion(Text::CheckFinished, versionText_) + u": "_s +
               findings::FindingsList::Summary(messages),
           checkNote_);
+  FitHeight();
+}
+
+void ResultPanel::FitHeight() {
+  auto* mainWindow = qobject_cast<QMainWindow*>(parentWidget());
+  if (mainWindow == nullptr) return;
+  const int title = sizeHint().height() - widget()->sizeHint().height();
+  const int told = content_->hasHeightForWidth() ? content_->heightForWidth(mainWindow->width())
+                                                 : content_->sizeHint().height();
+  mainWindow->resizeDocks({this}, {title + told}, Qt::Vertical);
 }
 
 void ResultPanel::Forget(model::VersionSlot version) {

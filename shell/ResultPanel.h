@@ -46,6 +46,8 @@ class ResultPanel : public QDockWidget {
  private:
   QPushButton* AddButton(const char* name, const std::string& text);
   void BringUp(model::VersionSlot version, const QString& outcome, const QString& facts);
+  /// The panel is as high as what it tells, as far as the pages leave it the room.
+  void FitHeight();
   void ShowFindings(const std::vector<engine::BuildMessage>& messages);
 
   tools::Dialogs& dialogs_;

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
@@ -183,8 +185,12 @@ void frmMain::OnTabClick() {
 }
 
 void frmMain::PositionExtender(QWidget& page) {
-  if (editorLayout_->indexOf(&page) < 0) editorLayout_->addWidget(&page, 1);
+  if (pageLayout_->indexOf(&page) < 0) pageLayout_->addWidget(&page);
+  pageArea_->verticalScrollBar()->setValue(0);
+  pageArea_->show();
 }
+
+QWidget* frmMain::PageParent() { return pageLayout_->parentWidget(); }
 
 void frmMain::ShowStatusText(const std::string& text) {
   sbrMain->showMessage(tools::ToQString(text));
@@ -237,6 +243,7 @@ void frmMain::DropPages(Changes changes) {
 }
 
 void frmMain::UpdateStartArea() {
+  if (tabDataEditor->count() == 0) pageArea_->hide();
   using Editor = StartArea::Editor;
   startArea_->Update(tabDataEditor->count() > 0   ? Editor::HasPages
                      : services_.project.IsOpen() ? Editor::NothingSelected

@@ -27,6 +27,7 @@
 
 class QLabel;
 class QMenu;
+class QScrollArea;
 class QSplitter;
 class QStatusBar;
 class QTabBar;
@@ -71,7 +72,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void UpdateEditor();
   void PositionExtender(QWidget& page) override;
 
-  [[nodiscard]] QWidget* PageParent() override { return picDataEditor; }
+  [[nodiscard]] QWidget* PageParent() override;
   /// Opens the component in those slots, and the entry on the page that lists it; an entry of 0 is
   /// none. Pages of another node are offered for applying first where they have changes.
   void ShowPlace(model::VersionSlot version, const findings::ChosenPlace& place);
@@ -149,6 +150,8 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   TitleLabel* lblDataEditorTitle = nullptr;
   QTabBar* tabDataEditor = nullptr;
   QVBoxLayout* editorLayout_ = nullptr;
+  QScrollArea* pageArea_ = nullptr;
+  QVBoxLayout* pageLayout_ = nullptr;
   PageBars* pageBars_ = nullptr;
   StartArea* startArea_ = nullptr;
   UnsavedMarks* marks_ = nullptr;
@@ -171,7 +174,7 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   QAction* mnuComponentDelete = nullptr;
   QAction* mnuComponentProperties = nullptr;
 
-  /// Owns the pages, though picDataEditor is their parent: they must go before it does.
+  /// Owns the pages, though pageArea_ holds them: they must go before it does.
   EditorTabs editorTabs_;
   NewProductDialog newProductForm_;
   model::ModProjectOperations operations_;

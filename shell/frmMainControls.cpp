@@ -1,6 +1,7 @@
 // The controls of the main window: what frmMain.cpp makes work together.
 #include <QLabel>
 #include <QMenu>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabBar>
@@ -21,11 +22,18 @@
 #include "shell/WindowKeys.h"
 #include "shell/frmMain.h"
 #include "tools/desktop/Guard.h"
+#include "tools/desktop/PageArea.h"
 
 namespace shell {
 
 using model::Text;
 using pages::Caption;
+
+namespace {
+
+constexpr int kLeastPageLines = 8;  ///< that the result panel leaves to a page
+
+}  // namespace
 
 void frmMain::BuildToolBar() {
   tbrMain = new MainToolBar(this);
@@ -80,6 +88,12 @@ void frmMain::BuildEditorPane() {
   editorLayout_->addWidget(lblDataEditorTitle);
   editorLayout_->addWidget(tabDataEditor);
   pageBars_ = MakePageBars();
+  auto* pages = new QWidget;
+  pageLayout_ = new QVBoxLayout(pages);
+  pageLayout_->setContentsMargins(0, 0, 0, 0);
+  pageArea_ = tools::MakePageArea(pages, 0, picDataEditor);
+  pageArea_->setMinimumHeight(kLeastPageLines * fontMetrics().height());
+  editorLayout_->addWidget(pageArea_, 1);
   editorLayout_->addStretch(0);
 
   auto* sideLayout = new QVBoxLayout(side);

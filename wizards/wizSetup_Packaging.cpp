@@ -21,6 +21,12 @@ using model::LoadText;
 using model::Text;
 using tools::ToQString;
 
+namespace {
+
+constexpr int kLeastFindings = 3;  ///< that are seen at once
+
+}  // namespace
+
 wizSetup_Packaging::wizSetup_Packaging(const BuildServices& services,
                                        model::VersionSlot versionIndex,
                                        findings::ChosenPlace& chosen,
@@ -90,6 +96,7 @@ void wizSetup_Packaging::AddFindings() {
   lblCheck_->setObjectName(u"lblCheck"_s);
   lsvFindings_ = new findings::FindingsList(this);
   lsvFindings_->setAccessibleName(ToQString(LoadText(Text::Check)));
+  lsvFindings_->setMinimumHeight(lsvFindings_->HeightOf(kLeastFindings));
   lblCheck_->setBuddy(lsvFindings_);
   layout()->addWidget(lblCheck_);
   layout()->addWidget(lsvFindings_);

@@ -37,6 +37,8 @@ class ResultPanelTest : public QObject {
     QTest::keyClick(&program_->window, Qt::Key_F5);
     QTRY_COMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: geprüft: 1 Fehler, 0 Warnungen");
     QVERIFY(!Child(Panel(), "cmdShowLog").isEnabled());
+    const int row = Findings().visualItemRect(Findings().topLevelItem(0)).height();
+    QTRY_COMPARE(Findings().viewport()->height() / row, 1);  // no room is lost for empty rows
     // The entry before it is gone meanwhile, so that its number is another one.
     folder_->Write(TestProduct::kComponentFile,
                    "[Component]\nTitle=Kern\n[Files]\nCount=1\n[File1]\n" +
@@ -58,6 +60,9 @@ class ResultPanelTest : public QObject {
     QCOMPARE(Shown(program_->window, "lblSaveState"), "Geändert");
     Activate(program_->window);
     program_->Press("save");
+    program_->window.resize(program_->window.minimumSize());
+    const QWidget& page = Child(program_->window, "EditorTab1");
+    QVERIFY(page.height() >= page.minimumSizeHint().height());  // else parts lie over each other
     folder_->Write(TestProduct::kComponentFile, "[Component]\nTitle=Kern\n");
     DoubleClick(Findings(), Findings().model()->index(0, 0));
     QCOMPARE(Child<QStatusBar>(program_->window, "sbrMain").currentMessage(),

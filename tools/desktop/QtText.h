@@ -16,6 +16,11 @@ namespace tools {
 
 [[nodiscard]] inline std::string ToUtf8(const QString& text) { return text.toStdString(); }
 
+/// 50000 as "50.000".
+[[nodiscard]] inline QString GermanNumber(qlonglong number) {
+  return QLocale(QLocale::German, QLocale::Germany).toString(number);
+}
+
 /// A number of bytes as people read it: "1,5 MB".
 [[nodiscard]] inline QString SizeText(std::uint64_t bytes) {
   return QLocale(QLocale::German, QLocale::Germany)

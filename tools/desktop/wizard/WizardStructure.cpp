@@ -15,6 +15,7 @@
 #include "tools/StandardTexts.h"
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
+#include "tools/desktop/PageArea.h"
 #include "tools/desktop/QtText.h"
 #include "tools/desktop/wizard/WizardHeader.h"
 
@@ -40,27 +41,6 @@ QPushButton* MakeButton(const QString& name, const QString& text, QWidget* paren
       std::min(kButtonWidthInCharacters * parent->fontMetrics().averageCharWidth(),
                parent->screen()->availableSize().width() / kButtonsInWidth));
   return button;
-}
-
-/// Shows the page, which can be scrolled where the screen is too small for it. The scroll bar then
-/// stands in the right margin's place, not in the page's.
-QScrollArea* MakePageArea(QWidget* page, int rightMargin, QWidget* parent) {
-  auto* withMargin = new QWidget;
-  auto* layout = new QHBoxLayout(withMargin);
-  layout->setContentsMargins(0, 0, rightMargin, 0);
-  layout->addWidget(page);
-
-  auto* area = new QScrollArea(parent);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidgetResizable(true);
-  area->setWidget(withMargin);
-  // The texts above keep their height, the page takes what is left.
-  area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-  area->setMinimumHeight(1);
-  for (QWidget* background : {area->viewport(), withMargin})
-    background->setAutoFillBackground(false);
-  return area;
 }
 
 QString OneKindOfLineBreak(const std::string& text) {
