@@ -292,8 +292,11 @@ void frmMain::RunForVersion(Text title, Wanted wanted) {
 void frmMain::ShowPlace(model::VersionSlot version, const findings::ChosenPlace& place) {
   if (!OpenNode(ComponentNode(version, place.component)) || place.entry == 0) return;
   for (std::int32_t i = 1; i <= editorTabs_.Count(); ++i) {
-    if (!editorTabs_.Item(i).ShowEntry(place.entry, place.entryId)) continue;
+    pages::EditorPage& page = editorTabs_.Item(i);
+    if (!page.ShowEntry(place.entry, place.entryId)) continue;
+    if (tabDataEditor->currentIndex() == i - 1) return;
     tabDataEditor->setCurrentIndex(i - 1);
+    page.ShowEntry(place.entry, place.entryId);  // hidden, it could not take the keyboard
     return;
   }
   ShowStatusText(model::LoadText(Text::EntryIsGone));

@@ -53,7 +53,10 @@ class ResultPanelTest : public QObject {
     for (const char* filter : {"fehlt", "anderes"}) {
       Type(Child(program_->window, "txtFilter"), filter);
       Child<QComboBox>(program_->window, "cmbDestinationFolder").setCurrentIndex(0);
+      Child<QTabBar>(program_->window, "tabDataEditor").setCurrentIndex(1);
+      Activate(program_->window);
       DoubleClick(Findings(), Findings().model()->index(0, 0));
+      QVERIFY(files.hasFocus());
       QVERIFY(files.currentIndex().data().toString().endsWith("fehlt.txt"));
       QCOMPARE(Shown(program_->window, "txtFilter"), QString(filter) == "fehlt" ? "fehlt" : "");
     }
