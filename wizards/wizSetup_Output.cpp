@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QTextDocument>
 #include <utility>
 
 #include "engine/OutputFolder.h"
@@ -18,6 +19,7 @@
 #include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
+#include "wizards/WarningText.h"
 
 namespace wizards {
 
@@ -30,7 +32,6 @@ using tools::ToQString;
 namespace {
 
 constexpr int kFolderBrowserFlags = 17;
-constexpr int kWarningLines = 3;
 
 std::string ConfigurationName(const std::string& value) {
   const std::int32_t configuration = tools::ToInt32(value);
@@ -71,16 +72,13 @@ QWidget* wizSetup_Output::MakeFolderRow() {
   auto* icon = new QLabel(fraFolderWarning_);
   const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
   icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(iconSize));
-  lblFolderWarning_ = new QLabel(fraFolderWarning_);
+  lblFolderWarning_ = new WarningText(fraFolderWarning_);
   lblFolderWarning_->setObjectName(u"lblFolderWarning"_s);
-  lblFolderWarning_->setTextFormat(Qt::PlainText);
-  lblFolderWarning_->setWordWrap(true);
   auto* warning = new QHBoxLayout(fraFolderWarning_);
   warning->setContentsMargins(0, 0, 0, 0);
   warning->addWidget(icon, 0, Qt::AlignTop);
   warning->addWidget(lblFolderWarning_, 1);
-  // Room for three lines is kept: a warning that comes and goes moves nothing.
-  fraFolderWarning_->setMinimumHeight(kWarningLines * fontMetrics().lineSpacing());
+  // Its room is kept: a warning that comes and goes moves nothing.
   QSizePolicy policy = fraFolderWarning_->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   fraFolderWarning_->setSizePolicy(policy);
@@ -179,6 +177,7 @@ void wizSetup_Output::ShowFolder() {
 
 void wizSetup_Output::Warn(const std::string& text) {
   lblFolderWarning_->setText(ToQString(text));
+  lblFolderWarning_->setToolTip(Qt::convertFromPlainText(lblFolderWarning_->text()));
   fraFolderWarning_->setVisible(!text.empty());
 }
 

@@ -293,6 +293,11 @@ class WizardsTest : public QObject {
       QVERIFY2(Shown(*f.page, "lblFolderWarning").contains(warning), folder);
       QCOMPARE(Child(*f.page, "lblFolderWarning").isVisible(), *warning != '\0');
     }
+    const int below = Child(*f.page, "fraOverview").y();
+    Child<QLabel>(*f.page, "lblFolderWarning").setText(QString("/lang").repeated(300));
+    Child(*f.page, "lblFolderWarning").parentWidget()->show();
+    QTest::qWait(0);
+    QCOMPARE(Child(*f.page, "fraOverview").y(), below);
   }
 
   void PackagingOptionsStayEmptyUntilTheAuthorChooses() {
