@@ -201,6 +201,10 @@ void ComponentCommands::Rename() {
   }
   services_.components.Rename(selected.front());
   ShowSelectedNode();
+  const std::string& title = selected.front().shownTitle;
+  if (tree_.SelectedTexts().component == title) {
+    services_.showStatus(tools::ReplaceAll(LoadText(Text::NotRenamed), "%title%", title));
+  }
 }
 
 void ComponentCommands::TakeOver(model::VersionSlot version) {

@@ -1,6 +1,7 @@
 #include "shell/RecentMenu.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 #include <QToolButton>
 #include <algorithm>
 #include <utility>
@@ -36,12 +37,16 @@ bool RecentMenu::eventFilter(QObject* watched, QEvent* event) {
 void RecentMenu::Fill() {
   clear();
   const std::vector<std::string> paths = paths_();
+  const int widest = button_.screen()->availableSize().width() * 3 / 4;
   int number = 0;
   for (const std::string& path : paths) {
-    // The numbers are the keys; an "&" in a path is a letter.
-    QString text = tools::ToQString(path).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    const QString whole = tools::ToQString(path);
+    // A path is known by its end. The numbers are the keys; an "&" in a path is a letter.
+    QString text = fontMetrics().elidedText(whole, Qt::ElideMiddle, widest);
+    text.replace(QLatin1Char('&'), QStringLiteral("&&"));
     QAction* entry = addAction(QStringLiteral("&%1  ").arg(++number % 10) + text);
-    entry->setData(tools::ToQString(path));
+    entry->setToolTip(whole);
+    entry->setData(whole);
     connect(entry, &QAction::triggered, this, [this, path] { Q_EMIT ProductWanted(path); });
   }
   if (number == 0) {

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTextDocument>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -129,13 +130,14 @@ ResultPanel::ResultPanel(tools::Dialogs& dialogs, QWidget* parent)
   hide();
 
   connect(cmdOpenFolder_, &QPushButton::clicked, this, tools::Guarded(dialogs_, [this] {
-            if (QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(folder_)))) return;
-            throw tools::Error("Der Ordner kann nicht geöffnet werden: " + folder_);
+            const std::string folder = SetupFolder();
+            if (QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(folder)))) return;
+            throw tools::Error("Der Ordner kann nicht geöffnet werden: " + folder);
           }));
   connect(cmdShowLog_, &QPushButton::clicked, this,
-          tools::Guarded(dialogs_, [this] { ShowBuildLog(folder_, window()); }));
+          tools::Guarded(dialogs_, [this] { ShowBuildLog(SetupFolder(), window()); }));
   connect(cmdCompare_, &QPushButton::clicked, this,
-          tools::Guarded(dialogs_, [this] { ShowDifferences(folder_, dialogs_, window()); }));
+          tools::Guarded(dialogs_, [this] { ShowDifferences(SetupFolder(), dialogs_, window()); }));
   connect(cmdBuildAgain_, &QPushButton::clicked, this,
           [this] { Q_EMIT BuildAgainWanted(version_); });
   connect(lsvFindings_, &findings::FindingsList::PlaceChosen, this,
@@ -156,8 +158,10 @@ void ResultPanel::BringUp(model::VersionSlot version, const QString& outcome,
   lblOutcome_->setText(outcome);
   lblFacts_->setText(facts);
   lblFacts_->setVisible(!facts.isEmpty());
+  const std::string folder = SetupFolder();
   for (QPushButton* button : {cmdOpenFolder_, cmdShowLog_, cmdCompare_}) {
-    button->setEnabled(!folder_.empty());
+    button->setEnabled(!folder.empty());
+    button->setToolTip(folder.empty() ? QString() : Qt::convertFromPlainText(ToQString(folder)));
   }
   show();
 }
@@ -165,7 +169,8 @@ void ResultPanel::BringUp(model::VersionSlot version, const QString& outcome,
 void ResultPanel::ShowBuild(const engine::BuildResult& result, const std::string& version) {
   check_.Stop();
   versionText_ = version;
-  folder_ = HoldsSetup(result) ? result.summary.outputFolder : std::string();
+  // A build that comes to nothing leaves the setup before it.
+  if (HoldsSetup(result)) setupFolders_[result.version] = result.summary.outputFolder;
   QString outcome = WithVersion(OutcomeText(result), version);
   if (!result.messages.empty()) {
     outcome += u": "_s + findings::FindingsList::Summary(result.messages);
@@ -180,7 +185,6 @@ void ResultPanel::Check(const findings::CheckRequest& request, const std::string
                         bool hasUnsavedPages) {
   checkNote_ = hasUnsavedPages ? ToQString(LoadText(Text::SavedStateIsChecked)) : QString();
   versionText_ = version;
-  folder_.clear();
   lsvFindings_->clear();  // though it stays: the panel would change its height twice
   BringUp(request.version, ToQString(LoadText(Text::CheckIsRunning)), {});
   check_.Start(request);
@@ -205,13 +209,25 @@ void ResultPanel::FitHeight() {
   mainWindow->resizeDocks({this}, {title + told}, Qt::Vertical);
 }
 
+std::string ResultPanel::SetupFolder() const {
+  const auto found = setupFolders_.find(version_);
+  return found == setupFolders_.end() ? std::string() : found->second;
+}
+
 void ResultPanel::Forget(model::VersionSlot version) {
-  if (version == version_) Clear();
+  setupFolders_.erase(version);
+  if (version == version_) Withdraw();
 }
 
 void ResultPanel::Clear() {
+  setupFolders_.clear();
+  Withdraw();
+}
+
+void ResultPanel::Withdraw() {
   check_.Stop();
   hide();
+  version_ = 0;
 }
 
 }  // namespace shell

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDockWidget>
+#include <map>
 #include <string>
 
 #include "engine/Build.h"
@@ -32,6 +33,8 @@ class ResultPanel : public QDockWidget {
   /// Checks a version as it is stored, in the background, and shows what is found.
   void Check(const findings::CheckRequest& request, const std::string& version,
              bool hasUnsavedPages);
+  /// True when there is something that the hidden panel can be shown again for.
+  [[nodiscard]] bool HasResult() const { return version_ != 0; }
   /// The version in this slot is gone: clears the panel if it tells of that one.
   void Forget(model::VersionSlot version);
   /// Forgets everything and hides.
@@ -48,13 +51,16 @@ class ResultPanel : public QDockWidget {
   void BringUp(model::VersionSlot version, const QString& outcome, const QString& facts);
   /// The panel is as high as what it tells, as far as the pages leave it the room.
   void FitHeight();
+  void Withdraw();
+  /// Of the last setup of the version that is told about; empty when there is none.
+  [[nodiscard]] std::string SetupFolder() const;
   void ShowFindings(const std::vector<engine::BuildMessage>& messages);
 
   tools::Dialogs& dialogs_;
-  model::VersionSlot version_ = 0;  ///< slot of the version that is told about
+  model::VersionSlot version_ = 0;  ///< slot of the version that is told about; 0: none
   std::string versionText_;
-  QString checkNote_;   ///< what the check that runs does not see
-  std::string folder_;  ///< of the setup that is told about; empty when there is none
+  QString checkNote_;  ///< what the check that runs does not see
+  std::map<model::VersionSlot, std::string> setupFolders_;  ///< of the versions' last setups
   QWidget* content_;
   QLabel* lblOutcome_;
   QLabel* lblFacts_;

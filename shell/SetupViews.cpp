@@ -68,7 +68,8 @@ setup::SetupContents ContentsOf(const std::string& folder, tools::StoppableNotic
 std::string Report(const std::string& otherFolder, const setup::SetupComparison& comparison) {
   if (comparison.differences.empty()) return LoadText(Text::SameSetups);
   std::string text = tools::ReplaceAll(LoadText(Text::SetupDifferences), "%folder%", otherFolder);
-  text = tools::ReplaceAll(text, "%count%", std::to_string(comparison.differences.size())) + '\n';
+  const QString count = tools::GermanNumber(std::ssize(comparison.differences));
+  text = tools::ReplaceAll(text, "%count%", tools::ToUtf8(count)) + '\n';
   for (const setup::Difference& difference : comparison.differences) {
     text += '\n' + setup::DifferenceText(difference);
   }
@@ -99,7 +100,8 @@ void ShowDifferences(const std::string& setupFolder, tools::Dialogs& dialogs, QW
   } catch (const tools::Stopped&) {
     return;
   }
-  TextWindow window(ToQString(LoadText(Text::CompareWith)), ToQString(report), parent);
+  const QString title = ToQString(LoadText(Text::CompareWith)).remove(u"..."_s);
+  TextWindow window(title, ToQString(report), parent);
   window.exec();
 }
 

@@ -276,14 +276,14 @@ void frmMain::StartWizard(Text title, Wanted wanted) {
   Q_EMIT(this->*wanted)(SlotsOf(node).version, editorTabs_);
 }
 
-void frmMain::RunForVersion(Text title, Wanted wanted) {
+void frmMain::RunForVersion(Text title, Text withoutVersion, Wanted wanted) {
   if (!services_.project.IsOpen()) {
     Refuse(Text::NoProjectOpen, title);
     return;
   }
   const model::VersionSlot version = SlotsOf(trvProjectTree->SelectedNode()).version;
   if (version == 0) {
-    Refuse(Text::NoVersionSelected, title);
+    Refuse(withoutVersion, title);
     return;
   }
   Q_EMIT(this->*wanted)(version, editorTabs_);

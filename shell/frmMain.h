@@ -112,8 +112,9 @@ class frmMain : public QMainWindow, public model::MainView, public EditorArea {
   void DeleteSelectedNode();
   using Wanted = void (frmMain::*)(model::VersionSlot, model::OpenPages&);
   void StartWizard(model::Text title, Wanted wanted);
-  /// Emits `wanted` for the version that the selected node is or belongs to; refuses without one.
-  void RunForVersion(model::Text title, Wanted wanted);
+  /// Emits `wanted` for the version that the selected node is or belongs to; refuses without one,
+  /// with the text `withoutVersion`.
+  void RunForVersion(model::Text title, model::Text withoutVersion, Wanted wanted);
   void BuildResultPanel();
   [[nodiscard]] ComponentCommands* MakeComponentCommands();
   [[nodiscard]] PageBars* MakePageBars();

@@ -209,9 +209,16 @@ void frmMain::BuildResultPanel() {
   mnuVersionBuildAgain = AddMenuItem(*mnuPopupVersion, "mnuVersionBuildAgain", Text::BuildAgain);
   mnuVersionBuildAgain->setShortcut(Qt::Key_F7);
   addActions({mnuVersionCheck, mnuVersionBuildAgain});
-  OnMenuItem(mnuVersionCheck, [this] { RunForVersion(Text::CheckVersion, &frmMain::CheckWanted); });
-  OnMenuItem(mnuVersionBuildAgain,
-             [this] { RunForVersion(Text::BuildAgain, &frmMain::BuildAgainWanted); });
+  OnMenuItem(mnuVersionCheck, [this] {
+    RunForVersion(Text::CheckVersion, Text::NoVersionToCheck, &frmMain::CheckWanted);
+  });
+  OnMenuItem(mnuVersionBuildAgain, [this] {
+    RunForVersion(Text::BuildAgain, Text::NoVersionSelected, &frmMain::BuildAgainWanted);
+  });
+  QAction* show = AddMenuItem(*mnuPopupVersion, "mnuVersionShowResult", Text::ShowResult);
+  OnMenuItem(show, [this] { pnlResult->show(); });
+  connect(mnuPopupVersion, &QMenu::aboutToShow, this,
+          [this, show] { show->setEnabled(pnlResult->HasResult()); });
 }
 
 void frmMain::BuildKeys() {

@@ -102,9 +102,16 @@ class ResultPanelTest : public QObject {
       script_->ExpectAndPress("messageBox", answer);  // whether the old setup may go
       QTest::keyClick(&program_->window, Qt::Key_F7);
       QVERIFY(program_->window.findChild<QWidget*>("busyNotice") == nullptr);
+      QVERIFY(Child(Panel(), "cmdShowLog").isEnabled());  // the setup before lies there
     }
     QCOMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: Setup erstellt");
     QVERIFY(folder_->Holds("Produkt/Ausgabe/Debug/Probe.zip"));
+    Panel().hide();
+    program_->PickFromMenu("mnuVersionShowResult");
+    QVERIFY(Panel().isVisible());
+    Activate(program_->window);
+    QTest::keyClick(&program_->window, Qt::Key_F5);
+    QTRY_COMPARE(Shown(Panel(), "lblOutcome"), "Version 1.0.0: geprüft: Keine Beanstandungen");
     script_->ExpectChoosing("browseFolder",
                             tools::ToQString(folder_->Path("Produkt/Ausgabe/Debug")));
     script_->Expect<QWidget>("textWindow", [](QWidget& window) {

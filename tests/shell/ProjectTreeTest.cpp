@@ -157,6 +157,9 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     dialogs_->ExpectInputBox(Text::EnterOtherComponentTitle, "Neu");
     Press(Qt::Key_F2);
     QVERIFY(program_->Nodes().contains("|v1=Version 1.0.0|[v1c1=Neu]|"));
+    dialogs_->ExpectInputBox(Text::EnterOtherComponentTitle, " ");
+    Press(Qt::Key_F2);
+    QCOMPARE(Status(), "Nicht umbenannt: Neu");
   }
 
   void TheVersionThatADropReachesIsFramed() {

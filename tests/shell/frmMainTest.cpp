@@ -164,6 +164,9 @@ class frmMainTest : public QObject, protected WindowFixture {
     QCOMPARE(started, "4Version");
     QCOMPARE(dialogs_->Messages().size(), 2U);
     QCOMPARE(dialogs_->Messages().back().text, model::LoadText(Text::NoVersionSelected));
+    program_->Click("product");
+    QTest::keyClick(&program_->window, Qt::Key_F5);
+    QCOMPARE(dialogs_->Messages().back().text, model::LoadText(Text::NoVersionToCheck));
   }
 
   void TheStartPageOffersTheProductsOpenedLast() {
