@@ -1,4 +1,6 @@
 
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 
 #include "tests/support/desktop/ModalScript.h"
@@ -149,6 +151,10 @@ class WizardStructureTest : public QObject {
       Press(frame, "cmdBack");
       Press(frame, "cmdNext");
       QVERIFY(!name.visibleRegion().isEmpty());
+      Press(frame, "cmdNext");
+      QCoreApplication::processEvents();
+      const auto& area = *frame.findChild<QScrollArea*>();
+      QVERIFY2(!area.verticalScrollBar()->isVisible(), "an empty page needs none");
       frame.close();
     });
   }

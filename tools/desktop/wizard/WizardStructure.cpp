@@ -43,6 +43,17 @@ QPushButton* MakeButton(const QString& name, const QString& text, QWidget* paren
   return button;
 }
 
+/// Needs the room of the page that is shown, not that of the largest one.
+class PageStack : public QStackedWidget {
+ public:
+  using QStackedWidget::QStackedWidget;
+
+  [[nodiscard]] QSize sizeHint() const override { return currentWidget()->sizeHint(); }
+  [[nodiscard]] QSize minimumSizeHint() const override {
+    return currentWidget()->minimumSizeHint().expandedTo(currentWidget()->minimumSize());
+  }
+};
+
 QString OneKindOfLineBreak(const std::string& text) {
   return ToQString(text).replace("\r\n"_L1, "\n"_L1);
 }
@@ -58,7 +69,7 @@ WizardStructure::WizardStructure(WizardDriver& driver, const WizardPageRegistry&
       picture_(new WizardPicture(this)),
       header_(new WizardHeader(this)),
       lblStepBar_(new QLabel(this)),
-      content_(new QStackedWidget(this)),
+      content_(new PageStack(this)),
       emptyPage_(new QWidget(content_)) {
   setObjectName(u"wizardStructure"_s);
   setFont(FormFont());
@@ -150,6 +161,7 @@ void WizardStructure::Show(std::string key, std::vector<std::string> visited) {
   page_ = std::move(page);
   visited_ = std::move(visited);
   content_->setCurrentWidget(control != nullptr ? control : emptyPage_);
+  content_->updateGeometry();
   pageArea_->verticalScrollBar()->setValue(0);
   Describe(page_);
   FocusFirst(control);
