@@ -42,10 +42,12 @@ void RecentMenu::Fill() {
   for (const std::string& path : paths) {
     const QString whole = tools::ToQString(path);
     // A path is known by its end. The numbers are the keys; an "&" in a path is a letter.
-    QString text = fontMetrics().elidedText(whole, Qt::ElideMiddle, widest);
-    text.replace(QLatin1Char('&'), QStringLiteral("&&"));
-    QAction* entry = addAction(QStringLiteral("&%1  ").arg(++number % 10) + text);
+    const QString text = fontMetrics().elidedText(whole, Qt::ElideMiddle, widest);
+    QString caption = text;
+    caption.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    QAction* entry = addAction(QStringLiteral("&%1  ").arg(++number % 10) + caption);
     entry->setToolTip(whole);
+    if (text != whole) setToolTipsVisible(true);
     entry->setData(whole);
     connect(entry, &QAction::triggered, this, [this, path] { Q_EMIT ProductWanted(path); });
   }

@@ -213,6 +213,8 @@ class frmMainTest : public QObject, protected WindowFixture {
       focused += QApplication::focusWidget()->objectName();
     }
     QCOMPARE(focused.join('|'), "tabDataEditor|cmbDestinationFolder||trvProjectTree");
+    Press(Qt::CTRL | Qt::Key_F);
+    QCOMPARE(QApplication::focusWidget(), &Child(program_->window, "txtFilter"));
     Child(program_->window, "cmbDestinationFolder").setFocus();
     Press(Qt::CTRL | Qt::Key_Tab);
     const QWidget& registry = Child(program_->window, "EditorTab2");
