@@ -133,7 +133,6 @@ void PageBars::PagesRead(const Node& node) {
     connect(page, &pages::EditorPage::SaveFailed, this, &PageBars::PagesSaved);
   }
   ShowWhetherMissing();
-  TreeChanged();
 }
 
 void PageBars::ShowWhetherMissing() {
@@ -143,6 +142,7 @@ void PageBars::ShowWhetherMissing() {
         tools::ReplaceAll(model::LoadText(Text::NodeIsMissing), "%reason%", reason)));
   }
   nodeMissing_->setVisible(!reason.empty());
+  TreeChanged();
 }
 
 // What another program wrote may have been overwritten.
@@ -152,7 +152,7 @@ void PageBars::PagesSaved() {
 
 void PageBars::TreeChanged() {
   noComponents_->setVisible(node_.tag == kVersionTag && pages_.Count() > 0 &&
-                            !tree_.HasChildren(node_));
+                            !tree_.HasChildren(node_) && nodeMissing_->isHidden());
 }
 
 bool PageBars::eventFilter(QObject* watched, QEvent* event) {

@@ -113,6 +113,15 @@ bool OutsidePicture(shell::frmMain& window, const QString& product, const QDir& 
   return stored;
 }
 
+/// The product's folder is out of reach for a while.
+bool GonePicture(shell::frmMain& window, const QDir& product, const QDir& folder) {
+  const QString away = product.path() + QStringLiteral(" (weg)");
+  if (!QDir().rename(product.path(), away)) return false;
+  ClickNode(window, QStringLiteral("v3"));
+  const bool stored = StorePicture(window, folder, QStringLiteral("product-gone"));
+  return QDir().rename(away, product.path()) && stored;
+}
+
 /// A changed page, and the start page after its product was closed.
 bool StatePictures(shell::frmMain& window, const QDir& folder) {
   ClickNode(window, QStringLiteral("product"));
@@ -135,7 +144,8 @@ bool MakePictures(const QString& product, const QDir& folder) {
   return MainWindowPicture(window, folder) && FilePictures(window, productFolder, folder) &&
          PagePictures(window, folder) && WizardPictures(window, folder) &&
          BuildPictures(window, productFolder, folder) && EmptyVersionPictures(window, folder) &&
-         OutsidePicture(window, product, folder) && StatePictures(window, folder);
+         OutsidePicture(window, product, folder) && GonePicture(window, productFolder, folder) &&
+         StatePictures(window, folder);
 }
 
 }  // namespace
