@@ -163,6 +163,7 @@ void ResultPanel::BringUp(model::VersionSlot version, const QString& outcome,
     button->setEnabled(!folder.empty());
     button->setToolTip(folder.empty() ? QString() : Qt::convertFromPlainText(ToQString(folder)));
   }
+  if (isHidden()) isFitted_ = false;
   show();
 }
 
@@ -206,6 +207,8 @@ void ResultPanel::FitHeight() {
   const int title = sizeHint().height() - widget()->sizeHint().height();
   const int told = content_->hasHeightForWidth() ? content_->heightForWidth(mainWindow->width())
                                                  : content_->sizeHint().height();
+  if (isFitted_ && height() >= title + told) return;
+  isFitted_ = true;
   mainWindow->resizeDocks({this}, {title + told}, Qt::Vertical);
 }
 

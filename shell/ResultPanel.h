@@ -49,7 +49,8 @@ class ResultPanel : public QDockWidget {
  private:
   QPushButton* AddButton(const char* name, const std::string& text);
   void BringUp(model::VersionSlot version, const QString& outcome, const QString& facts);
-  /// The panel is as high as what it tells, as far as the pages leave it the room.
+  /// The panel opens as high as what it tells, as far as the pages leave it the room, and grows
+  /// with it. It keeps a greater height, which the author may have chosen.
   void FitHeight();
   void Withdraw();
   /// Of the last setup of the version that is told about; empty when there is none.
@@ -59,6 +60,7 @@ class ResultPanel : public QDockWidget {
   tools::Dialogs& dialogs_;
   model::VersionSlot version_ = 0;  ///< slot of the version that is told about; 0: none
   std::string versionText_;
+  bool isFitted_ = false;
   QString checkNote_;  ///< what the check that runs does not see
   std::map<model::VersionSlot, std::string> setupFolders_;  ///< of the versions' last setups
   QWidget* content_;
