@@ -51,7 +51,7 @@ struct BuildMessage {
   std::string componentTitle;
   std::int32_t entry = 0;  ///< entry number in the component, 0 when it belongs to none
   std::string entryId{};   ///< of that entry, where it has one: numbers change when entries go
-  std::string userText{};  ///< text and detail for the screen, in German; empty: those two are it
+  std::string userText{};  ///< what a screen shows (German); empty: text and detail
 };
 
 /// Gets the reports and questions of a build. Every call comes on the thread that builds. None may

@@ -101,8 +101,8 @@ QString FindingsList::Summary(const std::vector<engine::BuildMessage>& messages)
 }
 
 int FindingsList::HeightOf(int rows) const {
-  const int row = topLevelItemCount() == 0 ? fontMetrics().lineSpacing()
-                                           : indexRowSizeHint(model()->index(0, 0));
+  const int row =
+      topLevelItemCount() == 0 ? tools::RowHeight(*this) : indexRowSizeHint(model()->index(0, 0));
   return header()->sizeHint().height() + rows * row + 2 * frameWidth();
 }
 

@@ -44,6 +44,7 @@ class NodeSettings {
   [[nodiscard]] VersionSlot Version() const { return version_; }
   [[nodiscard]] ComponentSlot Component() const { return component_; }
 
+  [[nodiscard]] const std::string& ProductPath() const { return project_.ProductPath(); }
   /// The file of the node. Raises tools::Error.
   [[nodiscard]] std::string FilePath() const;
   /// Raises tools::Error that says which of product, version and component is gone.

@@ -274,8 +274,9 @@ void tabFileList::ChangeProperty(const QString& name, const QString& text) {
 void tabFileList::TellOfChange(const QString& name, const std::vector<std::string>& ids) {
   const model::ICFile& entry = *document_->Entries().Find(ids.front());
   QString told = ToldOfChange(name, entry, ids.size());
-  const std::size_t shown = shownEntries_->RowsOf(document_->Find(ids)).size();
-  if (told.isEmpty() && shownEntries_->HasFilter()) told = ToldOfHidden(ids.size() - shown);
+  if (told.isEmpty() && shownEntries_->HasFilter()) {
+    told = ToldOfHidden(ids.size() - shownEntries_->RowsOf(document_->Find(ids)).size());
+  }
   if (!told.isEmpty()) StatusTextChanged(tools::ToUtf8(told));
 }
 

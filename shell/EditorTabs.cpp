@@ -76,7 +76,7 @@ bool EditorTabs::OfferUnsaved() {
   return true;
 }
 
-bool EditorTabs::IsApplyingWanted(const pages::EditorPage& page) {
+bool EditorTabs::IsApplyingWanted(const pages::EditorPage& page) const {
   const std::string question =
       tools::ReplaceAll(model::LoadText(Text::ApplyPageChanges), "%title%", page.Title());
   return dialogs_.ShowMessage({.text = question,

@@ -65,6 +65,7 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
 
   /// The file of the pages' settings. Raises tools::Error.
   [[nodiscard]] std::string SettingsPath() const { return settings_.FilePath(); }
+  [[nodiscard]] const std::string& ProductPath() const { return settings_.ProductPath(); }
   /// True when another program has changed that file since the pages have read it.
   [[nodiscard]] bool HasChangedOutside() const;
 
@@ -87,7 +88,7 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   [[nodiscard]] std::vector<std::string> MakePages(std::string_view pageList);
   [[nodiscard]] std::unique_ptr<pages::EditorPage> MakePage(const std::string& pageName,
                                                             const QString& controlName);
-  [[nodiscard]] bool IsApplyingWanted(const pages::EditorPage& page);
+  [[nodiscard]] bool IsApplyingWanted(const pages::EditorPage& page) const;
   void OfferChanges(pages::EditorPage& page);
   /// Asks whether saving this page may undo what another program did to the file; raises
   /// tools::Error when it may not.

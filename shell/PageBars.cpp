@@ -122,9 +122,9 @@ void PageBars::PagesRead(const Node& node) {
   node_ = node;
   fileChanged_->hide();
   seen_.reset();
-  path_.clear();
+  paths_ = {};
   try {
-    if (pages_.Count() > 0) path_ = pages_.SettingsPath();
+    if (pages_.Count() > 0) paths_ = {pages_.SettingsPath(), pages_.ProductPath()};
   } catch (const tools::Error&) {  // NOLINT(bugprone-empty-catch): the pages have told of it
   }
   for (std::int32_t i = 1; i <= pages_.Count(); ++i) {
@@ -160,14 +160,13 @@ bool PageBars::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-// Only the file's stamp is looked at in the background; a file that has another one is read anew.
+// Only the files' stamps are looked at in the background; a file that has another one is read anew.
 void PageBars::LookAtFile() {
-  if (path_.empty() || !fileChanged_->isHidden()) return;
-  tools::RunInBackground(*this, [this, path = path_]() -> std::function<void()> {
-    return [this, path, stamp = StampOf(path)] {
-      const bool isSame = stamp == seen_ && nodeMissing_->isHidden();
-      if (path != path_ || pages_.Count() == 0 || isSame) return;
-      seen_ = stamp;
+  if (paths_.file.empty()) return;
+  tools::RunInBackground(*this, [this, paths = paths_]() -> std::function<void()> {
+    return [this, paths, stamps = std::pair(StampOf(paths.file), StampOf(paths.product))] {
+      if (paths.file != paths_.file || pages_.Count() == 0 || stamps == seen_) return;
+      seen_ = stamps;
       ShowWhetherMissing();
       fileChanged_->setVisible(nodeMissing_->isHidden() && pages_.HasChangedOutside());
     };

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "shell/NodeKey.h"
 #include "tools/files/Files.h"
@@ -86,8 +87,12 @@ class PageBars : public QObject {
   PageBar* fileChanged_;
   PageBar* nodeMissing_;
   Node node_;
-  std::string path_;                      ///< of the pages' file; empty without pages
-  std::optional<tools::FileStamp> seen_;  ///< the file as it was compared last
+  struct Paths {
+    std::string file;  ///< the pages' one; empty without pages
+    std::string product;
+  } paths_;
+  /// The two files as they were compared last.
+  std::optional<std::pair<tools::FileStamp, tools::FileStamp>> seen_;
 };
 
 }  // namespace shell

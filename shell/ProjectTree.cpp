@@ -228,6 +228,8 @@ void ProjectTree::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const Node before = SelectedNode();
+  // The view would go on from the first node if the selected one cannot be seen.
+  if (IsArrowKey(event->key())) SelectNode(before);
   // Getting the focus makes the first node the current one without selecting it: an arrow key would
   // go on from there.
   if (before.key.empty() && IsArrowKey(event->key()) && topLevelItemCount() > 0) {

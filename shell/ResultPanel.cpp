@@ -76,11 +76,10 @@ QString FactsOf(const engine::BuildResult& result) {
     }
     return reason;
   }
-  const QLocale german(QLocale::German, QLocale::Germany);
   const std::uint64_t files = result.summary.stored.files;
   return ToQString(result.summary.outputFolder) + u'\n' +
          Fact(files == 1 ? Text::OneFileOfSetup : Text::FilesOfSetup, "%count%",
-              german.toString(static_cast<qulonglong>(files))) +
+              tools::GermanNumber(static_cast<qlonglong>(files))) +
          u", "_s + SizeFact(result.summary.stored) + u", "_s + DurationText(result.duration);
 }
 
@@ -171,7 +170,7 @@ void ResultPanel::ShowBuild(const engine::BuildResult& result, const std::string
   check_.Stop();
   versionText_ = version;
   // A build that comes to nothing leaves the setup before it.
-  if (HoldsSetup(result)) setupFolders_[result.version] = result.summary.outputFolder;
+  if (HoldsSetup(result)) KeepSetup(result);
   QString outcome = WithVersion(OutcomeText(result), version);
   if (!result.messages.empty()) {
     outcome += u": "_s + findings::FindingsList::Summary(result.messages);
@@ -212,18 +211,27 @@ void ResultPanel::FitHeight() {
   mainWindow->resizeDocks({this}, {title + told}, Qt::Vertical);
 }
 
+// Another version's setup that lay in that folder is gone.
+void ResultPanel::KeepSetup(const engine::BuildResult& result) {
+  const std::string& folder = result.summary.outputFolder;
+  std::erase_if(setups_, [&folder](const auto& each) { return each.second.folder == folder; });
+  setups_[result.version] = {versionText_, folder};
+}
+
 std::string ResultPanel::SetupFolder() const {
-  const auto found = setupFolders_.find(version_);
-  return found == setupFolders_.end() ? std::string() : found->second;
+  const auto found = setups_.find(version_);
+  // The slot may have got another version meanwhile, by another program.
+  const bool isOfThis = found != setups_.end() && found->second.version == versionText_;
+  return isOfThis ? found->second.folder : std::string();
 }
 
 void ResultPanel::Forget(model::VersionSlot version) {
-  setupFolders_.erase(version);
+  setups_.erase(version);
   if (version == version_) Withdraw();
 }
 
 void ResultPanel::Clear() {
-  setupFolders_.clear();
+  setups_.clear();
   Withdraw();
 }
 

@@ -47,12 +47,19 @@ class ResultPanel : public QDockWidget {
   void BuildAgainWanted(model::VersionSlot version);
 
  private:
+  /// Of a version, where it still lies.
+  struct LastSetup {
+    std::string version;  ///< the version's text
+    std::string folder;
+  };
+
   QPushButton* AddButton(const char* name, const std::string& text);
   void BringUp(model::VersionSlot version, const QString& outcome, const QString& facts);
   /// The panel opens as high as what it tells, as far as the pages leave it the room, and grows
   /// with it. It keeps a greater height, which the author may have chosen.
   void FitHeight();
   void Withdraw();
+  void KeepSetup(const engine::BuildResult& result);
   /// Of the last setup of the version that is told about; empty when there is none.
   [[nodiscard]] std::string SetupFolder() const;
   void ShowFindings(const std::vector<engine::BuildMessage>& messages);
@@ -62,7 +69,7 @@ class ResultPanel : public QDockWidget {
   std::string versionText_;
   bool isFitted_ = false;
   QString checkNote_;  ///< what the check that runs does not see
-  std::map<model::VersionSlot, std::string> setupFolders_;  ///< of the versions' last setups
+  std::map<model::VersionSlot, LastSetup> setups_;
   QWidget* content_;
   QLabel* lblOutcome_;
   QLabel* lblFacts_;

@@ -37,8 +37,6 @@ void UnsavedMarks::Begin(const QString& caption) {
 }
 
 void UnsavedMarks::Watch(EditorTabs& pages, const Node& node) {
-  // What could not be saved is gone with its page: a time would promise that it is stored.
-  if (hasFailed_) savedAt_.clear();
   pages_.clear();
   node_ = node;
   for (std::int32_t i = 1; i <= pages.Count(); ++i) {
@@ -47,7 +45,7 @@ void UnsavedMarks::Watch(EditorTabs& pages, const Node& node) {
     disconnect(page, nullptr, this, nullptr);  // a page that could not be removed is connected
     connect(page, &pages::EditorPage::DirtyChanged, this, &UnsavedMarks::Show);
     connect(page, &pages::EditorPage::Saved, this, &UnsavedMarks::OnSaved);
-    connect(page, &pages::EditorPage::SaveFailed, this, &UnsavedMarks::Show);
+    connect(page, &pages::EditorPage::SaveFailed, this, &UnsavedMarks::OnSaveFailed);
   }
   Show();
 }
@@ -57,20 +55,28 @@ void UnsavedMarks::OnSaved() {
   Show();
 }
 
+// The pages may go now, with what could not be saved: a time would promise that it is stored.
+void UnsavedMarks::OnSaveFailed() {
+  savedAt_.clear();
+  Show();
+}
+
 void UnsavedMarks::Show() {
   bool anyDirty = false;
-  hasFailed_ = false;
+  bool anyFailed = false;
   for (std::size_t i = 0; i < pages_.size(); ++i) {
     const bool unsaved = pages_[i] != nullptr && pages_[i]->IsUnsaved();
     const bool dirty = unsaved && pages_[i]->IsDirty();
     MarkTab(static_cast<int>(i), unsaved);
     anyDirty = anyDirty || dirty;
-    hasFailed_ = hasFailed_ || (unsaved && !dirty);
+    anyFailed = anyFailed || (unsaved && !dirty);
   }
-  const bool anyUnsaved = anyDirty || hasFailed_;
+  const bool anyUnsaved = anyDirty || anyFailed;
   tree_.MarkChanged(anyUnsaved ? node_ : Node());
   MarkWindow(anyUnsaved);
-  lblSaveState_->setText(StateText(anyDirty));
+  lblSaveState_->setText(anyDirty    ? tools::ToQString(LoadText(Text::Changed))
+                         : anyFailed ? tools::ToQString(LoadText(Text::NotSaved))
+                                     : SavedText());
 }
 
 void UnsavedMarks::MarkTab(int index, bool unsaved) {
@@ -92,9 +98,7 @@ void UnsavedMarks::MarkWindow(bool unsaved) {
   if (unsaved) window_.setWindowModified(true);
 }
 
-QString UnsavedMarks::StateText(bool anyDirty) const {
-  if (anyDirty) return tools::ToQString(LoadText(Text::Changed));
-  if (hasFailed_) return tools::ToQString(LoadText(Text::NotSaved));
+QString UnsavedMarks::SavedText() const {
   if (savedAt_.isEmpty()) return {};
   return tools::ToQString(
       tools::ReplaceAll(LoadText(Text::SavedAt), "%time%", tools::ToUtf8(savedAt_)));

@@ -38,10 +38,11 @@ class UnsavedMarks : public QObject {
 
  private:
   void OnSaved();
+  void OnSaveFailed();
   void Show();
   void MarkTab(int index, bool unsaved);
   void MarkWindow(bool unsaved);
-  [[nodiscard]] QString StateText(bool anyDirty) const;
+  [[nodiscard]] QString SavedText() const;
 
   QMainWindow& window_;
   ProjectTree& tree_;
@@ -50,7 +51,6 @@ class UnsavedMarks : public QObject {
   QString caption_;
   Node node_;
   std::vector<QPointer<pages::EditorPage>> pages_;
-  bool hasFailed_ = false;  ///< a page counts as unchanged since its changes could not be saved
   QString savedAt_;  ///< hours and minutes of the last save; empty: none so far, or one failed
 };
 

@@ -178,6 +178,7 @@ PageBars* frmMain::MakePageBars() {
          services_.project.RequireProduct();  // without it the tree would be empty
          if (!editorTabs_.OfferUnsaved()) return;
          UpdateTree();
+         trvProjectTree->SelectNode(trvProjectTree->SelectedNode());
          UpdateEditor();
        })});
 }

@@ -23,8 +23,6 @@ QSize WarningText::sizeHint() const { return {0, kLines * fontMetrics().lineSpac
 
 QSize WarningText::minimumSizeHint() const { return sizeHint(); }
 
-int WarningText::heightForWidth(int /*width*/) const { return sizeHint().height(); }
-
 QString WarningText::Fitting() const {
   const auto broken = [this](const QString& text) {
     return tools::WithBreaksInLongWords(text, fontMetrics(), width());
@@ -32,9 +30,8 @@ QString WarningText::Fitting() const {
   const auto fits = [this](const QString& text) {
     return fontMetrics().boundingRect(0, 0, width(), 0, kFlags, text).height() <= height();
   };
-  const QString whole = broken(text());
-  if (fits(whole)) return whole;
-  QString best;
+  QString best = broken(text());
+  if (fits(best)) return best;
   for (qsizetype least = 0, most = text().size(); least < most;) {
     const qsizetype kept = (least + most) / 2;
     const QString candidate =

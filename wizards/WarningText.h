@@ -15,7 +15,6 @@ class WarningText : public QLabel {
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
-  [[nodiscard]] int heightForWidth(int width) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -19,6 +19,7 @@ WizardLauncher::WizardLauncher(BuildServices services, QWidget* parent)
     : services_(std::move(services)), parent_(parent) {}
 
 void WizardLauncher::StartSetupWizard(model::VersionSlot version, model::OpenPages& pages) {
+  RequireVersion(version);
   UnsavedPages unsaved(pages, services_.operations);
   findings::ChosenPlace chosen;
   const tools::WizardPageRegistry optionPages = OptionPages(services_, version, unsaved, chosen);

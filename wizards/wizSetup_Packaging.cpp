@@ -10,6 +10,7 @@
 
 #include "findings/FindingsList.h"
 #include "model/TextTable.h"
+#include "tools/desktop/FormStyle.h"
 #include "tools/desktop/Guard.h"
 #include "tools/desktop/QtText.h"
 #include "wizards/LastBuilds.h"
@@ -73,6 +74,7 @@ QLayout* wizSetup_Packaging::MakeCompressionLine() {
   cboCompression_->addItem(ToQString(LoadText(Text::CompressionNormal)), u"normal"_s);
   cboCompression_->addItem(ToQString(LoadText(Text::CompressionSmall)), u"small"_s);
   label->setBuddy(cboCompression_);
+  tools::IgnoreWheelWithoutFocus(*cboCompression_);
   connect(cboCompression_, &QComboBox::activated, this, [this](int index) {
     SetValue("compression", tools::ToUtf8(cboCompression_->itemData(index).toString()));
   });

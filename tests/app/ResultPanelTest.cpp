@@ -3,6 +3,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 
+#include "shell/ResultPanel.h"
 #include "tests/support/TestProduct.h"
 #include "tests/support/desktop/ModalScript.h"
 #include "tests/support/desktop/OpenedProgram.h"
@@ -119,6 +120,16 @@ class ResultPanelTest : public QObject {
       Press(window, "cmdClose");
     });
     Press(Panel(), "cmdCompare");
+
+    // Another version's setup takes its place.
+    engine::BuildResult other;
+    other.version = 2;
+    other.summary.outputFolder = folder_->Path("Produkt/Ausgabe/Debug");
+    program_->window.Results().ShowBuild(other, "2.0.0");
+    QVERIFY(Child(Panel(), "cmdShowLog").isEnabled());
+    Activate(program_->window);
+    QTest::keyClick(&program_->window, Qt::Key_F5);
+    QVERIFY(!Child(Panel(), "cmdShowLog").isEnabled());
   }
 
  private:

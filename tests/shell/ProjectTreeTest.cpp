@@ -154,6 +154,10 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     program_->window.UpdateTree();
     QCOMPARE(program_->Nodes(), kNodes);
     QCOMPARE(program_->SelectedKey(), "v1c1");
+    QTest::keyClick(&program_->Tree(), Qt::Key_Down);
+    QCOMPARE(program_->SelectedKey(), "v3");
+    QTest::keyClick(&program_->Tree(), Qt::Key_Up);
+    program_->window.UpdateTree();
     dialogs_->ExpectInputBox(Text::EnterOtherComponentTitle, "Neu");
     Press(Qt::Key_F2);
     QVERIFY(program_->Nodes().contains("|v1=Version 1.0.0|[v1c1=Neu]|"));

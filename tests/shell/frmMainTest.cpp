@@ -106,6 +106,11 @@ class frmMainTest : public QObject, protected WindowFixture {
     QCOMPARE(Stored("Product", "Title"), "Neuer Titel");
     QVERIFY(program_->Nodes().startsWith("product=Neuer Titel|"));
     QVERIFY(Marks().startsWith("Gespeichert "));
+    Grid().SetProperty("ProductTitle", "Noch einer");
+    QVERIFY(QDir().rename(folder, folder + "weg"));
+    dialogs_->ExpectQuestion(Text::ApplyPageChanges, MessageAnswer::Yes);
+    program_->Click("v3");
+    QVERIFY2(Marks().startsWith("|"), "the time would be of other changes");
   }
 
   void ChangesThatCouldNotBeSavedAreOfferedAgain() {
@@ -281,7 +286,14 @@ class frmMainTest : public QObject, protected WindowFixture {
     QCOMPARE(program_->Nodes(), nodes);
     QVERIFY(QDir().rename(folder + "weg", folder));
     tests::Press(program_->window, "lnkTryAgain");
-    QVERIFY(Child(program_->window, "fraNodeMissing").isHidden());
+    const QWidget& bar = Child(program_->window, "fraNodeMissing");
+    QVERIFY(bar.isHidden());
+    QEvent activation(QEvent::WindowActivate);
+    QApplication::sendEvent(&program_->window, &activation);
+    QVERIFY(!QTest::qWaitFor([&] { return bar.isVisible(); }, 100));
+    QVERIFY(QFile::remove(tools::ToQString(product_)));
+    QApplication::sendEvent(&program_->window, &activation);
+    QTRY_VERIFY(bar.isVisible());
   }
 
   void TheWindowComesBackOnAScreenThatIsPresent() {

@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QTreeWidget>
 
 #include "tests/support/ProductDesk.h"

@@ -5,10 +5,12 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QTextDocument>
 #include <QToolTip>
 #include <QTreeView>
+#include <algorithm>
 
 #include "tools/desktop/FocusStyle.h"
 
@@ -78,6 +80,11 @@ class CurrentRowSelector : public QObject {
 };
 
 }  // namespace
+
+int RowHeight(const QTreeView& view) {
+  const int icon = view.style()->pixelMetric(QStyle::PM_ListViewIconSize, nullptr, &view);
+  return std::max(view.fontMetrics().lineSpacing(), icon) + kRowPadding;
+}
 
 void ApplyListViewStyle(QTreeView& view) {
   view.setRootIsDecorated(false);

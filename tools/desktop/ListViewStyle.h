@@ -20,6 +20,9 @@ namespace tools {
 /// view has its model.
 void ApplyListViewStyle(QTreeView& view);
 
+/// How high a row of such a view is (pixels), before there is one.
+[[nodiscard]] int RowHeight(const QTreeView& view);
+
 /// The first row becomes the current and selected one when the list gets the focus without one, so
 /// that keys have a row to act on. As long as the list has single selection, its current row stays
 /// the selected one: when the row is removed, its neighbour becomes both; a click cannot deselect

@@ -52,6 +52,12 @@ class PageStack : public QStackedWidget {
   [[nodiscard]] QSize minimumSizeHint() const override {
     return currentWidget()->minimumSizeHint().expandedTo(currentWidget()->minimumSize());
   }
+  [[nodiscard]] bool hasHeightForWidth() const override {
+    return currentWidget()->hasHeightForWidth();
+  }
+  [[nodiscard]] int heightForWidth(int width) const override {
+    return currentWidget()->heightForWidth(width);
+  }
 };
 
 QString OneKindOfLineBreak(const std::string& text) {
