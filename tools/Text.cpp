@@ -90,6 +90,7 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
+  if (what.empty()) return std::string(text);
   std::string result;
   for (;;) {
     const std::size_t found = text.find(what);

@@ -40,7 +40,8 @@ namespace tools {
   return text;
 }
 
-/// `text` with every occurrence of `what` (not empty, compared exactly) replaced by `with`.
+/// `text` with every occurrence of `what` (compared exactly) replaced by `with`. An empty `what`
+/// occurs nowhere.
 [[nodiscard]] std::string ReplaceAll(std::string_view text, std::string_view what,
                                      std::string_view with);
 

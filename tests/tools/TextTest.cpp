@@ -26,6 +26,7 @@ TEST(TextTest, IsTakenApart) {
   EXPECT_EQ(TrimBlanks(" \t "), "");
   EXPECT_EQ(ReplaceAll("%t% und %t%, %T%", "%t%", "%t%%t%"), "%t%%t% und %t%%t%, %T%");
   EXPECT_EQ(ReplaceAll("aaa", "aa", ""), "a");
+  EXPECT_EQ(ReplaceAll("aaa", "", "x"), "aaa");
   EXPECT_THAT(SplitList("a;\"b;c\";d", ';', '"'), ElementsAre("a", "\"b;c\"", "d"));
   EXPECT_THAT(SplitList("\"b;c;d", ';', '"'), ElementsAre("\"b", "c", "d")) << "an open quote";
   EXPECT_THAT(SplitList("5\"; \t\"a;3\"", ';', '"'), ElementsAre("5\"", " \t\"a;3\""));
