@@ -143,18 +143,14 @@ void ModProjectOperations::SaveAllPages() {
   }
 }
 
-bool ModProjectOperations::IsDirty() const {
-  if (!project_.IsOpen()) return false;
-  for (std::int32_t i = 1; i <= desktop_.pages.Count(); ++i) {
-    if (desktop_.pages.Item(i).IsDirty()) return true;
-  }
-  return false;
-}
+bool ModProjectOperations::IsDirty() const { return AnyPage(&OpenPage::IsDirty); }
 
-bool ModProjectOperations::HasUnsaved() const {
+bool ModProjectOperations::HasUnsaved() const { return AnyPage(&OpenPage::IsUnsaved); }
+
+bool ModProjectOperations::AnyPage(bool (OpenPage::*is)() const) const {
   if (!project_.IsOpen()) return false;
   for (std::int32_t i = 1; i <= desktop_.pages.Count(); ++i) {
-    if (desktop_.pages.Item(i).IsUnsaved()) return true;
+    if ((desktop_.pages.Item(i).*is)()) return true;
   }
   return false;
 }

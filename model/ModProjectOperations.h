@@ -59,6 +59,7 @@ class ModProjectOperations {
   tools::MessageAnswer Ask(const std::string& text, const std::string& caption,
                            tools::MessageButtons buttons, tools::MessageAnswer defaultAnswer);
   void Refuse(const std::string& text, const std::string& caption);
+  [[nodiscard]] bool AnyPage(bool (OpenPage::*is)() const) const;
   bool CreateProduct(const model::NewProduct& product);
   [[nodiscard]] std::string AskForProductFile();
   [[nodiscard]] std::string NextVersionText(VersionSlot latest) const;

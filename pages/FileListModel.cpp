@@ -109,7 +109,7 @@ bool FileListModel::PassesFilter(const model::ICFile& entry) const {
 }
 
 void FileListModel::SortRows() {
-  QCollator german(QLocale(QLocale::German, QLocale::Germany));
+  QCollator german(tools::GermanLocale());
   german.setNumericMode(true);
   german.setCaseSensitivity(Qt::CaseInsensitive);
   std::vector<std::pair<QCollatorSortKey, const model::ICFile*>> rows;

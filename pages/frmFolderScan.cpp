@@ -30,11 +30,9 @@ constexpr QSize kScanSize(600, 460);                           ///< pixels, at f
 
 QString FoundText(const ScanResult& result) {
   if (!result.problem.empty()) return ToQString(result.problem);
-  const QLocale german(QLocale::German, QLocale::Germany);
   return Caption(result.files.size() == 1 ? Text::ScanFindsOne : Text::ScanFinds)
       .replace(u"%count%"_s, GermanNumber(result.files.size()))
-      .replace(u"%size%"_s, german.formattedDataSize(static_cast<qint64>(result.bytes), 1,
-                                                     QLocale::DataSizeTraditionalFormat));
+      .replace(u"%size%"_s, tools::SizeText(result.bytes));
 }
 
 }  // namespace

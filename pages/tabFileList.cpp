@@ -65,8 +65,13 @@ void tabFileList::ConnectEvents() {
   connect(cmbDestinationFolder, &QComboBox::currentIndexChanged, this,
           &tabFileList::ShowChosenFolder);
   connect(document_, &FileListDocument::Changed, this, &tabFileList::ShowChange);
-  connect(&document_->Steps(), &QUndoStack::indexChanged, this,
-          [this] { document_->Steps().isClean() ? MatchesStored() : SetDirty(true); });
+  connect(&document_->Steps(), &QUndoStack::indexChanged, this, [this] {
+    if (document_->Steps().isClean()) {
+      MatchesStored();
+    } else {
+      SetDirty(true);
+    }
+  });
   new ListPopup(*lsvBrowser, *mnuPopup);
   connect(mnuPopup, &QMenu::aboutToShow, this, &tabFileList::EnableMenuItems);
   connect(new FileDrop(*this), &FileDrop::Dropped, this,

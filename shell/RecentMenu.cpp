@@ -36,6 +36,7 @@ bool RecentMenu::eventFilter(QObject* watched, QEvent* event) {
 
 void RecentMenu::Fill() {
   clear();
+  setToolTipsVisible(false);
   const std::vector<std::string> paths = paths_();
   const int widest = button_.screen()->availableSize().width() * 3 / 4;
   int number = 0;

@@ -3,7 +3,6 @@
 #include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScrollArea>
@@ -62,9 +61,9 @@ QString SizeFact(const tools::ArchiveTotals& stored) {
 
 QString DurationText(std::chrono::milliseconds duration) {
   constexpr double kShortest = 0.1;
-  const QLocale german(QLocale::German, QLocale::Germany);
   const double seconds = std::chrono::duration<double>(duration).count();
-  const QString text = german.toString(std::max(seconds, kShortest), 'f', 1) + u" s"_s;
+  const QString text =
+      tools::GermanLocale().toString(std::max(seconds, kShortest), 'f', 1) + u" s"_s;
   return seconds < kShortest ? u"< "_s + text : text;
 }
 

@@ -1,10 +1,12 @@
 // Changes texts in the units they are made of, lines and quotations: changes byte by byte seldom
 // leave a line that can be read.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/fuzz/Fuzz.h"

@@ -4,7 +4,6 @@
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
@@ -44,11 +43,10 @@ QString OfTotal(const QString& done, const QString& total, bool totalKnown) {
 
 // "12 von 30 Dateien, 1,5 MB von 4,0 MB"; nothing is said of bytes that nobody counts.
 QString ProgressText(const Progress& progress) {
-  const QLocale german(QLocale::German, QLocale::Germany);
-  QString text = OfTotal(german.toString(static_cast<qulonglong>(progress.filesDone)),
-                         german.toString(static_cast<qulonglong>(progress.filesTotal)),
-                         progress.filesTotal > 0) +
-                 u" Dateien"_s;
+  QString text =
+      OfTotal(GermanNumber(static_cast<qlonglong>(progress.filesDone)),
+              GermanNumber(static_cast<qlonglong>(progress.filesTotal)), progress.filesTotal > 0) +
+      u" Dateien"_s;
   if (progress.bytesDone > 0 || progress.bytesTotal > 0) {
     text += u", "_s + OfTotal(SizeText(progress.bytesDone), SizeText(progress.bytesTotal),
                               progress.bytesTotal > 0);

@@ -16,15 +16,18 @@ namespace tools {
 
 [[nodiscard]] inline std::string ToUtf8(const QString& text) { return text.toStdString(); }
 
+/// The locale of everything that the program shows, whatever the system's.
+[[nodiscard]] inline QLocale GermanLocale() { return {QLocale::German, QLocale::Germany}; }
+
 /// 50000 as "50.000".
 [[nodiscard]] inline QString GermanNumber(qlonglong number) {
-  return QLocale(QLocale::German, QLocale::Germany).toString(number);
+  return GermanLocale().toString(number);
 }
 
 /// A number of bytes as people read it: "1,5 MB".
 [[nodiscard]] inline QString SizeText(std::uint64_t bytes) {
-  return QLocale(QLocale::German, QLocale::Germany)
-      .formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeTraditionalFormat);
+  return GermanLocale().formattedDataSize(static_cast<qint64>(bytes), 1,
+                                          QLocale::DataSizeTraditionalFormat);
 }
 
 }  // namespace tools
