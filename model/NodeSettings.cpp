@@ -136,6 +136,7 @@ void NodeSettings::InOneWrite(const std::function<void()>& writes,
   tools::SettingsStore::Batch batch(project_.Settings());
   current_ = project_.Settings().Load(file_);
   writtenNotes_.clear();
+  agreed_ = nullptr;
   writes();
   Commit(batch);
 }
@@ -207,15 +208,32 @@ void NodeSettings::Save(std::string_view section, std::string_view key, std::str
       }
       break;
     case Mode::Edits:
-      if (fills || (edited && current != value)) Write(section, key, value);
+      if (fills || (edited && current != value)) {
+        Write(section, key, value);
+      } else if (edited) {
+        NoteAgreed(section, key, value);
+      }
       break;
     case Mode::All: {
       const bool ownText = fills || edited || (unsetNumber && !seen.stored);
       const std::string_view text = ownText ? value : seen.text;
-      if (current != text) Write(section, key, text);
+      if (current != text) {
+        Write(section, key, text);
+      } else if (edited) {
+        NoteAgreed(section, key, value);
+      }
       break;
     }
   }
+}
+
+// The author and another program made the same of it. To go back to what was seen before is an edit
+// like any other then.
+void NodeSettings::NoteAgreed(std::string_view section, std::string_view key,
+                              std::string_view value) {
+  if (!noted_.empty()) writtenNotes_.push_back(NoteKey(section, key));
+  if (agreed_ == nullptr) agreed_ = seen_->Clone();
+  agreed_->Write(section, key, value);
 }
 
 void NodeSettings::Write(std::string_view section, std::string_view key, std::string_view value) {
@@ -234,7 +252,7 @@ void NodeSettings::Write(std::string_view section, std::string_view key, std::st
 
 void NodeSettings::Commit(tools::SettingsStore::Batch& batch) {
   const auto written = project_.Settings().Load(file_);
-  if (written == current_) return;  // nothing was
+  if (written == current_ && agreed_ == nullptr) return;  // nothing was
   // Made before the commit: afterwards the store no longer tells what was written. What another
   // program stores in between is not in it, and so still counts as a change from outside.
   auto seen = std::exchange(current_, nullptr) == seen_ ? written : SeenWithWritesOf(*written);
@@ -245,7 +263,7 @@ void NodeSettings::Commit(tools::SettingsStore::Batch& batch) {
 
 std::shared_ptr<const tools::SettingsFile> NodeSettings::SeenWithWritesOf(
     const tools::SettingsFile& written) const {
-  auto seen = seen_->Clone();
+  auto seen = agreed_ != nullptr ? agreed_ : seen_->Clone();
   written.ReplayWrites(*seen);
   seen->ForgetWrites();
   return seen;

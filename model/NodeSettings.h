@@ -92,6 +92,7 @@ class NodeSettings {
   /// stay behind, unread, when the page's list has become shorter.
   [[nodiscard]] bool HaveLaterSectionsChanged() const;
   [[nodiscard]] bool EditsMeetOtherChanges(const std::function<void()>& writes);
+  void NoteAgreed(std::string_view section, std::string_view key, std::string_view value);
   void Write(std::string_view section, std::string_view key, std::string_view value);
   void Commit(tools::SettingsStore::Batch& batch);
   [[nodiscard]] std::shared_ptr<const tools::SettingsFile> SeenWithWritesOf(
@@ -122,8 +123,10 @@ class NodeSettings {
   };
   std::map<std::string, NumberedSections, std::less<>> offered_;
   std::vector<std::string> writtenNotes_;  ///< keys of `noted_` that a write stores
-  bool edits_ = false;                     ///< Compare found an edited text
-  bool otherChanges_ = false;              ///< and one that another program changed
+  /// `seen_` with the edited texts that a write finds stored already; null where there are none.
+  std::shared_ptr<tools::SettingsFile> agreed_;
+  bool edits_ = false;         ///< Compare found an edited text
+  bool otherChanges_ = false;  ///< and one that another program changed
 };
 
 }  // namespace model

@@ -77,6 +77,15 @@ TEST_F(NodeSettingsTest, LeavesWhatIsNotEditedToOtherPrograms) {
   }
 }
 
+TEST_F(NodeSettingsTest, AnEditThatAnotherProgramMadeTooCanBeTakenBack) {
+  Open("A=1\nB=2\n");
+  Put("A=3\nB=2\n");
+  EXPECT_EQ(Save("3", "2"), "");
+  EXPECT_FALSE(node_.HasChangedOutside());
+  EXPECT_EQ(Save("1", "2"), "");
+  EXPECT_EQ(Stored(), "A=1\nB=2\n");
+}
+
 TEST_F(NodeSettingsTest, ManyReadsSeeTheFileAsItWasSelectedUnlessItCouldNotBeRead) {
   Open("A=1\nB=2\n");
   Put("A=9\nB=9\n");
