@@ -6,6 +6,7 @@
 #include "model/SettingNames.h"
 #include "model/TextTable.h"
 #include "tools/StandardTexts.h"
+#include "tools/desktop/Guard.h"
 #include "tools/files/Path.h"
 
 namespace pages {
@@ -25,7 +26,10 @@ bool WantsRelativeSources(model::ModProject& project, tools::Dialogs& dialogs) {
                            .buttons = tools::MessageButtons::YesNo,
                            .defaultAnswer = tools::MessageAnswer::Yes}) ==
       tools::MessageAnswer::Yes;
-  project.WriteProductSetting(model::setting::kRelativeSources, wanted ? kYes : kNo);
+  // Files can be added all the same: the next ones ask anew.
+  tools::Guard(dialogs, [&] {
+    project.WriteProductSetting(model::setting::kRelativeSources, wanted ? kYes : kNo);
+  });
   return wanted;
 }
 

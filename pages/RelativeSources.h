@@ -19,7 +19,7 @@ namespace pages {
 
 /// Turns the sources of entries to be added that lie below the product's folder into relative ones,
 /// if the author wants that for this product: asks once, and keeps the answer in the product.
-/// Raises tools::Error when it cannot be kept.
+/// The author reads why when it cannot be kept. Raises tools::Error when the product is gone.
 void OfferRelativeSources(std::vector<model::ICFile>& entries, model::ModProject& project,
                           tools::Dialogs& dialogs);
 
