@@ -13,7 +13,8 @@
 namespace pages {
 
 /// Looks for all sources when the page is shown, when its window becomes the active one (another
-/// program may have made a file meanwhile), when the entries are read anew and after each step.
+/// program may have made a file meanwhile), when the entries are read anew, after each step and
+/// when told to.
 class SourceMarks : public QObject {
   Q_OBJECT
 

@@ -76,7 +76,7 @@ void tabFileList::ConnectEvents() {
   connect(mnuPopup, &QMenu::aboutToShow, this, &tabFileList::EnableMenuItems);
   connect(new FileDrop(*this), &FileDrop::Dropped, this,
           Guarded(dialogs, [this](const DroppedPaths& dropped) { AddDropped(dropped); }));
-  new SourceMarks(*this, *document_, *shownEntries_, services_.project, dialogs);
+  marks_ = new SourceMarks(*this, *document_, *shownEntries_, services_.project, dialogs);
   // A reset deselects without a signal: rows of no entry would take edits that nobody keeps.
   connect(shownEntries_, &FileListModel::modelReset, this, [this] {
     propsFile->Clear();
@@ -136,6 +136,7 @@ bool tabFileList::ShowEntry(std::int32_t entry, const std::string& id) {
   if (shownEntries_->RowsOf({wanted}).empty()) filter_->Clear();
   SelectRows(*lsvBrowser, shownEntries_->RowsOf({wanted}));
   lsvBrowser->setFocus();
+  marks_->Update();  // what leads here may know more of its source
   return true;
 }
 

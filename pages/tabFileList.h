@@ -24,6 +24,7 @@ namespace pages {
 
 class EmptyFileHint;
 class FileFilter;
+class SourceMarks;
 struct DroppedPaths;
 
 /// Lists the entries of one destination folder at a time and shows the fields of the selected ones
@@ -97,6 +98,7 @@ class tabFileList : public EditorPage {
   FileListModel* shownEntries_;
   FileFilter* filter_ = nullptr;
   EmptyFileHint* emptyHint_ = nullptr;
+  SourceMarks* marks_ = nullptr;
 
   QGroupBox* fraBrowser;
   QLabel* lblDestinationFolder;

@@ -269,18 +269,20 @@ class tabFileListTest : public QObject {
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
       Fixture f("");
       const std::string file = f.folder.Path("Produkt/q/tief/da");
-      f.dialogs.ExpectOpenFile(Text::FolderPrograms, file);
-      f.dialogs.ExpectQuestion(Text::SaveSourcesRelative, answer);
-      f.dialogs.ExpectOpenFile(Text::FolderPrograms, file);
-      for (int i = 0; i < 2; ++i) Press(*f.page, "cmdAddFile");
+      f.disk.FailOnce(FaultyDisk::Step::Create, 1);  // the first answer cannot be kept
+      for (const bool isAsked : {true, true, false}) {
+        f.dialogs.ExpectOpenFile(Text::FolderPrograms, file);
+        if (isAsked) f.dialogs.ExpectQuestion(Text::SaveSourcesRelative, answer);
+        Press(*f.page, "cmdAddFile");
+      }
       const bool isRelative = answer == MessageAnswer::Yes;
       QCOMPARE(Rows(f.List()).startsWith("q/tief"), isRelative);
       QVERIFY(f.File(f.kProductFile).contains(isRelative ? "Relative=1" : "Relative=0"));
       QTest::keyClick(&f.List(), Qt::Key_F10, Qt::ShiftModifier);
       PickFrom(OpenedMenu(), "mnuRelative");
-      QCOMPARE(f.area.hint.right(1), isRelative ? "0" : "2");
+      QCOMPARE(f.area.hint.right(1), isRelative ? "0" : "3");
       f.page->ApplyChanges();
-      QCOMPARE(f.Stored("File2", {"SourcePath"}), "q/tief");
+      QCOMPARE(f.Stored("File3", {"SourcePath"}), "q/tief");
     }
   }
 
@@ -333,6 +335,9 @@ class tabFileListTest : public QObject {
     QEvent activation(QEvent::WindowActivate);
     QApplication::sendEvent(f.page, &activation);
     QTRY_COMPARE(marks(Qt::DecorationRole), "-x-");
+    std::filesystem::remove(f.folder.Path("Produkt/q/da"));
+    QVERIFY(f.page->ShowEntry(1, {}));  // a check that found it leads here
+    QTRY_COMPARE(marks(Qt::DecorationRole), "xx-");
     QVERIFY(f.List()
                 .model()
                 ->index(1, 0)
