@@ -47,8 +47,12 @@ class Checker {
     findings_.Try({}, [this] { CheckOutputFolder(); });
     findings_.Try({}, [this] { CheckTitle(); });
     findings_.Try({}, [this] { CheckCatalogue(); });
-    if (options_.includeWrapper) CheckProgram(tools::kWrapperSource);
-    if (options_.includeRuntime) CheckProgram(tools::kRuntimeName);
+    if (options_.includeWrapper) {
+      CheckProgram(tools::kWrapperSource, "Das ausführbare Installationsprogramm");
+    }
+    if (options_.includeRuntime) {
+      CheckProgram(tools::kRuntimeName, "Das Installationsprogramm für Tessel");
+    }
     findings_.Try({}, [this] { CheckComponentFiles(); });
     FileCheck files(options_, title_, outputFolder_, findings_);
     for (const SurveyedComponent& component : survey_.components) files.Check(component, step);
@@ -101,9 +105,15 @@ class Checker {
     if (!IsWholeNumber(type)) findings_.Report("Der Programmtyp ist keine Zahl: " + type);
   }
 
-  void CheckProgram(const char* name) {
-    findings_.Try({},
-                  [&] { const tools::InputFile readable(tools::JoinPath(programFolder_, name)); });
+  // A narrow list shows only where its text begins and ends: the begin says which program it is.
+  void CheckProgram(const char* name, const std::string& what) {
+    const std::string path = tools::JoinPath(programFolder_, name);
+    try {
+      const tools::InputFile readable(path);
+    } catch (const tools::Error& error) {
+      findings_.Report(
+          tools::PathError(what + " kann nicht gelesen werden", path, error.Cause()).what());
+    }
   }
 
   void CheckComponentFiles() {
