@@ -122,6 +122,7 @@ void BusyNotice::Withdraw() {
 
 void BusyNotice::ShowAtOnce() {
   show();
+  raise();  // some window managers put a window that takes no keyboard below the one that has it
   const QDeadlineTimer deadline(kAppearing);
   do {
     PaintNow();
