@@ -26,12 +26,13 @@ constexpr QSize kFirstSize(560, 360);  ///< pixels, at first
 
 }  // namespace
 
-UnknownTargets::UnknownTargets(const model::FileEntries& entries, QWidget* parent)
+UnknownTargets::UnknownTargets(const model::FileEntries& entries, const std::string& id,
+                               QWidget* parent)
     : QDialog(parent), lsvEntries(new QTreeWidget), cmbTarget(new QComboBox) {
   setObjectName(u"unknownTargets"_s);
   setWindowTitle(Caption(Text::UnknownFoldersCaption));
   setFont(tools::FormFont());
-  ListEntries(entries);
+  ListEntries(entries, id);
   auto* label = new QLabel(Caption(Text::NewTargetFolder));
   cmbTarget->setObjectName(u"cmbTarget"_s);
   cmbTarget->setAccessibleName(label->text());
@@ -55,7 +56,7 @@ UnknownTargets::UnknownTargets(const model::FileEntries& entries, QWidget* paren
   resize(kFirstSize);
 }
 
-void UnknownTargets::ListEntries(const model::FileEntries& entries) {
+void UnknownTargets::ListEntries(const model::FileEntries& entries, const std::string& id) {
   lsvEntries->setObjectName(u"lsvEntries"_s);
   lsvEntries->setAccessibleName(windowTitle());
   lsvEntries->setHeaderLabels({Caption(Text::FileNameColumn), Caption(Text::FolderNumberColumn)});
@@ -69,8 +70,10 @@ void UnknownTargets::ListEntries(const model::FileEntries& entries) {
     lsvEntries->addTopLevelItem(
         new QTreeWidgetItem({tools::ToQString(source), QString::number(entry.TargetFolder)}));
     ids_.push_back(entry.ID);
+    if (entry.ID == id)
+      lsvEntries->setCurrentItem(lsvEntries->topLevelItem(lsvEntries->topLevelItemCount() - 1));
   }
-  lsvEntries->selectAll();
+  if (id.empty()) lsvEntries->selectAll();
 }
 
 std::vector<FieldEdit> UnknownTargets::Edits() const {
@@ -83,8 +86,9 @@ std::vector<FieldEdit> UnknownTargets::Edits() const {
   return edits;
 }
 
-std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries, QWidget* parent) {
-  UnknownTargets dialog(entries, parent);
+std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries, const std::string& id,
+                                     QWidget* parent) {
+  UnknownTargets dialog(entries, id, parent);
   return dialog.exec() == QDialog::Accepted ? dialog.Edits() : std::vector<FieldEdit>();
 }
 

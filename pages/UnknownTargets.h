@@ -15,18 +15,19 @@ class QTreeWidget;
 
 namespace pages {
 
-/// `lsvEntries` with all such entries, selected at first; `cmbTarget`; `cmdOK`, `cmdCancel`.
+/// `lsvEntries` with all such entries; `cmbTarget`; `cmdOK`, `cmdCancel`.
 class UnknownTargets : public QDialog {
   Q_OBJECT
 
  public:
-  UnknownTargets(const model::FileEntries& entries, QWidget* parent);
+  /// At first the entry with that ID is selected, or all of them if it is empty.
+  UnknownTargets(const model::FileEntries& entries, const std::string& id, QWidget* parent);
 
   /// The edits that give the selected entries the chosen folder.
   [[nodiscard]] std::vector<FieldEdit> Edits() const;
 
  private:
-  void ListEntries(const model::FileEntries& entries);
+  void ListEntries(const model::FileEntries& entries, const std::string& id);
 
   QTreeWidget* lsvEntries;
   QComboBox* cmbTarget;
@@ -35,6 +36,6 @@ class UnknownTargets : public QDialog {
 
 /// Shows the dialog; no edits when the author cancels.
 [[nodiscard]] std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries,
-                                                   QWidget* parent);
+                                                   const std::string& id, QWidget* parent);
 
 }  // namespace pages

@@ -132,6 +132,11 @@ bool tabFileList::ShowEntry(std::int32_t entry, const std::string& id) {
     wanted = &*std::next(entries.begin(), entry - 1);
   }
   if (wanted == nullptr) return false;
+  if (!IsTargetFolder(wanted->TargetFolder)) {
+    // No list shows it. Whoever finds this page hidden asks once more when it is not.
+    if (isVisible()) MendUnknownTargets(wanted->ID);
+    return true;
+  }
   ChooseFolderOf({wanted});
   if (shownEntries_->RowsOf({wanted}).empty()) filter_->Clear();
   SelectRows(*lsvBrowser, shownEntries_->RowsOf({wanted}));
@@ -217,8 +222,8 @@ void tabFileList::MakeSourcesRelative() {
   StatusTextChanged(Counted(Text::SourcesAreRelative, edits.size()));
 }
 
-void tabFileList::MendUnknownTargets() {
-  const std::vector<FieldEdit> edits = AskForTargets(document_->Entries(), window());
+void tabFileList::MendUnknownTargets(const std::string& id) {
+  const std::vector<FieldEdit> edits = AskForTargets(document_->Entries(), id, window());
   if (edits.empty()) return;
   document_->Set(edits);
   const std::vector<std::string> ids = IdsOf(edits);

@@ -348,8 +348,14 @@ class tabFileListTest : public QObject {
 
   void AnEmptyListLeadsOnToTheEntries() {
     Fixture f(
-        "[Files]\nCount=3\n[File1]\nID=a\nTargetFolder=0\n[File2]\nID=b\nTargetFolder=2001\n"
-        "[File3]\nID=c\nTargetFolder=2001\n");
+        "[Files]\nCount=4\n[File1]\nID=a\nTargetFolder=0\n[File2]\nID=b\nTargetFolder=2001\n"
+        "[File3]\nID=c\nTargetFolder=2001\n[File4]\nID=d\nTargetFolder=0\n");
+    ModalScript script;
+    script.ExpectAndPress("unknownTargets", "cmdOK");
+    QVERIFY(f.page->ShowEntry(4, "d"));  // a finding leads to one that no list shows
+    QVERIFY(f.Fields().contains("GUID=d|"));
+    Activate(f.area);
+    f.Choose(2);
     auto& folders = Child<QComboBox>(*f.page, "cmbDestinationFolder");
     const auto isBold = [&folders](int number) {
       return folders.itemData(folders.findData(number), Qt::FontRole).value<QFont>().bold();
@@ -357,10 +363,9 @@ class tabFileListTest : public QObject {
     QVERIFY(isBold(2001));
     QVERIFY(!isBold(2));
     auto& hint = Child<QLabel>(*f.page, "lblEmptyFileList");
-    QVERIFY(hint.text().contains("2 in Installationsordner</a>"));
+    QVERIFY(hint.text().contains("3 in Installationsordner</a>"));
     QVERIFY(hint.text().contains("1 in unbekanntem Ordner (0)</a>"));
     QVERIFY(f.List().accessibleDescription().endsWith("1 in unbekanntem Ordner (0)"));
-    ModalScript script;
     script.ExpectAndPress("unknownTargets", "cmdOK");
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(&hint, &menuKey);
@@ -370,7 +375,7 @@ class tabFileListTest : public QObject {
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}) {
       QTest::keyClick(QApplication::focusWidget(), key);
     }
-    QCOMPARE(f.List().model()->rowCount(), 3);  // with those that were in the folder before
+    QCOMPARE(f.List().model()->rowCount(), 4);  // with those that were in the folder before
     QVERIFY(hint.isHidden());
     QVERIFY(f.Fields().contains("GUID=a|"));
     QCOMPARE(f.area.focusWidget(), &f.List());
