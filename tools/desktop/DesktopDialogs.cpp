@@ -73,7 +73,12 @@ DesktopDialogs::~DesktopDialogs() {
 
 MessageAnswer DesktopDialogs::ShowMessage(const Message& message) {
   const ArrowCursor arrow;
-  return RunMessageBox(message, Owner());
+  const MessageAnswer answer = RunMessageBox(message, Owner());
+  // The window that has the keyboard again may have come above them.
+  for (const auto& [token, notice] : notices_) {
+    if (notice.window) notice.window->raise();
+  }
+  return answer;
 }
 
 std::string DesktopDialogs::InputBox(const std::string& prompt, const std::string& title,
