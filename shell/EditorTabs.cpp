@@ -89,16 +89,18 @@ bool EditorTabs::IsApplyingWanted(const pages::EditorPage& page) const {
 
 void EditorTabs::OfferChanges(pages::EditorPage& page) {
   if (!IsApplyingWanted(page)) return;
-  std::string refusal;
   try {
     Apply(page);
   } catch (const OverwritingRefused& error) {
-    // Reported although other failures are not: the page is removed, and its changes are lost.
-    refusal = error.what();
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): only saving reports failures
+    failures_.emplace_back(error.what());
+  } catch (const std::exception& error) {
+    const std::string named =
+        tools::ReplaceAll(model::LoadText(Text::ChangesNotSaved), "%title%", page.Title());
+    failures_.push_back(tools::ReplaceAll(named, "%reason%", error.what()));
   }
-  if (!refusal.empty()) tools::ShowError(dialogs_, refusal);
 }
+
+std::vector<std::string> EditorTabs::TakeFailures() { return std::exchange(failures_, {}); }
 
 void EditorTabs::AllowOverwriting(const pages::EditorPage& page, const std::string& file) {
   const auto withNames = [&](Text text) {

@@ -42,11 +42,13 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
              tools::Registry& registry, const pages::PageRegistry& pageRegistry);
   ~EditorTabs() override;
 
-  /// Removes all pages; with `ask`, each page with changes is first offered for applying. An error
-  /// of applying is dropped, except a refusal to overwrite the changes of another program, which is
-  /// shown. A page that cannot tell whether it has changes ends the removal: it and the pages
-  /// behind it stay.
+  /// Removes all pages; with `ask`, each page with changes is first offered for applying, and is
+  /// removed even when that fails: TakeFailures tells it. A page that cannot tell whether it has
+  /// changes ends the removal: it and the pages behind it stay.
   void Reset(bool ask) override;
+  /// Which changes Reset could not apply since the last call, and why: texts for the author, who
+  /// has lost them.
+  [[nodiscard]] std::vector<std::string> TakeFailures();
   /// Offers each page that IsUnsaved for applying, those that count as unchanged too. False when
   /// one could not be applied, which is shown: the pages hold what they held then. What the author
   /// does not want applied is not offered again by Reset.
@@ -101,6 +103,7 @@ class EditorTabs : public pages::PageHost, public model::OpenPages {
   pages::PageServices services_;
   std::vector<std::unique_ptr<pages::EditorPage>> pages_;
   model::NodeSettings settings_;
+  std::vector<std::string> failures_;  ///< of Reset
 };
 
 }  // namespace shell

@@ -240,6 +240,9 @@ void frmMain::DropPages(Changes changes) {
   marks_->Watch(editorTabs_, shownNode_);
   pageBars_->PagesRead(shownNode_);
   ShowStatusText({});
+  for (const std::string& failure : editorTabs_.TakeFailures()) {
+    tools::ShowError(dialogs_, failure);
+  }
 }
 
 void frmMain::UpdateStartArea() {

@@ -111,6 +111,8 @@ class frmMainTest : public QObject, protected WindowFixture {
     dialogs_->ExpectQuestion(Text::ApplyPageChanges, MessageAnswer::Yes);
     program_->Click("v3");
     QVERIFY2(Marks().startsWith("|"), "the time would be of other changes");
+    QVERIFY(Told(*dialogs_).contains("Seite \"Produkt\" wurden nicht gespeichert.\n\n"));
+    QVERIFY(Told(*dialogs_).contains(folder));
   }
 
   void ChangesThatCouldNotBeSavedAreOfferedAgain() {
