@@ -95,26 +95,103 @@ void AllowChanges(int folder) {
   }
 }
 
+/// Removes a folder with all that it holds. Only the folder at work is open, and nothing here calls
+/// itself, so that no tree is too deep.
+class TreeRemoval {
+ public:
+  TreeRemoval(int parent, std::string path) : parent_(parent), path_(std::move(path)) {}
+
+  void Run(const std::string& name) {
+    if (!Unlink(parent_, name)) Enter(parent_, name);
+    while (!levels_.empty()) {
+      std::vector<std::string>& names = levels_.back().names;
+      if (names.empty()) {
+        Leave();
+        continue;
+      }
+      const std::string child = std::move(names.back());
+      names.pop_back();
+      if (!Unlink(folder_.Get(), child)) Enter(folder_.Get(), child);
+    }
+  }
+
+ private:
+  struct Level {
+    std::string name;
+    std::size_t pathLength;  ///< of the folder above
+    FileStamp stamp;
+    std::vector<std::string> names;  ///< what is still to go
+  };
+
+  /// False when it could not be unlinked: it may be a folder.
+  bool Unlink(int parent, const std::string& name) {
+    if (::unlinkat(parent, name.c_str(), 0) == 0 || errno == ENOENT) return true;
+    notUnlinked_ = LastSystemError();
+    return false;
+  }
+
+  void Enter(int parent, const std::string& name) {
+    const std::size_t length = path_.size();
+    if (!levels_.empty()) path_.append(1, kPathSeparator).append(name);
+    FileHandle folder(OpenFolder(parent, name.c_str()));
+    if (!folder.IsOpen()) {
+      // What is no folder could not be unlinked; what is one could not be opened.
+      Fail(errno == ENOTDIR || errno == ELOOP ? notUnlinked_ : LastSystemError());
+    }
+    if (IsMountRoot(folder.Get())) Fail(std::make_error_code(std::errc::device_or_resource_busy));
+    AllowChanges(folder.Get());
+    levels_.push_back({name, length, StampOf(folder), NamesIn(::dup(folder.Get()), path_)});
+    if (levels_.back().names.empty()) {
+      LeaveTo(parent);
+    } else {
+      folder_.Take(folder.Release());
+    }
+  }
+
+  void Leave() {
+    if (levels_.size() > 1) GoUp(levels_[levels_.size() - 2].stamp);
+    LeaveTo(levels_.size() > 1 ? folder_.Get() : parent_);
+  }
+
+  void LeaveTo(int parent) {
+    const Level left = std::move(levels_.back());
+    levels_.pop_back();
+    if (::unlinkat(parent, left.name.c_str(), AT_REMOVEDIR) != 0 && errno != ENOENT) {
+      Fail(LastSystemError());
+    }
+    path_.resize(left.pathLength);
+  }
+
+  // Somebody may have moved the folder meanwhile: nothing is removed beside its new place.
+  void GoUp(const FileStamp& known) {
+    const int above = ::openat(folder_.Get(), "..", kFolderFlags);
+    if (above < 0) Fail(LastSystemError());
+    folder_.Take(above);
+    const FileStamp stamp = StampOf(folder_);
+    if (stamp.device != known.device || stamp.identity != known.identity) {
+      Fail(std::make_error_code(std::errc::device_or_resource_busy));
+    }
+  }
+
+  [[nodiscard]] FileStamp StampOf(const FileHandle& folder) const {
+    struct stat status {};
+    if (::fstat(folder.Get(), &status) != 0) Fail(LastSystemError());
+    return StampFrom(status);
+  }
+
+  [[noreturn]] void Fail(std::error_code cause) const { FailToRemove(path_, cause); }
+
+  int parent_;
+  std::string path_;  ///< of the folder at work
+  FileHandle folder_{-1};
+  std::vector<Level> levels_;
+  std::error_code notUnlinked_;
+};
+
 }  // namespace
 
 void RemoveEntry(int parent, const std::string& name, const std::string& path) {
-  if (::unlinkat(parent, name.c_str(), 0) == 0 || errno == ENOENT) return;
-  const std::error_code cause = LastSystemError();
-  const FileHandle folder(OpenFolder(parent, name.c_str()));
-  if (!folder.IsOpen()) {
-    // What is no folder could not be unlinked; what is one could not be opened.
-    FailToRemove(path, errno == ENOTDIR || errno == ELOOP ? cause : LastSystemError());
-  }
-  if (IsMountRoot(folder.Get())) {
-    FailToRemove(path, std::make_error_code(std::errc::device_or_resource_busy));
-  }
-  AllowChanges(folder.Get());
-  for (const std::string& child : NamesIn(::dup(folder.Get()), path)) {
-    RemoveEntry(folder.Get(), child, JoinPath(path, child));
-  }
-  if (::unlinkat(parent, name.c_str(), AT_REMOVEDIR) != 0 && errno != ENOENT) {
-    FailToRemove(path, LastSystemError());
-  }
+  TreeRemoval(parent, path).Run(name);
 }
 
 }  // namespace tools

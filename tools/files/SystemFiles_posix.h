@@ -29,6 +29,12 @@ class FileHandle {
     if (IsOpen()) ::close(descriptor_);
     descriptor_ = descriptor;
   }
+  /// The descriptor, which the caller owns from now on.
+  [[nodiscard]] int Release() {
+    const int descriptor = descriptor_;
+    descriptor_ = -1;
+    return descriptor;
+  }
   [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
   [[nodiscard]] int Get() const { return descriptor_; }
 

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -40,6 +41,20 @@ TEST(LinksTest, FoldersBelowAnotherAreReachedThroughNone) {
   claim.Remove("x");
   EXPECT_TRUE(folder.Holds("fremd/aus/x"));
   EXPECT_FALSE(folder.Holds("früher/aus/x"));
+}
+
+TEST(RemoveFolderTreeTest, NeedsNoMoreDescriptorsForADeeperTree) {
+  const TemporaryFolder folder;
+  std::string below;
+  for (int i = 0; i < 200; ++i) below += "o/";
+  MakeFolderBelow(folder.MakeFolder("tief"), below);
+  rlimit limit{};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
+  const rlimit few{100, limit.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  EXPECT_NO_THROW(RemoveFolderTree(folder.Path("tief")));
+  ::setrlimit(RLIMIT_NOFILE, &limit);
+  EXPECT_FALSE(FolderExists(folder.Path("tief")));
 }
 
 TEST(FolderErrorsTest, NameThePathThatStoppedThem) {
