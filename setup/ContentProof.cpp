@@ -22,7 +22,7 @@ namespace {
 /// The plan's files by their targets.
 class Targets {
  public:
-  explicit Targets(const Plan& plan) : files_(plan.files), taken_(plan.files.size()) {
+  explicit Targets(const Plan& plan) : files_(plan.files), takenFrom_(plan.files.size()) {
     byTarget_.resize(files_.size());
     for (std::uint32_t i = 0; i < byTarget_.size(); ++i) byTarget_[i] = i;
     std::ranges::stable_sort(byTarget_, {}, [this](std::uint32_t i) { return TargetOf(i); });
@@ -30,11 +30,14 @@ class Targets {
 
   /// The next file with this target that nobody took.
   [[nodiscard]] std::uint32_t Take(std::string_view target) {
-    auto found = std::ranges::lower_bound(byTarget_, target, {},
-                                          [this](std::uint32_t i) { return TargetOf(i); });
-    while (found != byTarget_.end() && TargetOf(*found) == target && taken_[*found]) ++found;
-    if (found == byTarget_.end() || TargetOf(*found) != target) return ExpectedFile::kNotPlanned;
-    taken_[*found] = true;
+    const auto first = std::ranges::lower_bound(byTarget_, target, {},
+                                                [this](std::uint32_t i) { return TargetOf(i); });
+    if (first == byTarget_.end()) return ExpectedFile::kNotPlanned;
+    std::uint32_t& taken = takenFrom_[*first];
+    if (taken >= byTarget_.end() - first) return ExpectedFile::kNotPlanned;
+    const auto found = first + taken;
+    if (TargetOf(*found) != target) return ExpectedFile::kNotPlanned;
+    ++taken;
     return *found;
   }
 
@@ -43,7 +46,7 @@ class Targets {
 
   const std::vector<PlannedFile>& files_;
   std::vector<std::uint32_t> byTarget_;
-  std::vector<bool> taken_;
+  std::vector<std::uint32_t> takenFrom_;  ///< by the first file of a target: how many are taken
 };
 
 }  // namespace

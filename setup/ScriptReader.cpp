@@ -69,6 +69,7 @@ void ScriptReader::Report(std::string text) {
 
 void ScriptReader::Misplaced() {
   std::string_view expected = kExpected[static_cast<std::size_t>(blocks_.back())];
+  if (HoldsUnpackedFile()) expected = "Del oder End If";
   if (ended_) expected = "das Ende des Skripts";
   Report("Diese Anweisung kann hier nicht stehen; erwartet: " + std::string(expected) + ".");
 }
@@ -117,6 +118,11 @@ void ScriptReader::Comment(std::string_view comment) {
   reading_.plan.components.emplace_back(comment.substr(0, comment.find_last_of('"')));
 }
 
+// One file is installed from each Extract. With more, a long name would be kept for each of them.
+bool ScriptReader::HoldsUnpackedFile() const {
+  return blocks_.back() == Block::Extract && reading_.plan.files.size() > firstOfExtract_;
+}
+
 bool ScriptReader::MayStandHere(Kind kind) const {
   switch (blocks_.back()) {
     case Block::Outside:
@@ -128,7 +134,8 @@ bool ScriptReader::MayStandHere(Kind kind) const {
     case Block::Ask:
       return kind == Kind::CancelInstall || kind == Kind::EndIf;
     case Block::Extract:
-      return kind == Kind::IfNotInstalled || kind == Kind::Del || kind == Kind::EndIf;
+      return (kind == Kind::IfNotInstalled && !HoldsUnpackedFile()) || kind == Kind::Del ||
+             kind == Kind::EndIf;
     case Block::Install:
       return kind == Kind::ErrMsg || kind == Kind::CancelInstall || kind == Kind::Else ||
              kind == Kind::EndIf;
@@ -337,8 +344,7 @@ void ScriptReader::SelfRegister(std::string_view path) {
 
 void ScriptReader::DeleteTemporary(std::string_view path) {
   if (path != extractedTo_) Report("Erwartet: die entpackte Datei " + extractedTo_ + ".");
-  std::vector<PlannedFile>& files = reading_.plan.files;
-  for (std::size_t i = firstOfExtract_; i < files.size(); ++i) files[i].deletesTemporary = true;
+  if (HoldsUnpackedFile()) reading_.plan.files.back().deletesTemporary = true;
 }
 
 ScriptReading ScriptReader::Finish() {

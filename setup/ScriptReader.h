@@ -62,6 +62,8 @@ class ScriptReader {
   void Accept(const Statement& statement);
   void Perform(const Statement& statement);
   [[nodiscard]] bool MayStandHere(Kind kind) const;
+  /// True inside Extract behind the file that is installed from it.
+  [[nodiscard]] bool HoldsUnpackedFile() const;
   void BeginAsk(const Statement& statement);
   void BeginExtract(const Statement& statement);
   void BeginInstall(const Statement& statement);
