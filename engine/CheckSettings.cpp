@@ -119,8 +119,10 @@ class ComponentCheck {
     Place place = place_;
     place.entry = number;
     place.entryId = settings_.Find(model::FileEntrySection(number), "ID").value_or("");
-    findings_.Try(place,
-                  [&] { (void)model::ReadFileEntry(read_, path_, number, model::EntryUse::Edit); });
+    findings_.Try(place, [&] {
+      const model::ICFile entry = model::ReadFileEntry(read_, path_, number, model::EntryUse::Edit);
+      if (entry.Exclude != 1) model::RequireShortTexts(entry, path_, number);
+    });
   }
 
   const tools::SettingsFile& settings_;
@@ -161,8 +163,9 @@ void CheckComponentSettings(const model::ModProject& project, model::VersionSlot
     const std::string path = project.ComponentFilePath(version, slot);
     if (LookAt(path) != tools::PathKind::File) return;
     const std::shared_ptr<const tools::SettingsFile> settings = project.Settings().Load(path);
-    const std::string title = settings->Read(model::setting::kComponentTitle.section,
-                                             model::setting::kComponentTitle.key, "");
+    std::string title = settings->Read(model::setting::kComponentTitle.section,
+                                       model::setting::kComponentTitle.key, "");
+    if (title.size() > model::kLongestText) title.clear();  // the survey finds that
     ComponentCheck(*settings, path, {slot, title, 0}, findings).Run();
   });
 }

@@ -93,21 +93,24 @@ void ProtectedPlaces::AddSourcesOf(const model::ModProject& project,
     const std::string section = "File" + std::to_string(number);
     model::ICFile entry;
     entry.SourcePath = settings->Read(section, "SourcePath", "");
+    entry.SourceName = settings->Read(section, "SourceName", "");
+    if (entry.SourcePath.size() + entry.SourceName.size() > tools::kLongestPath) continue;
     const std::string folder = SourceFolderOf(entry, project.ProductFolder());
     Add(FolderRefusal::OtherSources, folder);
     if (tools::LeadingNumber(settings->Read(section, "Type", "1")) == model::ICFile::kFolderScan) {
       continue;
     }
     // The name may hold a folder part, and the file may be a link.
-    for (const std::string& place : tools::PlacesOnTheWay(
-             tools::JoinPath(folder, settings->Read(section, "SourceName", "")))) {
+    for (const std::string& place :
+         tools::PlacesOnTheWay(tools::JoinPath(folder, entry.SourceName))) {
       Add(FolderRefusal::OtherSources, tools::FolderOf(place));
     }
   }
 }
 
 void ProtectedPlaces::Add(FolderRefusal rule, const std::string& path) {
-  if (path.empty() || !added_.emplace(rule, path).second) return;
+  if (path.empty() || path.size() > tools::kLongestPath) return;
+  if (!added_.emplace(rule, path).second) return;
   for (const std::string& place : tools::PlacesOnTheWay(path)) {
     AddPlace({rule, path}, place);
     // Each path of a place has other folders above it.
@@ -115,12 +118,17 @@ void ProtectedPlaces::Add(FolderRefusal rule, const std::string& path) {
   }
 }
 
+// Of the folders above a place only those are kept that are there: thousands that are not would
+// each cost the length of its path.
 void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {
+  if (!byPath_.try_emplace(PlaceKeyOf(at), Known{byPath_.size(), place}).second) return;
   for (std::string folder = at; !folder.empty();) {
-    // The folders above a known one were added with it.
-    if (!byPath_.emplace(PlaceKeyOf(folder), place).second) return;
     const tools::FileStamp stamp = StampWherePossible(folder);
-    if (stamp.exists) byIdentity_.emplace(std::pair{stamp.device, stamp.identity}, place);
+    if (stamp.exists) {
+      // The folders above a known one were added with it.
+      if (!walked_.insert(folder).second) return;
+      byIdentity_.emplace(std::pair{stamp.device, stamp.identity}, place);
+    }
     std::string above = tools::FolderOf(folder);
     if (above.size() >= folder.size()) return;
     folder = std::move(above);
@@ -128,8 +136,15 @@ void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {
 }
 
 std::optional<ProtectedPlaces::Place> ProtectedPlaces::PlaceIn(const std::string& folder) const {
-  if (const auto found = byPath_.find(PlaceKeyOf(folder)); found != byPath_.end())
-    return found->second;
+  const std::string key = PlaceKeyOf(folder);
+  const Known* first = nullptr;
+  if (const auto itself = byPath_.find(key); itself != byPath_.end()) first = &itself->second;
+  const std::string below = tools::EnsureTrailingSeparator(key);
+  for (auto it = byPath_.lower_bound(below); it != byPath_.end() && it->first.starts_with(below);
+       ++it) {
+    if (first == nullptr || it->second.turn < first->turn) first = &it->second;
+  }
+  if (first != nullptr) return first->place;
   const tools::FileStamp stamp = StampWherePossible(folder);
   if (!stamp.exists) return std::nullopt;
   const auto found = byIdentity_.find({stamp.device, stamp.identity});

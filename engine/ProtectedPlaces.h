@@ -63,7 +63,12 @@ class ProtectedPlaces {
   void AddPlace(const Place& place, const std::string& at);
 
   tools::MountTable mounts_;
-  std::map<std::string, Place> byPath_;
+  struct Known {
+    std::size_t turn;  ///< in the order in which the places were added
+    Place place;
+  };
+  std::map<std::string, Known> byPath_;  ///< the places themselves
+  std::set<std::string> walked_;         ///< the folders above them that are there
   std::map<std::pair<std::uint64_t, std::uint64_t>, Place> byIdentity_;  ///< volume and number
   std::set<std::pair<FolderRefusal, std::string>> added_;
   std::string unread_;

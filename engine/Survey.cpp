@@ -161,8 +161,7 @@ class Surveyor {
       AddStoredLocations(kAnyNumber);
       return;
     }
-    component.title = settings_->Read(kTitle.section, kTitle.key, "");
-    component.isInstalled = !component.title.empty();
+    if (!TakeTitle(component)) return;
     std::int32_t count = kAnyNumber;
     try {
       RequireFileCount();
@@ -178,6 +177,23 @@ class Surveyor {
           std::string("Die Anzahl der Dateien ist ungültig: ") + error.what()));
     }
     AddStoredLocations(count);
+  }
+
+  // False for a title that is too long.
+  bool TakeTitle(SurveyedComponent& component) {
+    const std::string title = settings_->Read(kTitle.section, kTitle.key, "");
+    component.isInstalled = false;
+    try {
+      model::RequireShortText(title, {path_, kTitle});
+    } catch (const tools::Error& error) {
+      component.problems.push_back(
+          ValueProblem(std::string("Component is left out: ") + error.what(), error.what()));
+      AddStoredLocations(kAnyNumber);
+      return false;
+    }
+    component.title = title;
+    component.isInstalled = !title.empty();
+    return true;
   }
 
   // Without one, entries that are there would be left out without a word.
@@ -239,6 +255,7 @@ class Surveyor {
     SourceList list;
     try {
       entry = model::ReadFileEntry(read_, path_, number, model::EntryUse::Build);
+      model::RequireShortTexts(entry, path_, number);
       AddLocation(entry);
       if (entry.Exclude == 1) return;
       list = ListSources(entry, scope_);
@@ -246,6 +263,7 @@ class Surveyor {
     } catch (const tools::Error& error) {
       AddUnreadLocation(number);
       if (IsExcluded(number)) return;
+      entry = {};
       list.problems.push_back(ValueProblem("File " + std::to_string(number) +
                                                InComponent(component.title) +
                                                " is left out: " + error.what(),
@@ -267,6 +285,7 @@ class Surveyor {
 
   // Many entries share their folder: the set holds each place once.
   void AddLocation(const model::ICFile& entry) {
+    if (entry.SourcePath.size() + entry.SourceName.size() > tools::kLongestPath) return;
     // Entries of types unknown here count as files: their sources are as dear to somebody.
     const bool scan = entry.Type == model::ICFile::kFolderScan;
     const std::string folder = SourceFolderOf(entry, scope_.productFolder);

@@ -108,6 +108,14 @@ ICFile ReadFileEntry(const SettingReader& read, std::string_view path, std::int3
   return entry;
 }
 
+void RequireShortTexts(const ICFile& entry, std::string_view path, std::int32_t number) {
+  const std::string section = FileEntrySection(number);
+  for (const FileEntryField& field : FileEntryFields()) {
+    const auto* const text = std::get_if<std::string ICFile::*>(&field.member);
+    if (text != nullptr) RequireShortText(entry.**text, {path, section, field.name});
+  }
+}
+
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry) {
   const std::string section = FileEntrySection(number);
   for (const FileEntryField& field : FileEntryFields()) {

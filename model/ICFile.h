@@ -88,6 +88,8 @@ inline constexpr std::string_view kFileSection = "File";
 /// Entry `number`. Raises tools::Error when a number that `use` needs does not fit its field.
 [[nodiscard]] ICFile ReadFileEntry(const SettingReader& read, std::string_view path,
                                    std::int32_t number, EntryUse use);
+/// Raises tools::Error naming a text of the entry that no build takes: one beyond kLongestText.
+void RequireShortTexts(const ICFile& entry, std::string_view path, std::int32_t number);
 /// Writes the fourteen keys of entry `number`.
 void WriteFileEntry(const SettingWriter& write, std::int32_t number, const ICFile& entry);
 

@@ -47,6 +47,13 @@ std::int32_t StoredCount(const std::string& text, const SettingPlace& place) {
   throw tools::Error("Die Anzahl ist ungültig: " + OpenedPlace(place) + "=" + text + ")");
 }
 
+void RequireShortText(const std::string& text, const SettingPlace& place) {
+  if (text.size() <= kLongestText) return;
+  throw tools::Error("Der Wert ist zu lang (" + std::to_string(text.size()) +
+                     " Bytes, möglich sind " + std::to_string(kLongestText) +
+                     "): " + OpenedPlace(place) + ")");
+}
+
 namespace {
 
 bool StartsWithWord(std::string_view name, std::string_view word) {

@@ -1,5 +1,6 @@
-// Numbers from settings files. Anybody can edit those: an error says which file and key to look at,
-// and a count of two thousand million must not make a loop of so many steps.
+// Numbers, and texts of a bounded length, from settings files. Anybody can edit those: an error
+// says which file and key to look at, and a count of two thousand million must not make a loop of
+// so many steps.
 #pragma once
 
 #include <algorithm>
@@ -32,6 +33,12 @@ struct SettingPlace {
 /// A count from its stored text; blank text is 0. Raises tools::Error naming the place for text
 /// that is no number, a negative number, or one of over 31 bits: what is counted must not vanish.
 [[nodiscard]] std::int32_t StoredCount(const std::string& text, const SettingPlace& place);
+
+/// In bytes; as long as the longest path of most systems. Builds and checks repeat texts of an
+/// entry for each of its files, and titles in each message.
+inline constexpr std::size_t kLongestText = 4096;
+/// Raises tools::Error naming the place when a text is longer than that.
+void RequireShortText(const std::string& text, const SettingPlace& place);
 
 /// Up to this count it is cheap to ask for each slot in turn; above it the slots are looked up with
 /// the functions below.

@@ -139,6 +139,21 @@ TEST_F(BuildCheckTest, ReportsDamagedSettings) {
           StartsWith("7/0 Die Komponentendatei liegt jenseits der Anzahl")));
 }
 
+TEST_F(BuildCheckTest, LeavesOutWhatHasTooLongAText) {
+  const std::string text(4097, 'x');
+  product_.AddComponent("A",
+                        {Source("a.txt", "a"), Source("b.txt", "b", "TargetName=" + text + "\n")});
+  product_.AddComponent(text, {Source("c.txt", "c")});
+  const std::string tooLong = "Der Wert ist zu lang (4097 Bytes, möglich sind 4096): ";
+  const std::string component = folder_.Path("Produkt/Version 1.0.0/component");
+  EXPECT_THAT(Check(),
+              ElementsAre("1/2 " + tooLong + component + "1.component ([File2] TargetName)",
+                          "2/0 " + tooLong + component + "2.component ([Component] Title)"));
+  Run();
+  EXPECT_EQ(summary_->stored.files, 1U);
+  EXPECT_EQ(summary_->errors, 2);
+}
+
 TEST_F(BuildCheckTest, SumsUpEntriesThatTheFileDoesNotHold) {
   product_.AddComponent("A", {Source("a.txt", "a")});
   const auto setCount = [&, whole = folder_.Read(TestProduct::kComponentFile)](const char* count) {

@@ -116,7 +116,11 @@ class PatternMatcher {
 };
 
 bool MatchesCompiled(std::string_view name, std::string_view compiled) {
+  // Windows finds nothing by a pattern of more than 255 characters; in UTF-8 one has 4 bytes at
+  // most.
+  constexpr std::size_t kLongestPattern = std::size_t{255} * 4;
   if (compiled == "*") return true;
+  if (compiled.size() > kLongestPattern) return false;
   const std::string folded = FoldCase(name);
   return PatternMatcher(folded, compiled).Matches();
 }

@@ -99,7 +99,8 @@ bool IsPortableFileName(std::string_view text) { return CleanFileName(text) == t
 
 bool IsSafeFileTitle(std::string_view text) {
   // A colon leads elsewhere only on Windows: to another stream of the file.
-  return text != "." && text != ".." && HoldsNone(text, kPathSeparator == '\\' ? "/\\:" : "/\\");
+  return text.size() <= kLongestName && text != "." && text != ".." &&
+         HoldsNone(text, kPathSeparator == '\\' ? "/\\:" : "/\\");
 }
 
 bool IsSafeNamePart(std::string_view text) { return HoldsNone(text, "/\\:"); }

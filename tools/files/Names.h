@@ -22,7 +22,7 @@ namespace tools {
 [[nodiscard]] bool IsPortableFileName(std::string_view text);
 
 /// True when `text` followed by an extension names a file in the folder itself on this machine: it
-/// holds no separator and no control character, and is neither "." nor "..".
+/// has 255 bytes at most, holds no separator and no control character, and is neither "." nor "..".
 [[nodiscard]] bool IsSafeFileTitle(std::string_view text);
 
 /// True when `text` as a part of a folder's name cannot lead out of the folder above it on any

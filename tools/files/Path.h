@@ -15,6 +15,9 @@ inline constexpr char kPathSeparator = '\\';
 inline constexpr char kPathSeparator = '/';
 #endif
 
+/// In bytes. No system takes a longer path: Windows counts 32,767 characters, others 4,096 bytes.
+inline constexpr std::size_t kLongestPath = 32767;
+
 /// True for the characters that separate the parts of a path on this machine.
 [[nodiscard]] bool IsPathSeparator(char c);
 

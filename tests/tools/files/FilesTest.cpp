@@ -27,16 +27,26 @@ TEST_F(FilesTest, FindListsAFoldersFilesBeforeItsSubfoldersInByteOrder) {
 }
 
 TEST_F(FilesTest, PatternsMatchNamesAsWindowsDoes) {
-  const std::tuple<const char*, const char*, bool> rows[] = {
-      {"*.*", "ohne", true},         {"*.txt", "A.TXT", true},
-      {"*.txt", "a.txt.bak", false}, {"Über*", "über.doc", true},
-      {"?.c", "ä.c", true},          {"??.c", "a.c", true},
-      {"a?b", "ab", false},          {"*.", "ohne", true},
-      {"*.", "mit.e", false},        {"lib*.so.?", "libx.so.1", true},
-      {"a*b*c", "aXbYbZc", true},    {"a*b*c", "aXbYbZ", false},
-      {"name.*", "name", true},      {"", "a", false},
-      {"*", ".versteckt", true},     {"*.htm", "a.html", false},
-      {"****", "x", true},           {"x", "xx", false}};
+  const std::tuple<std::string, const char*, bool> rows[] = {{"*.*", "ohne", true},
+                                                             {"*.txt", "A.TXT", true},
+                                                             {"*.txt", "a.txt.bak", false},
+                                                             {"Über*", "über.doc", true},
+                                                             {"?.c", "ä.c", true},
+                                                             {"??.c", "a.c", true},
+                                                             {"a?b", "ab", false},
+                                                             {"*.", "ohne", true},
+                                                             {"*.", "mit.e", false},
+                                                             {"lib*.so.?", "libx.so.1", true},
+                                                             {"a*b*c", "aXbYbZc", true},
+                                                             {"a*b*c", "aXbYbZ", false},
+                                                             {"name.*", "name", true},
+                                                             {"", "a", false},
+                                                             {"*", ".versteckt", true},
+                                                             {"*.htm", "a.html", false},
+                                                             {"****", "x", true},
+                                                             {"x", "xx", false},
+                                                             {std::string(255, '*'), "x", true},
+                                                             {std::string(1021, '*'), "x", false}};
   for (const auto& [pattern, name, matches] : rows) {
     EXPECT_EQ(MatchesPattern(name, pattern), matches) << pattern << " / " << name;
   }
