@@ -67,20 +67,22 @@ bool Visit(const std::string& folder, const Visitor& visit) { return Walk(folder
 /// The same key for all spellings of one place in the tree of a setup: neither case counts, nor
 /// dots and blanks at the end of a part (see TreePlaces).
 std::string KeyOf(const std::string& path, char separator) {
-  std::vector<std::string> parts;
-  for (std::string& part : tools::SplitList(path, separator, '\0')) {
+  std::vector<std::string_view> parts;
+  for (std::string_view rest = path; !rest.empty();) {
+    const std::string_view part = rest.substr(0, rest.find(separator));
+    rest.remove_prefix(std::min(part.size() + 1, rest.size()));
     if (part.empty() || part == ".") continue;
     if (part != "..") {
-      parts.push_back(std::move(part));
+      parts.push_back(part);
     } else if (!parts.empty()) {
       parts.pop_back();
     }
   }
   std::string key;
-  for (const std::string& part : parts) {
+  for (const std::string_view part : parts) {
     const std::size_t last = part.find_last_not_of(". ");
     key.append("\\").append(
-        tools::LowerCase(last == std::string::npos ? part : part.substr(0, last + 1)));
+        tools::LowerCase(last == std::string_view::npos ? part : part.substr(0, last + 1)));
   }
   return key;
 }
@@ -151,7 +153,8 @@ class SetupNames {
       at += kSourceMacro.size();
       const std::size_t end = script.find('"', at);
       if (end == std::string::npos) return;
-      keys_.insert(KeyOf(script.substr(at, end - at), '\\'));
+      // No file lies at a longer path; the parts of one take many times its room.
+      if (end - at <= tools::kLongestPath) keys_.insert(KeyOf(script.substr(at, end - at), '\\'));
       at = end;
     }
   }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
+#include <set>
 
 #include "model/ICFile.h"
 #include "model/StoredNumbers.h"
@@ -19,19 +21,30 @@ namespace {
 
 constexpr SettingName kTitle = setting::kComponentTitle;
 
-/// `title`, or as that of a copy when it is among `taken`.
-std::string FreeTitle(const std::string& title, const std::vector<std::string>& taken) {
-  const auto isTaken = [&](const std::string& text) {
-    return std::find(taken.begin(), taken.end(), text) != taken.end();
-  };
-  std::string candidate = title;
-  for (int number = 1; isTaken(candidate); ++number) {
-    const Text text = number == 1 ? Text::CopyOf : Text::CopyWithNumber;
-    candidate = tools::ReplaceAll(LoadText(text), "%number%", std::to_string(number));
-    candidate = tools::ReplaceAll(candidate, "%title%", title);
+/// The titles of a version, with those that are given to copies.
+class Titles {
+ public:
+  explicit Titles(const std::vector<std::string>& taken) : taken_(taken.begin(), taken.end()) {}
+
+  /// Takes `title`, or one as that of a copy when it is taken.
+  std::string Take(const std::string& title) {
+    // Of a thousand equal titles each is not to try the numbers of all before it.
+    int& number = tried_[title];
+    std::string candidate = number == 0 ? title : OfCopy(title, number);
+    while (!taken_.insert(candidate).second) candidate = OfCopy(title, ++number);
+    return candidate;
   }
-  return candidate;
-}
+
+ private:
+  static std::string OfCopy(const std::string& title, int number) {
+    const Text text = number == 1 ? Text::CopyOf : Text::CopyWithNumber;
+    const std::string copy = tools::ReplaceAll(LoadText(text), "%number%", std::to_string(number));
+    return tools::ReplaceAll(copy, "%title%", title);
+  }
+
+  std::set<std::string> taken_;
+  std::map<std::string, int> tried_;  ///< the number of the last copy
+};
 
 void GiveNewGuids(tools::SettingsFile& file) {
   constexpr std::int32_t kAnyEntry = std::numeric_limits<std::int32_t>::max();
@@ -63,12 +76,13 @@ void ComponentOperations::Copy(const std::vector<ShownComponent>& components,
   project_.RequireProduct();
   Lock lock(project_.Settings(), project_.ProductPath());
   project_.RequireVersion(toVersion);
-  std::vector<std::string> titles = TitlesIn(toVersion);
+  Titles taken(TitlesIn(toVersion));
+  std::vector<std::string> titles;
   std::vector<File> files;
   for (const ShownComponent& component : components) {
     if (IsOutdated(component, Text::Paste, lock)) return;
     const auto file = CopyOf(component);
-    titles.push_back(FreeTitle(component.shownTitle, titles));
+    titles.push_back(taken.Take(component.shownTitle));
     file->Write(kTitle.section, kTitle.key, titles.back());
     files.push_back(file);
   }
@@ -79,7 +93,6 @@ void ComponentOperations::Copy(const std::vector<ShownComponent>& components,
   }
   lock.Release();
   view_.UpdateTree();
-  titles.erase(titles.begin(), titles.end() - std::ptrdiff_t(files.size()));
   view_.ShowStatusText(WhereText(titles, toVersion));
 }
 

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <functional>
 #include <optional>
+#include <set>
 
 #include "tools/Error.h"
 #include "tools/Text.h"
@@ -27,17 +28,23 @@ std::string NoteOf(ComponentSlot slot, const std::string& content) {
   return std::to_string(slot) + ':' + std::to_string(std::hash<std::string>()(content));
 }
 
-// A slot whose file is still what was copied there.
-std::optional<ComponentSlot> SlotOfCopy(const ModProject& project, VersionSlot version,
-                                        const std::string& noted) {
+std::optional<ComponentSlot> SlotIn(const std::string& noted) {
   const std::size_t colon = noted.find(':');
   if (colon == std::string::npos) return {};
   std::int32_t slot = 0;
   const char* const end = noted.data() + colon;
   if (std::from_chars(noted.data(), end, slot).ptr != end) return {};
-  const std::string path = project.ComponentFilePath(version, slot);
-  if (!tools::FileExists(path) || NoteOf(slot, tools::ReadWholeFile(path)) != noted) return {};
   return slot;
+}
+
+// True for a file that is still what was copied there.
+bool IsCopy(const std::string& path, ComponentSlot slot, const std::string& noted) {
+  constexpr std::size_t kLargest = std::size_t{128} << 20U;  // as of all settings files
+  if (!tools::FileExists(path)) return false;
+  const tools::InputFile file(path);
+  const tools::FileStamp stamp = file.Stamp();
+  const auto content = tools::ReadToEnd(file, static_cast<std::size_t>(stamp.size), kLargest);
+  return content && NoteOf(slot, *content) == noted;
 }
 
 }  // namespace
@@ -72,10 +79,13 @@ void RemoveUnfinishedCopy(const ModProject& project, tools::Disk& disk, VersionS
   const std::string copies =
       project.Settings().Load(note)->Read(kCopies.section, kCopies.key, kCopies.standard);
   const std::int32_t count = project.ComponentCount(version);
+  std::set<ComponentSlot> seen;  // a made-up note must not have one file read a million times
   for (const std::string& noted : tools::SplitList(copies, kSeparator, '\0')) {
     // What the count shows, the author has seen: the program was killed after its last step.
-    const std::optional<ComponentSlot> slot = SlotOfCopy(project, version, noted);
-    if (slot && *slot > count) disk.DeleteFile(project.ComponentFilePath(version, *slot));
+    const std::optional<ComponentSlot> slot = SlotIn(noted);
+    if (!slot || *slot <= count || !seen.insert(*slot).second) continue;
+    const std::string path = project.ComponentFilePath(version, *slot);
+    if (IsCopy(path, *slot, noted)) disk.DeleteFile(path);
   }
   disk.SyncFolder(tools::FolderOf(note));
   disk.DeleteFile(note);
