@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTextDocument>
 #include <QToolButton>
 #include <algorithm>
 #include <utility>
@@ -37,6 +38,9 @@ bool RecentMenu::eventFilter(QObject* watched, QEvent* event) {
 void RecentMenu::Fill() {
   clear();
   setToolTipsVisible(false);
+  // What is found for the products shown before must not be shown here too.
+  delete filling_;
+  filling_ = new QObject(this);
   const std::vector<std::string> paths = paths_();
   const int widest = button_.screen()->availableSize().width() * 3 / 4;
   int number = 0;
@@ -47,7 +51,7 @@ void RecentMenu::Fill() {
     QString caption = text;
     caption.replace(QLatin1Char('&'), QStringLiteral("&&"));
     QAction* entry = addAction(QStringLiteral("&%1  ").arg(++number % 10) + caption);
-    entry->setToolTip(whole);
+    entry->setToolTip(Qt::convertFromPlainText(whole));
     if (text != whole) setToolTipsVisible(true);
     entry->setData(whole);
     connect(entry, &QAction::triggered, this, [this, path] { Q_EMIT ProductWanted(path); });
@@ -56,7 +60,7 @@ void RecentMenu::Fill() {
     addAction(tools::ToQString(model::LoadText(Text::NoRecentProducts)))->setEnabled(false);
     return;
   }
-  tools::RunInBackground(*this, [this, paths]() -> std::function<void()> {
+  tools::RunInBackground(*filling_, [this, paths]() -> std::function<void()> {
     return [this, missing = MissingProducts(paths)] { ShowMissing(missing); };
   });
 }

@@ -31,6 +31,7 @@ class RecentMenu : public QMenu {
 
   QToolButton& button_;
   std::function<std::vector<std::string>()> paths_;
+  QObject* filling_ = nullptr;  ///< receives which of the products shown now are missing
 };
 
 }  // namespace shell

@@ -187,6 +187,10 @@ class frmMainTest : public QObject, protected WindowFixture {
     QVERIFY(Child(program_->window, "startPage").isHidden());
     QVERIFY(QFile::remove(tools::ToQString(home_->Path("Produkt/a.product"))));
     program_->Press("close");
+    auto& menu = *program_->window.findChild<QMenu*>("mnuRecent");
+    for (int i = 0; i < 2; ++i) Q_EMIT menu.aboutToShow();  // again before any answer
+    QTRY_COMPARE(menu.actions().size(), 5);
+    QVERIFY(!QTest::qWaitFor([&menu] { return menu.actions().size() != 5; }, 100));
     const auto link = [this](const char* name) -> QAbstractButton& {
       return Child<QAbstractButton>(program_->window, name);
     };
