@@ -33,25 +33,33 @@ class InstalledTree {
   [[nodiscard]] std::string Below(const std::string& path) const;
 
  private:
+  struct Folder {
+    std::size_t number;  ///< from 1; 0 is the folder that all lie in
+    std::string name;    ///< with the spelling that came first
+  };
+  // A key with all folders above would, in deep folders, take a thousand times the script's room.
+  static std::string KeyIn(std::size_t folder, const std::string& name) {
+    return std::to_string(folder) + "\\" + tools::FoldCase(name);
+  }
+
   std::string folder_;
-  std::unordered_map<std::string, std::string> folders_;  ///< key to full path
-  std::unordered_map<std::string, std::string> files_;    ///< key to name
+  std::unordered_map<std::string, Folder> folders_;
+  std::unordered_map<std::string, std::string> files_;  ///< key to name
 };
 
 InstalledTree::Place InstalledTree::PlaceOf(const TargetPath& target) {
   Place place{.key = {}, .path = folder_};
+  std::size_t above = 0;
   const std::string* part = &target.top;
   for (const std::string& next : target.parts) {
-    place.key.append(tools::FoldCase(*part)).append("\\");
-    std::string& known = folders_[place.key];
-    if (known.empty()) {
-      known = tools::JoinPath(place.path, *part);
-      tools::MakeFolder(known);
-    }
-    place.path = known;
+    const auto [known, isNew] =
+        folders_.try_emplace(KeyIn(above, *part), Folder{folders_.size() + 1, *part});
+    place.path = tools::JoinPath(place.path, known->second.name);
+    if (isNew) tools::MakeFolder(place.path);
+    above = known->second.number;
     part = &next;
   }
-  place.key += tools::FoldCase(*part);
+  place.key = KeyIn(above, *part);
   const auto file = files_.find(place.key);
   place.occupied = file != files_.end();
   place.path = tools::JoinPath(place.path, place.occupied ? file->second : *part);
