@@ -195,6 +195,7 @@ void tabFileList::AddFolder(tools::Subfolders subfolders) {
 void tabFileList::AddDropped(const DroppedPaths& dropped) {
   const tools::WaitCursor wait;
   AddFileEntries(FilesIn(services_.dialogs, dropped));
+  lsvBrowser->setFocus(Qt::MouseFocusReason);  // the next keys are about what was dropped
 }
 
 void tabFileList::AddScan() {

@@ -259,6 +259,7 @@ class tabFileListTest : public QObject {
       QTRY_COMPARE(f.List().model()->rowCount(), rows);
     }
     QVERIFY(Rows(f.List()).endsWith(f.Path("D/tief/c") + "=%ProgramsDir%\\"));
+    QCOMPARE(f.area.focusWidget(), &f.List());  // Ctrl+Z is for them
     data.setUrls({QUrl::fromLocalFile(tools::ToQString(f.folder.MakeFolder("leer")))});
     f.dialogs.ExpectQuestion(Text::WithSubfolders, MessageAnswer::Yes);
     Drop(*f.page, {9, 9}, data, Qt::CopyAction);
