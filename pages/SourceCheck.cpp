@@ -83,7 +83,8 @@ class SourceCheck::Worker {
       }
     }
     for (; first != behind; ++first) {
-      const bool isThere = names.contains(first->name) || IsThere(folder, first->name);
+      const bool isListed = first->name && names.contains(*first->name);
+      const bool isThere = isListed || IsThere(folder, first->name);
       states_.push_back({first->id, !isThere});
       if (Clock::now() - reported_ >= kBetweenReports && !Report()) return false;
     }
@@ -91,10 +92,10 @@ class SourceCheck::Worker {
   }
 
   /// Case does not count on every machine, so a name that is not listed may be there all the same.
-  static bool IsThere(const std::string& folder, const std::string& name) {
+  static bool IsThere(const std::string& folder, const std::optional<std::string>& name) {
     std::error_code failure;
-    if (name.empty()) return tools::KindOf(folder, failure) == tools::PathKind::Folder;
-    return tools::KindOf(tools::JoinPath(folder, name), failure) == tools::PathKind::File;
+    if (!name) return tools::KindOf(folder, failure) == tools::PathKind::Folder;
+    return tools::KindOf(tools::JoinPath(folder, *name), failure) == tools::PathKind::File;
   }
 
   /// False when nobody asks for these any more.

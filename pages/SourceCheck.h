@@ -5,6 +5,7 @@
 #include <QObject>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,9 @@ namespace pages {
 
 /// What an entry takes its files from.
 struct SourcePlace {
-  std::string id;      ///< of the entry
-  std::string folder;  ///< as stored
-  std::string name;    ///< empty: the folder itself is looked for
+  std::string id;                   ///< of the entry
+  std::string folder;               ///< as stored
+  std::optional<std::string> name;  ///< of the file; without one the folder itself is looked for
 };
 
 struct SourceState {

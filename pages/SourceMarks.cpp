@@ -15,11 +15,9 @@ constexpr auto kDelay = std::chrono::milliseconds(150);  ///< several steps caus
 std::vector<SourcePlace> PlacesOf(const model::FileEntries& entries) {
   std::vector<SourcePlace> places;
   for (const model::ICFile& entry : entries) {
-    if (entry.Type == model::ICFile::kFolderScan) {
-      places.push_back({entry.ID, entry.SourcePath, {}});
-    } else if (!entry.SourceName.empty()) {
-      places.push_back({entry.ID, entry.SourcePath, entry.SourceName});
-    }
+    places.push_back({entry.ID, entry.SourcePath, {}});
+    // A file without a name is a missing one, as the check has it.
+    if (entry.Type != model::ICFile::kFolderScan) places.back().name = entry.SourceName;
   }
   return places;
 }

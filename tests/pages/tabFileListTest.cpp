@@ -320,7 +320,7 @@ class tabFileListTest : public QObject {
   void SourcesThatAreMissingAndEntriesLeftOutAreMarked() {
     Fixture f(
         "[Files]\nCount=3\n[File1]\nID=a\nType=1\nSourcePath=q\nSourceName=da\nTargetFolder=2\n"
-        "[File2]\nID=b\nType=1\nSourcePath=q\nSourceName=weg\nTargetFolder=2\n"
+        "[File2]\nID=b\nType=1\nSourcePath=q\nSourceName=\nTargetFolder=2\n"
         "[File3]\nID=c\nType=2\nSourcePath=q\nSourceName=*\nTargetFolder=2\nExclude=1\n");
     const auto marks = [&f](int role) {
       QString marked;
