@@ -25,6 +25,11 @@ void LeaveOutUnfitNames(SourceList& list) {
                tools::EscapeControlCharacters(path));
       return true;
     }
+    if (!tools::IsValidUtf8(path) && !tools::IsValidUtf8(tools::FileNamePart(path))) {
+      LeaveOut(list, "File name is not UTF-8", "Der Dateiname ist nicht in UTF-8 geschrieben",
+               tools::EscapeControlCharacters(path));
+      return true;
+    }
     if (!tools::HasControlCharacter(path)) return false;  // nearly all
     if (!tools::HasControlCharacter(tools::FileNamePart(path))) return false;
     LeaveOut(list, "File name holds a control character", "Der Dateiname enthält ein Steuerzeichen",

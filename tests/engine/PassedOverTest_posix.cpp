@@ -69,14 +69,19 @@ TEST_F(PassedOverTest, FilesWhoseNamesNoScriptCanHold) {
   folder_.Write("baum/a.txt", "a");
   folder_.Write("baum/Zeile 1\nERROR: 2.txt", "b");
   folder_.Write("baum/..\\..\\c.txt", "c");
+  folder_.Write("baum/\xFC.txt", "d");
   product_.AddComponent("A", {TestProduct::Scan(folder_.Path("baum"), "*.*")});
   const std::string shown = folder_.Path("baum/Zeile 1\\u000AERROR: 2.txt");
   const std::string path = folder_.Path("baum/..\\..\\c.txt");
   EXPECT_EQ(CheckText(), "Der Dateiname enthält einen Rückstrich: " + path +
-                             "\nDer Dateiname enthält ein Steuerzeichen: " + shown + "\n");
+                             "\nDer Dateiname enthält ein Steuerzeichen: " + shown +
+                             "\nDer Dateiname ist nicht in UTF-8 geschrieben: " +
+                             folder_.Path("baum/\xFC.txt\n"));
   Run();
-  EXPECT_EQ(LogLines(), "ERROR: File name holds a backslash: " + path +
-                            "\r\nERROR: File name holds a control character: " + shown + "\r\n");
+  EXPECT_EQ(LogLines(),
+            "ERROR: File name holds a backslash: " + path +
+                "\r\nERROR: File name holds a control character: " + shown +
+                "\r\nERROR: File name is not UTF-8: " + folder_.Path("baum/\xFC.txt\r\n"));
   EXPECT_EQ(summary_->stored.files, 1U);
 }
 
