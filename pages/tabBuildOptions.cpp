@@ -155,7 +155,7 @@ void tabBuildOptions::ChangeConfiguration() {
   if (chosen == shownPosition_) return;
   // Until the change is stored, the list shows what is: an error on the way leaves it so.
   cmbConfiguration->setCurrentIndex(shownPosition_);
-  if (IsDirty() && !SaveBeforeChange()) return;
+  if (IsUnsaved() && !SaveBeforeChange()) return;
   Host()->InOneWrite(*this,
                      [&] { Host()->Save(kCommon, kActiveConfig, std::to_string(chosen + 1)); });
   ShowConfiguration(chosen);

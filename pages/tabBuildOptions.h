@@ -17,8 +17,8 @@ namespace pages {
 /// Reads and writes the version's file: section "BuildCommon" with "InstallerType" and
 /// "ActiveConfig", and per configuration n section "Build<n>" with "OutputFolder" and "Locale".
 /// Choosing another configuration stores it as the active one at once; unsaved changes are offered
-/// for saving first. Where a stored number names nothing, nothing is chosen, and what is not chosen
-/// is not written.
+/// for saving first, those too that could not be saved before. Where a stored number names nothing,
+/// nothing is chosen, and what is not chosen is not written.
 class tabBuildOptions : public EditorPage {
   Q_OBJECT
 

@@ -72,6 +72,7 @@ class tabBuildOptionsTest : public QObject {
     QCOMPARE(f.dialogs.Messages().size(), 3U);  // the error among them
 
     f.disk.FailAt(FaultyDisk::Step::Write, 0);
+    f.page->SetDirty(false);  // by the command that saves all pages: it failed too
     f.dialogs.ExpectQuestion(Text::SaveBeforeConfigurationChange, MessageAnswer::Yes);
     f.ChooseNext();
     QCOMPARE(f.dialogs.LastStyle(), "?Yes");
