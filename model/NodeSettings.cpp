@@ -39,6 +39,7 @@ std::string ShownLines(const tools::SettingsFile& file) {
 }  // namespace
 
 bool NodeSettings::HasChangedOutside() const {
+  if (IsOtherVersion()) return true;
   const auto now = project_.Settings().Load(FilePath());
   return now != seen_ && ShownLines(*now) != ShownLines(*seen_);
 }
@@ -50,7 +51,9 @@ void NodeSettings::Select(VersionSlot version, ComponentSlot component) {
   numbers_.clear();
   readLater_ = false;
   isReadable_ = false;
+  selectedFile_.clear();
   try {
+    selectedFile_ = FilePath();
     seen_ = project_.Settings().Load(FilePath());
     isReadable_ = project_.IsOpen();
   } catch (const tools::Error&) {
@@ -67,7 +70,19 @@ std::string NodeSettings::FilePath() const {
 void NodeSettings::RequireNode() const {
   project_.RequireProduct();
   if (version_ != 0) project_.RequireVersion(version_);
+  RequireSameVersion();
   if (component_ != 0) project_.RequireComponent(version_, component_);
+}
+
+// Slots are used again: what was typed for a version that is gone must not become another one's.
+bool NodeSettings::IsOtherVersion() const {
+  return !selectedFile_.empty() && FilePath() != selectedFile_;
+}
+
+void NodeSettings::RequireSameVersion() const {
+  if (IsOtherVersion()) {
+    throw tools::PathError("Die Version ist nicht mehr vorhanden", selectedFile_, {});
+  }
 }
 
 void NodeSettings::InOneRead(const std::function<void()>& reads) {
@@ -127,6 +142,7 @@ NodeSettings::Seen NodeSettings::SeenOf(std::string_view section, std::string_vi
 void NodeSettings::InOneWrite(const std::function<void()>& writes,
                               const AllowOverwriting& allowOverwriting) {
   if (!project_.IsOpen()) return;
+  RequireSameVersion();
   file_ = FilePath();
   mode_ = Mode::Edits;
   if (EditsMeetOtherChanges(writes)) {

@@ -47,7 +47,8 @@ class NodeSettings {
   [[nodiscard]] const std::string& ProductPath() const { return project_.ProductPath(); }
   /// The file of the node. Raises tools::Error.
   [[nodiscard]] std::string FilePath() const;
-  /// Raises tools::Error that says which of product, version and component is gone.
+  /// Raises tools::Error that says which of product, version and component is gone. A version is
+  /// gone too when another program has put another one into its slot.
   void RequireNode() const;
   /// True when the file holds other settings than when the node was selected, with the pages' own
   /// writes since then. What only the tree shows - titles of components, lists of versions and
@@ -65,7 +66,8 @@ class NodeSettings {
 
   /// Runs `writes`, whose Save calls become one replacement of the file; it may run twice and must
   /// give the same both times. What it, `allowOverwriting` or the disk raises leaves the file as it
-  /// was. Does nothing while no product is open.
+  /// was, and so does the error where the slot holds another version by now. Does nothing while no
+  /// product is open.
   void InOneWrite(const std::function<void()>& writes, const AllowOverwriting& allowOverwriting);
   /// Offers the text of a key by the rules above, each key once in a write.
   void Save(std::string_view section, std::string_view key, std::string_view value);
@@ -82,6 +84,8 @@ class NodeSettings {
     bool noted = false;   ///< by a later or a default text
   };
 
+  [[nodiscard]] bool IsOtherVersion() const;
+  void RequireSameVersion() const;
   [[nodiscard]] Seen SeenOf(std::string_view section, std::string_view key) const;
   /// `stored` is what the file held when the node was selected.
   void NoteRead(std::string_view section, std::string_view key, std::string_view defaultValue,
@@ -102,6 +106,8 @@ class NodeSettings {
   AsShown asShown_;
   VersionSlot version_ = 0;
   ComponentSlot component_ = 0;
+  /// Its file when it was selected; empty where that could not be told.
+  std::string selectedFile_;
 
   /// The file as it was when the node was selected, with the pages' own writes since then.
   std::shared_ptr<const tools::SettingsFile> seen_ = std::make_shared<tools::SettingsFile>();

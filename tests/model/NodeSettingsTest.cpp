@@ -159,6 +159,18 @@ TEST_F(NodeSettingsTest, AFileThatIsGoneIsNotMadeAgainFromAPage) {
   }
 }
 
+TEST_F(NodeSettingsTest, AnEditIsNotWrittenToAnotherVersionInTheSameSlot) {
+  Open("[Versions]\nCount=1\nVer1=1.0\n");
+  folder_.Write("Version 1.0/product.version", "[S]\nA=1\n");
+  node_.Select(1, 0);
+  folder_.Write("Version 2.0/product.version", "[S]\nA=1\n");
+  Put("[Versions]\nCount=1\nVer1=2.0\n");
+  EXPECT_THROW((void)Save("5", ""), tools::Error);
+  EXPECT_EQ(folder_.Read("Version 2.0/product.version"), "[S]\nA=1\n");
+  EXPECT_THROW(node_.RequireNode(), tools::Error);
+  EXPECT_TRUE(node_.HasChangedOutside());
+}
+
 TEST_F(NodeSettingsTest, WhatAnotherPageHasNotSeenStaysUnseen) {
   Open("B=2\n");
   Put("B=9\n");
