@@ -51,9 +51,9 @@ void NodeSettings::Select(VersionSlot version, ComponentSlot component) {
   numbers_.clear();
   readLater_ = false;
   isReadable_ = false;
-  selectedFile_.clear();
+  versionText_.clear();
   try {
-    selectedFile_ = FilePath();
+    if (version_ != 0) versionText_ = project_.VersionString(version_);
     seen_ = project_.Settings().Load(FilePath());
     isReadable_ = project_.IsOpen();
   } catch (const tools::Error&) {
@@ -76,13 +76,14 @@ void NodeSettings::RequireNode() const {
 
 // Slots are used again: what was typed for a version that is gone must not become another one's.
 bool NodeSettings::IsOtherVersion() const {
-  return !selectedFile_.empty() && FilePath() != selectedFile_;
+  const std::string text = project_.VersionString(version_);
+  return !versionText_.empty() && !text.empty() && text != versionText_;
 }
 
 void NodeSettings::RequireSameVersion() const {
-  if (IsOtherVersion()) {
-    throw tools::PathError("Die Version ist nicht mehr vorhanden", selectedFile_, {});
-  }
+  if (!IsOtherVersion()) return;
+  throw tools::PathError("Die Version ist nicht mehr vorhanden",
+                         project_.VersionFolder(versionText_), {});
 }
 
 void NodeSettings::InOneRead(const std::function<void()>& reads) {
@@ -142,7 +143,6 @@ NodeSettings::Seen NodeSettings::SeenOf(std::string_view section, std::string_vi
 void NodeSettings::InOneWrite(const std::function<void()>& writes,
                               const AllowOverwriting& allowOverwriting) {
   if (!project_.IsOpen()) return;
-  RequireSameVersion();
   file_ = FilePath();
   mode_ = Mode::Edits;
   if (EditsMeetOtherChanges(writes)) {
@@ -161,7 +161,7 @@ bool NodeSettings::EditsMeetOtherChanges(const std::function<void()>& writes) {
   const tools::SettingsStore::Session session(project_.Settings());
   current_ = project_.Settings().Load(file_);
   // Writing to a node that is gone fails, there is nothing to ask about.
-  if (current_ == seen_ || !tools::FileExists(file_)) return false;
+  if (current_ == seen_ || !tools::FileExists(file_) || IsOtherVersion()) return false;
   mode_ = Mode::Compare;
   edits_ = false;
   otherChanges_ = false;
@@ -248,7 +248,10 @@ void NodeSettings::Save(std::string_view section, std::string_view key, std::str
 void NodeSettings::NoteAgreed(std::string_view section, std::string_view key,
                               std::string_view value) {
   if (!noted_.empty()) writtenNotes_.push_back(NoteKey(section, key));
-  if (agreed_ == nullptr) agreed_ = seen_->Clone();
+  if (agreed_ == nullptr) {
+    RequireSameVersion();
+    agreed_ = seen_->Clone();
+  }
   agreed_->Write(section, key, value);
 }
 
@@ -257,7 +260,10 @@ void NodeSettings::Write(std::string_view section, std::string_view key, std::st
   // The first write of all has made sure that the node is there, and each more looks for its file.
   if (project_.Settings().IsBeingWritten(file_)) {
     project_.Settings().Write(file_, section, key, value);
-  } else if (version_ != 0 && component_ != 0) {
+    return;
+  }
+  RequireSameVersion();
+  if (version_ != 0 && component_ != 0) {
     project_.WriteComponentSetting(version_, component_, section, key, value);
   } else if (version_ != 0) {
     project_.WriteVersionSetting(version_, section, key, value);

@@ -106,8 +106,7 @@ class NodeSettings {
   AsShown asShown_;
   VersionSlot version_ = 0;
   ComponentSlot component_ = 0;
-  /// Its file when it was selected; empty where that could not be told.
-  std::string selectedFile_;
+  std::string versionText_;  ///< when it was selected; empty for none, and where none was stored
 
   /// The file as it was when the node was selected, with the pages' own writes since then.
   std::shared_ptr<const tools::SettingsFile> seen_ = std::make_shared<tools::SettingsFile>();

@@ -161,12 +161,14 @@ TEST_F(NodeSettingsTest, AFileThatIsGoneIsNotMadeAgainFromAPage) {
 
 TEST_F(NodeSettingsTest, AnEditIsNotWrittenToAnotherVersionInTheSameSlot) {
   Open("[Versions]\nCount=1\nVer1=1.0\n");
-  folder_.Write("Version 1.0/product.version", "[S]\nA=1\n");
+  folder_.Write("Version 1.0/product.version", "[S]\nA=1\nB=\n");
   node_.Select(1, 0);
-  folder_.Write("Version 2.0/product.version", "[S]\nA=1\n");
   Put("[Versions]\nCount=1\nVer1=2.0\n");
-  EXPECT_THROW((void)Save("5", ""), tools::Error);
-  EXPECT_EQ(folder_.Read("Version 2.0/product.version"), "[S]\nA=1\n");
+  for (const std::string stored : {"[S]\nA=1\nB=\n", "[S]\nA=5\nB=\n"}) {
+    folder_.Write("Version 2.0/product.version", stored);
+    EXPECT_THROW((void)Save("5", ""), tools::Error) << stored;
+    EXPECT_EQ(folder_.Read("Version 2.0/product.version"), stored);
+  }
   EXPECT_THROW(node_.RequireNode(), tools::Error);
   EXPECT_TRUE(node_.HasChangedOutside());
 }
