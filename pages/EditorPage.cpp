@@ -7,7 +7,7 @@ void EditorPage::ApplyChanges() {
   try {
     host_->InOneWrite(*this, [this] { WriteSettings(); });
   } catch (...) {
-    hasFailed_ = IsUnsaved();
+    hasFailed_ = IsUnsaved() || HoldsQuietEdits();
     Q_EMIT SaveFailed();
     throw;
   }

@@ -87,6 +87,10 @@ class EditorPage : public QWidget, public model::OpenPage {
   /// writing: a write that fails must leave what the user typed.
   virtual void SettingsWritten() {}
 
+  /// True when the page also holds edits that do not make it dirty: when they cannot be saved, they
+  /// count as unsaved.
+  [[nodiscard]] virtual bool HoldsQuietEdits() const { return false; }
+
   /// The page shows what is stored, again: IsUnsaved ends.
   void MatchesStored();
 

@@ -178,6 +178,7 @@ void tabRegistryEditor::SettingsWritten() { Show({}); }
 void tabRegistryEditor::Navigate(const std::string& path) {
   try {
     Host()->InOneWrite(*this, [this] { WriteSettings(); });
+    if (!IsDirty()) MatchesStored();
     Show(path);
   } catch (...) {
     // The box holds the path that was typed or chosen, the grid still the values of another.

@@ -42,6 +42,7 @@ class tabRegistryEditor : public EditorPage {
   void WriteSettings() override;
   /// Returns to the top level.
   void SettingsWritten() override;
+  [[nodiscard]] bool HoldsQuietEdits() const override { return ValuesInGrid() != shownValues_; }
 
  private:
   QWidget* BuildPath();

@@ -135,6 +135,11 @@ void tabTesselRegistration::ReadSettings() {
   cmbProgramType->setCurrentIndex(PositionOfType(Host()->Read(kCatalogue, kTypeKey, "1")));
   cmbProgramSubtype->setEditText(ToQString(Host()->Read(kCatalogue, "SubType", "")));
   FillSubtypes();
+  storedSubtype_ = Subtype();
+}
+
+std::string tabTesselRegistration::Subtype() const {
+  return ToUtf8(cmbProgramSubtype->currentText());
 }
 
 void tabTesselRegistration::FillTypes() {
@@ -164,7 +169,7 @@ void tabTesselRegistration::WriteSettings() {
   if (LookUpTesselKey(key) == 0) Host()->Save(kCatalogue, kKey, key);
   Host()->Save(kCatalogue, kTitleKey, ToUtf8(txtProgramTitle->text()));
   Host()->Save(kCatalogue, kTypeKey, std::to_string(ChosenType()));
-  Host()->Save(kCatalogue, "SubType", ToUtf8(cmbProgramSubtype->currentText()));
+  Host()->Save(kCatalogue, "SubType", Subtype());
 }
 
 bool tabTesselRegistration::eventFilter(QObject* watched, QEvent* event) {

@@ -27,6 +27,9 @@ class tabTesselRegistration : public EditorPage {
 
  protected:
   void WriteSettings() override;
+  void SettingsWritten() override { storedSubtype_ = Subtype(); }
+  /// A subtype that was chosen from the list.
+  [[nodiscard]] bool HoldsQuietEdits() const override { return Subtype() != storedSubtype_; }
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
@@ -37,10 +40,12 @@ class tabTesselRegistration : public EditorPage {
   void FillSubtypes();
   /// The number of the chosen type; 0 when none is chosen.
   [[nodiscard]] std::int32_t ChosenType() const;
+  [[nodiscard]] std::string Subtype() const;
   void MarkDirty();
 
   tools::Registry& registry_;
   bool loading_ = false;
+  std::string storedSubtype_;  ///< as it was read or written last
 
   QLabel* lblTesselKey;
   QLineEdit* txtTesselKey;

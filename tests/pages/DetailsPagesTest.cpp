@@ -100,6 +100,10 @@ class DetailsPagesTest : public QObject {
     TesselPage f("[Tessel]\nType=2\n");
     for (int i = 0; i < 2; ++i) QTest::keyClick(&Child(*f.page, "cmbProgramSubtype"), Qt::Key_Down);
     QVERIFY(!f.page->IsDirty());
+    f.disk.FailAt(FaultyDisk::Step::Write, 1);
+    QVERIFY_THROWS_EXCEPTION(tools::Error, f.page->ApplyChanges());
+    QVERIFY2(f.page->IsUnsaved(), "it could not be saved");
+    f.disk.FailAt(FaultyDisk::Step::Write, 0);
     f.page->ApplyChanges();
     QVERIFY(f.File(f.kVersionFile).endsWith("SubType=Malen\n"));
   }

@@ -133,6 +133,15 @@ class tabRegistryEditorTest : public QObject {
     QVERIFY(!f.page->IsDirty());
     QCOMPARE(f.ShownPath(), "Arbeitsplatz");
     QCOMPARE(f.Stored("RegKey1", {"Val1Setting"}), "1");
+
+    f.TypePath(kMachine);
+    Edit(*f.page, "a", "2");
+    f.disk.FailAt(FaultyDisk::Step::Write, 1);
+    QVERIFY_THROWS_EXCEPTION(tools::Error, f.page->ApplyChanges());
+    QVERIFY(f.page->IsUnsaved());
+    f.disk.FailAt(FaultyDisk::Step::Write, 0);
+    f.Go("Software");
+    QVERIFY(!f.page->IsUnsaved());
   }
 
   void NamesWithSemicolonsFallApart() {
