@@ -26,13 +26,13 @@ constexpr QSize kFirstSize(560, 360);  ///< pixels, at first
 
 }  // namespace
 
-UnknownTargets::UnknownTargets(const model::FileEntries& entries, const std::string& id,
+UnknownTargets::UnknownTargets(const model::FileEntries& entries, const model::ICFile* wanted,
                                QWidget* parent)
     : QDialog(parent), lsvEntries(new QTreeWidget), cmbTarget(new QComboBox) {
   setObjectName(u"unknownTargets"_s);
   setWindowTitle(Caption(Text::UnknownFoldersCaption));
   setFont(tools::FormFont());
-  ListEntries(entries, id);
+  ListEntries(entries, wanted);
   auto* label = new QLabel(Caption(Text::NewTargetFolder));
   cmbTarget->setObjectName(u"cmbTarget"_s);
   cmbTarget->setAccessibleName(label->text());
@@ -56,7 +56,7 @@ UnknownTargets::UnknownTargets(const model::FileEntries& entries, const std::str
   resize(kFirstSize);
 }
 
-void UnknownTargets::ListEntries(const model::FileEntries& entries, const std::string& id) {
+void UnknownTargets::ListEntries(const model::FileEntries& entries, const model::ICFile* wanted) {
   lsvEntries->setObjectName(u"lsvEntries"_s);
   lsvEntries->setAccessibleName(windowTitle());
   lsvEntries->setHeaderLabels({Caption(Text::FileNameColumn), Caption(Text::FolderNumberColumn)});
@@ -70,10 +70,10 @@ void UnknownTargets::ListEntries(const model::FileEntries& entries, const std::s
     lsvEntries->addTopLevelItem(
         new QTreeWidgetItem({tools::ToQString(source), QString::number(entry.TargetFolder)}));
     ids_.push_back(entry.ID);
-    if (entry.ID == id)
+    if (&entry == wanted)
       lsvEntries->setCurrentItem(lsvEntries->topLevelItem(lsvEntries->topLevelItemCount() - 1));
   }
-  if (id.empty()) lsvEntries->selectAll();
+  if (wanted == nullptr) lsvEntries->selectAll();
 }
 
 std::vector<FieldEdit> UnknownTargets::Edits() const {
@@ -86,9 +86,9 @@ std::vector<FieldEdit> UnknownTargets::Edits() const {
   return edits;
 }
 
-std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries, const std::string& id,
+std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries, const model::ICFile* wanted,
                                      QWidget* parent) {
-  UnknownTargets dialog(entries, id, parent);
+  UnknownTargets dialog(entries, wanted, parent);
   return dialog.exec() == QDialog::Accepted ? dialog.Edits() : std::vector<FieldEdit>();
 }
 

@@ -20,14 +20,14 @@ class UnknownTargets : public QDialog {
   Q_OBJECT
 
  public:
-  /// At first the entry with that ID is selected, or all of them if it is empty.
-  UnknownTargets(const model::FileEntries& entries, const std::string& id, QWidget* parent);
+  /// At first that one of the entries is selected, or all of them where it is null.
+  UnknownTargets(const model::FileEntries& entries, const model::ICFile* wanted, QWidget* parent);
 
   /// The edits that give the selected entries the chosen folder.
   [[nodiscard]] std::vector<FieldEdit> Edits() const;
 
  private:
-  void ListEntries(const model::FileEntries& entries, const std::string& id);
+  void ListEntries(const model::FileEntries& entries, const model::ICFile* wanted);
 
   QTreeWidget* lsvEntries;
   QComboBox* cmbTarget;
@@ -36,6 +36,6 @@ class UnknownTargets : public QDialog {
 
 /// Shows the dialog; no edits when the author cancels.
 [[nodiscard]] std::vector<FieldEdit> AskForTargets(const model::FileEntries& entries,
-                                                   const std::string& id, QWidget* parent);
+                                                   const model::ICFile* wanted, QWidget* parent);
 
 }  // namespace pages

@@ -134,7 +134,7 @@ bool tabFileList::ShowEntry(std::int32_t entry, const std::string& id) {
   if (wanted == nullptr) return false;
   if (!IsTargetFolder(wanted->TargetFolder)) {
     // No list shows it. Whoever finds this page hidden asks once more when it is not.
-    if (isVisible()) MendUnknownTargets(wanted->ID);
+    if (isVisible()) MendUnknownTargets(wanted);
     return true;
   }
   ChooseFolderOf({wanted});
@@ -223,8 +223,8 @@ void tabFileList::MakeSourcesRelative() {
   StatusTextChanged(Counted(Text::SourcesAreRelative, edits.size()));
 }
 
-void tabFileList::MendUnknownTargets(const std::string& id) {
-  const std::vector<FieldEdit> edits = AskForTargets(document_->Entries(), id, window());
+void tabFileList::MendUnknownTargets(const model::ICFile* wanted) {
+  const std::vector<FieldEdit> edits = AskForTargets(document_->Entries(), wanted, window());
   if (edits.empty()) return;
   document_->Set(edits);
   const std::vector<std::string> ids = IdsOf(edits);

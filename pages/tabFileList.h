@@ -76,7 +76,7 @@ class tabFileList : public EditorPage {
   void ShowScan();
   void MakeSourcesRelative();
   /// Lets the author set the destinations of entries whose folder is unknown.
-  void MendUnknownTargets(const std::string& id = {});
+  void MendUnknownTargets(const model::ICFile* wanted = nullptr);
   /// The entries selected in the list, in its order.
   [[nodiscard]] std::vector<const model::ICFile*> SelectedEntries() const;
   [[nodiscard]] std::vector<std::string> SelectedIds() const;
