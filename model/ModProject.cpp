@@ -56,7 +56,12 @@ ModProject::ModProject(tools::SettingsStore& settings) : settings_(settings) {}
 
 void ModProject::SetProductPath(std::string path) {
   if (!path.empty() && !tools::IsAbsolutePath(path)) {
-    path = tools::FromPath(std::filesystem::absolute(tools::ToPath(path)));
+    // Without "." in it: the path tells a product from others, in what is remembered of it.
+    std::filesystem::path whole;
+    for (const auto& part : std::filesystem::absolute(tools::ToPath(path))) {
+      if (part != ".") whole /= part;
+    }
+    path = tools::FromPath(whole);
   }
   productPath_ = std::move(path);
 }

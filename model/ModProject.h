@@ -33,7 +33,8 @@ class ModProject {
 
   /// The full path of the open product file; empty while none is open.
   [[nodiscard]] const std::string& ProductPath() const { return productPath_; }
-  /// Takes a relative path from the current folder; an empty one closes the product.
+  /// Takes a relative path from the current folder, without any "."; an empty one closes the
+  /// product.
   void SetProductPath(std::string path);
   [[nodiscard]] bool IsOpen() const { return !productPath_.empty(); }
   /// The folder that the product file lies in.

@@ -22,7 +22,10 @@ TEST_F(ModProjectTest, HasNoSettingsWhileNoProductIsOpen) {
   EXPECT_EQ(project_.VersionFilePath(1), "");
   EXPECT_EQ(folder_.Read(product_.kFile) + folder_.Read(product_.kVersionFile), before);
   project_.SetProductPath("x.product");
-  EXPECT_TRUE(tools::IsAbsolutePath(project_.ProductFolder()));
+  const std::string folder = project_.ProductFolder();
+  EXPECT_TRUE(tools::IsAbsolutePath(folder));
+  project_.SetProductPath("./x.product");
+  EXPECT_EQ(project_.ProductFolder(), folder);
 }
 
 TEST_F(ModProjectTest, WritesNothingForWhatIsGone) {
