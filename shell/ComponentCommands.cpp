@@ -40,14 +40,15 @@ ComponentCommands::ComponentCommands(ProjectTree& tree, Services services)
   mnuRename = AddItem("mnuRename", Text::Rename, Qt::Key_F2, [this] { Rename(); });
   mnuTakeOver = AddItem("mnuTakeOver", Text::TakeOverComponents, {},
                         [this] { TakeOver(SlotsOf(tree_.SelectedNode()).version); });
-  connect(&tree, &ProjectTree::ComponentDropped, this,
-          tools::Guarded(services_.dialogs, [this](const Node& component, const Node& target,
-                                                   Transfer transfer) {
-            const NodeSlots slots = SlotsOf(component);
-            for (const ShownComponent& each : services_.components.ComponentsOf(slots.version)) {
-              if (each.component == slots.component) Place({each}, transfer, target);
-            }
-          }));
+  connect(
+      &tree, &ProjectTree::ComponentDropped, this,
+      tools::Guarded(services_.dialogs, [this](const Node& component, const Node& target,
+                                               Transfer transfer) {
+        // As the author saw it: another program may have put another one into its slot.
+        const NodeSlots slots = SlotsOf(component);
+        const ShownTexts shown = tree_.TextsOf(component);
+        Place({{slots.version, slots.component, shown.version, shown.component}}, transfer, target);
+      }));
 }
 
 QAction* ComponentCommands::AddItem(const char* name, Text text, const QKeySequence& shortcut,

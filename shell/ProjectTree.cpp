@@ -73,9 +73,9 @@ QTreeWidgetItem* ProjectTree::SelectedItem() const {
 
 Node ProjectTree::SelectedNode() const { return NodeOf(SelectedItem()); }
 
-ShownTexts ProjectTree::SelectedTexts() const {
-  const QTreeWidgetItem* item = SelectedItem();
-  if (SelectedNode().tag != kComponentTag) return {StoredTextOf(item), {}};
+ShownTexts ProjectTree::TextsOf(const Node& node) const {
+  const QTreeWidgetItem* item = Find(node);
+  if (item == nullptr || node.tag != kComponentTag) return {StoredTextOf(item), {}};
   return {StoredTextOf(item->parent()), StoredTextOf(item)};
 }
 

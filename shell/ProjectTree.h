@@ -46,7 +46,9 @@ class ProjectTree : public QTreeWidget {
   [[nodiscard]] Node SelectedNode() const;
   [[nodiscard]] bool HasChildren(const Node& node) const;
   /// The stored texts that the selected version or component was shown with.
-  [[nodiscard]] ShownTexts SelectedTexts() const;
+  [[nodiscard]] ShownTexts SelectedTexts() const { return TextsOf(SelectedNode()); }
+  /// Those of a node; both empty where the tree does not show it.
+  [[nodiscard]] ShownTexts TextsOf(const Node& node) const;
 
  Q_SIGNALS:
   /// The user clicked a node, also one selected already, or selected another by key or by

@@ -145,6 +145,10 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     Drop("v3c2", "v4", Qt::NoModifier);
     const QString dropped = "|v3=Version 1.10.0|[v3c1=Kern]|v4=Version 1.9.0|[v4c1=Kern]";
     QVERIFY2(program_->Nodes().endsWith(dropped), qPrintable(program_->Nodes()));
+
+    home_->Write("Produkt/Version 1.9.0/component1.component", "[Component]\nTitle=Fremd\n");
+    Drop("v4c1", "v1", Qt::ControlModifier);
+    QVERIFY2(program_->Nodes().count("Fremd") == 1, "another one than the author dragged");
   }
 
   void ARefreshKeepsTheSelectionInAFoldedVersion() {
