@@ -215,18 +215,19 @@ ComponentSlot ComponentOperations::Move(const ShownComponent& component, Version
   return slot;
 }
 
-void ComponentOperations::Rename(const ShownComponent& component) {
+bool ComponentOperations::Rename(const ShownComponent& component) {
   const std::string title(
       tools::TrimBlanks(dialogs_.InputBox(LoadText(Text::EnterOtherComponentTitle),
                                           LoadText(Text::RenameComponent), component.shownTitle)));
-  if (title.empty() || title == component.shownTitle) return;
+  if (title.empty() || title == component.shownTitle) return false;
   project_.RequireProduct();
   Lock lock(project_.Settings(), project_.ProductPath());
-  if (IsOutdated(component, Text::RenameComponent, lock)) return;
+  if (IsOutdated(component, Text::RenameComponent, lock)) return false;
   project_.WriteComponentSetting(component.version, component.component, kTitle.section, kTitle.key,
                                  title);
   lock.Release();
   view_.UpdateTree();
+  return true;
 }
 
 bool ComponentOperations::IsOutdated(const ShownComponent& component, Text caption, Lock& lock) {

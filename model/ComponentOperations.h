@@ -50,8 +50,8 @@ class ComponentOperations {
   /// Says for the status bar that the components are in a version now.
   [[nodiscard]] std::string WhereText(const std::vector<std::string>& titles,
                                       VersionSlot version) const;
-  /// Asks for another title.
-  void Rename(const ShownComponent& component);
+  /// Asks for another title; true when the component has it then.
+  bool Rename(const ShownComponent& component);
 
  private:
   using Lock = tools::SettingsStore::Lock;

@@ -200,12 +200,26 @@ void ComponentCommands::Rename() {
     services_.showStatus(LoadText(Text::SelectComponentFirst));
     return;
   }
-  services_.components.Rename(selected.front());
+  const bool isRenamed = services_.components.Rename(selected.front());
   ShowSelectedNode();
+  if (isRenamed) RenameOnClipboard(selected.front());
   const std::string& title = selected.front().shownTitle;
   if (tree_.SelectedTexts().component == title) {
     services_.showStatus(tools::ReplaceAll(LoadText(Text::NotRenamed), "%title%", title));
   }
+}
+
+// Under its old title it would look like one that another program has changed.
+void ComponentCommands::RenameOnClipboard(const ShownComponent& before) {
+  auto transfer = Transfer::Copy;
+  std::vector<ShownComponent> held = OnClipboard(&transfer);
+  const auto found = std::find_if(held.begin(), held.end(), [&before](const ShownComponent& each) {
+    return each.version == before.version && each.component == before.component &&
+           each.shownVersion == before.shownVersion && each.shownTitle == before.shownTitle;
+  });
+  if (found == held.end()) return;
+  found->shownTitle = tree_.SelectedTexts().component;
+  QGuiApplication::clipboard()->setMimeData(Pack(held, transfer));
 }
 
 void ComponentCommands::TakeOver(model::VersionSlot version) {

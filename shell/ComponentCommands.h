@@ -55,6 +55,8 @@ class ComponentCommands : public QObject {
   void PutOnClipboard(Transfer transfer);
   void Paste();
   void Rename();
+  /// Gives a component that is on the clipboard the title that it has now.
+  void RenameOnClipboard(const model::ShownComponent& before);
   void ShowSelectedNode();
   [[nodiscard]] bool IsTitleOfSeveral(const std::string& title, model::VersionSlot version) const;
   /// Copies or moves into the version of `target`.

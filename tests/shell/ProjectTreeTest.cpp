@@ -127,6 +127,8 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     QCOMPARE(Status(), "Jetzt in Version 1.10.0: Programm (Kopie)");
     dialogs_->ExpectInputBox(Text::EnterOtherComponentTitle, "Kern");
     Press(Qt::Key_F2);
+    Press(QKeySequence::Paste);
+    QCOMPARE(Status(), "Jetzt in Version 1.10.0: Kern (Kopie)");
     program_->Click("v3c1");
     Press(QKeySequence::Cut);
     program_->Click("v1");
@@ -135,7 +137,8 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     Press(QKeySequence::Paste);
     QCOMPARE(Status(), "In der Zwischenablage sind keine Komponenten dieses Produkts.");
     const QString moved =
-        "|v1=Version 1.0.0|[v1c1=Alt]|[v1c2=Programm (Kopie)]|v3=Version 1.10.0|[v3c2=Kern]|";
+        "|v1=Version 1.0.0|[v1c1=Alt]|[v1c2=Programm (Kopie)]|v3=Version "
+        "1.10.0|[v3c2=Kern]|[v3c3=Kern (Kopie)]|";
     QVERIFY2(program_->Nodes().contains(moved), qPrintable(program_->Nodes()));
     Drop("v3c2", "v1", Qt::ControlModifier);
     QCOMPARE(program_->SelectedKey(), "v1c2");
@@ -143,7 +146,8 @@ class ProjectTreeTest : public QObject, protected WindowFixture {
     Drop("v1c3", "v3", Qt::NoModifier);
     QVERIFY(Status().endsWith("Kern (Eine andere Komponente der Version heißt auch so.)"));
     Drop("v3c2", "v4", Qt::NoModifier);
-    const QString dropped = "|v3=Version 1.10.0|[v3c1=Kern]|v4=Version 1.9.0|[v4c1=Kern]";
+    const QString dropped =
+        "|v3=Version 1.10.0|[v3c1=Kern]|[v3c3=Kern (Kopie)]|v4=Version 1.9.0|[v4c1=Kern]";
     QVERIFY2(program_->Nodes().endsWith(dropped), qPrintable(program_->Nodes()));
 
     home_->Write("Produkt/Version 1.9.0/component1.component", "[Component]\nTitle=Fremd\n");
