@@ -123,10 +123,11 @@ void ProtectedPlaces::Add(FolderRefusal rule, const std::string& path) {
 void ProtectedPlaces::AddPlace(const Place& place, const std::string& at) {
   if (!byPath_.try_emplace(PlaceKeyOf(at), Known{byPath_.size(), place}).second) return;
   for (std::string folder = at; !folder.empty();) {
+    // The folders above a known one were added with it.
+    if (walked_.contains(folder)) return;
     const tools::FileStamp stamp = StampWherePossible(folder);
     if (stamp.exists) {
-      // The folders above a known one were added with it.
-      if (!walked_.insert(folder).second) return;
+      walked_.insert(folder);
       byIdentity_.emplace(std::pair{stamp.device, stamp.identity}, place);
     }
     std::string above = tools::FolderOf(folder);

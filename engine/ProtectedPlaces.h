@@ -68,7 +68,7 @@ class ProtectedPlaces {
     Place place;
   };
   std::map<std::string, Known> byPath_;  ///< the places themselves
-  std::set<std::string> walked_;         ///< the folders above them that are there
+  std::set<std::string> walked_;         ///< places and folders above them that are there
   std::map<std::pair<std::uint64_t, std::uint64_t>, Place> byIdentity_;  ///< volume and number
   std::set<std::pair<FolderRefusal, std::string>> added_;
   std::string unread_;

@@ -15,8 +15,9 @@ inline constexpr char kPathSeparator = '\\';
 inline constexpr char kPathSeparator = '/';
 #endif
 
-/// In bytes. No system takes a longer path: Windows counts 32,767 characters, others 4,096 bytes.
-inline constexpr std::size_t kLongestPath = 32767;
+/// In bytes. No system takes a longer path: Windows takes 32,767 characters, which have up to three
+/// bytes each in UTF-8, others 4,096 bytes.
+inline constexpr std::size_t kLongestPath = std::size_t{32767} * 3;
 
 /// True for the characters that separate the parts of a path on this machine.
 [[nodiscard]] bool IsPathSeparator(char c);
