@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kLongestName = 255;  // bytes, as most file systems have it
 // Most systems that limit a path allow 4,096 bytes with its end. The rest is for the hidden folder
 // that a setup is made in.
-constexpr std::size_t kLongestPath = 4000;
+constexpr std::size_t kLongestInOutput = 4000;
 
 // The same key for all paths that are one under Windows.
 std::string PathKey(std::string_view path) {
@@ -125,7 +125,7 @@ void FileCheck::CheckTreePlace(const model::ICFile& entry, const Origin& origin,
       findings_.Report(name + " enthält einen Namen, den Windows nicht zulässt: " + part, place);
     }
   }
-  if (outputFolder_.size() + there.path.size() > kLongestPath) {
+  if (outputFolder_.size() + there.path.size() > kLongestInOutput) {
     findings_.Report("Der Ablagepfad ist zu lang: " + stored.substr(0, 80) + "...", place);
   }
 }
